@@ -1,0 +1,29 @@
+# obk_add_library(<target> [ROOT <folder>] [LINKS <targets>...] SOURCES <files>...)
+#
+# A static library of the folder it is called in. Others include its headers as "<folder>/<header>", and
+# only those who link it can: the include path of a target holds nothing but a link to its own folder, so
+# that an include of a higher level does not compile.
+# ROOT is the folder which include paths start from (default: src).
+function(obk_add_library target)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "ROOT" "LINKS;SOURCES")
+    if(NOT arg_ROOT)
+        set(arg_ROOT src)
+    endif()
+    file(RELATIVE_PATH folder "${PROJECT_SOURCE_DIR}/${arg_ROOT}" "${CMAKE_CURRENT_SOURCE_DIR}")
+    set(includes "${PROJECT_BINARY_DIR}/include/${target}")
+    get_filename_component(parent "${includes}/${folder}" DIRECTORY)
+    file(MAKE_DIRECTORY "${parent}")
+    file(CREATE_LINK "${CMAKE_CURRENT_SOURCE_DIR}" "${includes}/${folder}" SYMBOLIC)
+
+    set(compiled ${arg_SOURCES})
+    list(FILTER compiled INCLUDE REGEX "\\.(cpp|c)$")
+    if(compiled)
+        add_library(${target} STATIC ${arg_SOURCES})
+        target_include_directories(${target} PUBLIC "${includes}")
+        target_link_libraries(${target} PUBLIC ${arg_LINKS} PRIVATE obk_warnings)
+    else()
+        add_library(${target} INTERFACE)
+        target_include_directories(${target} INTERFACE "${includes}")
+        target_link_libraries(${target} INTERFACE ${arg_LINKS})
+    endif()
+endfunction()

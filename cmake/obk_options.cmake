@@ -1,0 +1,37 @@
+# How everything is compiled and linked. obk_warnings is for our own code only: googletest and the
+# like are built without it.
+
+add_library(obk_warnings INTERFACE)
+target_compile_options(obk_warnings INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion)
+if(WIN32)
+    # COM's own idioms: function pointers out of GetProcAddress.
+    target_compile_options(obk_warnings INTERFACE -Wno-cast-function-type)
+endif()
+
+add_compile_options(-ffunction-sections -fdata-sections -fstack-protector-strong)
+
+if(WIN32)
+    add_compile_definitions(UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN _WIN32_WINNT=0x0601 WINVER=0x0601)
+    add_link_options(-static -fstack-protector-strong
+        -Wl,--gc-sections,--dynamicbase,--nxcompat,--no-insert-timestamp)
+    if(CMAKE_SIZEOF_VOID_P EQUAL 8)
+        add_link_options(-Wl,--high-entropy-va)
+    else()
+        # Hosts built by older compilers guarantee a stack aligned to 4 bytes only.
+        add_compile_options(-mincoming-stack-boundary=2 -mstackrealign)
+        add_link_options(-Wl,--enable-stdcall-fixup)
+    endif()
+else()
+    add_compile_definitions($<$<CONFIG:Debug>:_GLIBCXX_ASSERTIONS>)
+endif()
+
+if(OBK_SANITIZE)
+    add_compile_options(-fsanitize=${OBK_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=${OBK_SANITIZE})
+endif()
+if(OBK_FUZZ)
+    add_compile_options(-fsanitize=fuzzer-no-link)
+endif()
+
+# Nothing of the place where it was built gets into a product.
+add_compile_options(-ffile-prefix-map=${PROJECT_SOURCE_DIR}/=)
