@@ -1,0 +1,41 @@
+#!/bin/bash
+# Installs the Debian packages that are missing, and nothing else. Safe to repeat.
+#
+#   scripts/setup.sh [build] [run] [test] [bench]      (without a word: all of it)
+. "$(dirname "$0")/lib.sh"
+
+packages_build=(cmake ninja-build imagemagick
+    g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix mingw-w64-tools)
+# fonts-wine: without it every face becomes another, and nothing measured is true.
+packages_run=("${packages_build[@]}" wine wine64 fonts-wine xvfb xauth xdotool)
+packages_test=("${packages_run[@]}" g++ googletest clang libclang-rt-14-dev llvm debootstrap)
+packages_bench=("${packages_run[@]}" g++ googletest libbenchmark-dev)
+
+wanted=()
+for purpose in "${@:-build run test bench}"; do
+    for word in $purpose; do
+        case $word in
+            build) wanted+=("${packages_build[@]}") ;;
+            run) wanted+=("${packages_run[@]}") ;;
+            test) wanted+=("${packages_test[@]}") ;;
+            bench) wanted+=("${packages_bench[@]}") ;;
+            *) fail "unknown purpose '$word' (build, run, test, bench)" ;;
+        esac
+    done
+done
+
+installed=$(dpkg-query -W -f='${db:Status-Status} ${Package}\n' | sed -n 's/^installed //p')
+missing=$(printf '%s\n' "${wanted[@]}" | sort -u | grep -vxF -e "$installed" || true)
+if [ -z "$missing" ]; then
+    exit 0
+fi
+
+say "Installing:" $missing
+mkdir -p "$logs"
+# A source that cannot be reached does not matter as long as the packages are found in another one.
+as_root apt-get update >"$logs/setup.log" 2>&1 || true
+if ! as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends $missing \
+        >>"$logs/setup.log" 2>&1; then
+    tail -n 30 "$logs/setup.log" >&2
+    fail "the packages could not be installed (all of it: $logs/setup.log)"
+fi

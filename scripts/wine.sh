@@ -1,0 +1,39 @@
+#!/bin/bash
+# Runs a program in Wine: in a fresh prefix, on a display of its own unless told otherwise.
+#
+#   scripts/wine.sh [--display] <x64|x86> <seconds> <program> [argument...]
+#
+# --display uses $DISPLAY. A .sh program is run by bash and calls wine itself. x86 runs in the 32-bit root
+# (scripts/i386_root.sh), which sees this folder, read-only, under the same name.
+. "$(dirname "$0")/lib.sh"
+
+own_display=yes
+if [ "${1:-}" = --display ]; then own_display=no; shift; fi
+[ $# -ge 3 ] || fail "usage: wine.sh [--display] <x64|x86> <seconds> <program> [argument...]"
+architecture=$1 seconds=$2 program=$3
+shift 3
+case $program in
+    *.sh) command=(bash "$program" "$@") ;;
+    *) command=(wine "$program" "$@") ;;
+esac
+
+if [ "$own_display" = yes ]; then
+    trap stop_display EXIT
+    trap 'exit 130' INT TERM HUP
+    start_display
+fi
+
+inner=$root/scripts/wine_inner.sh
+case $architecture in
+    x64) session=(bash "$inner" win64 "$cache" "$seconds" "${command[@]}") ;;
+    x86)
+        session=("$root/scripts/i386_root.sh" run
+            bash "$inner" win32 /var/cache/obkctrls "$seconds" "${command[@]}") ;;
+    *) fail "unknown architecture '$architecture'" ;;
+esac
+"${session[@]}" &
+session_pid=$!
+trap 'kill -TERM "$session_pid" 2>/dev/null; wait "$session_pid" 2>/dev/null; stop_display; exit 130' INT TERM HUP
+result=0
+wait "$session_pid" || result=$?
+exit "$result"
