@@ -1,6 +1,7 @@
 #!/bin/bash
 # Measures: natively what can be measured natively, under Wine what is compared with the system's own
 # automation and controls. Prints ratios taken in one run, and the sizes of the servers.
+# shellcheck source=lib.sh
 . "$(dirname "$0")/lib.sh"
 
 "$root/scripts/setup.sh" bench

@@ -2,6 +2,7 @@
 # Builds what is handed out into dist/: the servers, the type library and the gallery.
 #
 #   scripts/build.sh [x64|x86|all]      (default: all)
+# shellcheck source=lib.sh
 . "$(dirname "$0")/lib.sh"
 
 case ${1:-all} in

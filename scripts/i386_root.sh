@@ -5,6 +5,7 @@
 #   scripts/i386_root.sh possible            whether this machine allows it; says why not
 #   scripts/i386_root.sh make                makes it if it is not there
 #   scripts/i386_root.sh run <command...>    runs a command in it, with this folder bound in, read-only
+# shellcheck source=lib.sh
 . "$(dirname "$0")/lib.sh"
 
 # A new number here makes everybody's root anew.

@@ -1,3 +1,4 @@
+# shellcheck shell=bash disable=SC2034
 # What the scripts share: where things are, building a preset, running a program in Wine.
 # Sourced, never run.
 

@@ -3,6 +3,7 @@
 # dist/pictures/.
 #
 #   scripts/run.sh [--pictures]      --pictures: pictures also where there is a display
+# shellcheck source=lib.sh
 . "$(dirname "$0")/lib.sh"
 
 "$root/scripts/setup.sh" run

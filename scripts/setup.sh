@@ -2,6 +2,7 @@
 # Installs the Debian packages that are missing, and nothing else. Safe to repeat.
 #
 #   scripts/setup.sh [build] [run] [test] [bench]      (without a word: all of it)
+# shellcheck source=lib.sh
 . "$(dirname "$0")/lib.sh"
 
 packages_build=(cmake ninja-build imagemagick
@@ -30,11 +31,12 @@ if [ -z "$missing" ]; then
     exit 0
 fi
 
-say "Installing:" $missing
+mapfile -t missing <<<"$missing"
+say "Installing: ${missing[*]}"
 mkdir -p "$logs"
 # A source that cannot be reached does not matter as long as the packages are found in another one.
 as_root apt-get update >"$logs/setup.log" 2>&1 || true
-if ! as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends $missing \
+if ! as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends "${missing[@]}" \
         >>"$logs/setup.log" 2>&1; then
     tail -n 30 "$logs/setup.log" >&2
     fail "the packages could not be installed (all of it: $logs/setup.log)"

@@ -6,6 +6,7 @@
 #
 #   FUZZ_SECONDS=60   how long to fuzz, all fuzzers together (0: not at all, which counts as skipped)
 #   CI=true           makes the 32-bit tests a must; without it a machine that allows no chroot skips them
+# shellcheck source=lib.sh
 . "$(dirname "$0")/lib.sh"
 
 filter=${1:-*}

@@ -5,6 +5,7 @@
 #
 # --display uses $DISPLAY. A .sh program is run by bash and calls wine itself. x86 runs in the 32-bit root
 # (scripts/i386_root.sh), which sees this folder, read-only, under the same name.
+# shellcheck source=lib.sh
 . "$(dirname "$0")/lib.sh"
 
 own_display=yes
