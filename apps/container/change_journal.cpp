@@ -1,0 +1,58 @@
+#include "container/change_journal.h"
+
+#include <olectl.h>
+
+#include <algorithm>
+
+namespace obk::container {
+
+HRESULT ChangeJournal::connect(IUnknown* control) {
+    disconnect();
+    const auto container = ComPtr<IUnknown>(control).query<IConnectionPointContainer>();
+    if (!container) {
+        return CONNECT_E_NOCONNECTION;
+    }
+    ComPtr<IConnectionPoint> point;
+    HRESULT done = container->FindConnectionPoint(IID_IPropertyNotifySink, point.put());
+    if (SUCCEEDED(done)) {
+        done = point->Advise(this, &cookie_);
+    }
+    if (SUCCEEDED(done)) {
+        point_ = point;
+    }
+    return done;
+}
+
+void ChangeJournal::disconnect() {
+    const ComPtr<ChangeJournal> alive(this);
+    if (const ComPtr<IConnectionPoint> point = std::exchange(point_, nullptr)) {
+        point->Unadvise(cookie_);
+    }
+}
+
+size_t ChangeJournal::countChanged(DISPID number) const {
+    return static_cast<size_t>(std::count(changed_.begin(), changed_.end(), number));
+}
+
+void ChangeJournal::clear() {
+    changed_.clear();
+    requested_.clear();
+}
+
+HRESULT ChangeJournal::OnChanged(DISPID number) {
+    const ComPtr<ChangeJournal> alive(this);
+    changed_.push_back(number);
+    if (const auto handler = onChanged) {
+        handler(number);
+    }
+    return S_OK;
+}
+
+HRESULT ChangeJournal::OnRequestEdit(DISPID number) {
+    const ComPtr<ChangeJournal> alive(this);
+    requested_.push_back(number);
+    const auto handler = onRequestEdit;
+    return !handler || handler(number) ? S_OK : S_FALSE;
+}
+
+}  // namespace obk::container

@@ -1,0 +1,39 @@
+// Receives a control's property notifications.
+#pragma once
+
+#include <ocidl.h>
+
+#include <functional>
+#include <vector>
+
+#include "container/com_ptr.h"
+
+namespace obk::container {
+
+/// Keeps the numbers of changed properties in the order of their arrival; may refuse changes.
+class ChangeJournal final : public ComObject<IPropertyNotifySink> {
+public:
+    /// Subscribes; CONNECT_E_NOCONNECTION when the control does not notify.
+    HRESULT connect(IUnknown* control);
+    void disconnect();
+
+    const std::vector<DISPID>& changed() const { return changed_; }
+    const std::vector<DISPID>& requested() const { return requested_; }
+    size_t countChanged(DISPID number) const;
+    void clear();
+
+    std::function<void(DISPID)> onChanged;
+    /// False refuses the change.
+    std::function<bool(DISPID)> onRequestEdit;
+
+    HRESULT STDMETHODCALLTYPE OnChanged(DISPID number) override;
+    HRESULT STDMETHODCALLTYPE OnRequestEdit(DISPID number) override;
+
+private:
+    ComPtr<IConnectionPoint> point_;
+    DWORD cookie_ = 0;
+    std::vector<DISPID> changed_;
+    std::vector<DISPID> requested_;
+};
+
+}  // namespace obk::container

@@ -1,0 +1,134 @@
+#include "container/text.h"
+
+#include <windows.h>
+
+#include <algorithm>
+#include <charconv>
+
+namespace obk::container {
+
+namespace {
+
+template <class Number>
+std::wstring shortest(Number value) {
+    char buffer[64];
+    const auto written = std::to_chars(std::begin(buffer), std::end(buffer), value);
+    return {buffer, written.ptr};
+}
+
+/// Plain characters only: what a number may hold. Empty for anything else.
+std::string narrow(std::wstring_view text) {
+    std::string result;
+    for (const wchar_t character : text) {
+        if (character <= 0 || character > 126) {
+            return {};
+        }
+        result += static_cast<char>(character);
+    }
+    return result;
+}
+
+struct FileHandle {
+    HANDLE handle;
+    ~FileHandle() {
+        if (valid()) {
+            CloseHandle(handle);
+        }
+    }
+    bool valid() const { return handle != INVALID_HANDLE_VALUE; }
+};
+
+}  // namespace
+
+bool sameName(std::wstring_view first, std::wstring_view second) {
+    return CompareStringOrdinal(first.data(), static_cast<int>(first.size()), second.data(),
+                                static_cast<int>(second.size()), TRUE) == CSTR_EQUAL;
+}
+
+std::wstring_view trimmed(std::wstring_view text) {
+    const auto first = text.find_first_not_of(L" \t\r");
+    if (first == std::wstring_view::npos) {
+        return {};
+    }
+    return text.substr(first, text.find_last_not_of(L" \t\r") - first + 1);
+}
+
+std::string toUtf8(std::wstring_view text) {
+    const int length = static_cast<int>(text.size());
+    const int size = WideCharToMultiByte(CP_UTF8, 0, text.data(), length, nullptr, 0, nullptr, nullptr);
+    std::string result(static_cast<size_t>(std::max(size, 0)), '\0');
+    WideCharToMultiByte(CP_UTF8, 0, text.data(), length, result.data(), size, nullptr, nullptr);
+    return result;
+}
+
+std::wstring fromUtf8(std::string_view bytes) {
+    const int length = static_cast<int>(bytes.size());
+    const int size = MultiByteToWideChar(CP_UTF8, 0, bytes.data(), length, nullptr, 0);
+    std::wstring result(static_cast<size_t>(std::max(size, 0)), L'\0');
+    MultiByteToWideChar(CP_UTF8, 0, bytes.data(), length, result.data(), size);
+    return result;
+}
+
+std::wstring numberText(double value) {
+    return shortest(value);
+}
+
+std::wstring numberText(float value) {
+    return shortest(value);
+}
+
+std::optional<double> readNumber(std::wstring_view text) {
+    const std::string plain = narrow(text);
+    double value = 0;
+    const auto read = std::from_chars(plain.data(), plain.data() + plain.size(), value);
+    if (plain.empty() || read.ec != std::errc() || read.ptr != plain.data() + plain.size()) {
+        return std::nullopt;
+    }
+    return value;
+}
+
+std::optional<long long> readWhole(std::wstring_view text) {
+    const std::string plain = narrow(text);
+    const bool hexadecimal = plain.size() > 2 && (plain.starts_with("&H") || plain.starts_with("&h") ||
+                                                  plain.starts_with("0x") || plain.starts_with("0X"));
+    const char* first = plain.data() + (hexadecimal ? 2 : 0);
+    const char* last = plain.data() + plain.size();
+    if (first == last || (hexadecimal && *first == '-')) {
+        return std::nullopt;
+    }
+    long long value = 0;
+    const auto read = std::from_chars(first, last, value, hexadecimal ? 16 : 10);
+    if (read.ec != std::errc() || read.ptr != last) {
+        return std::nullopt;
+    }
+    return value;
+}
+
+std::optional<std::string> readFile(const std::wstring& path) {
+    const FileHandle file{CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
+                                      FILE_ATTRIBUTE_NORMAL, nullptr)};
+    if (!file.valid()) {
+        return std::nullopt;
+    }
+    std::string bytes;
+    char buffer[16384];
+    DWORD count = 0;
+    while (ReadFile(file.handle, buffer, sizeof buffer, &count, nullptr)) {
+        if (count == 0) {
+            return bytes;
+        }
+        bytes.append(buffer, count);
+    }
+    return std::nullopt;
+}
+
+bool writeFile(const std::wstring& path, std::string_view bytes) {
+    const FileHandle file{
+        CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr)};
+    DWORD written = 0;
+    return file.valid() &&
+           WriteFile(file.handle, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr) &&
+           written == bytes.size();
+}
+
+}  // namespace obk::container
