@@ -11,6 +11,8 @@ endif()
 add_compile_options(-ffunction-sections -fdata-sections -fstack-protector-strong)
 
 if(WIN32)
+    # Nothing of the place where it was built gets into a product.
+    add_compile_options(-ffile-prefix-map=${PROJECT_SOURCE_DIR}/=)
     add_compile_definitions(UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN _WIN32_WINNT=0x0601 WINVER=0x0601)
     add_link_options(-static -fstack-protector-strong
         -Wl,--gc-sections,--dynamicbase,--nxcompat,--no-insert-timestamp)
@@ -32,6 +34,3 @@ endif()
 if(OBK_FUZZ)
     add_compile_options(-fsanitize=fuzzer-no-link)
 endif()
-
-# Nothing of the place where it was built gets into a product.
-add_compile_options(-ffile-prefix-map=${PROJECT_SOURCE_DIR}/=)

@@ -1,5 +1,5 @@
-# What is handed out: stripped, with a map beside the objects (to find a function by its offset), and
-# written straight into dist/.
+# What is handed out is written into dist/, stripped. The file with its symbols stays in the build tree, where
+# scripts/where.sh finds the function behind an address.
 
 if(CMAKE_SIZEOF_VOID_P EQUAL 8)
     set(OBK_ARCHITECTURE x64)
@@ -10,7 +10,22 @@ set(OBK_DIST "${PROJECT_SOURCE_DIR}/dist" CACHE PATH "Where the products are wri
 set(OBK_DIST_DIR "${OBK_DIST}/${OBK_ARCHITECTURE}")
 file(MAKE_DIRECTORY "${OBK_DIST_DIR}")
 
-function(obk_product target)
-    set_target_properties(${target} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${OBK_DIST_DIR}")
-    target_link_options(${target} PRIVATE -s "-Wl,-Map,${PROJECT_BINARY_DIR}/${target}.map")
+# obk_product(<target> <file name>)
+function(obk_product target file)
+    set(built "${PROJECT_BINARY_DIR}/products/${file}")
+    set(handedOut "${OBK_DIST_DIR}/${file}")
+    cmake_path(GET file STEM stem)
+    cmake_path(GET file EXTENSION extension)
+    set_target_properties(${target} PROPERTIES
+        PREFIX "" OUTPUT_NAME "${stem}" SUFFIX "${extension}"
+        RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/products")
+    add_custom_command(OUTPUT "${handedOut}"
+        # -p keeps the empty time stamp inside; the file itself is new.
+        COMMAND ${CMAKE_STRIP} -s -p -o "${handedOut}" "${built}"
+        COMMAND ${CMAKE_COMMAND} -E touch "${handedOut}"
+        DEPENDS ${target} "${built}"
+        COMMENT "Writing dist/${OBK_ARCHITECTURE}/${file}"
+        VERBATIM)
+    add_custom_target(${target}_in_dist ALL DEPENDS "${handedOut}")
+    add_dependencies(products ${target}_in_dist)
 endfunction()

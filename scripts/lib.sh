@@ -68,3 +68,11 @@ stop_display() {
 can_open_windows() {
     [ -n "${DISPLAY:-}" ] && timeout 5 xdotool getdisplaygeometry >/dev/null 2>&1
 }
+
+# end_tree <pid>: asks a process and everything it started to end. A signal to the first alone would leave
+# the rest running: timeout puts its program into a group of its own.
+end_tree() {
+    local child
+    for child in $(cat "/proc/$1/task/$1/children" 2>/dev/null); do end_tree "$child"; done
+    kill -TERM "$1" 2>/dev/null || true
+}

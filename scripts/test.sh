@@ -18,7 +18,7 @@ started=$SECONDS
 background=()
 close() {
     local status=$?
-    for pid in "${background[@]}"; do kill "$pid" 2>/dev/null || true; done
+    for pid in "${background[@]}"; do end_tree "$pid"; done
     wait
     if [ "$finished" = no ]; then
         say "The tests did not come to their end."
@@ -58,7 +58,11 @@ count_tests() {
         }' >"$results/$leg"
     if [ "$(cut -d' ' -f2 "$results/$leg")" -ne 0 ]; then
         say "--- $leg: $log"
-        tr -d '\r' <"$log" | grep -vE '\[(       OK | RUN      |----------)\]' | tail -n 120
+        tr -d '\r' <"$log" | grep -vE '\[(       OK | RUN      |----------)\]' | tail -n 120 |
+            case $leg in
+                windows-*) "$root/scripts/where.sh" "${leg#windows-}" ;;
+                *) cat ;;
+            esac
         say "---"
     fi
 }

@@ -34,7 +34,13 @@ case $architecture in
 esac
 "${session[@]}" &
 session_pid=$!
-trap 'kill -TERM "$session_pid" 2>/dev/null; wait "$session_pid" 2>/dev/null; stop_display; exit 130' INT TERM HUP
+interrupted() {
+    trap '' INT TERM HUP
+    kill -TERM "$session_pid" 2>/dev/null || true
+    wait "$session_pid" || true
+    exit 130
+}
+trap interrupted INT TERM HUP
 result=0
 wait "$session_pid" || result=$?
 exit "$result"

@@ -33,6 +33,8 @@ exec 9>&-
 export WINEPREFIX
 WINEPREFIX=$(mktemp -d "${TMPDIR:-/tmp}/obk-wine.XXXXXX")
 end() {
+    # A second signal must not cut this short.
+    trap '' INT TERM HUP
     wineserver -k 2>/dev/null
     timeout 10 wineserver -w 2>/dev/null
     rm -rf "$WINEPREFIX"

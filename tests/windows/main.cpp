@@ -24,15 +24,26 @@ std::string nameOfRunningTest() {
     return test ? std::string(test->test_suite_name()) + "." + test->name() : "no test";
 }
 
-void printAddress(const char* label, const void* address) {
-    HMODULE module = nullptr;
-    char name[MAX_PATH] = "?";
+struct Module {
+    HMODULE handle = nullptr;
+    std::string name = "?";
+};
+
+Module moduleOf(const void* address) {
+    Module module;
+    char name[MAX_PATH];
     const auto flags = GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT;
-    if (GetModuleHandleExA(flags, static_cast<const char*>(address), &module))
-        GetModuleFileNameA(module, name, MAX_PATH);
-    std::fprintf(stderr, "    %s %s+0x%llx\n", label, name,
-                 static_cast<unsigned long long>(static_cast<const char*>(address) -
-                                                 reinterpret_cast<const char*>(module)));
+    if (GetModuleHandleExA(flags, static_cast<const char*>(address), &module.handle) &&
+        GetModuleFileNameA(module.handle, name, MAX_PATH))
+        module.name = name;
+    return module;
+}
+
+void printAddress(const char* label, const void* address) {
+    const Module module = moduleOf(address);
+    const auto offset = reinterpret_cast<ULONG_PTR>(address) - reinterpret_cast<ULONG_PTR>(module.handle);
+    std::fprintf(stderr, "    %s %s+0x%llx\n", label, module.name.c_str(),
+                 static_cast<unsigned long long>(offset));
 }
 
 [[noreturn]] void endProcess(UINT code) {
@@ -54,14 +65,11 @@ LONG CALLBACK reportCrash(EXCEPTION_POINTERS* info) {
         default:
             return EXCEPTION_CONTINUE_SEARCH;
     }
-    // Wine's own libraries probe memory behind handlers of their own; a fault outside of what we built is
-    // theirs to answer, and is fatal only if nobody does.
-    HMODULE module = nullptr;
-    char name[MAX_PATH] = "";
-    const auto flags = GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT;
-    if (GetModuleHandleExA(flags, static_cast<const char*>(record.ExceptionAddress), &module))
-        GetModuleFileNameA(module, name, MAX_PATH);
-    if (std::string(name).find("\\windows\\") != std::string::npos) return EXCEPTION_CONTINUE_SEARCH;
+    // The system's own libraries probe memory behind handlers of their own; a fault in them is theirs to
+    // answer, and ends the process only if nobody does.
+    char system[MAX_PATH] = "?";
+    GetWindowsDirectoryA(system, MAX_PATH);
+    if (moduleOf(record.ExceptionAddress).name.rfind(system, 0) == 0) return EXCEPTION_CONTINUE_SEARCH;
 
     std::fprintf(stderr, "CRASHED: exception 0x%08lx in %s\n", record.ExceptionCode,
                  nameOfRunningTest().c_str());
