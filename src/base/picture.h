@@ -1,0 +1,45 @@
+// Pictures that hosts and the library share by reference.
+#pragma once
+
+#include "base/units.h"
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+namespace obk {
+
+// An unchanging picture of 32-bit pixels with identity.
+class SharedPicture {
+public:
+    // The same picture as the system's own object; it keeps what pixels cannot say (its file format, a
+    // metafile).
+    class Counterpart {
+    public:
+        virtual ~Counterpart() = default;
+    };
+
+    SharedPicture() = default;
+    // `pixels` are premultiplied 0xAARRGGBB, row by row from the top; a wrong count makes the picture empty.
+    SharedPicture(PixelSize size, std::vector<uint32_t> pixels) : size_(size), pixels_(std::move(pixels)) {
+        const auto count = static_cast<uint64_t>(size.width < 0 ? 0 : size.width) *
+                           static_cast<uint64_t>(size.height < 0 ? 0 : size.height);
+        if (count != pixels_.size()) *this = {};
+    }
+
+    PixelSize size() const { return size_; }
+    const std::vector<uint32_t>& pixels() const { return pixels_; }
+
+    Counterpart* counterpart() const { return counterpart_.get(); }
+    void setCounterpart(std::unique_ptr<Counterpart> counterpart) { counterpart_ = std::move(counterpart); }
+
+private:
+    PixelSize size_;
+    std::vector<uint32_t> pixels_;
+    std::unique_ptr<Counterpart> counterpart_;
+};
+
+// Null means "no picture".
+using PictureRef = std::shared_ptr<SharedPicture>;
+
+}  // namespace obk
