@@ -1,0 +1,105 @@
+#include "widgets/decoration.h"
+
+#include "widgets/drawing.h"
+
+namespace obk {
+
+bool Frame::setBorderStyle(int32_t style) {
+    if (style != 0 && style != 1) return false;
+    borderStyle_ = static_cast<uint8_t>(style);
+    invalidate();
+    return true;
+}
+
+void Frame::setBackColour(OleColour colour) {
+    backColour_ = colour;
+    invalidate();
+}
+
+void Frame::setLook(Look look) {
+    look_ = look;
+    invalidate();
+}
+
+void Frame::setFocused(bool focused) {
+    if (focused == focused_) return;
+    focused_ = focused;
+    invalidate();
+}
+
+void Frame::paint(Canvas& canvas, const PixelRect& bounds) {
+    canvas.fillRect(bounds, rgb(backColour_));
+    if (borderStyle_ == 0) return;
+    const auto colour = [this](SystemColour index) { return systemRgb(platform(), index); };
+    const int32_t line = canvas.dpi().scaled(1);
+    const bool highContrast = platform().appearance().highContrast();
+    if (look_ == Look::classic && !highContrast) {
+        canvas.frameEdges(bounds, line, colour(SystemColour::buttonShadow),
+                          colour(SystemColour::buttonHighlight));
+        canvas.frameEdges(bounds.inset(line), line, colour(SystemColour::darkShadow3d),
+                          colour(SystemColour::light3d));
+        return;
+    }
+    // One line; the focus colours it, and high contrast keeps the full colours of the system.
+    const Rgb resting = highContrast
+                            ? colour(SystemColour::windowText)
+                            : mixed(colour(SystemColour::buttonShadow), colour(SystemColour::window), 200);
+    const Rgb idle = enabled() ? resting : mixed(resting, colour(SystemColour::buttonFace), 128);
+    canvas.frameRect(bounds, line, focused_ && enabled() ? colour(SystemColour::highlight) : idle);
+}
+
+void Label::setCaption(Text caption) {
+    caption_ = std::move(caption);
+    invalidate();
+}
+
+void Label::setBackColour(OleColour colour) {
+    backColour_ = colour;
+    invalidate();
+}
+
+void Label::setForeColour(OleColour colour) {
+    foreColour_ = colour;
+    invalidate();
+}
+
+void Label::paint(Canvas& canvas, const PixelRect& bounds) {
+    canvas.fillRect(bounds, rgb(backColour_));
+    if (caption_.empty()) return;
+    TextStyle style;
+    style.font = font_.description();
+    style.colour = rgb(enabled() ? foreColour_ : OleColour(SystemColour::greyText));
+    canvas.drawText(caption_, bounds, style);
+}
+
+void Label::describe(std::vector<AccessibleItem>& items) const {
+    if (!caption_.empty())
+        items.push_back({AccessibleItem::Role::staticText, caption_, {}, pixelBounds(), enabled(), false});
+}
+
+void ArrowLabel::paint(Canvas& canvas, const PixelRect& bounds) {
+    drawArrow(canvas, bounds, ArrowDirection::down,
+              systemRgb(platform(), enabled() ? SystemColour::buttonText : SystemColour::greyText));
+}
+
+void LineShape::setLine(Twips x1, Twips x2, Twips y) {
+    // The height is a pixel at 96 DPI; painting takes the thickness in whole pixels from the canvas.
+    move({x1, y, x2 - x1, Dpi().twipsPerPixel()});
+}
+
+void LineShape::setColour(OleColour colour) {
+    colour_ = colour;
+    invalidate();
+}
+
+void LineShape::paint(Canvas& canvas, const PixelRect& bounds) {
+    canvas.fillRect(bounds, rgb(colour_));
+}
+
+Twips ReferenceCombo::naturalHeight() const {
+    constexpr int32_t edgesAndPadding = 8;  // pixels at 96 DPI
+    const FontMetrics metrics = platform().appearance().metrics(font_, dpi());
+    return dpi().toTwips(metrics.height() + dpi().scaled(edgesAndPadding));
+}
+
+}  // namespace obk

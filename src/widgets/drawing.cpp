@@ -1,0 +1,39 @@
+#include "widgets/drawing.h"
+
+#include <algorithm>
+
+namespace obk {
+
+void drawArrow(Canvas& canvas, const PixelRect& rect, ArrowDirection direction, Rgb colour) {
+    const bool upright = direction == ArrowDirection::up || direction == ArrowDirection::down;
+    const int32_t across = upright ? rect.width() : rect.height();
+    const int32_t along = upright ? rect.height() : rect.width();
+    const int32_t rows = std::min({canvas.dpi().scaled(4), along, (across + 1) / 2});
+    const int32_t tipX = (rect.left + rect.right - 1) / 2;
+    const int32_t tipY = (rect.top + rect.bottom - 1) / 2;
+    const int32_t middle = upright ? tipX : tipY;
+    const int32_t first = (upright ? rect.top : rect.left) + (along - rows) / 2;
+    const bool pointsToEnd = direction == ArrowDirection::down || direction == ArrowDirection::right;
+    for (int32_t row = 0; row < rows; ++row) {
+        const int32_t half = pointsToEnd ? rows - 1 - row : row;
+        const int32_t at = first + row;
+        if (upright)
+            canvas.fillRect({middle - half, at, middle + half + 1, at + 1}, colour);
+        else
+            canvas.fillRect({at, middle - half, at + 1, middle + half + 1}, colour);
+    }
+}
+
+Rgb mixed(Rgb first, Rgb second, int32_t share) {
+    const auto channel = [share](uint8_t one, uint8_t other) {
+        return static_cast<uint8_t>(mixedChannel(one, other, share));
+    };
+    return Rgb::of(channel(first.red(), second.red()), channel(first.green(), second.green()),
+                   channel(first.blue(), second.blue()));
+}
+
+Rgb systemRgb(Platform& platform, SystemColour colour) {
+    return platform.appearance().systemColour(static_cast<uint8_t>(colour)).value_or(Rgb{});
+}
+
+}  // namespace obk

@@ -1,0 +1,21 @@
+// Pieces of drawing that all controls share, so that they look like one family.
+#pragma once
+
+#include "widgets/canvas.h"
+#include "widgets/platform.h"
+
+namespace obk {
+
+enum class ArrowDirection : uint8_t { up, down, left, right };
+
+// A filled arrow in the middle of `rect`: rows of whole pixels, crisp at every scale. It is 7 x 4 pixels at
+// 96 DPI and shrinks to fit; a rectangle too small for one row stays empty.
+void drawArrow(Canvas& canvas, const PixelRect& rect, ArrowDirection direction, Rgb colour);
+
+// `share` (0 to 255) out of 255 of `first`, the rest of `second`.
+Rgb mixed(Rgb first, Rgb second, int32_t share);
+
+// The system's colour, black where it has none.
+Rgb systemRgb(Platform& platform, SystemColour colour);
+
+}  // namespace obk

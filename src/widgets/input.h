@@ -1,0 +1,76 @@
+// What the user does: keys, mouse buttons, the wheel.
+#pragma once
+
+#include "base/units.h"
+
+#include <cstdint>
+
+namespace obk {
+
+// Bits of the shift state, in the numbering that hosts know.
+namespace shift {
+constexpr int16_t shift = 1;
+constexpr int16_t control = 2;
+constexpr int16_t alt = 4;
+}  // namespace shift
+
+// Mouse buttons, in the numbering that hosts know; a move carries the sum of those held.
+namespace button {
+constexpr int16_t left = 1;
+constexpr int16_t right = 2;
+constexpr int16_t middle = 4;
+}  // namespace button
+
+// Virtual key codes that rules ask for by name.
+namespace key {
+constexpr int16_t backspace = 8;
+constexpr int16_t tab = 9;
+constexpr int16_t enter = 13;
+constexpr int16_t escape = 27;
+constexpr int16_t space = 32;
+constexpr int16_t pageUp = 33;
+constexpr int16_t pageDown = 34;
+constexpr int16_t end = 35;
+constexpr int16_t home = 36;
+constexpr int16_t left = 37;
+constexpr int16_t up = 38;
+constexpr int16_t right = 39;
+constexpr int16_t down = 40;
+constexpr int16_t insert = 45;
+constexpr int16_t deleteKey = 46;
+constexpr int16_t f2 = 113;
+constexpr int16_t f4 = 115;
+}  // namespace key
+
+// One key going down or up. A listener that sets `code` to 0 discards the key.
+struct KeyEvent {
+    int16_t code = 0;       // virtual key code
+    int16_t shift = 0;      // shift:: bits
+    bool repeated = false;  // the key was down already
+};
+
+struct MouseEvent {
+    enum class Kind { down, up, move, doubleClick, leave };
+    Kind kind = Kind::move;
+    int16_t button = 0;  // of down, up, doubleClick: the button; of move: the sum of those held
+    int16_t shift = 0;
+    PixelPoint at;  // relative to the receiver's client area; outside it while captured
+};
+
+struct WheelEvent {
+    int32_t delta = 0;  // 120 a notch, positive away from the user; fine-grained wheels send less
+    bool horizontal = false;
+    int16_t shift = 0;
+    PixelPoint at;
+};
+
+// Who gets a key that the container offers to the control first.
+enum class KeyRoute {
+    handled,    // the control has used it
+    child,      // it belongs to the focused child's window: dispatch it there
+    container,  // the control does not want it: dialog navigation, accelerators
+};
+
+enum class Cursor { arrow, text, hand, sizeColumn, wait };
+
+}  // namespace obk

@@ -1,0 +1,101 @@
+// The port: what the controls ask of a window system and of the machine, and nothing more.
+#pragma once
+
+#include "base/colour.h"
+#include "base/font.h"
+#include "base/text.h"
+#include "base/units.h"
+
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace obk {
+
+class SurfaceClient;
+class SurfacePeer;
+struct SurfacePlacement;
+
+class Clock {
+public:
+    virtual ~Clock() = default;
+    // Milliseconds since the system started; wraps from 2^31 - 1 to -2^31.
+    virtual int32_t tickCount() = 0;
+    // The current date in the user's time zone.
+    virtual std::chrono::year_month_day today() = 0;
+};
+
+// One opened key of the system registry; closed when it goes.
+class RegistryKey {
+public:
+    virtual ~RegistryKey() = default;
+    // Reads a value in the system's single-byte code page. `buffer` keeps its length and content beyond what
+    // the value fills; `size` comes back as the bytes the value has, its terminating zero included. False
+    // when the value does not exist or does not fit.
+    virtual bool query(TextView name, std::string& buffer, uint32_t& size, uint32_t& type) const = 0;
+};
+
+class Registry {
+public:
+    virtual ~Registry() = default;
+    // Null when the key does not exist or the access is refused.
+    virtual std::unique_ptr<RegistryKey> open(int32_t rootKey, TextView subKey, uint32_t access) = 0;
+};
+
+struct FontMetrics {
+    int32_t ascent = 0, descent = 0;  // pixels
+    int32_t height() const { return ascent + descent; }
+};
+
+// The system's colours, metrics and fonts.
+class Appearance {
+public:
+    virtual ~Appearance() = default;
+    // Nothing for an index that the system does not have.
+    virtual std::optional<Rgb> systemColour(uint8_t index) = 0;
+    virtual bool highContrast() = 0;
+    virtual Dpi systemDpi() = 0;
+    virtual FontMetrics metrics(const FontDescription& font, Dpi dpi) = 0;
+    // Width and height in pixels of one line.
+    virtual PixelSize measure(TextView text, const FontDescription& font, Dpi dpi) = 0;
+    // The font of dialogs, for a control without a container that names one.
+    virtual FontDescription dialogFont() = 0;
+
+    struct Metrics {
+        std::chrono::milliseconds repeatDelay{500};  // before a held button repeats
+        std::chrono::milliseconds repeatInterval{50};
+        std::chrono::milliseconds doubleClick{500};
+        int32_t wheelLines = 3;  // lines a notch of the wheel scrolls
+    };
+    virtual Metrics metrics() = 0;
+};
+
+// Calls back every interval until stopped; stopped when it goes.
+class TimerPeer {
+public:
+    virtual ~TimerPeer() = default;
+    // At least 1 ms; starting a running timer begins a new period.
+    virtual void start(std::chrono::milliseconds interval) = 0;
+    virtual void stop() = 0;
+};
+
+// What a peer calls when the window system speaks to it. The holder it answers keeps the outermost control
+// alive until the call has returned; a null one means that the control is going, and nothing more is called.
+using KeepAlive = std::function<std::shared_ptr<void>()>;
+
+class Platform {
+public:
+    virtual ~Platform() = default;
+
+    virtual Clock& clock() = 0;
+    virtual Registry& registry() = 0;
+    virtual Appearance& appearance() = 0;
+    virtual std::unique_ptr<TimerPeer> createTimer(KeepAlive keepAlive, std::function<void()> tick) = 0;
+    // Null when the system refuses.
+    virtual std::unique_ptr<SurfacePeer> createSurface(SurfaceClient& client,
+                                                       const SurfacePlacement& placement) = 0;
+};
+
+}  // namespace obk

@@ -1,0 +1,189 @@
+#include "widgets/spinner.h"
+
+#include "widgets/drawing.h"
+#include "widgets/surface.h"
+
+namespace obk {
+
+Spinner::Spinner(Container& parent) : Widget(parent), repeatTimer_(*this) {
+    repeatConnection_ = repeatTimer_.ticked.connect([this] { repeat(); });
+}
+
+bool Spinner::setBuddyAlignment(int32_t alignment) {
+    if (alignment != 0 && alignment != 1) return false;
+    buddyAlignment_ = static_cast<uint8_t>(alignment);
+    invalidate();
+    return true;
+}
+
+void Spinner::setLook(Look look) {
+    look_ = look;
+    invalidate();
+}
+
+PixelRect Spinner::partRect(Part part, const PixelRect& bounds, Dpi dpi) const {
+    const int32_t width = std::min(dpi.toPixels(buttonWidth), bounds.width());
+    PixelRect rect = bounds;
+    if (buddyAlignment_ == 0)
+        rect.left = rect.right - width;
+    else
+        rect.right = rect.left + width;
+    const int32_t middle = rect.top + rect.height() / 2;
+    (part == Part::up ? rect.bottom : rect.top) = middle;
+    return rect;
+}
+
+std::optional<Spinner::Part> Spinner::partAt(PixelPoint point) const {
+    const PixelRect own = pixelBounds();
+    for (const Part part : {Part::up, Part::down}) {
+        if (partRect(part, {0, 0, own.width(), own.height()}, dpi()).contains(point)) return part;
+    }
+    return std::nullopt;
+}
+
+void Spinner::paint(Canvas& canvas, const PixelRect& bounds) {
+    paintPart(canvas, bounds, Part::up);
+    paintPart(canvas, bounds, Part::down);
+}
+
+void Spinner::paintPart(Canvas& canvas, const PixelRect& bounds, Part part) const {
+    const auto colour = [this](SystemColour index) { return systemRgb(platform(), index); };
+    const PixelRect rect = partRect(part, bounds, canvas.dpi());
+    const bool down = pressed_ == part && pressedInside_;
+    const bool hot = enabled() && !pressed_ && hovered_ == part;
+    const bool highContrast = platform().appearance().highContrast();
+    const int32_t line = canvas.dpi().scaled(1);
+    Rgb arrow = colour(enabled() ? SystemColour::buttonText : SystemColour::greyText);
+    PixelRect arrowRect = rect.inset(line);
+
+    if (look_ == Look::classic && !highContrast) {
+        canvas.fillRect(rect, colour(SystemColour::buttonFace));
+        if (down) {
+            canvas.frameRect(rect, line, colour(SystemColour::buttonShadow));
+            arrowRect = arrowRect.moved(line, line);
+        } else {
+            canvas.frameEdges(rect, line, colour(SystemColour::buttonHighlight),
+                              colour(SystemColour::darkShadow3d));
+            canvas.frameEdges(rect.inset(line), line, colour(SystemColour::buttonFace),
+                              colour(SystemColour::buttonShadow));
+        }
+    } else {
+        const Rgb face = colour(SystemColour::buttonFace);
+        const Rgb accent = colour(SystemColour::highlight);
+        Rgb fill = enabled() ? face : mixed(face, colour(SystemColour::window), 128);
+        if (down)
+            fill = highContrast ? accent : mixed(accent, face, 120);
+        else if (hot)
+            fill = highContrast ? accent : mixed(accent, face, 50);
+        if (highContrast && (down || hot)) arrow = colour(SystemColour::highlightText);
+        PixelRect inner = rect;
+        // A gap towards the field and between the two buttons parts them without a line of their own.
+        if (buddyAlignment_ == 0)
+            inner.left += line;
+        else
+            inner.right -= line;
+        if (part == Part::down) inner.top += line;
+        canvas.fillRect(inner, fill);
+        if (highContrast) canvas.frameRect(inner, line, colour(SystemColour::windowText));
+        arrowRect = inner.inset(line);
+    }
+    drawArrow(canvas, arrowRect, part == Part::up ? ArrowDirection::up : ArrowDirection::down, arrow);
+}
+
+void Spinner::mouse(const MouseEvent& event) {
+    if (!enabled()) return;
+    const std::optional<Part> part = partAt(event.at);
+    switch (event.kind) {
+        case MouseEvent::Kind::down:
+            mousePressed(event);
+            // The host may have taken the control away meanwhile.
+            if (event.button == button::left && part && surface() && enabled()) press(*part);
+            break;
+        case MouseEvent::Kind::doubleClick:  // the second press of a quick pair steps like any other
+            if (event.button == button::left && part) press(*part);
+            break;
+        case MouseEvent::Kind::move:
+            if (pressed_ && pressedInside_ != (part == pressed_)) {
+                pressedInside_ = part == pressed_;
+                invalidate();
+            }
+            if (hovered_ != part) {
+                hovered_ = part;
+                invalidate();
+            }
+            break;
+        case MouseEvent::Kind::up:
+            if (event.button == button::left) release();
+            break;
+        case MouseEvent::Kind::leave:
+            hovered_.reset();
+            invalidate();
+            break;
+    }
+}
+
+bool Spinner::wheel(const WheelEvent& event) {
+    constexpr int32_t notch = 120;
+    if (!AllowArrowKeys || !enabled() || event.horizontal) return false;
+    if ((event.delta > 0) != (wheelRest_ > 0)) wheelRest_ = 0;
+    wheelRest_ += event.delta;
+    for (; wheelRest_ >= notch; wheelRest_ -= notch) increased();
+    for (; wheelRest_ <= -notch; wheelRest_ += notch) decreased();
+    return true;
+}
+
+void Spinner::press(Part part) {
+    pressed_ = part;
+    pressedInside_ = true;
+    invalidate();
+    if (Surface* shownOn = surface()) shownOn->capture(*this);
+    repeatTimer_.start(platform().appearance().metrics().repeatDelay);
+    step(part);
+}
+
+void Spinner::release() {
+    repeatTimer_.stop();
+    pressed_.reset();
+    invalidate();
+    if (Surface* shownOn = surface()) shownOn->releaseCapture(*this);
+}
+
+void Spinner::repeat() {
+    if (!pressed_) return;
+    repeatTimer_.start(platform().appearance().metrics().repeatInterval);
+    if (pressedInside_) step(*pressed_);
+}
+
+void Spinner::step(Part part) {
+    if (part == Part::up)
+        increased();
+    else
+        decreased();
+}
+
+void Spinner::captureLost() {
+    release();
+}
+
+void Spinner::detach() {
+    release();
+    hovered_.reset();
+}
+
+void Spinner::placed() {
+    if (pressed_ && (!enabled() || pixelClip().empty())) release();
+}
+
+void Spinner::describe(std::vector<AccessibleItem>& items) const {
+    const PixelRect own = pixelBounds();
+    for (const Part part : {Part::up, Part::down}) {
+        items.push_back({AccessibleItem::Role::button,
+                         part == Part::up ? u"More" : u"Less",
+                         {},
+                         partRect(part, own, dpi()),
+                         enabled(),
+                         pressed_ == part});
+    }
+}
+
+}  // namespace obk

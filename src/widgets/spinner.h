@@ -1,0 +1,64 @@
+// Up and down buttons at one side of a rectangle, beside the field they step; what lies under the rest stays
+// visible.
+#pragma once
+
+#include "base/event.h"
+#include "widgets/timer.h"
+#include "widgets/widget.h"
+
+#include <optional>
+
+namespace obk {
+
+class Spinner final : public Widget {
+public:
+    explicit Spinner(Container& parent);
+
+    // Held for the field beside it; the spinner itself neither knows nor changes a value.
+    int32_t Max = 10;
+    int32_t Min = 0;
+    bool SyncBuddy = false;
+    bool ThousandsSeparator = true;
+    // Whether the wheel steps; the arrow keys belong to the field.
+    bool AllowArrowKeys = true;
+
+    int32_t buddyAlignment() const { return buddyAlignment_; }
+    // 0: buttons at the right edge, 1: at the left. False, and nothing changed, for any other number.
+    bool setBuddyAlignment(int32_t alignment);
+    void setLook(Look look);
+    // Width that the buttons take at their side.
+    static constexpr Twips buttonWidth{255};
+
+    void paint(Canvas& canvas, const PixelRect& bounds) override;
+    void mouse(const MouseEvent& event) override;
+    bool wheel(const WheelEvent& event) override;
+    void captureLost() override;
+    void detach() override;
+    void placed() override;
+    void describe(std::vector<AccessibleItem>& items) const override;
+
+    Event<const MouseEvent&> mousePressed;  // before the first step
+    Event<> increased, decreased;           // one step each, again and again while a button is held
+
+private:
+    enum class Part : uint8_t { up, down };
+
+    PixelRect partRect(Part part, const PixelRect& bounds, Dpi dpi) const;
+    std::optional<Part> partAt(PixelPoint point) const;
+    void paintPart(Canvas& canvas, const PixelRect& bounds, Part part) const;
+    void step(Part part);
+    void press(Part part);
+    void release();
+    void repeat();
+
+    uint8_t buddyAlignment_ = 0;
+    Look look_ = Look::flat;
+    std::optional<Part> pressed_;
+    std::optional<Part> hovered_;
+    bool pressedInside_ = false;
+    int32_t wheelRest_ = 0;  // of fine-grained wheels, until it makes a notch
+    Timer repeatTimer_;
+    Connection repeatConnection_;
+};
+
+}  // namespace obk

@@ -1,0 +1,134 @@
+#include "widgets/surface.h"
+
+namespace obk {
+
+Surface::Surface(Container& root, SurfaceOwner& owner) : root_(root), owner_(owner) {}
+
+Surface::~Surface() {
+    close();
+}
+
+bool Surface::open(const SurfacePlacement& placement) {
+    close();
+    peer_ = root_.platform().createSurface(*this, placement);
+    if (!peer_) return false;
+    root_.setSurface(this);
+    root_.attach(*peer_);
+    return true;
+}
+
+void Surface::close() {
+    if (!peer_) return;
+    // The children keep what their windows know before the windows go.
+    root_.detach();
+    captured_ = nullptr;
+    hovered_ = nullptr;
+    root_.setSurface(nullptr);
+    const auto going = std::move(peer_);
+    if (focusInside_) {
+        focusInside_ = false;
+        owner_.focusLeft();
+    }
+}
+
+Dpi Surface::dpi() const {
+    return peer_ ? peer_->dpi() : root_.platform().appearance().systemDpi();
+}
+
+void Surface::invalidate(const PixelRect& rect) {
+    if (peer_ && !rect.empty()) peer_->invalidate(rect);
+}
+
+void Surface::capture(Widget& widget) {
+    if (!peer_) return;
+    captured_ = &widget;
+    peer_->capture();
+}
+
+void Surface::releaseCapture(const Widget& widget) {
+    if (captured_ != &widget) return;
+    captured_ = nullptr;
+    if (peer_) peer_->releaseCapture();
+}
+
+void Surface::forget(const Widget& widget) {
+    releaseCapture(widget);
+    if (hovered_ == &widget) hovered_ = nullptr;
+}
+
+void Surface::childFocusGained() {
+    if (focusInside_) return;
+    focusInside_ = true;
+    owner_.focusEntered();
+}
+
+void Surface::childFocusLost() {
+    if (!focusInside_ || (peer_ && peer_->hasFocus())) return;
+    focusInside_ = false;
+    owner_.focusLeft();
+}
+
+std::shared_ptr<void> Surface::keepAlive() {
+    return root_.keepAlive();
+}
+
+void Surface::deliver(Widget& widget, const MouseEvent& event) {
+    const PixelRect at = widget.pixelBounds();
+    MouseEvent own = event;
+    own.at = {event.at.x - at.left, event.at.y - at.top};
+    widget.mouse(own);
+}
+
+void Surface::mouse(const MouseEvent& event) {
+    Widget* target = captured_;
+    if (!target && event.kind != MouseEvent::Kind::leave) target = root_.hitTest(event.at);
+    if (target != hovered_ && !captured_) {
+        Widget* left = hovered_;
+        hovered_ = target;
+        if (left) deliver(*left, {MouseEvent::Kind::leave, 0, event.shift, event.at});
+        // A listener may have closed the surface or taken the widget away.
+        target = hovered_;
+    }
+    if (target) deliver(*target, event);
+}
+
+bool Surface::wheel(const WheelEvent& event) {
+    Widget* target = captured_ ? captured_ : root_.hitTest(event.at);
+    for (; target; target = target->parent()) {
+        if (target->enabled() && target->wheel(event)) return true;
+    }
+    return false;
+}
+
+void Surface::focusGained() {
+    childFocusGained();
+    root_.takeFocus();
+}
+
+void Surface::paint(Canvas& canvas, const PixelRect& dirty) {
+    const CanvasClip clip(canvas, dirty);
+    root_.paint(canvas, root_.pixelBounds());
+}
+
+void Surface::captureLost() {
+    Widget* loser = captured_;
+    captured_ = nullptr;
+    if (loser) loser->captureLost();
+    owner_.surfaceCaptureLost();
+}
+
+void Surface::dpiChanged(Dpi) {
+    owner_.surfaceChanged();
+}
+
+void Surface::appearanceChanged() {
+    owner_.surfaceChanged();
+}
+
+std::vector<AccessibleItem> Surface::accessibleItems() {
+    std::vector<AccessibleItem> items{owner_.describeSurface()};
+    root_.describe(items);
+    return items;
+}
+
+}  // namespace obk

@@ -1,0 +1,85 @@
+// A window's portable side: routes what the window system reports to the widgets of one root container.
+#pragma once
+
+#include "widgets/widget.h"
+
+#include <memory>
+
+namespace obk {
+
+// Whoever a surface belongs to: a control, or the pop-up panel of one.
+class SurfaceOwner {
+public:
+    virtual KeyRoute route(const KeyEvent& event) = 0;
+    virtual bool offerToContainer(const KeyEvent& event) = 0;
+    // The focus came into the surface or its children from elsewhere, or left them all.
+    virtual void focusEntered() = 0;
+    virtual void focusLeft() = 0;
+    virtual void surfaceCaptureLost() = 0;
+    virtual void surfaceChanged() = 0;  // another DPI, other system colours or metrics
+    virtual AccessibleItem describeSurface() const = 0;
+    virtual void surfaceKeyDown(KeyEvent&) {}
+    virtual void surfaceKeyUp(KeyEvent&) {}
+    virtual int16_t surfaceKeyPress(int16_t character) { return character; }
+
+protected:
+    ~SurfaceOwner() = default;
+};
+
+class Surface final : private SurfaceClient {
+public:
+    // Both are borrowed and outlive the surface.
+    Surface(Container& root, SurfaceOwner& owner);
+    Surface(const Surface&) = delete;
+    Surface& operator=(const Surface&) = delete;
+    ~Surface();
+
+    // Makes the window and those of the children. Whether the system gave one.
+    bool open(const SurfacePlacement& placement);
+    void close();
+    SurfacePeer* peer() const { return peer_.get(); }
+    Dpi dpi() const;
+
+    void invalidate(const PixelRect& rect);
+    // Mouse events go to `widget` until it releases, another window takes the capture, or it is forgotten.
+    void capture(Widget& widget);
+    void releaseCapture(const Widget& widget);
+    bool captured(const Widget& widget) const { return captured_ == &widget; }
+    // A widget is about to go.
+    void forget(const Widget& widget);
+
+    // For the children's windows.
+    void childFocusGained();
+    // Before the child tells its own listeners: the control as a whole is left first.
+    void childFocusLost();
+    KeyRoute route(const KeyEvent& event) { return owner_.route(event); }
+    bool offerChildKey(const KeyEvent& event) { return owner_.offerToContainer(event); }
+
+private:
+    std::shared_ptr<void> keepAlive() override;
+    void mouse(const MouseEvent& event) override;
+    bool wheel(const WheelEvent& event) override;
+    void keyDown(KeyEvent& event) override { owner_.surfaceKeyDown(event); }
+    void keyUp(KeyEvent& event) override { owner_.surfaceKeyUp(event); }
+    int16_t keyPress(int16_t character) override { return owner_.surfaceKeyPress(character); }
+    void focusGained() override;
+    void focusLost() override { childFocusLost(); }
+    KeyRoute preTranslate(const KeyEvent& event) override { return owner_.route(event); }
+    bool offerToContainer(const KeyEvent& event) override { return owner_.offerToContainer(event); }
+    void paint(Canvas& canvas, const PixelRect& dirty) override;
+    void captureLost() override;
+    void dpiChanged(Dpi dpi) override;
+    void appearanceChanged() override;
+    std::vector<AccessibleItem> accessibleItems() override;
+
+    void deliver(Widget& widget, const MouseEvent& event);
+
+    Container& root_;
+    SurfaceOwner& owner_;
+    std::unique_ptr<SurfacePeer> peer_;
+    Widget* captured_ = nullptr;
+    Widget* hovered_ = nullptr;
+    bool focusInside_ = false;
+};
+
+}  // namespace obk

@@ -1,0 +1,223 @@
+#include "widgets/text_box.h"
+
+#include "widgets/surface.h"
+
+#include <algorithm>
+
+namespace obk {
+
+TextBox::TextBox(Container& parent)
+    : Widget(parent), font_([this] {
+          if (peer_) peer_->setFont(font_.description());
+          invalidate();
+          fontChanged();
+      }) {}
+
+TextBox::~TextBox() = default;
+
+void TextBox::setText(TextView text) {
+    text = text.substr(0, std::min(text.find_first_of(u"\r\n"), text.size()));
+    if (maxLength_ > 0) text = text.substr(0, static_cast<size_t>(maxLength_));
+    if (text == text_) return;
+    text_ = text;
+    selection_ = {};
+    invalidate();
+    // The window reports its new text in turn; by then it is an equal one.
+    if (peer_) peer_->setText(text_);
+    changed();
+}
+
+TextSelection TextBox::selection() const {
+    return peer_ ? peer_->selection() : selection_;
+}
+
+void TextBox::setSelection(TextSelection selection) {
+    const auto length = static_cast<int32_t>(std::min<size_t>(text_.size(), INT32_MAX));
+    const int32_t start = std::clamp(selection.start, 0, length);
+    selection_ = {start, std::clamp(selection.length, 0, length - start)};
+    if (peer_) peer_->setSelection(selection_);
+}
+
+bool TextBox::setAlignment(int32_t alignment) {
+    if (alignment < 0 || alignment > 2) return false;
+    alignment_ = static_cast<uint8_t>(alignment);
+    if (peer_) peer_->setAlignment(horizontalAlignment());
+    invalidate();
+    return true;
+}
+
+bool TextBox::setMaxLength(int32_t length) {
+    if (length < 0) return false;
+    maxLength_ = length;
+    if (peer_) peer_->setMaxLength(length);
+    return true;
+}
+
+void TextBox::setForeColour(OleColour colour) {
+    foreColour_ = colour;
+    showColours();
+}
+
+void TextBox::setBackColour(OleColour colour) {
+    backColour_ = colour;
+    showColours();
+}
+
+void TextBox::setAccessibleName(Text name) {
+    accessibleName_ = std::move(name);
+    if (peer_) peer_->setAccessibleName(accessibleName_);
+}
+
+bool TextBox::takeFocus() {
+    if (!peer_ || pixelClip().empty() || !enabled()) return false;
+    peer_->focus();
+    return peer_ && peer_->hasFocus();
+}
+
+void TextBox::paint(Canvas& canvas, const PixelRect& bounds) {
+    canvas.fillRect(bounds, rgb(backColour_));
+    TextStyle style;
+    style.font = font_.description();
+    style.colour = rgb(enabled() ? foreColour_ : OleColour(SystemColour::greyText));
+    style.horizontal = horizontalAlignment();
+    style.vertical = VerticalAlignment::top;
+    style.ellipsis = false;
+    canvas.drawText(text_, bounds, style);
+}
+
+void TextBox::attach(SurfacePeer& peer) {
+    peer_ = peer.createTextBox(*this);
+    if (!peer_) return;
+    peer_->setFont(font_.description());
+    peer_->setAlignment(horizontalAlignment());
+    peer_->setMaxLength(maxLength_);
+    peer_->setAccessibleName(accessibleName_);
+    peer_->setText(text_);
+    peer_->setSelection(selection_);
+    showColours();
+    placed();
+}
+
+void TextBox::detach() {
+    if (!peer_) return;
+    selection_ = peer_->selection();
+    pressed_ = false;
+    const auto going = std::move(peer_);
+}
+
+void TextBox::placed() {
+    if (!peer_) return;
+    const PixelRect clip = pixelClip();
+    peer_->setEnabled(enabled());
+    peer_->setBounds(pixelBounds(), clip);
+    peer_->setVisible(!clip.empty());
+}
+
+void TextBox::mouse(const MouseEvent& event) {
+    switch (event.kind) {
+        case MouseEvent::Kind::down:
+            pressed_ = event.button == button::left;
+            mousePressed(event);
+            break;
+        case MouseEvent::Kind::move:
+            mouseMoved(event);
+            break;
+        case MouseEvent::Kind::up: {
+            const PixelRect own = pixelBounds();
+            const bool click = pressed_ && event.button == button::left &&
+                               PixelRect{0, 0, own.width(), own.height()}.contains(event.at);
+            if (event.button == button::left) pressed_ = false;
+            mouseReleased(event);
+            if (click) clicked();
+            break;
+        }
+        case MouseEvent::Kind::doubleClick:
+            doubleClicked();
+            break;
+        case MouseEvent::Kind::leave:
+            break;
+    }
+}
+
+bool TextBox::wheel(const WheelEvent& event) {
+    bool used = false;
+    wheelTurned(event, used);
+    return used;
+}
+
+void TextBox::keyDown(KeyEvent& event) {
+    keyWentDown(event);
+    // The commands of editing are no typed characters: they act here, so that a listener which filters what
+    // is typed, and sees their control characters too, need not know them.
+    if (!peer_ || event.shift != shift::control) return;
+    switch (event.code) {
+        case 'A':
+            peer_->perform(EditCommand::selectAll);
+            break;
+        case 'C':
+            peer_->perform(EditCommand::copy);
+            break;
+        case 'V':
+            peer_->perform(EditCommand::paste);
+            break;
+        case 'X':
+            peer_->perform(EditCommand::cut);
+            break;
+        case 'Z':
+            peer_->perform(EditCommand::undo);
+            break;
+        default:
+            break;
+    }
+}
+
+void TextBox::keyUp(KeyEvent& event) {
+    keyWentUp(event);
+}
+
+int16_t TextBox::keyPress(int16_t character) {
+    constexpr int16_t firstPrintable = 32;
+    const int16_t typed = character;
+    const bool command = typed > 0 && typed < firstPrintable && typed != key::backspace;
+    characterTyped(character);
+    // A control character has already had its effect; the window must not act on it a second time.
+    return command && character == typed ? int16_t{0} : character;
+}
+
+void TextBox::focusGained() {
+    if (Surface* shownOn = surface()) shownOn->childFocusGained();
+    focusCame();
+}
+
+void TextBox::focusLost() {
+    pressed_ = false;
+    if (Surface* shownOn = surface()) shownOn->childFocusLost();
+    focusWent();
+}
+
+KeyRoute TextBox::preTranslate(const KeyEvent& event) {
+    Surface* shownOn = surface();
+    return shownOn ? shownOn->route(event) : KeyRoute::child;
+}
+
+bool TextBox::offerToContainer(const KeyEvent& event) {
+    Surface* shownOn = surface();
+    return shownOn && shownOn->offerChildKey(event);
+}
+
+void TextBox::textChanged(Text text) {
+    if (text == text_) return;
+    text_ = std::move(text);
+    changed();
+}
+
+HorizontalAlignment TextBox::horizontalAlignment() const {
+    return static_cast<HorizontalAlignment>(alignment_);
+}
+
+void TextBox::showColours() {
+    if (peer_) peer_->setColours(rgb(foreColour_), rgb(backColour_));
+    invalidate();
+}
+
+}  // namespace obk

@@ -1,0 +1,88 @@
+// A single-line text edit whose text, selection and look are kept here; its window exists while the control
+// is active.
+#pragma once
+
+#include "base/event.h"
+#include "widgets/font_holder.h"
+#include "widgets/widget.h"
+
+#include <memory>
+
+namespace obk {
+
+class TextBox final : public Widget, private TextBoxClient {
+public:
+    explicit TextBox(Container& parent);
+    ~TextBox() override;
+
+    const Text& text() const { return text_; }
+    // Cut to the maximum length. An equal text changes nothing and is not notified; line breaks end the text.
+    void setText(TextView text);
+    TextSelection selection() const;
+    // Clamped to the text; a negative start or length counts as 0.
+    void setSelection(TextSelection selection);
+
+    int32_t alignment() const { return static_cast<int32_t>(alignment_); }
+    // 0 left, 1 right, 2 centre. False, and nothing changed, for any other number.
+    bool setAlignment(int32_t alignment);
+    int32_t maxLength() const { return maxLength_; }
+    // 0 is no limit; does not shorten the present text. False, and nothing changed, for a negative number.
+    bool setMaxLength(int32_t length);
+    OleColour foreColour() const { return foreColour_; }
+    void setForeColour(OleColour colour);
+    OleColour backColour() const { return backColour_; }
+    void setBackColour(OleColour colour);
+    const FontRef& font() const { return font_.font(); }
+    void setFont(FontRef font) { font_.set(std::move(font)); }
+    void setAccessibleName(Text name);
+
+    bool hasFocus() const { return peer_ && peer_->hasFocus(); }
+    bool takeFocus() override;
+    Widget* focused() override { return hasFocus() ? this : nullptr; }
+
+    void paint(Canvas& canvas, const PixelRect& bounds) override;
+    void attach(SurfacePeer& peer) override;
+    void detach() override;
+    void placed() override;
+
+    Event<> fontChanged;
+    Event<> changed;
+    Event<KeyEvent&> keyWentDown;
+    // A listener that sets the character to 0 discards it.
+    Event<int16_t&> characterTyped;
+    Event<KeyEvent&> keyWentUp;
+    Event<const MouseEvent&> mousePressed, mouseMoved, mouseReleased;
+    Event<> clicked, doubleClicked;
+    Event<> focusCame, focusWent;
+    // The answer of the last listener counts; true says that the wheel was used.
+    Event<const WheelEvent&, bool&> wheelTurned;
+
+private:
+    std::shared_ptr<void> keepAlive() override { return Widget::keepAlive(); }
+    void mouse(const MouseEvent& event) override;
+    bool wheel(const WheelEvent& event) override;
+    void keyDown(KeyEvent& event) override;
+    void keyUp(KeyEvent& event) override;
+    int16_t keyPress(int16_t character) override;
+    void focusGained() override;
+    void focusLost() override;
+    KeyRoute preTranslate(const KeyEvent& event) override;
+    bool offerToContainer(const KeyEvent& event) override;
+    void textChanged(Text text) override;
+
+    HorizontalAlignment horizontalAlignment() const;
+    void showColours();
+
+    Text text_;
+    TextSelection selection_;  // while there is no window
+    FontHolder font_;
+    OleColour foreColour_{SystemColour::windowText};
+    OleColour backColour_{SystemColour::window};
+    Text accessibleName_;
+    int32_t maxLength_ = 0;
+    uint8_t alignment_ = 0;
+    bool pressed_ = false;
+    std::unique_ptr<TextBoxPeer> peer_;
+};
+
+}  // namespace obk

@@ -1,0 +1,117 @@
+// Child widgets and the containers that hold them: geometry, visibility and enabling, kept whether or not a
+// window exists.
+#pragma once
+
+#include "base/units.h"
+#include "widgets/canvas.h"
+#include "widgets/peers.h"
+#include "widgets/platform.h"
+
+#include <memory>
+#include <vector>
+
+namespace obk {
+
+class Container;
+class Surface;
+
+// How controls look: the flat, modern look or the classic three-dimensional one.
+enum class Look : uint8_t { classic, flat };
+
+class Widget {
+public:
+    // `parent` is borrowed and outlives the widget. Later children lie above earlier ones.
+    explicit Widget(Container& parent);
+    Widget(const Widget&) = delete;
+    Widget& operator=(const Widget&) = delete;
+    virtual ~Widget();
+
+    // Relative to the parent. Negative sizes count as 0.
+    const TwipsRect& bounds() const { return bounds_; }
+    void move(const TwipsRect& bounds);
+    void setLeft(Twips left) { move({left, bounds_.top, bounds_.width, bounds_.height}); }
+    void setTop(Twips top) { move({bounds_.left, top, bounds_.width, bounds_.height}); }
+    void setWidth(Twips width) { move({bounds_.left, bounds_.top, width, bounds_.height}); }
+    void setHeight(Twips height) { move({bounds_.left, bounds_.top, bounds_.width, height}); }
+
+    bool visible() const { return visible_; }
+    void setVisible(bool visible);
+    bool enabled() const { return enabled_; }
+    void setEnabled(bool enabled);
+
+    Platform& platform() const { return platform_; }
+    Container* parent() const { return parent_; }
+    // Where the widget is shown; null while there is no window.
+    Surface* surface() const;
+    Dpi dpi() const;                  // of the surface, or the system's
+    PixelRect pixelBounds() const;    // on the surface
+    PixelRect pixelClip() const;      // what the drawn ancestors let show
+    Rgb rgb(OleColour colour) const;  // black for a colour that the system does not know
+    std::shared_ptr<void> keepAlive() const;
+    void invalidate();
+
+    // Paints into `bounds`; parents clip.
+    virtual void paint(Canvas& canvas, const PixelRect& bounds);
+    // The topmost visible widget at a point relative to this widget's left top corner; null outside.
+    virtual Widget* hitTest(PixelPoint point);
+    // Coordinates are relative to this widget.
+    virtual void mouse(const MouseEvent& event);
+    virtual bool wheel(const WheelEvent& event);
+    virtual void captureLost() {}
+    // A window appeared or goes; what must be kept is taken over first.
+    virtual void attach(SurfacePeer& peer);
+    virtual void detach();
+    // Geometry, visibility or enabling changed, here or in an ancestor.
+    virtual void placed() {}
+    virtual void describe(std::vector<AccessibleItem>& items) const;
+    // The widget with the keyboard focus, this one or below it; or that could take it.
+    virtual Widget* focused() { return nullptr; }
+    virtual bool takeFocus() { return false; }
+
+protected:
+    explicit Widget(Platform& platform) : platform_(platform) {}
+    virtual Surface* ownSurface() const { return nullptr; }
+    virtual std::shared_ptr<void> ownKeepAlive() const { return nullptr; }
+
+private:
+    friend class Container;
+    Platform& platform_;
+    Container* parent_ = nullptr;
+    TwipsRect bounds_;
+    bool visible_ = true;
+    bool enabled_ = true;
+};
+
+// A widget that draws its background and holds others: a frame, a panel, a control's whole surface.
+class Container : public Widget {
+public:
+    explicit Container(Container& parent) : Widget(parent) {}
+    // A root: a control's surface or a panel. The owner of its window and of its life tells both.
+    Container(Platform& platform, KeepAlive keepAlive) : Widget(platform), keepAlive_(std::move(keepAlive)) {}
+
+    OleColour BackColor() const { return backColour_; }
+    void SetBackColor(OleColour colour);
+    void setSurface(Surface* surface) { surface_ = surface; }
+
+    void paint(Canvas& canvas, const PixelRect& bounds) override;
+    Widget* hitTest(PixelPoint point) override;
+    void attach(SurfacePeer& peer) override;
+    void detach() override;
+    void placed() override;
+    void describe(std::vector<AccessibleItem>& items) const override;
+    Widget* focused() override;
+    bool takeFocus() override;
+
+protected:
+    Surface* ownSurface() const override { return surface_; }
+    std::shared_ptr<void> ownKeepAlive() const override { return keepAlive_ ? keepAlive_() : nullptr; }
+
+private:
+    friend class Widget;
+    std::vector<Widget*> children_;  // borrowed; they take themselves out
+    OleColour backColour_{SystemColour::buttonFace};
+    Surface* surface_ = nullptr;
+    KeepAlive keepAlive_;
+};
+
+}  // namespace obk
