@@ -1,0 +1,187 @@
+#include "framework/control.h"
+
+#include "base/attempt.h"
+
+namespace obk {
+
+namespace {
+
+Value resolved(const DefaultValue& value, const Control& control) {
+    if (std::holds_alternative<AmbientFontDefault>(value)) return control.ambientFont();
+    if (const auto* colour = std::get_if<SystemRgbDefault>(&value)) {
+        const auto index = static_cast<uint8_t>(colour->index);
+        return OleColour(control.platform().appearance().systemColour(index).value_or(Rgb{}));
+    }
+    return std::get<Value>(value);
+}
+
+bool equal(const Value& left, const Value& right) {
+    const auto* font = std::get_if<FontRef>(&left);
+    const auto* otherFont = std::get_if<FontRef>(&right);
+    if (font && otherFont && *font && *otherFont)
+        return (*font)->description() == (*otherFont)->description();
+    return left == right;
+}
+
+}  // namespace
+
+void ControlFactory::start(Control& control) {
+    for (const Member& event : control.table().events) {
+        control.eventConnections_.push_back(
+            event.connect(control, [&control, &event](std::span<Value> arguments) {
+                // What loading changes is no news to the container that loads.
+                if (control.host_ && !control.loading_) control.host_->raise(event, arguments);
+            }));
+    }
+    attempt([&] { control.initialize(); });
+    attempt([&] { control.resize(); });
+}
+
+Control::Control(Platform& platform)
+    : root_(platform, [this]() -> std::shared_ptr<void> { return weak_from_this().lock(); }),
+      surface_(root_, *this) {
+    root_.move({{0}, {0}, width_, height_});
+}
+
+Control::~Control() = default;
+
+void Control::initNew() {
+    attempt([&] { initProperties(); });
+    attempt([&] { resize(); });
+}
+
+void Control::load(PropertyBag& bag) {
+    loading_ = true;
+    for (const PersistedValue& row : table().persisted) {
+        if (!row.load) continue;
+        attempt([&] {
+            const std::optional<Value> stored = bag.read(row.readKey, row.type);
+            // A value that does not convert leaves what is there; only a missing one takes the default.
+            const std::optional<Value> own =
+                converted(stored ? *stored : resolved(row.readDefault, *this), row.type);
+            if (own) row.load(*this, *own);
+        });
+    }
+    attempt([&] { loaded(); });
+    loading_ = false;
+    attempt([&] { resize(); });
+}
+
+void Control::save(PropertyBag& bag) const {
+    for (const PersistedValue& row : table().persisted) {
+        if (!row.get) continue;
+        attempt([&] {
+            Value value;
+            row.get(*this, value);
+            const std::optional<Value> usual = converted(resolved(row.writeDefault, *this), row.type);
+            if (!usual || !equal(value, *usual))
+                bag.write(row.writeKey, converted(value, row.storedAs).value_or(value));
+        });
+    }
+}
+
+void Control::ambientFontChanged() {
+    attempt([&] { useAmbientFont(ambientFont()); });
+}
+
+void Control::setSize(Twips width, Twips height) {
+    width_ = std::max(width, Twips{0});
+    height_ = std::max(height, Twips{0});
+    root_.move({{0}, {0}, width_, height_});
+    attempt([&] { resize(); });
+}
+
+bool Control::activate(NativeWindow parent, const PixelRect& bounds) {
+    if (SurfacePeer* parked = surface_.peer()) {
+        parked->setParent(parent);
+        root_.placed();
+    } else if (!surface_.open({SurfacePlacement::Kind::control, parent, bounds})) {
+        return false;
+    }
+    active_ = true;
+    setBounds(bounds);
+    if (SurfacePeer* peer = surface_.peer()) peer->setVisible(true);
+    return active_;
+}
+
+void Control::deactivate() {
+    active_ = false;
+    surface_.close();
+}
+
+void Control::setBounds(const PixelRect& bounds) {
+    if (!active_) return;
+    surface_.peer()->setBounds(bounds);
+    setSize(surface_.dpi().toTwips(bounds.width()), surface_.dpi().toTwips(bounds.height()));
+}
+
+NativeWindow Control::window() {
+    if (!surface_.peer()) surface_.open({SurfacePlacement::Kind::parked, 0, root_.pixelBounds()});
+    return surface_.peer() ? surface_.peer()->window() : 0;
+}
+
+bool Control::focus() {
+    return root_.takeFocus();
+}
+
+bool Control::hasFocus() const {
+    return surface_.peer() && surface_.peer()->hasFocus();
+}
+
+void Control::draw(Canvas& canvas, const PixelRect& bounds) {
+    root_.paint(canvas, bounds);
+}
+
+FontRef Control::ambientFont() const {
+    // A copy: a host that then changes the control's font does not mean its own.
+    if (const FontRef font = host_ ? host_->ambientFont() : nullptr)
+        return std::make_shared<SharedFont>(font->description());
+    return std::make_shared<SharedFont>(platform().appearance().dialogFont());
+}
+
+void Control::requestSize(Twips width, Twips height) {
+    if (host_) host_->requestSize(width, height);
+}
+
+KeyRoute Control::route(const KeyEvent& event) {
+    switch (event.code) {
+        case key::tab:
+        case key::enter:
+        case key::escape:
+            return KeyRoute::container;
+        default:
+            return hasFocus() ? KeyRoute::child : KeyRoute::container;
+    }
+}
+
+AccessibleItem Control::describeSurface() const {
+    return {AccessibleItem::Role::client, table().name, {}, root_.pixelBounds(), true, false};
+}
+
+void Control::propertyChanged(const void* token) {
+    const Member* property = table().memberByToken(token);
+    if (host_ && !loading_ && property)
+        host_->propertyChanged(table().notifiedProperty(table().notificationName(*property)));
+}
+
+bool Control::offerToContainer(const KeyEvent& event) {
+    return host_ && host_->offerKey(event);
+}
+
+void Control::focusEntered() {
+    attempt([&] { enterFocus(); });
+    if (host_) host_->focusChanged(true);
+}
+
+void Control::focusLeft() {
+    attempt([&] { exitFocus(); });
+    if (host_) host_->focusChanged(false);
+}
+
+void Control::surfaceChanged() {
+    attempt([&] { appearanceChanged(); });
+    root_.placed();
+    root_.invalidate();
+}
+
+}  // namespace obk

@@ -1,0 +1,111 @@
+// The control frame: what every control shares, from its creation to its last event.
+#pragma once
+
+#include "base/event.h"
+#include "framework/control_host.h"
+#include "framework/control_table.h"
+#include "framework/member_token.h"
+#include "widgets/surface.h"
+#include "widgets/widget.h"
+
+#include <memory>
+
+namespace obk {
+
+// A control surface with its child widgets. Works from the moment it is created, with or without a host, with
+// or without a window. Held by shared_ptr; created through its table.
+class Control : public std::enable_shared_from_this<Control>, private SurfaceOwner {
+public:
+    Control(const Control&) = delete;
+    Control& operator=(const Control&) = delete;
+    virtual ~Control();
+
+    virtual const ControlTable& table() const = 0;
+
+    // Lifecycle, driven by the container: created, then placed afresh or loaded, sized, used, saved.
+    void setHost(ControlHost* host) { host_ = host; }  // borrowed; null without a container
+    void initNew();
+    void load(PropertyBag& bag);
+    void save(PropertyBag& bag) const;
+    // The container has another font now; a control that still shows the old one takes it.
+    void ambientFontChanged();
+
+    // Size of the surface; every setting lays the children out again. Some controls keep a size of their own
+    // and answer a wish with `ControlHost::requestSize`.
+    void setSize(Twips width, Twips height);
+    Twips width() const { return width_; }
+    Twips height() const { return height_; }
+
+    // In place: a window of its own inside `parent`, at `bounds` in its pixels. Whether it could be made.
+    bool activate(NativeWindow parent, const PixelRect& bounds);
+    void deactivate();
+    bool active() const { return active_; }
+    void setBounds(const PixelRect& bounds);  // while active; pixels of the parent
+    // The control's window; made, invisible, when a host asks before activation. 0 when the system refuses.
+    NativeWindow window();
+    KeyRoute preTranslate(const KeyEvent& event) { return route(event); }
+    // Gives the keyboard to the control's first child that takes it. Whether one did.
+    bool focus();
+    bool hasFocus() const;
+    // Paints the whole control into `bounds`, with or without a window.
+    void draw(Canvas& canvas, const PixelRect& bounds);
+
+    Platform& platform() const { return root_.platform(); }
+    Container& root() { return root_; }
+    const Container& root() const { return root_; }
+    // A copy of the container's font, or the system's dialog font where there is none.
+    FontRef ambientFont() const;
+
+protected:
+    explicit Control(Platform& platform);
+
+    // Once, after construction.
+    virtual void initialize() {}
+    // A fresh placement, as opposed to a loaded one.
+    virtual void initProperties() {}
+    virtual void loaded() {}  // after the last persisted value
+    // Lays the children out from width() and height(); cheap, and the same however often it runs.
+    virtual void resize() = 0;
+    virtual void enterFocus() {}
+    virtual void exitFocus() {}  // the focus left the control, its children and its panels
+    virtual void useAmbientFont(const FontRef&) {}
+    virtual void appearanceChanged() { resize(); }
+
+    // Tells the container that a persisted value changed; silent while loading. `Getter` is the property's
+    // getter.
+    template <auto Getter>
+    void PropertyChanged() {
+        propertyChanged(memberToken<Getter>());
+    }
+    // Asks the container for another size.
+    void requestSize(Twips width, Twips height);
+
+    // By default the focused child gets the keys, but those that move through a dialog.
+    KeyRoute route(const KeyEvent& event) override;
+    AccessibleItem describeSurface() const override;
+
+private:
+    friend class ControlFactory;
+    void propertyChanged(const void* token);
+    bool offerToContainer(const KeyEvent& event) override;
+    void focusEntered() override;
+    void focusLeft() override;
+    void surfaceCaptureLost() override {}
+    void surfaceChanged() override;
+
+    Container root_;
+    Surface surface_;
+    ControlHost* host_ = nullptr;
+    Twips width_{4800}, height_{3600};
+    bool active_ = false;
+    bool loading_ = false;
+    std::vector<Connection> eventConnections_;
+};
+
+// Ends the creation of a control once its own class is complete.
+class ControlFactory {
+public:
+    static void start(Control& control);
+};
+
+}  // namespace obk

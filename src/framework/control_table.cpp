@@ -1,0 +1,134 @@
+#include "framework/control_table.h"
+
+#include "base/attempt.h"
+#include "framework/control.h"
+
+#include <algorithm>
+#include <bit>
+
+namespace obk {
+
+namespace {
+
+uint32_t nameHash(TextView name) {
+    uint32_t hash = 2166136261u;
+    for (const char16_t unit : name) hash = (hash ^ upperAscii(unit)) * 16777619u;
+    return hash;
+}
+
+const Member* byNumber(const std::vector<Member>& members, int32_t number) {
+    // Tables number without gaps, so the place is nearly always known.
+    const auto place = static_cast<size_t>(static_cast<int64_t>(number) - 1);
+    if (place < members.size() && members[place].number == number) return &members[place];
+    const auto found = std::find_if(members.begin(), members.end(),
+                                    [number](const Member& member) { return member.number == number; });
+    return found == members.end() ? nullptr : &*found;
+}
+
+}  // namespace
+
+const Member* ControlTable::member(int32_t number) const {
+    return byNumber(members, number);
+}
+
+const Member* ControlTable::event(int32_t number) const {
+    return byNumber(events, number);
+}
+
+const Member* ControlTable::member(TextView memberName) const {
+    if (names_.empty()) return nullptr;
+    const uint32_t hash = nameHash(memberName);
+    const size_t mask = names_.size() - 1;
+    for (size_t at = hash & mask; names_[at].position != 0; at = (at + 1) & mask) {
+        const Member& candidate = members[names_[at].position - 1];
+        if (names_[at].hash == hash && equalIgnoringCase(candidate.name, memberName)) return &candidate;
+    }
+    return nullptr;
+}
+
+const Member* ControlTable::memberByToken(const void* token) const {
+    const auto found = std::find_if(members.begin(), members.end(),
+                                    [token](const Member& member) { return member.token == token; });
+    return found == members.end() ? nullptr : &*found;
+}
+
+const Member* ControlTable::notifiedProperty(TextView persistedName) const {
+    if (const Member* named = member(persistedName); named && named->kind == MemberKind::property)
+        return named;
+    return nullptr;
+}
+
+const Text& ControlTable::notificationName(const Member& property) const {
+    for (const NotificationOverride& entry : overrides_) {
+        if (entry.number == property.number) return entry.name;
+    }
+    for (const PersistedValue& value : persisted) {
+        if (value.property == &property) return value.writeKey;
+    }
+    return property.name;
+}
+
+void ControlTable::overrideNotification(int32_t number, Text persistedName) {
+    overrides_.push_back({number, std::move(persistedName)});
+}
+
+void ControlTable::complete() {
+    const auto ascending = [](const Member& left, const Member& right) { return left.number < right.number; };
+    std::sort(members.begin(), members.end(), ascending);
+    std::sort(events.begin(), events.end(), ascending);
+    names_.assign(std::bit_ceil(members.size() * 2 + 1), {0, 0});
+    const size_t mask = names_.size() - 1;
+    for (size_t position = 0; position < members.size(); ++position) {
+        const uint32_t hash = nameHash(members[position].name);
+        size_t at = hash & mask;
+        while (names_[at].position != 0) at = (at + 1) & mask;
+        names_[at] = {hash, static_cast<uint32_t>(position + 1)};
+    }
+}
+
+CallStatus getProperty(Control& control, const Member& member, Value& value) {
+    if (!member.get) return CallStatus::noSuchMember;
+    attempt([&] { member.get(control, value); });
+    return CallStatus::done;
+}
+
+CallStatus putProperty(Control& control, const Member& member, const Value& value) {
+    if (!member.put) return CallStatus::noSuchMember;
+    if (typeOf(value) == member.type) {
+        attempt([&] { member.put(control, value); });
+        return CallStatus::done;
+    }
+    std::optional<Value> own;
+    attempt([&] { own = converted(value, member.type); });
+    if (!own) return CallStatus::wrongArgumentType;
+    attempt([&] { member.put(control, *own); });
+    return CallStatus::done;
+}
+
+CallStatus callMethod(Control& control, const Member& member, std::span<Value> arguments, Value& result) {
+    if (!member.call) return CallStatus::noSuchMember;
+    if (arguments.size() != member.parameters.size()) return CallStatus::wrongArgumentCount;
+    CallStatus status = CallStatus::done;
+    attempt([&] {
+        for (size_t at = 0; at < arguments.size(); ++at) {
+            std::optional<Value> own = converted(arguments[at], member.parameters[at].type);
+            if (!own) {
+                status = CallStatus::wrongArgumentType;
+                return;
+            }
+            arguments[at] = std::move(*own);
+        }
+        result = *converted(Value(), member.type);  // what a failing call answers
+        member.call(control, arguments, result);
+    });
+    return status;
+}
+
+const ControlTable* Library::control(TextView controlName) const {
+    const auto found = std::find_if(
+        controls.begin(), controls.end(),
+        [controlName](const ControlTable* table) { return equalIgnoringCase(table->name, controlName); });
+    return found == controls.end() ? nullptr : *found;
+}
+
+}  // namespace obk
