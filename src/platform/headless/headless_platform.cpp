@@ -1,0 +1,215 @@
+#include "platform/headless/headless_platform.h"
+
+#include "platform/headless/headless_windows.h"
+
+#include <algorithm>
+
+namespace obk::headless {
+
+namespace {
+
+int16_t keyOf(char16_t character) {
+    if ((character >= u'0' && character <= u'9') || (character >= u'A' && character <= u'Z'))
+        return static_cast<int16_t>(character);
+    if (character >= u'a' && character <= u'z') return static_cast<int16_t>(character - u'a' + u'A');
+    switch (character) {
+        case u'.':
+            return 190;
+        case u',':
+            return 188;
+        case u'-':
+            return 189;
+        case key::backspace:
+        case key::tab:
+        case key::enter:
+        case key::escape:
+        case key::space:
+            return static_cast<int16_t>(character);
+        default:
+            return 231;  // a packet key: some input method's character
+    }
+}
+
+// The character that a key of a US keyboard makes; 0 for none.
+char16_t characterOf(int16_t code, int16_t state) {
+    if (state == shift::control && code >= 'A' && code <= 'Z') return static_cast<char16_t>(code - 'A' + 1);
+    if ((state & (shift::control | shift::alt)) != 0) return 0;
+    if (code >= 'A' && code <= 'Z')
+        return static_cast<char16_t>((state & shift::shift) != 0 ? code : code - 'A' + 'a');
+    if ((code >= '0' && code <= '9' && state == 0) || code == key::backspace || code == key::tab ||
+        code == key::enter || code == key::escape || code == key::space)
+        return static_cast<char16_t>(code);
+    switch (code) {
+        case 190:
+            return u'.';
+        case 188:
+            return u',';
+        case 189:
+            return u'-';
+        default:
+            return 0;
+    }
+}
+
+}  // namespace
+
+std::unique_ptr<TimerPeer> HeadlessPlatform::createTimer(KeepAlive keepAlive, std::function<void()> tick) {
+    return std::make_unique<HeadlessTimer>(*this, std::move(keepAlive), std::move(tick));
+}
+
+std::unique_ptr<SurfacePeer> HeadlessPlatform::createSurface(SurfaceClient& client,
+                                                             const SurfacePlacement& placement) {
+    if (refusesWindows_) return nullptr;
+    return std::make_unique<HeadlessSurface>(*this, client, placement);
+}
+
+void HeadlessPlatform::pressKey(int16_t code, int16_t shift) {
+    HeadlessWindow* window = find(focus_);
+    if (!window) return;
+    const NativeWindow id = focus_;
+    PeerClient& client = window->client();
+    const auto alive = client.keepAlive();
+    KeyEvent event{code, shift, false};
+    const KeyRoute route = client.preTranslate(event);
+    if (route == KeyRoute::handled || (route == KeyRoute::container && client.offerToContainer(event)))
+        return;
+    if (!find(id)) return;
+    client.keyDown(event);
+    if (event.code != 0 && find(id) == window) {
+        window->keyEffect(event);
+        if (const char16_t character = characterOf(code, shift); character != 0 && focus_ == id) {
+            const auto kept = static_cast<char16_t>(client.keyPress(static_cast<int16_t>(character)));
+            if (kept != 0 && find(id) == window) window->characterEffect(kept);
+        }
+    }
+    // The release goes to whoever has the focus by then.
+    if (HeadlessWindow* last = find(focus_)) {
+        const auto lastAlive = last->client().keepAlive();
+        KeyEvent release{code, shift, false};
+        last->client().keyUp(release);
+    }
+}
+
+void HeadlessPlatform::type(TextView text) {
+    for (const char16_t character : text) {
+        const int16_t code = keyOf(character);
+        const auto state = static_cast<int16_t>(character >= u'A' && character <= u'Z' ? shift::shift : 0);
+        if (characterOf(code, state) == character) {
+            pressKey(code, state);
+            continue;
+        }
+        HeadlessWindow* window = find(focus_);
+        if (!window) return;
+        const auto alive = window->client().keepAlive();
+        const NativeWindow id = focus_;
+        const auto kept = static_cast<char16_t>(window->client().keyPress(static_cast<int16_t>(character)));
+        if (kept != 0 && find(id) == window) window->characterEffect(kept);
+    }
+}
+
+void HeadlessPlatform::mouse(NativeWindow surfaceWindow, const MouseEvent& event) {
+    HeadlessSurface* target = surface(surfaceWindow);
+    if (!target) return;
+    MouseEvent own = event;
+    if (HeadlessSurface* holder = surface(capture_); holder && holder != target) {
+        const PixelPoint screen = target->toScreen(event.at);
+        const PixelPoint origin = holder->toScreen({0, 0});
+        own.at = {screen.x - origin.x, screen.y - origin.y};
+        target = holder;
+    }
+    HeadlessWindow* child = target->hasCapture() ? nullptr : target->childAt(own.at);
+    const auto alive = target->client().keepAlive();
+    if (!child) {
+        target->client().mouse(own);
+        return;
+    }
+    const NativeWindow id = child->id();
+    own.at = {own.at.x - child->bounds().left, own.at.y - child->bounds().top};
+    child->client().mouse(own);
+    // A press brings the focus after it has been reported, as an edit window does.
+    if (own.kind == MouseEvent::Kind::down && own.button == button::left && find(id) && child->canTakeFocus())
+        setFocus(id);
+}
+
+void HeadlessPlatform::click(NativeWindow surfaceWindow, PixelPoint at, int16_t mouseButton) {
+    mouse(surfaceWindow, {MouseEvent::Kind::move, 0, 0, at});
+    mouse(surfaceWindow, {MouseEvent::Kind::down, mouseButton, 0, at});
+    mouse(surfaceWindow, {MouseEvent::Kind::up, mouseButton, 0, at});
+}
+
+void HeadlessPlatform::wheel(NativeWindow surfaceWindow, const WheelEvent& event) {
+    HeadlessSurface* target = surface(surfaceWindow);
+    if (!target) return;
+    const auto alive = target->client().keepAlive();
+    HeadlessWindow* child = target->childAt(event.at);
+    WheelEvent own = event;
+    if (child) own.at = {own.at.x - child->bounds().left, own.at.y - child->bounds().top};
+    if (child && child->client().wheel(own)) return;
+    target->client().wheel(event);
+}
+
+void HeadlessPlatform::setFocus(NativeWindow window) {
+    if (window == focus_) return;
+    HeadlessWindow* losing = find(focus_);
+    focus_ = window;
+    if (losing) {
+        if (const auto alive = losing->client().keepAlive()) losing->client().focusLost();
+    }
+    HeadlessWindow* gaining = find(window);
+    if (gaining && focus_ == window) {
+        if (const auto alive = gaining->client().keepAlive()) gaining->client().focusGained();
+    }
+}
+
+void HeadlessPlatform::stealCapture() {
+    takeCapture(0);
+}
+
+void HeadlessPlatform::takeCapture(NativeWindow window) {
+    HeadlessSurface* loser = surface(capture_);
+    capture_ = window;
+    if (loser && loser->id() != window) {
+        if (const auto alive = loser->client().keepAlive()) loser->surfaceClient().captureLost();
+    }
+}
+
+void HeadlessPlatform::advance(std::chrono::milliseconds time) {
+    while (true) {
+        HeadlessTimer* next = nullptr;
+        for (HeadlessTimer* timer : timers_) {
+            if (timer->running() && (!next || timer->left() < next->left())) next = timer;
+        }
+        const auto step = next ? std::min(next->left(), time) : time;
+        for (HeadlessTimer* timer : timers_) timer->pass(step);
+        clock_.advance(step);
+        time -= step;
+        if (!next || next->left().count() > 0) return;
+        next->tick();
+    }
+}
+
+HeadlessSurface* HeadlessPlatform::surface(NativeWindow window) const {
+    return dynamic_cast<HeadlessSurface*>(find(window));
+}
+
+void HeadlessPlatform::setDpi(NativeWindow window, Dpi dpi) {
+    if (HeadlessSurface* target = surface(window)) target->setDpi(dpi);
+}
+
+NativeWindow HeadlessPlatform::add(HeadlessWindow& window) {
+    const NativeWindow id = nextWindow_++;
+    windows_[id] = &window;
+    return id;
+}
+
+void HeadlessPlatform::remove(HeadlessWindow& window) {
+    windows_.erase(window.id());
+    if (focus_ == window.id()) focus_ = 0;
+}
+
+HeadlessWindow* HeadlessPlatform::find(NativeWindow window) const {
+    const auto found = windows_.find(window);
+    return found == windows_.end() ? nullptr : found->second;
+}
+
+}  // namespace obk::headless

@@ -1,0 +1,80 @@
+// A window system in memory: a peer of the real one, driven by the keys, presses and time that a test makes.
+#pragma once
+
+#include "platform/headless/headless_machine.h"
+#include "widgets/peers.h"
+#include "widgets/platform.h"
+
+#include <map>
+#include <vector>
+
+namespace obk::headless {
+
+class HeadlessWindow;
+class HeadlessSurface;
+class HeadlessTimer;
+
+class HeadlessPlatform : public Platform {
+public:
+    HeadlessPlatform() = default;
+    HeadlessPlatform(const HeadlessPlatform&) = delete;
+    HeadlessPlatform& operator=(const HeadlessPlatform&) = delete;
+
+    ManualClock& clock() override { return clock_; }
+    MemoryRegistry& registry() override { return registry_; }
+    FixedAppearance& appearance() override { return appearance_; }
+    std::unique_ptr<TimerPeer> createTimer(KeepAlive keepAlive, std::function<void()> tick) override;
+    std::unique_ptr<SurfacePeer> createSurface(SurfaceClient& client,
+                                               const SurfacePlacement& placement) override;
+
+    // What a person does. Keys go to the focused window; characters too, each with its key going down and up.
+    void pressKey(int16_t code, int16_t shift = 0);
+    void type(TextView text);
+    // A mouse event at a point of a surface's client area: whoever has the capture gets it, else a child
+    // there.
+    void mouse(NativeWindow surface, const MouseEvent& event);
+    void click(NativeWindow surface, PixelPoint at, int16_t button = button::left);
+    void wheel(NativeWindow surface, const WheelEvent& event);
+    // Gives the focus to a window, or with 0 to another application.
+    void setFocus(NativeWindow window);
+    // Another window takes the capture.
+    void stealCapture();
+    // Time passes; timers tick in their order.
+    void advance(std::chrono::milliseconds time);
+    // Lets a surface paint, at once; what it draws and what was invalid are in its record.
+    HeadlessSurface* surface(NativeWindow window) const;
+    void setDpi(NativeWindow surface, Dpi dpi);
+
+    NativeWindow focus() const { return focus_; }
+    NativeWindow capture() const { return capture_; }
+    size_t windowCount() const { return windows_.size(); }
+    size_t timerCount() const { return timers_.size(); }
+    const Text& clipboard() const { return clipboard_; }
+    void setClipboard(Text text) { clipboard_ = std::move(text); }
+    // The next windows are refused, as by a system without resources.
+    void refuseWindows(bool refuse) { refusesWindows_ = refuse; }
+
+private:
+    friend class HeadlessWindow;
+    friend class HeadlessSurface;
+    friend class HeadlessTextBox;
+    friend class HeadlessTimer;
+
+    NativeWindow add(HeadlessWindow& window);
+    void remove(HeadlessWindow& window);
+    HeadlessWindow* find(NativeWindow window) const;
+    void takeCapture(NativeWindow window);
+
+    ManualClock clock_;
+    MemoryRegistry registry_;
+    FixedAppearance appearance_;
+    std::map<NativeWindow, HeadlessWindow*> windows_;
+    std::vector<HeadlessTimer*> timers_;
+    NativeWindow nextWindow_ = 1;
+    NativeWindow focus_ = 0;
+    NativeWindow capture_ = 0;
+    Text clipboard_;
+    bool refusesWindows_ = false;
+};
+
+}  // namespace obk::headless

@@ -1,0 +1,155 @@
+// The windows of the headless platform.
+#pragma once
+
+#include "platform/headless/headless_platform.h"
+#include "platform/headless/recording_canvas.h"
+#include "widgets/peers.h"
+
+#include <vector>
+
+namespace obk::headless {
+
+// What a surface and its children have in common. The first client call that finds the window gone ends it
+// there.
+class HeadlessWindow {
+public:
+    HeadlessWindow(HeadlessPlatform& platform, PeerClient& client, HeadlessSurface* parent);
+    HeadlessWindow(const HeadlessWindow&) = delete;
+    HeadlessWindow& operator=(const HeadlessWindow&) = delete;
+    virtual ~HeadlessWindow();
+
+    NativeWindow id() const { return id_; }
+    HeadlessSurface* parent() const { return parent_; }
+    PeerClient& client() const { return client_; }
+    bool canTakeFocus() const;
+    bool contains(NativeWindow window) const;  // itself or a child of it
+    const PixelRect& bounds() const { return bounds_; }
+    const PixelRect& clip() const { return clip_; }
+    bool visible() const { return visible_; }
+    bool enabled() const { return enabled_; }
+
+    // What the window itself does with a key or character that its client let through.
+    virtual void keyEffect(const KeyEvent&) {}
+    virtual void characterEffect(char16_t) {}
+
+protected:
+    HeadlessPlatform& platform_;
+    PeerClient& client_;
+    HeadlessSurface* parent_;
+    NativeWindow id_;
+    PixelRect bounds_;
+    PixelRect clip_;
+    bool visible_ = true;
+    bool enabled_ = true;
+};
+
+class HeadlessSurface : public SurfacePeer, public HeadlessWindow {
+public:
+    HeadlessSurface(HeadlessPlatform& platform, SurfaceClient& client, const SurfacePlacement& placement);
+    ~HeadlessSurface() override;
+
+    NativeWindow window() const override { return id(); }
+    Dpi dpi() const override { return dpi_; }
+    void setParent(NativeWindow) override { kind_ = SurfacePlacement::Kind::control; }
+    void setBounds(const PixelRect& bounds) override { bounds_ = clip_ = bounds; }
+    void setVisible(bool visible) override;
+    void setEnabled(bool enabled) override { enabled_ = enabled; }
+    void invalidate(const PixelRect& rect) override;
+    void update() override { paint(); }
+    void scroll(const PixelRect& rect, int32_t, int32_t) override { invalidate(rect); }
+    void capture() override { platform_.takeCapture(id()); }
+    void releaseCapture() override;
+    bool hasCapture() const override { return platform_.capture() == id(); }
+    void focus() override;
+    bool hasFocus() const override { return contains(platform_.focus()); }
+    void setCursor(Cursor cursor) override { cursor_ = cursor; }
+    void setToolTip(const PixelRect&, TextView text) override { toolTip_ = text; }
+    PixelPoint toScreen(PixelPoint point) const override {
+        return {point.x + bounds_.left, point.y + bounds_.top};
+    }
+    PixelRect workArea() const override { return {0, 0, 1280, 800}; }
+    std::unique_ptr<TextBoxPeer> createTextBox(TextBoxClient& client) override;
+
+    // For tests: paints what is invalid and answers what was drawn.
+    RecordingCanvas paint();
+    const PixelRect& invalid() const { return invalid_; }
+    SurfaceClient& surfaceClient() const { return surfaceClient_; }
+    SurfacePlacement::Kind kind() const { return kind_; }
+    void setDpi(Dpi dpi);
+    HeadlessWindow* childAt(PixelPoint point) const;
+    void addChild(HeadlessWindow& child) { children_.push_back(&child); }
+    void removeChild(HeadlessWindow& child) { std::erase(children_, &child); }
+    const Text& toolTip() const { return toolTip_; }
+    Cursor cursor() const { return cursor_; }
+
+private:
+    SurfaceClient& surfaceClient_;
+    SurfacePlacement::Kind kind_;
+    Dpi dpi_;
+    PixelRect invalid_;
+    std::vector<HeadlessWindow*> children_;
+    Text toolTip_;
+    Cursor cursor_ = Cursor::arrow;
+};
+
+class HeadlessTextBox : public TextBoxPeer, public HeadlessWindow {
+public:
+    HeadlessTextBox(HeadlessPlatform& platform, TextBoxClient& client, HeadlessSurface& parent);
+    ~HeadlessTextBox() override;
+
+    NativeWindow window() const override { return id(); }
+    void setBounds(const PixelRect& bounds, const PixelRect& clip) override;
+    void setVisible(bool visible) override;
+    void setEnabled(bool enabled) override;
+    void setFont(const FontDescription&) override {}
+    void setColours(Rgb, Rgb) override {}
+    void setAccessibleName(TextView) override {}
+    void focus() override;
+    bool hasFocus() const override { return platform_.focus() == id(); }
+    void setText(TextView text) override;
+    void setSelection(TextSelection selection) override;
+    TextSelection selection() const override { return selection_; }
+    void setAlignment(HorizontalAlignment) override {}
+    void setMaxLength(int32_t length) override { maxLength_ = length; }
+    void setReadOnly(bool readOnly) override { readOnly_ = readOnly; }
+    void perform(EditCommand command) override;
+
+    void keyEffect(const KeyEvent& event) override;
+    void characterEffect(char16_t character) override;
+
+private:
+    void replaceSelection(TextView text);
+    void report();
+
+    TextBoxClient& textClient_;
+    Text text_;
+    Text undoText_;
+    TextSelection selection_;
+    int32_t maxLength_ = 0;
+    bool readOnly_ = false;
+};
+
+class HeadlessTimer : public TimerPeer {
+public:
+    HeadlessTimer(HeadlessPlatform& platform, KeepAlive keepAlive, std::function<void()> tick);
+    ~HeadlessTimer() override;
+
+    void start(std::chrono::milliseconds interval) override;
+    void stop() override { running_ = false; }
+
+    bool running() const { return running_; }
+    std::chrono::milliseconds left() const { return left_; }
+    void pass(std::chrono::milliseconds time) { left_ -= time; }
+    // Calls back and begins the next period; may destroy the timer.
+    void tick();
+
+private:
+    HeadlessPlatform& platform_;
+    KeepAlive keepAlive_;
+    std::function<void()> tick_;
+    std::chrono::milliseconds interval_{1};
+    std::chrono::milliseconds left_{1};
+    bool running_ = false;
+};
+
+}  // namespace obk::headless
