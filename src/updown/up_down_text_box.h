@@ -1,0 +1,105 @@
+// A numeric text box with a spinner: typing is filtered, keys and buttons step, the value is held in its
+// range.
+#pragma once
+
+#include "framework/control.h"
+#include "updown/numeric_entry.h"
+#include "widgets/decoration.h"
+#include "widgets/spinner.h"
+#include "widgets/text_box.h"
+
+namespace obk {
+
+class UpDownTextBox final : public Control {
+public:
+    explicit UpDownTextBox(Platform& platform);
+
+    static const ControlTable& memberTable();
+    const ControlTable& table() const override { return memberTable(); }
+
+    // Properties. What a child holds is read from it and written to it; units, ranges and keys stand in the
+    // table.
+    int32_t Alignment() const { return txtUPDOWN.alignment(); }
+    void SetAlignment(int32_t Alignment);
+    bool AllowArrowKeys() const { return udnCTRL.AllowArrowKeys; }
+    void SetAllowArrowKeys(bool AllowArrowKeys);
+    bool AllowDecpoint() const { return allowDecpoint_; }
+    void SetAllowDecpoint(bool AllowDecpoint);
+    OleColour BackColor() const { return txtUPDOWN.backColour(); }
+    void SetBackColor(OleColour BackColor);
+    int32_t BorderStyle() const { return txtBORDER.borderStyle(); }
+    void SetBorderStyle(int32_t BorderStyle);
+    int32_t BuddyAlignment() const { return udnCTRL.buddyAlignment(); }
+    void SetBuddyAlignment(int32_t BuddyAlignment);
+    bool Enabled() const { return udnCTRL.enabled(); }
+    void SetEnabled(bool Enabled);
+    FontRef Font() const { return txtUPDOWN.font(); }
+    void SetFont(const FontRef& Font);
+    OleColour ForeColor() const { return txtUPDOWN.foreColour(); }
+    void SetForeColor(OleColour ForeColor);
+    double Interval() const { return interval_; }
+    void SetInterval(double Interval);
+    int32_t Max() const { return udnCTRL.Max; }
+    void SetMax(int32_t Max);
+    int32_t MaxLength() const { return txtUPDOWN.maxLength(); }
+    void SetMaxLength(int32_t MaxLength);
+    int32_t Min() const { return udnCTRL.Min; }
+    void SetMin(int32_t Min);
+    bool SyncBuddy() const { return udnCTRL.SyncBuddy; }
+    void SetSyncBuddy(bool SyncBuddy);
+    obk::Text Text() const { return txtUPDOWN.text(); }
+    void SetText(const obk::Text& Text);
+    bool ThousandsSeparator() const { return udnCTRL.ThousandsSeparator; }
+    void SetThousandsSeparator(bool ThousandsSeparator);
+
+    // Methods.
+    int32_t DecimalpointCheck(const obk::Text& Number);
+    uint8_t KeyLock(int32_t KeyAscii, bool Extra_Check, obk::Text& Extra_sText);
+    void Refresh();
+    void RefreshFont();
+    int32_t ShiftColor(int32_t Color, int32_t amount, bool IsXP);
+
+    // Events.
+    Event<> Change, Click, DblClick;
+    Event<> DownClick, UpClick;  // before an increasing, before a decreasing step: the pairing is meant
+    Event<int16_t&, int16_t&> KeyDown, KeyUp;                                 // KeyCode, Shift
+    Event<int16_t&> KeyPress;                                                 // KeyAscii
+    Event<int16_t&, int16_t&, float&, float&> MouseDown, MouseMove, MouseUp;  // Button, Shift, X, Y in twips
+
+private:
+    void initialize() override;
+    void loaded() override;
+    void resize() override;
+    void enterFocus() override { txtBORDER.setFocused(true); }
+    void exitFocus() override;
+    void useAmbientFont(const FontRef& font) override;
+
+    void connectChildren();
+    void keyDown(KeyEvent& event);
+    void stepUp();
+    void stepDown();
+    void showStepped(double amount);
+    void checkRange(numeric_entry::Pattern pattern);
+    void applyBackColour(OleColour colour);
+    void enableChildren(bool enabled);
+    void loadEnabled(bool enabled) { udnCTRL.setEnabled(enabled); }
+    void loadFont(const FontRef& font);
+    numeric_entry::Pattern pattern() const;
+    void raiseMouse(const Event<int16_t&, int16_t&, float&, float&>& event, const MouseEvent& mouse);
+
+    Frame txtBORDER;
+    Container picfraBOX;
+    Label lblBACK;
+    Spinner udnCTRL;
+    TextBox txtUPDOWN;
+    ReferenceCombo cboHEIGHT;
+
+    // A freshly placed control does not step until a host sets an interval; only loading brings the usual
+    // one.
+    double interval_ = 0;
+    bool allowDecpoint_ = false;
+    FontRef fontFromAmbient_;  // while it is the one shown, the container's changes are followed
+    std::vector<Connection> connections_;
+};
+
+}  // namespace obk
