@@ -1,0 +1,22 @@
+#include "library/library.h"
+
+#include "pagetab/lns.h"
+#include "palette/button_arrow.h"
+#include "updown/up_down_text_box.h"
+
+namespace obk {
+
+const Library& library() {
+    static const Library library{
+        u"OBKCTRLS",
+        u"Orbek Controls",
+        {0xd62de28a, 0x98b2, 0x4069, {0xbc, 0x98, 0xf5, 0xf9, 0xca, 0x96, 0x61, 0xc2}},
+        1,
+        0,
+        {&UpDownTextBox::memberTable(), &ButtonArrow::memberTable(), &lns::memberTable()},
+        {},
+    };
+    return library;
+}
+
+}  // namespace obk
