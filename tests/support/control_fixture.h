@@ -1,0 +1,63 @@
+// A control on the headless platform with a host that keeps a journal of what it was told.
+#pragma once
+
+#include "framework/control.h"
+#include "framework/control_table.h"
+#include "platform/headless/headless_platform.h"
+#include "platform/headless/headless_windows.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace obk::test {
+
+using Journal = std::vector<std::string>;
+
+class JournalHost : public ControlHost {
+public:
+    void raise(const Member& event, std::span<Value> arguments) override;
+    void propertyChanged(const Member* property) override;
+    FontRef ambientFont() override { return font; }
+    void requestSize(Twips width, Twips height) override;
+    void focusChanged(bool inside) override { journal.push_back(inside ? "focus in" : "focus out"); }
+    bool offerKey(const KeyEvent& event) override;
+    void viewChanged() override {}
+
+    // What was told since the last look, one line each: "KeyDown 38 0", "changed Max".
+    Journal take() { return std::exchange(journal, {}); }
+    // Only the events.
+    Journal takeEvents();
+
+    Journal journal;
+    FontRef font;
+    bool takesKeys = false;
+    // Runs inside an event, by its name; may change the arguments, call the control, or let go of it.
+    std::map<std::string, std::function<void(std::span<Value>)>> on;
+    std::function<void(Twips, Twips)> onRequestSize;
+};
+
+// One control of a type, with or without a window.
+class ControlFixture : public ::testing::Test {
+protected:
+    // The last one lets the headless platform outlive the control.
+    void place(const ControlTable& table);
+    void activate(const PixelRect& bounds = {0, 0, 81, 21});
+    // The host lets go of the control, as in a final release.
+    void release();
+
+    Value get(TextView name);
+    CallStatus put(TextView name, const Value& value);
+    Value call(TextView name, std::vector<Value> arguments = {});
+    std::string text(TextView name) { return toUtf8(toText(get(name)).value_or(u"?")); }
+
+    headless::HeadlessPlatform platform;
+    JournalHost host;
+    std::shared_ptr<Control> control;
+};
+
+} // namespace obk::test
