@@ -113,6 +113,10 @@ FormSection& FormText::add(std::wstring_view name, std::wstring_view className) 
     return *place;
 }
 
+void FormText::remove(std::wstring_view name) {
+    std::erase_if(sections_, [&](const FormSection& section) { return sameName(section.name, name); });
+}
+
 std::wstring FormText::write() const {
     std::wstring text;
     for (const FormSection& section : sections_) {

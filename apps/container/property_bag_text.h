@@ -73,6 +73,8 @@ public:
     /// Adds an empty section, or empties the one of that name.
     FormSection& add(std::wstring_view name, std::wstring_view className);
 
+    void remove(std::wstring_view name);
+
     std::wstring write() const;
     static FormText read(std::wstring_view text, std::vector<TextProblem>& problems);
 

@@ -1,0 +1,414 @@
+#include "gallery_window.h"
+
+#include <commdlg.h>
+
+#include <algorithm>
+
+#include "container/text.h"
+#include "container/window_metrics.h"
+#include "page_catalog.h"
+
+namespace obk::gallery {
+
+using container::FormText;
+using container::PictureSurface;
+
+namespace {
+
+constexpr SIZE openingSize = {1130, 700};  // of the client area, at 96 dots per inch
+constexpr SIZE smallestSize = {900, 520};
+constexpr UINT dpiChanged = 0x02E0;  // WM_DPICHANGED, newer than the headers' target
+constexpr wchar_t formSection[] = L"Gallery";
+constexpr wchar_t fileFilter[] = L"Forms (*.form)\0*.form\0Text files (*.txt)\0*.txt\0All files\0*.*\0";
+
+const PageEntry& entry(int page) {
+    return pages()[static_cast<size_t>(page)];
+}
+
+std::wstring openFileName(HWND owner, bool save) {
+    wchar_t path[MAX_PATH] = L"";
+    OPENFILENAMEW dialog = {};
+    dialog.lStructSize = sizeof dialog;
+    dialog.hwndOwner = owner;
+    dialog.lpstrFilter = fileFilter;
+    dialog.lpstrFile = path;
+    dialog.nMaxFile = MAX_PATH;
+    dialog.lpstrDefExt = L"form";
+    dialog.Flags = OFN_NOCHANGEDIR | (save ? OFN_OVERWRITEPROMPT | OFN_PATHMUSTEXIST : OFN_FILEMUSTEXIST);
+    const bool chosen = save ? GetSaveFileNameW(&dialog) : GetOpenFileNameW(&dialog);
+    return chosen ? path : L"";
+}
+
+}  // namespace
+
+GalleryWindow::GalleryWindow(Theme& theme, const container::ServerContext& server)
+    : Window(theme), mutableTheme_(theme), server_(server) {}
+
+GalleryWindow::~GalleryWindow() {
+    if (scene_) {
+        properties_->setScene(nullptr);
+        loop_.remove(scene_->form());
+    }
+    scene_.reset();
+}
+
+bool GalleryWindow::open(int show) {
+    if (!create(L"Orbek Controls", WS_OVERLAPPEDWINDOW, WS_EX_CONTROLPARENT, nullptr,
+                {CW_USEDEFAULT, CW_USEDEFAULT, 0, 0})) {
+        return false;
+    }
+    mutableTheme_.refresh(container::windowDpi(handle()));
+    pageList_ = std::make_unique<PageList>(theme(), handle());
+    pageList_->onPage = [this](int page) { showPage(page); };
+    properties_ = std::make_unique<PropertyPanel>(theme(), handle());
+    events_ = std::make_unique<EventPanel>(theme(), handle());
+    properties_->onNote = [this](const std::wstring& control, const std::wstring& text) {
+        events_->note(control, text);
+    };
+    saveButton_ = addChild(L"BUTTON", L"Save\x2026", BS_PUSHBUTTON | WS_TABSTOP);
+    loadButton_ = addChild(L"BUTTON", L"Load\x2026", BS_PUSHBUTTON | WS_TABSTOP);
+    loop_.onMessage = [this](MSG& message) { return handleKey(message); };
+
+    RECT frame = theme().scale(RECT{0, 0, openingSize.cx, openingSize.cy});
+    AdjustWindowRectEx(&frame, WS_OVERLAPPEDWINDOW, FALSE, 0);
+    SetWindowPos(handle(), nullptr, 0, 0, frame.right - frame.left, frame.bottom - frame.top,
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    showPage(0);
+    ShowWindow(handle(), show);
+    UpdateWindow(handle());
+    SetFocus(pageList_->handle());
+    return true;
+}
+
+int GalleryWindow::pageCount() const {
+    return static_cast<int>(pages().size());
+}
+
+void GalleryWindow::showPage(int page) {
+    if (page == page_ || page < 0 || page >= pageCount()) {
+        return;
+    }
+    page_ = page;
+    properties_->setScene(nullptr);
+    if (scene_) {
+        loop_.remove(scene_->form());
+        scene_.reset();
+    }
+    events_->clear();
+    scene_ = std::make_unique<Scene>(theme(), server_, handle());
+    scene_->onControlCreated = [this](SceneControl& control) { watch(control); };
+    entry(page).build(*scene_);
+    orderStops();
+    loop_.add(scene_->form());
+    scene_->place(layout().scene);
+    scene_->layOut();
+    ShowWindow(scene_->handle(), SW_SHOWNA);
+
+    const bool silent = std::all_of(scene_->controls().begin(), scene_->controls().end(),
+                                    [](const auto& control) { return control->members.events().empty(); });
+    events_->setEmptyText(silent ? L"This control raises no events."
+                                 : L"Use the controls above: their events appear here.");
+    for (const auto& control : scene_->controls()) {
+        if (!control->failure.empty()) {
+            events_->note(control->name, control->failure, EventList::Kind::Problem);
+        }
+    }
+    properties_->setScene(scene_.get());
+    if (pageList_->selection() != page) {
+        SendMessageW(pageList_->handle(), LB_SETCURSEL, static_cast<WPARAM>(page), 0);
+    }
+    InvalidateRect(handle(), nullptr, FALSE);
+}
+
+void GalleryWindow::watch(SceneControl& control) {
+    // Both live as long as the control's site, also when loading makes the control anew.
+    if (!control.site->changes().onChanged) {
+        control.site->changes().onChanged = [this](DISPID) { properties_->refreshSoon(); };
+        control.site->events().keepJournal(false);
+        control.site->events().onAny([this, &control](container::EventCall& call) {
+            events_->log(control, call);
+            properties_->refreshSoon();
+        });
+    }
+}
+
+void GalleryWindow::orderStops() {
+    auto& form = scene_->form();
+    for (const HWND window : {properties_->chooser(), properties_->list(), events_->clearButton(),
+                              events_->list(), loadButton_, saveButton_, pageList_->handle()}) {
+        form.add(window);
+    }
+}
+
+GalleryWindow::Layout GalleryWindow::layout() const {
+    const RECT area = client();
+    const auto scale = [this](int length) { return theme().scale(length); };
+    const int margin = scale(20);
+    const int gap = scale(14);
+    const int button = theme().fieldHeight() + scale(2);
+    Layout result = {};
+    const int pagesWidth = scale(206);
+    const int titleHeight = theme().lineHeight(theme().title());
+    const int top = margin - scale(4);
+    result.brand = {margin, top, pagesWidth - scale(8), top + titleHeight};
+    const int body = top + titleHeight + theme().lineHeight(theme().body()) + scale(22);
+    result.pages = {0, body, pagesWidth, area.bottom};
+
+    const int left = pagesWidth + gap;
+    const int propertiesWidth = std::max<int>(scale(330), (area.right - left) * 36 / 100);
+    const int right = area.right - margin;
+    const int buttonWidth = scale(88);
+    result.save = {right - buttonWidth, top + scale(2), right, top + scale(2) + button};
+    result.load = {result.save.left - scale(8) - buttonWidth, result.save.top, result.save.left - scale(8),
+                   result.save.bottom};
+    result.title = {left, top, result.load.left - gap, top + titleHeight};
+    result.description = {left, result.title.bottom + scale(4), right, body - scale(8)};
+    result.properties = {right - propertiesWidth, body, right, area.bottom - margin};
+    const int middleRight = result.properties.left - gap;
+    const int sceneHeight = scale(284);
+    result.scene = {left + 1, body + 1, middleRight - 1,
+                    std::min<LONG>(body + sceneHeight, area.bottom - margin) - 1};
+    result.events = {left, result.scene.bottom + 1 + gap, middleRight, area.bottom - margin};
+    return result;
+}
+
+void GalleryWindow::layOut() {
+    if (!scene_) {
+        return;
+    }
+    const Layout places = layout();
+    const auto move = [](HWND window, const RECT& place) {
+        SetWindowPos(window, nullptr, place.left, place.top, place.right - place.left,
+                     place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
+    };
+    move(pageList_->handle(), places.pages);
+    move(saveButton_, places.save);
+    move(loadButton_, places.load);
+    scene_->place(places.scene);
+    properties_->place(places.properties);
+    events_->place(places.events);
+    InvalidateRect(handle(), nullptr, FALSE);
+}
+
+void GalleryWindow::applyTheme(int dpi) {
+    mutableTheme_.refresh(dpi);
+    for (const HWND button : {saveButton_, loadButton_}) {
+        setFont(button, theme().body());
+    }
+    pageList_->themeChanged();
+    layOut();
+    scene_->themeChanged();
+    properties_->themeChanged();
+    events_->themeChanged();
+    RedrawWindow(handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
+}
+
+void GalleryWindow::paint(HDC dc, const RECT& area) {
+    if (page_ < 0) {
+        return;
+    }
+    const Layout places = layout();
+    const RECT edge = {places.pages.right, 0, places.pages.right + 1, area.bottom};
+    fillRect(dc, edge, theme().border);
+    drawText(dc, L"Orbek Controls", places.brand, theme().heading(), theme().text, oneLine);
+    drawText(dc, entry(page_).name, places.title, theme().title(), theme().text, oneLine);
+    drawText(dc, entry(page_).description, places.description, theme().body(), theme().dimText,
+             DT_SINGLELINE | DT_END_ELLIPSIS | DT_NOPREFIX);
+    RECT frame = places.scene;
+    InflateRect(&frame, 1, 1);
+    frameRect(dc, frame, theme().border);
+}
+
+bool GalleryWindow::handleKey(MSG& message) {
+    if (message.message != WM_KEYDOWN || GetAncestor(message.hwnd, GA_ROOT) != handle()) {
+        return false;
+    }
+    const bool control = GetKeyState(VK_CONTROL) < 0;
+    const bool shift = GetKeyState(VK_SHIFT) < 0;
+    if (message.wParam == VK_F6 || (control && message.wParam == VK_TAB)) {
+        nextPane(!shift);
+    } else if (control && message.wParam == L'S') {
+        askSave();
+    } else if (control && message.wParam == L'O') {
+        askLoad();
+    } else if (message.wParam == VK_RETURN &&
+               (SendMessageW(message.hwnd, WM_GETDLGCODE, 0, 0) & DLGC_UNDEFPUSHBUTTON)) {
+        SendMessageW(message.hwnd, BM_CLICK, 0, 0);
+    } else {
+        return false;
+    }
+    return true;
+}
+
+void GalleryWindow::nextPane(bool forward) {
+    const HWND panes[] = {pageList_->handle(), scene_->handle(), properties_->handle(), events_->handle()};
+    constexpr int count = 4;
+    const HWND focus = GetFocus();
+    int current = 0;
+    for (int index = 0; index < count; ++index) {
+        current = panes[index] == focus || IsChild(panes[index], focus) ? index : current;
+    }
+    for (int step = 1; step < count; ++step) {
+        const int next = (current + (forward ? step : count - step)) % count;
+        if (next == 1) {
+            // Into the form by its first control.
+            for (const auto& control : scene_->controls()) {
+                if (scene_->form().enter(*control->site)) {
+                    return;
+                }
+            }
+            // Controls that take no focus: its first ordinary field.
+            if (const HWND first = GetNextDlgTabItem(scene_->handle(), nullptr, FALSE)) {
+                scene_->form().enter(first);
+                return;
+            }
+            continue;
+        }
+        const HWND target = next == 0   ? pageList_->handle()
+                            : next == 2 ? properties_->list()
+                                        : events_->list();
+        if (IsWindowVisible(target)) {
+            scene_->form().enter(target);
+            return;
+        }
+    }
+}
+
+void GalleryWindow::followFocus() {
+    if (SceneControl* control = scene_ ? scene_->focused() : nullptr) {
+        properties_->show(control);
+    }
+}
+
+bool GalleryWindow::saveForm(const std::wstring& path) const {
+    FormText form;
+    form.add(formSection, L"").bag->set(L"Page", container::Variant(entry(page_).name));
+    scene_->save(form);
+    return container::writeFile(path, container::toUtf8(form.write()));
+}
+
+bool GalleryWindow::loadForm(const std::wstring& path) {
+    const auto bytes = container::readFile(path);
+    if (!bytes) {
+        return false;
+    }
+    std::vector<container::TextProblem> problems;
+    FormText form = FormText::read(container::fromUtf8(*bytes), problems);
+    if (form.sections().empty()) {
+        return false;
+    }
+    if (const auto* head = form.find(formSection)) {
+        const auto* name = head->bag->find(L"Page");
+        for (int page = 0; name && page < pageCount(); ++page) {
+            if (container::sameName(container::restored(*name).toText(), entry(page).name)) {
+                showPage(page);
+            }
+        }
+    }
+    form.remove(formSection);
+    events_->clear();
+    for (const container::TextProblem& problem : problems) {
+        events_->note(L"Line " + std::to_wstring(problem.line), problem.reason, EventList::Kind::Problem);
+    }
+    // Its rows refer to the controls' members, which are read anew.
+    properties_->setScene(nullptr);
+    for (const std::wstring& problem : scene_->load(form)) {
+        events_->note(L"", problem, EventList::Kind::Problem);
+    }
+    properties_->setScene(scene_.get());
+    return true;
+}
+
+void GalleryWindow::askSave() {
+    const std::wstring path = openFileName(handle(), true);
+    if (!path.empty() && !saveForm(path)) {
+        MessageBoxW(handle(), (path + L" could not be written.").c_str(), L"Orbek Controls", MB_ICONWARNING);
+    }
+}
+
+void GalleryWindow::askLoad() {
+    const std::wstring path = openFileName(handle(), false);
+    if (!path.empty() && !loadForm(path)) {
+        MessageBoxW(handle(), (path + L" holds no form.").c_str(), L"Orbek Controls", MB_ICONWARNING);
+    }
+}
+
+std::wstring GalleryWindow::writePictures(const std::wstring& folder) {
+    CreateDirectoryW(folder.c_str(), nullptr);
+    for (int page = 0; page < pageCount(); ++page) {
+        showPage(page);
+        for (const auto& control : scene_->controls()) {
+            if (!control->failure.empty()) {
+                return control->failure;
+            }
+        }
+        loop_.pumpPending();
+        scene_->demonstrate();
+        loop_.pumpPending();
+        followFocus();
+        loop_.pumpPending();
+        RedrawWindow(handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN | RDW_UPDATENOW);
+        loop_.pumpPending();
+        const SIZE size = container::sizeOf(client());
+        PictureSurface surface(static_cast<int>(size.cx), static_cast<int>(size.cy));
+        surface.copyWindow(handle());
+        const std::wstring path = folder + L"\\" + entry(page).name + L".png";
+        if (FAILED(surface.savePng(path))) {
+            return path + L" could not be written";
+        }
+    }
+    return {};
+}
+
+LRESULT GalleryWindow::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_SIZE:
+            layOut();
+            return 0;
+        case WM_GETMINMAXINFO: {
+            auto& limits = *reinterpret_cast<MINMAXINFO*>(lParam);
+            limits.ptMinTrackSize = {theme().scale(static_cast<int>(smallestSize.cx)),
+                                     theme().scale(static_cast<int>(smallestSize.cy))};
+            return 0;
+        }
+        case WM_ACTIVATE:
+            if (scene_) {
+                scene_->form().frameActivated(LOWORD(wParam) != WA_INACTIVE);
+            }
+            break;
+        case WM_SETFOCUS:
+            if (pageList_) {
+                SetFocus(pageList_->handle());
+            }
+            return 0;
+        case WM_COMMAND:
+            if (HIWORD(wParam) == BN_CLICKED && reinterpret_cast<HWND>(lParam) == saveButton_) {
+                askSave();
+                return 0;
+            }
+            if (HIWORD(wParam) == BN_CLICKED && reinterpret_cast<HWND>(lParam) == loadButton_) {
+                askLoad();
+                return 0;
+            }
+            break;
+        case dpiChanged:
+            place(*reinterpret_cast<const RECT*>(lParam));
+            applyTheme(LOWORD(wParam));
+            return 0;
+        case WM_SETTINGCHANGE:
+        case WM_SYSCOLORCHANGE:
+        case WM_THEMECHANGED:
+            if (scene_) {
+                applyTheme(theme().dpi());
+            }
+            break;
+        case WM_DESTROY:
+            PostQuitMessage(0);
+            return 0;
+        default:
+            break;
+    }
+    return Window::onMessage(message, wParam, lParam);
+}
+
+}  // namespace obk::gallery

@@ -1,0 +1,26 @@
+#include "page_catalog.h"
+
+#include "toolbox.h"
+
+namespace obk::gallery {
+
+namespace {
+
+constexpr PageEntry catalogue[] = {
+    {L"UpDownTextBox", L"Numeric field",
+     L"A field for numbers: type digits, step with the arrows, the wheel or the page keys, and the value stays between Min and Max.",
+     OBK_TOOLBOX_UPDOWNTEXTBOX, buildOrderLine},
+    {L"ButtonArrow", L"Arrow button",
+     L"A small arrow of fixed size, to stand beside a field that opens something.", OBK_TOOLBOX_BUTTONARROW,
+     buildAddressRows},
+    {L"lns", L"Separator line", L"A two-tone line that sets the groups of a form apart.", OBK_TOOLBOX_LNS,
+     buildSettingsGroups},
+};
+
+}  // namespace
+
+std::span<const PageEntry> pages() {
+    return catalogue;
+}
+
+}  // namespace obk::gallery

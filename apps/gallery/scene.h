@@ -1,0 +1,111 @@
+// The live part of a page: a small business form with the controls on it.
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "container/control_form.h"
+#include "container/control_site.h"
+#include "container/property_bag_text.h"
+#include "container/type_members.h"
+#include "window.h"
+
+namespace obk::gallery {
+
+/// A rectangle at 96 dots per inch, relative to the scene's content.
+struct Place {
+    int x = 0;
+    int y = 0;
+    int width = 0;
+    int height = 0;
+};
+
+enum class TextLook { Label, Dim, Strong, Heading, Total };
+
+/// A control on the scene. Without a live object `failure` says why.
+struct SceneControl {
+    std::wstring name;
+    std::wstring progId;
+    Place place;
+    std::unique_ptr<container::ControlSite> site;
+    container::TypeMembers members;
+    std::wstring failure;
+
+    container::Dispatch object() const { return site->object(); }
+};
+
+/// Built by a page's scene function, which adds items from top to bottom: that is the tab order.
+class Scene final : public Window {
+public:
+    Scene(const Theme& theme, const container::ServerContext& server, HWND parent);
+    ~Scene() override;
+
+    /// Fixed text; the number is for `setText`.
+    size_t text(const Place& place, std::wstring text, TextLook look = TextLook::Label,
+                UINT format = DT_LEFT);
+    void setText(size_t index, std::wstring text);
+    /// A tinted area behind what is added after it.
+    void panel(const Place& place);
+    SceneControl& control(const std::wstring& name, const std::wstring& progId, const Place& place);
+    HWND input(const Place& place, const wchar_t* text);
+    HWND checkBox(const Place& place, const wchar_t* text, bool checked);
+    HWND choice(const Place& place, const std::vector<std::wstring>& entries, int chosen);
+    HWND button(const Place& place, const wchar_t* text, std::function<void()> pressed);
+    /// What a picture of the page shows being used.
+    void demonstration(std::function<void()> steps) { demonstration_ = std::move(steps); }
+    void demonstrate() const;
+
+    const std::vector<std::unique_ptr<SceneControl>>& controls() const { return controls_; }
+    SceneControl* find(std::wstring_view name) const;
+    /// The control that holds the focus, or null.
+    SceneControl* focused() const;
+    container::ControlForm& form() { return *form_; }
+
+    /// Told of a new control, also after loading made it anew.
+    std::function<void(SceneControl&)> onControlCreated;
+
+    /// One section per control.
+    void save(container::FormText& form) const;
+    /// Makes each control anew that has a section; answers what could not be restored.
+    std::vector<std::wstring> load(const container::FormText& form);
+
+    void layOut();
+    void themeChanged() override;
+
+protected:
+    void paint(HDC dc, const RECT& area) override;
+    LRESULT onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+private:
+    struct TextItem {
+        Place place;
+        std::wstring text;
+        TextLook look;
+        UINT format;
+    };
+    struct ChildItem {
+        Place place;
+        HWND window;
+        std::function<void()> pressed;
+    };
+
+    RECT pixels(const Place& place) const;
+    HWND addItem(const Place& place, const wchar_t* className, const wchar_t* text, DWORD style,
+                 DWORD extendedStyle = 0);
+    void createControl(SceneControl& control, const container::InitialState& state);
+    void adoptColours(SceneControl& control) const;
+
+    const container::ServerContext& server_;
+    std::unique_ptr<container::ControlForm> form_;
+    std::vector<Place> panels_;
+    std::vector<TextItem> texts_;
+    std::vector<ChildItem> children_;
+    std::vector<std::unique_ptr<SceneControl>> controls_;
+    std::function<void()> demonstration_;
+};
+
+}  // namespace obk::gallery

@@ -1,0 +1,146 @@
+// The scene functions: what a person might build with each control.
+#include <cmath>
+
+#include "page_catalog.h"
+
+namespace obk::gallery {
+
+namespace {
+
+constexpr int line = 24;  ///< height of a field
+
+double number(const SceneControl& control) {
+    return control.object().value(L"Text").toDouble().value_or(0);
+}
+
+/// "1,256.40": grouped by threes, two places.
+std::wstring amount(double value) {
+    wchar_t digits[64];
+    swprintf(digits, 64, L"%.2f", std::abs(value));
+    std::wstring text = digits;
+    for (auto place = static_cast<int>(text.size()) - 6; place > 0; place -= 3) {
+        text.insert(static_cast<size_t>(place), L",");
+    }
+    return (value < 0 ? L"-" : L"") + text;
+}
+
+}  // namespace
+
+void buildOrderLine(Scene& scene) {
+    constexpr auto progId = L"OBKCTRLS.UpDownTextBox";
+    scene.text({20, 14, 460, line}, L"Order 4711 \x2013 position 3", TextLook::Heading);
+
+    scene.text({20, 52, 110, line}, L"Article");
+    scene.input({136, 52, 330, line}, L"Writing desk, oak, 160 \x00D7 80 cm");
+
+    scene.text({20, 88, 110, line}, L"Quantity");
+    SceneControl& quantity = scene.control(L"Quantity", progId, {136, 88, 96, line});
+    scene.text({242, 88, 60, line}, L"pieces", TextLook::Dim);
+    scene.text({306, 88, 64, line}, L"In stock", TextLook::Label, DT_RIGHT);
+    SceneControl& stock = scene.control(L"Stock", progId, {380, 88, 86, line});
+
+    scene.text({20, 124, 110, line}, L"Unit price");
+    SceneControl& price = scene.control(L"UnitPrice", progId, {136, 124, 96, line});
+    scene.text({242, 124, 60, line}, L"EUR", TextLook::Dim);
+
+    scene.text({20, 160, 110, line}, L"Discount");
+    SceneControl& discount = scene.control(L"Discount", progId, {136, 160, 96, line});
+    scene.text({242, 160, 60, line}, L"%", TextLook::Dim);
+
+    scene.panel({20, 202, 446, 44});
+    scene.text({34, 202, 90, 44}, L"Amount", TextLook::Strong);
+    const size_t total = scene.text({136, 202, 316, 44}, L"", TextLook::Total, DT_RIGHT);
+
+    struct Start {
+        SceneControl& control;
+        long maximum;
+        bool decimals;
+        double interval;
+        const wchar_t* text;
+    };
+    for (const Start& start :
+         {Start{quantity, 50, false, 1, L"4"}, Start{stock, 1000, false, 1, L"128"},
+          Start{price, 5000, true, 0.5, L"349.0"}, Start{discount, 40, false, 5, L"10"}}) {
+        const auto object = start.control.object();
+        object.put(L"Max", start.maximum);
+        object.put(L"Interval", start.interval);
+        object.put(L"AllowDecpoint", start.decimals);
+        object.put(L"Text", start.text);
+    }
+    stock.object().put(L"Enabled", false);
+
+    const auto sum = [&scene, &quantity, &price, &discount, total] {
+        const double value = number(quantity) * number(price) * (1 - number(discount) / 100);
+        scene.setText(total, amount(value) + L" EUR");
+    };
+    for (SceneControl* control : {&quantity, &price, &discount}) {
+        control->site->events().on(L"Change", [sum](container::EventCall&) { sum(); });
+    }
+    sum();
+    scene.demonstration([&scene, &quantity] {
+        if (scene.form().enter(*quantity.site)) {
+            const HWND field = GetFocus();
+            for (const WPARAM key : {VK_UP, VK_UP, VK_DOWN}) {
+                PostMessageW(field, WM_KEYDOWN, key, 1);
+                PostMessageW(field, WM_KEYUP, key, static_cast<LPARAM>(0xC0000001u));
+            }
+        }
+    });
+}
+
+void buildAddressRows(Scene& scene) {
+    constexpr auto progId = L"OBKCTRLS.ButtonArrow";
+    scene.text({20, 14, 460, line}, L"Delivery address", TextLook::Heading);
+    struct Row {
+        const wchar_t* label;
+        const wchar_t* text;
+        const wchar_t* name;
+        int width;
+    };
+    constexpr Row rows[] = {
+        {L"Customer", L"Lindqvist Interiors AB", L"CustomerArrow", 300},
+        {L"Street", L"Kungsgatan 12", L"StreetArrow", 300},
+        {L"Town", L"111 43 Stockholm", L"TownArrow", 220},
+        {L"Carrier", L"Nordic Freight", L"CarrierArrow", 220},
+    };
+    int y = 52;
+    for (const Row& row : rows) {
+        scene.text({20, y, 110, line}, row.label);
+        scene.input({136, y, row.width, line}, row.text);
+        // The button keeps its size of 12 by 14 pixels; it stands in the middle of the field's height.
+        scene.control(row.name, progId, {136 + row.width + 6, y + 5, 12, 14});
+        y += 36;
+    }
+    scene.panel({20, 202, 446, 44});
+    scene.text({34, 202, 420, 44}, L"Try to give an arrow another size: it snaps back to its own.",
+               TextLook::Dim);
+}
+
+void buildSettingsGroups(Scene& scene) {
+    constexpr auto progId = L"OBKCTRLS.lns";
+    const auto group = [&](int y, const wchar_t* title, int titleWidth,
+                           const wchar_t* name) -> SceneControl& {
+        scene.text({20, y, titleWidth, line}, title, TextLook::Strong);
+        return scene.control(name, progId, {20 + titleWidth, y + 12, 446 - titleWidth, 3});
+    };
+    std::vector<SceneControl*> lines;
+    lines.push_back(&group(12, L"Documents", 80, L"DocumentsLine"));
+    scene.checkBox({36, 40, 260, line}, L"Print a delivery note with each order", true);
+    scene.checkBox({36, 66, 260, line}, L"Show prices on delivery notes", false);
+
+    lines.push_back(&group(98, L"Reminders", 80, L"RemindersLine"));
+    scene.text({36, 126, 120, line}, L"First reminder after");
+    scene.choice({160, 126, 120, 160}, {L"14 days", L"30 days", L"Never"}, 0);
+
+    lines.push_back(&group(158, L"Currency", 80, L"CurrencyLine"));
+    scene.choice({36, 188, 200, 160}, {L"Euro (EUR)", L"Krona (SEK)", L"Pound (GBP)", L"Dollar (USD)"}, 0);
+
+    lines.push_back(&group(222, L"", 0, L"BottomLine"));
+    scene.button({326, 238, 140, 28}, L"Recolour the lines", [lines] {
+        for (const SceneControl* control : lines) {
+            control->object().call(L"ColorRefresh");
+        }
+    });
+}
+
+}  // namespace obk::gallery
