@@ -1,6 +1,10 @@
 #include "framework/control.h"
 
 #include "base/attempt.h"
+#include "framework/hosted_control.h"
+#include "framework/pop_up_panel.h"
+
+#include <algorithm>
 
 namespace obk {
 
@@ -82,6 +86,7 @@ void Control::save(PropertyBag& bag) const {
 
 void Control::ambientFontChanged() {
     attempt([&] { useAmbientFont(ambientFont()); });
+    for (HostedControl* hosted : hosted_) hosted->control().ambientFontChanged();
 }
 
 void Control::setSize(Twips width, Twips height) {
@@ -92,8 +97,8 @@ void Control::setSize(Twips width, Twips height) {
 }
 
 bool Control::activate(NativeWindow parent, const PixelRect& bounds) {
-    if (SurfacePeer* parked = surface_.peer()) {
-        parked->setParent(parent);
+    if (surface_.peer()) {
+        surface_.setParent(parent);
         root_.placed();
     } else if (!surface_.open({SurfacePlacement::Kind::control, parent, bounds})) {
         return false;
@@ -106,12 +111,15 @@ bool Control::activate(NativeWindow parent, const PixelRect& bounds) {
 
 void Control::deactivate() {
     active_ = false;
+    closePanels();
     surface_.close();
 }
 
 void Control::setBounds(const PixelRect& bounds) {
-    if (!active_) return;
+    if (!active_ || !surface_.peer()) return;
     surface_.peer()->setBounds(bounds);
+    for (PopUpPanel* panel : panels_) panel->hostMoved();
+    if (!surface_.peer()) return;  // a host may have closed the control because its panel closed
     setSize(surface_.dpi().toTwips(bounds.width()), surface_.dpi().toTwips(bounds.height()));
 }
 
@@ -125,7 +133,8 @@ bool Control::focus() {
 }
 
 bool Control::hasFocus() const {
-    return surface_.peer() && surface_.peer()->hasFocus();
+    return (surface_.peer() && surface_.peer()->hasFocus()) || root_.holdsFocus() ||
+           std::any_of(panels_.begin(), panels_.end(), [](PopUpPanel* panel) { return panel->hasFocus(); });
 }
 
 void Control::draw(Canvas& canvas, const PixelRect& bounds) {
@@ -169,19 +178,28 @@ bool Control::offerToContainer(const KeyEvent& event) {
 }
 
 void Control::focusEntered() {
+    if (focusInside_) return;
+    focusInside_ = true;
     attempt([&] { enterFocus(); });
     if (host_) host_->focusChanged(true);
 }
 
 void Control::focusLeft() {
+    if (!focusInside_ || hasFocus()) return;
+    focusInside_ = false;
     attempt([&] { exitFocus(); });
     if (host_) host_->focusChanged(false);
 }
 
 void Control::surfaceChanged() {
     attempt([&] { appearanceChanged(); });
+    root_.appearanceChanged();
     root_.placed();
     root_.invalidate();
+}
+
+void Control::closePanels() {
+    for (PopUpPanel* panel : panels_) panel->close();
 }
 
 }  // namespace obk

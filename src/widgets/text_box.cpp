@@ -185,13 +185,13 @@ int16_t TextBox::keyPress(int16_t character) {
 }
 
 void TextBox::focusGained() {
-    if (Surface* shownOn = surface()) shownOn->childFocusGained();
+    if (Surface* shownOn = surface()) shownOn->childFocusGained(*this);
     focusCame();
 }
 
 void TextBox::focusLost() {
     pressed_ = false;
-    if (Surface* shownOn = surface()) shownOn->childFocusLost();
+    if (Surface* shownOn = surface()) shownOn->childFocusLost(*this);
     focusWent();
 }
 
