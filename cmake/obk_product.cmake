@@ -29,3 +29,16 @@ function(obk_product target file)
     add_custom_target(${target}_in_dist ALL DEPENDS "${handedOut}")
     add_dependencies(products ${target}_in_dist)
 endfunction()
+
+# obk_hand_out(<target> <file>): a file goes into dist/ beside the products as it is.
+function(obk_hand_out target file)
+    cmake_path(ABSOLUTE_PATH file NORMALIZE)
+    cmake_path(GET file FILENAME name)
+    add_custom_command(OUTPUT "${OBK_DIST_DIR}/${name}"
+        COMMAND ${CMAKE_COMMAND} -E copy "${file}" "${OBK_DIST_DIR}/${name}"
+        DEPENDS "${file}"
+        COMMENT "Writing dist/${OBK_ARCHITECTURE}/${name}"
+        VERBATIM)
+    add_custom_target(${target} ALL DEPENDS "${OBK_DIST_DIR}/${name}")
+    add_dependencies(products ${target})
+endfunction()

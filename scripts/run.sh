@@ -11,12 +11,12 @@
 
 if [ "${1:-}" != --pictures ] && can_open_windows; then
     say "The gallery is open; this ends when you close it."
-    exec "$root/scripts/wine.sh" --display x64 86400 "$root/scripts/gallery.sh"
+    exec "$root/scripts/wine.sh" --display x64 86400 "$root/dist/x64/Gallery.exe"
 fi
 pictures=$root/dist/pictures
 rm -rf "$pictures"
 mkdir -p "$pictures"
-"$root/scripts/wine.sh" x64 300 "$root/scripts/gallery.sh" --pictures "$(windows_path "$pictures")"
+"$root/scripts/wine.sh" x64 300 "$root/dist/x64/Gallery.exe" --pictures "$(windows_path "$pictures")"
 shopt -s nullglob
 made=("$pictures"/*.png)
 [ "${#made[@]}" -gt 0 ] || fail "the gallery made no picture"

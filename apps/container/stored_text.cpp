@@ -1,5 +1,4 @@
-#include <cmath>
-#include <limits>
+#include <algorithm>
 
 #include "container/stored_value.h"
 #include "container/text.h"
@@ -131,7 +130,8 @@ std::optional<std::string> readBase64(std::wstring_view text) {
     unsigned group = 0;
     for (size_t index = 0; index < text.size(); ++index) {
         const std::string_view digits(base64Digits, 64);
-        const bool padding = text[index] == L'=' && index + 2 >= text.size();
+        const std::wstring_view rest = text.substr(index);
+        const bool padding = rest == L"==" || rest == L"=";
         const auto digit =
             text[index] < 128 ? digits.find(static_cast<char>(text[index])) : std::string_view::npos;
         if (!padding && digit == std::string_view::npos) {
@@ -160,6 +160,8 @@ std::wstring writePlain(const Variant& value) {
             return quoted(value.toText());
         case VT_R4:
             return numberText(raw.fltVal);
+        case VT_CY:
+            return currencyText(raw.cyVal.int64);
         case VT_R8:
         case VT_DATE:
             return numberText(raw.vt == VT_DATE ? raw.date : raw.dblVal);
@@ -187,21 +189,22 @@ std::optional<Variant> readPlain(VARTYPE type, std::wstring_view text) {
                 return true;
             }
             return sameName(text, L"False") ? std::optional<Variant>(false) : std::nullopt;
-        case VT_R4:
+        case VT_R4: {
+            const auto number = readSingle(text);
+            return number ? std::optional<Variant>(*number) : std::nullopt;
+        }
         case VT_R8:
         case VT_DATE: {
             const auto number = readNumber(text);
-            if (!number) {
-                return std::nullopt;
-            }
-            if (type == VT_R4) {
-                const bool fits =
-                    !std::isfinite(*number) || std::abs(*number) <= std::numeric_limits<float>::max();
-                return fits ? std::optional<Variant>(static_cast<float>(*number)) : std::nullopt;
-            }
-            return Variant(*number).converted(type);
+            return number ? Variant(*number).converted(type) : std::nullopt;
         }
-        case VT_CY:
+        case VT_CY: {
+            VARIANT amount = {};
+            const auto number = readCurrency(text);
+            amount.vt = VT_CY;
+            amount.cyVal.int64 = number.value_or(0);
+            return number ? std::optional<Variant>(amount) : std::nullopt;
+        }
         case VT_DECIMAL:
             return readNumber(text) ? Variant(text).converted(type) : std::nullopt;
         default: {

@@ -28,6 +28,17 @@ std::string narrow(std::wstring_view text) {
     return result;
 }
 
+template <class Number>
+std::optional<Number> wholeNumber(std::wstring_view text) {
+    const std::string plain = narrow(text);
+    Number value = 0;
+    const auto read = std::from_chars(plain.data(), plain.data() + plain.size(), value);
+    if (plain.empty() || read.ec != std::errc() || read.ptr != plain.data() + plain.size()) {
+        return std::nullopt;
+    }
+    return value;
+}
+
 struct FileHandle {
     HANDLE handle;
     ~FileHandle() {
@@ -78,13 +89,35 @@ std::wstring numberText(float value) {
 }
 
 std::optional<double> readNumber(std::wstring_view text) {
-    const std::string plain = narrow(text);
-    double value = 0;
-    const auto read = std::from_chars(plain.data(), plain.data() + plain.size(), value);
-    if (plain.empty() || read.ec != std::errc() || read.ptr != plain.data() + plain.size()) {
+    return wholeNumber<double>(text);
+}
+
+std::optional<float> readSingle(std::wstring_view text) {
+    return wholeNumber<float>(text);
+}
+
+std::wstring currencyText(long long tenThousandths) {
+    const bool negative = tenThousandths < 0;
+    // The magnitude of the lowest value has no place in a signed number.
+    const auto magnitude = negative ? 0 - static_cast<unsigned long long>(tenThousandths)
+                                    : static_cast<unsigned long long>(tenThousandths);
+    std::wstring fraction = std::to_wstring(magnitude % 10000);
+    fraction.insert(0, 4 - fraction.size(), L'0');
+    return (negative ? L"-" : L"") + std::to_wstring(magnitude / 10000) + L'.' + fraction;
+}
+
+std::optional<long long> readCurrency(std::wstring_view text) {
+    // "-12.5" is read as the whole number -125000.
+    std::wstring digits(text);
+    const auto point = digits.find(L'.');
+    const size_t places = point == std::wstring::npos ? 0 : digits.size() - point - 1;
+    if (places > 4 || point == 0 || text.starts_with(L"&") || text.starts_with(L"0x")) {
         return std::nullopt;
     }
-    return value;
+    if (point != std::wstring::npos) {
+        digits.erase(point, 1);
+    }
+    return readWhole(digits + std::wstring(4 - places, L'0'));
 }
 
 std::optional<long long> readWhole(std::wstring_view text) {

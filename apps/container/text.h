@@ -22,6 +22,10 @@ std::wstring numberText(double value);
 std::wstring numberText(float value);
 /// Reads the whole text as a number, nothing else before or after it.
 std::optional<double> readNumber(std::wstring_view text);
+std::optional<float> readSingle(std::wstring_view text);
+/// Amounts of money: exact, in units of 1/10000.
+std::wstring currencyText(long long tenThousandths);
+std::optional<long long> readCurrency(std::wstring_view text);
 /// Decimal, or hexadecimal as "&H80000005" or "0x80000005"; the whole text.
 std::optional<long long> readWhole(std::wstring_view text);
 

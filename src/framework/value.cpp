@@ -1,5 +1,6 @@
 #include "framework/value.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -75,7 +76,7 @@ Text numberText(double number, int digits) {
 
     std::string text = number < 0 ? "-" : "";
     const auto count = static_cast<int>(mantissa.size());
-    if (exponent >= digits || exponent < -digits || (exponent < 0 && count - exponent > digits)) {
+    if (exponent >= digits || exponent < -digits || (exponent < 0 && count - exponent - 1 > digits)) {
         text += mantissa.substr(0, 1);
         if (count > 1) text += "." + mantissa.substr(1);
         text += exponent < 0 ? "E-" : "E+";
@@ -137,8 +138,18 @@ std::optional<double> numberFromText(TextView text) {
     double number = 0;
     const auto parsed = std::from_chars(plain.data(), plain.data() + plain.size(), number);
     if (parsed.ec == std::errc::result_out_of_range) {
-        // Too small is zero, too large is refused; the exponent's sign tells them apart.
-        if (plain.find("e-") == std::string::npos && plain[0] != '0') return std::nullopt;
+        // Too small is zero, too large is refused: the place of the first significant digit tells them apart.
+        const size_t first = plain.find_first_of("123456789");
+        const size_t point = std::min(plain.find_first_of(".e"), plain.size());
+        const auto place = static_cast<int64_t>(point) - static_cast<int64_t>(first);
+        int64_t exponent = 0;
+        if (const size_t mark = plain.find('e'); mark != std::string::npos) {
+            const auto power = std::from_chars(plain.data() + mark + 1, plain.data() + plain.size(), exponent);
+            if (power.ec != std::errc())
+                exponent = plain[mark + 1] == '-' ? std::numeric_limits<int32_t>::min()
+                                                  : std::numeric_limits<int32_t>::max();
+        }
+        if (place + std::clamp<int64_t>(exponent, INT32_MIN, INT32_MAX) > 0) return std::nullopt;
         number = 0;
     } else if (parsed.ec != std::errc()) {
         return std::nullopt;
@@ -160,6 +171,8 @@ double leadingNumber(TextView text) {
     bool afterPoint = false;
     for (const char16_t unit : text) {
         if (isDigit(unit)) {
+            // Decimals beyond all precision would make both sides infinite.
+            if (place > 1e20) continue;
             number = number * 10 + (unit - u'0');
             if (afterPoint) place *= 10;
         } else if (unit == u'.' && !afterPoint) {

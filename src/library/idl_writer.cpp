@@ -108,7 +108,7 @@ private:
     void beginInterface(const Guid& id, TextView name, TextView help)
     {
         line();
-        line(u"    [uuid(" + guidDigits(id) + u"), helpstring(" + quoted(help) + u"), hidden, nonextensible]");
+        line(u"    [uuid(" + guidDigits(id) + u"), helpstring(" + quoted(help) + u"), hidden]");
         line(u"    dispinterface " + Text(name) + u" {");
         line(u"        properties:");
         line(u"        methods:");

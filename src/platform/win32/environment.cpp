@@ -1,0 +1,64 @@
+#include "platform/win32/environment.h"
+
+#include "platform/win32/client_window.h"
+
+#include <cstdint>
+
+namespace obk::win32 {
+
+namespace {
+
+// No two environments of a process share a class, even where two copies of the module are loaded.
+std::wstring uniqueName(const wchar_t* purpose, const void* owner) {
+    return std::wstring(L"Orbek.") + purpose + L"." + std::to_wstring(reinterpret_cast<uintptr_t>(owner));
+}
+
+HANDLE activationContextOf(HINSTANCE module) {
+    wchar_t path[MAX_PATH] = L"";
+    if (!GetModuleFileNameW(module, path, MAX_PATH)) return INVALID_HANDLE_VALUE;
+    ACTCTXW context{};
+    context.cbSize = sizeof context;
+    context.dwFlags = ACTCTX_FLAG_RESOURCE_NAME_VALID | ACTCTX_FLAG_HMODULE_VALID;
+    context.lpSource = path;
+    context.lpResourceName = MAKEINTRESOURCEW(2);
+    context.hModule = module;
+    return CreateActCtxW(&context);
+}
+
+}  // namespace
+
+Environment::Environment(HINSTANCE module, ModuleLock lockModule)
+    : module_(module),
+      lockModule_(std::move(lockModule)),
+      activation_(activationContextOf(module)),
+      surfaceClassName_(uniqueName(L"Surface", this)),
+      service_(module, uniqueName(L"Service", this), fonts_) {}
+
+Environment::~Environment() {
+    if (surfaceClassRegistered_) UnregisterClassW(surfaceClassName_.c_str(), module_);
+    if (activation_ != INVALID_HANDLE_VALUE) ReleaseActCtx(activation_);
+}
+
+const wchar_t* Environment::surfaceClass() {
+    if (!surfaceClassRegistered_) {
+        WNDCLASSEXW description{};
+        description.cbSize = sizeof description;
+        description.style = CS_DBLCLKS;
+        description.lpfnWndProc = ClientWindow::procedure;
+        description.hInstance = module_;
+        description.lpszClassName = surfaceClassName_.c_str();
+        surfaceClassRegistered_ = RegisterClassExW(&description) != 0;
+    }
+    return surfaceClassRegistered_ ? surfaceClassName_.c_str() : nullptr;
+}
+
+Environment::ActivationScope::ActivationScope(const Environment& environment) {
+    active_ =
+        environment.activation_ != INVALID_HANDLE_VALUE && ActivateActCtx(environment.activation_, &cookie_);
+}
+
+Environment::ActivationScope::~ActivationScope() {
+    if (active_) DeactivateActCtx(0, cookie_);
+}
+
+}  // namespace obk::win32

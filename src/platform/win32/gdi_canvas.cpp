@@ -1,0 +1,220 @@
+#include "platform/win32/gdi_canvas.h"
+
+#include "platform/win32/display.h"
+#include "platform/win32/scaled_pixels.h"
+#include "platform/win32/text_conversion.h"
+
+#include <vector>
+
+namespace obk::win32 {
+
+namespace {
+
+bool isRecorded(HDC dc) {
+    const DWORD kind = GetObjectType(dc);
+    if (kind == OBJ_METADC || kind == OBJ_ENHMETADC) return true;
+    const int technology = GetDeviceCaps(dc, TECHNOLOGY);
+    return kind == OBJ_DC && technology != DT_RASDISPLAY;
+}
+
+// A brush of one colour for one scope: the context's own where that works, which costs no object.
+class Fill {
+public:
+    Fill(HDC dc, Rgb colour, bool recorded) : dc_(dc) {
+        if (recorded) {
+            own_.reset(CreateSolidBrush(colour.value));
+        } else {
+            previous_ = SetDCBrushColor(dc, colour.value);
+        }
+    }
+    Fill(const Fill&) = delete;
+    Fill& operator=(const Fill&) = delete;
+    ~Fill() {
+        if (!own_) SetDCBrushColor(dc_, previous_);
+    }
+    HBRUSH brush() const { return own_ ? own_.get() : static_cast<HBRUSH>(GetStockObject(DC_BRUSH)); }
+
+private:
+    HDC dc_;
+    UniqueBrush own_;
+    COLORREF previous_ = 0;
+};
+
+BITMAPINFO infoOf(PixelSize size) {
+    BITMAPINFO info{};
+    info.bmiHeader.biSize = sizeof info.bmiHeader;
+    info.bmiHeader.biWidth = size.width;
+    info.bmiHeader.biHeight = -size.height;  // rows from the top
+    info.bmiHeader.biPlanes = 1;
+    info.bmiHeader.biBitCount = 32;
+    info.bmiHeader.biCompression = BI_RGB;
+    return info;
+}
+
+UINT alignmentOf(const TextStyle& style) {
+    UINT format = 0;
+    switch (style.horizontal) {
+        case HorizontalAlignment::left:
+            format |= DT_LEFT;
+            break;
+        case HorizontalAlignment::right:
+            format |= DT_RIGHT;
+            break;
+        case HorizontalAlignment::centre:
+            format |= DT_CENTER;
+            break;
+    }
+    switch (style.vertical) {
+        case VerticalAlignment::top:
+            format |= DT_TOP;
+            break;
+        case VerticalAlignment::centre:
+            format |= DT_VCENTER;
+            break;
+        case VerticalAlignment::bottom:
+            format |= DT_BOTTOM;
+            break;
+    }
+    return format;
+}
+
+}  // namespace
+
+GdiCanvas::GdiCanvas(HDC dc, Dpi dpi, FontCache* fonts)
+    : dc_(dc),
+      dpi_(dpi),
+      fonts_(fonts ? *fonts : ownFonts_),
+      savedState_(SaveDC(dc)),
+      recorded_(isRecorded(dc)) {
+    SetBkMode(dc_, TRANSPARENT);
+    SetTextAlign(dc_, TA_LEFT | TA_TOP | TA_NOUPDATECP);
+}
+
+GdiCanvas::~GdiCanvas() {
+    if (savedState_) RestoreDC(dc_, savedState_);
+}
+
+void GdiCanvas::fillRect(const PixelRect& rect, Rgb colour) {
+    if (rect.empty()) return;
+    const RECT area = toRect(rect);
+    const Fill fill(dc_, colour, recorded_);
+    FillRect(dc_, &area, fill.brush());
+}
+
+void GdiCanvas::fillPolygon(std::span<const PixelPoint> points, Rgb colour) {
+    if (points.size() < 3) return;
+    std::vector<POINT> corners;
+    corners.reserve(points.size());
+    for (const PixelPoint point : points) {
+        const RECT held = toRect({point.x, point.y, 0, 0});
+        corners.push_back({held.left, held.top});
+    }
+    const Fill fill(dc_, colour, recorded_);
+    const Selection brush(dc_, fill.brush());
+    const Selection pen(dc_, GetStockObject(NULL_PEN));
+    Polygon(dc_, corners.data(), static_cast<int>(corners.size()));
+}
+
+void GdiCanvas::drawText(TextView text, const PixelRect& rect, const TextStyle& style) {
+    if (text.empty() || rect.empty()) return;
+    constexpr size_t longest = 8192;  // far beyond any line; the system measures no more in one call
+    const auto wide = asWide(text).substr(0, longest);
+    UINT format = DT_SINGLELINE | alignmentOf(style);
+    if (style.ellipsis) format |= DT_END_ELLIPSIS;
+    if (!style.showAccessKey) format |= DT_NOPREFIX;
+    const SharedGdiFont font = fonts_.get(style.font, dpi_);
+    const Selection selection(dc_, font.get());
+    SetTextColor(dc_, style.colour.value);
+    RECT area = toRect(rect);
+    DrawTextW(dc_, wide.data(), static_cast<int>(wide.size()), &area, format);
+}
+
+void GdiCanvas::drawPicture(const SharedPicture& picture, const PixelRect& rect) {
+    const PixelSize size = picture.size();
+    if (rect.empty() || size.width < 1 || size.height < 1) return;
+    if (recorded_) {
+        stampOpaque(picture, rect);
+        return;
+    }
+    constexpr int64_t largest = 4'000'000;  // pixels; beyond it sharpness is not worth the memory
+    const PixelSize shown{rect.width(), rect.height()};
+    if (shown == size || static_cast<int64_t>(shown.width) * shown.height > largest) {
+        blend(picture.pixels().data(), size, rect);
+    } else {
+        blend(scaledPixels(picture.pixels(), size, shown).data(), shown, rect);
+    }
+}
+
+void GdiCanvas::blend(const uint32_t* pixels, PixelSize size, const PixelRect& rect) {
+    const BITMAPINFO info = infoOf(size);
+    void* bits = nullptr;
+    const UniqueBitmap bitmap(CreateDIBSection(dc_, &info, DIB_RGB_COLORS, &bits, nullptr, 0));
+    const UniqueMemoryDc memory(CreateCompatibleDC(dc_));
+    if (!bitmap || !memory || !bits) return;
+    std::copy_n(pixels, static_cast<size_t>(size.width) * static_cast<size_t>(size.height),
+                static_cast<uint32_t*>(bits));
+    const Selection selection(memory.get(), bitmap.get());
+    const RECT area = toRect(rect);
+    AlphaBlend(dc_, area.left, area.top, area.right - area.left, area.bottom - area.top, memory.get(), 0, 0,
+               size.width, size.height, {AC_SRC_OVER, 0, 255, AC_SRC_ALPHA});
+}
+
+void GdiCanvas::stampOpaque(const SharedPicture& picture, const PixelRect& rect) {
+    constexpr uint32_t white = 0x00FFFFFF;
+    std::vector<uint32_t> colours = picture.pixels();
+    std::vector<uint32_t> mask(colours.size(), 0);
+    bool holes = false;
+    for (size_t i = 0; i < colours.size(); ++i) {
+        const uint32_t alpha = colours[i] >> 24;
+        if (alpha == 0) {
+            mask[i] = white;
+            colours[i] = 0;
+            holes = true;
+        } else {
+            const uint32_t paper = (255 - alpha) * 0x010101;  // premultiplied: adding white's share is enough
+            colours[i] = (colours[i] & white) + paper;
+        }
+    }
+    const BITMAPINFO info = infoOf(picture.size());
+    const RECT area = toRect(rect);
+    const auto stamp = [&](const std::vector<uint32_t>& pixels, DWORD operation) {
+        StretchDIBits(dc_, area.left, area.top, area.right - area.left, area.bottom - area.top, 0, 0,
+                      picture.size().width, picture.size().height, pixels.data(), &info, DIB_RGB_COLORS,
+                      operation);
+    };
+    SetStretchBltMode(dc_, COLORONCOLOR);
+    if (holes) {
+        stamp(mask, SRCAND);
+        stamp(colours, SRCPAINT);
+    } else {
+        stamp(colours, SRCCOPY);
+    }
+}
+
+void GdiCanvas::drawFocusRect(const PixelRect& rect) {
+    if (rect.empty()) return;
+    const RECT area = toRect(rect);
+    // The cue inverts through a two-coloured pattern; other colours would tint it.
+    SetTextColor(dc_, RGB(0, 0, 0));
+    SetBkColor(dc_, RGB(255, 255, 255));
+    DrawFocusRect(dc_, &area);
+}
+
+void GdiCanvas::pushClip(const PixelRect& rect) {
+    SaveDC(dc_);
+    ++clips_;
+    const RECT area = toRect(rect);
+    if (rect.empty()) {
+        IntersectClipRect(dc_, 0, 0, 0, 0);
+    } else {
+        IntersectClipRect(dc_, area.left, area.top, area.right, area.bottom);
+    }
+}
+
+void GdiCanvas::popClip() {
+    if (clips_ == 0) return;
+    --clips_;
+    RestoreDC(dc_, -1);
+}
+
+}  // namespace obk::win32

@@ -1,0 +1,49 @@
+#include "platform/win32/key_router.h"
+
+namespace obk::win32 {
+
+int16_t shiftState() {
+    const auto bit = [](int virtualKey, int16_t value) {
+        return GetKeyState(virtualKey) < 0 ? value : int16_t{0};
+    };
+    return static_cast<int16_t>(bit(VK_SHIFT, shift::shift) | bit(VK_CONTROL, shift::control) |
+                                bit(VK_MENU, shift::alt));
+}
+
+KeyEvent keyEvent(WPARAM wParam, LPARAM lParam) {
+    constexpr LPARAM wasDown = 1 << 30;
+    return {static_cast<int16_t>(wParam), shiftState(), (lParam & wasDown) != 0};
+}
+
+bool isKeyDown(UINT message) {
+    return message == WM_KEYDOWN || message == WM_SYSKEYDOWN;
+}
+
+bool KeyRouter::answered(const MSG& message) const {
+    if (!answer_) return false;
+    const MSG& known = answer_->message;
+    return known.hwnd == message.hwnd && known.message == message.message && known.wParam == message.wParam &&
+           known.lParam == message.lParam && known.time == message.time;
+}
+
+KeyRoute KeyRouter::route(const MSG& message, const Ask& ask, bool byHost) {
+    if (!answered(message)) {
+        answer_.reset();
+        const KeyRoute route = ask(keyEvent(message.wParam, message.lParam));
+        // Asking may have run a message loop that put another key here.
+        answer_ = Answer{message, {route, false}};
+    }
+    answer_->delivered.offered |= byHost;
+    return answer_->delivered.route;
+}
+
+KeyRouter::Delivered KeyRouter::deliver(const MSG& message, const Ask& ask) {
+    if (answered(message)) {
+        const Delivered delivered = answer_->delivered;
+        answer_.reset();
+        return delivered;
+    }
+    return {ask(keyEvent(message.wParam, message.lParam)), false};
+}
+
+}  // namespace obk::win32

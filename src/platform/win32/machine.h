@@ -1,0 +1,20 @@
+// The clock and the registry.
+#pragma once
+
+#include "widgets/platform.h"
+
+namespace obk::win32 {
+
+class SystemClock final : public Clock {
+public:
+    int32_t tickCount() override;
+    std::chrono::year_month_day today() override;
+};
+
+class SystemRegistry final : public Registry {
+public:
+    // The access mask goes to the system as given.
+    std::unique_ptr<RegistryKey> open(int32_t rootKey, TextView subKey, uint32_t access) override;
+};
+
+}  // namespace obk::win32

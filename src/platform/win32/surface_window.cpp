@@ -1,0 +1,388 @@
+#include "platform/win32/surface_window.h"
+
+#include "platform/win32/accessible.h"
+#include "platform/win32/display.h"
+#include "platform/win32/gdi_canvas.h"
+#include "platform/win32/handles.h"
+#include "platform/win32/text_box_window.h"
+
+#include <oleacc.h>
+
+namespace obk::win32 {
+
+namespace {
+
+constexpr UINT dpiChangedAfterParent = 0x02E3;  // WM_DPICHANGED_AFTERPARENT, of Windows 10
+constexpr DWORD childStyle = WS_CHILD | WS_CLIPCHILDREN | WS_CLIPSIBLINGS;
+constexpr DWORD popupStyle = WS_POPUP | WS_CLIPCHILDREN | WS_CLIPSIBLINGS;
+
+PixelRect clientArea(HWND window) {
+    RECT area{};
+    GetClientRect(window, &area);
+    return fromRect(area);
+}
+
+}  // namespace
+
+HCURSOR systemCursor(Cursor cursor) {
+    const wchar_t* name = IDC_ARROW;
+    switch (cursor) {
+        case Cursor::arrow:
+            break;
+        case Cursor::text:
+            name = IDC_IBEAM;
+            break;
+        case Cursor::hand:
+            name = IDC_HAND;
+            break;
+        case Cursor::sizeColumn:
+            name = IDC_SIZEWE;
+            break;
+        case Cursor::wait:
+            name = IDC_WAIT;
+            break;
+    }
+    return LoadCursorW(nullptr, name);
+}
+
+SurfaceWindow::SurfaceWindow(std::shared_ptr<Environment> environment, SurfaceClient& client, Kind kind)
+    : ClientWindow(std::move(environment), client),
+      surfaceClient_(&client),
+      kind_(kind),
+      visible_(kind == Kind::control) {}
+
+SurfaceWindow::~SurfaceWindow() {
+    if (accessible_) accessible_->Release();
+}
+
+std::shared_ptr<SurfaceWindow> SurfaceWindow::create(std::shared_ptr<Environment> environment,
+                                                     SurfaceClient& client,
+                                                     const SurfacePlacement& placement) {
+    const wchar_t* const className = environment->surfaceClass();
+    const auto parent = reinterpret_cast<HWND>(placement.parent);
+    if (!className || (placement.kind == Kind::control && !IsWindow(parent))) return nullptr;
+    const std::shared_ptr<SurfaceWindow> self(new SurfaceWindow(environment, client, placement.kind));
+
+    const bool child = placement.kind == Kind::control;
+    const bool panel = placement.kind == Kind::panel;
+    const DWORD extended = panel ? WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE : child ? 0 : WS_EX_TOOLWINDOW;
+    const RECT bounds = toRect(placement.bounds);
+    const Environment::ActivationScope scope(*environment);
+    // A panel above its owner belongs to the owner's top-level window, whatever child is named here.
+    const HWND window = CreateWindowExW(
+        extended, className, L"", child ? childStyle : popupStyle, bounds.left, bounds.top,
+        std::max(0L, bounds.right - bounds.left), std::max(0L, bounds.bottom - bounds.top),
+        placement.kind == Kind::parked ? nullptr : parent, nullptr, environment->module(), nullptr);
+    if (!window) return nullptr;
+    self->adopt(window);
+    self->reportedDpi_ = self->dpi();
+    environment->service().addListener(
+        std::shared_ptr<AppearanceListener>(self, static_cast<AppearanceListener*>(self.get())));
+    self->show();
+    return self;
+}
+
+void SurfaceWindow::closeSurface() {
+    surfaceClient_ = nullptr;
+    toolTip_.close();
+    close();
+}
+
+void SurfaceWindow::destroyed() {
+    wantsCapture_ = false;
+    toolTip_.close();
+    if (accessible_) {
+        // Screen readers in other processes let go of what no longer shows.
+        CoDisconnectObject(accessible_, 0);
+        std::exchange(accessible_, nullptr)->Release();
+    }
+}
+
+void SurfaceWindow::show() {
+    const HWND window = hwnd();
+    if (!window) return;
+    const bool shown = visible_ && kind_ != Kind::parked;
+    if (shown == ((GetWindowLongW(window, GWL_STYLE) & WS_VISIBLE) != 0)) return;
+    if (!shown) {
+        // The system moves the focus out of this window, but not out of one inside it.
+        if (holdsFocus()) SetFocus(GetParent(window));
+        ShowWindow(window, SW_HIDE);
+        return;
+    }
+    UINT flags = SWP_SHOWWINDOW | SWP_NOACTIVATE | SWP_NOMOVE | SWP_NOSIZE;
+    if (kind_ != Kind::panel) flags |= SWP_NOZORDER;
+    SetWindowPos(window, HWND_TOP, 0, 0, 0, 0, flags);
+}
+
+void SurfaceWindow::setParent(HWND parent) {
+    const HWND window = hwnd();
+    if (!window || (parent && !IsWindow(parent))) return;
+    if (kind_ == Kind::panel) {
+        // Owners are top-level windows; the system does not look for the one above a child here.
+        const HWND owner = parent ? GetAncestor(parent, GA_ROOT) : nullptr;
+        SetWindowLongPtrW(window, GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(owner));
+        checkDpi();
+        return;
+    }
+    const auto restyle = [window](DWORD style, DWORD extended) {
+        const auto kept = static_cast<DWORD>(GetWindowLongW(window, GWL_STYLE)) & (WS_VISIBLE | WS_DISABLED);
+        SetWindowLongW(window, GWL_STYLE, static_cast<LONG>(style | kept));
+        SetWindowLongW(window, GWL_EXSTYLE, static_cast<LONG>(extended));
+    };
+    if (parent) {
+        restyle(childStyle, 0);
+        if (!SetParent(window, parent)) {
+            if (kind_ == Kind::parked) restyle(popupStyle, WS_EX_TOOLWINDOW);
+            return;
+        }
+        kind_ = Kind::control;
+        SetWindowPos(window, nullptr, 0, 0, 0, 0,
+                     SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED);
+        show();
+        checkDpi();
+    } else if (kind_ == Kind::control) {
+        kind_ = Kind::parked;
+        show();
+        SetParent(window, nullptr);
+        restyle(popupStyle, WS_EX_TOOLWINDOW);
+    }
+}
+
+void SurfaceWindow::setBounds(const PixelRect& bounds) {
+    const HWND window = hwnd();
+    if (!window) return;
+    const RECT area = toRect(bounds);
+    SetWindowPos(window, nullptr, area.left, area.top, std::max(0L, area.right - area.left),
+                 std::max(0L, area.bottom - area.top), SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOOWNERZORDER);
+    checkDpi();
+}
+
+void SurfaceWindow::setVisible(bool visible) {
+    visible_ = visible;
+    show();
+}
+
+void SurfaceWindow::takeFocus() {
+    // The focus in a panel would take the activation from the host's window.
+    if (kind_ == Kind::control) focus();
+}
+
+void SurfaceWindow::invalidate(const PixelRect& rect) {
+    const RECT area = toRect(rect);
+    if (hwnd() && !rect.empty()) InvalidateRect(hwnd(), &area, FALSE);
+}
+
+void SurfaceWindow::update() {
+    if (hwnd()) UpdateWindow(hwnd());
+}
+
+void SurfaceWindow::scroll(const PixelRect& rect, int32_t x, int32_t y) {
+    const HWND window = hwnd();
+    if (!window || rect.empty()) return;
+    const RECT area = toRect(rect);
+    ScrollWindowEx(window, x, y, &area, &area, nullptr, nullptr, SW_INVALIDATE);
+}
+
+void SurfaceWindow::capture() {
+    const HWND window = hwnd();
+    if (!window) return;
+    wantsCapture_ = true;
+    SetCapture(window);
+}
+
+void SurfaceWindow::releaseCapture() {
+    wantsCapture_ = false;
+    if (!hasCapture()) return;
+    releasing_ = true;
+    ReleaseCapture();
+    releasing_ = false;
+}
+
+LRESULT SurfaceWindow::captureChanged(const Message& message) {
+    const auto next = reinterpret_cast<HWND>(message.lParam);
+    const bool own = next == message.window || (next && IsChild(message.window, next));
+    if (!releasing_ && !own && wantsCapture_) {
+        wantsCapture_ = false;
+        if (listening() && surfaceClient_) surfaceClient_->captureLost();
+    }
+    return 0;
+}
+
+void SurfaceWindow::childReleasedCapture() {
+    const HWND window = hwnd();
+    if (!wantsCapture_ || !window) return;
+    const HWND current = GetCapture();
+    if (current && (current == window || IsChild(window, current))) return;
+    if (!current) {
+        SetCapture(window);
+    } else {
+        // It went on to a stranger from the child, where the surface did not see it go.
+        wantsCapture_ = false;
+        const Hold hold(*this);
+        if (listening() && surfaceClient_) surfaceClient_->captureLost();
+    }
+}
+
+void SurfaceWindow::setCursor(Cursor cursor) {
+    if (cursor_ == cursor) return;
+    cursor_ = cursor;
+    POINT at{};
+    if (hwnd() && GetCursorPos(&at) && (hasCapture() || WindowFromPoint(at) == hwnd()))
+        SetCursor(systemCursor(cursor_));
+}
+
+void SurfaceWindow::setToolTip(const PixelRect& rect, TextView text) {
+    toolTip_.set(environment(), hwnd(), rect, text);
+}
+
+void SurfaceWindow::add(const std::shared_ptr<TextBoxWindow>& textBox) {
+    std::erase_if(textBoxes_, [](const auto& known) { return known.expired(); });
+    textBoxes_.push_back(textBox);
+}
+
+void SurfaceWindow::closeSilently(ClientWindow& child) {
+    const Silence silence(*this);
+    child.close();
+}
+
+std::shared_ptr<TextBoxWindow> SurfaceWindow::textBox(HWND window) const {
+    for (const auto& known : textBoxes_) {
+        const auto textBox = known.lock();
+        if (textBox && window && textBox->hwnd() == window) return textBox;
+    }
+    return nullptr;
+}
+
+LRESULT SurfaceWindow::passWheelToHost(const Message& message) {
+    const HWND window = hwnd();
+    return window ? DefWindowProcW(window, message.code, message.wParam, message.lParam) : 0;
+}
+
+std::vector<AccessibleItem> SurfaceWindow::accessibleItems() {
+    const Hold hold(*this);
+    if (!listening() || !surfaceClient_) return {};
+    return surfaceClient_->accessibleItems();
+}
+
+void SurfaceWindow::press(PixelPoint at) {
+    const Hold hold(*this);
+    if (!listening() || !surfaceClient_) return;
+    surfaceClient_->mouse({MouseEvent::Kind::down, button::left, 0, at});
+    if (!listening() || !surfaceClient_) return;
+    surfaceClient_->mouse({MouseEvent::Kind::up, button::left, 0, at});
+}
+
+void SurfaceWindow::appearanceChanged() {
+    const HWND window = hwnd();
+    if (!window) return;
+    const Hold hold(*this);
+    InvalidateRect(window, nullptr, FALSE);
+    if (listening() && surfaceClient_) surfaceClient_->appearanceChanged();
+}
+
+void SurfaceWindow::checkDpi() {
+    const Dpi now = dpi();
+    if (!hwnd() || now == reportedDpi_) return;
+    reportedDpi_ = now;
+    const auto textBoxes = textBoxes_;
+    for (const auto& known : textBoxes) {
+        if (const auto textBox = known.lock()) textBox->dpiChanged(now);
+    }
+    InvalidateRect(hwnd(), nullptr, FALSE);
+    const Hold hold(*this);
+    if (listening() && surfaceClient_) surfaceClient_->dpiChanged(now);
+}
+
+void SurfaceWindow::paint(HWND window) {
+    PAINTSTRUCT painting{};
+    const HDC dc = BeginPaint(window, &painting);
+    if (!dc) return;
+    paintOn(dc, fromRect(painting.rcPaint));
+    // The client may have destroyed the window; the system has then ended the painting.
+    if (IsWindow(window)) EndPaint(window, &painting);
+}
+
+void SurfaceWindow::paintOn(HDC dc, const PixelRect& dirty) {
+    if (dirty.empty()) return;
+    BITMAPINFO info{};
+    info.bmiHeader.biSize = sizeof info.bmiHeader;
+    info.bmiHeader.biWidth = dirty.width();
+    info.bmiHeader.biHeight = -dirty.height();
+    info.bmiHeader.biPlanes = 1;
+    info.bmiHeader.biBitCount = 32;
+    info.bmiHeader.biCompression = BI_RGB;
+    void* bits = nullptr;
+    const UniqueBitmap buffer(CreateDIBSection(dc, &info, DIB_RGB_COLORS, &bits, nullptr, 0));
+    const UniqueMemoryDc memory(CreateCompatibleDC(dc));
+    if (!buffer || !memory) return;
+    const Selection selection(memory.get(), buffer.get());
+    SetViewportOrgEx(memory.get(), -dirty.left, -dirty.top, nullptr);
+    try {
+        GdiCanvas canvas(memory.get(), dpi(), &environment().fonts());
+        if (listening() && surfaceClient_) surfaceClient_->paint(canvas, dirty);
+    } catch (...) {
+        // What was painted so far is shown.
+    }
+    BitBlt(dc, dirty.left, dirty.top, dirty.width(), dirty.height(), memory.get(), dirty.left, dirty.top,
+           SRCCOPY);
+}
+
+LRESULT SurfaceWindow::accessible(const Message& message) {
+    if (static_cast<LONG>(message.lParam) != OBJID_CLIENT || !surfaceClient_) return defaultFor(message);
+    if (!accessible_) {
+        accessible_ = createAccessible(std::static_pointer_cast<SurfaceWindow>(shared_from_this()),
+                                       environment().lockModule());
+    }
+    return accessible_ ? LresultFromObject(IID_IAccessible, message.wParam, accessible_) : 0;
+}
+
+LRESULT SurfaceWindow::handle(const Message& message) {
+    switch (message.code) {
+        case WM_ERASEBKGND:
+            return 1;
+        case WM_PAINT:
+            paint(message.window);
+            return 0;
+        case WM_PRINTCLIENT:
+            paintOn(reinterpret_cast<HDC>(message.wParam), clientArea(message.window));
+            return 0;
+        case WM_CTLCOLOREDIT:
+        case WM_CTLCOLORSTATIC:
+            if (const auto child = textBox(reinterpret_cast<HWND>(message.lParam)))
+                return reinterpret_cast<LRESULT>(
+                    child->prepareColours(reinterpret_cast<HDC>(message.wParam)));
+            return defaultFor(message);
+        case WM_COMMAND:
+            if (HIWORD(message.wParam) == EN_CHANGE) {
+                if (const auto child = textBox(reinterpret_cast<HWND>(message.lParam))) child->reportText();
+                return 0;
+            }
+            return defaultFor(message);
+        case WM_CAPTURECHANGED:
+            return captureChanged(message);
+        case WM_MOUSEACTIVATE:
+            return kind_ == Kind::panel ? MA_NOACTIVATE : defaultFor(message);
+        case WM_SETCURSOR:
+            if (LOWORD(message.lParam) != HTCLIENT ||
+                reinterpret_cast<HWND>(message.wParam) != message.window)
+                return defaultFor(message);
+            SetCursor(systemCursor(cursor_));
+            return TRUE;
+        case WM_DPICHANGED:
+        case dpiChangedAfterParent:
+            checkDpi();
+            return 0;
+        case WM_SETTINGCHANGE:
+        case WM_SYSCOLORCHANGE:
+        case WM_THEMECHANGED:
+            // Hosts that pass these on do so for each control; all are told together.
+            environment().service().appearanceChangedSoon();
+            return defaultFor(message);
+        case WM_GETOBJECT:
+            return accessible(message);
+        default:
+            return ClientWindow::handle(message);
+    }
+}
+
+}  // namespace obk::win32

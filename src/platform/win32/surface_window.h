@@ -1,0 +1,82 @@
+// A control's own window or a pop-up panel's.
+#pragma once
+
+#include "platform/win32/client_window.h"
+#include "platform/win32/display.h"
+#include "platform/win32/tool_tip.h"
+
+#include <unknwn.h>
+
+#include <memory>
+#include <vector>
+
+namespace obk::win32 {
+
+class TextBoxWindow;
+
+class SurfaceWindow final : public ClientWindow, private AppearanceListener {
+public:
+    // Null when the system refuses.
+    static std::shared_ptr<SurfaceWindow> create(std::shared_ptr<Environment> environment,
+                                                 SurfaceClient& client, const SurfacePlacement& placement);
+    ~SurfaceWindow() override;
+
+    void closeSurface();
+    Dpi dpi() const { return windowDpi(hwnd()); }
+    void setParent(HWND parent);
+    void setBounds(const PixelRect& bounds);
+    void setVisible(bool visible);
+    void takeFocus();
+    void invalidate(const PixelRect& rect);
+    void update();
+    void scroll(const PixelRect& rect, int32_t x, int32_t y);
+    void capture();
+    void releaseCapture();
+    bool hasCapture() const { return hwnd() && GetCapture() == hwnd(); }
+    void setCursor(Cursor cursor);
+    void setToolTip(const PixelRect& rect, TextView text);
+
+    void add(const std::shared_ptr<TextBoxWindow>& textBox);
+    // Whatever the child's end does to the surface is not reported.
+    void closeSilently(ClientWindow& child);
+    // A child window's own capture has ended: the surface has it again if it had it before.
+    void childReleasedCapture();
+    // A wheel that neither a child nor the surface uses goes to the host.
+    LRESULT passWheelToHost(const Message& message);
+
+    std::vector<AccessibleItem> accessibleItems();
+    // Presses and releases the left button there, as a click would.
+    void press(PixelPoint at);
+
+private:
+    using Kind = SurfacePlacement::Kind;
+
+    SurfaceWindow(std::shared_ptr<Environment> environment, SurfaceClient& client, Kind kind);
+    LRESULT handle(const Message& message) override;
+    void destroyed() override;
+    LRESULT passWheelOn(const Message& message) override { return passWheelToHost(message); }
+    void appearanceChanged() override;
+
+    void show();
+    void paint(HWND window);
+    void paintOn(HDC dc, const PixelRect& dirty);
+    LRESULT captureChanged(const Message& message);
+    LRESULT accessible(const Message& message);
+    void checkDpi();
+    std::shared_ptr<TextBoxWindow> textBox(HWND window) const;
+
+    SurfaceClient* surfaceClient_;
+    Kind kind_;
+    bool visible_;
+    Dpi reportedDpi_;
+    bool wantsCapture_ = false;
+    bool releasing_ = false;
+    Cursor cursor_ = Cursor::arrow;
+    std::vector<std::weak_ptr<TextBoxWindow>> textBoxes_;
+    ToolTip toolTip_;
+    IUnknown* accessible_ = nullptr;  // counted
+};
+
+HCURSOR systemCursor(Cursor cursor);
+
+}  // namespace obk::win32

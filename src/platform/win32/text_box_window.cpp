@@ -1,0 +1,326 @@
+#include "platform/win32/text_box_window.h"
+
+#include "platform/win32/display.h"
+#include "platform/win32/handles.h"
+#include "platform/win32/surface_window.h"
+#include "platform/win32/text_conversion.h"
+
+#include <imm.h>
+#include <initguid.h>
+#include <oleacc.h>
+
+#include <string>
+
+namespace obk::win32 {
+
+namespace {
+
+DWORD styleOf(HorizontalAlignment alignment) {
+    switch (alignment) {
+        case HorizontalAlignment::left:
+            return ES_LEFT;
+        case HorizontalAlignment::right:
+            return ES_RIGHT;
+        case HorizontalAlignment::centre:
+            return ES_CENTER;
+    }
+    return ES_LEFT;
+}
+
+// What the keyboard's control characters are for single-line text. The system's window beeps at the first
+// ones and writes the last one as a box.
+namespace typed {
+constexpr WPARAM selectAll = 1;
+constexpr WPARAM tab = 9;
+constexpr WPARAM lineFeed = 10;
+constexpr WPARAM enter = 13;
+constexpr WPARAM escape = 27;
+constexpr WPARAM controlBackspace = 127;
+}  // namespace typed
+
+}  // namespace
+
+TextBoxWindow::TextBoxWindow(const std::shared_ptr<Environment>& environment,
+                             const std::shared_ptr<SurfaceWindow>& surface, TextBoxClient& client)
+    : ClientWindow(environment, client),
+      surface_(surface),
+      textBoxClient_(&client),
+      fontDpi_(surface->dpi()) {}
+
+std::shared_ptr<TextBoxWindow> TextBoxWindow::create(const std::shared_ptr<Environment>& environment,
+                                                     const std::shared_ptr<SurfaceWindow>& surface,
+                                                     TextBoxClient& client) {
+    const HWND parent = surface->hwnd();
+    if (!parent) return nullptr;
+    const std::shared_ptr<TextBoxWindow> self(new TextBoxWindow(environment, surface, client));
+    const HWND window = self->makeWindow(parent);
+    if (!window) return nullptr;
+    self->adopt(window);
+    surface->add(self);
+    self->applyFont();
+    self->send(EM_LIMITTEXT);
+    return self;
+}
+
+HWND TextBoxWindow::makeWindow(HWND parent) const {
+    const Environment::ActivationScope scope(environment());
+    const DWORD style =
+        WS_CHILD | WS_CLIPSIBLINGS | ES_AUTOHSCROLL | styleOf(alignment_) | (readOnly_ ? ES_READONLY : 0);
+    return CreateWindowExW(0, L"EDIT", L"", style, 0, 0, 0, 0, parent, nullptr, environment().module(),
+                           nullptr);
+}
+
+void TextBoxWindow::closeTextBox() {
+    textBoxClient_ = nullptr;
+    // The focus of a window that goes falls to its parent, which is no news: it stays in the surface.
+    if (const auto surface = surface_.lock()) {
+        surface->closeSilently(*this);
+    } else {
+        close();
+    }
+}
+
+LRESULT TextBoxWindow::send(UINT message, WPARAM wParam, LPARAM lParam) const {
+    return hwnd() ? SendMessageW(hwnd(), message, wParam, lParam) : 0;
+}
+
+void TextBoxWindow::setBounds(const PixelRect& bounds, const PixelRect& clip) {
+    bounds_ = bounds;
+    clip_ = clip;
+    place();
+}
+
+void TextBoxWindow::setVisible(bool visible) {
+    visible_ = visible;
+    place();
+}
+
+void TextBoxWindow::place() {
+    const HWND window = hwnd();
+    if (!window) return;
+    const PixelRect shown = bounds_.intersected(clip_);
+    const bool nothing = !visible_ || bounds_.empty() || shown.empty();
+    const RECT area = toRect(bounds_);
+    SetWindowPos(window, nullptr, area.left, area.top, std::max(0L, area.right - area.left),
+                 std::max(0L, area.bottom - area.top), SWP_NOZORDER | SWP_NOACTIVATE);
+    const bool clipped = !nothing && shown != bounds_;
+    if (clipped) {
+        const PixelRect inside = shown.moved(-bounds_.left, -bounds_.top);
+        UniqueRegion region(CreateRectRgn(inside.left, inside.top, inside.right, inside.bottom));
+        // The system owns the region from then on.
+        if (SetWindowRgn(window, region.get(), TRUE)) static_cast<void>(region.release());
+    } else if (clipped_) {
+        SetWindowRgn(window, nullptr, TRUE);
+    }
+    clipped_ = clipped;
+    if (nothing != ((GetWindowLongW(window, GWL_STYLE) & WS_VISIBLE) == 0))
+        ShowWindow(window, nothing ? SW_HIDE : SW_SHOWNA);
+}
+
+void TextBoxWindow::setFont(const FontDescription& font) {
+    font_ = font;
+    applyFont();
+}
+
+void TextBoxWindow::dpiChanged(Dpi dpi) {
+    fontDpi_ = dpi;
+    applyFont();
+}
+
+void TextBoxWindow::applyFont() {
+    const SharedGdiFont previous = std::exchange(gdiFont_, environment().fonts().get(font_, fontDpi_));
+    send(WM_SETFONT, reinterpret_cast<WPARAM>(gdiFont_.get()), TRUE);
+    setMargins();
+}
+
+void TextBoxWindow::setMargins() {
+    // None of the window's own: the distance of the text from its frame is the widget's, at every resolution.
+    // Setting a font brings back the system's.
+    send(EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, 0);
+}
+
+void TextBoxWindow::setColours(Rgb text, Rgb background) {
+    textColour_ = text;
+    background_ = background;
+    if (hwnd()) InvalidateRect(hwnd(), nullptr, TRUE);
+}
+
+HBRUSH TextBoxWindow::prepareColours(HDC dc) const {
+    SetTextColor(dc, textColour_.value);
+    SetBkColor(dc, background_.value);
+    SetDCBrushColor(dc, background_.value);
+    return static_cast<HBRUSH>(GetStockObject(DC_BRUSH));
+}
+
+void TextBoxWindow::setAccessibleName(TextView name) {
+    if (name == accessibleName_) return;
+    accessibleName_ = name;
+    applyAccessibleName();
+}
+
+void TextBoxWindow::applyAccessibleName() {
+    // Screen readers know edit windows better than anything of ours could describe them: only the name is
+    // added.
+    if (!hwnd()) return;
+    IAccPropServices* services = nullptr;
+    if (FAILED(CoCreateInstance(CLSID_AccPropServices, nullptr, CLSCTX_INPROC_SERVER, IID_IAccPropServices,
+                                reinterpret_cast<void**>(&services))))
+        return;
+    services->SetHwndPropStr(hwnd(), static_cast<DWORD>(OBJID_CLIENT), CHILDID_SELF, PROPID_ACC_NAME,
+                             toWide(accessibleName_).c_str());
+    services->Release();
+}
+
+Text TextBoxWindow::text() const {
+    const auto length = static_cast<size_t>(send(WM_GETTEXTLENGTH));
+    std::wstring buffer(length + 1, L'\0');
+    buffer.resize(
+        static_cast<size_t>(send(WM_GETTEXT, buffer.size(), reinterpret_cast<LPARAM>(buffer.data()))));
+    return fromWide(buffer);
+}
+
+void TextBoxWindow::setText(TextView text) {
+    const std::wstring terminated = toWide(text);
+    send(WM_SETTEXT, 0, reinterpret_cast<LPARAM>(terminated.c_str()));
+}
+
+void TextBoxWindow::setSelection(TextSelection selection) {
+    const auto length = static_cast<int32_t>(send(WM_GETTEXTLENGTH));
+    const int32_t start = std::clamp(selection.start, 0, length);
+    const int32_t end = start + std::clamp(selection.length, 0, length - start);
+    send(EM_SETSEL, static_cast<WPARAM>(start), end);
+    send(EM_SCROLLCARET);
+}
+
+TextSelection TextBoxWindow::selection() const {
+    DWORD start = 0;
+    DWORD end = 0;
+    send(EM_GETSEL, reinterpret_cast<WPARAM>(&start), reinterpret_cast<LPARAM>(&end));
+    return {static_cast<int32_t>(start), static_cast<int32_t>(end - start)};
+}
+
+void TextBoxWindow::setAlignment(HorizontalAlignment alignment) {
+    if (alignment == alignment_) return;
+    alignment_ = alignment;
+    const HWND old = hwnd();
+    const auto surface = surface_.lock();
+    if (!old || !surface || !surface->hwnd()) return;
+    const Text content = text();
+    const TextSelection selected = selection();
+    const bool enabled = IsWindowEnabled(old) != FALSE;
+    const HWND made = makeWindow(surface->hwnd());
+    if (!made) return;
+    const Silence silence(*this);
+    SetWindowPos(made, old, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    EnableWindow(made, enabled);
+    // In place before the old one goes, so that the focus has somewhere to go.
+    SetWindowTextW(made, toWide(content).c_str());
+    const bool hadFocus = GetFocus() == old;
+    const bool shown = (GetWindowLongW(old, GWL_STYLE) & WS_VISIBLE) != 0;
+    if (shown && hadFocus) ShowWindow(made, SW_SHOWNA);
+    replace(made);
+    clipped_ = false;
+    applyFont();
+    send(EM_LIMITTEXT, static_cast<WPARAM>(maxLength_));
+    setSelection(selected);
+    place();
+    if (!accessibleName_.empty()) applyAccessibleName();
+}
+
+void TextBoxWindow::setMaxLength(int32_t length) {
+    maxLength_ = std::max(0, length);
+    send(EM_LIMITTEXT, static_cast<WPARAM>(maxLength_));
+}
+
+void TextBoxWindow::setReadOnly(bool readOnly) {
+    readOnly_ = readOnly;
+    send(EM_SETREADONLY, readOnly);
+}
+
+void TextBoxWindow::perform(EditCommand command) {
+    switch (command) {
+        case EditCommand::undo:
+            if (!readOnly_) send(WM_UNDO);
+            break;
+        case EditCommand::cut:
+            if (!readOnly_) send(WM_CUT);
+            break;
+        case EditCommand::copy:
+            send(WM_COPY);
+            break;
+        case EditCommand::paste:
+            if (!readOnly_) send(WM_PASTE);
+            break;
+        case EditCommand::selectAll:
+            send(EM_SETSEL, 0, -1);
+            break;
+    }
+}
+
+void TextBoxWindow::reportText() {
+    const Hold hold(*this);
+    if (listening() && textBoxClient_) textBoxClient_->textChanged(text());
+}
+
+LRESULT TextBoxWindow::passWheelOn(const Message& message) {
+    const auto surface = surface_.lock();
+    return surface ? surface->passWheelToHost(message) : 0;
+}
+
+LRESULT TextBoxWindow::composition(const Message& message) {
+    if (!(message.lParam & GCS_RESULTSTR)) return defaultFor(message);
+    std::wstring committed;
+    if (const HIMC context = ImmGetContext(message.window)) {
+        const LONG bytes = ImmGetCompositionStringW(context, GCS_RESULTSTR, nullptr, 0);
+        if (bytes > 0) {
+            committed.resize(static_cast<size_t>(bytes) / sizeof(wchar_t));
+            ImmGetCompositionStringW(context, GCS_RESULTSTR, committed.data(), static_cast<DWORD>(bytes));
+        }
+        ImmReleaseContext(message.window, context);
+    }
+    if (committed.empty()) return defaultFor(message);
+    // What an input method commits is typed, unit by unit, so that the client filters it as it filters keys.
+    for (const wchar_t unit : committed) {
+        if (!open()) return 0;
+        SendMessageW(hwnd(), WM_IME_CHAR, unit, 1);
+    }
+    return defaultFor(
+        {message.window, message.code, message.wParam, message.lParam & ~LPARAM{GCS_RESULTSTR}});
+}
+
+LRESULT TextBoxWindow::systemDefault(const Message& message) {
+    if (message.code == WM_CHAR) {
+        switch (message.wParam) {
+            case typed::tab:
+            case typed::lineFeed:
+            case typed::enter:
+            case typed::escape:
+            case typed::controlBackspace:
+                return 0;
+            case typed::selectAll:
+                send(EM_SETSEL, 0, -1);
+                return 0;
+            default:
+                break;
+        }
+    }
+    return ClientWindow::systemDefault(message);
+}
+
+LRESULT TextBoxWindow::handle(const Message& message) {
+    switch (message.code) {
+        case WM_IME_COMPOSITION:
+            return composition(message);
+        case WM_LBUTTONUP:
+        case WM_RBUTTONUP:
+        case WM_MBUTTONUP: {
+            const LRESULT result = ClientWindow::handle(message);
+            if (const auto surface = surface_.lock()) surface->childReleasedCapture();
+            return result;
+        }
+        default:
+            return ClientWindow::handle(message);
+    }
+}
+
+}  // namespace obk::win32

@@ -1,0 +1,18 @@
+// Between the library's UTF-16 text and the system's: the one place that knows both character types.
+#pragma once
+
+#include "base/text.h"
+
+#include <string>
+#include <string_view>
+
+namespace obk::win32 {
+
+std::wstring toWide(TextView text);
+Text fromWide(std::wstring_view text);
+// Borrowed, the same units; not terminated by a zero.
+std::wstring_view asWide(TextView text);
+// In the system's single-byte code page; a zero inside ends the text, what the code page lacks becomes "?".
+std::string toSystemCodePage(TextView text);
+
+}  // namespace obk::win32

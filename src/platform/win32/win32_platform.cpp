@@ -1,0 +1,136 @@
+#include "platform/win32/win32_platform.h"
+
+#include "platform/win32/display.h"
+#include "platform/win32/surface_window.h"
+#include "platform/win32/text_box_window.h"
+
+#include <algorithm>
+
+namespace obk::win32 {
+
+namespace {
+
+class Timer final : public TimerPeer {
+public:
+    Timer(std::shared_ptr<Environment> environment, KeepAlive keepAlive, std::function<void()> tick)
+        : environment_(std::move(environment)), callback_(std::make_shared<Callback>()) {
+        *callback_ = {std::move(keepAlive), std::move(tick)};
+    }
+    Timer(const Timer&) = delete;
+    Timer& operator=(const Timer&) = delete;
+    ~Timer() override { stop(); }
+
+    void start(std::chrono::milliseconds interval) override {
+        stop();
+        const auto period = std::clamp<int64_t>(interval.count(), 1, 0x7FFFFFFF);
+        timer_ = environment_->service().startTimer(static_cast<UINT>(period), [callback = callback_] {
+            // A tick may destroy the timer and all it belongs to.
+            const std::shared_ptr<void> alive = callback->keepAlive ? callback->keepAlive() : nullptr;
+            if (alive) callback->tick();
+        });
+    }
+    void stop() override {
+        if (timer_) environment_->service().stopTimer(std::exchange(timer_, 0));
+    }
+
+private:
+    struct Callback {
+        KeepAlive keepAlive;
+        std::function<void()> tick;
+    };
+    std::shared_ptr<Environment> environment_;
+    std::shared_ptr<Callback> callback_;
+    UINT_PTR timer_ = 0;
+};
+
+class TextBox final : public TextBoxPeer {
+public:
+    explicit TextBox(std::shared_ptr<TextBoxWindow> window) : window_(std::move(window)) {}
+    TextBox(const TextBox&) = delete;
+    TextBox& operator=(const TextBox&) = delete;
+    ~TextBox() override { window_->closeTextBox(); }
+
+    NativeWindow window() const override { return reinterpret_cast<NativeWindow>(window_->hwnd()); }
+    void setBounds(const PixelRect& bounds, const PixelRect& clip) override {
+        window_->setBounds(bounds, clip);
+    }
+    void setVisible(bool visible) override { window_->setVisible(visible); }
+    void setEnabled(bool enabled) override { window_->setEnabled(enabled); }
+    void setFont(const FontDescription& font) override { window_->setFont(font); }
+    void setColours(Rgb text, Rgb background) override { window_->setColours(text, background); }
+    void setAccessibleName(TextView name) override { window_->setAccessibleName(name); }
+    void focus() override { window_->focus(); }
+    bool hasFocus() const override { return window_->holdsFocus(); }
+    void setText(TextView text) override { window_->setText(text); }
+    void setSelection(TextSelection selection) override { window_->setSelection(selection); }
+    TextSelection selection() const override { return window_->selection(); }
+    void setAlignment(HorizontalAlignment alignment) override { window_->setAlignment(alignment); }
+    void setMaxLength(int32_t length) override { window_->setMaxLength(length); }
+    void setReadOnly(bool readOnly) override { window_->setReadOnly(readOnly); }
+    void perform(EditCommand command) override { window_->perform(command); }
+
+private:
+    std::shared_ptr<TextBoxWindow> window_;
+};
+
+class Surface final : public SurfacePeer {
+public:
+    Surface(std::shared_ptr<Environment> environment, std::shared_ptr<SurfaceWindow> window)
+        : environment_(std::move(environment)), window_(std::move(window)) {}
+    Surface(const Surface&) = delete;
+    Surface& operator=(const Surface&) = delete;
+    ~Surface() override { window_->closeSurface(); }
+
+    NativeWindow window() const override { return reinterpret_cast<NativeWindow>(window_->hwnd()); }
+    Dpi dpi() const override { return window_->dpi(); }
+    void setParent(NativeWindow parent) override { window_->setParent(reinterpret_cast<HWND>(parent)); }
+    void setBounds(const PixelRect& bounds) override { window_->setBounds(bounds); }
+    void setVisible(bool visible) override { window_->setVisible(visible); }
+    void setEnabled(bool enabled) override { window_->setEnabled(enabled); }
+    void invalidate(const PixelRect& rect) override { window_->invalidate(rect); }
+    void update() override { window_->update(); }
+    void scroll(const PixelRect& rect, int32_t x, int32_t y) override { window_->scroll(rect, x, y); }
+    void capture() override { window_->capture(); }
+    void releaseCapture() override { window_->releaseCapture(); }
+    bool hasCapture() const override { return window_->hasCapture(); }
+    void focus() override { window_->takeFocus(); }
+    bool hasFocus() const override { return window_->holdsFocus(); }
+    void setCursor(Cursor cursor) override { window_->setCursor(cursor); }
+    void setToolTip(const PixelRect& rect, TextView text) override { window_->setToolTip(rect, text); }
+    PixelPoint toScreen(PixelPoint point) const override {
+        POINT at{point.x, point.y};
+        ClientToScreen(window_->hwnd(), &at);
+        return {at.x, at.y};
+    }
+    PixelRect workArea() const override { return workAreaOf(window_->hwnd()); }
+    std::unique_ptr<TextBoxPeer> createTextBox(TextBoxClient& client) override {
+        auto made = TextBoxWindow::create(environment_, window_, client);
+        if (!made) return nullptr;
+        auto peer = std::make_unique<TextBox>(std::move(made));
+        peer->setVisible(true);
+        return peer;
+    }
+
+private:
+    std::shared_ptr<Environment> environment_;
+    std::shared_ptr<SurfaceWindow> window_;
+};
+
+}  // namespace
+
+Win32Platform::Win32Platform(HINSTANCE module, ModuleLock lockModule)
+    : environment_(std::make_shared<Environment>(module, std::move(lockModule))),
+      appearance_(environment_->fonts()) {}
+
+std::unique_ptr<TimerPeer> Win32Platform::createTimer(KeepAlive keepAlive, std::function<void()> tick) {
+    return std::make_unique<Timer>(environment_, std::move(keepAlive), std::move(tick));
+}
+
+std::unique_ptr<SurfacePeer> Win32Platform::createSurface(SurfaceClient& client,
+                                                          const SurfacePlacement& placement) {
+    auto window = SurfaceWindow::create(environment_, client, placement);
+    if (!window) return nullptr;
+    return std::make_unique<Surface>(environment_, std::move(window));
+}
+
+}  // namespace obk::win32

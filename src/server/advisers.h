@@ -1,0 +1,33 @@
+// Who wants to hear that a control is saved, closed, or looks different.
+#pragma once
+
+#include "server/com_ptr.h"
+
+#include <windows.h>
+#include <oleidl.h>
+
+namespace obk::server {
+
+class Advisers {
+public:
+    HRESULT advise(IAdviseSink* sink, DWORD* cookie);
+    HRESULT unadvise(DWORD cookie);
+    HRESULT enumerate(IEnumSTATDATA** result);
+
+    // One container at a time watches the view.
+    HRESULT setViewAdvise(DWORD aspects, DWORD flags, IAdviseSink* sink);
+    void viewAdvise(DWORD* aspects, DWORD* flags, IAdviseSink** sink) const;
+
+    void viewChanged();
+    void saved();
+    void renamed(IMoniker* moniker);
+    void closed();
+
+private:
+    ComPtr<IOleAdviseHolder> holder_;
+    ComPtr<IAdviseSink> viewSink_;
+    DWORD viewAspects_ = 0;
+    DWORD viewFlags_ = 0;
+};
+
+}  // namespace obk::server

@@ -1,0 +1,92 @@
+// One control as its host sees it: a COM object made of one part for each group of interfaces.
+#pragma once
+
+#include "framework/control_host.h"
+#include "framework/control_table.h"
+#include "platform/win32/win32_platform.h"
+
+#include "server/advisers.h"
+#include "server/browsing_parts.h"
+#include "server/class_info_part.h"
+#include "server/client_site.h"
+#include "server/connection_points.h"
+#include "server/dispatch_part.h"
+#include "server/in_place_parts.h"
+#include "server/in_place_session.h"
+#include "server/module.h"
+#include "server/ole_control_part.h"
+#include "server/ole_object_part.h"
+#include "server/persistence_parts.h"
+#include "server/system_text.h"
+#include "server/view_part.h"
+
+#include <memory>
+
+namespace obk::server {
+
+class ControlObject final : public ObjectIdentity, private ControlHost {
+public:
+    // A new control. An aggregating object may ask for nothing but IUnknown.
+    static HRESULT create(const ControlTable& table, IUnknown* outer, REFIID iid, void** result);
+    ~ControlObject() override;
+
+    const ControlTable& table() const { return table_; }
+    GUID classId() const { return systemGuid(table_.classId); }
+    Control& control() { return *control_; }
+    win32::Win32Platform& platform() { return *platform_; }
+    ClientSite& site() { return site_; }
+    InPlaceSession& session() { return session_; }
+    Advisers& advisers() { return advisers_; }
+    IOleInPlaceActiveObject* activeObject() { return &activeObject_; }
+
+    void setSite(IOleClientSite* site);
+    // Ends everything that shows, and lets the container go.
+    void close();
+    void loaded(PropertyBag& bag);
+    void placedAfresh();
+    bool dirty() const { return dirty_; }
+    void setDirty(bool dirty) { dirty_ = dirty; }
+    // Events are dropped, not kept for later, as long as there is a freeze more than thaws: their arguments would
+    // tell of a state that is gone.
+    void freezeEvents(bool freeze);
+    // A container that is busy lets no user act: the window then takes no input.
+    void applyUiDead();
+    void viewChanged() override;
+
+private:
+    ControlObject(const ControlTable& table, IUnknown* outer);
+    IUnknown* find(REFIID iid) override;
+
+    void raise(const Member& event, std::span<Value> arguments) override;
+    void propertyChanged(const Member* property) override;
+    FontRef ambientFont() override;
+    void requestSize(Twips width, Twips height) override;
+    void focusChanged(bool inside) override;
+    bool offerKey(const KeyEvent& event) override;
+
+    const module::Presence presence_; // first, so that it outlives everything else here
+    const ControlTable& table_;
+    std::shared_ptr<win32::Win32Platform> platform_;
+    std::shared_ptr<Control> control_;
+    ClientSite site_;
+    InPlaceSession session_;
+    Advisers advisers_;
+    int frozen_ = 0;
+    bool dirty_ = false;
+
+    DispatchPart dispatch_;
+    OleObjectPart oleObject_;
+    OleControlPart oleControl_;
+    InPlaceObjectPart inPlaceObject_;
+    ActiveObjectPart activeObject_;
+    ViewPart view_;
+    PropertyBagPart propertyBag_;
+    StreamPart stream_;
+    StoragePart storage_;
+    ConnectionPoints connections_;
+    ClassInfoPart classInfo_;
+    PropertyBrowsingPart browsing_;
+    PropertyPagesPart pages_;
+};
+
+}  // namespace obk::server

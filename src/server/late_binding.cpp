@@ -1,0 +1,158 @@
+#include "server/late_binding.h"
+
+#include "server/system_text.h"
+#include "server/variant_value.h"
+
+#include <array>
+#include <vector>
+
+namespace obk::server {
+
+namespace {
+
+// Values of a call; on the stack unless there are unusually many.
+class ArgumentList {
+public:
+    explicit ArgumentList(size_t count) : count_(count) {
+        if (count > few_.size()) many_.resize(count);
+    }
+    std::span<Value> values() { return {many_.empty() ? few_.data() : many_.data(), count_}; }
+
+private:
+    size_t count_;
+    std::array<Value, 6> few_;
+    std::vector<Value> many_;
+};
+
+void setWrongArgument(UINT* wrongArgument, UINT place) {
+    if (wrongArgument) *wrongArgument = place;
+}
+
+HRESULT resultOf(CallStatus status) {
+    switch (status) {
+        case CallStatus::done: return S_OK;
+        case CallStatus::noSuchMember: return DISP_E_MEMBERNOTFOUND;
+        case CallStatus::wrongArgumentCount: return DISP_E_BADPARAMCOUNT;
+        case CallStatus::wrongArgumentType: return DISP_E_TYPEMISMATCH;
+    }
+    return E_UNEXPECTED;
+}
+
+HRESULT get(Control& control, const Member& member, const DISPPARAMS& arguments, VARIANT* result) {
+    if (!member.get) return DISP_E_MEMBERNOTFOUND;
+    if (arguments.cArgs != 0) return DISP_E_BADPARAMCOUNT;
+    Value value;
+    if (const CallStatus status = getProperty(control, member, value); status != CallStatus::done)
+        return resultOf(status);
+    return result ? variantFromValue(value, *result) : S_OK;
+}
+
+HRESULT put(Control& control, const Member& member, WORD flags, const DISPPARAMS& arguments, UINT* wrongArgument) {
+    if (!member.put) return DISP_E_MEMBERNOTFOUND;
+    if (!(flags & DISPATCH_PROPERTYPUT) && !member.putByReference) return DISP_E_MEMBERNOTFOUND;
+    if (arguments.cArgs != 1) return DISP_E_BADPARAMCOUNT;
+    const bool named = arguments.cNamedArgs == 1;
+    if (arguments.cNamedArgs > 1) return DISP_E_NONAMEDARGS;
+    if (named && (!arguments.rgdispidNamedArgs || arguments.rgdispidNamedArgs[0] != DISPID_PROPERTYPUT))
+        return setWrongArgument(wrongArgument, 0), DISP_E_PARAMNOTFOUND;
+    Value value;
+    if (const HRESULT read = valueFromVariant(arguments.rgvarg[0], member.type, value); FAILED(read)) {
+        setWrongArgument(wrongArgument, 0);
+        return read;
+    }
+    if (typeOf(value) == ValueType::empty && isLeftOut(arguments.rgvarg[0]))
+        return setWrongArgument(wrongArgument, 0), DISP_E_PARAMNOTOPTIONAL;
+    return resultOf(putProperty(control, member, value));
+}
+
+// Where each parameter's argument stands in the caller's list; none for one that is left out.
+constexpr UINT none = ~0u;
+
+HRESULT place(const Member& method, const DISPPARAMS& arguments, std::vector<UINT>& places, UINT* wrongArgument) {
+    const size_t count = method.parameters.size();
+    if (arguments.cArgs > count) return DISP_E_BADPARAMCOUNT;
+    if (arguments.cNamedArgs > arguments.cArgs) return E_INVALIDARG;
+    places.assign(count, none);
+    // Named ones come first, positional ones follow from the last to the first.
+    for (UINT at = 0; at < arguments.cNamedArgs; ++at) {
+        const auto parameter = static_cast<size_t>(arguments.rgdispidNamedArgs[at]);
+        if (arguments.rgdispidNamedArgs[at] < 0 || parameter >= count || places[parameter] != none)
+            return setWrongArgument(wrongArgument, at), DISP_E_PARAMNOTFOUND;
+        places[parameter] = at;
+    }
+    const UINT positional = arguments.cArgs - arguments.cNamedArgs;
+    for (UINT at = 0; at < positional; ++at) {
+        const UINT place = arguments.cArgs - 1 - at;
+        if (places[at] != none) return setWrongArgument(wrongArgument, places[at]), DISP_E_PARAMNOTFOUND;
+        places[at] = place;
+    }
+    return S_OK;
+}
+
+HRESULT call(Control& control, const Member& method, const DISPPARAMS& arguments, VARIANT* result,
+             UINT* wrongArgument) {
+    std::vector<UINT> places;
+    if (const HRESULT placed = place(method, arguments, places, wrongArgument); FAILED(placed)) return placed;
+    ArgumentList list(places.size());
+    const std::span<Value> values = list.values();
+    for (size_t at = 0; at < places.size(); ++at) {
+        if (places[at] == none) continue;
+        const ValueType wanted = method.parameters[at].type;
+        const HRESULT read = valueFromVariant(arguments.rgvarg[places[at]], wanted, values[at]);
+        if (FAILED(read)) {
+            setWrongArgument(wrongArgument, places[at]);
+            return read;
+        }
+    }
+    // To tell afterwards what the control has changed.
+    const std::vector<Value> before(values.begin(), values.end());
+    Value answer;
+    if (const CallStatus status = callMethod(control, method, values, answer); status != CallStatus::done)
+        return resultOf(status);
+    for (size_t at = 0; at < places.size(); ++at) {
+        if (places[at] != none && method.parameters[at].byReference && values[at] != before[at])
+            writeBack(values[at], arguments.rgvarg[places[at]]);
+    }
+    return result ? variantFromValue(answer, *result) : S_OK;
+}
+
+}  // namespace
+
+HRESULT idsOfNames(const ControlTable& table, LPOLESTR* names, UINT count, DISPID* ids) {
+    if (count == 0) return S_OK;
+    if (!names || !ids) return E_POINTER;
+    const Member* member = table.member(viewOf(names[0]));
+    ids[0] = member ? member->number : DISPID_UNKNOWN;
+    HRESULT result = member ? S_OK : DISP_E_UNKNOWNNAME;
+    for (UINT at = 1; at < count; ++at) {
+        ids[at] = DISPID_UNKNOWN;
+        const TextView name = viewOf(names[at]);
+        if (member) {
+            for (size_t parameter = 0; parameter < member->parameters.size(); ++parameter) {
+                if (equalIgnoringCase(member->parameters[parameter].name, name))
+                    ids[at] = static_cast<DISPID>(parameter);
+            }
+        }
+        if (ids[at] == DISPID_UNKNOWN) result = DISP_E_UNKNOWNNAME;
+    }
+    return result;
+}
+
+HRESULT invokeMember(const ControlTable& table, Control& control, DISPID id, WORD flags, const DISPPARAMS& arguments,
+                     VARIANT* result, UINT* wrongArgument) {
+    if (result) V_VT(result) = VT_EMPTY;
+    const Member* member = table.member(id);
+    if (!member) return DISP_E_MEMBERNOTFOUND;
+    if (arguments.cArgs > 0 && !arguments.rgvarg) return E_INVALIDARG;
+    if (member->kind == MemberKind::property) {
+        if (flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF))
+            return put(control, *member, flags, arguments, wrongArgument);
+        if (flags & DISPATCH_PROPERTYGET) return get(control, *member, arguments, result);
+        return DISP_E_MEMBERNOTFOUND;
+    }
+    // Callers that cannot tell a function from a property ask for both.
+    if (flags & DISPATCH_METHOD) return call(control, *member, arguments, result, wrongArgument);
+    return DISP_E_MEMBERNOTFOUND;
+}
+
+}  // namespace obk::server

@@ -1,0 +1,46 @@
+// Between the library's texts and identifiers and the system's: the only place where they are converted.
+#pragma once
+
+#include "base/guid.h"
+#include "base/text.h"
+
+#include <windows.h>
+#include <oleauto.h>
+
+#include <cstring>
+#include <string>
+
+namespace obk::server {
+
+static_assert(sizeof(wchar_t) == sizeof(char16_t) && sizeof(GUID) == sizeof(Guid));
+
+// The system's characters seen as ours. Built without strict aliasing.
+inline TextView viewOf(const wchar_t* text, size_t length) {
+    return {reinterpret_cast<const char16_t*>(text), length};
+}
+inline TextView viewOf(const wchar_t* text) { return text ? viewOf(text, std::wcslen(text)) : TextView(); }
+
+// A null BSTR is the empty text.
+inline TextView viewOfBstr(BSTR text) { return text ? viewOf(text, SysStringLen(text)) : TextView(); }
+
+inline const wchar_t* wide(const Text& text) { return reinterpret_cast<const wchar_t*>(text.c_str()); }
+inline std::wstring wideText(TextView text) {
+    return {reinterpret_cast<const wchar_t*>(text.data()), text.size()};
+}
+
+// The caller owns the result; null when memory is short.
+inline BSTR newBstr(TextView text) {
+    return SysAllocStringLen(reinterpret_cast<const wchar_t*>(text.data()), static_cast<UINT>(text.size()));
+}
+// In the task allocator's memory, for the caller to free; null when memory is short.
+LPOLESTR newTaskText(TextView text);
+
+inline GUID systemGuid(const Guid& guid) {
+    GUID result;
+    std::memcpy(&result, &guid, sizeof result);
+    return result;
+}
+// "{00000000-0000-0000-0000-000000000000}", in capitals.
+std::wstring guidText(const GUID& guid);
+
+}  // namespace obk::server

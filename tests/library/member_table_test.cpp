@@ -1,0 +1,358 @@
+// What holds for every control, found out by walking its member table.
+#include "library/library.h"
+#include "support/control_fixture.h"
+
+#include <algorithm>
+#include <limits>
+#include <set>
+
+namespace obk::test {
+namespace {
+
+constexpr double infinity = std::numeric_limits<double>::infinity();
+
+// Fonts compare by what they look like.
+bool same(const Value& left, const Value& right) {
+    const auto* one = std::get_if<FontRef>(&left);
+    const auto* other = std::get_if<FontRef>(&right);
+    if (one && other && *one && *other) return (*one)->description() == (*other)->description();
+    return left == right;
+}
+
+std::vector<Value> valuesOf(const Member& member) {
+    if (member.enumeration) {
+        std::vector<Value> values;
+        for (const EnumerationValue& value : member.enumeration->values) values.emplace_back(value.value);
+        return values;
+    }
+    switch (member.type) {
+        case ValueType::boolean:
+            return {true, false};
+        case ValueType::byte:
+            return {uint8_t{7}, uint8_t{1}};
+        case ValueType::integer:
+            return {int16_t{-7}, int16_t{1}, int16_t{0}};
+        case ValueType::longInteger:
+            return {-123456, 123456, 1, 0};
+        case ValueType::single:
+            return {-2.5f};
+        case ValueType::doubleFloat:
+            return {-2.125};
+        case ValueType::text:
+            return {Text(u"37 \x00C9\xD83D\xDE00")};
+        case ValueType::colour:
+            return {OleColour(0x8000000Du), OleColour(0x123456u)};
+        case ValueType::font:
+            return {
+                std::make_shared<SharedFont>(FontDescription{u"Arial", 12.75, 700, 0, true, false, true})};
+        case ValueType::picture:
+            return {std::make_shared<SharedPicture>(PixelSize{1, 1}, std::vector<uint32_t>{0xFF123456u})};
+        case ValueType::empty:
+            break;
+    }
+    return {};
+}
+
+// At the edges of every type, and beyond.
+std::vector<Value> extremes() {
+    std::vector<Value> values{Value(),
+                              true,
+                              false,
+                              uint8_t{0},
+                              uint8_t{255},
+                              int16_t{-32768},
+                              int16_t{32767},
+                              INT32_MIN,
+                              INT32_MAX,
+                              -1,
+                              46,
+                              190,
+                              0.5f,
+                              std::numeric_limits<float>::max(),
+                              1e308,
+                              -1e308,
+                              5e-324,
+                              infinity,
+                              -infinity,
+                              std::nan(""),
+                              2147483647.5};
+    for (const char16_t* text :
+         {u"", u".", u"-", u"12", u"1e308", u"1e999", u"True", u"\xD800", u"a\r\nb", u"&H80000005"})
+        values.emplace_back(Text(text));
+    values.emplace_back(Text(70000, u'9'));
+    for (const uint32_t colour : {0u, 0x80000005u, 0x800000FFu, 0xFFFFFFFFu})
+        values.emplace_back(OleColour(colour));
+    values.emplace_back(FontRef());
+    values.emplace_back(std::make_shared<SharedFont>(FontDescription{u"", -1e300, -1, -1, true, true, true}));
+    values.emplace_back(
+        std::make_shared<SharedFont>(FontDescription{Text(300, u'x'), infinity, 32767, 0, true, true, true}));
+    values.emplace_back(PictureRef());
+    values.emplace_back(std::make_shared<SharedPicture>());
+    return values;
+}
+
+class MemberTableTest : public ControlFixture, public testing::WithParamInterface<const ControlTable*> {
+protected:
+    void SetUp() override {
+        host.font =
+            std::make_shared<SharedFont>(FontDescription{u"Verdana", 10, 400, 0, false, false, false});
+        place(table());
+        host.take();
+    }
+    const ControlTable& table() const { return *GetParam(); }
+    std::shared_ptr<Control> another() {
+        auto made = table().create(platform);
+        made->setHost(&host);
+        return made;
+    }
+    static Value read(Control& from, const Member& member) {
+        Value value;
+        EXPECT_EQ(getProperty(from, member, value), CallStatus::done);
+        EXPECT_EQ(typeOf(value), member.type) << toUtf8(member.name);
+        return value;
+    }
+    // Gives a property a value that it has not; whether it then had it.
+    static bool change(Control& of, const Member& member) {
+        for (const Value& value : valuesOf(member)) {
+            if (same(read(of, member), value)) continue;
+            EXPECT_EQ(putProperty(of, member, value), CallStatus::done);
+            if (same(read(of, member), value)) return true;
+        }
+        return false;
+    }
+    std::vector<const Member*> writable() const {
+        std::vector<const Member*> properties;
+        for (const Member& member : table().members) {
+            if (member.get && member.put) properties.push_back(&member);
+        }
+        return properties;
+    }
+    void expectSameProperties(Control& one, Control& other, const std::string& after) {
+        for (const Member* member : writable())
+            EXPECT_TRUE(same(read(one, *member), read(other, *member)))
+                << toUtf8(member->name) << " after " << after;
+    }
+    Value readingDefault(const PersistedValue& row) const {
+        if (std::holds_alternative<AmbientFontDefault>(row.readDefault)) return host.font;
+        if (const auto* colour = std::get_if<SystemRgbDefault>(&row.readDefault))
+            return OleColour(*const_cast<headless::HeadlessPlatform&>(platform).appearance().systemColour(
+                static_cast<uint8_t>(colour->index)));
+        return *converted(std::get<Value>(row.readDefault), row.type);
+    }
+};
+
+INSTANTIATE_TEST_SUITE_P(Every, MemberTableTest, testing::ValuesIn(library().controls),
+                         [](const auto& row) { return toUtf8(row.param->name); });
+
+TEST_P(MemberTableTest, MembersAreNumberedWithoutGapsAndFoundByNameInAnyCase) {
+    std::set<Text> names;
+    for (size_t at = 0; at < table().members.size(); ++at) {
+        const Member& member = table().members[at];
+        EXPECT_EQ(member.number, static_cast<int32_t>(at + 1));
+        EXPECT_TRUE(names.insert(upperAscii(member.name)).second) << toUtf8(member.name);
+        EXPECT_FALSE(member.help.empty()) << toUtf8(member.name);
+        Text swapped = member.name;
+        for (char16_t& unit : swapped)
+            unit = upperAscii(unit) == unit ? static_cast<char16_t>(unit | 32) : upperAscii(unit);
+        for (const Text& spelling : {member.name, swapped, upperAscii(member.name)})
+            EXPECT_EQ(table().member(spelling), &member) << toUtf8(spelling);
+        EXPECT_EQ(table().member(member.name + u"x"), nullptr);
+        EXPECT_EQ(table().member(member.number), &member);
+        for (const Parameter& parameter : member.parameters) EXPECT_FALSE(parameter.name.empty());
+        EXPECT_EQ(member.kind == MemberKind::method, member.call != nullptr);
+        EXPECT_EQ(member.kind == MemberKind::property, member.get != nullptr);
+        if (member.kind == MemberKind::property) {
+            EXPECT_EQ(table().notifiedProperty(table().notificationName(member)), &member);
+        }
+    }
+    for (size_t at = 0; at < table().events.size(); ++at) {
+        const Member& event = table().events[at];
+        EXPECT_EQ(event.number, static_cast<int32_t>(at + 1));
+        EXPECT_EQ(table().event(event.number), &event);
+        EXPECT_FALSE(event.help.empty());
+        for (const Parameter& parameter : event.parameters) EXPECT_FALSE(parameter.name.empty());
+    }
+    for (const int32_t number :
+         {0, -1, INT32_MIN, INT32_MAX, static_cast<int32_t>(table().members.size()) + 1}) {
+        EXPECT_EQ(table().member(number), nullptr);
+        EXPECT_EQ(table().event(number == 0 ? 1000 : number), nullptr);
+    }
+    EXPECT_EQ(table().member(u""), nullptr);
+    EXPECT_FALSE(table().help.empty());
+}
+
+TEST_P(MemberTableTest, EveryPropertyComesBackFromABagAndFromItsBytes) {
+    const auto loadedFrom = [this](MemoryBag bag) {
+        const auto made = another();
+        made->load(bag);
+        return made;
+    };
+    MemoryBag none;
+    for (const Member* member : writable()) {
+        control = loadedFrom(none);
+        ASSERT_TRUE(change(*control, *member)) << toUtf8(member->name) << " takes no other value";
+        MemoryBag saved;
+        control->save(saved);
+        EXPECT_FALSE(saved.entries().empty()) << toUtf8(member->name) << " is not saved";
+        expectSameProperties(*control, *loadedFrom(saved), toUtf8(member->name));
+        const auto parsed = MemoryBag::parsed(saved.serialized());
+        ASSERT_TRUE(parsed);
+        expectSameProperties(*control, *loadedFrom(*parsed), toUtf8(member->name) + " as bytes");
+    }
+    for (const Member* member : writable()) change(*control, *member);
+    MemoryBag saved, again;
+    control->save(saved);
+    const auto loaded = loadedFrom(saved);
+    expectSameProperties(*control, *loaded, "all changes");
+    loaded->save(again);
+    EXPECT_EQ(again.serialized(), saved.serialized());
+}
+
+TEST_P(MemberTableTest, SavingKeepsTheOrderAndTypesAndLeavesOutTheDefaults) {
+    MemoryBag bag;
+    control->load(bag);
+    control->save(bag);
+    EXPECT_TRUE(bag.entries().empty()) << toUtf8(bag.entries().front().first) << " has its default";
+    for (const Member* member : writable()) change(*control, *member);
+    control->save(bag);
+    auto row = table().persisted.begin();
+    for (const auto& [key, value] : bag.entries()) {
+        row = std::find_if(row, table().persisted.end(),
+                           [&key](const auto& each) { return each.writeKey == key; });
+        ASSERT_NE(row, table().persisted.end()) << toUtf8(key) << " is out of order";
+        EXPECT_EQ(typeOf(value), row->storedAs) << toUtf8(key);
+    }
+    EXPECT_EQ(bag.entries().size(), table().persisted.size());
+}
+
+TEST_P(MemberTableTest, MissingKeysGiveTheReadingDefaultsInSilence) {
+    for (const Member* member : writable()) change(*control, *member);
+    host.take();
+    MemoryBag none;
+    control->load(none);
+    for (const PersistedValue& row : table().persisted) {
+        if (row.property) {
+            EXPECT_TRUE(same(read(*control, *row.property), readingDefault(row))) << toUtf8(row.readKey);
+        }
+    }
+    EXPECT_EQ(host.take(), Journal{}) << "loading is no change";
+}
+
+TEST_P(MemberTableTest, StoredValuesOfOtherTypesAreConvertedOrSkipped) {
+    for (const PersistedValue& row : table().persisted) {
+        if (!row.property) continue;
+        const auto design = another();
+        const Value untouched = read(*design, *row.property);
+        const auto loaded = another();
+        MemoryBag bag;
+        bag.write(row.readKey, row.type == ValueType::font || row.type == ValueType::picture
+                                   ? Value(Text(u"Arial"))
+                                   : Value(std::make_shared<SharedFont>()));
+        loaded->load(bag);
+        EXPECT_TRUE(same(read(*loaded, *row.property), untouched))
+            << toUtf8(row.readKey) << " cannot be converted";
+
+        for (const Value& wanted : valuesOf(*row.property)) {
+            const auto reference = another();
+            putProperty(*reference, *row.property, wanted);
+            if (!same(read(*reference, *row.property), wanted)) continue;
+            for (const ValueType type :
+                 {ValueType::text, ValueType::doubleFloat, ValueType::longInteger, ValueType::integer}) {
+                const auto stored = converted(wanted, type);
+                if (!stored || converted(*stored, row.type) != wanted) continue;
+                MemoryBag other;
+                other.write(upperAscii(row.readKey), *stored);
+                loaded->load(other);
+                EXPECT_TRUE(same(read(*loaded, *row.property), wanted))
+                    << toUtf8(row.readKey) << " as type " << int(type);
+            }
+        }
+    }
+}
+
+TEST_P(MemberTableTest, SettingAnUnchangedValueNotifiesOnce) {
+    for (const PersistedValue& row : table().persisted) {
+        if (!row.property || !row.property->put) continue;
+        const Value value = read(*control, *row.property);
+        host.take();
+        putProperty(*control, *row.property, value);
+        EXPECT_EQ(host.take(), Journal{"changed " + toUtf8(row.property->name)});
+        EXPECT_TRUE(same(read(*control, *row.property), value));
+    }
+}
+
+TEST_P(MemberTableTest, EveryMemberTakesEveryValueOrRefusesIt) {
+    const std::vector<Value> values = extremes();
+    const auto walk = [&] {
+        for (const Member& member : table().members) {
+            Value result;
+            if (member.kind == MemberKind::property) {
+                for (const Value& value : values) {
+                    const bool fits = converted(value, member.type).has_value();
+                    EXPECT_EQ(putProperty(*control, member, value), !member.put ? CallStatus::noSuchMember
+                                                                    : fits      ? CallStatus::done
+                                                                           : CallStatus::wrongArgumentType)
+                        << toUtf8(member.name) << ", type " << value.index();
+                    read(*control, member);
+                }
+                std::vector<Value> none;
+                EXPECT_EQ(callMethod(*control, member, none, result), CallStatus::noSuchMember);
+                continue;
+            }
+            EXPECT_EQ(getProperty(*control, member, result), CallStatus::noSuchMember);
+            EXPECT_EQ(putProperty(*control, member, 1), CallStatus::noSuchMember);
+            const size_t count = member.parameters.size();
+            for (const size_t wrong : {count + 1, count - 1, size_t{0}, size_t{50}}) {
+                if (wrong == count || wrong > 50) continue;
+                std::vector<Value> arguments(wrong, Value(1));
+                EXPECT_EQ(callMethod(*control, member, arguments, result), CallStatus::wrongArgumentCount);
+            }
+            // Each value in each place, beside each other one.
+            for (size_t first = 0; first < values.size(); ++first) {
+                for (size_t step = 0; step < values.size() && (count > 1 || step == 0); ++step) {
+                    std::vector<Value> arguments;
+                    bool fits = true;
+                    for (size_t at = 0; at < count; ++at) {
+                        arguments.push_back(values[(first + at * step) % values.size()]);
+                        fits = fits && converted(arguments.back(), member.parameters[at].type).has_value();
+                    }
+                    ASSERT_EQ(callMethod(*control, member, arguments, result),
+                              fits ? CallStatus::done : CallStatus::wrongArgumentType)
+                        << toUtf8(member.name) << " " << first << " " << step;
+                    if (fits) {
+                        ASSERT_EQ(typeOf(result), member.type) << toUtf8(member.name);
+                    }
+                }
+            }
+        }
+    };
+    walk();
+    EXPECT_EQ(platform.windowCount(), 0u) << "nothing of this needs a window";
+    activate({0, 0, 90, 30});
+    walk();
+    platform.surface(control->window())->paint();
+}
+
+TEST(LibraryTest, IdentifiersAndPicturesAreEachControlsOwn) {
+    std::set<std::vector<uint32_t>> guids;
+    const auto isNew = [&guids](const Guid& id) {
+        std::vector<uint32_t> parts{id.first, id.second, id.third};
+        parts.insert(parts.end(), id.rest.begin(), id.rest.end());
+        return guids.insert(parts).second;
+    };
+    EXPECT_TRUE(isNew({}));
+    EXPECT_TRUE(isNew(library().id));
+    std::set<int32_t> pictures;
+    for (const ControlTable* table : library().controls) {
+        for (const Guid& id : {table->classId, table->interfaceId, table->eventInterfaceId})
+            EXPECT_TRUE(isNew(id)) << toUtf8(table->name);
+        if (table->toolboxPicture != 0) {
+            EXPECT_TRUE(pictures.insert(table->toolboxPicture).second);
+        }
+        EXPECT_EQ(library().control(upperAscii(table->name)), table);
+    }
+    EXPECT_EQ(library().control(u"Nothing"), nullptr);
+}
+
+}  // namespace
+}  // namespace obk::test

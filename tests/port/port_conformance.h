@@ -1,0 +1,739 @@
+// What every platform must do alike: the port's rules, stated once and run over each platform. Included by
+// one source of a test program, which says for which platforms.
+#pragma once
+
+#include "port_driver.h"
+
+#include <gtest/gtest.h>
+
+namespace obk::port {
+
+class PortConformance : public testing::TestWithParam<DriverFactory> {
+protected:
+    PortConformance() : driver(GetParam()()) {}
+
+    void openArea() {
+        area = driver->platform().createSurface(
+            areaClient, {SurfacePlacement::Kind::control, driver->host(), {0, 0, 200, 120}});
+        ASSERT_TRUE(area);
+        driver->settle();
+    }
+    std::unique_ptr<TextBoxPeer> textBox(TextClient& client, const PixelRect& bounds) {
+        auto made = area->createTextBox(client);
+        if (made) made->setBounds(bounds, {0, 0, 200, 120});
+        return made;
+    }
+    // A surface with two text boxes, the first above the second; the right part of the surface is free.
+    void openBoxes() {
+        openArea();
+        first = textBox(firstClient, {10, 10, 110, 30});
+        second = textBox(secondClient, {10, 40, 110, 60});
+        ASSERT_TRUE(first && second);
+        driver->settle();
+        journal.clear();
+    }
+    void openFocused() {
+        openBoxes();
+        first->focus();
+        driver->settle();
+        ASSERT_TRUE(first->hasFocus());
+        journal.clear();
+    }
+    Journal taken() { return std::exchange(journal, {}); }
+
+    static constexpr PixelPoint overFirst{20, 20};
+    static constexpr PixelPoint overSecond{20, 50};
+    static constexpr PixelPoint overFree{150, 80};
+
+    std::unique_ptr<PortDriver> driver;
+    Journal journal;
+    AreaClient areaClient{journal, "area"};
+    TextClient firstClient{journal, "first"};
+    TextClient secondClient{journal, "second"};
+    std::unique_ptr<SurfacePeer> area;
+    std::unique_ptr<TextBoxPeer> first;
+    std::unique_ptr<TextBoxPeer> second;
+};
+
+// Text and selection
+
+TEST_P(PortConformance, SettingATextReportsItBeforeItReturnsEqualOrNot) {
+    openBoxes();
+    first->setText(u"one");
+    EXPECT_EQ(taken(), (Journal{"first.textChanged one"}));
+    first->setText(u"one");
+    EXPECT_EQ(taken(), (Journal{"first.textChanged one"}));
+    first->setText(u"");
+    EXPECT_EQ(taken(), (Journal{"first.textChanged "}));
+}
+
+TEST_P(PortConformance, ASetTextIsNotSelected) {
+    openBoxes();
+    first->setText(u"abcdef");
+    first->setSelection({2, 3});
+    first->setText(u"uvwxyz");
+    EXPECT_EQ(first->selection(), (TextSelection{0, 0}));
+}
+
+TEST_P(PortConformance, SelectionsAreHeldWithinTheText) {
+    struct Row {
+        TextSelection wanted, got;
+    };
+    const Row rows[] = {{{2, 3}, {2, 3}},
+                        {{0, 6}, {0, 6}},
+                        {{4, 9}, {4, 2}},
+                        {{9, 1}, {6, 0}},
+                        {{-3, 2}, {0, 2}},
+                        {{3, -1}, {3, 0}},
+                        {{INT32_MAX, INT32_MAX}, {6, 0}}};
+    openBoxes();
+    first->setText(u"abcdef");
+    journal.clear();
+    for (const Row& row : rows) {
+        first->setSelection(row.wanted);
+        EXPECT_EQ(first->selection(), row.got) << row.wanted.start << ", " << row.wanted.length;
+    }
+    EXPECT_EQ(taken(), Journal{});
+}
+
+TEST_P(PortConformance, TypingReplacesTheSelection) {
+    openFocused();
+    first->setText(u"abcdef");
+    first->setSelection({1, 4});
+    driver->key('X');
+    EXPECT_EQ(firstClient.text, u"axf");
+    EXPECT_EQ(first->selection(), (TextSelection{2, 0}));
+}
+
+TEST_P(PortConformance, TheMaximumLengthHoldsForTypingAndNotForSettingAText) {
+    openFocused();
+    first->setMaxLength(3);
+    first->setText(u"abcde");
+    EXPECT_EQ(firstClient.text, u"abcde");
+    driver->key('X');
+    EXPECT_EQ(firstClient.text, u"abcde");
+    first->setText(u"ab");
+    first->setSelection({2, 0});
+    driver->key('X');
+    driver->key('Y');
+    EXPECT_EQ(firstClient.text, u"abx");
+    first->setMaxLength(0);
+    driver->key('Z');
+    EXPECT_EQ(firstClient.text, u"abxz");
+}
+
+TEST_P(PortConformance, AReadOnlyTextBoxCanBeSetButNotTypedInto) {
+    openFocused();
+    first->setReadOnly(true);
+    first->setText(u"abc");
+    driver->key('X');
+    EXPECT_EQ(firstClient.text, u"abc");
+    first->setReadOnly(false);
+    driver->key('X');
+    EXPECT_EQ(firstClient.text, u"xabc");
+}
+
+TEST_P(PortConformance, EditCommandsSelectMoveTextAndTakeItBack) {
+    openFocused();
+    first->setText(u"abc");
+    first->perform(EditCommand::selectAll);
+    EXPECT_EQ(first->selection(), (TextSelection{0, 3}));
+    first->perform(EditCommand::copy);
+    EXPECT_EQ(firstClient.text, u"abc");
+    second->perform(EditCommand::paste);
+    EXPECT_EQ(secondClient.text, u"abc");
+    first->setSelection({1, 1});
+    first->perform(EditCommand::cut);
+    EXPECT_EQ(firstClient.text, u"ac");
+    first->perform(EditCommand::undo);
+    EXPECT_EQ(firstClient.text, u"abc");
+    first->setReadOnly(true);
+    first->setSelection({0, 3});
+    first->perform(EditCommand::cut);
+    first->perform(EditCommand::paste);
+    EXPECT_EQ(firstClient.text, u"abc");
+}
+
+TEST_P(PortConformance, APasteIsCutAtTheMaximumLength) {
+    openFocused();
+    first->setText(u"123456");
+    first->perform(EditCommand::selectAll);
+    first->perform(EditCommand::copy);
+    second->setMaxLength(4);
+    second->perform(EditCommand::paste);
+    EXPECT_EQ(secondClient.text, u"1234");
+}
+
+TEST_P(PortConformance, ANewAlignmentKeepsTextSelectionAndFocusAndTellsNobody) {
+    openFocused();
+    first->setText(u"abcdef");
+    first->setSelection({1, 2});
+    first->setMaxLength(6);
+    journal.clear();
+    first->setAlignment(HorizontalAlignment::right);
+    first->setAlignment(HorizontalAlignment::centre);
+    driver->settle();
+    EXPECT_EQ(taken(), Journal{});
+    EXPECT_TRUE(first->hasFocus());
+    EXPECT_EQ(first->selection(), (TextSelection{1, 2}));
+    driver->key('X');
+    EXPECT_EQ(firstClient.text, u"axdef");
+    driver->key('Y');
+    driver->key('Z');
+    EXPECT_EQ(firstClient.text, u"axydef");
+    EXPECT_TRUE(first->hasFocus());
+}
+
+// Keys
+
+TEST_P(PortConformance, AKeyIsTranslatedReportedTypedAndReleasedInThisOrder) {
+    openFocused();
+    driver->key('A');
+    EXPECT_EQ(taken(), (Journal{"first.preTranslate 65", "first.keyDown 65", "first.keyPress 97",
+                                "first.textChanged a", "first.keyUp 65"}));
+    driver->key(key::left);
+    EXPECT_EQ(taken(), (Journal{"first.preTranslate 37", "first.keyDown 37", "first.keyUp 37"}));
+    EXPECT_EQ(first->selection(), (TextSelection{0, 0}));
+}
+
+TEST_P(PortConformance, AHandledKeyReachesNobodyElse) {
+    openFocused();
+    firstClient.route = KeyRoute::handled;
+    driver->keyDown('A', 0);
+    EXPECT_EQ(taken(), (Journal{"first.preTranslate 65"}));
+    driver->keyUp('A', 0);
+    EXPECT_EQ(taken(), (Journal{"first.keyUp 65"}));
+}
+
+TEST_P(PortConformance, AKeyForTheContainerIsOfferedAndReportedOnlyWhenNotUsedThere) {
+    openFocused();
+    firstClient.route = KeyRoute::container;
+    firstClient.containerUses = true;
+    driver->keyDown(key::tab, 0);
+    EXPECT_EQ(taken(), (Journal{"first.preTranslate 9", "first.offerToContainer 9"}));
+    driver->keyUp(key::tab, 0);
+    firstClient.containerUses = false;
+    taken();
+    driver->keyDown(key::f2, 0);
+    EXPECT_EQ(taken(),
+              (Journal{"first.preTranslate 113", "first.offerToContainer 113", "first.keyDown 113"}));
+    driver->keyUp(key::f2, 0);
+}
+
+TEST_P(PortConformance, ADiscardedKeyTypesNothing) {
+    openFocused();
+    firstClient.changeKeyDown = [](KeyEvent& event) { event.code = 0; };
+    driver->key('A');
+    EXPECT_EQ(taken(), (Journal{"first.preTranslate 65", "first.keyDown 65", "first.keyUp 65"}));
+    first->setText(u"abc");
+    first->setSelection({3, 0});
+    driver->key(key::left);
+    EXPECT_EQ(first->selection(), (TextSelection{3, 0}));
+    firstClient.changeKeyDown = nullptr;
+    driver->key('B');
+    EXPECT_EQ(firstClient.text, u"abcb");
+}
+
+TEST_P(PortConformance, CharactersAreChangedAndDiscardedByTheAnswer) {
+    openFocused();
+    firstClient.changeCharacter = [](int16_t character) {
+        return character == 'a' ? int16_t{'*'} : int16_t{0};
+    };
+    driver->key('A');
+    driver->key('B');
+    EXPECT_EQ(firstClient.text, u"*");
+    EXPECT_EQ(taken(), (Journal{"first.preTranslate 65", "first.keyDown 65", "first.keyPress 97",
+                                "first.textChanged *", "first.keyUp 65", "first.preTranslate 66",
+                                "first.keyDown 66", "first.keyPress 98", "first.keyUp 66"}));
+}
+
+TEST_P(PortConformance, EnterTabAndEscapeAreTypedButNotInserted) {
+    openFocused();
+    for (const int16_t code : {key::enter, key::tab, key::escape}) {
+        driver->key(code);
+        const std::string number = std::to_string(code);
+        EXPECT_EQ(taken(), (Journal{"first.preTranslate " + number, "first.keyDown " + number,
+                                    "first.keyPress " + number, "first.keyUp " + number}));
+    }
+    EXPECT_EQ(firstClient.text, u"");
+    EXPECT_TRUE(first->hasFocus());
+}
+
+TEST_P(PortConformance, AHeldKeyRepeats) {
+    openFocused();
+    driver->keyDown('A', 0);
+    EXPECT_FALSE(firstClient.lastKey.repeated);
+    driver->keyDown('A', 0);
+    EXPECT_TRUE(firstClient.lastKey.repeated);
+    driver->keyUp('A', 0);
+    EXPECT_EQ(firstClient.text, u"aa");
+}
+
+TEST_P(PortConformance, KeysCarryTheShiftState) {
+    openFocused();
+    driver->key(key::right, shift::control | shift::shift);
+    EXPECT_EQ(firstClient.lastKey.shift, shift::control | shift::shift);
+    driver->key(key::down, shift::alt);
+    EXPECT_EQ(firstClient.lastKey.code, key::down);
+    EXPECT_EQ(firstClient.lastKey.shift, shift::alt);
+}
+
+TEST_P(PortConformance, ASurfaceWithTheFocusGetsItsKeys) {
+    openArea();
+    area->focus();
+    EXPECT_TRUE(area->hasFocus());
+    journal.clear();
+    driver->key('A');
+    EXPECT_EQ(taken(),
+              (Journal{"area.preTranslate 65", "area.keyDown 65", "area.keyPress 97", "area.keyUp 65"}));
+}
+
+// Focus
+
+TEST_P(PortConformance, TheFocusIsLostBeforeItIsGainedAndStaysInTheSurface) {
+    openFocused();
+    bool inSurface = false;
+    firstClient.on["focusLost"] = [&] { inSurface = area->hasFocus(); };
+    second->focus();
+    driver->settle();
+    EXPECT_EQ(taken(), (Journal{"first.focusLost", "second.focusGained"}));
+    EXPECT_TRUE(inSurface);
+    EXPECT_FALSE(first->hasFocus());
+    EXPECT_TRUE(second->hasFocus());
+    bool left = false;
+    secondClient.on["focusLost"] = [&] { left = !area->hasFocus(); };
+    driver->focusHost();
+    EXPECT_EQ(taken(), (Journal{"second.focusLost"}));
+    EXPECT_TRUE(left);
+}
+
+TEST_P(PortConformance, AskingAgainForTheFocusTellsNobody) {
+    openFocused();
+    first->focus();
+    driver->settle();
+    EXPECT_EQ(taken(), Journal{});
+}
+
+TEST_P(PortConformance, NoFocusWhileDisabledOrInvisible) {
+    openBoxes();
+    const auto refused = [&](const char* why) {
+        second->focus();
+        first->focus();
+        driver->settle();
+        EXPECT_FALSE(first->hasFocus()) << why;
+        EXPECT_EQ(taken(), (Journal{"second.focusGained"})) << why;
+        driver->focusHost();
+        taken();
+    };
+    first->setEnabled(false);
+    refused("disabled");
+    first->setEnabled(true);
+    first->setVisible(false);
+    refused("invisible");
+    first->setVisible(true);
+    first->setBounds({10, 10, 110, 30}, {150, 0, 200, 120});
+    refused("clipped away");
+    first->setBounds({10, 10, 110, 30}, {0, 0, 200, 120});
+    first->focus();
+    EXPECT_TRUE(first->hasFocus());
+    driver->focusHost();
+    taken();
+    area->setEnabled(false);
+    first->focus();
+    EXPECT_FALSE(first->hasFocus());
+    area->setEnabled(true);
+    area->setVisible(false);
+    first->focus();
+    EXPECT_FALSE(first->hasFocus());
+    EXPECT_EQ(taken(), Journal{});
+}
+
+TEST_P(PortConformance, DisablingTakesTheFocusAwayAndHidingGivesItToTheSurface) {
+    openFocused();
+    first->setEnabled(false);
+    driver->settle();
+    EXPECT_EQ(taken(), (Journal{"first.focusLost"}));
+    EXPECT_FALSE(area->hasFocus());
+    first->setEnabled(true);
+    first->focus();
+    taken();
+    first->setVisible(false);
+    driver->settle();
+    EXPECT_EQ(taken(), (Journal{"first.focusLost", "area.focusGained"}));
+    EXPECT_TRUE(area->hasFocus());
+    second->focus();
+    taken();
+    area->setEnabled(false);
+    driver->settle();
+    EXPECT_EQ(taken(), (Journal{"second.focusLost"}));
+    area->setEnabled(true);
+    second->focus();
+    taken();
+    area->setVisible(false);
+    driver->settle();
+    EXPECT_EQ(taken(), (Journal{"second.focusLost"}));
+    EXPECT_FALSE(area->hasFocus());
+}
+
+TEST_P(PortConformance, TheFocusOfADestroyedTextBoxStaysInTheSurfaceWithoutAReport) {
+    openFocused();
+    first.reset();
+    driver->settle();
+    EXPECT_TRUE(area->hasFocus());
+    EXPECT_EQ(taken(), Journal{});
+    driver->key('A');
+    EXPECT_EQ(taken(),
+              (Journal{"area.preTranslate 65", "area.keyDown 65", "area.keyPress 97", "area.keyUp 65"}));
+}
+
+// The mouse
+
+TEST_P(PortConformance, APressOnATextBoxFocusesItBeforeItIsReported) {
+    openBoxes();
+    driver->click(*area, overSecond);
+    EXPECT_EQ(taken(), (Journal{"second.focusGained", "second.mouseDown 1", "second.mouseUp 1"}));
+    EXPECT_TRUE(second->hasFocus());
+    EXPECT_EQ(secondClient.lastMouse.at, (PixelPoint{10, 10}));
+}
+
+TEST_P(PortConformance, ADisabledTextBoxHearsNothingOfTheMouse) {
+    openBoxes();
+    first->setEnabled(false);
+    driver->click(*area, overFirst);
+    for (const std::string& line : taken()) EXPECT_EQ(line.find("first."), std::string::npos) << line;
+}
+
+TEST_P(PortConformance, ADoubleClickStandsForTheSecondPress) {
+    openArea();
+    journal.clear();
+    driver->click(*area, overFree);
+    driver->click(*area, overFree);
+    EXPECT_EQ(taken(),
+              (Journal{"area.mouseDown 1", "area.mouseUp 1", "area.doubleClick 1", "area.mouseUp 1"}));
+}
+
+TEST_P(PortConformance, MovesCarryTheButtonsHeldAndLeavingIsReported) {
+    openBoxes();
+    areaClient.reportsMoves = true;
+    driver->mouseMove(*area, {150, 70});
+    taken();
+    driver->mouseDown(button::right);
+    driver->mouseMove(*area, {151, 70});
+    EXPECT_EQ(taken(), (Journal{"area.mouseDown 2", "area.move 2"}));
+    EXPECT_EQ(areaClient.lastMouse.at, (PixelPoint{151, 70}));
+    driver->mouseUp(button::right);
+    driver->mouseMove(*area, {152, 70});
+    EXPECT_EQ(taken(), (Journal{"area.mouseUp 2", "area.move 0"}));
+    driver->mouseMove(*area, overFirst);
+    EXPECT_EQ(taken(), (Journal{"area.leave"}));
+}
+
+TEST_P(PortConformance, AnUnusedWheelOverATextBoxIsTheHostsAndNotTheSurfaces) {
+    openFocused();
+    driver->mouseMove(*area, overFirst);
+    taken();
+    firstClient.usesWheel = false;
+    driver->wheel(-120);
+    EXPECT_EQ(taken(), (Journal{"first.wheel -120"}));
+    firstClient.usesWheel = true;
+    driver->wheel(30);
+    EXPECT_EQ(taken(), (Journal{"first.wheel 30"}));
+}
+
+// Capture
+
+TEST_P(PortConformance, OurOwnChangesOfCaptureAreNotReported) {
+    openArea();
+    journal.clear();
+    area->capture();
+    area->capture();
+    EXPECT_TRUE(area->hasCapture());
+    area->releaseCapture();
+    EXPECT_FALSE(area->hasCapture());
+    area->releaseCapture();
+    EXPECT_EQ(taken(), Journal{});
+}
+
+TEST_P(PortConformance, ACaptureTakenAwayIsReportedOnce) {
+    openArea();
+    area->capture();
+    journal.clear();
+    driver->takeCaptureAway();
+    EXPECT_FALSE(area->hasCapture());
+    EXPECT_EQ(taken(), (Journal{"area.captureLost"}));
+    area->releaseCapture();
+    EXPECT_EQ(taken(), Journal{});
+}
+
+TEST_P(PortConformance, ReleasingWithoutHavingLeavesTheOthersCaptureAlone) {
+    openArea();
+    AreaClient otherClient(journal, "other");
+    const auto other = driver->platform().createSurface(
+        otherClient, {SurfacePlacement::Kind::control, driver->host(), {220, 0, 300, 120}});
+    ASSERT_TRUE(other);
+    area->capture();
+    journal.clear();
+    other->capture();
+    EXPECT_EQ(taken(), (Journal{"area.captureLost"}));
+    area->releaseCapture();
+    EXPECT_TRUE(other->hasCapture());
+    EXPECT_EQ(taken(), Journal{});
+    other->releaseCapture();
+}
+
+TEST_P(PortConformance, ACapturingSurfaceHearsOfTheMouseOutsideAndOverItsChildren) {
+    openBoxes();
+    area->capture();
+    driver->mouseMove(*area, {210, -5});
+    driver->mouseDown(button::left);
+    driver->mouseUp(button::left);
+    EXPECT_EQ(areaClient.lastMouse.at, (PixelPoint{210, -5}));
+    driver->mouseMove(*area, overFirst);
+    driver->mouseDown(button::left);
+    driver->mouseUp(button::left);
+    EXPECT_EQ(taken(), (Journal{"area.mouseDown 1", "area.mouseUp 1", "area.mouseDown 1", "area.mouseUp 1"}));
+    EXPECT_FALSE(first->hasFocus());
+    area->releaseCapture();
+}
+
+// Surfaces
+
+TEST_P(PortConformance, WhatIsInvalidIsPaintedOnceAndNothingElse) {
+    openArea();
+    area->update();
+    areaClient.painted.clear();
+    area->update();
+    EXPECT_TRUE(areaClient.painted.empty());
+    area->invalidate({5, 6, 25, 16});
+    area->update();
+    EXPECT_EQ(areaClient.painted, (std::vector<PixelRect>{{5, 6, 25, 16}}));
+    areaClient.painted.clear();
+    area->invalidate({5, 6, 5, 16});
+    area->update();
+    driver->settle();
+    EXPECT_TRUE(areaClient.painted.empty());
+}
+
+TEST_P(PortConformance, AnInvisibleSurfacePaintsNothingUntilItShows) {
+    openArea();
+    area->update();
+    area->setVisible(false);
+    areaClient.painted.clear();
+    area->invalidate({0, 0, 10, 10});
+    area->update();
+    driver->settle();
+    EXPECT_TRUE(areaClient.painted.empty());
+    area->setVisible(true);
+    area->update();
+    driver->settle();
+    ASSERT_FALSE(areaClient.painted.empty());
+    EXPECT_TRUE(areaClient.painted.front().contains({5, 5}));
+}
+
+TEST_P(PortConformance, APanelStartsHiddenAndNeverTakesTheFocus) {
+    openFocused();
+    AreaClient panelClient(journal, "panel");
+    const PixelPoint corner = area->toScreen({0, 130});
+    const auto panel = driver->platform().createSurface(
+        panelClient,
+        {SurfacePlacement::Kind::panel, area->window(), {corner.x, corner.y, corner.x + 100, corner.y + 60}});
+    ASSERT_TRUE(panel);
+    driver->settle();
+    panel->update();
+    EXPECT_TRUE(panelClient.painted.empty());
+    panel->setVisible(true);
+    panel->update();
+    driver->settle();
+    EXPECT_FALSE(panelClient.painted.empty());
+    EXPECT_EQ(panel->toScreen({0, 0}), corner);
+    panel->focus();
+    driver->click(*panel, {50, 30});
+    EXPECT_EQ(taken(), (Journal{"panel.mouseDown 1", "panel.mouseUp 1"}));
+    EXPECT_FALSE(panel->hasFocus());
+    EXPECT_TRUE(first->hasFocus());
+    panel->setVisible(false);
+    driver->settle();
+    EXPECT_TRUE(first->hasFocus());
+    for (const std::string& line : taken()) EXPECT_EQ(line.find("focus"), std::string::npos) << line;
+}
+
+TEST_P(PortConformance, AParkedSurfaceIsKeptWhenItGetsItsPlace) {
+    area = driver->platform().createSurface(areaClient, {SurfacePlacement::Kind::parked, 0, {}});
+    ASSERT_TRUE(area);
+    const NativeWindow window = area->window();
+    EXPECT_NE(window, NativeWindow{0});
+    first = area->createTextBox(firstClient);
+    ASSERT_TRUE(first);
+    first->setText(u"abcdef");
+    first->setSelection({1, 2});
+    first->setBounds({10, 10, 110, 30}, {0, 0, 200, 120});
+    first->focus();
+    EXPECT_FALSE(first->hasFocus());
+    taken();
+    area->setParent(driver->host());
+    area->setBounds({0, 0, 200, 120});
+    area->setVisible(true);
+    driver->settle();
+    area->update();
+    EXPECT_EQ(area->window(), window);
+    EXPECT_FALSE(areaClient.painted.empty());
+    EXPECT_EQ(first->selection(), (TextSelection{1, 2}));
+    first->focus();
+    EXPECT_TRUE(first->hasFocus());
+    driver->key('X');
+    EXPECT_EQ(firstClient.text, u"axdef");
+}
+
+TEST_P(PortConformance, ControlsNeedAParent) {
+    EXPECT_FALSE(
+        driver->platform().createSurface(areaClient, {SurfacePlacement::Kind::control, 0, {0, 0, 10, 10}}));
+}
+
+TEST_P(PortConformance, AClosedSurfaceLeavesItsChildrenHarmless) {
+    openFocused();
+    first->setText(u"abc");
+    area.reset();
+    taken();
+    first->setText(u"x");
+    first->setSelection({0, 1});
+    first->setAlignment(HorizontalAlignment::right);
+    first->setEnabled(false);
+    first->focus();
+    EXPECT_FALSE(first->hasFocus());
+    EXPECT_EQ(first->window(), NativeWindow{0});
+    driver->settle();
+    EXPECT_EQ(taken(), Journal{});
+}
+
+// Clients that go in the middle of a call
+
+TEST_P(PortConformance, AClientMayDestroyItsTextBoxInEveryReport) {
+    const char* const reports[] = {
+        "preTranslate", "offerToContainer", "keyDown", "keyPress",    "textChanged", "keyUp", "focusGained",
+        "focusLost",    "mouseDown",        "mouseUp", "doubleClick", "wheel",       "move"};
+    for (const char* report : reports) {
+        SCOPED_TRACE(report);
+        openBoxes();
+        firstClient.route = KeyRoute::container;
+        firstClient.reportsMoves = true;
+        firstClient.on[report] = [this] { first.reset(); };
+        driver->click(*area, overFirst);
+        driver->click(*area, overFirst);
+        driver->wheel(120);
+        driver->key('A');
+        driver->focusHost();
+        EXPECT_FALSE(first);
+        ASSERT_FALSE(journal.empty());
+        Journal later;
+        for (const std::string& line : taken()) {
+            if (!later.empty() || line.rfind(std::string("first.") + report, 0) == 0) later.push_back(line);
+        }
+        // After its end the client hears nothing more, a report that was under way above this one excepted.
+        for (size_t i = 1; i < later.size(); ++i) EXPECT_NE(later[i].rfind("first.", 0), 0u) << later[i];
+        firstClient.on.clear();
+        second.reset();
+        area.reset();
+    }
+}
+
+TEST_P(PortConformance, AClientMayDestroyItsSurfaceInEveryReport) {
+    const char* const reports[] = {"preTranslate", "keyDown",   "keyPress",  "keyUp",
+                                   "focusGained",  "focusLost", "mouseDown", "mouseUp",
+                                   "captureLost",  "wheel",     "paint"};
+    for (const char* report : reports) {
+        SCOPED_TRACE(report);
+        openBoxes();
+        areaClient.on[report] = [this] { area.reset(); };
+        const auto still = [this](const std::function<void()>& step) {
+            if (area) step();
+        };
+        still([&] { area->focus(); });
+        still([&] { driver->click(*area, overFree); });
+        still([&] { driver->wheel(120); });
+        driver->key('A');
+        still([&] { area->capture(); });
+        driver->takeCaptureAway();
+        still([&] {
+            area->invalidate({0, 0, 10, 10});
+            area->update();
+        });
+        driver->focusHost();
+        EXPECT_FALSE(area);
+        areaClient.on.clear();
+        first.reset();
+        second.reset();
+        journal.clear();
+    }
+}
+
+TEST_P(PortConformance, AControlThatIsGoingHearsNothing) {
+    openFocused();
+    firstClient.alive = false;
+    areaClient.alive = false;
+    driver->key('A');
+    driver->focusHost();
+    first->setText(u"abc");
+    EXPECT_EQ(taken(), Journal{});
+}
+
+// Timers
+
+TEST_P(PortConformance, ATimerTicksUntilItIsStopped) {
+    using std::chrono::milliseconds;
+    int ticks = 0;
+    const auto timer =
+        driver->platform().createTimer([] { return std::make_shared<int>(0); }, [&] { ++ticks; });
+    driver->pass(milliseconds(60));
+    EXPECT_EQ(ticks, 0);
+    timer->start(milliseconds(20));
+    driver->pass(milliseconds(150));
+    EXPECT_GE(ticks, 2);
+    timer->stop();
+    const int before = ticks;
+    driver->pass(milliseconds(60));
+    EXPECT_EQ(ticks, before);
+}
+
+TEST_P(PortConformance, StartingARunningTimerBeginsANewPeriod) {
+    using std::chrono::milliseconds;
+    int ticks = 0;
+    const auto timer =
+        driver->platform().createTimer([] { return std::make_shared<int>(0); }, [&] { ++ticks; });
+    for (int i = 0; i < 6; ++i) {
+        timer->start(milliseconds(200));
+        driver->pass(milliseconds(50));
+    }
+    EXPECT_EQ(ticks, 0);
+    driver->pass(milliseconds(250));
+    EXPECT_EQ(ticks, 1);
+}
+
+TEST_P(PortConformance, ATickMayStopRestartOrDestroyItsTimer) {
+    using std::chrono::milliseconds;
+    std::unique_ptr<TimerPeer> timer;
+    int ticks = 0;
+    const auto run = [&](const std::function<void()>& action) {
+        ticks = 0;
+        timer = driver->platform().createTimer([] { return std::make_shared<int>(0); },
+                                               [&ticks, action] {
+                                                   ++ticks;
+                                                   action();
+                                               });
+        timer->start(milliseconds(10));
+        driver->pass(milliseconds(100));
+        return ticks;
+    };
+    EXPECT_EQ(run([&] { timer->stop(); }), 1);
+    EXPECT_EQ(run([&] { timer.reset(); }), 1);
+    EXPECT_EQ(run([&] { timer->start(milliseconds(5000)); }), 1);
+}
+
+TEST_P(PortConformance, ATimerOfAControlThatIsGoingTicksNoMore) {
+    int ticks = 0;
+    const auto timer = driver->platform().createTimer([] { return nullptr; }, [&] { ++ticks; });
+    timer->start(std::chrono::milliseconds(10));
+    driver->pass(std::chrono::milliseconds(60));
+    EXPECT_EQ(ticks, 0);
+}
+
+}  // namespace obk::port

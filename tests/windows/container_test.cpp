@@ -1,0 +1,593 @@
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include <olectl.h>
+
+#include <limits>
+
+#include "container/control_site.h"
+#include "container/message_loop.h"
+#include "container/property_bag_text.h"
+#include "container/text.h"
+#include "container_probe_support.h"
+
+namespace obk::container {
+namespace {
+
+using testing_support::ProbeControl;
+using testing_support::ProbeManner;
+using testing_support::TestWindow;
+
+std::string narrow(std::wstring_view text) {
+    return toUtf8(text);
+}
+
+// --- Readable property bags ------------------------------------------------------------------------
+
+Variant currency(long long tenThousandths) {
+    VARIANT raw = {};
+    raw.vt = VT_CY;
+    raw.cyVal.int64 = tenThousandths;
+    return raw;
+}
+
+Variant bytes(std::string_view content) {
+    VARIANT raw = {};
+    raw.vt = VT_ARRAY | VT_UI1;
+    raw.parray = SafeArrayCreateVector(VT_UI1, 0, static_cast<ULONG>(content.size()));
+    void* data = nullptr;
+    SafeArrayAccessData(raw.parray, &data);
+    content.copy(static_cast<char*>(data), content.size());
+    SafeArrayUnaccessData(raw.parray);
+    Variant result(raw);
+    VariantClear(&raw);
+    return result;
+}
+
+/// What a control reads back after the bag went through text.
+Variant throughText(const Variant& value, std::wstring* written = nullptr) {
+    FormText form;
+    Variant copy = value;
+    VARIANT raw = copy.detach();
+    EXPECT_EQ(form.add(L"Control", L"A.B").bag->Write(L"Key", &raw), S_OK);
+    VariantClear(&raw);
+    std::vector<TextProblem> problems;
+    const std::wstring text = form.write();
+    if (written) *written = text;
+    const FormText read = FormText::read(fromUtf8(toUtf8(text)), problems);
+    EXPECT_TRUE(problems.empty()) << narrow(text);
+    Variant result;
+    const FormSection* section = read.find(L"control");
+    EXPECT_TRUE(section && section->className == L"A.B") << narrow(text);
+    EXPECT_TRUE(section && section->bag->Read(L"KEY", result.put(), nullptr) == S_OK) << narrow(text);
+    return result;
+}
+
+TEST(PropertyBagText, BringsEveryPlainValueBackWithItsType) {
+    constexpr double tiny = std::numeric_limits<double>::denorm_min();
+    const Variant values[] = {
+        true,
+        false,
+        static_cast<unsigned char>(255),
+        short{-32768},
+        0L,
+        std::numeric_limits<long>::min(),
+        static_cast<long>(0x80000005u),
+        std::numeric_limits<long long>::max(),
+        0.1f,
+        std::numeric_limits<float>::max(),
+        0.1,
+        -1.5e308,
+        tiny,
+        currency(-9223372036854775807LL - 1),
+        currency(12345),
+        L"",
+        L"  two blanks, \"quotes\", back\\slash, = and [x]  ",
+        L"lines\r\nand\ttabs and \x01",
+        L"\xE4\x20AC \xD83D\xDE00",
+        std::wstring(L"half a pair \xD83D", 13),
+        *Variant(45000.75).converted(VT_DATE),
+        *Variant(L"79228162514264337593543950335").converted(VT_DECIMAL),
+    };
+    for (const Variant& value : values) {
+        std::wstring text;
+        const Variant result = throughText(value, &text);
+        EXPECT_EQ(result.type(), value.type()) << narrow(text);
+        switch (value.type()) {
+            case VT_R4:
+                EXPECT_EQ(result.get().fltVal, value.get().fltVal) << narrow(text);
+                break;
+            case VT_R8:
+                EXPECT_EQ(result.get().dblVal, value.get().dblVal) << narrow(text);
+                break;
+            case VT_CY:
+                EXPECT_EQ(result.get().cyVal.int64, value.get().cyVal.int64) << narrow(text);
+                break;
+            default:
+                EXPECT_EQ(result.toText(), value.toText()) << narrow(text);
+        }
+    }
+}
+
+TEST(PropertyBagText, BringsBytesOfEveryLengthBack) {
+    for (const std::string_view content :
+         {std::string_view(""), std::string_view("\0", 1), std::string_view("ab"), std::string_view("abc"),
+          std::string_view("\xFF\xFE\xFD\xFC", 4)}) {
+        const Variant result = throughText(bytes(content));
+        ASSERT_EQ(result.type(), VT_ARRAY | VT_UI1);
+        const auto* array = result.get().parray;
+        EXPECT_EQ(std::string_view(static_cast<const char*>(array->pvData), array->rgsabound[0].cElements),
+                  content);
+    }
+}
+
+TEST(PropertyBagText, KeepsFontsAsTheyWereWhenWritten) {
+    const auto object = makeFont({L"Tahoma", 9.75, 600, ANSI_CHARSET, true, false, true});
+    ASSERT_TRUE(object);
+    FormText form;
+    PropertyBagText& bag = *form.add(L"Control", L"").bag;
+    VARIANT raw = {};
+    raw.vt = VT_DISPATCH;
+    raw.pdispVal = object.get();
+    ASSERT_EQ(bag.Write(L"Font", &raw), S_OK);
+    object.query<IFont>()->put_Italic(FALSE);
+
+    std::vector<TextProblem> problems;
+    const FormText read = FormText::read(form.write(), problems);
+    ASSERT_TRUE(problems.empty()) << narrow(form.write());
+    Variant result;
+    ASSERT_EQ(read.sections().front().bag->Read(L"Font", result.put(), nullptr), S_OK);
+    const auto font = describeFont(result.toObject().get());
+    ASSERT_TRUE(font);
+    EXPECT_EQ(narrow(font->name), "Tahoma");
+    EXPECT_EQ(font->size, 9.75);
+    EXPECT_EQ(font->weight, 600);
+    EXPECT_EQ(font->characterSet, ANSI_CHARSET);
+    EXPECT_TRUE(font->italic) << "a change after writing reached the bag";
+    EXPECT_FALSE(font->underline);
+    EXPECT_TRUE(font->strikethrough);
+
+    // A control may pass the object that it wants filled instead of taking a new one.
+    const auto own = makeFont({L"Arial", 20});
+    raw.pdispVal = own.get();
+    ASSERT_EQ(read.sections().front().bag->Read(L"Font", &raw, nullptr), S_OK);
+    EXPECT_EQ(raw.pdispVal, own.get());
+    EXPECT_EQ(describeFont(own.get())->size, 9.75);
+}
+
+TEST(PropertyBagText, StoresPicturesThroughTheirOwnPersistence) {
+    const HBITMAP bitmap = CreateBitmap(3, 5, 1, 24, nullptr);
+    PICTDESC description = {};
+    description.cbSizeofstruct = sizeof description;
+    description.picType = PICTYPE_BITMAP;
+    description.bmp.hbitmap = bitmap;
+    ComPtr<IDispatch> picture;
+    ASSERT_EQ(OleCreatePictureIndirect(&description, IID_IDispatch, TRUE, picture.putVoid()), S_OK);
+    const Variant result = throughText(picture.get());
+    const auto read = ComPtr<IUnknown>(result.toObject()).query<IPicture>();
+    ASSERT_TRUE(read);
+    OLE_XSIZE_HIMETRIC width = 0;
+    OLE_XSIZE_HIMETRIC expected = 0;
+    read->get_Width(&width);
+    picture.query<IPicture>()->get_Width(&expected);
+    EXPECT_EQ(width, expected);
+    EXPECT_GT(width, 0);
+}
+
+TEST(PropertyBagText, ReportsAndSkipsWhatItCannotRead) {
+    struct Line {
+        const wchar_t* text;
+        bool reported;
+    };
+    const Line lines[] = {
+        {L"\xFEFF; a remark", false},
+        {L"Early = Long 1", true},
+        {L"[First: A.B]", false},
+        {L"  Good =   Long   7  ", false},
+        {L"", false},
+        {L"# another remark = Long 1", false},
+        {L"no equals sign", true},
+        {L"= Long 3", true},
+        {L"Untyped = 3", true},
+        {L"Strange = Longish 3", true},
+        {L"Empty = ", true},
+        {L"Wide = Integer 40000", true},
+        {L"Trailing = Long 3x", true},
+        {L"Huge = Long 99999999999999999999", true},
+        {L"HugeSingle = Single 1e300", true},
+        {L"Half = Long 1.5", true},
+        {L"Flag = Boolean yes", true},
+        {L"Open = String \"never closed", true},
+        {L"Rest = String \"closed\" rest", true},
+        {L"Escape = String \"\\q\"", true},
+        {L"Code = String \"\\u12\"", true},
+        {L"Bytes = Bytes abc", true},
+        {L"Bytes2 = Bytes ab=c", true},
+        {L"Font = Font Tahoma, 8", true},
+        {L"Font2 = Font \"Tahoma\"", true},
+        {L"Font3 = Font \"Tahoma\", 8, loud", true},
+        {L"Object = Object {not a class} AAAA", true},
+        {L"Colour = Long &H80000005", false},
+        {L"Colour2 = Long &H-5", true},
+        {L"good = Long 8", true},
+        {L"[broken", true},
+        {L"Lost = Long 1", true},
+        {L"[]", true},
+        {L"[Second]", false},
+        {L"Text = String \"last\"", false},
+    };
+    std::wstring text;
+    std::vector<int> expected;
+    for (const Line& line : lines) {
+        text += std::wstring(line.text) + L"\r\n";
+        if (line.reported) expected.push_back(static_cast<int>(&line - lines) + 1);
+    }
+    std::vector<TextProblem> problems;
+    const FormText form = FormText::read(text, problems);
+    std::vector<int> reported;
+    for (const TextProblem& problem : problems) reported.push_back(problem.line);
+    EXPECT_EQ(reported, expected);
+
+    ASSERT_EQ(form.sections().size(), 2u);
+    const PropertyBagText& first = *form.sections()[0].bag;
+    ASSERT_EQ(first.entries().size(), 2u);
+    EXPECT_EQ(restored(*first.find(L"Good")).toLong(), 8) << "of two lines the later counts";
+    EXPECT_EQ(restored(*first.find(L"Colour")).toLong(), static_cast<long>(0x80000005u));
+    EXPECT_EQ(narrow(form.sections()[1].name), "Second");
+    EXPECT_EQ(form.sections()[1].bag->entries().size(), 1u);
+}
+
+TEST(PropertyBagText, GivesTheTypeThatIsAskedForOrRefuses) {
+    const ComPtr<PropertyBagText> bag = new PropertyBagText;
+    bag->set(L"Number", Variant(L"12"));
+    bag->set(L"Word", Variant(L"twelve"));
+    VARIANT value = {};
+    value.vt = VT_I4;
+    EXPECT_EQ(bag->Read(L"Number", &value, bag.get()), S_OK);
+    EXPECT_EQ(value.vt, VT_I4);
+    EXPECT_EQ(value.lVal, 12);
+
+    value.lVal = 5;
+    EXPECT_EQ(bag->Read(L"Missing", &value, bag.get()), E_INVALIDARG);
+    EXPECT_TRUE(bag->errors().empty()) << "a missing entry is no error";
+    EXPECT_EQ(bag->Read(L"Word", &value, bag.get()), DISP_E_TYPEMISMATCH);
+    EXPECT_EQ(value.lVal, 5) << "a refused read must leave the caller's value alone";
+    EXPECT_EQ(bag->errors().size(), 1u);
+
+    VARIANT array = {};
+    array.vt = VT_ARRAY | VT_VARIANT;
+    array.parray = SafeArrayCreateVector(VT_VARIANT, 0, 1);
+    EXPECT_EQ(bag->Write(L"Number", &array), E_FAIL);
+    EXPECT_EQ(restored(*bag->find(L"number")).toText(), L"12") << "a refused write must keep what was there";
+    VariantClear(&array);
+}
+
+// --- Events ----------------------------------------------------------------------------------------
+
+struct ConnectedProbe {
+    ComPtr<ProbeControl> probe = new ProbeControl;
+    ComPtr<EventSink> sink = new EventSink;
+    ConnectedProbe() { EXPECT_EQ(sink->connect(static_cast<IOleObject*>(probe.get())), S_OK); }
+    ~ConnectedProbe() { sink->disconnect(); }
+};
+
+TEST(EventSink, LetsHandlersChangeArgumentsByReference) {
+    ConnectedProbe connected;
+    connected.sink->on(6, [](EventCall& call) {
+        EXPECT_EQ(call.count(), 3u);
+        EXPECT_EQ(call.value(0).toLong(), 65) << "arguments come in declared order";
+        EXPECT_TRUE(call.set(0, L"66")) << "converted to the type referred to";
+        EXPECT_TRUE(call.set(1, 2.5));
+        EXPECT_FALSE(call.set(2, 9L)) << "an argument by value cannot change";
+    });
+    connected.sink->on(6, [](EventCall& call) {
+        EXPECT_EQ(call.value(0).toLong(), 66) << "later handlers see earlier changes";
+        EXPECT_FALSE(call.set(0, L"no number"));
+        EXPECT_FALSE(call.set(0, 70000L)) << "does not fit in 16 bits";
+        EXPECT_FALSE(call.set(7, 1L));
+    });
+    short key = 65;
+    float x = 1;
+    EXPECT_EQ(connected.probe->raise(6, {Variant::reference(key), Variant::reference(x), 3L}), S_OK);
+    EXPECT_EQ(key, 66);
+    EXPECT_EQ(x, 2.5f);
+    ASSERT_EQ(connected.sink->journal().size(), 1u);
+    EXPECT_EQ(connected.sink->journal()[0].arguments[0].toLong(), 65) << "the journal keeps what arrived";
+}
+
+TEST(EventSink, WritesTextBooleansAndVariantsThrough) {
+    ConnectedProbe connected;
+    connected.sink->onAny([](EventCall& call) {
+        EXPECT_TRUE(call.set(0, L"after"));
+        EXPECT_TRUE(call.set(1, true));
+        EXPECT_TRUE(call.set(2, 7L));
+    });
+    BSTR text = SysAllocString(L"before");
+    VARIANT_BOOL flag = VARIANT_FALSE;
+    Variant any(L"any");
+    VARIANT slot = any.detach();
+    connected.probe->raise(
+        1, {Variant::reference(text), Variant::booleanReference(flag), Variant::reference(slot)});
+    EXPECT_STREQ(text, L"after");
+    EXPECT_EQ(flag, VARIANT_TRUE);
+    EXPECT_EQ(slot.vt, VT_I4);
+    EXPECT_EQ(slot.lVal, 7);
+    SysFreeString(text);
+    VariantClear(&slot);
+}
+
+TEST(EventSink, SurvivesBeingDisconnectedByItsOwnHandler) {
+    auto probe = ComPtr<ProbeControl>(new ProbeControl);
+    ComPtr<EventSink> sink = new EventSink;
+    ASSERT_EQ(sink->connect(static_cast<IOleObject*>(probe.get())), S_OK);
+    int handled = 0;
+    sink->on(1, [&](EventCall&) {
+        ++handled;
+        sink->disconnect();
+        sink.reset();
+    });
+    probe->raise(1, {});
+    EXPECT_EQ(handled, 1);
+    EXPECT_EQ(probe->raise(1, {}), E_UNEXPECTED) << "nobody listens any more";
+}
+
+// --- Sites -----------------------------------------------------------------------------------------
+
+struct OneSite {
+    TestWindow window;
+    ControlForm form{window.handle()};
+    ComPtr<ProbeControl> probe;
+    std::unique_ptr<ControlSite> site;
+
+    explicit OneSite(ProbeManner manner = {}, SiteSettings settings = {}) : probe(new ProbeControl(manner)) {
+        site = std::make_unique<ControlSite>(form, settings);
+        EXPECT_EQ(site->adopt(ComPtr<IUnknown>(static_cast<IOleObject*>(probe.get()))), S_OK);
+    }
+};
+
+TEST(ControlSite, SetsTheSiteWhenTheControlAsksOrAsForced) {
+    struct Case {
+        DWORD status;
+        SiteOrder order;
+        const char* journal;
+    };
+    const Case cases[] = {
+        {OLEMISC_SETCLIENTSITEFIRST, SiteOrder::AsControlAsks, "SetClientSite InitNew"},
+        {0, SiteOrder::AsControlAsks, "InitNew SetClientSite"},
+        {0, SiteOrder::BeforeState, "SetClientSite InitNew"},
+        {OLEMISC_SETCLIENTSITEFIRST, SiteOrder::AfterState, "InitNew SetClientSite"},
+        {OLEMISC_SETCLIENTSITEFIRST, SiteOrder::Never, "InitNew"},
+    };
+    for (const Case& row : cases) {
+        const OneSite one({row.status}, {L"", row.order});
+        EXPECT_EQ(one.probe->journal(), row.journal);
+    }
+}
+
+TEST(ControlSite, ClosesInOrderAndReleasesTheControl) {
+    {
+        OneSite one;
+        one.site->activate({10, 10, 110, 34});
+        EXPECT_EQ(one.site->uiActivate(), S_OK);
+        EXPECT_EQ(one.site->state(), SiteState::UiActive);
+        EXPECT_EQ(one.form.activeSite(), one.site.get());
+        one.probe->calls.clear();
+        one.site->close();
+        EXPECT_EQ(one.probe->journal(),
+                  "UIDeactivate InPlaceDeactivate Unadvise Unadvise Close SetClientSite(null)");
+        EXPECT_EQ(one.site->state(), SiteState::Empty);
+        EXPECT_EQ(one.form.activeSite(), nullptr);
+        one.probe->site.reset();
+        EXPECT_EQ(ProbeControl::alive, 1) << "only the test's own reference is left";
+    }
+    EXPECT_EQ(ProbeControl::alive, 0);
+}
+
+TEST(ControlSite, KeepsTheSizeThatAControlInsistsOnWithoutALoop) {
+    OneSite one({OLEMISC_INSIDEOUT, true, {12, 14}});
+    one.site->activate({10, 20, 210, 120});
+    const RECT first = one.site->position();
+    EXPECT_EQ(first.right - first.left, 12);
+    EXPECT_EQ(first.bottom - first.top, 14);
+    one.probe->resizes = 0;
+    one.site->moveTo({50, 60, 350, 360});
+    const RECT moved = one.site->position();
+    EXPECT_EQ(moved.left, 50);
+    EXPECT_EQ(moved.top, 60);
+    EXPECT_EQ(moved.right, 62);
+    EXPECT_EQ(moved.bottom, 74);
+    EXPECT_TRUE(EqualRect(&one.probe->rectangle, &moved));
+    EXPECT_LE(one.probe->resizes, 2);
+}
+
+TEST(ControlSite, HonoursARectangleThatTheControlAsksFor) {
+    OneSite one;
+    int moves = 0;
+    one.site->onMoved = [&] { ++moves; };
+    one.site->activate({10, 10, 110, 34});
+    const RECT wanted = {10, 10, 90, 60};
+    EXPECT_EQ(one.probe->site.query<IOleInPlaceSite>()->OnPosRectChange(&wanted), S_OK);
+    const RECT got = one.site->position();
+    EXPECT_TRUE(EqualRect(&got, &wanted));
+    EXPECT_TRUE(EqualRect(&one.probe->rectangle, &wanted)) << "the control is told that it got it";
+    EXPECT_EQ(moves, 1);
+}
+
+TEST(ControlSite, RefusesUiActivationInDesignMode) {
+    OneSite one({}, {L"Design", SiteOrder::AsControlAsks, SiteMode::Design});
+    one.site->activate({10, 10, 110, 34});
+    EXPECT_EQ(one.site->state(), SiteState::InPlaceActive) << "it shows itself";
+    EXPECT_TRUE(FAILED(one.site->uiActivate()));
+    EXPECT_EQ(one.form.activeSite(), nullptr);
+    EXPECT_EQ(one.site->ambients().value(DISPID_AMBIENT_USERMODE).toBool(), false);
+}
+
+TEST(ControlSite, TellsAmbientPropertiesAndTheirChanges) {
+    OneSite one({}, {L"Quantity"});
+    Dispatch ambient(one.probe->site.query<IUnknown>().get());
+    EXPECT_EQ(ambient.value(DISPID_AMBIENT_DISPLAYNAME).toText(), L"Quantity");
+    EXPECT_TRUE(describeFont(ambient.value(DISPID_AMBIENT_FONT).toObject().get()));
+    one.site->setAmbient(DISPID_AMBIENT_BACKCOLOR, 0x112233L);
+    EXPECT_EQ(one.probe->ambientChanges, std::vector<DISPID>{DISPID_AMBIENT_BACKCOLOR});
+    EXPECT_EQ(ambient.value(DISPID_AMBIENT_BACKCOLOR).toLong(), 0x112233);
+    one.site->ambients().remove(DISPID_AMBIENT_BACKCOLOR);
+    Variant value;
+    EXPECT_EQ(ambient.read(DISPID_AMBIENT_BACKCOLOR, value), DISP_E_MEMBERNOTFOUND);
+    EXPECT_EQ(one.site->ambients().asked().back(), DISPID_AMBIENT_BACKCOLOR)
+        << "unknown ones are noted as well";
+}
+
+TEST(ControlSite, MayRefuseAnEditAndKeepsChangesInOrder) {
+    OneSite one;
+    ASSERT_TRUE(one.probe->notifySink);
+    one.site->changes().onRequestEdit = [](DISPID number) { return number != 4; };
+    EXPECT_EQ(one.probe->notifySink->OnRequestEdit(3), S_OK);
+    EXPECT_EQ(one.probe->notifySink->OnRequestEdit(4), S_FALSE);
+    one.probe->notifySink->OnChanged(3);
+    one.probe->notifySink->OnChanged(3);
+    EXPECT_EQ(one.site->changes().changed(), (std::vector<DISPID>{3, 3}));
+    EXPECT_EQ(one.site->changes().requested(), (std::vector<DISPID>{3, 4}));
+}
+
+TEST(ControlSite, DetachesFromAControlThatOutlivesIt) {
+    OneSite one;
+    const ComPtr<IOleClientSite> site = one.probe->site;
+    const auto inPlace = site.query<IOleInPlaceSite>();
+    one.site.reset();
+    HWND window = one.window.handle();
+    EXPECT_TRUE(FAILED(inPlace->GetWindow(&window)));
+    EXPECT_EQ(window, nullptr);
+    EXPECT_TRUE(FAILED(inPlace->OnInPlaceActivate()));
+    EXPECT_EQ(site.query<IOleControlSite>()->OnFocus(TRUE), S_OK);
+}
+
+// --- Keys and focus --------------------------------------------------------------------------------
+
+/// edit 1, control A, a label-like control, a control that takes no focus, a disabled and a hidden
+/// edit, control B, edit 2.
+class TabOrder : public testing::Test {
+protected:
+    TestWindow window;
+    ControlForm form{window.handle()};
+    MessageLoop loop;
+    HWND edit1 = window.addEdit(0);
+    std::vector<ComPtr<ProbeControl>> probes;
+    std::vector<std::unique_ptr<ControlSite>> sites;
+    HWND edit2 = nullptr;
+
+    ControlSite& addProbe(ProbeManner manner) {
+        probes.emplace_back(new ProbeControl(manner));
+        sites.push_back(std::make_unique<ControlSite>(form));
+        sites.back()->adopt(ComPtr<IUnknown>(static_cast<IOleObject*>(probes.back().get())));
+        const int y = 30 * static_cast<int>(sites.size());
+        sites.back()->activate({10, y, 110, y + 24});
+        return *sites.back();
+    }
+
+    void SetUp() override {
+        form.add(edit1);
+        addProbe({});
+        addProbe({OLEMISC_INSIDEOUT | OLEMISC_ACTSLIKELABEL | OLEMISC_NOUIACTIVATE});
+        addProbe({OLEMISC_INSIDEOUT, false});
+        form.add(window.addEdit(180, WS_VISIBLE | WS_DISABLED));
+        form.add(window.addEdit(210, 0));
+        addProbe({});
+        edit2 = window.addEdit(240);
+        form.add(edit2);
+        loop.add(form);
+        SetFocus(edit1);
+    }
+    void TearDown() override {
+        shift(false);
+        sites.clear();
+    }
+
+    static void shift(bool down) {
+        BYTE keys[256] = {};
+        GetKeyboardState(keys);
+        keys[VK_SHIFT] = down ? 0x80 : 0;
+        SetKeyboardState(keys);
+    }
+    void key(WPARAM code) {
+        MSG message = {};
+        message.hwnd = GetFocus();
+        message.message = WM_KEYDOWN;
+        message.wParam = code;
+        message.lParam = 1;
+        loop.handle(message);
+    }
+    std::string where() const {
+        const HWND focus = GetFocus();
+        for (size_t index = 0; index < sites.size(); ++index)
+            if (sites[index]->holdsWindow(focus)) return std::string("control ") + char('0' + index);
+        return focus == edit1 ? "edit 1" : focus == edit2 ? "edit 2" : "elsewhere";
+    }
+    std::string walk(int steps) {
+        std::string path;
+        for (int step = 0; step < steps; ++step) {
+            key(VK_TAB);
+            path += (path.empty() ? "" : ", ") + where();
+        }
+        return path;
+    }
+};
+
+TEST_F(TabOrder, GoesThroughWindowsAndControlsAndPassesOverTheRest) {
+    EXPECT_EQ(walk(4), "control 0, control 3, edit 2, edit 1");
+    shift(true);
+    EXPECT_EQ(walk(4), "edit 2, control 3, control 0, edit 1");
+}
+
+TEST_F(TabOrder, HasOneActiveControlAtMost) {
+    walk(1);
+    EXPECT_EQ(form.activeSite(), sites[0].get());
+    walk(1);
+    EXPECT_EQ(form.activeSite(), sites[3].get());
+    EXPECT_EQ(sites[0]->state(), SiteState::InPlaceActive);
+    EXPECT_EQ(sites[3]->state(), SiteState::UiActive);
+    walk(1);
+    EXPECT_EQ(form.activeSite(), nullptr) << "an ordinary window has the focus";
+    EXPECT_EQ(sites[3]->state(), SiteState::InPlaceActive);
+}
+
+TEST_F(TabOrder, OffersKeysToTheActiveControlFirst) {
+    walk(1);
+    probes[0]->usedKey = VK_TAB;
+    EXPECT_EQ(walk(1), "control 0") << "it used the key itself";
+    EXPECT_EQ(probes[0]->acceleratorCalls, 1);
+    probes[0]->usedKey = 0;
+    probes[0]->offersTab = true;
+    EXPECT_EQ(walk(1), "control 3") << "one press moves once, though it comes back through the site";
+    bool asked = false;
+    sites[3]->onKey = [&](MSG&) { return asked = true; };
+    probes[3]->offersTab = true;
+    EXPECT_EQ(walk(1), "control 3") << "the container used the key";
+    EXPECT_TRUE(asked);
+}
+
+TEST_F(TabOrder, DeactivatesTheControlThatLostTheFocusToAnOrdinaryWindow) {
+    walk(1);
+    SetFocus(edit2);
+    EXPECT_EQ(form.activeSite(), sites[0].get());
+    loop.pumpPending();
+    form.followFocus();
+    EXPECT_EQ(form.activeSite(), nullptr);
+    EXPECT_EQ(sites[0]->state(), SiteState::InPlaceActive);
+}
+
+TEST_F(TabOrder, SurvivesAControlThatIsClosedWhileItHasTheFocus) {
+    walk(1);
+    sites[0]->close();
+    SetFocus(edit1);
+    EXPECT_EQ(walk(2), "control 3, edit 2");
+}
+
+TEST(MessageLoop, GivesUpWaitingAtItsDeadline) {
+    MessageLoop loop;
+    EXPECT_FALSE(loop.pumpUntil([] { return false; }, std::chrono::milliseconds(30)));
+    int asked = 0;
+    EXPECT_TRUE(loop.pumpUntil([&] { return ++asked == 3; }));
+}
+
+}  // namespace
+}  // namespace obk::container

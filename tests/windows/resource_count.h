@@ -1,0 +1,62 @@
+// Counts what a process has taken from the window system, to prove that nothing is left behind.
+#pragma once
+
+#include <windows.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <ostream>
+
+namespace obk::testing_support {
+
+// Drawing objects of this process. Where the system's own counter does not count, the process's table of
+// handles does: 65,536 entries of 24 bytes, an object's kind in byte 14, 0 in free ones.
+inline int gdiObjectCount() {
+    if (const DWORD counted = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS))
+        return static_cast<int>(counted);
+#ifdef _WIN64
+    const auto* block = reinterpret_cast<const uint8_t*>(__readgsqword(0x60));
+    const uint8_t* const table = *reinterpret_cast<const uint8_t* const*>(block + 0xF8);
+#else
+    const auto* block = reinterpret_cast<const uint8_t*>(__readfsdword(0x30));
+    const uint8_t* const table = *reinterpret_cast<const uint8_t* const*>(block + 0x94);
+#endif
+    if (!table) return 0;
+    int count = 0;
+    for (size_t entry = 0; entry < 65536; ++entry) count += table[entry * 24 + 14] != 0;
+    return count;
+}
+
+// Windows of this thread, hidden, message-only and child windows included.
+inline int windowCount() {
+    int count = 0;
+    const auto counter = reinterpret_cast<LPARAM>(&count);
+    const WNDENUMPROC countTree = [](HWND window, LPARAM counted) {
+        ++*reinterpret_cast<int*>(counted);
+        EnumChildWindows(
+            window,
+            [](HWND, LPARAM inner) {
+                ++*reinterpret_cast<int*>(inner);
+                return TRUE;
+            },
+            counted);
+        return TRUE;
+    };
+    EnumThreadWindows(GetCurrentThreadId(), countTree, counter);
+    for (HWND each = nullptr; (each = FindWindowExW(HWND_MESSAGE, each, nullptr, nullptr)) != nullptr;)
+        count += GetWindowThreadProcessId(each, nullptr) == GetCurrentThreadId();
+    return count;
+}
+
+struct ResourceCount {
+    int windows = 0;
+    int gdiObjects = 0;
+
+    static ResourceCount now() { return {windowCount(), gdiObjectCount()}; }
+    friend bool operator==(const ResourceCount&, const ResourceCount&) = default;
+    friend std::ostream& operator<<(std::ostream& stream, const ResourceCount& count) {
+        return stream << count.windows << " windows, " << count.gdiObjects << " drawing objects";
+    }
+};
+
+}  // namespace obk::testing_support

@@ -1,0 +1,49 @@
+// Drives real windows with real input: keys and mouse through the system's input queue, messages through a
+// loop.
+#pragma once
+
+#include "../port/port_driver.h"
+#include "platform/win32/win32_platform.h"
+
+#include <gtest/gtest.h>
+
+#include <windows.h>
+
+namespace obk::testing_support {
+
+// Runs the message loop until `done`, at most a few seconds; whether it became true. `seen` is told of every
+// message.
+bool pumpUntil(const std::function<bool()>& done, const std::function<void(const MSG&)>& seen = {});
+// Delivers everything that is under way.
+void pumpAll();
+void pumpFor(std::chrono::milliseconds time);
+
+class WindowDriver final : public port::PortDriver {
+public:
+    WindowDriver();
+    WindowDriver(const WindowDriver&) = delete;
+    WindowDriver& operator=(const WindowDriver&) = delete;
+    ~WindowDriver() override;
+
+    win32::Win32Platform& platform() override { return platform_; }
+    NativeWindow host() override { return reinterpret_cast<NativeWindow>(host_); }
+    HWND hostWindow() const { return host_; }
+    void keyDown(int16_t code, int16_t shift) override;
+    void keyUp(int16_t code, int16_t shift) override;
+    void mouseMove(SurfacePeer& surface, PixelPoint at) override;
+    void mouseDown(int16_t button) override { press(button, true); }
+    void mouseUp(int16_t button) override { press(button, false); }
+    void wheel(int32_t delta) override;
+    void focusHost() override;
+    void takeCaptureAway() override;
+    void pass(std::chrono::milliseconds time) override { pumpFor(time); }
+    void settle() override { pumpAll(); }
+
+private:
+    void press(int16_t button, bool down);
+
+    HWND host_;
+    win32::Win32Platform platform_;
+};
+
+}  // namespace obk::testing_support
