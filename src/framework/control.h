@@ -75,8 +75,8 @@ protected:
     virtual void useAmbientFont(const FontRef&) {}
     virtual void appearanceChanged() { resize(); }
 
-    // Tells the container that a persisted value changed; silent while loading. `Getter` is the property's
-    // getter.
+    // Tells the container that a value changed; silent while loading. `Getter` is the getter of a property,
+    // or of a persisted value without one, which the container learns of as unknown.
     template <auto Getter>
     void PropertyChanged() {
         propertyChanged(memberToken<Getter>());
