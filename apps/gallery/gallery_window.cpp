@@ -16,7 +16,7 @@ using container::PictureSurface;
 namespace {
 
 constexpr SIZE openingSize = {1130, 700};  // of the client area, at 96 dots per inch
-constexpr SIZE smallestSize = {900, 520};
+constexpr SIZE smallestSize = {1060, 520};
 constexpr UINT dpiChanged = 0x02E0;  // WM_DPICHANGED, newer than the headers' target
 constexpr wchar_t formSection[] = L"Gallery";
 constexpr wchar_t fileFilter[] = L"Forms (*.form)\0*.form\0Text files (*.txt)\0*.txt\0All files\0*.*\0";
@@ -129,6 +129,11 @@ void GalleryWindow::watch(SceneControl& control) {
             events_->log(control, call);
             properties_->refreshSoon();
         });
+        control.site->onFocus = [this, &control](bool gained) {
+            if (gained) {
+                properties_->show(&control);
+            }
+        };
     }
 }
 
@@ -347,6 +352,8 @@ std::wstring GalleryWindow::writePictures(const std::wstring& folder) {
         loop_.pumpPending();
         followFocus();
         loop_.pumpPending();
+        // A caret blinks by inverting pixels, which a picture must not catch.
+        HideCaret(nullptr);
         RedrawWindow(handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN | RDW_UPDATENOW);
         loop_.pumpPending();
         const SIZE size = container::sizeOf(client());

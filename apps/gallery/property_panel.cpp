@@ -484,7 +484,7 @@ void PropertyPanel::layOut() {
 }
 
 void PropertyPanel::paint(HDC dc, const RECT& area) {
-    drawCard(dc, theme(), area, L"Properties");
+    drawCard(dc, theme(), area, L"Control");
     RECT help = helpArea();
     const RECT line = {help.left, help.top, help.right, help.top + 1};
     fillRect(dc, line, theme().border);

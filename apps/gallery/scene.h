@@ -51,6 +51,7 @@ public:
     /// A tinted area behind what is added after it.
     void panel(const Place& place);
     SceneControl& control(const std::wstring& name, const std::wstring& progId, const Place& place);
+    /// A field to type in, with the border of the controls' own fields.
     HWND input(const Place& place, const wchar_t* text);
     HWND checkBox(const Place& place, const wchar_t* text, bool checked);
     HWND choice(const Place& place, const std::vector<std::wstring>& entries, int chosen);
@@ -91,9 +92,11 @@ private:
         Place place;
         HWND window;
         std::function<void()> pressed;
+        bool framed = false;  ///< its border is drawn by the scene
     };
 
     RECT pixels(const Place& place) const;
+    void drawFrames(HDC dc) const;
     HWND addItem(const Place& place, const wchar_t* className, const wchar_t* text, DWORD style,
                  DWORD extendedStyle = 0);
     void createControl(SceneControl& control, const container::InitialState& state);
