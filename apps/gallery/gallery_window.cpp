@@ -104,6 +104,8 @@ void GalleryWindow::showPage(int page) {
     scene_->layOut();
     ShowWindow(scene_->handle(), SW_SHOWNA);
 
+    // What setting the scene up raised is not a person's doing.
+    events_->clear();
     const bool silent = std::all_of(scene_->controls().begin(), scene_->controls().end(),
                                     [](const auto& control) { return control->members.events().empty(); });
     events_->setEmptyText(silent ? L"This control raises no events."

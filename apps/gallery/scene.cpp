@@ -161,7 +161,8 @@ std::vector<std::wstring> Scene::load(const FormText& form) {
             continue;
         }
         if (!section.className.empty() && !container::sameName(section.className, control->progId)) {
-            problems.push_back(section.name + L" is a " + control->progId + L", not a " + section.className);
+            problems.push_back(section.name + L" is of class " + control->progId + L", not " +
+                               section.className);
             continue;
         }
         container::InitialState state;
@@ -175,6 +176,9 @@ std::vector<std::wstring> Scene::load(const FormText& form) {
         }
     }
     layOut();
+    if (derived_) {
+        derived_();
+    }
     InvalidateRect(handle(), nullptr, FALSE);
     return problems;
 }

@@ -56,6 +56,8 @@ public:
     HWND checkBox(const Place& place, const wchar_t* text, bool checked);
     HWND choice(const Place& place, const std::vector<std::wstring>& entries, int chosen);
     HWND button(const Place& place, const wchar_t* text, std::function<void()> pressed);
+    /// What follows from the controls' values; run by the scene after it loaded a form.
+    void derived(std::function<void()> update) { derived_ = std::move(update); }
     /// What a picture of the page shows being used.
     void demonstration(std::function<void()> steps) { demonstration_ = std::move(steps); }
     void demonstrate() const;
@@ -108,6 +110,7 @@ private:
     std::vector<TextItem> texts_;
     std::vector<ChildItem> children_;
     std::vector<std::unique_ptr<SceneControl>> controls_;
+    std::function<void()> derived_;
     std::function<void()> demonstration_;
 };
 

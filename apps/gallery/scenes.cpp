@@ -1,6 +1,7 @@
 // The scene functions: what a person might build with each control.
 #include <cmath>
 
+#include "container/window_metrics.h"
 #include "page_catalog.h"
 
 namespace obk::gallery {
@@ -22,6 +23,10 @@ std::wstring amount(double value) {
         text.insert(static_cast<size_t>(place), L",");
     }
     return (value < 0 ? L"-" : L"") + text;
+}
+
+std::wstring sizeText(SIZE size) {
+    return std::to_wstring(size.cx) + L" \x00D7 " + std::to_wstring(size.cy);
 }
 
 }  // namespace
@@ -77,6 +82,7 @@ void buildOrderLine(Scene& scene) {
         control->site->events().on(L"Change", [sum](container::EventCall&) { sum(); });
     }
     sum();
+    scene.derived(sum);
     scene.demonstration([&scene, &quantity] {
         if (scene.form().enter(*quantity.site)) {
             const HWND field = GetFocus();
@@ -111,14 +117,17 @@ void buildAddressRows(Scene& scene) {
         scene.control(row.name, progId, {136 + row.width + 6, y + 5, 12, 14});
         y += 36;
     }
-    scene.text({20, 212, 300, line}, L"Another size is refused: an arrow keeps its own.", TextLook::Dim);
-    scene.button({346, 210, 140, 28}, L"Stretch the arrows", [&scene] {
+    const size_t answer = scene.text({20, 212, 300, line},
+                                     L"An arrow keeps its size, whatever it is asked for.", TextLook::Dim);
+    scene.button({346, 210, 140, 28}, L"Stretch the arrows", [&scene, answer] {
         for (const auto& control : scene.controls()) {
             RECT place = control->site->position();
             InflateRect(&place, 20, 20);
+            const SIZE asked = container::sizeOf(place);
             control->site->moveTo(place);
+            const SIZE kept = container::sizeOf(control->site->position());
+            scene.setText(answer, L"Asked for " + sizeText(asked) + L" pixels, is " + sizeText(kept) + L".");
         }
-        // Each moved to the corner of the larger rectangle and kept its size there.
         scene.layOut();
     });
 }
