@@ -72,7 +72,7 @@ struct Method;
 
 template <typename C, typename Result, typename... Arguments, Result (C::*Function)(Arguments...)>
 struct Method<Function> {
-    static constexpr ValueType result = valueTypeOf<Result>();
+    static constexpr ValueType resultType = valueTypeOf<Result>();
     static std::vector<Parameter> parameters(std::initializer_list<TextView> names) {
         return parametersOf<Arguments...>(names);
     }
@@ -189,7 +189,7 @@ public:
                          std::initializer_list<TextView> parameters = {}) {
         using Row = detail::Method<Function>;
         Member& row = add(table_.members, MemberKind::method, number, name, help);
-        row.type = Row::result;
+        row.type = Row::resultType;
         row.parameters = Row::parameters(parameters);
         row.call = &Row::call;
         row.token = memberToken<Function>();
@@ -222,6 +222,7 @@ public:
         table_.complete();
         for (size_t at = 0; at < table_.persisted.size(); ++at)
             table_.persisted[at].property = table_.memberByToken(persistedTokens_[at]);
+        table_.indexNotifications();
         return std::move(table_);
     }
 
