@@ -127,6 +127,8 @@ TEST(PropertyBagText, BringsBytesOfEveryLengthBack) {
 TEST(PropertyBagText, KeepsFontsAsTheyWereWhenWritten) {
     const auto object = makeFont({L"Tahoma", 9.75, 600, ANSI_CHARSET, true, false, true});
     ASSERT_TRUE(object);
+    const auto before = describeFont(object.get());
+    ASSERT_TRUE(before);
     FormText form;
     PropertyBagText& bag = *form.add(L"Control", L"").bag;
     VARIANT raw = {};
@@ -142,7 +144,7 @@ TEST(PropertyBagText, KeepsFontsAsTheyWereWhenWritten) {
     ASSERT_EQ(read.sections().front().bag->Read(L"Font", result.put(), nullptr), S_OK);
     const auto font = describeFont(result.toObject().get());
     ASSERT_TRUE(font);
-    EXPECT_EQ(narrow(font->name), "Tahoma");
+    EXPECT_EQ(narrow(font->name), narrow(before->name));
     EXPECT_EQ(font->size, 9.75);
     EXPECT_EQ(font->weight, 600);
     EXPECT_EQ(font->characterSet, ANSI_CHARSET);
