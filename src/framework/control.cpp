@@ -159,9 +159,7 @@ AccessibleItem Control::describeSurface() const {
 }
 
 void Control::propertyChanged(const void* token) {
-    const Member* property = table().memberByToken(token);
-    if (host_ && !loading_ && property)
-        host_->propertyChanged(table().notifiedProperty(table().notificationName(*property)));
+    if (host_ && !loading_) host_->propertyChanged(table().notifiedByToken(token));
 }
 
 bool Control::offerToContainer(const KeyEvent& event) {
