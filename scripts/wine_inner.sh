@@ -9,7 +9,9 @@ prefixes=$2 seconds=$3
 shift 3
 
 # One prefix is made once and copied for every run: a run finds a clean registry in a second.
-template=$prefixes/prefix-$WINEARCH-$(wine --version | tr -dc 'A-Za-z0-9.-')
+# A new number here makes everybody's prefix anew.
+edition=2
+template=$prefixes/prefix-$edition-$WINEARCH-$(wine --version | tr -dc 'A-Za-z0-9.-')
 mkdir -p "$prefixes"
 exec 9>"$template.lock"
 flock 9
@@ -25,6 +27,9 @@ if [ ! -e "$template/ready" ]; then
         echo "wine could not make a prefix in $template" >&2
         exit 1
     fi
+    # Debian's Wine does not look for its own faces where Debian puts them, and would show every text in
+    # another one.
+    ln -sf /usr/share/wine/fonts/* "$template/drive_c/windows/Fonts/"
     touch "$template/ready"
 fi
 flock -u 9

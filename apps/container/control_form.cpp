@@ -90,10 +90,12 @@ IOleInPlaceActiveObject* ControlForm::activeObject() const {
 }
 
 void ControlForm::add(ControlSite& site) {
+    std::erase_if(stops_, [&](const Stop& stop) { return stop.site == &site; });
     stops_.push_back({&site, nullptr});
 }
 
 void ControlForm::add(HWND window) {
+    remove(window);
     stops_.push_back({nullptr, window});
 }
 

@@ -27,9 +27,9 @@ public:
     int dpi() const;
     IOleInPlaceFrame* frame() const;
 
-    /// The tab order is the order of addition. A window needs no style for it and may lie outside the
-    /// form's; hidden and disabled ones are passed over. Controls which say that they take no focus are
-    /// passed over, too.
+    /// The tab order is the order of addition; adding again moves to the end. Sites add themselves. A window
+    /// needs no style for it and may lie outside the form's; hidden and disabled ones are passed over.
+    /// Controls which say that they take no focus are passed over, too.
     void add(ControlSite& site);
     void add(HWND window);
     void remove(ControlSite& site);

@@ -63,15 +63,19 @@ bool exists(const std::wstring& path) {
 }  // namespace
 
 ServerContext::ServerContext(ServerContext&& other) noexcept {
-    std::swap(*this, other);
+    swap(other);
 }
 
 ServerContext& ServerContext::operator=(ServerContext other) noexcept {
+    swap(other);
+    return *this;
+}
+
+void ServerContext::swap(ServerContext& other) noexcept {
     std::swap(context_, other.context_);
     std::swap(library_, other.library_);
     std::swap(route_, other.route_);
     source_.swap(other.source_);
-    return *this;
 }
 
 ServerContext::~ServerContext() {

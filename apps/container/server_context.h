@@ -43,6 +43,8 @@ public:
     static std::wstring programFolder();
 
 private:
+    void swap(ServerContext& other) noexcept;
+
     HANDLE context_ = INVALID_HANDLE_VALUE;
     HMODULE library_ = nullptr;
     Route route_ = Route::Registry;

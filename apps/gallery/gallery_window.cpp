@@ -16,7 +16,7 @@ using container::PictureSurface;
 namespace {
 
 constexpr SIZE openingSize = {1130, 700};  // of the client area, at 96 dots per inch
-constexpr SIZE smallestSize = {900, 520};
+constexpr SIZE smallestSize = {1060, 520};
 constexpr UINT dpiChanged = 0x02E0;  // WM_DPICHANGED, newer than the headers' target
 constexpr wchar_t formSection[] = L"Gallery";
 constexpr wchar_t fileFilter[] = L"Forms (*.form)\0*.form\0Text files (*.txt)\0*.txt\0All files\0*.*\0";
@@ -104,6 +104,8 @@ void GalleryWindow::showPage(int page) {
     scene_->layOut();
     ShowWindow(scene_->handle(), SW_SHOWNA);
 
+    // What setting the scene up raised is not a person's doing.
+    events_->clear();
     const bool silent = std::all_of(scene_->controls().begin(), scene_->controls().end(),
                                     [](const auto& control) { return control->members.events().empty(); });
     events_->setEmptyText(silent ? L"This control raises no events."
@@ -129,6 +131,11 @@ void GalleryWindow::watch(SceneControl& control) {
             events_->log(control, call);
             properties_->refreshSoon();
         });
+        control.site->onFocus = [this, &control](bool gained) {
+            if (gained) {
+                properties_->show(&control);
+            }
+        };
     }
 }
 
@@ -347,6 +354,8 @@ std::wstring GalleryWindow::writePictures(const std::wstring& folder) {
         loop_.pumpPending();
         followFocus();
         loop_.pumpPending();
+        // A caret blinks by inverting pixels, which a picture must not catch.
+        HideCaret(nullptr);
         RedrawWindow(handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN | RDW_UPDATENOW);
         loop_.pumpPending();
         const SIZE size = container::sizeOf(client());

@@ -247,7 +247,9 @@ void PropertyPanel::show(SceneControl* control) {
     }
     refreshNow();
     if (list_->selection() < 0 && list_->count() > 1) {
+        // The first member, under its heading, which stays in view.
         list_->select(1);
+        SendMessageW(list_->handle(), LB_SETTOPINDEX, 0, 0);
     }
     InvalidateRect(handle(), nullptr, FALSE);
 }
@@ -484,7 +486,7 @@ void PropertyPanel::layOut() {
 }
 
 void PropertyPanel::paint(HDC dc, const RECT& area) {
-    drawCard(dc, theme(), area, L"Properties");
+    drawCard(dc, theme(), area, L"Control");
     RECT help = helpArea();
     const RECT line = {help.left, help.top, help.right, help.top + 1};
     fillRect(dc, line, theme().border);

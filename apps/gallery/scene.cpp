@@ -65,8 +65,8 @@ SceneControl& Scene::control(const std::wstring& name, const std::wstring& progI
 }
 
 void Scene::adoptColours(SceneControl& control) const {
-    control.site->ambients().set(DISPID_AMBIENT_BACKCOLOR, static_cast<long>(0x80000000u | COLOR_WINDOW));
-    control.site->ambients().set(DISPID_AMBIENT_FORECOLOR, static_cast<long>(0x80000000u | COLOR_WINDOWTEXT));
+    control.site->ambients().set(DISPID_AMBIENT_BACKCOLOR, static_cast<long>(0x80000000u | COLOR_BTNFACE));
+    control.site->ambients().set(DISPID_AMBIENT_FORECOLOR, static_cast<long>(0x80000000u | COLOR_BTNTEXT));
 }
 
 void Scene::createControl(SceneControl& control, const container::InitialState& state) {
@@ -93,7 +93,9 @@ HWND Scene::addItem(const Place& place, const wchar_t* className, const wchar_t*
 }
 
 HWND Scene::input(const Place& place, const wchar_t* text) {
-    return addItem(place, L"EDIT", text, ES_AUTOHSCROLL, WS_EX_CLIENTEDGE);
+    const HWND window = addItem(place, L"EDIT", text, ES_AUTOHSCROLL);
+    children_.back().framed = true;
+    return window;
 }
 
 HWND Scene::checkBox(const Place& place, const wchar_t* text, bool checked) {
@@ -159,7 +161,8 @@ std::vector<std::wstring> Scene::load(const FormText& form) {
             continue;
         }
         if (!section.className.empty() && !container::sameName(section.className, control->progId)) {
-            problems.push_back(section.name + L" is a " + control->progId + L", not a " + section.className);
+            problems.push_back(section.name + L" is of class " + control->progId + L", not " +
+                               section.className);
             continue;
         }
         container::InitialState state;
@@ -173,6 +176,9 @@ std::vector<std::wstring> Scene::load(const FormText& form) {
         }
     }
     layOut();
+    if (derived_) {
+        derived_();
+    }
     InvalidateRect(handle(), nullptr, FALSE);
     return problems;
 }
@@ -184,6 +190,14 @@ RECT Scene::pixels(const Place& place) const {
 void Scene::layOut() {
     for (const ChildItem& child : children_) {
         RECT area = pixels(child.place);
+        if (child.framed) {
+            // As high as its line of text, which then stands in the middle of the frame.
+            const int height = theme().lineHeight(theme().body()) + 2;
+            const int spare = static_cast<int>(area.bottom - area.top) - height;
+            InflateRect(&area, -theme().scale(5), 0);
+            area.top += spare / 2;
+            area.bottom = area.top + height;
+        }
         SetWindowPos(child.window, nullptr, area.left, area.top, area.right - area.left,
                      area.bottom - area.top, SWP_NOZORDER | SWP_NOACTIVATE);
     }
@@ -209,21 +223,32 @@ void Scene::themeChanged() {
     InvalidateRect(handle(), nullptr, FALSE);
 }
 
+void Scene::drawFrames(HDC dc) const {
+    for (const ChildItem& child : children_) {
+        if (child.framed) {
+            const RECT place = pixels(child.place);
+            fillRect(dc, place, theme().card);
+            frameRect(dc, place, GetFocus() == child.window ? theme().accent : theme().fieldBorder);
+        }
+    }
+}
+
 void Scene::paint(HDC dc, const RECT& area) {
-    fillRect(dc, area, theme().card);
+    fillRect(dc, area, theme().form);
     for (const Place& panel : panels_) {
         const RECT place = pixels(panel);
-        fillRect(dc, place, theme().page);
+        fillRect(dc, place, theme().card);
         frameRect(dc, place, theme().border);
     }
+    drawFrames(dc);
     for (const TextItem& item : texts_) {
         HFONT font = theme().body();
-        COLORREF colour = theme().text;
+        COLORREF colour = theme().formText;
         switch (item.look) {
             case TextLook::Label:
                 break;
             case TextLook::Dim:
-                colour = theme().dimText;
+                colour = theme().dimFormText;
                 break;
             case TextLook::Strong:
                 font = theme().strong();
@@ -239,12 +264,25 @@ void Scene::paint(HDC dc, const RECT& area) {
         if (!control->failure.empty()) {
             RECT place = pixels(control->place);
             place.right = area.right - theme().scale(8);
-            drawText(dc, control->failure, place, theme().body(), theme().text, oneLine);
+            drawText(dc, control->failure, place, theme().body(), theme().formText, oneLine);
         }
     }
 }
 
 LRESULT Scene::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_CTLCOLORSTATIC || message == WM_CTLCOLORBTN) {
+        SetTextColor(reinterpret_cast<HDC>(wParam), theme().formText);
+        SetBkColor(reinterpret_cast<HDC>(wParam), theme().form);
+        return reinterpret_cast<LRESULT>(theme().formBrush());
+    }
+    if (message == WM_COMMAND && (HIWORD(wParam) == EN_SETFOCUS || HIWORD(wParam) == EN_KILLFOCUS)) {
+        for (const ChildItem& child : children_) {
+            if (child.framed && child.window == reinterpret_cast<HWND>(lParam)) {
+                const RECT place = pixels(child.place);
+                InvalidateRect(handle(), &place, FALSE);
+            }
+        }
+    }
     if (message == WM_COMMAND && HIWORD(wParam) == BN_CLICKED) {
         for (const ChildItem& child : children_) {
             if (child.window == reinterpret_cast<HWND>(lParam) && child.pressed) {

@@ -51,10 +51,13 @@ public:
     /// A tinted area behind what is added after it.
     void panel(const Place& place);
     SceneControl& control(const std::wstring& name, const std::wstring& progId, const Place& place);
+    /// A field to type in, with the border of the controls' own fields.
     HWND input(const Place& place, const wchar_t* text);
     HWND checkBox(const Place& place, const wchar_t* text, bool checked);
     HWND choice(const Place& place, const std::vector<std::wstring>& entries, int chosen);
     HWND button(const Place& place, const wchar_t* text, std::function<void()> pressed);
+    /// What follows from the controls' values; run by the scene after it loaded a form.
+    void derived(std::function<void()> update) { derived_ = std::move(update); }
     /// What a picture of the page shows being used.
     void demonstration(std::function<void()> steps) { demonstration_ = std::move(steps); }
     void demonstrate() const;
@@ -91,9 +94,11 @@ private:
         Place place;
         HWND window;
         std::function<void()> pressed;
+        bool framed = false;  ///< its border is drawn by the scene
     };
 
     RECT pixels(const Place& place) const;
+    void drawFrames(HDC dc) const;
     HWND addItem(const Place& place, const wchar_t* className, const wchar_t* text, DWORD style,
                  DWORD extendedStyle = 0);
     void createControl(SceneControl& control, const container::InitialState& state);
@@ -105,6 +110,7 @@ private:
     std::vector<TextItem> texts_;
     std::vector<ChildItem> children_;
     std::vector<std::unique_ptr<SceneControl>> controls_;
+    std::function<void()> derived_;
     std::function<void()> demonstration_;
 };
 

@@ -1,6 +1,7 @@
 // The scene functions: what a person might build with each control.
 #include <cmath>
 
+#include "container/window_metrics.h"
 #include "page_catalog.h"
 
 namespace obk::gallery {
@@ -24,6 +25,10 @@ std::wstring amount(double value) {
     return (value < 0 ? L"-" : L"") + text;
 }
 
+std::wstring sizeText(SIZE size) {
+    return std::to_wstring(size.cx) + L" \x00D7 " + std::to_wstring(size.cy);
+}
+
 }  // namespace
 
 void buildOrderLine(Scene& scene) {
@@ -31,13 +36,13 @@ void buildOrderLine(Scene& scene) {
     scene.text({20, 14, 460, line}, L"Order 4711 \x2013 position 3", TextLook::Heading);
 
     scene.text({20, 52, 110, line}, L"Article");
-    scene.input({136, 52, 330, line}, L"Writing desk, oak, 160 \x00D7 80 cm");
+    scene.input({136, 52, 350, line}, L"Writing desk, oak, 160 \x00D7 80 cm");
 
     scene.text({20, 88, 110, line}, L"Quantity");
     SceneControl& quantity = scene.control(L"Quantity", progId, {136, 88, 96, line});
     scene.text({242, 88, 60, line}, L"pieces", TextLook::Dim);
-    scene.text({306, 88, 64, line}, L"In stock", TextLook::Label, DT_RIGHT);
-    SceneControl& stock = scene.control(L"Stock", progId, {380, 88, 86, line});
+    scene.text({316, 88, 70, line}, L"In stock", TextLook::Label, DT_RIGHT);
+    SceneControl& stock = scene.control(L"Stock", progId, {396, 88, 90, line});
 
     scene.text({20, 124, 110, line}, L"Unit price");
     SceneControl& price = scene.control(L"UnitPrice", progId, {136, 124, 96, line});
@@ -47,9 +52,9 @@ void buildOrderLine(Scene& scene) {
     SceneControl& discount = scene.control(L"Discount", progId, {136, 160, 96, line});
     scene.text({242, 160, 60, line}, L"%", TextLook::Dim);
 
-    scene.panel({20, 202, 446, 44});
-    scene.text({34, 202, 90, 44}, L"Amount", TextLook::Strong);
-    const size_t total = scene.text({136, 202, 316, 44}, L"", TextLook::Total, DT_RIGHT);
+    scene.panel({20, 206, 466, 44});
+    scene.text({34, 206, 90, 44}, L"Amount", TextLook::Strong);
+    const size_t total = scene.text({136, 206, 336, 44}, L"", TextLook::Total, DT_RIGHT);
 
     struct Start {
         SceneControl& control;
@@ -77,6 +82,7 @@ void buildOrderLine(Scene& scene) {
         control->site->events().on(L"Change", [sum](container::EventCall&) { sum(); });
     }
     sum();
+    scene.derived(sum);
     scene.demonstration([&scene, &quantity] {
         if (scene.form().enter(*quantity.site)) {
             const HWND field = GetFocus();
@@ -98,8 +104,8 @@ void buildAddressRows(Scene& scene) {
         int width;
     };
     constexpr Row rows[] = {
-        {L"Customer", L"Lindqvist Interiors AB", L"CustomerArrow", 300},
-        {L"Street", L"Kungsgatan 12", L"StreetArrow", 300},
+        {L"Customer", L"Lindqvist Interiors AB", L"CustomerArrow", 320},
+        {L"Street", L"Kungsgatan 12", L"StreetArrow", 320},
         {L"Town", L"111 43 Stockholm", L"TownArrow", 220},
         {L"Carrier", L"Nordic Freight", L"CarrierArrow", 220},
     };
@@ -111,9 +117,19 @@ void buildAddressRows(Scene& scene) {
         scene.control(row.name, progId, {136 + row.width + 6, y + 5, 12, 14});
         y += 36;
     }
-    scene.panel({20, 202, 446, 44});
-    scene.text({34, 202, 420, 44}, L"Try to give an arrow another size: it snaps back to its own.",
-               TextLook::Dim);
+    const size_t answer = scene.text({20, 212, 300, line},
+                                     L"An arrow keeps its size, whatever it is asked for.", TextLook::Dim);
+    scene.button({346, 210, 140, 28}, L"Stretch the arrows", [&scene, answer] {
+        for (const auto& control : scene.controls()) {
+            RECT place = control->site->position();
+            InflateRect(&place, 20, 20);
+            const SIZE asked = container::sizeOf(place);
+            control->site->moveTo(place);
+            const SIZE kept = container::sizeOf(control->site->position());
+            scene.setText(answer, L"Asked for " + sizeText(asked) + L" pixels, is " + sizeText(kept) + L".");
+        }
+        scene.layOut();
+    });
 }
 
 void buildSettingsGroups(Scene& scene) {
@@ -121,7 +137,7 @@ void buildSettingsGroups(Scene& scene) {
     const auto group = [&](int y, const wchar_t* title, int titleWidth,
                            const wchar_t* name) -> SceneControl& {
         scene.text({20, y, titleWidth, line}, title, TextLook::Strong);
-        return scene.control(name, progId, {20 + titleWidth, y + 12, 446 - titleWidth, 3});
+        return scene.control(name, progId, {20 + titleWidth, y + 12, 466 - titleWidth, 3});
     };
     std::vector<SceneControl*> lines;
     lines.push_back(&group(12, L"Documents", 80, L"DocumentsLine"));
@@ -136,7 +152,7 @@ void buildSettingsGroups(Scene& scene) {
     scene.choice({36, 188, 200, 160}, {L"Euro (EUR)", L"Krona (SEK)", L"Pound (GBP)", L"Dollar (USD)"}, 0);
 
     lines.push_back(&group(222, L"", 0, L"BottomLine"));
-    scene.button({326, 238, 140, 28}, L"Recolour the lines", [lines] {
+    scene.button({346, 240, 140, 28}, L"Recolour the lines", [lines] {
         for (const SceneControl* control : lines) {
             control->object().call(L"ColorRefresh");
         }

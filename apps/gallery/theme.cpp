@@ -32,7 +32,7 @@ void Theme::refresh(int dpi) {
     const LOGFONTW message = container::messageLogFont(dpi);
     body_ = fontOf(message, 100, message.lfWeight);
     strong_ = fontOf(message, 100, FW_BOLD);
-    heading_ = fontOf(message, 118, FW_BOLD);
+    heading_ = fontOf(message, 127, FW_NORMAL);
     title_ = fontOf(message, 200, FW_NORMAL);
 
     const COLORREF window = GetSysColor(COLOR_WINDOW);
@@ -41,21 +41,28 @@ void Theme::refresh(int dpi) {
     card = window;
     text = windowText;
     accent = highlight;
+    form = GetSysColor(COLOR_BTNFACE);
+    formText = GetSysColor(COLOR_BTNTEXT);
     if (highContrast()) {
         page = window;
         border = windowText;
+        fieldBorder = windowText;
+        dimFormText = formText;
         dimText = windowText;
         selected = highlight;
         selectedText = GetSysColor(COLOR_HIGHLIGHTTEXT);
     } else {
         page = mixed(GetSysColor(COLOR_BTNFACE), window, 170);
         border = mixed(GetSysColor(COLOR_BTNSHADOW), window, 110);
+        fieldBorder = mixed(GetSysColor(COLOR_BTNSHADOW), window, 200);
+        dimFormText = mixed(formText, form, 155);
         dimText = mixed(windowText, window, 155);
         selected = mixed(highlight, window, 45);
         selectedText = windowText;
     }
     pageBrush_.reset(CreateSolidBrush(page));
     cardBrush_.reset(CreateSolidBrush(card));
+    formBrush_.reset(CreateSolidBrush(form));
 }
 
 RECT Theme::scale(const RECT& rectangle) const {

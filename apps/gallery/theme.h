@@ -45,6 +45,10 @@ public:
     COLORREF page = 0;  ///< behind the cards
     COLORREF card = 0;
     COLORREF border = 0;
+    COLORREF fieldBorder = 0;  ///< of a field to type in
+    COLORREF form = 0;         ///< behind the live controls
+    COLORREF formText = 0;
+    COLORREF dimFormText = 0;
     COLORREF text = 0;
     COLORREF dimText = 0;
     COLORREF accent = 0;
@@ -52,6 +56,7 @@ public:
     COLORREF selectedText = 0;
     HBRUSH pageBrush() const { return pageBrush_.get(); }
     HBRUSH cardBrush() const { return cardBrush_.get(); }
+    HBRUSH formBrush() const { return formBrush_.get(); }
 
 private:
     int dpi_ = 96;
@@ -61,6 +66,7 @@ private:
     FontHandle title_;
     BrushHandle pageBrush_;
     BrushHandle cardBrush_;
+    BrushHandle formBrush_;
 };
 
 void fillRect(HDC dc, const RECT& rectangle, COLORREF colour);

@@ -168,13 +168,8 @@ AccessibleItem Control::describeSurface() const {
 }
 
 void Control::propertyChanged(const void* token) {
-    const Member* property = table().memberByToken(token);
-    if (!host_ || loading_) return;
-    const auto& rows = table().persisted;
-    if (property)
-        host_->propertyChanged(table().notifiedProperty(table().notificationName(*property)));
-    else if (std::any_of(rows.begin(), rows.end(), [token](const auto& row) { return row.token == token; }))
-        host_->propertyChanged(nullptr);
+    // A value without a property is told as unknown: the container's document has changed all the same.
+    if (host_ && !loading_) host_->propertyChanged(table().notifiedByToken(token));
 }
 
 bool Control::offerToContainer(const KeyEvent& event) {

@@ -16,6 +16,11 @@ uint32_t nameHash(TextView name) {
     return hash;
 }
 
+size_t tokenHash(const void* token) {
+    const auto address = reinterpret_cast<uintptr_t>(token);
+    return address ^ address >> 5; // addresses of neighbours
+}
+
 const Member* byNumber(const std::vector<Member>& members, int32_t number) {
     // Tables number without gaps, so the place is nearly always known.
     const auto place = static_cast<size_t>(static_cast<int64_t>(number) - 1);
@@ -69,6 +74,26 @@ const Text& ControlTable::notificationName(const Member& property) const {
         if (value.property == &property) return value.writeKey;
     }
     return property.name;
+}
+
+const Member* ControlTable::notifiedByToken(const void* token) const {
+    if (tokens_.empty()) return nullptr;
+    const size_t mask = tokens_.size() - 1;
+    for (size_t at = tokenHash(token) & mask; tokens_[at].token; at = (at + 1) & mask) {
+        if (tokens_[at].token == token) return tokens_[at].notified;
+    }
+    return nullptr;
+}
+
+void ControlTable::indexNotifications() {
+    tokens_.assign(std::bit_ceil(members.size() * 2 + 1), {});
+    const size_t mask = tokens_.size() - 1;
+    for (const Member& member : members) {
+        if (member.kind != MemberKind::property || !member.token) continue;
+        size_t at = tokenHash(member.token) & mask;
+        while (tokens_[at].token) at = (at + 1) & mask;
+        tokens_[at] = {member.token, notifiedProperty(notificationName(member))};
+    }
 }
 
 void ControlTable::overrideNotification(int32_t number, Text persistedName) {

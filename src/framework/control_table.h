@@ -114,15 +114,24 @@ public:
     // The name under which a property's changes are notified: its override, else its persisted key, else its
     // name.
     const Text& notificationName(const Member& property) const;
+    // The property that is notified when the C++ member `token` has been set: worked out once, as setters are called
+    // often. Null for a token of no property.
+    const Member* notifiedByToken(const void* token) const;
 
     // Finishes a table: sorts, links persisted values to their properties, builds the indexes.
     void complete();
     void overrideNotification(int32_t number, Text name);
+    // The last step, after persisted values and overrides.
+    void indexNotifications();
 
 private:
     struct NameIndex {
         uint32_t hash;
         uint32_t position;
+    };
+    struct TokenIndex {
+        const void* token;
+        const Member* notified;
     };
     struct NotificationOverride {
         int32_t number;
@@ -130,6 +139,7 @@ private:
     };
 
     std::vector<NameIndex> names_;  // open addressing, a power of two in size; position + 1, 0 is free
+    std::vector<TokenIndex> tokens_;  // open addressing as well; a null token is free
     std::vector<NotificationOverride> overrides_;
 };
 

@@ -72,7 +72,7 @@ struct Method;
 
 template <typename C, typename Result, typename... Arguments, Result (C::*Function)(Arguments...)>
 struct Method<Function> {
-    static constexpr ValueType result = valueTypeOf<Result>();
+    static constexpr ValueType resultType = valueTypeOf<Result>();
     static std::vector<Parameter> parameters(std::initializer_list<TextView> names) {
         return parametersOf<Arguments...>(names);
     }
@@ -200,7 +200,7 @@ public:
                          std::initializer_list<TextView> parameters = {}) {
         using Row = detail::Method<Function>;
         Member& row = add(table_.members, MemberKind::method, number, name, help);
-        row.type = Row::result;
+        row.type = Row::resultType;
         row.parameters = Row::parameters(parameters);
         row.call = &Row::call;
         row.token = memberToken<Function>();
@@ -238,6 +238,7 @@ public:
     ControlTable build() {
         table_.complete();
         for (PersistedValue& value : table_.persisted) value.property = table_.memberByToken(value.token);
+        table_.indexNotifications();
         return std::move(table_);
     }
 

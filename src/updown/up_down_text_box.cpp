@@ -6,6 +6,8 @@
 #include "framework/number_format.h"
 #include "updown/shift_color.h"
 
+#include <utility>
+
 namespace obk {
 
 using numeric_entry::Pattern;
@@ -52,6 +54,8 @@ void UpDownTextBox::connectChildren() {
     on(txtUPDOWN.focusWent, [this] { checkRange(pattern()); });
     on(txtUPDOWN.wheelTurned, [this](const WheelEvent& event, bool& used) { used = udnCTRL.wheel(event); });
     on(txtUPDOWN.fontChanged, [this] {
+        // A host that changes the container's font in place has a font of its own from then on.
+        if (txtUPDOWN.font() == fontFromAmbient_) fontFromAmbient_.reset();
         cboHEIGHT.setFont(txtUPDOWN.font()->description());
         resize();
         PropertyChanged<&UpDownTextBox::Font>();
@@ -220,8 +224,10 @@ void UpDownTextBox::exitFocus() {
 }
 
 void UpDownTextBox::useAmbientFont(const FontRef& font) {
-    if (fontFromAmbient_ && txtUPDOWN.font() == fontFromAmbient_)
-        fontFromAmbient_->setDescription(font->description());
+    if (!fontFromAmbient_ || txtUPDOWN.font() != fontFromAmbient_) return;
+    const FontRef followed = std::exchange(fontFromAmbient_, nullptr);
+    followed->setDescription(font->description());
+    fontFromAmbient_ = followed;
 }
 
 void UpDownTextBox::loadFont(const FontRef& font) {

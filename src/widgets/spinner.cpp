@@ -3,6 +3,9 @@
 #include "widgets/drawing.h"
 #include "widgets/surface.h"
 
+#include <algorithm>
+#include <cstdlib>
+
 namespace obk {
 
 Spinner::Spinner(Container& parent) : Widget(parent), repeatTimer_(*this) {
@@ -126,9 +129,14 @@ bool Spinner::wheel(const WheelEvent& event) {
     constexpr int32_t notch = 120;
     if (!AllowArrowKeys || !enabled() || event.horizontal) return false;
     if ((event.delta > 0) != (wheelRest_ > 0)) wheelRest_ = 0;
-    wheelRest_ += event.delta;
-    for (; wheelRest_ >= notch; wheelRest_ -= notch) increased();
-    for (; wheelRest_ <= -notch; wheelRest_ += notch) decreased();
+    wheelRest_ += std::clamp<int32_t>(event.delta, INT16_MIN, INT16_MAX);
+    // A listener may turn the wheel again, disable the spinner or take the wheel from it between two notches.
+    while (std::abs(wheelRest_) >= notch) {
+        const Part part = wheelRest_ > 0 ? Part::up : Part::down;
+        wheelRest_ -= part == Part::up ? notch : -notch;
+        step(part);
+        if (!AllowArrowKeys || !enabled()) wheelRest_ = 0;
+    }
     return true;
 }
 

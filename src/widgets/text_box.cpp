@@ -114,6 +114,11 @@ void TextBox::placed() {
 }
 
 void TextBox::mouse(const MouseEvent& event) {
+    // The window of a disabled one lets the mouse through to the surface, which finds the widget there.
+    if (!enabled()) {
+        pressed_ = false;
+        return;
+    }
     switch (event.kind) {
         case MouseEvent::Kind::down:
             pressed_ = event.button == button::left;

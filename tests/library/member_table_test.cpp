@@ -91,6 +91,40 @@ std::vector<Value> extremes() {
     return values;
 }
 
+// What the contract has otherwise than all the rest, by control and name.
+class Exceptions {
+public:
+    explicit Exceptions(std::initializer_list<std::pair<const char16_t*, const char16_t*>> rows)
+        : rows_(rows.begin(), rows.end()) {}
+    bool has(const ControlTable& table, TextView name) const {
+        return std::any_of(rows_.begin(), rows_.end(), [&](const auto& row) {
+            return table.name == row.first && name == row.second;
+        });
+    }
+    bool hasAny(const ControlTable& table) const {
+        return std::any_of(rows_.begin(), rows_.end(),
+                           [&](const auto& row) { return table.name == row.first; });
+    }
+
+private:
+    std::vector<std::pair<Text, Text>> rows_;
+};
+
+// A change of the caption is told under its key, which is another property's name.
+const Exceptions toldAsAnother{{u"ButtonPalette", u"Caption"}};
+// State of the moment, a choice for the running program, and a value stored under one key and read under another.
+const Exceptions notRestored{{u"ButtonPalette", u"bMOUSEPOSLOC"},
+                             {u"ButtonPalette", u"MousePosn"},
+                             {u"ButtonPalette", u"bPOSITIONDEFAULT"},
+                             {u"ButtonPalette", u"MaskHLightColor"}};
+// Stored, or kept from before loading, although nothing was: the default on writing is another one.
+const Exceptions storedAtDefault{
+    {u"ButtonPalette", u"Backcolor"}, {u"ButtonPalette", u"FONT"}, {u"ButtonPalette", u"FORECOLOR"}};
+// Has no property to change it by.
+const Exceptions notChangeable{{u"ButtonPalette", u"TOOLTIP"}};
+// Asking for a window's handle makes the window.
+const Exceptions makesWindow{{u"ButtonPalette", u"hWnd"}};
+
 class MemberTableTest : public ControlFixture, public testing::WithParamInterface<const ControlTable*> {
 protected:
     void SetUp() override {
@@ -128,9 +162,11 @@ protected:
         return properties;
     }
     void expectSameProperties(Control& one, Control& other, const std::string& after) {
-        for (const Member* member : writable())
+        for (const Member* member : writable()) {
+            if (notRestored.has(table(), member->name)) continue;
             EXPECT_TRUE(same(read(one, *member), read(other, *member)))
                 << toUtf8(member->name) << " after " << after;
+        }
     }
     Value readingDefault(const PersistedValue& row) const {
         if (std::holds_alternative<AmbientFontDefault>(row.readDefault)) return host.font;
@@ -152,8 +188,12 @@ TEST_P(MemberTableTest, MembersAreNumberedWithoutGapsAndFoundByNameInAnyCase) {
         EXPECT_TRUE(names.insert(upperAscii(member.name)).second) << toUtf8(member.name);
         EXPECT_FALSE(member.help.empty()) << toUtf8(member.name);
         Text swapped = member.name;
-        for (char16_t& unit : swapped)
-            unit = upperAscii(unit) == unit ? static_cast<char16_t>(unit | 32) : upperAscii(unit);
+        for (char16_t& unit : swapped) {
+            if (unit >= u'A' && unit <= u'Z')
+                unit = static_cast<char16_t>(unit | 32);
+            else
+                unit = upperAscii(unit);
+        }
         for (const Text& spelling : {member.name, swapped, upperAscii(member.name)})
             EXPECT_EQ(table().member(spelling), &member) << toUtf8(spelling);
         EXPECT_EQ(table().member(member.name + u"x"), nullptr);
@@ -161,7 +201,7 @@ TEST_P(MemberTableTest, MembersAreNumberedWithoutGapsAndFoundByNameInAnyCase) {
         for (const Parameter& parameter : member.parameters) EXPECT_FALSE(parameter.name.empty());
         EXPECT_EQ(member.kind == MemberKind::method, member.call != nullptr);
         EXPECT_EQ(member.kind == MemberKind::property, member.get != nullptr);
-        if (member.kind == MemberKind::property) {
+        if (member.kind == MemberKind::property && !toldAsAnother.has(table(), member.name)) {
             EXPECT_EQ(table().notifiedProperty(table().notificationName(member)), &member);
         }
     }

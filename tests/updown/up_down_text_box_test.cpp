@@ -1,29 +1,59 @@
-#include "support/control_fixture.h"
 #include "updown/up_down_text_box.h"
+
+#include "support/control_fixture.h"
 
 namespace obk::test {
 namespace {
 
+using namespace std::chrono_literals;
+using headless::HeadlessTextBox;
+
+// Points of the control at 96 DPI and its usual size, 81 x 21 pixels.
+constexpr PixelPoint inText{20, 10}, onUp{70, 5}, onDown{70, 15}, outside{-20, 5};
+
 class UpDownTextBoxTest : public ControlFixture {
 protected:
-    void SetUp() override
-    {
+    void SetUp() override { placeFresh(); }
+    void placeFresh() {
         place(UpDownTextBox::memberTable());
         put(u"Interval", 1.0);
         host.take();
     }
     // With a window, and the keyboard in it.
-    void edit()
-    {
+    void edit() {
         activate();
         ASSERT_TRUE(control->focus());
         host.take();
     }
+    void setText(const char16_t* text) {
+        put(u"Text", Text(text));
+        host.take();
+    }
+    NativeWindow window() const { return control->window(); }
+    HeadlessTextBox& textWindow(PixelPoint at = inText) const {
+        return dynamic_cast<HeadlessTextBox&>(*platform.surface(window())->childAt(at));
+    }
+    void mouse(MouseEvent::Kind kind, PixelPoint at, int16_t mouseButton = button::left) {
+        platform.mouse(window(), {kind, mouseButton, 0, at});
+    }
+    void press(PixelPoint at) { mouse(MouseEvent::Kind::down, at); }
+    void letGo(PixelPoint at) { mouse(MouseEvent::Kind::up, at); }
+    void drag(PixelPoint to) { mouse(MouseEvent::Kind::move, to); }
+    void wheel(int32_t delta, PixelPoint at = onUp) { platform.wheel(window(), {delta, false, 0, at}); }
+    // Lines like "UpClick" or "KeyPress 0".
+    Journal events(const std::string& start) {
+        Journal found = host.take();
+        std::erase_if(found, [&](const std::string& line) { return line.find(start) != 0; });
+        return found;
+    }
+    std::vector<AccessibleItem> items() const {
+        return platform.surface(window())->surfaceClient().accessibleItems();
+    }
 };
 
-TEST_F(UpDownTextBoxTest, ArrowAndPageKeysStepBeforeTheHostSeesThem)
-{
-    put(u"Text", Text(u"9"));
+TEST_F(UpDownTextBoxTest, ArrowAndPageKeysStepBeforeTheHostSeesThem) {
+    put(u"AllowArrowKeys", false);  // is about the spinner only
+    setText(u"9");
     edit();
     platform.pressKey(key::up);
     EXPECT_EQ(host.takeEvents(), (Journal{"DownClick", "Change", "KeyDown 38 0", "KeyUp 38 0"}));
@@ -31,22 +61,586 @@ TEST_F(UpDownTextBoxTest, ArrowAndPageKeysStepBeforeTheHostSeesThem)
     platform.pressKey(key::pageUp);
     EXPECT_EQ(host.takeEvents(), (Journal{"DownClick", "Change", "Change", "KeyDown 33 0", "KeyUp 33 0"}));
     EXPECT_EQ(text(u"Text"), "10");
-    platform.pressKey(key::down);
+    textWindow().setSelection({0, 2});
+    platform.pressKey(key::down, shift::shift);
+    EXPECT_EQ(host.takeEvents(), (Journal{"UpClick", "Change", "KeyDown 40 1", "KeyUp 40 1"}));
+    EXPECT_EQ(textWindow().selection().length, 0);
     platform.pressKey(key::pageDown);
-    EXPECT_EQ(host.takeEvents(), (Journal{"UpClick", "Change", "KeyDown 40 0", "KeyUp 40 0", "UpClick", "Change",
-                                          "KeyDown 34 0", "KeyUp 34 0"}));
+    EXPECT_EQ(host.takeEvents(), (Journal{"UpClick", "Change", "KeyDown 34 0", "KeyUp 34 0"}));
     EXPECT_EQ(text(u"Text"), "8");
 }
 
-TEST_F(UpDownTextBoxTest, LeavingTheControlWritesAnOutOfRangeValueWithOneDecimal)
-{
+TEST_F(UpDownTextBoxTest, StepsAreHeldAtTheBoundAheadOnly) {
+    struct Row {
+        const char16_t* text;
+        double interval;
+        bool decimals;
+        int16_t key;
+        const char* result;
+    };
+    const Row rows[] = {
+        {u"1", 0.25, true, key::up, "1.3"}, {u"1", 0.25, false, key::up, "1"},
+        {u"0", 1, false, key::down, "-1"},  {u"-4.8", 0.5, true, key::down, "-5.0"},
+        {u"-20", 1, false, key::up, "-19"}, {u"20", 1, false, key::down, "19"},
+        {u"20", 1, false, key::up, "10"},   {u"5", -1, false, key::up, "4"},
+        {u"2.6", 0, false, key::up, "3"},   {u"1,009", 1, false, key::down, "1008"},
+        {u"", 1, false, key::up, ""},       {u".", 1, true, key::down, "."},
+        {u"ten", 1, false, key::up, "ten"}, {u"9.95", 0, true, key::up, "10.0"},
+        {u"-0.4", 0, false, key::up, "0"},
+    };
     edit();
-    put(u"Text", Text(u"15"));
-    host.take();
-    platform.setFocus(0);
-    EXPECT_EQ(text(u"Text"), "10.0");
-    EXPECT_EQ(host.take(), (Journal{"Change", "focus out"}));
+    put(u"Min", -5);
+    for (const Row& row : rows) {
+        put(u"Text", Text(row.text));
+        put(u"Interval", row.interval);
+        put(u"AllowDecpoint", row.decimals);
+        host.take();
+        platform.pressKey(row.key);
+        EXPECT_EQ(text(u"Text"), row.result) << toUtf8(row.text) << " by " << row.interval;
+        EXPECT_EQ(host.takeEvents().front(), row.key == key::up ? "DownClick" : "UpClick");
+    }
+    placeFresh();
+    put(u"Interval", get(u"Interval"));
+    place(UpDownTextBox::memberTable());
+    edit();
+    platform.pressKey(key::up);
+    EXPECT_EQ(text(u"Text"), "1") << "a freshly placed control has no interval yet";
 }
 
-} // namespace
-} // namespace obk::test
+TEST_F(UpDownTextBoxTest, TypingIsFilteredByTheWholeText) {
+    setText(u"");
+    edit();
+    platform.type(u"1.-a, 2\b3");
+    EXPECT_EQ(text(u"Text"), "13");
+    EXPECT_EQ(events("KeyPress"),
+              (Journal{"KeyPress 49", "KeyPress 0", "KeyPress 0", "KeyPress 0", "KeyPress 0", "KeyPress 0",
+                       "KeyPress 50", "KeyPress 8", "KeyPress 51"}));
+    put(u"AllowDecpoint", true);
+    platform.type(u"..5");
+    EXPECT_EQ(text(u"Text"), "13.5");
+    textWindow().setSelection({0, 4});
+    platform.type(u".");
+    EXPECT_EQ(text(u"Text"), "13.5") << "the selected point still counts";
+    platform.type(u"7.");
+    EXPECT_EQ(text(u"Text"), "7.");
+    put(u"MaxLength", 3);
+    platform.type(u"123");
+    EXPECT_EQ(text(u"Text"), "7.1");
+}
+
+TEST_F(UpDownTextBoxTest, EditingCommandsWorkThoughTheirCharactersAreFiltered) {
+    setText(u"12");
+    edit();
+    platform.pressKey('A', shift::control);
+    platform.pressKey('C', shift::control);
+    EXPECT_EQ(platform.clipboard(), u"12");
+    EXPECT_EQ(events("KeyPress"), (Journal{"KeyPress 0", "KeyPress 0"}));
+    platform.setClipboard(u"3.x");
+    platform.pressKey('V', shift::control);
+    EXPECT_EQ(text(u"Text"), "3.x") << "only what is typed is filtered";
+    EXPECT_EQ(events("Change").size(), 1u);
+    platform.pressKey('Z', shift::control);
+    EXPECT_EQ(text(u"Text"), "12");
+    host.on["KeyDown"] = [](std::span<Value> arguments) { arguments[0] = int16_t{0}; };
+    platform.pressKey('V', shift::control);
+    EXPECT_EQ(text(u"Text"), "12") << "the host has taken the key away";
+}
+
+TEST_F(UpDownTextBoxTest, TheHostChangesOrDiscardsKeysAndCharacters) {
+    setText(u"");
+    edit();
+    host.on["KeyPress"] = [](std::span<Value> arguments) {
+        const auto code = std::get<int16_t>(arguments[0]);
+        arguments[0] = static_cast<int16_t>(code == '1' ? 0 : code == '2' ? 'x' : code);
+    };
+    platform.type(u"123");
+    EXPECT_EQ(text(u"Text"), "x3");
+    host.on["KeyDown"] = [](std::span<Value> arguments) { arguments[0] = int16_t{0}; };
+    platform.type(u"5");
+    EXPECT_EQ(text(u"Text"), "x3");
+    host.on["KeyDown"] = [](std::span<Value> arguments) { arguments[0] = Text(u"nonsense"); };
+    platform.type(u"6");
+    EXPECT_EQ(text(u"Text"), "x36") << "an answer of another type is none";
+}
+
+TEST_F(UpDownTextBoxTest, DialogKeysAreOfferedToTheContainerFirst) {
+    edit();
+    for (const int16_t code : {key::tab, key::enter, key::escape}) {
+        const std::string number = std::to_string(code);
+        host.takesKeys = true;
+        platform.pressKey(code);
+        EXPECT_EQ(host.take(), Journal{"offered " + number});
+        host.takesKeys = false;
+        platform.pressKey(code);
+        EXPECT_EQ(host.take(), (Journal{"offered " + number, "KeyDown " + number + " 0", "KeyPress 0",
+                                        "KeyUp " + number + " 0"}));
+    }
+    platform.pressKey('5');
+    EXPECT_EQ(events("offered"), Journal{});
+}
+
+TEST_F(UpDownTextBoxTest, LeavingTheTextBoxWritesThePatternAndLeavingTheControlOneDecimal) {
+    struct Row {
+        const char16_t* text;
+        int32_t min, max;
+        bool decimals;
+        const char* inside;  // the focus went to the surface
+        const char* away;    // the focus left the control
+    };
+    const Row rows[] = {
+        {u"15", 0, 10, false, "10", "10.0"},
+        {u"15", 0, 10, true, "10.0", "10.0"},
+        {u"-1", 0, 10, false, "0", "0.0"},
+        {u"10", 0, 10, true, "10", "10"},
+        {u"0", 0, 10, true, "0", "0"},
+        {u"9.99", 0, 10, false, "9.99", "9.99"},
+        {u"1,001", 0, 1000, false, "1000", "1000.0"},
+        {u"1,000", 0, 1000, false, "1,000", "1,000"},
+        {u"", 5, 10, false, "", ""},
+        {u".", 5, 10, true, ".", "."},
+        {u"15", 12, 10, false, "12", "12"},
+    };
+    edit();
+    for (const Row& row : rows) {
+        put(u"Min", row.min);
+        put(u"Max", row.max);
+        put(u"AllowDecpoint", row.decimals);
+        ASSERT_TRUE(control->focus());
+        setText(row.text);
+        platform.setFocus(window());
+        EXPECT_EQ(text(u"Text"), row.inside) << toUtf8(row.text);
+        EXPECT_EQ(events("focus"), Journal{}) << "still inside";
+        setText(row.text);
+        platform.setFocus(0);
+        EXPECT_EQ(text(u"Text"), row.away) << toUtf8(row.text);
+        EXPECT_EQ(events("focus"), Journal{"focus out"});
+    }
+}
+
+TEST_F(UpDownTextBoxTest, TheRangeIsCheckedBeforeTheHostHearsThatTheFocusLeft) {
+    edit();
+    setText(u"15");
+    platform.setFocus(0);
+    EXPECT_EQ(host.take(), (Journal{"Change", "focus out"}));
+    EXPECT_EQ(text(u"Text"), "10.0");
+}
+
+TEST_F(UpDownTextBoxTest, EnablingDiscardsTheBackColour) {
+    put(u"BackColor", OleColour(0x123456u));
+    put(u"Enabled", false);
+    EXPECT_EQ(get(u"BackColor"), Value(OleColour(0xF7F7F7u)));
+    put(u"Enabled", true);
+    EXPECT_EQ(get(u"BackColor"), Value(OleColour(0x80000005u)));
+    put(u"BackColor", OleColour(0x123456u));
+    put(u"Enabled", true);
+    EXPECT_EQ(get(u"BackColor"), Value(OleColour(0x80000005u)));
+}
+
+TEST_F(UpDownTextBoxTest, ADisabledControlHearsNothing) {
+    edit();
+    put(u"Enabled", false);
+    host.take();
+    const auto nothing = [this](const char* of) {
+        EXPECT_EQ(host.takeEvents(), Journal{}) << of;
+        EXPECT_EQ(text(u"Text"), "1") << of;
+    };
+    for (const PixelPoint at : {inText, onUp, onDown}) {
+        platform.click(window(), at);
+        mouse(MouseEvent::Kind::doubleClick, at);
+        wheel(120, at);
+        nothing("mouse");
+    }
+    EXPECT_FALSE(control->focus());
+    for (const AccessibleItem& item : items()) {
+        if (item.role == AccessibleItem::Role::button) {
+            EXPECT_FALSE(item.enabled);
+        }
+    }
+    put(u"Enabled", true);
+    EXPECT_TRUE(control->focus());
+    host.take();
+    platform.pressKey(key::up);
+    EXPECT_EQ(text(u"Text"), "2");
+}
+
+TEST_F(UpDownTextBoxTest, LayoutInPixelsAtEveryScale) {
+    struct Row {
+        int32_t dpi, buddyAlignment;
+        PixelSize size;
+        PixelRect textBox, up;
+        int32_t downBottom;
+    };
+    const Row rows[] = {
+        {96, 0, {81, 21}, {2, 3, 59, 22}, {62, 2, 79, 10}, 19},
+        {96, 1, {81, 21}, {21, 3, 78, 22}, {4, 2, 21, 10}, 19},
+        {96, 0, {81, 30}, {2, 8, 59, 27}, {62, 2, 79, 15}, 28},
+        {120, 0, {101, 26}, {2, 3, 73, 27}, {78, 2, 99, 13}, 24},
+        {120, 1, {101, 26}, {25, 3, 96, 27}, {4, 2, 25, 13}, 24},
+        {144, 0, {122, 32}, {2, 4, 88, 32}, {94, 2, 120, 16}, 30},
+        {144, 1, {122, 32}, {30, 4, 116, 32}, {4, 2, 30, 16}, 30},
+        {144, 0, {122, 45}, {2, 10, 88, 39}, {94, 2, 120, 22}, 43},
+        {192, 0, {162, 42}, {2, 4, 116, 42}, {126, 2, 160, 21}, 40},
+        {192, 1, {162, 42}, {38, 4, 152, 42}, {4, 2, 38, 21}, 40},
+    };
+    activate();
+    const auto expectLayout = [this](const Row& row, const char* when) {
+        EXPECT_EQ(textWindow({row.textBox.left + 1, row.textBox.top + 1}).bounds(), row.textBox)
+            << row.dpi << " " << when;
+        ASSERT_EQ(items().size(), 3u);
+        EXPECT_EQ(items()[1].bounds, row.up) << row.dpi << " " << when;
+        EXPECT_EQ(items()[2].bounds, (PixelRect{row.up.left, row.up.bottom, row.up.right, row.downBottom}))
+            << row.dpi;
+    };
+    for (const Row& row : rows) {
+        platform.setDpi(window(), Dpi(row.dpi));
+        put(u"BuddyAlignment", row.buddyAlignment);
+        control->setBounds({10, 10, 10 + row.size.width, 10 + row.size.height});
+        expectLayout(row, "sized");
+        call(u"Refresh");
+        call(u"RefreshFont");
+        expectLayout(row, "laid out again");
+    }
+    // What is left of a width that leaves no room for the text box beside the spinner.
+    platform.setDpi(window(), Dpi(96));
+    put(u"BuddyAlignment", 0);
+    control->setBounds({0, 0, 25, 21});
+    EXPECT_EQ(textWindow({2, 5}).bounds().width(), 1);
+    control->setBounds({0, 0, 24, 21});
+    EXPECT_EQ(textWindow({2, 5}).bounds().width(), 1) << "360 twips leave the width as it was";
+    control->setBounds({0, 0, 0, 0});
+    control->setBounds({0, 0, 81, 21});
+    expectLayout(rows[0], "from nothing");
+}
+
+TEST_F(UpDownTextBoxTest, APressOnAButtonFocusesReportsAndSteps) {
+    activate();
+    press(onUp);
+    EXPECT_EQ(host.take(), (Journal{"focus in", "MouseDown 1 0 990 45", "DownClick", "Change"}));
+    EXPECT_EQ(platform.focus(), textWindow().id());
+    EXPECT_TRUE(items()[1].pressed);
+    letGo(onUp);
+    EXPECT_FALSE(items()[1].pressed);
+    press(onDown);
+    letGo(onDown);
+    EXPECT_EQ(host.take(), (Journal{"MouseDown 1 0 990 195", "UpClick", "Change"}));
+    mouse(MouseEvent::Kind::down, onUp, button::right);
+    EXPECT_EQ(host.take(), Journal{"MouseDown 2 0 990 45"}) << "only the left button steps";
+    mouse(MouseEvent::Kind::doubleClick, onUp);
+    EXPECT_EQ(text(u"Text"), "2") << "the second press of a quick pair is a step";
+    letGo(onUp);
+    EXPECT_EQ(platform.capture(), 0u);
+}
+
+TEST_F(UpDownTextBoxTest, AHeldButtonRepeatsAfterADelayWhileTheMouseIsOnIt) {
+    put(u"Max", 1000);
+    activate();
+    press(onUp);
+    platform.advance(499ms);
+    EXPECT_EQ(text(u"Text"), "2");
+    platform.advance(1ms);
+    EXPECT_EQ(text(u"Text"), "3");
+    platform.advance(100ms);
+    EXPECT_EQ(text(u"Text"), "5");
+    for (const PixelPoint away : {outside, onDown, inText}) {
+        const std::string before = text(u"Text");
+        drag(away);
+        platform.advance(1s);
+        EXPECT_EQ(text(u"Text"), before) << "dragged away";
+    }
+    drag(onUp);
+    platform.advance(100ms);
+    EXPECT_EQ(text(u"Text"), "7");
+    letGo(outside);
+    platform.advance(10s);
+    EXPECT_EQ(text(u"Text"), "7");
+}
+
+TEST_F(UpDownTextBoxTest, WhateverEndsAPressEndsTheRepeating) {
+    put(u"Max", 1000);
+    const std::pair<const char*, std::function<void()>> ends[] = {
+        {"released", [this] { letGo(onUp); }},
+        {"capture stolen", [this] { platform.stealCapture(); }},
+        {"disabled", [this] { put(u"Enabled", false); }},
+        {"deactivated", [this] { control->deactivate(); }},
+        {"without room",
+         [this] {
+             control->setBounds({0, 0, 0, 0});
+         }},
+        {"destroyed", [this] { release(); }},
+    };
+    for (const auto& [how, end] : ends) {
+        placeFresh();
+        activate();
+        press(onUp);
+        platform.advance(550ms);
+        ASSERT_EQ(text(u"Text"), "4") << how;
+        end();
+        platform.advance(10s);
+        EXPECT_EQ(platform.capture(), 0u) << how;
+        if (!control) continue;
+        EXPECT_EQ(text(u"Text"), "4") << how;
+        control->deactivate();
+    }
+    EXPECT_EQ(platform.timerCount(), 0u);
+}
+
+TEST_F(UpDownTextBoxTest, TheWheelStepsByWholeNotchesWhereItMay) {
+    activate();
+    for (const PixelPoint at : {onUp, onDown, inText}) {
+        setText(u"5");
+        wheel(60, at);
+        EXPECT_EQ(text(u"Text"), "5");
+        wheel(60, at);
+        EXPECT_EQ(text(u"Text"), "6");
+        wheel(-100, at);
+        wheel(50, at);  // another direction begins anew
+        wheel(-100, at);
+        EXPECT_EQ(text(u"Text"), "6");
+        wheel(-140 - 120, at);
+        EXPECT_EQ(text(u"Text"), "3");
+        platform.wheel(window(), {1200, true, 0, at});
+        EXPECT_EQ(text(u"Text"), "3") << "sideways";
+    }
+    host.on["DownClick"] = [this](auto) { put(u"Enabled", false); };
+    wheel(360);
+    EXPECT_EQ(text(u"Text"), "4") << "disabled at the first of three notches";
+    put(u"Enabled", true);
+    put(u"AllowArrowKeys", false);
+    wheel(1200);
+    wheel(1200, inText);
+    EXPECT_EQ(text(u"Text"), "4");
+}
+
+TEST_F(UpDownTextBoxTest, TheMouseInTheTextIsReportedInTwips) {
+    activate();
+    platform.click(window(), {12, 13});
+    EXPECT_EQ(host.takeEvents(),
+              (Journal{"MouseMove 0 0 150 150", "MouseDown 1 0 150 150", "MouseUp 1 0 150 150", "Click"}));
+    press({12, 13});
+    platform.setDpi(window(), Dpi(192));
+    host.take();
+    letGo(outside);
+    EXPECT_EQ(events("Click"), Journal{}) << "let go outside";
+    mouse(MouseEvent::Kind::move, {12, 14});
+    EXPECT_EQ(host.takeEvents().back(), "MouseMove 1 0 75 75");
+    mouse(MouseEvent::Kind::doubleClick, {12, 14});
+    EXPECT_EQ(host.takeEvents(), Journal{"DblClick"});
+}
+
+// Everything that raises events, from the keyboard, the mouse and time.
+const std::pair<const char*, std::vector<std::string>> causes[] = {
+    {"up", {"DownClick", "Change", "KeyDown", "KeyUp"}},
+    {"down", {"UpClick", "Change", "KeyDown", "KeyUp"}},
+    {"digit", {"KeyDown", "KeyPress", "Change", "KeyUp"}},
+    {"paste", {"KeyDown", "Change", "KeyPress", "KeyUp"}},
+    {"click", {"MouseMove", "MouseDown", "MouseUp", "Click"}},
+    {"double click", {"DblClick"}},
+    {"spinner", {"MouseDown", "DownClick", "Change"}},
+    {"hold", {"UpClick", "Change"}},
+    {"wheel", {"DownClick", "Change"}},
+    {"focus", {"Change"}},
+};
+
+class ReentryTest : public UpDownTextBoxTest {
+protected:
+    // Does `inside` in the first `event` that `cause` raises; false when it raised none.
+    bool during(const std::string& cause, const std::string& event, const std::function<void()>& inside) {
+        placeFresh();
+        put(u"Text", Text(u"5"));
+        platform.setClipboard(u"7");
+        edit();
+        if (cause == "hold") press(onDown);
+        if (cause == "focus") put(u"Text", Text(u"50"));
+        bool raised = false;
+        host.on[event] = [&](auto) {
+            if (!std::exchange(raised, true)) inside();
+        };
+        const NativeWindow surface = window();
+        if (cause == "up") platform.pressKey(key::up);
+        if (cause == "down") platform.pressKey(key::pageDown);
+        if (cause == "digit") platform.type(u"34");
+        if (cause == "paste") platform.pressKey('V', shift::control);
+        if (cause == "click") platform.click(surface, inText);
+        if (cause == "double click")
+            platform.mouse(surface, {MouseEvent::Kind::doubleClick, button::left, 0, inText});
+        if (cause == "spinner") platform.click(surface, onUp);
+        if (cause == "hold") platform.advance(700ms);
+        if (cause == "wheel") platform.wheel(surface, {360, false, 0, onUp});
+        if (cause == "focus") platform.setFocus(0);
+        host.on.clear();
+        return raised;
+    }
+};
+
+TEST_F(ReentryTest, TheHostMayLetGoOfTheControlInsideEveryEvent) {
+    for (const auto& [cause, names] : causes) {
+        for (const std::string& event : names) {
+            std::weak_ptr<Control> gone;
+            EXPECT_TRUE(during(cause, event,
+                               [&] {
+                                   gone = control;
+                                   release();
+                               }))
+                << cause << " raises no " << event;
+            EXPECT_TRUE(gone.expired()) << event << " by " << cause;
+            EXPECT_EQ(platform.windowCount() + platform.timerCount(), 0u) << event << " by " << cause;
+            EXPECT_EQ(platform.capture(), 0u) << event << " by " << cause;
+        }
+    }
+}
+
+TEST_F(ReentryTest, TheHostMayDeactivateDisableOrReloadInsideEveryEvent) {
+    for (const auto& [cause, names] : causes) {
+        for (const std::string& event : names) {
+            SCOPED_TRACE(event + " by " + cause);
+            during(cause, event, [&] { control->deactivate(); });
+            EXPECT_FALSE(control->active());
+            EXPECT_EQ(platform.windowCount(), 0u);
+            put(u"Text", Text(u"6"));
+            EXPECT_EQ(text(u"Text"), "6");
+
+            during(cause, event, [&] {
+                control->deactivate();
+                activate();
+            });
+            ASSERT_TRUE(control->focus());
+            put(u"Text", Text(u"6"));
+            platform.pressKey(key::up);
+            EXPECT_EQ(text(u"Text"), "7");
+
+            during(cause, event, [&] {
+                MemoryBag none;
+                put(u"Enabled", false);
+                control->load(none);
+            });
+            EXPECT_EQ(get(u"Enabled"), Value(true));
+            release();
+        }
+    }
+}
+
+TEST_F(ReentryTest, SettingTheTextInsideChangeEndsWithTheHostsText) {
+    edit();
+    host.on["Change"] = [this](auto) { put(u"Text", Text(u"5")); };
+    platform.pressKey(key::up);
+    EXPECT_EQ(text(u"Text"), "5");
+    EXPECT_EQ(host.take(), (Journal{"DownClick", "Change", "Change", "changed Text", "changed Text",
+                                    "KeyDown 38 0", "KeyUp 38 0"}));
+    platform.type(u"9");
+    EXPECT_EQ(text(u"Text"), "5");
+    // A host that never comes to rest is its own fault, but one that counts on is not.
+    host.on["Change"] = [this](auto) {
+        if (const auto length = std::get<Text>(get(u"Text")).size(); length < 50)
+            put(u"Text", Text(length + 1, u'1'));
+    };
+    put(u"Text", Text(u"1"));
+    EXPECT_EQ(std::get<Text>(get(u"Text")).size(), 50u);
+}
+
+TEST_F(ReentryTest, AStepReadsTheTextAndTheIntervalThatTheHostLeft) {
+    edit();
+    host.on["DownClick"] = [this](auto) {
+        put(u"Text", Text(u"3"));
+        put(u"Interval", 2.0);
+        put(u"AllowDecpoint", true);
+    };
+    platform.pressKey(key::up);
+    EXPECT_EQ(text(u"Text"), "5.0");
+}
+
+TEST_F(UpDownTextBoxTest, TheContainersFontIsFollowedUntilTheHostChoosesAnother) {
+    const auto fontOf = [this] { return std::get<FontRef>(get(u"Font"))->description(); };
+    const FontDescription first{u"Arial", 10, 400, 0, false, false, false},
+        second{u"Verdana", 12, 400, 0, false, false, false};
+    const auto load = [&] {
+        host.font = std::make_shared<SharedFont>(first);
+        place(UpDownTextBox::memberTable());
+        MemoryBag none;
+        control->load(none);
+        EXPECT_EQ(fontOf(), first);
+        host.take();
+    };
+    const auto ambientBecomes = [&](const FontDescription& font) {
+        host.font = std::make_shared<SharedFont>(font);
+        control->ambientFontChanged();
+    };
+    load();
+    ambientBecomes(second);
+    EXPECT_EQ(fontOf(), second);
+    ambientBecomes(first);
+    EXPECT_EQ(fontOf(), first);
+
+    FontDescription bold = first;
+    bold.weight = 700;
+    std::get<FontRef>(get(u"Font"))->setDescription(bold);
+    EXPECT_EQ(host.font->description(), first) << "the container's own font is not ours to change";
+    ambientBecomes(second);
+    EXPECT_EQ(fontOf(), bold) << "the host has changed the font in place";
+
+    load();
+    put(u"Font", std::make_shared<SharedFont>(bold));
+    ambientBecomes(second);
+    EXPECT_EQ(fontOf(), bold) << "the host has set another font";
+}
+
+TEST_F(UpDownTextBoxTest, AFontIsSharedWithTheHostAndWatched) {
+    const auto font = std::make_shared<SharedFont>(FontDescription{u"Arial", 9, 400, 0, false, false, false});
+    put(u"Font", font);
+    EXPECT_EQ(host.take(), Journal{"changed Font"});
+    EXPECT_EQ(std::get<FontRef>(get(u"Font")), font);
+    FontDescription larger = font->description();
+    larger.size = 14;
+    font->setDescription(larger);
+    EXPECT_EQ(host.take(), Journal{"changed Font"});
+    font->setDescription(larger);
+    EXPECT_EQ(host.take(), Journal{}) << "nothing changed";
+    put(u"Font", std::make_shared<SharedFont>());
+    host.take();
+    font->setDescription({});
+    EXPECT_EQ(host.take(), Journal{}) << "no longer ours";
+    put(u"Font", font);
+    release();
+    font->setDescription(larger);
+}
+
+TEST_F(UpDownTextBoxTest, WindowsComeAndGoWithoutLosingTextOrSelection) {
+    setText(u"1234");
+    put(u"Max", 9999);
+    edit();
+    textWindow().setSelection({1, 2});
+    control->deactivate();
+    EXPECT_EQ(platform.windowCount(), 0u);
+    EXPECT_EQ(host.take().back(), "focus out");
+    activate();
+    EXPECT_EQ(textWindow().selection(), (TextSelection{1, 2}));
+    control->focus();
+    platform.type(u"0");
+    EXPECT_EQ(text(u"Text"), "104");
+    control->deactivate();
+    // A handle that is asked for early is the one that is activated.
+    const NativeWindow early = window();
+    EXPECT_NE(early, 0u);
+    EXPECT_FALSE(control->active());
+    put(u"Text", Text(u"77"));
+    activate();
+    EXPECT_EQ(window(), early);
+    control->focus();
+    platform.pressKey(key::up);
+    EXPECT_EQ(text(u"Text"), "78");
+}
+
+TEST_F(UpDownTextBoxTest, ASystemWithoutWindowsIsBorne) {
+    platform.refuseWindows(true);
+    EXPECT_FALSE(control->activate(1000, {0, 0, 81, 21}));
+    EXPECT_FALSE(control->active());
+    EXPECT_EQ(control->window(), 0u);
+    EXPECT_FALSE(control->focus());
+    put(u"Text", Text(u"3"));
+    EXPECT_EQ(text(u"Text"), "3");
+    platform.refuseWindows(false);
+    activate();
+    EXPECT_TRUE(control->focus());
+}
+
+}  // namespace
+}  // namespace obk::test

@@ -3,13 +3,16 @@
 
 #include <olectl.h>
 
+#include <algorithm>
 #include <limits>
 
 #include "container/control_site.h"
 #include "container/message_loop.h"
 #include "container/property_bag_text.h"
 #include "container/text.h"
+#include "container/type_members.h"
 #include "container_probe_support.h"
+#include "server_support.h"
 
 namespace obk::container {
 namespace {
@@ -124,6 +127,8 @@ TEST(PropertyBagText, BringsBytesOfEveryLengthBack) {
 TEST(PropertyBagText, KeepsFontsAsTheyWereWhenWritten) {
     const auto object = makeFont({L"Tahoma", 9.75, 600, ANSI_CHARSET, true, false, true});
     ASSERT_TRUE(object);
+    const auto before = describeFont(object.get());
+    ASSERT_TRUE(before);
     FormText form;
     PropertyBagText& bag = *form.add(L"Control", L"").bag;
     VARIANT raw = {};
@@ -139,7 +144,7 @@ TEST(PropertyBagText, KeepsFontsAsTheyWereWhenWritten) {
     ASSERT_EQ(read.sections().front().bag->Read(L"Font", result.put(), nullptr), S_OK);
     const auto font = describeFont(result.toObject().get());
     ASSERT_TRUE(font);
-    EXPECT_EQ(narrow(font->name), "Tahoma");
+    EXPECT_EQ(narrow(font->name), narrow(before->name));
     EXPECT_EQ(font->size, 9.75);
     EXPECT_EQ(font->weight, 600);
     EXPECT_EQ(font->characterSet, ANSI_CHARSET);
@@ -580,6 +585,82 @@ TEST_F(TabOrder, SurvivesAControlThatIsClosedWhileItHasTheFocus) {
     sites[0]->close();
     SetFocus(edit1);
     EXPECT_EQ(walk(2), "control 3, edit 2");
+}
+
+// --- The server's files ----------------------------------------------------------------------------
+
+TEST(ServerContext, CreatesEveryClassByEachRouteWithoutRegistration) {
+    const std::wstring file = testing_support::serverFile();
+    const std::wstring folder = file.substr(0, file.rfind(L'\\'));
+    ServerContext contexts[] = {ServerContext::fromManifest(folder + L"\\OBKCTRLS.manifest"),
+                                ServerContext::fromLibrary(file), ServerContext::inFolder(folder)};
+    EXPECT_EQ(contexts[2].route(), ServerContext::Route::Manifest) << narrow(contexts[2].source());
+    ASSERT_FALSE(testing_support::serverClasses().empty());
+    for (const ServerContext& context : contexts) {
+        ASSERT_TRUE(context.valid()) << narrow(context.source());
+        for (const std::wstring& name : testing_support::serverClasses()) {
+            ComPtr<IUnknown> object;
+            EXPECT_EQ(context.create(L"OBKCTRLS." + name, object), S_OK)
+                << narrow(context.source() + L": " + name);
+            EXPECT_TRUE(sameName(TypeMembers::of(object.get()).className(), name));
+        }
+        ComPtr<IUnknown> object;
+        EXPECT_TRUE(FAILED(context.create(L"OBKCTRLS.Nothing", object)));
+        EXPECT_FALSE(object);
+    }
+    const ServerContext moved = std::move(contexts[1]);
+    EXPECT_EQ(moved.route(), ServerContext::Route::Library);
+    EXPECT_EQ(ServerContext::inFolder(folder + L"\\nowhere").route(), ServerContext::Route::Registry);
+    EXPECT_FALSE(ServerContext::fromManifest(folder + L"\\none.manifest").valid());
+    EXPECT_FALSE(ServerContext::fromLibrary(folder + L"\\none.ocx").valid());
+}
+
+TEST(TypeMembers, DescribesValuesAsAPersonEditsThem) {
+    const testing_support::LoadedServer server;
+    const auto members = TypeMembers::of(server.create(L"UpDownTextBox").get());
+    struct Row {
+        const wchar_t* name;
+        ValueKind kind;
+        const char* type;
+    };
+    const Row rows[] = {
+        {L"BackColor", ValueKind::Colour, "OLE_COLOR"}, {L"enabled", ValueKind::Boolean, "Boolean"},
+        {L"Interval", ValueKind::Number, "Double"},     {L"Max", ValueKind::Integer, "Long"},
+        {L"Text", ValueKind::Text, "String"},           {L"Font", ValueKind::Font, "Font"}};
+    for (const Row& row : rows) {
+        const Member* member = members.property(row.name);
+        ASSERT_TRUE(member) << narrow(row.name);
+        EXPECT_EQ(member->type.kind, row.kind) << narrow(row.name);
+        EXPECT_NE(narrow(member->type.name).find(row.type), std::string::npos) << narrow(member->type.name);
+        EXPECT_TRUE(member->readable && member->writable) << narrow(row.name);
+        EXPECT_FALSE(member->help.empty()) << narrow(row.name);
+    }
+    const Member* method = members.method(L"KeyLock");
+    ASSERT_TRUE(method);
+    ASSERT_EQ(method->arguments.size(), 3u);
+    EXPECT_EQ(method->arguments[1].type.kind, ValueKind::Boolean);
+    const auto keyPress = std::find_if(members.events().begin(), members.events().end(),
+                                       [](const Member& event) { return event.name == L"KeyPress"; });
+    ASSERT_NE(keyPress, members.events().end());
+    EXPECT_EQ(narrow(keyPress->signature()), "KeyPress(KeyAscii)");
+    EXPECT_TRUE(keyPress->arguments[0].type.byReference);
+    EXPECT_EQ(members.event(keyPress->number), &*keyPress);
+}
+
+TEST(MessageLoop, DeliversTypedKeysAndLetsTheContainerDiscardThem) {
+    testing_support::HostedControl hosted(L"UpDownTextBox");
+    hosted.activate();
+    hosted.object().put(L"Text", L"");
+    ASSERT_EQ(hosted.site.uiActivate(), S_OK);
+    const HWND field = GetFocus();
+    ASSERT_TRUE(hosted.site.holdsWindow(field));
+    hosted.site.events().on(L"KeyPress", [](EventCall& call) {
+        if (call.value(0).toLong() == L'2') call.set(0, 0L);
+    });
+    for (const WPARAM character : {L'1', L'2', L'3'}) PostMessageW(field, WM_CHAR, character, 1);
+    const auto typed = [&] { return hosted.site.events().count(L"KeyPress") == 3; };
+    ASSERT_TRUE(hosted.loop.pumpUntil(typed));
+    EXPECT_EQ(narrow(hosted.object().value(L"Text").toText()), "13");
 }
 
 TEST(MessageLoop, GivesUpWaitingAtItsDeadline) {

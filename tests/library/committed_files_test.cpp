@@ -1,0 +1,66 @@
+#include "library/class_facts.h"
+#include "library/idl_writer.h"
+#include "library/library.h"
+#include "library/manifest_writer.h"
+#include "library/reference_writer.h"
+#include "platform/headless/headless_platform.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <set>
+#include <sstream>
+#include <string>
+
+namespace obk {
+namespace {
+
+const std::filesystem::path repository = OBK_REPOSITORY_DIR;
+
+std::string committed(const std::filesystem::path& file) {
+    std::ifstream stream(repository / file, std::ios::binary);
+    std::ostringstream content;
+    content << stream.rdbuf();
+    return content.str();
+}
+
+// Says where two texts part, instead of printing both.
+testing::AssertionResult same(const std::string& derived, const std::string& file) {
+    std::istringstream left(derived), right(committed(file));
+    std::string leftLine, rightLine;
+    for (int line = 1;; ++line) {
+        const bool moreLeft = static_cast<bool>(std::getline(left, leftLine));
+        const bool moreRight = static_cast<bool>(std::getline(right, rightLine));
+        if (!moreLeft && !moreRight) return testing::AssertionSuccess();
+        if (moreLeft != moreRight || leftLine != rightLine)
+            return testing::AssertionFailure()
+                   << file << " line " << line << "\n  the tables: " << (moreLeft ? leftLine : "(end)")
+                   << "\n  the file:   " << (moreRight ? rightLine : "(end)");
+    }
+}
+
+constexpr auto howToMend = "If the change is meant, and old hosts do not break, run the describe tool again.";
+
+TEST(CommittedFiles, TheContractWithHostsIsWhatTheTablesSay) {
+    EXPECT_TRUE(same(writeIdl(library()), "src/server/OBKCTRLS.idl")) << howToMend;
+    EXPECT_TRUE(same(writeManifest(library()), "src/server/OBKCTRLS.manifest")) << howToMend;
+}
+
+TEST(CommittedFiles, EveryPublicControlHasItsReferencePage) {
+    headless::HeadlessPlatform platform;
+    std::set<std::string> pages{"README.md"};
+    EXPECT_TRUE(same(writeReferenceIndex(library()), "docs/reference/README.md")) << howToMend;
+    for (const ControlTable* table : publicControls(library())) {
+        const std::string page = toUtf8(table->name) + ".md";
+        pages.insert(page);
+        const auto fresh = table->create(platform);
+        fresh->initNew();
+        EXPECT_TRUE(same(writeReference(*fresh), "docs/reference/" + page)) << howToMend;
+    }
+    for (const auto& entry : std::filesystem::directory_iterator(repository / "docs/reference"))
+        EXPECT_TRUE(pages.contains(entry.path().filename().string())) << entry.path() << " belongs to no control";
+}
+
+}  // namespace
+}  // namespace obk

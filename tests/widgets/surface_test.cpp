@@ -1,0 +1,216 @@
+#include "widgets/surface.h"
+
+#include "platform/headless/headless_platform.h"
+#include "platform/headless/headless_windows.h"
+#include "widgets/decoration.h"
+#include "widgets/text_box.h"
+
+#include <gtest/gtest.h>
+
+#include <optional>
+
+namespace obk::test {
+namespace {
+
+using Kind = MouseEvent::Kind;
+using Journal = std::vector<std::string>;
+
+// Writes down what reaches it; paints itself in its own colour.
+class Probe : public Widget {
+public:
+    Probe(Container& parent, Journal& journal, std::string name, Rgb colour = {})
+        : Widget(parent), journal_(journal), name_(std::move(name)), colour_(colour) {}
+
+    void mouse(const MouseEvent& event) override {
+        const char* kinds[] = {"down", "up", "move", "double", "leave"};
+        journal_.push_back(name_ + " " + kinds[static_cast<int>(event.kind)] + " " +
+                           std::to_string(event.at.x) + "," + std::to_string(event.at.y));
+        if (onMouse) onMouse(event);
+    }
+    bool wheel(const WheelEvent&) override {
+        journal_.push_back(name_ + " wheel");
+        return usesWheel;
+    }
+    void captureLost() override { journal_.push_back(name_ + " lost"); }
+    void paint(Canvas& canvas, const PixelRect& bounds) override {
+        // As widgets may, carelessly beyond its edges.
+        canvas.fillRect(bounds.inset(-5), colour_);
+    }
+    void describe(std::vector<AccessibleItem>& items) const override {
+        items.push_back(
+            {AccessibleItem::Role::graphic, fromUtf8(name_), {}, pixelBounds(), enabled(), false});
+    }
+    std::function<void(const MouseEvent&)> onMouse;
+    bool usesWheel = false;
+
+private:
+    Journal& journal_;
+    std::string name_;
+    Rgb colour_;
+};
+
+// 100 x 60 pixels: a is at the left, b lies over the right of it, c is inside a frame at the bottom.
+class SurfaceTest : public testing::Test, protected SurfaceOwner {
+protected:
+    SurfaceTest() {
+        root.move({{0}, {0}, {1500}, {900}});
+        a->move({{0}, {0}, {600}, {300}});
+        b.move({{450}, {150}, {450}, {300}});
+        frame.move({{0}, {600}, {300}, {300}});
+        c.move({{150}, {150}, {900}, {900}});
+        EXPECT_TRUE(surface.open({SurfacePlacement::Kind::control, 1000, {0, 0, 100, 60}}));
+    }
+    KeyRoute route(const KeyEvent&) override { return KeyRoute::child; }
+    bool offerToContainer(const KeyEvent&) override { return false; }
+    void focusEntered() override { journal.push_back("entered"); }
+    void focusLeft() override { journal.push_back("left"); }
+    void surfaceCaptureLost() override { journal.push_back("owner lost"); }
+    void surfaceChanged() override { journal.push_back("changed"); }
+    AccessibleItem describeSurface() const override {
+        return {AccessibleItem::Role::client, u"all", {}, {}, true, false};
+    }
+
+    void mouse(Kind kind, PixelPoint at) { platform.mouse(surface.peer()->window(), {kind, 1, 0, at}); }
+    Journal take() { return std::exchange(journal, {}); }
+    headless::HeadlessSurface& peer() { return *platform.surface(surface.peer()->window()); }
+
+    headless::HeadlessPlatform platform;
+    Journal journal;
+    Container root{platform, [] { return std::make_shared<int>(0); }};
+    Surface surface{root, *this};
+    std::optional<Probe> a{std::in_place, root, journal, "a", Rgb{0xA}};
+    Probe b{root, journal, "b", Rgb{0xB}};
+    Container frame{root};
+    Probe c{frame, journal, "c", Rgb{0xC}};
+};
+
+TEST_F(SurfaceTest, TheTopmostVisibleWidgetIsHit) {
+    const std::pair<PixelPoint, const Widget*> rows[] = {
+        {{0, 0}, &*a},      {{29, 19}, &*a},     {{30, 10}, &b},     {{39, 19}, &b}, {{30, 9}, &*a},
+        {{60, 10}, &root},  {{5, 45}, &frame},   {{10, 50}, &c},     {{19, 59}, &c}, {{20, 59}, &root},
+        {{-1, 0}, nullptr}, {{100, 0}, nullptr}, {{0, 60}, nullptr},
+    };
+    for (const auto& [at, widget] : rows) EXPECT_EQ(root.hitTest(at), widget) << at.x << "," << at.y;
+    b.setVisible(false);
+    EXPECT_EQ(root.hitTest({35, 15}), &*a);
+    frame.setVisible(false);
+    EXPECT_EQ(root.hitTest({15, 55}), &root);
+}
+
+TEST_F(SurfaceTest, AWidgetHearsWhenTheMouseLeavesIt) {
+    mouse(Kind::move, {5, 5});
+    mouse(Kind::move, {35, 12});
+    EXPECT_EQ(take(), (Journal{"a move 5,5", "a leave 35,12", "b move 5,2"}));
+    mouse(Kind::leave, {200, 5});
+    mouse(Kind::leave, {200, 5});
+    EXPECT_EQ(take(), Journal{"b leave 170,-5"});
+    mouse(Kind::move, {12, 52});
+    EXPECT_EQ(take(), Journal{"c move 2,2"});
+}
+
+TEST_F(SurfaceTest, ACapturingWidgetHearsEverythingUntilItReleasesOrLosesIt) {
+    mouse(Kind::move, {5, 5});
+    surface.capture(*a);
+    mouse(Kind::move, {35, 15});
+    mouse(Kind::up, {-3, 500});
+    EXPECT_EQ(take(), (Journal{"a move 5,5", "a move 35,15", "a up -3,500"})) << "no leaving meanwhile";
+    surface.releaseCapture(b);
+    EXPECT_TRUE(surface.captured(*a)) << "only its own";
+    platform.stealCapture();
+    EXPECT_EQ(take(), (Journal{"a lost", "owner lost"}));
+    mouse(Kind::move, {35, 15});
+    EXPECT_EQ(take(), (Journal{"a leave 35,15", "b move 5,5"}));
+    surface.capture(b);
+    surface.releaseCapture(b);
+    EXPECT_EQ(platform.capture(), 0u);
+    EXPECT_EQ(take(), Journal{});
+}
+
+TEST_F(SurfaceTest, AWidgetMayGoWhileItIsHoveredOrHasTheCapture) {
+    mouse(Kind::move, {5, 5});
+    surface.capture(*a);
+    a.reset();
+    EXPECT_EQ(platform.capture(), 0u);
+    take();
+    mouse(Kind::move, {35, 15});
+    EXPECT_EQ(take(), Journal{"b move 5,5"});
+    a.emplace(root, journal, "a");
+    a->move({{0}, {0}, {450}, {150}});
+    mouse(Kind::move, {5, 5});
+    // Leaving b closes the surface that a would get the move from.
+    mouse(Kind::move, {35, 15});
+    b.onMouse = [this](const MouseEvent& event) {
+        if (event.kind == Kind::leave) surface.close();
+    };
+    take();
+    mouse(Kind::move, {5, 5});
+    EXPECT_EQ(take(), Journal{"b leave -25,-5"});
+}
+
+TEST_F(SurfaceTest, TheWheelRisesToWhoeverUsesIt) {
+    const auto wheel = [this](PixelPoint at) {
+        platform.wheel(surface.peer()->window(), {120, false, 0, at});
+    };
+    wheel({15, 55});
+    EXPECT_EQ(take(), Journal{"c wheel"});
+    c.setEnabled(false);
+    wheel({15, 55});
+    EXPECT_EQ(take(), Journal{});
+}
+
+TEST_F(SurfaceTest, OnlyWhatIsVisibleIsPaintedAndEachInsideItsParent) {
+    const auto canvas = peer().paint();
+    const std::pair<PixelPoint, uint32_t> rows[] = {
+        {{0, 0}, 0xA},   {{29, 19}, 0xA}, {{30, 10}, 0xB},      {{59, 29}, 0xB},     {{60, 29}, 0xF0F0F0},
+        {{10, 50}, 0xC}, {{19, 59}, 0xC}, {{20, 59}, 0xF0F0F0}, {{9, 50}, 0xF0F0F0},
+    };
+    for (const auto& [at, colour] : rows) EXPECT_EQ(canvas.colourAt(at).value, colour) << at.x << "," << at.y;
+
+    b.invalidate();
+    for (const headless::DrawnItem& item : peer().paint().items())
+        EXPECT_EQ(item.rect.intersected({30, 10, 60, 30}), item.rect) << "only what is invalid";
+    c.setVisible(false);
+    EXPECT_EQ(peer().invalid(), (PixelRect{10, 50, 20, 60})) << "no more than showed of it";
+    for (const headless::DrawnItem& item : peer().paint().items()) EXPECT_NE(item.colour.value, 0xCu);
+    b.move({{0}, {0}, {150}, {150}});
+    EXPECT_EQ(peer().invalid(), (PixelRect{0, 0, 60, 30})) << "where it was and where it is";
+}
+
+TEST_F(SurfaceTest, ScreenReadersHearOfTheVisiblePartsInTheirPlaces) {
+    b.setEnabled(false);
+    a->setVisible(false);
+    std::vector<AccessibleItem> items = peer().surfaceClient().accessibleItems();
+    ASSERT_EQ(items.size(), 3u);
+    EXPECT_EQ(items[0].name, u"all");
+    EXPECT_EQ(items[1].name, u"b");
+    EXPECT_FALSE(items[1].enabled);
+    EXPECT_EQ(items[2].bounds, (PixelRect{10, 50, 70, 110}));
+    frame.setVisible(false);
+    EXPECT_EQ(peer().surfaceClient().accessibleItems().size(), 2u);
+}
+
+TEST_F(SurfaceTest, TheFocusIsOnesOwnWhileItIsInAnyChild) {
+    TextBox first(root), second(root);
+    for (TextBox* box : {&first, &second}) box->move({{900}, {box == &first ? 0.0 : 300.0}, {300}, {285}});
+    surface.close();
+    EXPECT_TRUE(surface.open({SurfacePlacement::Kind::control, 1000, {0, 0, 100, 60}}));
+    take();
+    EXPECT_TRUE(first.takeFocus());
+    EXPECT_TRUE(second.takeFocus());
+    EXPECT_EQ(take(), Journal{"entered"});
+    EXPECT_EQ(root.focused(), &second);
+    second.setVisible(false);
+    EXPECT_FALSE(second.takeFocus());
+    EXPECT_TRUE(first.takeFocus());
+    take();
+    platform.setFocus(0);
+    EXPECT_EQ(take(), Journal{"left"});
+    EXPECT_EQ(root.focused(), nullptr);
+    first.takeFocus();
+    take();
+    surface.close();
+    EXPECT_EQ(take(), Journal{"left"}) << "windows that go take the focus with them";
+}
+
+}  // namespace
+}  // namespace obk::test

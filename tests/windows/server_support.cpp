@@ -1,0 +1,96 @@
+#include "server_support.h"
+
+#include "container/text.h"
+
+#include <algorithm>
+
+namespace obk::testing_support {
+
+using container::ComPtr;
+
+std::wstring serverFile() {
+    std::wstring file = L"Z:" + container::fromUtf8(OBK_DIST_DIR) + L"\\OBKCTRLS.ocx";
+    std::replace(file.begin(), file.end(), L'/', L'\\');
+    return file;
+}
+
+ComPtr<ITypeLib> serverTypes() {
+    ComPtr<ITypeLib> types;
+    EXPECT_EQ(LoadTypeLibEx(serverFile().c_str(), REGKIND_NONE, types.put()), S_OK);
+    return types;
+}
+
+ComPtr<ITypeInfo> serverType(const std::wstring& name) {
+    const auto types = serverTypes();
+    ComPtr<ITypeInfo> result;
+    for (UINT at = 0; types && at < types->GetTypeInfoCount(); ++at) {
+        container::Bstr found;
+        types->GetDocumentation(static_cast<int>(at), found.put(), nullptr, nullptr, nullptr);
+        if (found.view() == name) types->GetTypeInfo(at, result.put());
+    }
+    return result;
+}
+
+const std::vector<std::wstring>& serverClasses() {
+    static const std::vector<std::wstring> classes = [] {
+        std::vector<std::wstring> names;
+        const auto types = serverTypes();
+        for (UINT at = 0; types && at < types->GetTypeInfoCount(); ++at) {
+            TYPEKIND kind{};
+            types->GetTypeInfoType(at, &kind);
+            container::Bstr name;
+            types->GetDocumentation(static_cast<int>(at), name.put(), nullptr, nullptr, nullptr);
+            if (kind == TKIND_COCLASS) names.push_back(name.text());
+        }
+        return names;
+    }();
+    return classes;
+}
+
+LoadedServer::LoadedServer() : module_(LoadLibraryW(serverFile().c_str())) {
+    EXPECT_TRUE(module_) << "the server does not load: " << GetLastError();
+}
+
+LoadedServer::~LoadedServer() {
+    if (module_) FreeLibrary(module_);
+}
+
+bool LoadedServer::canUnload() const {
+    using CanUnload = HRESULT(WINAPI*)();
+    const auto function = reinterpret_cast<CanUnload>(GetProcAddress(module_, "DllCanUnloadNow"));
+    return function && function() == S_OK;
+}
+
+ComPtr<IClassFactory> LoadedServer::factory(const std::wstring& className) const {
+    using GetClassObject = HRESULT(WINAPI*)(REFCLSID, REFIID, void**);
+    const auto function = reinterpret_cast<GetClassObject>(GetProcAddress(module_, "DllGetClassObject"));
+    const auto type = serverType(className);
+    ComPtr<IClassFactory> factory;
+    TYPEATTR* attributes = nullptr;
+    if (!function || !type || FAILED(type->GetTypeAttr(&attributes))) return factory;
+    EXPECT_EQ(function(attributes->guid, __uuidof(IClassFactory), factory.putVoid()), S_OK);
+    type->ReleaseTypeAttr(attributes);
+    return factory;
+}
+
+ComPtr<IUnknown> LoadedServer::create(const std::wstring& className) const {
+    ComPtr<IUnknown> object;
+    if (const auto maker = factory(className))
+        EXPECT_EQ(maker->CreateInstance(nullptr, __uuidof(IUnknown), object.putVoid()), S_OK);
+    return object;
+}
+
+HostedControl::HostedControl(const std::wstring& className, container::SiteSettings settings,
+                             const container::InitialState& state)
+    : form(window.handle()), site(form, std::move(settings)) {
+    form.add(site);
+    loop.add(form);
+    EXPECT_EQ(site.adopt(server.create(className), state), S_OK);
+}
+
+void HostedControl::activate(RECT bounds) {
+    EXPECT_EQ(site.activate(bounds), S_OK);
+    loop.pumpPending();
+}
+
+}  // namespace obk::testing_support

@@ -1,0 +1,59 @@
+// The server as a host meets it: its file, objects of its classes, and a form to put them on.
+#pragma once
+
+#include "container/control_site.h"
+#include "container/message_loop.h"
+#include "container/server_context.h"
+#include "container_probe_support.h"
+
+#include <gtest/gtest.h>
+
+#include <windows.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace obk::testing_support {
+
+// The names of all classes that the server's type library offers.
+const std::vector<std::wstring>& serverClasses();
+std::wstring serverFile();
+container::ComPtr<ITypeLib> serverTypes();
+// The type information of an interface or class by its name; empty when there is none.
+container::ComPtr<ITypeInfo> serverType(const std::wstring& name);
+
+// Holds the server loaded, without registration.
+class LoadedServer {
+public:
+    LoadedServer();
+    LoadedServer(const LoadedServer&) = delete;
+    LoadedServer& operator=(const LoadedServer&) = delete;
+    ~LoadedServer();
+
+    HMODULE module() const { return module_; }
+    bool canUnload() const;
+    container::ComPtr<IClassFactory> factory(const std::wstring& className) const;
+    container::ComPtr<IUnknown> create(const std::wstring& className) const;
+
+private:
+    HMODULE module_;
+};
+
+// A visible window with a form and one control on it.
+class HostedControl {
+public:
+    explicit HostedControl(const std::wstring& className, container::SiteSettings settings = {},
+                           const container::InitialState& state = {});
+
+    LoadedServer server;
+    TestWindow window;
+    container::ControlForm form;
+    container::ControlSite site;
+    container::MessageLoop loop;
+
+    container::Dispatch object() const { return site.object(); }
+    void activate(RECT bounds = {10, 10, 130, 34});
+};
+
+}  // namespace obk::testing_support
