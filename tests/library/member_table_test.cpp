@@ -229,6 +229,7 @@ TEST_P(MemberTableTest, EveryPropertyComesBackFromABagAndFromItsBytes) {
     };
     MemoryBag none;
     for (const Member* member : writable()) {
+        if (notRestored.has(table(), member->name)) continue;
         control = loadedFrom(none);
         ASSERT_TRUE(change(*control, *member)) << toUtf8(member->name) << " takes no other value";
         MemoryBag saved;
@@ -245,14 +246,25 @@ TEST_P(MemberTableTest, EveryPropertyComesBackFromABagAndFromItsBytes) {
     const auto loaded = loadedFrom(saved);
     expectSameProperties(*control, *loaded, "all changes");
     loaded->save(again);
-    EXPECT_EQ(again.serialized(), saved.serialized());
+    const auto restored = [this](const MemoryBag& bag) {
+        MemoryBag kept;
+        for (const auto& [key, value] : bag.entries()) {
+            const auto row = std::find_if(table().persisted.begin(), table().persisted.end(),
+                                          [&key](const auto& each) { return each.writeKey == key; });
+            if (!row->property || !notRestored.has(table(), row->property->name)) kept.write(key, value);
+        }
+        return kept.serialized();
+    };
+    EXPECT_EQ(restored(again), restored(saved));
 }
 
 TEST_P(MemberTableTest, SavingKeepsTheOrderAndTypesAndLeavesOutTheDefaults) {
     MemoryBag bag;
     control->load(bag);
     control->save(bag);
-    EXPECT_TRUE(bag.entries().empty()) << toUtf8(bag.entries().front().first) << " has its default";
+    for (const auto& [key, value] : bag.entries())
+        EXPECT_TRUE(storedAtDefault.has(table(), key)) << toUtf8(key) << " has its default";
+    bag = {};
     for (const Member* member : writable()) change(*control, *member);
     control->save(bag);
     auto row = table().persisted.begin();
@@ -262,7 +274,10 @@ TEST_P(MemberTableTest, SavingKeepsTheOrderAndTypesAndLeavesOutTheDefaults) {
         ASSERT_NE(row, table().persisted.end()) << toUtf8(key) << " is out of order";
         EXPECT_EQ(typeOf(value), row->storedAs) << toUtf8(key);
     }
-    EXPECT_EQ(bag.entries().size(), table().persisted.size());
+    const auto changeable = std::count_if(
+        table().persisted.begin(), table().persisted.end(),
+        [this](const PersistedValue& value) { return !notChangeable.has(table(), value.writeKey); });
+    EXPECT_EQ(bag.entries().size(), static_cast<size_t>(changeable));
 }
 
 TEST_P(MemberTableTest, MissingKeysGiveTheReadingDefaultsInSilence) {
@@ -271,7 +286,9 @@ TEST_P(MemberTableTest, MissingKeysGiveTheReadingDefaultsInSilence) {
     MemoryBag none;
     control->load(none);
     for (const PersistedValue& row : table().persisted) {
-        if (row.property) {
+        // No font is the default of a font that then stays as it is.
+        const bool noFont = row.type == ValueType::font && same(readingDefault(row), FontRef());
+        if (row.property && !noFont) {
             EXPECT_TRUE(same(read(*control, *row.property), readingDefault(row))) << toUtf8(row.readKey);
         }
     }
@@ -367,7 +384,9 @@ TEST_P(MemberTableTest, EveryMemberTakesEveryValueOrRefusesIt) {
         }
     };
     walk();
-    EXPECT_EQ(platform.windowCount(), 0u) << "nothing of this needs a window";
+    if (!makesWindow.hasAny(table())) {
+        EXPECT_EQ(platform.windowCount(), 0u) << "nothing of this needs a window";
+    }
     activate({0, 0, 90, 30});
     walk();
     platform.surface(control->window())->paint();
