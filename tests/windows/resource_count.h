@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <ostream>
+#include <set>
 
 namespace obk::testing_support {
 
@@ -29,23 +30,19 @@ inline int gdiObjectCount() {
 
 // Windows of this thread, hidden, message-only and child windows included.
 inline int windowCount() {
-    int count = 0;
-    const auto counter = reinterpret_cast<LPARAM>(&count);
-    const WNDENUMPROC countTree = [](HWND window, LPARAM counted) {
-        ++*reinterpret_cast<int*>(counted);
-        EnumChildWindows(
-            window,
-            [](HWND, LPARAM inner) {
-                ++*reinterpret_cast<int*>(inner);
-                return TRUE;
-            },
-            counted);
+    std::set<HWND> found;  // some systems list message-only windows among the thread's, others do not
+    const WNDENUMPROC add = [](HWND window, LPARAM windows) -> BOOL {
+        reinterpret_cast<std::set<HWND>*>(windows)->insert(window);
         return TRUE;
     };
-    EnumThreadWindows(GetCurrentThreadId(), countTree, counter);
-    for (HWND each = nullptr; (each = FindWindowExW(HWND_MESSAGE, each, nullptr, nullptr)) != nullptr;)
-        count += GetWindowThreadProcessId(each, nullptr) == GetCurrentThreadId();
-    return count;
+    const auto windows = reinterpret_cast<LPARAM>(&found);
+    EnumThreadWindows(GetCurrentThreadId(), add, windows);
+    for (HWND each = nullptr; (each = FindWindowExW(HWND_MESSAGE, each, nullptr, nullptr)) != nullptr;) {
+        if (GetWindowThreadProcessId(each, nullptr) == GetCurrentThreadId()) found.insert(each);
+    }
+    const std::set<HWND> topLevel = found;
+    for (const HWND each : topLevel) EnumChildWindows(each, add, windows);
+    return static_cast<int>(found.size());
 }
 
 struct ResourceCount {
