@@ -61,6 +61,15 @@ void RegistryEntries::add(std::wstring key, std::wstring text, std::wstring name
     entries_.push_back({std::move(key), std::move(name), std::move(text)});
 }
 
+bool RegistryEntries::present(const ClassesKey& classes) const {
+    for (const Entry& entry : entries_) {
+        OpenKey key;
+        if (RegOpenKeyExW(classes.root(), ClassesKey::path(entry.key).c_str(), 0, KEY_READ, key.put()) != ERROR_SUCCESS)
+            return false;
+    }
+    return true;
+}
+
 bool RegistryEntries::write(const ClassesKey& classes) const {
     bool written = true;
     for (const Entry& entry : entries_) {
