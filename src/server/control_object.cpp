@@ -115,6 +115,7 @@ void ControlObject::propertyChanged(const Member* property) {
     dirty_ = true;
     const Hold hold(*this);
     attempt([&] { connections_.propertyChanged(property ? property->number : DISPID_UNKNOWN); });
+    advisers_.viewChanged();
 }
 
 FontRef ControlObject::ambientFont() { return site_.ambientFont(); }
