@@ -91,18 +91,31 @@ private:
 
 constexpr uint32_t white = 0xFFFFFF;
 
+BOOL CALLBACK addClassName(HWND window, LPARAM list) {
+    wchar_t name[200] = L"";
+    GetClassNameW(window, name, 200);
+    reinterpret_cast<std::vector<std::wstring>*>(list)->push_back(name);
+    return TRUE;
+}
+
 std::vector<std::wstring> classesOfModule(HWND host) {
     std::vector<std::wstring> names;
-    EnumChildWindows(
-        host,
-        [](HWND window, LPARAM list) {
-            wchar_t name[200] = L"";
-            GetClassNameW(window, name, 200);
-            reinterpret_cast<std::vector<std::wstring>*>(list)->push_back(name);
-            return TRUE;
-        },
-        reinterpret_cast<LPARAM>(&names));
+    EnumChildWindows(host, addClassName, reinterpret_cast<LPARAM>(&names));
     return names;
+}
+
+int hostWheels = 0;
+
+LRESULT CALLBACK countWheels(HWND window, UINT code, WPARAM wParam, LPARAM lParam) {
+    if (code == WM_MOUSEWHEEL) ++hostWheels;
+    return DefWindowProcW(window, code, wParam, lParam);
+}
+
+BOOL CALLBACK findToolTip(HWND window, LPARAM found) {
+    wchar_t name[50] = L"";
+    GetClassNameW(window, name, 50);
+    if (std::wstring(name) == L"tooltips_class32" && IsWindowVisible(window)) *reinterpret_cast<HWND*>(found) = window;
+    return TRUE;
 }
 
 // Resources
@@ -288,23 +301,17 @@ TEST_F(WindowTest, WhatAnInputMethodTypesIsFilteredLikeKeys) {
 
 TEST_F(WindowTest, TheHostGetsTheWheelThatNobodyUses) {
     open();
-    static int wheels;
-    wheels = 0;
-    const auto original = reinterpret_cast<WNDPROC>(
-        SetWindowLongPtrW(driver.hostWindow(), GWLP_WNDPROC,
-                          reinterpret_cast<LONG_PTR>(
-                              static_cast<WNDPROC>([](HWND window, UINT code, WPARAM wParam, LPARAM lParam) {
-                                  if (code == WM_MOUSEWHEEL) ++wheels;
-                                  return DefWindowProcW(window, code, wParam, lParam);
-                              }))));
+    hostWheels = 0;
+    const auto original = reinterpret_cast<WNDPROC>(SetWindowLongPtrW(
+        driver.hostWindow(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(static_cast<WNDPROC>(countWheels))));
     areaClient.usesWheel = boxClient.usesWheel = false;
     SendMessageW(boxWindow(), WM_MOUSEWHEEL, static_cast<WPARAM>(120) << 16, 0);
-    EXPECT_EQ(wheels, 1);
+    EXPECT_EQ(hostWheels, 1);
     SendMessageW(areaWindow(), WM_MOUSEWHEEL, static_cast<WPARAM>(120) << 16, 0);
-    EXPECT_EQ(wheels, 2);
+    EXPECT_EQ(hostWheels, 2);
     boxClient.usesWheel = true;
     SendMessageW(boxWindow(), WM_MOUSEWHEEL, static_cast<WPARAM>(120) << 16, 0);
-    EXPECT_EQ(wheels, 2);
+    EXPECT_EQ(hostWheels, 2);
     SetWindowLongPtrW(driver.hostWindow(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(original));
     EXPECT_EQ(taken(), (Journal{"box.wheel 120", "area.wheel 120", "box.wheel 120"}));
 }
@@ -346,16 +353,7 @@ TEST_F(WindowTest, AToolTipShowsWhereTheMouseRests) {
     open();
     const auto shown = [&] {
         HWND tip = nullptr;
-        EnumThreadWindows(
-            GetCurrentThreadId(),
-            [](HWND window, LPARAM found) {
-                wchar_t name[50] = L"";
-                GetClassNameW(window, name, 50);
-                if (std::wstring(name) == L"tooltips_class32" && IsWindowVisible(window))
-                    *reinterpret_cast<HWND*>(found) = window;
-                return TRUE;
-            },
-            reinterpret_cast<LPARAM>(&tip));
+        EnumThreadWindows(GetCurrentThreadId(), findToolTip, reinterpret_cast<LPARAM>(&tip));
         return tip != nullptr;
     };
     area->setToolTip({140, 70, 200, 120}, u"Navy");

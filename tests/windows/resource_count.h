@@ -28,20 +28,22 @@ inline int gdiObjectCount() {
     return count;
 }
 
+// Named, because what the system calls back has its own calling convention on 32-bit systems.
+inline BOOL CALLBACK addWindow(HWND window, LPARAM windows) {
+    reinterpret_cast<std::set<HWND>*>(windows)->insert(window);
+    return TRUE;
+}
+
 // Windows of this thread, hidden, message-only and child windows included.
 inline int windowCount() {
     std::set<HWND> found;  // some systems list message-only windows among the thread's, others do not
-    const WNDENUMPROC add = [](HWND window, LPARAM windows) -> BOOL {
-        reinterpret_cast<std::set<HWND>*>(windows)->insert(window);
-        return TRUE;
-    };
     const auto windows = reinterpret_cast<LPARAM>(&found);
-    EnumThreadWindows(GetCurrentThreadId(), add, windows);
+    EnumThreadWindows(GetCurrentThreadId(), addWindow, windows);
     for (HWND each = nullptr; (each = FindWindowExW(HWND_MESSAGE, each, nullptr, nullptr)) != nullptr;) {
         if (GetWindowThreadProcessId(each, nullptr) == GetCurrentThreadId()) found.insert(each);
     }
     const std::set<HWND> topLevel = found;
-    for (const HWND each : topLevel) EnumChildWindows(each, add, windows);
+    for (const HWND each : topLevel) EnumChildWindows(each, addWindow, windows);
     return static_cast<int>(found.size());
 }
 
