@@ -3,6 +3,7 @@
 #include "container/server_context.h"
 
 #include <windows.h>
+
 #include <oleauto.h>
 
 #include <algorithm>
@@ -34,17 +35,19 @@ double nanosecondsPerCall(const std::function<void(int)>& calls) {
     return best;
 }
 
-#define MEASURED_PROPERTY(name)                               \
+#define MEASURED_PROPERTY(name)                                   \
     virtual HRESULT STDMETHODCALLTYPE get_##name(double* value) { \
-        *value = value_;                                      \
-        return S_OK;                                          \
-    }                                                         \
-    virtual HRESULT STDMETHODCALLTYPE put_##name(double value) { \
-        value_ = value;                                       \
-        return S_OK;                                          \
+        *value = value_;                                          \
+        return S_OK;                                              \
+    }                                                             \
+    virtual HRESULT STDMETHODCALLTYPE put_##name(double value) {  \
+        value_ = value;                                           \
+        return S_OK;                                              \
     }
-#define MEASURED_METHOD(name) \
-    virtual HRESULT STDMETHODCALLTYPE name() { return S_OK; }
+#define MEASURED_METHOD(name)                  \
+    virtual HRESULT STDMETHODCALLTYPE name() { \
+        return S_OK;                           \
+    }
 
 // The dual interface; the order of the functions is that of the definition. Lives on the stack.
 class Measured : public IDispatch {
@@ -69,8 +72,8 @@ public:
     HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) override {
         return types_.GetIDsOfNames(names, count, ids);
     }
-    HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* parameters, VARIANT* result,
-                                     EXCEPINFO* exception, UINT* wrong) override {
+    HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* parameters,
+                                     VARIANT* result, EXCEPINFO* exception, UINT* wrong) override {
         return types_.Invoke(this, id, flags, parameters, result, exception, wrong);
     }
 
@@ -112,8 +115,8 @@ void get(IDispatch& object, int calls) {
     for (int call = 0; call < calls; ++call) {
         VARIANT value;
         VariantInit(&value);
-        check(object.Invoke(intervalNumber, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYGET, &none, &value, nullptr,
-                            nullptr));
+        check(object.Invoke(intervalNumber, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYGET, &none,
+                            &value, nullptr, nullptr));
         if (value.vt != VT_R8) failed = true;
     }
 }
@@ -125,14 +128,15 @@ void put(IDispatch& object, int calls) {
     DISPPARAMS parameters{&value, &named, 1, 1};
     for (int call = 0; call < calls; ++call) {
         V_R8(&value) = call;
-        check(object.Invoke(intervalNumber, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYPUT, &parameters, nullptr,
-                            nullptr, nullptr));
+        check(object.Invoke(intervalNumber, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYPUT, &parameters,
+                            nullptr, nullptr, nullptr));
     }
 }
 
 // Names from all over the interface, as a script has them.
 void lookUp(IDispatch& object, int calls) {
-    wchar_t names[][24] = {L"Alignment", L"backcolor", L"Interval", L"KeyLock", L"Max", L"Text", L"ThousandsSeparator"};
+    wchar_t names[][24] = {L"Alignment", L"backcolor", L"Interval",          L"KeyLock",
+                           L"Max",       L"Text",      L"ThousandsSeparator"};
     constexpr int count = static_cast<int>(std::size(names));
     for (int call = 0; call < calls; ++call) {
         LPOLESTR name = names[call % count];
@@ -141,11 +145,12 @@ void lookUp(IDispatch& object, int calls) {
     }
 }
 
-void report(const char* what, void (*measured)(IDispatch&, int), IDispatch& control, IDispatch& dual, double wanted) {
+void report(const char* what, void (*measured)(IDispatch&, int), IDispatch& control, IDispatch& dual,
+            double wanted) {
     const double own = nanosecondsPerCall([&](int calls) { measured(control, calls); });
     const double system = nanosecondsPerCall([&](int calls) { measured(dual, calls); });
-    std::printf("%-22s %8.1f ns, the type library's %8.1f ns: %5.1f times faster (wanted: %.0f)\n", what, own, system,
-                system / own, wanted);
+    std::printf("%-22s %8.1f ns, the type library's %8.1f ns: %5.1f times faster (wanted: %.0f)\n", what, own,
+                system, system / own, wanted);
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include "server/com_ptr.h"
 
 #include <windows.h>
+
 #include <oleidl.h>
 
 namespace obk::server {

@@ -24,8 +24,8 @@ public:
 
     const IID& id() const { return id_; }
     bool connected() const { return !sinks_.empty(); }
-    // Calls every sink that was connected when this began and still is. `Interface` is the point's own, or IDispatch
-    // for one that dispatches.
+    // Calls every sink that was connected when this began and still is. `Interface` is the point's own, or
+    // IDispatch for one that dispatches.
     template <typename Interface, typename Call>
     void each(Call&& call) const {
         const std::vector<Sink> present = sinks_;

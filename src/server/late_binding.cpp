@@ -30,10 +30,14 @@ void setWrongArgument(UINT* wrongArgument, UINT place) {
 
 HRESULT resultOf(CallStatus status) {
     switch (status) {
-        case CallStatus::done: return S_OK;
-        case CallStatus::noSuchMember: return DISP_E_MEMBERNOTFOUND;
-        case CallStatus::wrongArgumentCount: return DISP_E_BADPARAMCOUNT;
-        case CallStatus::wrongArgumentType: return DISP_E_TYPEMISMATCH;
+        case CallStatus::done:
+            return S_OK;
+        case CallStatus::noSuchMember:
+            return DISP_E_MEMBERNOTFOUND;
+        case CallStatus::wrongArgumentCount:
+            return DISP_E_BADPARAMCOUNT;
+        case CallStatus::wrongArgumentType:
+            return DISP_E_TYPEMISMATCH;
     }
     return E_UNEXPECTED;
 }
@@ -47,7 +51,8 @@ HRESULT get(Control& control, const Member& member, const DISPPARAMS& arguments,
     return result ? variantFromValue(value, *result) : S_OK;
 }
 
-HRESULT put(Control& control, const Member& member, WORD flags, const DISPPARAMS& arguments, UINT* wrongArgument) {
+HRESULT put(Control& control, const Member& member, WORD flags, const DISPPARAMS& arguments,
+            UINT* wrongArgument) {
     if (!member.put) return DISP_E_MEMBERNOTFOUND;
     if (!(flags & DISPATCH_PROPERTYPUT) && !member.putByReference) return DISP_E_MEMBERNOTFOUND;
     if (arguments.cArgs != 1) return DISP_E_BADPARAMCOUNT;
@@ -68,7 +73,8 @@ HRESULT put(Control& control, const Member& member, WORD flags, const DISPPARAMS
 // Where each parameter's argument stands in the caller's list; none for one that is left out.
 constexpr UINT none = ~0u;
 
-HRESULT place(const Member& method, const DISPPARAMS& arguments, std::vector<UINT>& places, UINT* wrongArgument) {
+HRESULT place(const Member& method, const DISPPARAMS& arguments, std::vector<UINT>& places,
+              UINT* wrongArgument) {
     const size_t count = method.parameters.size();
     if (arguments.cArgs > count) return DISP_E_BADPARAMCOUNT;
     if (arguments.cNamedArgs > arguments.cArgs) return E_INVALIDARG;
@@ -138,8 +144,8 @@ HRESULT idsOfNames(const ControlTable& table, LPOLESTR* names, UINT count, DISPI
     return result;
 }
 
-HRESULT invokeMember(const ControlTable& table, Control& control, DISPID id, WORD flags, const DISPPARAMS& arguments,
-                     VARIANT* result, UINT* wrongArgument) {
+HRESULT invokeMember(const ControlTable& table, Control& control, DISPID id, WORD flags,
+                     const DISPPARAMS& arguments, VARIANT* result, UINT* wrongArgument) {
     if (result) V_VT(result) = VT_EMPTY;
     const Member* member = table.member(id);
     if (!member) return DISP_E_MEMBERNOTFOUND;

@@ -39,7 +39,7 @@ RegistryEntries classEntries(const ControlTable& table, const std::wstring& file
     entries.add(key + L"\\TypeLib", guidText(systemGuid(library().id)));
     entries.add(key + L"\\Version", wideText(libraryVersion(library())));
     entries.add(key + L"\\Verb\\0", L"Edit,0,0");
-    entries.add(key + L"\\Verb\\-7", L"&Properties,0,2"); // shown in the container's menu
+    entries.add(key + L"\\Verb\\-7", L"&Properties,0,2");  // shown in the container's menu
     entries.add(key + L"\\Implemented Categories\\" + controlCategory, L"");
     entries.add(versioned, description);
     entries.add(versioned + L"\\CLSID", id);
@@ -58,10 +58,12 @@ RegistryEntries currentVersionEntries(const ControlTable& table) {
 
 constexpr wchar_t dispatchProxy[] = L"{00020420-0000-0000-C000-000000000046}";
 
-std::wstring typeLibraryKey() { return L"TypeLib\\" + guidText(systemGuid(library().id)); }
+std::wstring typeLibraryKey() {
+    return L"TypeLib\\" + guidText(systemGuid(library().id));
+}
 
-// The system can register a type library itself, for one user not everywhere, and takes back more or less than it
-// wrote; so its values are written as all others are.
+// The system can register a type library itself, for one user not everywhere, and takes back more or less
+// than it wrote; so its values are written as all others are.
 RegistryEntries fileEntries(const wchar_t* system, const std::wstring& file) {
     RegistryEntries entries;
     entries.add(typeLibraryKey() + L"\\" + wideText(libraryVersion(library())) + L"\\0\\" + system, file);
@@ -97,7 +99,8 @@ HRESULT registerServer(RegistrationScope scope) {
     const ClassesKey classes(scope);
     bool written = fileEntries(ownSystem, file).write(classes) && typeEntries(file).write(classes);
     for (const ControlTable* table : publicControls(library())) {
-        written = written && classEntries(*table, file).write(classes) && currentVersionEntries(*table).write(classes);
+        written = written && classEntries(*table, file).write(classes) &&
+                  currentVersionEntries(*table).write(classes);
     }
     if (written) return S_OK;
     unregisterServer(scope);
@@ -115,7 +118,8 @@ HRESULT unregisterServer(RegistrationScope scope) {
         removed = classEntries(*table, file).remove(classes) && removed;
     }
     removed = fileEntries(ownSystem, file).remove(classes) && removed;
-    if (!fileEntries(otherSystem, file).present(classes)) removed = typeEntries(file).remove(classes) && removed;
+    if (!fileEntries(otherSystem, file).present(classes))
+        removed = typeEntries(file).remove(classes) && removed;
     return removed ? S_OK : SELFREG_E_CLASS;
 }
 

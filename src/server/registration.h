@@ -7,7 +7,8 @@
 
 namespace obk::server {
 
-// Every public class, its programmatic identifiers and the type library. What a failure leaves half done is removed.
+// Every public class, its programmatic identifiers and the type library. What a failure leaves half done is
+// removed.
 HRESULT registerServer(RegistrationScope scope);
 // Removes what registering writes, and nothing else: keys that hold anything of others stay.
 HRESULT unregisterServer(RegistrationScope scope);

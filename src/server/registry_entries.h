@@ -34,8 +34,8 @@ public:
     bool present(const ClassesKey& classes) const;
     // False when one could not be written; the others are.
     bool write(const ClassesKey& classes) const;
-    // Removes the values, then every key above them that has become empty. False when one could not be removed; one
-    // that is not there counts as removed.
+    // Removes the values, then every key above them that has become empty. False when one could not be
+    // removed; one that is not there counts as removed.
     bool remove(const ClassesKey& classes) const;
 
 private:

@@ -1,4 +1,5 @@
-// Hosts that nobody here wrote: the system's script host and its container of windows, and activation by manifest.
+// Hosts that nobody here wrote: the system's script host and its container of windows, and activation by
+// manifest.
 #include "server_support.h"
 
 #include "container/text.h"
@@ -37,14 +38,16 @@ struct ProgramRun {
         start.dwFlags = STARTF_USESTDHANDLES;
         start.hStdOutput = start.hStdError = writing;
         PROCESS_INFORMATION process{};
-        if (CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, TRUE, CREATE_NO_WINDOW, nullptr, nullptr,
-                           &start, &process)) {
+        if (CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, TRUE, CREATE_NO_WINDOW, nullptr,
+                           nullptr, &start, &process)) {
             CloseHandle(writing);
             writing = nullptr;
-            if (WaitForSingleObject(process.hProcess, 30000) != WAIT_OBJECT_0) TerminateProcess(process.hProcess, 99);
+            if (WaitForSingleObject(process.hProcess, 30000) != WAIT_OBJECT_0)
+                TerminateProcess(process.hProcess, 99);
             char buffer[4096];
             DWORD got = 0;
-            while (ReadFile(reading, buffer, sizeof buffer, &got, nullptr) && got > 0) output.append(buffer, got);
+            while (ReadFile(reading, buffer, sizeof buffer, &got, nullptr) && got > 0)
+                output.append(buffer, got);
             GetExitCodeProcess(process.hProcess, &exitCode);
             CloseHandle(process.hThread);
             CloseHandle(process.hProcess);
@@ -89,8 +92,9 @@ TEST(ServerClients, TheSystemsContainerShowsEveryControl) {
     for (const std::wstring& name : serverClasses()) {
         const std::string what = container::toUtf8(name);
         TestWindow window;
-        const HWND host = CreateWindowExW(0, L"AtlAxWin110", (L"OBKCTRLS." + name).c_str(), WS_CHILD | WS_VISIBLE, 10,
-                                          10, 160, 40, window.handle(), nullptr, GetModuleHandleW(nullptr), nullptr);
+        const HWND host =
+            CreateWindowExW(0, L"AtlAxWin110", (L"OBKCTRLS." + name).c_str(), WS_CHILD | WS_VISIBLE, 10, 10,
+                            160, 40, window.handle(), nullptr, GetModuleHandleW(nullptr), nullptr);
         ASSERT_TRUE(host) << what;
         ComPtr<IUnknown> control;
         ASSERT_EQ(getControl(host, control.put()), S_OK) << what;
@@ -131,8 +135,11 @@ TEST(ServerClients, AManifestBesideTheFileReplacesRegistration) {
     for (const std::wstring& name : serverClasses()) {
         for (const wchar_t* version : {L"", L".1"}) {
             ComPtr<IUnknown> control;
-            EXPECT_EQ(CLSIDFromProgID((L"OBKCTRLS." + name + version).c_str(), &id), S_OK) << container::toUtf8(name);
-            EXPECT_EQ(CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, __uuidof(IUnknown), control.putVoid()), S_OK);
+            EXPECT_EQ(CLSIDFromProgID((L"OBKCTRLS." + name + version).c_str(), &id), S_OK)
+                << container::toUtf8(name);
+            EXPECT_EQ(
+                CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, __uuidof(IUnknown), control.putVoid()),
+                S_OK);
             // The class goes by another identifier there, which the system made up for the context.
             EXPECT_EQ(container::TypeMembers::of(control.get()).className(), name);
         }

@@ -1,8 +1,8 @@
 // Late-bound calls from outside: every member of every class, with right and with wrong arguments.
 #include "server_support.h"
 
-#include "container/text.h"
 #include "container/stored_value.h"
+#include "container/text.h"
 #include "container/type_members.h"
 
 #include <gtest/gtest.h>
@@ -37,11 +37,14 @@ struct Call {
         for (const Variant& argument : arguments) raw.push_back(argument.get());
         DISPPARAMS parameters{raw.data(), named.data(), static_cast<UINT>(raw.size()),
                               static_cast<UINT>(named.size())};
-        return object->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, flags, &parameters, result.put(), nullptr, &wrong);
+        return object->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, flags, &parameters, result.put(), nullptr,
+                              &wrong);
     }
 };
 
-Call put(Variant value) { return {DISPATCH_PROPERTYPUT, {std::move(value)}, {namedPut}, {}, untouched}; }
+Call put(Variant value) {
+    return {DISPATCH_PROPERTYPUT, {std::move(value)}, {namedPut}, {}, untouched};
+}
 
 std::string label(const std::wstring& control, const Member& member) {
     return container::toUtf8(control + L"." + member.name);
@@ -69,10 +72,13 @@ public:
     explicit DefaultValueObject(Variant value) : value_(std::move(value)) {}
     HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override { return *count = 0, S_OK; }
     HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override {
+        return E_NOTIMPL;
+    }
     HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS*, VARIANT* result, EXCEPINFO*,
                                      UINT*) override {
-        return id == DISPID_VALUE && result ? VariantCopy(result, const_cast<VARIANT*>(&value_.get())) : DISP_E_MEMBERNOTFOUND;
+        return id == DISPID_VALUE && result ? VariantCopy(result, const_cast<VARIANT*>(&value_.get()))
+                                            : DISP_E_MEMBERNOTFOUND;
     }
 
 private:
@@ -113,8 +119,8 @@ TEST_F(ServerDispatch, NamesAreFoundInAnyLetterCaseWithTheNumbersOfTheTypeLibrar
                 std::vector<LPOLESTR> pointers;
                 for (std::wstring& each : names) pointers.push_back(each.data());
                 std::vector<DISPID> ids(names.size(), 999);
-                ASSERT_EQ(dispatch->GetIDsOfNames(IID_NULL, pointers.data(), static_cast<UINT>(pointers.size()), 0,
-                                                  ids.data()),
+                ASSERT_EQ(dispatch->GetIDsOfNames(IID_NULL, pointers.data(),
+                                                  static_cast<UINT>(pointers.size()), 0, ids.data()),
                           S_OK)
                     << label(name, member);
                 EXPECT_EQ(ids[0], member.number) << label(name, member);
@@ -137,11 +143,13 @@ TEST_F(ServerDispatch, EveryPropertyGivesTheTypeThatItDeclaresAndTakesItBack) {
         for (const Member& member : members.properties()) {
             Call read{DISPATCH_PROPERTYGET | DISPATCH_METHOD, {}, {}, {}, untouched};
             ASSERT_EQ(read.on(dispatch.get(), member.number), S_OK) << label(name, member);
-            const bool isObject =
-                member.type.kind == container::ValueKind::Font || member.type.kind == container::ValueKind::Picture;
+            const bool isObject = member.type.kind == container::ValueKind::Font ||
+                                  member.type.kind == container::ValueKind::Picture;
             // Hosts without unsigned numbers read a colour as a Long.
             const bool isColour = member.type.kind == container::ValueKind::Colour;
-            EXPECT_EQ(read.result.type(), isObject ? VARTYPE{VT_DISPATCH} : isColour ? VARTYPE{VT_I4} : member.type.type)
+            EXPECT_EQ(read.result.type(), isObject   ? VARTYPE{VT_DISPATCH}
+                                          : isColour ? VARTYPE{VT_I4}
+                                                     : member.type.type)
                 << label(name, member);
             if (!member.writable) continue;
             EXPECT_EQ(put(read.result).on(dispatch.get(), member.number), S_OK) << label(name, member);
@@ -162,7 +170,8 @@ TEST_F(ServerDispatch, WrongCallsAreRefusedAndChangeNothing) {
     VARIANT array{};
     V_VT(&array) = VT_ARRAY | VT_I4;
     V_ARRAY(&array) = SafeArrayCreateVector(VT_I4, 0, 2);
-    const std::vector<Variant> useless{Variant(null), Variant(array), Variant(static_cast<IUnknown*>(fields.get())),
+    const std::vector<Variant> useless{Variant(null), Variant(array),
+                                       Variant(static_cast<IUnknown*>(fields.get())),
                                        plain<SCODE>(VT_ERROR, E_FAIL)};
     VariantClear(&array);
     for (const std::wstring& name : serverClasses()) {
@@ -174,7 +183,8 @@ TEST_F(ServerDispatch, WrongCallsAreRefusedAndChangeNothing) {
             const Variant before = container::Dispatch(dispatch).value(member.number);
             for (const Variant& value : useless) {
                 Call wrong = put(value);
-                EXPECT_EQ(wrong.on(dispatch.get(), member.number), DISP_E_TYPEMISMATCH) << what << " " << value.type();
+                EXPECT_EQ(wrong.on(dispatch.get(), member.number), DISP_E_TYPEMISMATCH)
+                    << what << " " << value.type();
                 EXPECT_EQ(wrong.wrong, 0u) << what;
             }
             Call noArgument{DISPATCH_PROPERTYPUT, {}, {}, {}, untouched};
@@ -182,12 +192,15 @@ TEST_F(ServerDispatch, WrongCallsAreRefusedAndChangeNothing) {
             Call surplus{DISPATCH_PROPERTYGET, {Variant(1)}, {}, {}, untouched};
             EXPECT_EQ(surplus.on(dispatch.get(), member.number), DISP_E_BADPARAMCOUNT) << what;
             EXPECT_EQ(surplus.result.type(), VT_EMPTY) << what;
-            if (member.type.kind != container::ValueKind::Font && member.type.kind != container::ValueKind::Picture) {
+            if (member.type.kind != container::ValueKind::Font &&
+                member.type.kind != container::ValueKind::Picture) {
                 Call set{DISPATCH_PROPERTYPUTREF, {Variant(1)}, {namedPut}, {}, untouched};
                 EXPECT_EQ(set.on(dispatch.get(), member.number), DISP_E_MEMBERNOTFOUND) << what;
             }
-            if (member.type.kind == container::ValueKind::Integer || member.type.kind == container::ValueKind::Number) {
-                EXPECT_EQ(put(Variant(L"ten")).on(dispatch.get(), member.number), DISP_E_TYPEMISMATCH) << what;
+            if (member.type.kind == container::ValueKind::Integer ||
+                member.type.kind == container::ValueKind::Number) {
+                EXPECT_EQ(put(Variant(L"ten")).on(dispatch.get(), member.number), DISP_E_TYPEMISMATCH)
+                    << what;
                 EXPECT_EQ(put(foreign.get()).on(dispatch.get(), member.number), DISP_E_TYPEMISMATCH) << what;
             }
             if (member.type.kind == container::ValueKind::Integer) {
@@ -196,14 +209,18 @@ TEST_F(ServerDispatch, WrongCallsAreRefusedAndChangeNothing) {
             EXPECT_EQ(container::Dispatch(dispatch).value(member.number).toText(), before.toText()) << what;
         }
         for (const Member& method : members.methods()) {
-            Call surplus{DISPATCH_METHOD, Arguments(method.arguments.size() + 1, Variant(1)), {}, {}, untouched};
+            Call surplus{
+                DISPATCH_METHOD, Arguments(method.arguments.size() + 1, Variant(1)), {}, {}, untouched};
             EXPECT_EQ(surplus.on(dispatch.get(), method.number), DISP_E_BADPARAMCOUNT) << label(name, method);
             Call asProperty{DISPATCH_PROPERTYPUT, {Variant(1)}, {namedPut}, {}, untouched};
-            EXPECT_EQ(asProperty.on(dispatch.get(), method.number), DISP_E_MEMBERNOTFOUND) << label(name, method);
+            EXPECT_EQ(asProperty.on(dispatch.get(), method.number), DISP_E_MEMBERNOTFOUND)
+                << label(name, method);
             for (size_t at = 0; at < method.arguments.size(); ++at) {
-                Call wrong{DISPATCH_METHOD, Arguments(method.arguments.size(), Variant(1)), {}, {}, untouched};
+                Call wrong{
+                    DISPATCH_METHOD, Arguments(method.arguments.size(), Variant(1)), {}, {}, untouched};
                 wrong.arguments[at] = Variant(null);
-                EXPECT_EQ(wrong.on(dispatch.get(), method.number), DISP_E_TYPEMISMATCH) << label(name, method);
+                EXPECT_EQ(wrong.on(dispatch.get(), method.number), DISP_E_TYPEMISMATCH)
+                    << label(name, method);
                 EXPECT_EQ(wrong.wrong, at) << label(name, method);
             }
         }
@@ -235,15 +252,40 @@ TEST_F(ServerDispatch, ANumberIsTakenFromEveryAutomationTypeThatHoldsOne) {
     const ComPtr<IDispatch> object(new DefaultValueObject(Variant(L"7")));
     VARIANT inner = Variant(7.0).detach();
 
-    const std::vector<Variant> sevens{
-        plain(VT_I1, i1), plain(VT_UI1, ui1), plain(VT_I2, i2), plain(VT_UI2, ui2), plain(VT_I4, i4), plain(VT_UI4, ui4),
-        plain(VT_INT, i4), plain(VT_UINT, ui4), plain(VT_I8, i8), plain(VT_UI8, ui8), plain(VT_R4, r4), plain(VT_R8, r8),
-        plain(VT_CY, currency), plain(VT_DATE, r8), Variant(text.view()), Variant(decimal), object.get(),
-        reference(VT_I1, i1), reference(VT_UI1, ui1), reference(VT_I2, i2), reference(VT_UI2, ui2), reference(VT_I4, i4),
-        reference(VT_UI4, ui4), reference(VT_INT, i4), reference(VT_UINT, ui4), reference(VT_I8, i8),
-        reference(VT_UI8, ui8), reference(VT_R4, r4), reference(VT_R8, r8), reference(VT_CY, currency),
-        reference(VT_DATE, r8), reference(VT_BSTR, bstr), reference(VT_DECIMAL, V_DECIMAL(&decimal)),
-        reference(VT_VARIANT, inner)};
+    const std::vector<Variant> sevens{plain(VT_I1, i1),
+                                      plain(VT_UI1, ui1),
+                                      plain(VT_I2, i2),
+                                      plain(VT_UI2, ui2),
+                                      plain(VT_I4, i4),
+                                      plain(VT_UI4, ui4),
+                                      plain(VT_INT, i4),
+                                      plain(VT_UINT, ui4),
+                                      plain(VT_I8, i8),
+                                      plain(VT_UI8, ui8),
+                                      plain(VT_R4, r4),
+                                      plain(VT_R8, r8),
+                                      plain(VT_CY, currency),
+                                      plain(VT_DATE, r8),
+                                      Variant(text.view()),
+                                      Variant(decimal),
+                                      object.get(),
+                                      reference(VT_I1, i1),
+                                      reference(VT_UI1, ui1),
+                                      reference(VT_I2, i2),
+                                      reference(VT_UI2, ui2),
+                                      reference(VT_I4, i4),
+                                      reference(VT_UI4, ui4),
+                                      reference(VT_INT, i4),
+                                      reference(VT_UINT, ui4),
+                                      reference(VT_I8, i8),
+                                      reference(VT_UI8, ui8),
+                                      reference(VT_R4, r4),
+                                      reference(VT_R8, r8),
+                                      reference(VT_CY, currency),
+                                      reference(VT_DATE, r8),
+                                      reference(VT_BSTR, bstr),
+                                      reference(VT_DECIMAL, V_DECIMAL(&decimal)),
+                                      reference(VT_VARIANT, inner)};
     for (const Variant& seven : sevens) {
         putOn(L"Max", 0L);
         putOn(L"Interval", 0.0);
@@ -313,13 +355,16 @@ TEST_F(ServerDispatch, AFontIsSharedWithTheHost) {
     for (const WORD flags : {WORD{DISPATCH_PROPERTYPUT}, WORD{DISPATCH_PROPERTYPUTREF}}) {
         Call set{flags, {font.get()}, {namedPut}, {}, untouched};
         EXPECT_EQ(set.on(box.get(), number(L"Font")), S_OK);
-        EXPECT_EQ(get(L"Font").toObject().query<IUnknown>().get(), font.query<IUnknown>().get()) << "the very object";
+        EXPECT_EQ(get(L"Font").toObject().query<IUnknown>().get(), font.query<IUnknown>().get())
+            << "the very object";
     }
     // What the control gives is live as well: a control's own font answers to changes by name.
     const auto own = server.create(L"UpDownTextBox").query<IDispatch>();
     const container::Dispatch ownFont(container::Dispatch(own).value(L"Font").toObject().get());
     EXPECT_EQ(ownFont.put(L"Size", 20.0), S_OK);
-    EXPECT_NEAR(*container::Dispatch(container::Dispatch(own).value(L"Font").toObject().get()).value(L"Size").toDouble(),
+    EXPECT_NEAR(*container::Dispatch(container::Dispatch(own).value(L"Font").toObject().get())
+                     .value(L"Size")
+                     .toDouble(),
                 20.0, 0.5);
 }
 

@@ -18,9 +18,13 @@ using container::EventSink;
 using container::Variant;
 
 // The text field of a control that is shown.
-HWND editOf(const HostedControl& hosted) { return FindWindowExW(hosted.site.window(), nullptr, nullptr, nullptr); }
+HWND editOf(const HostedControl& hosted) {
+    return FindWindowExW(hosted.site.window(), nullptr, nullptr, nullptr);
+}
 
-std::wstring textOf(const HostedControl& hosted) { return hosted.object().value(L"Text").toText(); }
+std::wstring textOf(const HostedControl& hosted) {
+    return hosted.object().value(L"Text").toText();
+}
 
 class ServerEvents : public testing::Test {
 protected:
@@ -63,7 +67,8 @@ TEST_F(ServerEvents, EverySinkSeesWhatThePreviousOneChanged) {
 
 TEST_F(ServerEvents, ASinkMayLeaveWhileItIsCalled) {
     const ComPtr<EventSink> first(new EventSink), second(new EventSink), third(new EventSink);
-    for (const auto& sink : {first, second, third}) ASSERT_EQ(sink->connect(hosted.site.control().get()), S_OK);
+    for (const auto& sink : {first, second, third})
+        ASSERT_EQ(sink->connect(hosted.site.control().get()), S_OK);
     first->on(L"Change", [&](EventCall&) {
         first->disconnect();
         second->disconnect();
@@ -114,7 +119,7 @@ TEST_F(ServerEvents, FrozenEventsAreDroppedAndNotKept) {
     EXPECT_EQ(events.journal().size(), 0u) << "freezes nest";
     hosted.site.freezeEvents(false);
     EXPECT_EQ(events.journal().size(), 0u) << "what was held back does not come later";
-    hosted.site.freezeEvents(false); // one too many
+    hosted.site.freezeEvents(false);  // one too many
     hosted.object().put(L"Text", L"4");
     EXPECT_EQ(events.count(L"Change"), 1u);
 }
@@ -151,7 +156,8 @@ TEST_F(ServerEvents, EveryClassHasAnEventInterfaceAlsoAnEmptyOne) {
         const auto points = control.query<IConnectionPointContainer>();
         ASSERT_TRUE(points);
         ComPtr<IConnectionPoint> point;
-        ASSERT_EQ(points->FindConnectionPoint(container::eventInterfaceOf(control.get()).id, point.put()), S_OK);
+        ASSERT_EQ(points->FindConnectionPoint(container::eventInterfaceOf(control.get()).id, point.put()),
+                  S_OK);
         IID id{};
         EXPECT_EQ(point->GetConnectionInterface(&id), S_OK);
         EXPECT_EQ(id, container::eventInterfaceOf(control.get()).id);
@@ -202,7 +208,8 @@ TEST_F(ServerEvents, AChangedFontOfTheHostReachesTheControl) {
     hosted.object().putReference(L"Font", font.get());
     const auto fontHeight = [&] {
         LOGFONTW shown{};
-        GetObjectW(reinterpret_cast<HFONT>(SendMessageW(editOf(hosted), WM_GETFONT, 0, 0)), sizeof shown, &shown);
+        GetObjectW(reinterpret_cast<HFONT>(SendMessageW(editOf(hosted), WM_GETFONT, 0, 0)), sizeof shown,
+                   &shown);
         return std::abs(shown.lfHeight);
     };
     const LONG before = fontHeight();

@@ -43,7 +43,8 @@ TEST(ServerLifetime, AConnectionPointKeepsItsControl) {
     LoadedServer server;
     auto control = server.create(L"UpDownTextBox");
     ComPtr<IConnectionPoint> point;
-    ASSERT_EQ(control.query<IConnectionPointContainer>()->FindConnectionPoint(__uuidof(IPropertyNotifySink), point.put()),
+    ASSERT_EQ(control.query<IConnectionPointContainer>()->FindConnectionPoint(__uuidof(IPropertyNotifySink),
+                                                                              point.put()),
               S_OK);
     control.reset();
     EXPECT_FALSE(server.canUnload());
@@ -62,7 +63,7 @@ void cycle(LoadedServer& server, container::ControlForm& form, int number) {
     ASSERT_EQ(site.activate({5, 5, 105, 30}), S_OK);
     ASSERT_TRUE(site.window());
     if (number % 4 == 0) site.uiActivate();
-    if (number % 3 == 0) site.deactivate(); // otherwise closed while it shows
+    if (number % 3 == 0) site.deactivate();  // otherwise closed while it shows
 }
 
 TEST(ServerLifetime, AThousandControlsLeaveNothingBehind) {
@@ -71,7 +72,8 @@ TEST(ServerLifetime, AThousandControlsLeaveNothingBehind) {
     container::ControlForm form(window.handle());
     container::MessageLoop loop;
     loop.add(form);
-    for (int number = 0; number < 24; ++number) cycle(server, form, number); // what the system keeps for itself
+    for (int number = 0; number < 24; ++number)
+        cycle(server, form, number);  // what the system keeps for itself
     loop.pumpPending();
     const ResourceCount before = ResourceCount::now();
     for (int number = 0; number < 1000; ++number) {
@@ -85,7 +87,7 @@ TEST(ServerLifetime, AThousandControlsLeaveNothingBehind) {
 
 TEST(ServerLifetime, AScriptThatShowsNothingMakesNoWindow) {
     LoadedServer server;
-    const auto first = server.create(L"UpDownTextBox"); // whatever the platform keeps for the thread
+    const auto first = server.create(L"UpDownTextBox");  // whatever the platform keeps for the thread
     const int before = windowCount();
     const auto second = server.create(L"UpDownTextBox");
     const container::Dispatch object(second.get());
@@ -95,7 +97,6 @@ TEST(ServerLifetime, AScriptThatShowsNothingMakesNoWindow) {
     EXPECT_EQ(object.value(L"Text").toText(), L"7");
     EXPECT_EQ(windowCount(), before);
 }
-
 
 // An object that contains a control as a part of itself.
 class Aggregate final : public IUnknown {
@@ -119,7 +120,8 @@ TEST(ServerLifetime, AnAggregatedControlAnswersAsItsOuterObject) {
         Aggregate outer;
         const auto factory = server.factory(L"UpDownTextBox");
         ComPtr<IDispatch> refused;
-        EXPECT_EQ(factory->CreateInstance(&outer, __uuidof(IDispatch), refused.putVoid()), CLASS_E_NOAGGREGATION);
+        EXPECT_EQ(factory->CreateInstance(&outer, __uuidof(IDispatch), refused.putVoid()),
+                  CLASS_E_NOAGGREGATION);
         ASSERT_EQ(factory->CreateInstance(&outer, __uuidof(IUnknown), outer.inner.putVoid()), S_OK);
         EXPECT_EQ(outer.references, 0u);
         for (const IID& iid : {__uuidof(IDispatch), __uuidof(IOleObject), __uuidof(IViewObject2),
@@ -142,7 +144,8 @@ TEST(ServerLifetime, IsNeverOfferedAsSafeForScripting) {
         EXPECT_EQ(server.create(name)->QueryInterface(objectSafety, safety.putVoid()), E_NOINTERFACE);
         safety.detach();
         ComPtr<IUnknown> licence;
-        EXPECT_EQ(server.factory(name)->QueryInterface(__uuidof(IClassFactory2), licence.putVoid()), E_NOINTERFACE);
+        EXPECT_EQ(server.factory(name)->QueryInterface(__uuidof(IClassFactory2), licence.putVoid()),
+                  E_NOINTERFACE);
         licence.detach();
     }
 }

@@ -41,8 +41,12 @@ void changeEverything(IUnknown* control) {
     for (const auto& member : members.properties()) {
         const Variant value = object.value(member.number);
         switch (member.type.kind) {
-            case container::ValueKind::Boolean: object.put(member.number, !*value.toBool()); break;
-            case container::ValueKind::Colour: object.put(member.number, static_cast<long>(0x80000012u)); break;
+            case container::ValueKind::Boolean:
+                object.put(member.number, !*value.toBool());
+                break;
+            case container::ValueKind::Colour:
+                object.put(member.number, static_cast<long>(0x80000012u));
+                break;
             case container::ValueKind::Font: {
                 StoredFont font;
                 font.name = L"Courier New";
@@ -51,9 +55,14 @@ void changeEverything(IUnknown* control) {
                 object.put(member.number, container::makeFont(font).get());
                 break;
             }
-            case container::ValueKind::Text: object.put(member.number, L"-3.25"); break;
-            case container::ValueKind::Number: object.put(member.number, 0.1); break;
-            default: object.put(member.number, *value.toLong() == 1 ? 2L : 1L);
+            case container::ValueKind::Text:
+                object.put(member.number, L"-3.25");
+                break;
+            case container::ValueKind::Number:
+                object.put(member.number, 0.1);
+                break;
+            default:
+                object.put(member.number, *value.toLong() == 1 ? 2L : 1L);
         }
     }
 }
@@ -69,7 +78,8 @@ const std::vector<Way>& ways() {
         {"bag",
          [](IUnknown* from, IUnknown* to) {
              const ComPtr<PropertyBagText> bag(new PropertyBagText);
-             EXPECT_EQ(ComPtr<IUnknown>(from).query<IPersistPropertyBag>()->Save(bag.get(), TRUE, FALSE), S_OK);
+             EXPECT_EQ(ComPtr<IUnknown>(from).query<IPersistPropertyBag>()->Save(bag.get(), TRUE, FALSE),
+                       S_OK);
              EXPECT_EQ(ComPtr<IUnknown>(to).query<IPersistPropertyBag>()->Load(bag.get(), bag.get()), S_OK);
              EXPECT_TRUE(bag->errors().empty());
          }},
@@ -83,7 +93,7 @@ const std::vector<Way>& ways() {
              EXPECT_EQ(saving->Save(stream.get(), TRUE), S_OK);
              stream->Seek({}, STREAM_SEEK_CUR, &written);
              EXPECT_LE(written.QuadPart, largest.QuadPart);
-             stream->Write("next", 4, nullptr); // whatever follows is left for the container
+             stream->Write("next", 4, nullptr);  // whatever follows is left for the container
              stream->Seek({}, STREAM_SEEK_SET, nullptr);
              EXPECT_EQ(ComPtr<IUnknown>(to).query<IPersistStreamInit>()->Load(stream.get()), S_OK);
              char next[5] = "";
@@ -95,9 +105,10 @@ const std::vector<Way>& ways() {
              ComPtr<ILockBytes> bytes;
              CreateILockBytesOnHGlobal(nullptr, TRUE, bytes.put());
              ComPtr<IStorage> storage;
-             ASSERT_EQ(StgCreateDocfileOnILockBytes(bytes.get(), STGM_CREATE | STGM_READWRITE | STGM_SHARE_EXCLUSIVE, 0,
-                                                    storage.put()),
-                       S_OK);
+             ASSERT_EQ(
+                 StgCreateDocfileOnILockBytes(
+                     bytes.get(), STGM_CREATE | STGM_READWRITE | STGM_SHARE_EXCLUSIVE, 0, storage.put()),
+                 S_OK);
              const auto saving = ComPtr<IUnknown>(from).query<IPersistStorage>();
              EXPECT_EQ(saving->Save(storage.get(), FALSE), S_OK);
              EXPECT_EQ(saving->SaveCompleted(nullptr), S_OK);
@@ -128,7 +139,8 @@ TEST_F(ServerPersistence, EveryPropertyComesBackByEveryWay) {
             from.query<IPersistStreamInit>()->InitNew();
             changeEverything(from.get());
             way.carry(from.get(), to.get());
-            EXPECT_EQ(stateOf(to.get()), stateOf(from.get())) << container::toUtf8(name) << " by " << way.name;
+            EXPECT_EQ(stateOf(to.get()), stateOf(from.get()))
+                << container::toUtf8(name) << " by " << way.name;
             EXPECT_EQ(from.query<IPersistStreamInit>()->IsDirty(), S_FALSE) << way.name;
             EXPECT_EQ(to.query<IPersistStreamInit>()->IsDirty(), S_FALSE) << way.name;
         }
@@ -172,15 +184,15 @@ TEST_F(ServerPersistence, ValuesAreStoredInTheTypesThatHostsKnow) {
 
 TEST_F(ServerPersistence, StoredValuesOfOtherTypesAreConvertedOrSkipped) {
     const ComPtr<PropertyBagText> bag(new PropertyBagText);
-    bag->set(L"MAX", Variant(L"25"));                 // a text, and the key in other letters
-    bag->set(L"Interval", Variant(L"much"));          // no number: skipped
-    bag->set(L"Alignment", Variant(1e9));             // a Long holds it
-    bag->set(L"Min", Variant(1e12));                  // nothing holds it: skipped
-    bag->set(L"Enabled", Variant(L"sometimes"));      // skipped
-    bag->set(L"Text", Variant(12.5));                 // a number as text
-    bag->set(L"Backcolor", Variant(2147483653.0));    // a colour as an unsigned number
+    bag->set(L"MAX", Variant(L"25"));               // a text, and the key in other letters
+    bag->set(L"Interval", Variant(L"much"));        // no number: skipped
+    bag->set(L"Alignment", Variant(1e9));           // a Long holds it
+    bag->set(L"Min", Variant(1e12));                // nothing holds it: skipped
+    bag->set(L"Enabled", Variant(L"sometimes"));    // skipped
+    bag->set(L"Text", Variant(12.5));               // a number as text
+    bag->set(L"Backcolor", Variant(2147483653.0));  // a colour as an unsigned number
     bag->set(L"ForeColor", container::StoredBytes{"\x01\x02"});
-    bag->set(L"Font", Variant(L"Tahoma"));            // no font: skipped
+    bag->set(L"Font", Variant(L"Tahoma"));  // no font: skipped
     bag->set(L"NoSuchKey", Variant(1));
     const auto control = loadedFrom(*bag);
     const Dispatch object(control.get());

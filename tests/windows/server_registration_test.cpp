@@ -73,7 +73,8 @@ protected:
     ~ServerRegistration() override { install(FALSE); }
     HRESULT install(BOOL add) const {
         using Install = HRESULT(WINAPI*)(BOOL, PCWSTR);
-        return reinterpret_cast<Install>(GetProcAddress(server.module(), "DllInstall"))(add, GetParam().commandLine);
+        return reinterpret_cast<Install>(GetProcAddress(server.module(), "DllInstall"))(
+            add, GetParam().commandLine);
     }
     static std::wstring digits(const GUID& id) {
         wchar_t text[40];
@@ -84,7 +85,8 @@ protected:
 };
 
 TEST_P(ServerRegistration, WritesEveryClassAndRemovesExactlyThat) {
-    const Snapshot machineBefore = classesUnder(HKEY_LOCAL_MACHINE), userBefore = classesUnder(HKEY_CURRENT_USER);
+    const Snapshot machineBefore = classesUnder(HKEY_LOCAL_MACHINE),
+                   userBefore = classesUnder(HKEY_CURRENT_USER);
     ASSERT_EQ(install(TRUE), S_OK);
     const Snapshot written = classesUnder(GetParam().root);
     const auto value = [&](const std::wstring& key, const wchar_t* name = L"") {
@@ -118,9 +120,12 @@ TEST_P(ServerRegistration, WritesEveryClassAndRemovesExactlyThat) {
         control.query<IOleObject>()->GetMiscStatus(DVASPECT_CONTENT, &status);
         EXPECT_EQ(value(key + L"\\MiscStatus\\1"), std::to_wstring(status)) << what;
         EXPECT_TRUE(written.contains(L"\\" + key + L"\\Control\\")) << what;
-        EXPECT_TRUE(written.contains(L"\\" + key + L"\\Implemented Categories\\{40FC6ED4-2438-11CF-A3DB-080036F12502}\\"));
-        for (const wchar_t* safe : {L"{7DD95801-9882-11CF-9FA9-00AA006C42C4}", L"{7DD95802-9882-11CF-9FA9-00AA006C42C4}"})
-            EXPECT_FALSE(written.contains(L"\\" + key + L"\\Implemented Categories\\" + safe + L"\\")) << "no scripting";
+        EXPECT_TRUE(written.contains(L"\\" + key +
+                                     L"\\Implemented Categories\\{40FC6ED4-2438-11CF-A3DB-080036F12502}\\"));
+        for (const wchar_t* safe :
+             {L"{7DD95801-9882-11CF-9FA9-00AA006C42C4}", L"{7DD95802-9882-11CF-9FA9-00AA006C42C4}"})
+            EXPECT_FALSE(written.contains(L"\\" + key + L"\\Implemented Categories\\" + safe + L"\\"))
+                << "no scripting";
         // A picture that is really there.
         const std::wstring picture = value(key + L"\\ToolboxBitmap32");
         ASSERT_EQ(picture.rfind(file + L", ", 0), 0u) << container::toUtf8(picture);
@@ -147,8 +152,8 @@ TEST_P(ServerRegistration, LeavesWhatOthersPutThere) {
     ASSERT_EQ(install(TRUE), S_OK) << "twice is as good as once";
     const std::wstring name = L"Software\\Classes\\OBKCTRLS." + serverClasses().front();
     HKEY key = nullptr;
-    ASSERT_EQ(RegCreateKeyExW(GetParam().root, (name + L"\\shellex").c_str(), 0, nullptr, 0, KEY_WRITE, nullptr, &key,
-                              nullptr),
+    ASSERT_EQ(RegCreateKeyExW(GetParam().root, (name + L"\\shellex").c_str(), 0, nullptr, 0, KEY_WRITE,
+                              nullptr, &key, nullptr),
               ERROR_SUCCESS);
     RegCloseKey(key);
     EXPECT_EQ(install(FALSE), S_OK);
@@ -165,7 +170,8 @@ TEST_P(ServerRegistration, ALaterVersionKeepsTheNameWithoutAVersion) {
     ASSERT_EQ(install(TRUE), S_OK);
     const std::wstring name = L"Software\\Classes\\OBKCTRLS." + serverClasses().front();
     const std::wstring later = L"OBKCTRLS." + serverClasses().front() + L".2";
-    ASSERT_EQ(RegSetValueW(GetParam().root, (name + L"\\CurVer").c_str(), REG_SZ, later.c_str(), 0), ERROR_SUCCESS);
+    ASSERT_EQ(RegSetValueW(GetParam().root, (name + L"\\CurVer").c_str(), REG_SZ, later.c_str(), 0),
+              ERROR_SUCCESS);
     EXPECT_EQ(install(FALSE), S_OK);
     const Snapshot left = classesUnder(GetParam().root);
     const auto kept = left.find(L"\\OBKCTRLS." + serverClasses().front() + L"\\CurVer:");
@@ -182,7 +188,8 @@ INSTANTIATE_TEST_SUITE_P(Scopes, ServerRegistration,
 TEST(ServerInstall, RefusesACommandThatItDoesNotKnow) {
     LoadedServer server;
     using Install = HRESULT(WINAPI*)(BOOL, PCWSTR);
-    EXPECT_EQ(reinterpret_cast<Install>(GetProcAddress(server.module(), "DllInstall"))(TRUE, L"everyone"), E_INVALIDARG);
+    EXPECT_EQ(reinterpret_cast<Install>(GetProcAddress(server.module(), "DllInstall"))(TRUE, L"everyone"),
+              E_INVALIDARG);
 }
 
 }  // namespace

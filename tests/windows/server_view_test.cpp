@@ -19,10 +19,12 @@ using container::ComPtr;
 
 class DrawnPixels {
 public:
-    DrawnPixels(int width, int height) : width_(width), height_(height), context_(CreateCompatibleDC(nullptr)) {
+    DrawnPixels(int width, int height)
+        : width_(width), height_(height), context_(CreateCompatibleDC(nullptr)) {
         BITMAPINFO info{};
         info.bmiHeader = {sizeof info.bmiHeader, width, -height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
-        bitmap_ = CreateDIBSection(context_, &info, DIB_RGB_COLORS, reinterpret_cast<void**>(&pixels_), nullptr, 0);
+        bitmap_ =
+            CreateDIBSection(context_, &info, DIB_RGB_COLORS, reinterpret_cast<void**>(&pixels_), nullptr, 0);
         previous_ = SelectObject(context_, bitmap_);
         std::fill_n(pixels_, width * height, untouched);
     }
@@ -45,7 +47,8 @@ public:
         for (int y = 0; y < height_; ++y) {
             for (int x = 0; x < width_; ++x) {
                 if (at(x, y) == untouched) continue;
-                const bool inside = x >= bounds.left && x < bounds.right && y >= bounds.top && y < bounds.bottom;
+                const bool inside =
+                    x >= bounds.left && x < bounds.right && y >= bounds.top && y < bounds.bottom;
                 ++(inside ? counts.first : counts.second);
             }
         }
@@ -68,8 +71,8 @@ private:
 
 HRESULT draw(IUnknown* control, HDC context, const RECT& bounds) {
     const RECTL area{bounds.left, bounds.top, bounds.right, bounds.bottom};
-    return ComPtr<IUnknown>(control).query<IViewObject2>()->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr,
-                                                                context, &area, nullptr, nullptr, 0);
+    return ComPtr<IUnknown>(control).query<IViewObject2>()->Draw(
+        DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, context, &area, nullptr, nullptr, 0);
 }
 
 class ServerView : public testing::Test {
@@ -86,7 +89,8 @@ TEST_F(ServerView, EveryControlFillsItsBoundsAndNothingElseAtAnyScale) {
             DrawnPixels pixels(260, 80);
             ASSERT_EQ(draw(control.get(), pixels.context(), bounds), S_OK);
             const auto [inside, outside] = pixels.touched(bounds);
-            EXPECT_EQ(inside, (bounds.right - bounds.left) * (bounds.bottom - bounds.top)) << container::toUtf8(name);
+            EXPECT_EQ(inside, (bounds.right - bounds.left) * (bounds.bottom - bounds.top))
+                << container::toUtf8(name);
             EXPECT_EQ(outside, 0) << container::toUtf8(name);
             EXPECT_GT(pixels.colours(bounds).size(), 1u) << container::toUtf8(name) << " shows nothing";
         }
@@ -187,12 +191,14 @@ TEST_F(ServerView, DecorationNeverTakesTheFocus) {
         HostedControl hosted(name);
         const bool decoration = name == L"lns" || name == L"ButtonArrow";
         EXPECT_EQ((hosted.site.status() & OLEMISC_NOUIACTIVATE) != 0, decoration) << container::toUtf8(name);
-        constexpr DWORD always = OLEMISC_ACTIVATEWHENVISIBLE | OLEMISC_INSIDEOUT | OLEMISC_SETCLIENTSITEFIRST |
-                                 OLEMISC_CANTLINKINSIDE | OLEMISC_RECOMPOSEONRESIZE;
+        constexpr DWORD always = OLEMISC_ACTIVATEWHENVISIBLE | OLEMISC_INSIDEOUT |
+                                 OLEMISC_SETCLIENTSITEFIRST | OLEMISC_CANTLINKINSIDE |
+                                 OLEMISC_RECOMPOSEONRESIZE;
         EXPECT_EQ(hosted.site.status() & always, always) << container::toUtf8(name);
         hosted.activate();
         hosted.site.uiActivate();
-        EXPECT_EQ(hosted.site.state() == container::SiteState::UiActive, !decoration) << container::toUtf8(name);
+        EXPECT_EQ(hosted.site.state() == container::SiteState::UiActive, !decoration)
+            << container::toUtf8(name);
     }
 }
 
@@ -242,8 +248,10 @@ TEST_F(ServerView, PropertyBrowsersAreOfferedChoicesAndPages) {
         for (const auto& member : members.properties()) {
             CALPOLESTR texts{};
             CADWORD cookies{};
-            const bool choices = member.type.kind == container::ValueKind::Boolean || !member.type.choices.empty();
-            EXPECT_EQ(browsing->GetPredefinedStrings(member.number, &texts, &cookies), choices ? S_OK : S_FALSE);
+            const bool choices =
+                member.type.kind == container::ValueKind::Boolean || !member.type.choices.empty();
+            EXPECT_EQ(browsing->GetPredefinedStrings(member.number, &texts, &cookies),
+                      choices ? S_OK : S_FALSE);
             EXPECT_EQ(texts.cElems, cookies.cElems);
             for (ULONG at = 0; at < texts.cElems; ++at) {
                 // What is chosen is put, and then shown by the same text.
