@@ -66,6 +66,7 @@ public:
 
     // Raises an event at every sink; arguments by reference come back as the sinks changed them.
     void raise(const Member& event, std::span<Value> arguments);
+    bool notifies() const { return notifications_.connected(); }
     // DISPID_UNKNOWN: more than one property changed, or one without a number.
     void propertyChanged(DISPID id);
     void disconnectAll();

@@ -118,6 +118,7 @@ void ControlObject::raise(const Member& event, std::span<Value> arguments) {
 
 void ControlObject::propertyChanged(const Member* property) {
     dirty_ = true;
+    if (!connections_.notifies() && !advisers_.viewWatched()) return;
     const Hold hold(*this);
     attempt([&] { connections_.propertyChanged(property ? property->number : DISPID_UNKNOWN); });
     advisers_.viewChanged();
