@@ -30,7 +30,8 @@ bool equal(const Value& left, const Value& right) {
 }  // namespace
 
 void ControlFactory::start(Control& control) {
-    for (const Member& event : control.table().events) {
+    control.ownTable_ = &control.table();
+    for (const Member& event : control.ownTable_->events) {
         control.eventConnections_.push_back(
             event.connect(control, [&control, &event](std::span<Value> arguments) {
                 // What loading changes is no news to the container that loads.
@@ -169,7 +170,7 @@ AccessibleItem Control::describeSurface() const {
 
 void Control::propertyChanged(const void* token) {
     // A value without a property is told as unknown: the container's document has changed all the same.
-    if (host_ && !loading_) host_->propertyChanged(table().notifiedByToken(token));
+    if (host_ && !loading_ && ownTable_) host_->propertyChanged(ownTable_->notifiedByToken(token));
 }
 
 bool Control::offerToContainer(const KeyEvent& event) {

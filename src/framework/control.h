@@ -104,6 +104,7 @@ private:
     Container root_;
     Surface surface_;
     ControlHost* host_ = nullptr;
+    const ControlTable* ownTable_ = nullptr;  // known from the start on; setters ask it every time
     Twips width_{4800}, height_{3600};
     bool active_ = false;
     bool loading_ = false;

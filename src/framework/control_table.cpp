@@ -17,8 +17,8 @@ uint32_t nameHash(TextView name) {
 }
 
 size_t tokenHash(const void* token) {
-    const auto address = reinterpret_cast<uintptr_t>(token);
-    return address ^ address >> 5; // addresses of neighbours
+    // The high bits of a product differ also for neighbours.
+    return static_cast<uint32_t>(reinterpret_cast<uintptr_t>(token)) * 2654435769u >> 16;
 }
 
 const Member* byNumber(const std::vector<Member>& members, int32_t number) {

@@ -1,4 +1,5 @@
-// What follows from a control's table for the outside world: how its class is named and what containers may expect.
+// What follows from a control's table for the outside world: how its class is named and what containers may
+// expect.
 #pragma once
 
 #include "framework/control_table.h"
@@ -25,4 +26,4 @@ std::vector<const ControlTable*> publicControls(const Library& library);
 // "D8CFD887-69FC-498C-8C1C-8A9F2D8431FB"
 Text guidDigits(const Guid& guid);
 
-} // namespace obk
+}  // namespace obk

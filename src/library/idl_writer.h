@@ -10,4 +10,4 @@ namespace obk {
 // In UTF-8, with line ends of one character.
 std::string writeIdl(const Library& library);
 
-} // namespace obk
+}  // namespace obk

@@ -4,17 +4,20 @@
 
 namespace obk {
 
-std::string writeManifest(const Library& library)
-{
+std::string writeManifest(const Library& library) {
     const Text version = libraryVersion(library);
-    Text text = u"<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\n"
-                u"<assembly xmlns=\"urn:schemas-microsoft-com:asm.v1\" manifestVersion=\"1.0\">\n";
-    text += u"  <assemblyIdentity type=\"win32\" name=\"" + library.name + u"\" version=\"" + version + u".0.0\"/>\n";
+    Text text =
+        u"<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\n"
+        u"<assembly xmlns=\"urn:schemas-microsoft-com:asm.v1\" manifestVersion=\"1.0\">\n";
+    text += u"  <assemblyIdentity type=\"win32\" name=\"" + library.name + u"\" version=\"" + version +
+            u".0.0\"/>\n";
     text += u"  <file name=\"" + library.name + u".ocx\">\n";
     for (const ControlTable* table : publicControls(library)) {
         const Text status = miscellaneousStatusNames(*table);
-        text += u"    <comClass clsid=\"{" + guidDigits(table->classId) + u"}\" threadingModel=\"Apartment\"\n";
-        text += u"        tlbid=\"{" + guidDigits(library.id) + u"}\" progid=\"" + versionedProgrammaticId(*table) + u"\"\n";
+        text +=
+            u"    <comClass clsid=\"{" + guidDigits(table->classId) + u"}\" threadingModel=\"Apartment\"\n";
+        text += u"        tlbid=\"{" + guidDigits(library.id) + u"}\" progid=\"" +
+                versionedProgrammaticId(*table) + u"\"\n";
         text += u"        description=\"" + classDescription(*table) + u"\"\n";
         text += u"        miscStatus=\"" + status + u"\"\n";
         text += u"        miscStatusContent=\"" + status + u"\">\n";
@@ -27,4 +30,4 @@ std::string writeManifest(const Library& library)
     return toUtf8(text);
 }
 
-} // namespace obk
+}  // namespace obk

@@ -10,4 +10,4 @@ namespace obk {
 // The assembly's manifest, in UTF-8; it lies beside the server's file under the library's name.
 std::string writeManifest(const Library& library);
 
-} // namespace obk
+}  // namespace obk

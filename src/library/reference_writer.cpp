@@ -9,65 +9,72 @@ namespace obk {
 namespace {
 
 // Types as the hosts' languages call them.
-Text typeName(ValueType type)
-{
+Text typeName(ValueType type) {
     switch (type) {
-    case ValueType::empty: return u"";
-    case ValueType::boolean: return u"Boolean";
-    case ValueType::byte: return u"Byte";
-    case ValueType::integer: return u"Integer";
-    case ValueType::longInteger: return u"Long";
-    case ValueType::single: return u"Single";
-    case ValueType::doubleFloat: return u"Double";
-    case ValueType::text: return u"String";
-    case ValueType::colour: return u"OLE_COLOR";
-    case ValueType::font: return u"Font";
-    case ValueType::picture: return u"Picture";
+        case ValueType::empty:
+            return u"";
+        case ValueType::boolean:
+            return u"Boolean";
+        case ValueType::byte:
+            return u"Byte";
+        case ValueType::integer:
+            return u"Integer";
+        case ValueType::longInteger:
+            return u"Long";
+        case ValueType::single:
+            return u"Single";
+        case ValueType::doubleFloat:
+            return u"Double";
+        case ValueType::text:
+            return u"String";
+        case ValueType::colour:
+            return u"OLE_COLOR";
+        case ValueType::font:
+            return u"Font";
+        case ValueType::picture:
+            return u"Picture";
     }
     return u"";
 }
 
-Text typeName(const Member& member)
-{
+Text typeName(const Member& member) {
     return member.enumeration ? member.enumeration->name : typeName(member.type);
 }
 
-Text code(TextView text)
-{
+Text code(TextView text) {
     return u"`" + Text(text) + u"`";
 }
 
-Text colourText(OleColour colour)
-{
+Text colourText(OleColour colour) {
     Text text = u"0x";
-    for (int shift = 28; shift >= 0; shift -= 4)
-        text += u"0123456789ABCDEF"[colour.value >> shift & 0xF];
+    for (int shift = 28; shift >= 0; shift -= 4) text += u"0123456789ABCDEF"[colour.value >> shift & 0xF];
     return text;
 }
 
-Text valueText(const Value& value)
-{
+Text valueText(const Value& value) {
     switch (typeOf(value)) {
-    case ValueType::boolean: return std::get<bool>(value) ? u"True" : u"False";
-    case ValueType::text: return u"\"" + std::get<Text>(value) + u"\"";
-    case ValueType::colour: return colourText(std::get<OleColour>(value));
-    case ValueType::empty:
-    case ValueType::font:
-    case ValueType::picture: return u"";
-    default: return toText(value).value_or(u"");
+        case ValueType::boolean:
+            return std::get<bool>(value) ? u"True" : u"False";
+        case ValueType::text:
+            return u"\"" + std::get<Text>(value) + u"\"";
+        case ValueType::colour:
+            return colourText(std::get<OleColour>(value));
+        case ValueType::empty:
+        case ValueType::font:
+        case ValueType::picture:
+            return u"";
+        default:
+            return toText(value).value_or(u"");
     }
 }
 
-Text cell(const Value& value)
-{
+Text cell(const Value& value) {
     const Text text = valueText(value);
     return text.empty() ? Text() : code(text);
 }
 
-Text cell(const DefaultValue& value)
-{
-    if (std::holds_alternative<AmbientFontDefault>(value))
-        return u"the container's font";
+Text cell(const DefaultValue& value) {
+    if (std::holds_alternative<AmbientFontDefault>(value)) return u"the container's font";
     if (const auto* colour = std::get_if<SystemRgbDefault>(&value))
         return u"the RGB value of " + code(colourText(colour->index));
     return cell(std::get<Value>(value));
@@ -77,8 +84,7 @@ class ReferenceWriter {
 public:
     explicit ReferenceWriter(Control& fresh) : fresh_(fresh), table_(fresh.table()) {}
 
-    Text write()
-    {
+    Text write() {
         line(u"# " + table_.name);
         line();
         line(table_.help + u".");
@@ -94,43 +100,39 @@ public:
     }
 
 private:
-    void line(TextView content = {})
-    {
+    void line(TextView content = {}) {
         text_ += content;
         text_ += u'\n';
     }
 
-    void beginSection(TextView title)
-    {
+    void beginSection(TextView title) {
         line();
         line(u"## " + Text(title));
         line();
     }
 
-    const PersistedValue* persisted(const Member& property) const
-    {
-        const auto found = std::find_if(table_.persisted.begin(), table_.persisted.end(),
-                                        [&](const PersistedValue& value) { return value.property == &property; });
+    const PersistedValue* persisted(const Member& property) const {
+        const auto found =
+            std::find_if(table_.persisted.begin(), table_.persisted.end(),
+                         [&](const PersistedValue& value) { return value.property == &property; });
         return found == table_.persisted.end() ? nullptr : &*found;
     }
 
-    static Text keyCell(const PersistedValue& value)
-    {
-        if (value.readKey == value.writeKey)
-            return code(value.readKey);
+    static Text keyCell(const PersistedValue& value) {
+        if (value.readKey == value.writeKey) return code(value.readKey);
         return u"read as " + code(value.readKey) + u", written as " + code(value.writeKey);
     }
 
-    void writeProperties()
-    {
+    void writeProperties() {
         beginSection(u"Properties");
         bool any = false;
         for (const Member& member : table_.members) {
-            if (member.kind != MemberKind::property)
-                continue;
+            if (member.kind != MemberKind::property) continue;
             if (!any) {
-                line(u"A freshly placed control has the value under \"placed\". One that is loaded takes the value under");
-                line(u"\"loaded\" where nothing is stored, and stores nothing where it has the value under \"not stored\".");
+                line(
+                    u"A freshly placed control has the value under \"placed\". One that is loaded takes the value under");
+                line(
+                    u"\"loaded\" where nothing is stored, and stores nothing where it has the value under \"not stored\".");
                 line();
                 line(u"| no. | property | type | key | placed | loaded | not stored | |");
                 line(u"|---|---|---|---|---|---|---|---|");
@@ -138,45 +140,39 @@ private:
             }
             writeProperty(member);
         }
-        if (!any)
-            line(u"None.");
+        if (!any) line(u"None.");
     }
 
-    void writeProperty(const Member& member)
-    {
+    void writeProperty(const Member& member) {
         Value placed;
         getProperty(fresh_, member, placed);
         const PersistedValue* value = persisted(member);
         Text access;
-        if (!member.put)
-            access = u" (read only)";
-        line(u"| " + decimalText(member.number) + u" | " + code(member.name) + access + u" | " + typeName(member) + u" | " +
-             (value ? keyCell(*value) : Text()) + u" | " + cell(placed) + u" | " +
-             (value ? cell(value->readDefault) : Text()) + u" | " + (value ? cell(value->writeDefault) : Text()) + u" | " +
-             member.help + u" |");
+        if (!member.put) access = u" (read only)";
+        line(u"| " + decimalText(member.number) + u" | " + code(member.name) + access + u" | " +
+             typeName(member) + u" | " + (value ? keyCell(*value) : Text()) + u" | " + cell(placed) + u" | " +
+             (value ? cell(value->readDefault) : Text()) + u" | " +
+             (value ? cell(value->writeDefault) : Text()) + u" | " + member.help + u" |");
     }
 
-    void writeMethods()
-    {
+    void writeMethods() {
         beginSection(u"Methods");
         bool any = false;
         for (const Member& member : table_.members) {
-            if (member.kind != MemberKind::method)
-                continue;
+            if (member.kind != MemberKind::method) continue;
             if (!any) {
                 line(u"| no. | method | |");
                 line(u"|---|---|---|");
                 any = true;
             }
             const Text result = member.type == ValueType::empty ? Text() : u" As " + typeName(member);
-            line(u"| " + decimalText(member.number) + u" | " + code(signature(member) + result) + u" | " + member.help + u" |");
+            line(u"| " + decimalText(member.number) + u" | " + code(signature(member) + result) + u" | " +
+                 member.help + u" |");
         }
-        if (!any)
-            line(u"None.");
+        if (!any) line(u"None.");
     }
 
-    void writeEvents()
-    {
+    void writeEvents() {
         beginSection(u"Events");
         if (table_.events.empty()) {
             line(u"None.");
@@ -187,11 +183,11 @@ private:
         line(u"| no. | event | |");
         line(u"|---|---|---|");
         for (const Member& event : table_.events)
-            line(u"| " + decimalText(event.number) + u" | " + code(signature(event)) + u" | " + event.help + u" |");
+            line(u"| " + decimalText(event.number) + u" | " + code(signature(event)) + u" | " + event.help +
+                 u" |");
     }
 
-    static Text signature(const Member& member)
-    {
+    static Text signature(const Member& member) {
         Text text = member.name + u"(";
         for (size_t at = 0; at < member.parameters.size(); ++at) {
             const Parameter& parameter = member.parameters[at];
@@ -202,25 +198,22 @@ private:
         return text + u")";
     }
 
-    void writeOtherValues()
-    {
+    void writeOtherValues() {
         bool any = false;
         for (const PersistedValue& value : table_.persisted) {
-            if (value.property)
-                continue;
+            if (value.property) continue;
             if (!any) {
                 beginSection(u"Stored values without a property");
                 line(u"| key | type | loaded | not stored |");
                 line(u"|---|---|---|---|");
                 any = true;
             }
-            line(u"| " + keyCell(value) + u" | " + typeName(value.type) + u" | " + cell(value.readDefault) + u" | " +
-                 cell(value.writeDefault) + u" |");
+            line(u"| " + keyCell(value) + u" | " + typeName(value.type) + u" | " + cell(value.readDefault) +
+                 u" | " + cell(value.writeDefault) + u" |");
         }
     }
 
-    void writeEnumerations()
-    {
+    void writeEnumerations() {
         std::vector<const Enumeration*> written;
         for (const Member& member : table_.members) {
             const Enumeration* enumeration = member.enumeration;
@@ -233,7 +226,8 @@ private:
             line(u"| value | name | |");
             line(u"|---|---|---|");
             for (const EnumerationValue& value : enumeration->values)
-                line(u"| " + decimalText(value.value) + u" | " + code(value.name) + u" | " + value.help + u" |");
+                line(u"| " + decimalText(value.value) + u" | " + code(value.name) + u" | " + value.help +
+                     u" |");
         }
     }
 
@@ -242,19 +236,17 @@ private:
     Text text_;
 };
 
-} // namespace
+}  // namespace
 
-std::string writeReference(Control& fresh)
-{
+std::string writeReference(Control& fresh) {
     return toUtf8(ReferenceWriter(fresh).write());
 }
 
-std::string writeReferenceIndex(const Library& library)
-{
+std::string writeReferenceIndex(const Library& library) {
     Text text = u"# Reference\n\nMade from the controls' member tables.\n\n";
     for (const ControlTable* table : publicControls(library))
         text += u"- [" + table->name + u"](" + table->name + u".md): " + table->help + u"\n";
     return toUtf8(text);
 }
 
-} // namespace obk
+}  // namespace obk

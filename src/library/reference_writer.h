@@ -12,4 +12,4 @@ std::string writeReference(Control& fresh);
 // The list of all pages.
 std::string writeReferenceIndex(const Library& library);
 
-} // namespace obk
+}  // namespace obk

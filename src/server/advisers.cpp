@@ -13,12 +13,14 @@ HRESULT Advisers::advise(IAdviseSink* sink, DWORD* cookie) {
     return holder_->Advise(sink, cookie);
 }
 
-HRESULT Advisers::unadvise(DWORD cookie) { return holder_ ? holder_->Unadvise(cookie) : OLE_E_NOCONNECTION; }
+HRESULT Advisers::unadvise(DWORD cookie) {
+    return holder_ ? holder_->Unadvise(cookie) : OLE_E_NOCONNECTION;
+}
 
 HRESULT Advisers::enumerate(IEnumSTATDATA** result) {
     if (!result) return E_POINTER;
     *result = nullptr;
-    return holder_ ? holder_->EnumAdvise(result) : S_OK; // none is S_OK with a null pointer
+    return holder_ ? holder_->EnumAdvise(result) : S_OK;  // none is S_OK with a null pointer
 }
 
 HRESULT Advisers::setViewAdvise(DWORD aspects, DWORD flags, IAdviseSink* sink) {

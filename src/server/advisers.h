@@ -4,6 +4,7 @@
 #include "server/com_ptr.h"
 
 #include <windows.h>
+
 #include <oleidl.h>
 
 namespace obk::server {
@@ -18,6 +19,7 @@ public:
     HRESULT setViewAdvise(DWORD aspects, DWORD flags, IAdviseSink* sink);
     void viewAdvise(DWORD* aspects, DWORD* flags, IAdviseSink** sink) const;
 
+    bool viewWatched() const { return static_cast<bool>(viewSink_); }
     void viewChanged();
     void saved();
     void renamed(IMoniker* moniker);

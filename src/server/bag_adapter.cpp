@@ -29,7 +29,8 @@ std::optional<Value> BagAdapter::read(TextView key, ValueType expected) {
     if (FAILED(bag_.Read(wideText(key).c_str(), &stored, log_))) return std::nullopt;
     const bool wantsObject = expected == ValueType::font || expected == ValueType::picture;
     Value value;
-    if (FAILED(valueFromVariant(stored, wantsObject ? expected : ValueType::empty, value))) return unreadable(expected);
+    if (FAILED(valueFromVariant(stored, wantsObject ? expected : ValueType::empty, value)))
+        return unreadable(expected);
     return value;
 }
 
@@ -47,7 +48,9 @@ HRESULT writeBag(const MemoryBag& bag, IStream& stream) {
     return written == length ? S_OK : STG_E_MEDIUMFULL;
 }
 
-uint64_t storedSize(const MemoryBag& bag) { return sizeof(uint32_t) + bag.serialized().size(); }
+uint64_t storedSize(const MemoryBag& bag) {
+    return sizeof(uint32_t) + bag.serialized().size();
+}
 
 HRESULT readBag(IStream& stream, MemoryBag& bag) {
     uint32_t length = 0;

@@ -4,6 +4,7 @@
 #include "framework/property_bag.h"
 
 #include <windows.h>
+
 #include <ocidl.h>
 
 namespace obk::server {
@@ -21,7 +22,8 @@ private:
     IErrorLog* log_;
 };
 
-// A bag behind its own length, so that whatever follows it in the stream is found even when the bag is damaged.
+// A bag behind its own length, so that whatever follows it in the stream is found even when the bag is
+// damaged.
 HRESULT writeBag(const MemoryBag& bag, IStream& stream);
 uint64_t storedSize(const MemoryBag& bag);
 // A damaged bag is read as an empty one. An error is the stream's: it ended too early, or cannot be read.

@@ -20,10 +20,14 @@ constexpr GUID stockPicturePage{0x7EBDAAE2, 0x8120, 0x11CF, {0x89, 0x9F, 0x00, 0
 
 const GUID* pageFor(const Member& property) {
     switch (property.type) {
-        case ValueType::colour: return &stockColourPage;
-        case ValueType::font: return &stockFontPage;
-        case ValueType::picture: return &stockPicturePage;
-        default: return nullptr;
+        case ValueType::colour:
+            return &stockColourPage;
+        case ValueType::font:
+            return &stockFontPage;
+        case ValueType::picture:
+            return &stockPicturePage;
+        default:
+            return nullptr;
     }
 }
 
@@ -68,7 +72,7 @@ HRESULT PropertyBrowsingPart::GetDisplayString(DISPID id, BSTR* text) {
             *text = newBstr(choice.text);
             return *text ? S_OK : E_OUTOFMEMORY;
         }
-        return S_FALSE; // the browser writes the value itself
+        return S_FALSE;  // the browser writes the value itself
     });
 }
 

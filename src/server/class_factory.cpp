@@ -13,7 +13,9 @@ HRESULT ClassFactory::QueryInterface(REFIID iid, void** result) {
 }
 
 // The system may keep a factory for more than one thread.
-ULONG ClassFactory::AddRef() { return static_cast<ULONG>(InterlockedIncrement(&references_)); }
+ULONG ClassFactory::AddRef() {
+    return static_cast<ULONG>(InterlockedIncrement(&references_));
+}
 
 ULONG ClassFactory::Release() {
     const LONG left = InterlockedDecrement(&references_);

@@ -12,7 +12,8 @@ namespace {
 HRESULT readAmbient(const ComPtr<IDispatch>& ambient, DISPID id, VARIANT& value) {
     if (!ambient) return E_FAIL;
     DISPPARAMS none{};
-    return ambient->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYGET, &none, &value, nullptr, nullptr);
+    return ambient->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYGET, &none, &value, nullptr,
+                           nullptr);
 }
 
 }  // namespace

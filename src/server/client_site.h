@@ -7,6 +7,7 @@
 #include "server/com_ptr.h"
 
 #include <windows.h>
+
 #include <ocidl.h>
 #include <oleidl.h>
 

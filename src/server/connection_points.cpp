@@ -40,7 +40,8 @@ public:
         for (size_t at = 0; at < values_.size(); ++at) {
             if (!event_.parameters[at].byReference) continue;
             Value changed;
-            if (SUCCEEDED(valueFromVariant(stored_[at], typeOf(values_[at]), changed)) && changed != values_[at])
+            if (SUCCEEDED(valueFromVariant(stored_[at], typeOf(values_[at]), changed)) &&
+                changed != values_[at])
                 values_[at] = std::move(changed);
         }
     }
@@ -49,13 +50,14 @@ private:
     const Member& event_;
     std::span<Value> values_;
     std::vector<OwnedVariant> stored_;
-    std::vector<VARIANT> passed_; // refers to what is stored
+    std::vector<VARIANT> passed_;  // refers to what is stored
 };
 
 }  // namespace
 
 bool ConnectionPoint::holds(DWORD cookie) const {
-    return std::any_of(sinks_.begin(), sinks_.end(), [cookie](const Sink& sink) { return sink.cookie == cookie; });
+    return std::any_of(sinks_.begin(), sinks_.end(),
+                       [cookie](const Sink& sink) { return sink.cookie == cookie; });
 }
 
 HRESULT ConnectionPoint::QueryInterface(REFIID iid, void** result) {
@@ -97,10 +99,10 @@ HRESULT ConnectionPoint::Advise(IUnknown* sink, DWORD* cookie) {
 }
 
 HRESULT ConnectionPoint::Unadvise(DWORD cookie) {
-    const auto found =
-        std::find_if(sinks_.begin(), sinks_.end(), [cookie](const Sink& sink) { return sink.cookie == cookie; });
+    const auto found = std::find_if(sinks_.begin(), sinks_.end(),
+                                    [cookie](const Sink& sink) { return sink.cookie == cookie; });
     if (found == sinks_.end()) return CONNECT_E_NOCONNECTION;
-    const Sink gone = std::move(*found); // released when the list is in order again
+    const Sink gone = std::move(*found);  // released when the list is in order again
     sinks_.erase(found);
     return S_OK;
 }
@@ -120,8 +122,8 @@ void ConnectionPoints::raise(const Member& event, std::span<Value> arguments) {
     events_.each<IDispatch>([&](IDispatch& sink) {
         DISPPARAMS parameters = passed.parameters();
         OwnedVariant ignored;
-        sink.Invoke(event.number, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parameters, &ignored, nullptr,
-                    nullptr);
+        sink.Invoke(event.number, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parameters, &ignored,
+                    nullptr, nullptr);
     });
     passed.readBack();
 }
@@ -138,8 +140,10 @@ void ConnectionPoints::disconnectAll() {
 
 HRESULT ConnectionPoints::EnumConnectionPoints(IEnumConnectionPoints** points) {
     return perform([&] {
-        std::vector<PointItem> items{{ComPtr<IConnectionPoint>(&events_)}, {ComPtr<IConnectionPoint>(&notifications_)}};
-        return Enumerator<IEnumConnectionPoints, IConnectionPoint*, PointItem>::create(std::move(items), points);
+        std::vector<PointItem> items{{ComPtr<IConnectionPoint>(&events_)},
+                                     {ComPtr<IConnectionPoint>(&notifications_)}};
+        return Enumerator<IEnumConnectionPoints, IConnectionPoint*, PointItem>::create(std::move(items),
+                                                                                       points);
     });
 }
 

@@ -24,8 +24,8 @@ public:
 
     const IID& id() const { return id_; }
     bool connected() const { return !sinks_.empty(); }
-    // Calls every sink that was connected when this began and still is. `Interface` is the point's own, or IDispatch
-    // for one that dispatches.
+    // Calls every sink that was connected when this began and still is. `Interface` is the point's own, or
+    // IDispatch for one that dispatches.
     template <typename Interface, typename Call>
     void each(Call&& call) const {
         const std::vector<Sink> present = sinks_;
@@ -66,6 +66,7 @@ public:
 
     // Raises an event at every sink; arguments by reference come back as the sinks changed them.
     void raise(const Member& event, std::span<Value> arguments);
+    bool notifies() const { return notifications_.connected(); }
     // DISPID_UNKNOWN: more than one property changed, or one without a number.
     void propertyChanged(DISPID id);
     void disconnectAll();

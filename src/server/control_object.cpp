@@ -7,7 +7,9 @@
 
 namespace obk::server {
 
-ObjectIdentity& identityOf(ControlObject& object) { return object; }
+ObjectIdentity& identityOf(ControlObject& object) {
+    return object;
+}
 
 HRESULT ControlObject::create(const ControlTable& table, IUnknown* outer, REFIID iid, void** result) {
     if (!result) return E_POINTER;
@@ -100,10 +102,13 @@ void ControlObject::freezeEvents(bool freeze) {
 }
 
 void ControlObject::applyUiDead() {
-    if (const HWND window = session_.window()) EnableWindow(window, !site_.ambientFlag(DISPID_AMBIENT_UIDEAD, false));
+    if (const HWND window = session_.window())
+        EnableWindow(window, !site_.ambientFlag(DISPID_AMBIENT_UIDEAD, false));
 }
 
-void ControlObject::viewChanged() { advisers_.viewChanged(); }
+void ControlObject::viewChanged() {
+    advisers_.viewChanged();
+}
 
 void ControlObject::raise(const Member& event, std::span<Value> arguments) {
     if (frozen_ > 0) return;
@@ -113,11 +118,15 @@ void ControlObject::raise(const Member& event, std::span<Value> arguments) {
 
 void ControlObject::propertyChanged(const Member* property) {
     dirty_ = true;
+    if (!connections_.notifies() && !advisers_.viewWatched()) return;
     const Hold hold(*this);
     attempt([&] { connections_.propertyChanged(property ? property->number : DISPID_UNKNOWN); });
+    advisers_.viewChanged();
 }
 
-FontRef ControlObject::ambientFont() { return site_.ambientFont(); }
+FontRef ControlObject::ambientFont() {
+    return site_.ambientFont();
+}
 
 void ControlObject::requestSize(Twips width, Twips height) {
     const Hold hold(*this);
@@ -143,7 +152,8 @@ bool ControlObject::offerKey(const KeyEvent& event) {
     message.message = event.shift & shift::alt ? WM_SYSKEYDOWN : WM_KEYDOWN;
     message.wParam = static_cast<WPARAM>(event.code);
     constexpr LPARAM wasDown = 1 << 30;
-    message.lParam = static_cast<LPARAM>(MapVirtualKeyW(static_cast<UINT>(event.code), MAPVK_VK_TO_VSC)) << 16 |
+    message.lParam = static_cast<LPARAM>(MapVirtualKeyW(static_cast<UINT>(event.code), MAPVK_VK_TO_VSC))
+                         << 16 |
                      (event.repeated ? wasDown : 0) | 1;
     message.time = static_cast<DWORD>(GetMessageTime());
     return site_.offerKey(message);

@@ -46,8 +46,8 @@ public:
     void placedAfresh();
     bool dirty() const { return dirty_; }
     void setDirty(bool dirty) { dirty_ = dirty; }
-    // Events are dropped, not kept for later, as long as there is a freeze more than thaws: their arguments would
-    // tell of a state that is gone.
+    // Events are dropped, not kept for later, as long as there is a freeze more than thaws: their arguments
+    // would tell of a state that is gone.
     void freezeEvents(bool freeze);
     // A container that is busy lets no user act: the window then takes no input.
     void applyUiDead();
@@ -64,7 +64,7 @@ private:
     void focusChanged(bool inside) override;
     bool offerKey(const KeyEvent& event) override;
 
-    const module::Presence presence_; // first, so that it outlives everything else here
+    const module::Presence presence_;  // first, so that it outlives everything else here
     const ControlTable& table_;
     std::shared_ptr<win32::Win32Platform> platform_;
     std::shared_ptr<Control> control_;

@@ -26,8 +26,8 @@ HRESULT DispatchPart::GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT count
     return entryPoint([&] { return idsOfNames(object_.table(), names, count, ids); });
 }
 
-HRESULT DispatchPart::Invoke(DISPID id, REFIID reserved, LCID, WORD flags, DISPPARAMS* parameters, VARIANT* result,
-                             EXCEPINFO*, UINT* wrongArgument) {
+HRESULT DispatchPart::Invoke(DISPID id, REFIID reserved, LCID, WORD flags, DISPPARAMS* parameters,
+                             VARIANT* result, EXCEPINFO*, UINT* wrongArgument) {
     if (reserved != IID_NULL) return DISP_E_UNKNOWNINTERFACE;
     if (!parameters) return E_POINTER;
     return perform([&] {

@@ -33,7 +33,9 @@ HRESULT WINAPI DllGetClassObject(REFCLSID classId, REFIID iid, void** result) {
     });
 }
 
-HRESULT WINAPI DllCanUnloadNow() { return module::idle() ? S_OK : S_FALSE; }
+HRESULT WINAPI DllCanUnloadNow() {
+    return module::idle() ? S_OK : S_FALSE;
+}
 
 HRESULT WINAPI DllRegisterServer() {
     return entryPoint([] { return registerServer(RegistrationScope::machine); });
@@ -43,7 +45,8 @@ HRESULT WINAPI DllUnregisterServer() {
     return entryPoint([] { return unregisterServer(RegistrationScope::machine); });
 }
 
-// "user" registers for the present user only, which needs no rights on the machine; nothing means the machine.
+// "user" registers for the present user only, which needs no rights on the machine; nothing means the
+// machine.
 HRESULT WINAPI DllInstall(BOOL install, PCWSTR commandLine) {
     return entryPoint([&]() -> HRESULT {
         auto scope = RegistrationScope::machine;

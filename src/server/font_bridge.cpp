@@ -65,7 +65,7 @@ public:
         font_.reset();
         object_.reset();
     }
-    bool quiet = false; // while the change is our own
+    bool quiet = false;  // while the change is our own
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** result) override {
         if (!result) return E_POINTER;
@@ -106,7 +106,8 @@ private:
 
 class FontCounterpart final : public SharedFont::Counterpart {
 public:
-    explicit FontCounterpart(ComPtr<IFont> object) : object_(std::move(object)), listener_(new FontListener(object_)) {
+    explicit FontCounterpart(ComPtr<IFont> object)
+        : object_(std::move(object)), listener_(new FontListener(object_)) {
         const auto points = object_.as<IConnectionPointContainer>();
         if (points && SUCCEEDED(points->FindConnectionPoint(__uuidof(IPropertyNotifySink), point_.put())) &&
             FAILED(point_->Advise(listener_.get(), &cookie_)))
@@ -120,7 +121,7 @@ public:
     ComPtr<IDispatch> dispatch() const { return object_.as<IDispatch>(); }
 
     void apply(const FontDescription& description) override {
-        if (listener_->quiet) return; // the change came from there
+        if (listener_->quiet) return;  // the change came from there
         const ComPtr<FontListener> listener = listener_;
         const ComPtr<IFont> object = object_;
         listener->quiet = true;
@@ -153,7 +154,8 @@ FontRef fontFromObject(IUnknown* object) {
 
 ComPtr<IDispatch> objectFromFont(const FontRef& font) {
     if (!font) return nullptr;
-    if (const auto* counterpart = dynamic_cast<FontCounterpart*>(font->counterpart())) return counterpart->dispatch();
+    if (const auto* counterpart = dynamic_cast<FontCounterpart*>(font->counterpart()))
+        return counterpart->dispatch();
     const FontDescription& description = font->description();
     FONTDESC wanted{};
     wanted.cbSizeofstruct = sizeof wanted;

@@ -14,7 +14,9 @@ HRESULT windowOf(ControlObject& object, HWND* window) {
     return *window ? S_OK : E_FAIL;
 }
 
-bool isKeyDown(const MSG& message) { return message.message == WM_KEYDOWN || message.message == WM_SYSKEYDOWN; }
+bool isKeyDown(const MSG& message) {
+    return message.message == WM_KEYDOWN || message.message == WM_SYSKEYDOWN;
+}
 
 }  // namespace
 
@@ -22,7 +24,9 @@ HRESULT InPlaceObjectPart::GetWindow(HWND* window) {
     return perform([&] { return windowOf(object_, window); });
 }
 
-HRESULT InPlaceObjectPart::ContextSensitiveHelp(BOOL) { return E_NOTIMPL; }
+HRESULT InPlaceObjectPart::ContextSensitiveHelp(BOOL) {
+    return E_NOTIMPL;
+}
 
 HRESULT InPlaceObjectPart::InPlaceDeactivate() {
     return perform([&] {
@@ -46,13 +50,17 @@ HRESULT InPlaceObjectPart::SetObjectRects(LPCRECT position, LPCRECT clip) {
     });
 }
 
-HRESULT InPlaceObjectPart::ReactivateAndUndo() { return INPLACE_E_NOTUNDOABLE; }
+HRESULT InPlaceObjectPart::ReactivateAndUndo() {
+    return INPLACE_E_NOTUNDOABLE;
+}
 
 HRESULT ActiveObjectPart::GetWindow(HWND* window) {
     return perform([&] { return windowOf(object_, window); });
 }
 
-HRESULT ActiveObjectPart::ContextSensitiveHelp(BOOL) { return E_NOTIMPL; }
+HRESULT ActiveObjectPart::ContextSensitiveHelp(BOOL) {
+    return E_NOTIMPL;
+}
 
 HRESULT ActiveObjectPart::TranslateAccelerator(LPMSG message) {
     if (!message) return E_POINTER;
@@ -63,24 +71,34 @@ HRESULT ActiveObjectPart::TranslateAccelerator(LPMSG message) {
         const KeyRoute route = object_.platform().keys().routeFromHost(
             *message, [this](const KeyEvent& event) { return object_.control().preTranslate(event); });
         switch (route) {
-            case KeyRoute::handled: return S_OK;
+            case KeyRoute::handled:
+                return S_OK;
             case KeyRoute::child:
                 // Neither the container's accelerators nor its dialog keys get what the child wants.
                 TranslateMessage(message);
                 DispatchMessageW(message);
                 return S_OK;
-            case KeyRoute::container: return object_.site().offerKey(*message) ? S_OK : S_FALSE;
+            case KeyRoute::container:
+                return object_.site().offerKey(*message) ? S_OK : S_FALSE;
         }
         return S_FALSE;
     });
 }
 
-HRESULT ActiveObjectPart::OnFrameWindowActivate(BOOL) { return S_OK; }
+HRESULT ActiveObjectPart::OnFrameWindowActivate(BOOL) {
+    return S_OK;
+}
 
-HRESULT ActiveObjectPart::OnDocWindowActivate(BOOL) { return S_OK; }
+HRESULT ActiveObjectPart::OnDocWindowActivate(BOOL) {
+    return S_OK;
+}
 
-HRESULT ActiveObjectPart::ResizeBorder(LPCRECT, IOleInPlaceUIWindow*, BOOL) { return S_OK; }
+HRESULT ActiveObjectPart::ResizeBorder(LPCRECT, IOleInPlaceUIWindow*, BOOL) {
+    return S_OK;
+}
 
-HRESULT ActiveObjectPart::EnableModeless(BOOL) { return S_OK; }
+HRESULT ActiveObjectPart::EnableModeless(BOOL) {
+    return S_OK;
+}
 
 }  // namespace obk::server

@@ -10,9 +10,13 @@ namespace obk::server {
 
 namespace {
 
-PixelRect pixelRect(const RECT& rect) { return {rect.left, rect.top, rect.right, rect.bottom}; }
+PixelRect pixelRect(const RECT& rect) {
+    return {rect.left, rect.top, rect.right, rect.bottom};
+}
 
-bool sameRect(const RECT& left, const RECT& right) { return EqualRect(&left, &right) != FALSE; }
+bool sameRect(const RECT& left, const RECT& right) {
+    return EqualRect(&left, &right) != FALSE;
+}
 
 }  // namespace
 
@@ -36,8 +40,8 @@ HRESULT InPlaceSession::activate(IOleClientSite& clientSite, HWND parent, const 
         if (position) at = *position;
         clip = at;
     }
-    const bool shown =
-        window && active() && object_.control().activate(reinterpret_cast<NativeWindow>(window), pixelRect(at));
+    const bool shown = window && active() &&
+                       object_.control().activate(reinterpret_cast<NativeWindow>(window), pixelRect(at));
     if (!shown) {
         deactivate();
         return E_FAIL;
@@ -52,7 +56,8 @@ HRESULT InPlaceSession::activateUi() {
     if (!active()) return E_FAIL;
     if (!object_.table().takesFocus) return S_OK;
     if (!object_.control().hasFocus()) object_.control().focus();
-    // The focus may be refused where nothing inside can take it; the container still deals with this control now.
+    // The focus may be refused where nothing inside can take it; the container still deals with this control
+    // now.
     if (active() && !uiActive_) becomeUiActive();
     return S_OK;
 }
@@ -71,7 +76,7 @@ void InPlaceSession::becomeUiActive() {
     const std::wstring name = wideText(object_.table().name);
     if (frame) {
         frame->SetActiveObject(object_.activeObject(), name.c_str());
-        frame->SetBorderSpace(nullptr); // the frame keeps its own tools
+        frame->SetBorderSpace(nullptr);  // the frame keeps its own tools
     }
     if (document) {
         document->SetActiveObject(object_.activeObject(), name.c_str());
@@ -102,7 +107,9 @@ void InPlaceSession::deactivate() {
     if (site) site->OnInPlaceDeactivate();
 }
 
-void InPlaceSession::show() { ShowWindow(window(), SW_SHOWNA); }
+void InPlaceSession::show() {
+    ShowWindow(window(), SW_SHOWNA);
+}
 
 void InPlaceSession::hide() {
     deactivateUi();
@@ -122,7 +129,7 @@ void InPlaceSession::place(const RECT& position, const RECT& clip) {
         return;
     }
     OffsetRect(&visible, -position.left, -position.top);
-    SetWindowRgn(window(), CreateRectRgnIndirect(&visible), TRUE); // the window owns the region
+    SetWindowRgn(window(), CreateRectRgnIndirect(&visible), TRUE);  // the window owns the region
     clipped_ = true;
 }
 

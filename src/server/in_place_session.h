@@ -6,6 +6,7 @@
 #include "server/com_ptr.h"
 
 #include <windows.h>
+
 #include <oleidl.h>
 
 namespace obk::server {
@@ -21,8 +22,8 @@ public:
     bool active() const { return static_cast<bool>(site_); }
     bool uiActive() const { return uiActive_; }
 
-    // Shows the control in the site's window. `parent` and `position` are what the caller of a verb suggests; the
-    // site knows better.
+    // Shows the control in the site's window. `parent` and `position` are what the caller of a verb suggests;
+    // the site knows better.
     HRESULT activate(IOleClientSite& clientSite, HWND parent, const RECT* position);
     // Makes the control the one the user works with, and gives it the keyboard.
     HRESULT activateUi();

@@ -39,9 +39,13 @@ std::vector<ThreadPlatform>& threadPlatforms() {
 
 }  // namespace
 
-void attach(HINSTANCE handle) { ownHandle = handle; }
+void attach(HINSTANCE handle) {
+    ownHandle = handle;
+}
 
-HINSTANCE handle() { return ownHandle; }
+HINSTANCE handle() {
+    return ownHandle;
+}
 
 std::wstring path() {
     std::wstring result(MAX_PATH, L'\0');
@@ -55,7 +59,9 @@ std::wstring path() {
     }
 }
 
-void lock() { InterlockedIncrement(&presences); }
+void lock() {
+    InterlockedIncrement(&presences);
+}
 
 void unlock() {
     ITypeLib* unused = nullptr;
@@ -67,10 +73,16 @@ void unlock() {
     if (unused) unused->Release();
 }
 
-Presence::Presence() { lock(); }
-Presence::~Presence() { unlock(); }
+Presence::Presence() {
+    lock();
+}
+Presence::~Presence() {
+    unlock();
+}
 
-bool idle() { return presences == 0; }
+bool idle() {
+    return presences == 0;
+}
 
 std::shared_ptr<win32::Win32Platform> platform() {
     const DWORD thread = GetCurrentThreadId();
@@ -81,7 +93,8 @@ std::shared_ptr<win32::Win32Platform> platform() {
         if (entry.thread != thread) continue;
         if (auto shared = entry.platform.lock()) return shared;
     }
-    auto created = std::make_shared<win32::Win32Platform>(ownHandle, [] { return std::make_shared<Presence>(); });
+    auto created =
+        std::make_shared<win32::Win32Platform>(ownHandle, [] { return std::make_shared<Presence>(); });
     platforms.push_back({thread, created});
     return created;
 }

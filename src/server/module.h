@@ -4,6 +4,7 @@
 #include "server/com_ptr.h"
 
 #include <windows.h>
+
 #include <oaidl.h>
 
 #include <memory>
@@ -38,7 +39,8 @@ bool idle();
 // The calling thread's window system; it goes with the last control that holds it.
 std::shared_ptr<win32::Win32Platform> platform();
 
-// The type library in the server's own resources; empty when the system cannot read it. Kept while there are objects.
+// The type library in the server's own resources; empty when the system cannot read it. Kept while there are
+// objects.
 ComPtr<ITypeLib> typeLibrary();
 ComPtr<ITypeInfo> typeInfo(const GUID& id);
 

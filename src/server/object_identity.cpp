@@ -7,7 +7,7 @@ HRESULT ObjectIdentity::Inner::QueryInterface(REFIID iid, void** result) {
     IUnknown* found = iid == __uuidof(IUnknown) ? this : object_.find(iid);
     *result = found;
     if (!found) return E_NOINTERFACE;
-    found->AddRef(); // through the interface, which counts where it belongs
+    found->AddRef();  // through the interface, which counts where it belongs
     return S_OK;
 }
 

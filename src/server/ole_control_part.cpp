@@ -17,7 +17,9 @@ HRESULT OleControlPart::GetControlInfo(CONTROLINFO* info) {
     return S_OK;
 }
 
-HRESULT OleControlPart::OnMnemonic(LPMSG) { return S_OK; }
+HRESULT OleControlPart::OnMnemonic(LPMSG) {
+    return S_OK;
+}
 
 HRESULT OleControlPart::OnAmbientPropertyChange(DISPID id) {
     return perform([&] {

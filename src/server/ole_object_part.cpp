@@ -27,7 +27,8 @@ struct Verb {
 
 SIZEL extentOf(ControlObject& object) {
     const Control& control = object.control();
-    return {std::lround(control.width().value * himetricPerTwip), std::lround(control.height().value * himetricPerTwip)};
+    return {std::lround(control.width().value * himetricPerTwip),
+            std::lround(control.height().value * himetricPerTwip)};
 }
 
 HRESULT OleObjectPart::SetClientSite(IOleClientSite* site) {
@@ -43,7 +44,9 @@ HRESULT OleObjectPart::GetClientSite(IOleClientSite** site) {
     return S_OK;
 }
 
-HRESULT OleObjectPart::SetHostNames(LPCOLESTR, LPCOLESTR) { return S_OK; }
+HRESULT OleObjectPart::SetHostNames(LPCOLESTR, LPCOLESTR) {
+    return S_OK;
+}
 
 HRESULT OleObjectPart::Close(DWORD saveOption) {
     return perform([&] {
@@ -58,14 +61,18 @@ HRESULT OleObjectPart::Close(DWORD saveOption) {
     });
 }
 
-HRESULT OleObjectPart::SetMoniker(DWORD, IMoniker*) { return E_NOTIMPL; }
+HRESULT OleObjectPart::SetMoniker(DWORD, IMoniker*) {
+    return E_NOTIMPL;
+}
 
 HRESULT OleObjectPart::GetMoniker(DWORD, DWORD, IMoniker** moniker) {
     if (moniker) *moniker = nullptr;
     return E_NOTIMPL;
 }
 
-HRESULT OleObjectPart::InitFromData(IDataObject*, BOOL, DWORD) { return E_NOTIMPL; }
+HRESULT OleObjectPart::InitFromData(IDataObject*, BOOL, DWORD) {
+    return E_NOTIMPL;
+}
 
 HRESULT OleObjectPart::GetClipboardData(DWORD, IDataObject** data) {
     if (data) *data = nullptr;
@@ -77,11 +84,16 @@ HRESULT OleObjectPart::DoVerb(LONG verb, LPMSG, IOleClientSite* site, LONG, HWND
         const ComPtr<IOleClientSite> active = site ? ComPtr<IOleClientSite>(site) : object_.site().get();
         InPlaceSession& session = object_.session();
         switch (verb) {
-            case OLEIVERB_HIDE: session.hide(); return S_OK;
-            case OLEIVERB_DISCARDUNDOSTATE: return S_OK;
-            case OLEIVERB_PROPERTIES: return showProperties(parent, position);
+            case OLEIVERB_HIDE:
+                session.hide();
+                return S_OK;
+            case OLEIVERB_DISCARDUNDOSTATE:
+                return S_OK;
+            case OLEIVERB_PROPERTIES:
+                return showProperties(parent, position);
             case OLEIVERB_SHOW:
-            case OLEIVERB_INPLACEACTIVATE: return active ? session.activate(*active, parent, position) : E_FAIL;
+            case OLEIVERB_INPLACEACTIVATE:
+                return active ? session.activate(*active, parent, position) : E_FAIL;
             case OLEIVERB_PRIMARY:
             case OLEIVERB_OPEN:
             case OLEIVERB_UIACTIVATE: {
@@ -92,7 +104,8 @@ HRESULT OleObjectPart::DoVerb(LONG verb, LPMSG, IOleClientSite* site, LONG, HWND
             default:
                 if (verb < 0) return E_NOTIMPL;
                 if (!active) return E_FAIL;
-                if (const HRESULT shown = session.activate(*active, parent, position); FAILED(shown)) return shown;
+                if (const HRESULT shown = session.activate(*active, parent, position); FAILED(shown))
+                    return shown;
                 if (const HRESULT used = session.activateUi(); FAILED(used)) return used;
                 return OLEOBJ_S_INVALIDVERB;
         }
@@ -100,7 +113,8 @@ HRESULT OleObjectPart::DoVerb(LONG verb, LPMSG, IOleClientSite* site, LONG, HWND
 }
 
 HRESULT OleObjectPart::showProperties(HWND parent, const RECT* position) {
-    if (const auto site = object_.site().as<IOleControlSite>(); site && site->ShowPropertyFrame() == S_OK) return S_OK;
+    if (const auto site = object_.site().as<IOleControlSite>(); site && site->ShowPropertyFrame() == S_OK)
+        return S_OK;
     CAUUID pages{};
     const auto specified = query<ISpecifyPropertyPages>(identity_.outer());
     if (!specified || FAILED(specified->GetPages(&pages))) return E_FAIL;
@@ -109,8 +123,8 @@ HRESULT OleObjectPart::showProperties(HWND parent, const RECT* position) {
         const std::wstring caption = wideText(object_.table().name);
         IUnknown* object = identity_.outer();
         result = OleCreatePropertyFrame(parent, position ? static_cast<UINT>(position->left) : 0,
-                                        position ? static_cast<UINT>(position->top) : 0, caption.c_str(), 1, &object,
-                                        pages.cElems, pages.pElems, LOCALE_USER_DEFAULT, 0, nullptr);
+                                        position ? static_cast<UINT>(position->top) : 0, caption.c_str(), 1,
+                                        &object, pages.cElems, pages.pElems, LOCALE_USER_DEFAULT, 0, nullptr);
     }
     CoTaskMemFree(pages.pElems);
     return result;
@@ -128,9 +142,13 @@ HRESULT OleObjectPart::EnumVerbs(IEnumOLEVERB** verbs) {
     });
 }
 
-HRESULT OleObjectPart::Update() { return S_OK; }
+HRESULT OleObjectPart::Update() {
+    return S_OK;
+}
 
-HRESULT OleObjectPart::IsUpToDate() { return S_OK; }
+HRESULT OleObjectPart::IsUpToDate() {
+    return S_OK;
+}
 
 HRESULT OleObjectPart::GetUserClassID(CLSID* id) {
     if (!id) return E_POINTER;
@@ -141,7 +159,8 @@ HRESULT OleObjectPart::GetUserClassID(CLSID* id) {
 HRESULT OleObjectPart::GetUserType(DWORD form, LPOLESTR* type) {
     if (!type) return E_POINTER;
     const ControlTable& table = object_.table();
-    *type = newTaskText(form == USERCLASSTYPE_SHORT ? TextView(table.name) : TextView(classDescription(table)));
+    *type =
+        newTaskText(form == USERCLASSTYPE_SHORT ? TextView(table.name) : TextView(classDescription(table)));
     return *type ? S_OK : E_OUTOFMEMORY;
 }
 
@@ -183,6 +202,8 @@ HRESULT OleObjectPart::GetMiscStatus(DWORD aspect, DWORD* status) {
     return S_OK;
 }
 
-HRESULT OleObjectPart::SetColorScheme(LOGPALETTE*) { return E_NOTIMPL; }
+HRESULT OleObjectPart::SetColorScheme(LOGPALETTE*) {
+    return E_NOTIMPL;
+}
 
 }  // namespace obk::server

@@ -32,7 +32,9 @@ HRESULT saveTo(ControlObject& object, IStream& stream) {
 
 }  // namespace
 
-HRESULT PropertyBagPart::GetClassID(CLSID* id) { return giveClassId(object_, id); }
+HRESULT PropertyBagPart::GetClassID(CLSID* id) {
+    return giveClassId(object_, id);
+}
 
 HRESULT PropertyBagPart::InitNew() {
     return perform([&] {
@@ -60,9 +62,13 @@ HRESULT PropertyBagPart::Save(IPropertyBag* bag, BOOL clearDirty, BOOL) {
     });
 }
 
-HRESULT StreamPart::GetClassID(CLSID* id) { return giveClassId(object_, id); }
+HRESULT StreamPart::GetClassID(CLSID* id) {
+    return giveClassId(object_, id);
+}
 
-HRESULT StreamPart::IsDirty() { return object_.dirty() ? S_OK : S_FALSE; }
+HRESULT StreamPart::IsDirty() {
+    return object_.dirty() ? S_OK : S_FALSE;
+}
 
 HRESULT StreamPart::Load(LPSTREAM stream) {
     if (!stream) return E_POINTER;
@@ -95,9 +101,13 @@ HRESULT StreamPart::InitNew() {
     });
 }
 
-HRESULT StoragePart::GetClassID(CLSID* id) { return giveClassId(object_, id); }
+HRESULT StoragePart::GetClassID(CLSID* id) {
+    return giveClassId(object_, id);
+}
 
-HRESULT StoragePart::IsDirty() { return object_.dirty() ? S_OK : S_FALSE; }
+HRESULT StoragePart::IsDirty() {
+    return object_.dirty() ? S_OK : S_FALSE;
+}
 
 HRESULT StoragePart::InitNew(IStorage* storage) {
     if (!storage) return E_POINTER;
@@ -136,6 +146,8 @@ HRESULT StoragePart::SaveCompleted(IStorage*) {
     return S_OK;
 }
 
-HRESULT StoragePart::HandsOffStorage() { return S_OK; }
+HRESULT StoragePart::HandsOffStorage() {
+    return S_OK;
+}
 
 }  // namespace obk::server

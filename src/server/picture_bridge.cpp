@@ -33,7 +33,8 @@ public:
         info.bmiHeader.biPlanes = 1;
         info.bmiHeader.biBitCount = 32;
         info.bmiHeader.biCompression = BI_RGB;
-        bitmap_ = CreateDIBSection(context_, &info, DIB_RGB_COLORS, reinterpret_cast<void**>(&pixels_), nullptr, 0);
+        bitmap_ =
+            CreateDIBSection(context_, &info, DIB_RGB_COLORS, reinterpret_cast<void**>(&pixels_), nullptr, 0);
         previous_ = bitmap_ ? SelectObject(context_, bitmap_) : nullptr;
     }
     PixelBuffer(const PixelBuffer&) = delete;
@@ -69,13 +70,14 @@ bool render(IPicture& picture, PixelSize size, PixelBuffer& buffer, uint32_t gro
     picture.get_Height(&height);
     buffer.fill(ground);
     const RECT all{0, 0, size.width, size.height};
-    const HRESULT drawn = picture.Render(buffer.context(), 0, 0, size.width, size.height, 0, height, width, -height, &all);
+    const HRESULT drawn =
+        picture.Render(buffer.context(), 0, 0, size.width, size.height, 0, height, width, -height, &all);
     GdiFlush();
     return SUCCEEDED(drawn);
 }
 
-// Pixels with their transparency. A picture does not tell how it is transparent (a mask, a key colour, an alpha
-// channel), but it shows: drawn on black and on white, it differs where the ground comes through.
+// Pixels with their transparency. A picture does not tell how it is transparent (a mask, a key colour, an
+// alpha channel), but it shows: drawn on black and on white, it differs where the ground comes through.
 std::vector<uint32_t> pixelsOf(IPicture& picture, PixelSize size) {
     PixelBuffer onBlack(size), onWhite(size);
     if (!onBlack.usable() || !onWhite.usable() || !render(picture, size, onBlack, 0) ||

@@ -7,7 +7,6 @@
 #include "server/registry_entries.h"
 #include "server/system_text.h"
 
-#include <oleauto.h>
 #include <olectl.h>
 
 namespace obk::server {
@@ -16,9 +15,9 @@ namespace {
 
 constexpr wchar_t controlCategory[] = L"{40FC6ED4-2438-11CF-A3DB-080036F12502}";
 #ifdef _WIN64
-constexpr SYSKIND ownSystem = SYS_WIN64;
+constexpr wchar_t ownSystem[] = L"win64", otherSystem[] = L"win32";
 #else
-constexpr SYSKIND ownSystem = SYS_WIN32;
+constexpr wchar_t ownSystem[] = L"win32", otherSystem[] = L"win64";
 #endif
 
 RegistryEntries classEntries(const ControlTable& table, const std::wstring& file) {
@@ -40,7 +39,7 @@ RegistryEntries classEntries(const ControlTable& table, const std::wstring& file
     entries.add(key + L"\\TypeLib", guidText(systemGuid(library().id)));
     entries.add(key + L"\\Version", wideText(libraryVersion(library())));
     entries.add(key + L"\\Verb\\0", L"Edit,0,0");
-    entries.add(key + L"\\Verb\\-7", L"&Properties,0,2"); // shown in the container's menu
+    entries.add(key + L"\\Verb\\-7", L"&Properties,0,2");  // shown in the container's menu
     entries.add(key + L"\\Implemented Categories\\" + controlCategory, L"");
     entries.add(versioned, description);
     entries.add(versioned + L"\\CLSID", id);
@@ -57,56 +56,60 @@ RegistryEntries currentVersionEntries(const ControlTable& table) {
     return entries;
 }
 
-using RegisterForUser = HRESULT(STDAPICALLTYPE*)(ITypeLib*, OLECHAR*, OLECHAR*);
-using UnregisterForUser = HRESULT(STDAPICALLTYPE*)(REFGUID, WORD, WORD, LCID, SYSKIND);
+constexpr wchar_t dispatchProxy[] = L"{00020420-0000-0000-C000-000000000046}";
 
-// Functions that not every system has.
-template <typename Function>
-Function automationFunction(const char* name) {
-    const HMODULE automation = GetModuleHandleW(L"oleaut32.dll");
-    return automation ? reinterpret_cast<Function>(GetProcAddress(automation, name)) : nullptr;
+std::wstring typeLibraryKey() {
+    return L"TypeLib\\" + guidText(systemGuid(library().id));
 }
 
-HRESULT registerTypes(RegistrationScope scope, std::wstring file) {
-    ComPtr<ITypeLib> types;
-    if (const HRESULT loaded = LoadTypeLibEx(file.c_str(), REGKIND_NONE, types.put()); FAILED(loaded)) return loaded;
-    if (scope == RegistrationScope::machine) return RegisterTypeLib(types.get(), file.data(), nullptr);
-    const auto forUser = automationFunction<RegisterForUser>("RegisterTypeLibForUser");
-    return forUser ? forUser(types.get(), file.data(), nullptr) : SELFREG_E_TYPELIB;
+// The system can register a type library itself, for one user not everywhere, and takes back more or less
+// than it wrote; so its values are written as all others are.
+RegistryEntries fileEntries(const wchar_t* system, const std::wstring& file) {
+    RegistryEntries entries;
+    entries.add(typeLibraryKey() + L"\\" + wideText(libraryVersion(library())) + L"\\0\\" + system, file);
+    return entries;
 }
 
-HRESULT unregisterTypes(RegistrationScope scope) {
-    const Library& own = library();
-    const GUID id = systemGuid(own.id);
-    if (scope == RegistrationScope::machine)
-        return UnRegisterTypeLib(id, own.majorVersion, own.minorVersion, LOCALE_NEUTRAL, ownSystem);
-    const auto forUser = automationFunction<UnregisterForUser>("UnRegisterTypeLibForUser");
-    return forUser ? forUser(id, own.majorVersion, own.minorVersion, LOCALE_NEUTRAL, ownSystem) : SELFREG_E_TYPELIB;
+// What the servers of both architectures share.
+RegistryEntries typeEntries(const std::wstring& file) {
+    const std::wstring version = wideText(libraryVersion(library()));
+    const std::wstring key = typeLibraryKey() + L"\\" + version;
+    RegistryEntries entries;
+    entries.add(key, wideText(library().description));
+    entries.add(key + L"\\FLAGS", L"0");
+    entries.add(key + L"\\HELPDIR", file.substr(0, file.rfind(L'\\')));
+    const auto addInterface = [&](const Guid& id, const std::wstring& name) {
+        const std::wstring interfaceKey = L"Interface\\" + guidText(systemGuid(id));
+        entries.add(interfaceKey, name);
+        entries.add(interfaceKey + L"\\ProxyStubClsid32", dispatchProxy);
+        entries.add(interfaceKey + L"\\TypeLib", guidText(systemGuid(library().id)));
+        entries.add(interfaceKey + L"\\TypeLib", version, L"Version");
+    };
+    for (const ControlTable* table : publicControls(library())) {
+        addInterface(table->interfaceId, L"_" + wideText(table->name));
+        addInterface(table->eventInterfaceId, L"__" + wideText(table->name));
+    }
+    return entries;
 }
 
 }  // namespace
 
 HRESULT registerServer(RegistrationScope scope) {
     const std::wstring file = module::path();
-    const ClassesKey classes(scope == RegistrationScope::machine ? HKEY_LOCAL_MACHINE : HKEY_CURRENT_USER);
-    bool written = true;
+    const ClassesKey classes(scope);
+    bool written = fileEntries(ownSystem, file).write(classes) && typeEntries(file).write(classes);
     for (const ControlTable* table : publicControls(library())) {
-        written = written && classEntries(*table, file).write(classes) && currentVersionEntries(*table).write(classes);
+        written = written && classEntries(*table, file).write(classes) &&
+                  currentVersionEntries(*table).write(classes);
     }
-    if (!written) {
-        unregisterServer(scope);
-        return SELFREG_E_CLASS;
-    }
-    if (FAILED(registerTypes(scope, file))) {
-        unregisterServer(scope);
-        return SELFREG_E_TYPELIB;
-    }
-    return S_OK;
+    if (written) return S_OK;
+    unregisterServer(scope);
+    return SELFREG_E_CLASS;
 }
 
 HRESULT unregisterServer(RegistrationScope scope) {
     const std::wstring file = module::path();
-    const ClassesKey classes(scope == RegistrationScope::machine ? HKEY_LOCAL_MACHINE : HKEY_CURRENT_USER);
+    const ClassesKey classes(scope);
     bool removed = true;
     for (const ControlTable* table : publicControls(library())) {
         const std::wstring current = classes.text(wideText(programmaticId(*table)) + L"\\CurVer");
@@ -114,10 +117,10 @@ HRESULT unregisterServer(RegistrationScope scope) {
             removed = currentVersionEntries(*table).remove(classes) && removed;
         removed = classEntries(*table, file).remove(classes) && removed;
     }
-    const HRESULT types = unregisterTypes(scope);
-    if (!removed) return SELFREG_E_CLASS;
-    // Nothing to remove is as good as removed.
-    return SUCCEEDED(types) || types == TYPE_E_REGISTRYACCESS ? S_OK : SELFREG_E_TYPELIB;
+    removed = fileEntries(ownSystem, file).remove(classes) && removed;
+    if (!fileEntries(otherSystem, file).present(classes))
+        removed = typeEntries(file).remove(classes) && removed;
+    return removed ? S_OK : SELFREG_E_CLASS;
 }
 
 }  // namespace obk::server

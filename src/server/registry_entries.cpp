@@ -19,11 +19,14 @@ private:
     HKEY key_ = nullptr;
 };
 
-bool missing(LSTATUS status) { return status == ERROR_FILE_NOT_FOUND || status == ERROR_PATH_NOT_FOUND; }
+bool missing(LSTATUS status) {
+    return status == ERROR_FILE_NOT_FOUND || status == ERROR_PATH_NOT_FOUND;
+}
 
 bool removeValue(const ClassesKey& classes, const std::wstring& key, const std::wstring& name) {
     OpenKey opened;
-    const LSTATUS found = RegOpenKeyExW(classes.root(), ClassesKey::path(key).c_str(), 0, KEY_SET_VALUE, opened.put());
+    const LSTATUS found =
+        RegOpenKeyExW(classes.root(), ClassesKey::path(key).c_str(), 0, KEY_SET_VALUE, opened.put());
     if (found != ERROR_SUCCESS) return missing(found);
     const LSTATUS removed = RegDeleteValueW(opened.get(), name.c_str());
     return removed == ERROR_SUCCESS || missing(removed);
@@ -32,9 +35,10 @@ bool removeValue(const ClassesKey& classes, const std::wstring& key, const std::
 bool isEmpty(const ClassesKey& classes, const std::wstring& key) {
     OpenKey opened;
     DWORD subKeys = 0, values = 0;
-    return RegOpenKeyExW(classes.root(), ClassesKey::path(key).c_str(), 0, KEY_READ, opened.put()) == ERROR_SUCCESS &&
-           RegQueryInfoKeyW(opened.get(), nullptr, nullptr, nullptr, &subKeys, nullptr, nullptr, &values, nullptr,
-                            nullptr, nullptr, nullptr) == ERROR_SUCCESS &&
+    return RegOpenKeyExW(classes.root(), ClassesKey::path(key).c_str(), 0, KEY_READ, opened.put()) ==
+               ERROR_SUCCESS &&
+           RegQueryInfoKeyW(opened.get(), nullptr, nullptr, nullptr, &subKeys, nullptr, nullptr, &values,
+                            nullptr, nullptr, nullptr, nullptr) == ERROR_SUCCESS &&
            subKeys == 0 && values == 0;
 }
 
@@ -61,6 +65,16 @@ void RegistryEntries::add(std::wstring key, std::wstring text, std::wstring name
     entries_.push_back({std::move(key), std::move(name), std::move(text)});
 }
 
+bool RegistryEntries::present(const ClassesKey& classes) const {
+    for (const Entry& entry : entries_) {
+        OpenKey key;
+        if (RegOpenKeyExW(classes.root(), ClassesKey::path(entry.key).c_str(), 0, KEY_READ, key.put()) !=
+            ERROR_SUCCESS)
+            return false;
+    }
+    return true;
+}
+
 bool RegistryEntries::write(const ClassesKey& classes) const {
     bool written = true;
     for (const Entry& entry : entries_) {
@@ -69,10 +83,11 @@ bool RegistryEntries::write(const ClassesKey& classes) const {
         // A key that only has to exist gets no value.
         const bool valued = !entry.text.empty() || !entry.name.empty();
         const bool done =
-            RegCreateKeyExW(classes.root(), ClassesKey::path(entry.key).c_str(), 0, nullptr, 0, KEY_SET_VALUE, nullptr,
-                            key.put(), nullptr) == ERROR_SUCCESS &&
-            (!valued || RegSetValueExW(key.get(), entry.name.empty() ? nullptr : entry.name.c_str(), 0, REG_SZ,
-                                       reinterpret_cast<const BYTE*>(entry.text.c_str()), bytes) == ERROR_SUCCESS);
+            RegCreateKeyExW(classes.root(), ClassesKey::path(entry.key).c_str(), 0, nullptr, 0, KEY_SET_VALUE,
+                            nullptr, key.put(), nullptr) == ERROR_SUCCESS &&
+            (!valued ||
+             RegSetValueExW(key.get(), entry.name.empty() ? nullptr : entry.name.c_str(), 0, REG_SZ,
+                            reinterpret_cast<const BYTE*>(entry.text.c_str()), bytes) == ERROR_SUCCESS);
         written = written && done;
     }
     return written;

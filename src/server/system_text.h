@@ -5,6 +5,7 @@
 #include "base/text.h"
 
 #include <windows.h>
+
 #include <oleauto.h>
 
 #include <cstring>
@@ -18,12 +19,18 @@ static_assert(sizeof(wchar_t) == sizeof(char16_t) && sizeof(GUID) == sizeof(Guid
 inline TextView viewOf(const wchar_t* text, size_t length) {
     return {reinterpret_cast<const char16_t*>(text), length};
 }
-inline TextView viewOf(const wchar_t* text) { return text ? viewOf(text, std::wcslen(text)) : TextView(); }
+inline TextView viewOf(const wchar_t* text) {
+    return text ? viewOf(text, std::wcslen(text)) : TextView();
+}
 
 // A null BSTR is the empty text.
-inline TextView viewOfBstr(BSTR text) { return text ? viewOf(text, SysStringLen(text)) : TextView(); }
+inline TextView viewOfBstr(BSTR text) {
+    return text ? viewOf(text, SysStringLen(text)) : TextView();
+}
 
-inline const wchar_t* wide(const Text& text) { return reinterpret_cast<const wchar_t*>(text.c_str()); }
+inline const wchar_t* wide(const Text& text) {
+    return reinterpret_cast<const wchar_t*>(text.c_str());
+}
 inline std::wstring wideText(TextView text) {
     return {reinterpret_cast<const wchar_t*>(text.data()), text.size()};
 }

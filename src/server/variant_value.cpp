@@ -26,29 +26,46 @@ bool dereferenced(const VARIANT& variant, VARIANT& plain) {
     V_VT(&plain) = static_cast<VARTYPE>(V_VT(source) & ~VT_BYREF);
     switch (V_VT(&plain)) {
         case VT_I1:
-        case VT_UI1: V_UI1(&plain) = *V_UI1REF(source); return true;
+        case VT_UI1:
+            V_UI1(&plain) = *V_UI1REF(source);
+            return true;
         case VT_I2:
         case VT_UI2:
-        case VT_BOOL: V_I2(&plain) = *V_I2REF(source); return true;
+        case VT_BOOL:
+            V_I2(&plain) = *V_I2REF(source);
+            return true;
         case VT_I4:
         case VT_UI4:
         case VT_INT:
         case VT_UINT:
-        case VT_ERROR: V_I4(&plain) = *V_I4REF(source); return true;
-        case VT_R4: V_R4(&plain) = *V_R4REF(source); return true;
+        case VT_ERROR:
+            V_I4(&plain) = *V_I4REF(source);
+            return true;
+        case VT_R4:
+            V_R4(&plain) = *V_R4REF(source);
+            return true;
         case VT_I8:
         case VT_UI8:
-        case VT_CY: V_I8(&plain) = *V_I8REF(source); return true;
+        case VT_CY:
+            V_I8(&plain) = *V_I8REF(source);
+            return true;
         case VT_R8:
-        case VT_DATE: V_R8(&plain) = *V_R8REF(source); return true;
-        case VT_BSTR: V_BSTR(&plain) = *V_BSTRREF(source); return true;
+        case VT_DATE:
+            V_R8(&plain) = *V_R8REF(source);
+            return true;
+        case VT_BSTR:
+            V_BSTR(&plain) = *V_BSTRREF(source);
+            return true;
         case VT_DISPATCH:
-        case VT_UNKNOWN: V_UNKNOWN(&plain) = *V_UNKNOWNREF(source); return true;
+        case VT_UNKNOWN:
+            V_UNKNOWN(&plain) = *V_UNKNOWNREF(source);
+            return true;
         case VT_DECIMAL:
             V_DECIMAL(&plain) = *V_DECIMALREF(source);
-            V_VT(&plain) = VT_DECIMAL; // the structures overlap
+            V_VT(&plain) = VT_DECIMAL;  // the structures overlap
             return true;
-        default: return false;
+        default:
+            return false;
     }
 }
 
@@ -56,8 +73,8 @@ bool dereferenced(const VARIANT& variant, VARIANT& plain) {
 HRESULT readThroughSystem(const VARIANT& plain, ValueType wanted, Value& value) {
     OwnedVariant converted;
     const bool asText = wanted == ValueType::text || wanted == ValueType::empty;
-    const HRESULT result =
-        VariantChangeTypeEx(&converted, const_cast<VARIANT*>(&plain), neutralLocale, VARIANT_NOUSEROVERRIDE, asText ? VT_BSTR : VT_R8);
+    const HRESULT result = VariantChangeTypeEx(&converted, const_cast<VARIANT*>(&plain), neutralLocale,
+                                               VARIANT_NOUSEROVERRIDE, asText ? VT_BSTR : VT_R8);
     if (FAILED(result)) return result == DISP_E_OVERFLOW ? result : DISP_E_TYPEMISMATCH;
     if (asText) {
         value = Text(viewOfBstr(V_BSTR(&converted)));
@@ -101,8 +118,8 @@ HRESULT fromObject(IUnknown* object, ValueType wanted, int depth, Value& value) 
     if (!dispatch || depth >= deepestDefault) return DISP_E_TYPEMISMATCH;
     DISPPARAMS none{};
     OwnedVariant read;
-    if (FAILED(dispatch->Invoke(DISPID_VALUE, IID_NULL, neutralLocale, DISPATCH_PROPERTYGET | DISPATCH_METHOD, &none,
-                                &read, nullptr, nullptr)))
+    if (FAILED(dispatch->Invoke(DISPID_VALUE, IID_NULL, neutralLocale, DISPATCH_PROPERTYGET | DISPATCH_METHOD,
+                                &none, &read, nullptr, nullptr)))
         return DISP_E_TYPEMISMATCH;
     VARIANT inner;
     if (!dereferenced(read, inner)) return DISP_E_TYPEMISMATCH;
@@ -111,28 +128,52 @@ HRESULT fromObject(IUnknown* object, ValueType wanted, int depth, Value& value) 
 
 HRESULT fromPlain(const VARIANT& plain, ValueType wanted, int depth, Value& value) {
     switch (V_VT(&plain)) {
-        case VT_EMPTY: value = std::monostate(); break;
+        case VT_EMPTY:
+            value = std::monostate();
+            break;
         case VT_ERROR:
             if (V_ERROR(&plain) != DISP_E_PARAMNOTFOUND) return DISP_E_TYPEMISMATCH;
             value = std::monostate();
-            return S_OK; // left out stays apart from an empty value that was given
-        case VT_BOOL: value = V_BOOL(&plain) != VARIANT_FALSE; break;
-        case VT_UI1: value = static_cast<uint8_t>(V_UI1(&plain)); break;
-        case VT_I1: value = static_cast<int16_t>(static_cast<signed char>(V_I1(&plain))); break;
-        case VT_I2: value = static_cast<int16_t>(V_I2(&plain)); break;
-        case VT_UI2: value = static_cast<int32_t>(V_UI2(&plain)); break;
+            return S_OK;  // left out stays apart from an empty value that was given
+        case VT_BOOL:
+            value = V_BOOL(&plain) != VARIANT_FALSE;
+            break;
+        case VT_UI1:
+            value = static_cast<uint8_t>(V_UI1(&plain));
+            break;
+        case VT_I1:
+            value = static_cast<int16_t>(static_cast<signed char>(V_I1(&plain)));
+            break;
+        case VT_I2:
+            value = static_cast<int16_t>(V_I2(&plain));
+            break;
+        case VT_UI2:
+            value = static_cast<int32_t>(V_UI2(&plain));
+            break;
         case VT_I4:
-        case VT_INT: value = static_cast<int32_t>(V_I4(&plain)); break;
+        case VT_INT:
+            value = static_cast<int32_t>(V_I4(&plain));
+            break;
         case VT_UI4:
-        case VT_UINT: value = wholeNumber<int64_t>(V_UI4(&plain)); break;
-        case VT_R4: value = V_R4(&plain); break;
-        case VT_R8: value = V_R8(&plain); break;
-        case VT_BSTR: value = Text(viewOfBstr(V_BSTR(&plain))); break;
+        case VT_UINT:
+            value = wholeNumber<int64_t>(V_UI4(&plain));
+            break;
+        case VT_R4:
+            value = V_R4(&plain);
+            break;
+        case VT_R8:
+            value = V_R8(&plain);
+            break;
+        case VT_BSTR:
+            value = Text(viewOfBstr(V_BSTR(&plain)));
+            break;
         case VT_DISPATCH:
-        case VT_UNKNOWN: return fromObject(V_UNKNOWN(&plain), wanted, depth, value);
+        case VT_UNKNOWN:
+            return fromObject(V_UNKNOWN(&plain), wanted, depth, value);
         case VT_I8:
             if (wanted == ValueType::text) {
-                if (const HRESULT result = readThroughSystem(plain, wanted, value); FAILED(result)) return result;
+                if (const HRESULT result = readThroughSystem(plain, wanted, value); FAILED(result))
+                    return result;
                 break;
             }
             value = wholeNumber<int64_t>(V_I8(&plain));
@@ -143,7 +184,8 @@ HRESULT fromPlain(const VARIANT& plain, ValueType wanted, int depth, Value& valu
         case VT_DECIMAL:
             if (const HRESULT result = readThroughSystem(plain, wanted, value); FAILED(result)) return result;
             break;
-        default: return DISP_E_TYPEMISMATCH;
+        default:
+            return DISP_E_TYPEMISMATCH;
     }
     if (wanted == ValueType::empty || typeOf(value) == wanted) return S_OK;
     auto fitting = converted(value, wanted);
@@ -152,13 +194,16 @@ HRESULT fromPlain(const VARIANT& plain, ValueType wanted, int depth, Value& valu
     return S_OK;
 }
 
-bool isNumber(ValueType type) { return type >= ValueType::boolean && type <= ValueType::doubleFloat; }
+bool isNumber(ValueType type) {
+    return type >= ValueType::boolean && type <= ValueType::doubleFloat;
+}
 
 }  // namespace
 
 bool isLeftOut(const VARIANT& variant) {
     VARIANT plain;
-    return dereferenced(variant, plain) && V_VT(&plain) == VT_ERROR && V_ERROR(&plain) == DISP_E_PARAMNOTFOUND;
+    return dereferenced(variant, plain) && V_VT(&plain) == VT_ERROR &&
+           V_ERROR(&plain) == DISP_E_PARAMNOTFOUND;
 }
 
 HRESULT valueFromVariant(const VARIANT& variant, ValueType wanted, Value& value) {
@@ -171,14 +216,16 @@ HRESULT valueFromVariant(const VARIANT& variant, ValueType wanted, Value& value)
     if (!dereferenced(variant, plain)) return DISP_E_TYPEMISMATCH;
     const HRESULT result = fromPlain(plain, wanted, 0, value);
     // An overflow is one only where a number was wanted.
-    if (result == DISP_E_OVERFLOW && !isNumber(wanted) && wanted != ValueType::colour) return DISP_E_TYPEMISMATCH;
+    if (result == DISP_E_OVERFLOW && !isNumber(wanted) && wanted != ValueType::colour)
+        return DISP_E_TYPEMISMATCH;
     return result;
 }
 
 HRESULT variantFromValue(const Value& value, VARIANT& variant) {
     V_VT(&variant) = VT_EMPTY;
     switch (typeOf(value)) {
-        case ValueType::empty: return S_OK;
+        case ValueType::empty:
+            return S_OK;
         case ValueType::boolean:
             V_BOOL(&variant) = std::get<bool>(value) ? VARIANT_TRUE : VARIANT_FALSE;
             V_VT(&variant) = VT_BOOL;
@@ -238,20 +285,32 @@ void writeBack(const Value& value, const VARIANT& reference) {
     if (FAILED(VariantChangeTypeEx(&changed, &changed, neutralLocale, VARIANT_NOUSEROVERRIDE, type))) return;
     switch (type) {
         case VT_I1:
-        case VT_UI1: *V_UI1REF(&reference) = V_UI1(&changed); break;
+        case VT_UI1:
+            *V_UI1REF(&reference) = V_UI1(&changed);
+            break;
         case VT_I2:
         case VT_UI2:
-        case VT_BOOL: *V_I2REF(&reference) = V_I2(&changed); break;
+        case VT_BOOL:
+            *V_I2REF(&reference) = V_I2(&changed);
+            break;
         case VT_I4:
         case VT_UI4:
         case VT_INT:
-        case VT_UINT: *V_I4REF(&reference) = V_I4(&changed); break;
-        case VT_R4: *V_R4REF(&reference) = V_R4(&changed); break;
+        case VT_UINT:
+            *V_I4REF(&reference) = V_I4(&changed);
+            break;
+        case VT_R4:
+            *V_R4REF(&reference) = V_R4(&changed);
+            break;
         case VT_I8:
         case VT_UI8:
-        case VT_CY: *V_I8REF(&reference) = V_I8(&changed); break;
+        case VT_CY:
+            *V_I8REF(&reference) = V_I8(&changed);
+            break;
         case VT_R8:
-        case VT_DATE: *V_R8REF(&reference) = V_R8(&changed); break;
+        case VT_DATE:
+            *V_R8REF(&reference) = V_R8(&changed);
+            break;
         case VT_DECIMAL: {
             const auto keptReserved = V_DECIMALREF(&reference)->wReserved;
             *V_DECIMALREF(&reference) = V_DECIMAL(&changed);
@@ -259,9 +318,10 @@ void writeBack(const Value& value, const VARIANT& reference) {
             break;
         }
         case VT_BSTR:
-            std::swap(*V_BSTRREF(&reference), V_BSTR(&changed)); // the old text goes with `changed`
+            std::swap(*V_BSTRREF(&reference), V_BSTR(&changed));  // the old text goes with `changed`
             break;
-        default: break;
+        default:
+            break;
     }
 }
 

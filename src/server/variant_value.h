@@ -4,6 +4,7 @@
 #include "framework/value.h"
 
 #include <windows.h>
+
 #include <oaidl.h>
 
 #include <optional>
@@ -23,13 +24,13 @@ public:
 bool isLeftOut(const VARIANT& variant);
 
 // Any automation type, by value or by reference, as a value of the type `wanted`; ValueType::empty takes the
-// nearest type. What is left out becomes an empty value. An object is read through its default property where a
-// plain value is wanted. DISP_E_OVERFLOW for a number that is too large, DISP_E_TYPEMISMATCH for all other
+// nearest type. What is left out becomes an empty value. An object is read through its default property where
+// a plain value is wanted. DISP_E_OVERFLOW for a number that is too large, DISP_E_TYPEMISMATCH for all other
 // refusals: Null, arrays and foreign objects among them.
 HRESULT valueFromVariant(const VARIANT& variant, ValueType wanted, Value& value);
 
-// As hosts expect a value: a colour as a Long, a font or picture as its dispatch interface (which may be null).
-// `variant` is overwritten, not cleared. E_OUTOFMEMORY leaves it empty.
+// As hosts expect a value: a colour as a Long, a font or picture as its dispatch interface (which may be
+// null). `variant` is overwritten, not cleared. E_OUTOFMEMORY leaves it empty.
 HRESULT variantFromValue(const Value& value, VARIANT& variant);
 
 // Stores a changed argument where a by-reference variant points, in the type that stands there. A variant by

@@ -5,6 +5,7 @@
 
 #include "server/control_object.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace obk::server {
@@ -31,8 +32,8 @@ RECT ordered(const RECTL& bounds) {
             std::max(bounds.left, bounds.right), std::max(bounds.top, bounds.bottom)};
 }
 
-// Turns the bounds into pixels and the context into one that counts in them. An old metafile cannot say where its
-// units end up; there the control is drawn in the units themselves.
+// Turns the bounds into pixels and the context into one that counts in them. An old metafile cannot say where
+// its units end up; there the control is drawn in the units themselves.
 RECT inPixels(HDC context, const RECTL& bounds) {
     RECT pixels{bounds.left, bounds.top, bounds.right, bounds.bottom};
     if (GetObjectType(context) != OBJ_METADC && LPtoDP(context, reinterpret_cast<POINT*>(&pixels), 2)) {
@@ -53,17 +54,30 @@ ViewPart::~ViewPart() {
 
 void ViewPart::paint(HDC context, const RECT& bounds) {
     Control& control = object_.control();
-    // The resolution at which the control's own size is the size of the bounds: lines and text come out sharp at any
-    // scale, instead of being stretched.
-    const int width = bounds.right - bounds.left;
-    const double inches = control.width().value / 1440;
-    const Dpi dpi(inches > 0 ? static_cast<int32_t>(std::lround(width / inches)) : 0);
+    // The resolution at which the control's own size comes nearest to the bounds: lines and text come out
+    // sharp at any scale, instead of being stretched.
+    const SIZE wanted{bounds.right - bounds.left, bounds.bottom - bounds.top};
+    const double across = control.width().value > 0 ? wanted.cx * 1440 / control.width().value : 0;
+    const double down = control.height().value > 0 ? wanted.cy * 1440 / control.height().value : 0;
+    const Dpi dpi(static_cast<int32_t>(std::lround(std::min({across, down, 1e5}))));
+    const PixelSize own{std::max(dpi.toPixels(control.width()), 1),
+                        std::max(dpi.toPixels(control.height()), 1)};
+    PixelRect area{bounds.left, bounds.top, bounds.right, bounds.bottom};
+    // What is left is a scale near 1, or a container that distorts. An old metafile has no room for it.
+    if ((own.width != wanted.cx || own.height != wanted.cy) && GetObjectType(context) != OBJ_METADC) {
+        SetMapMode(context, MM_ANISOTROPIC);
+        SetWindowOrgEx(context, 0, 0, nullptr);
+        SetWindowExtEx(context, own.width, own.height, nullptr);
+        SetViewportOrgEx(context, bounds.left, bounds.top, nullptr);
+        SetViewportExtEx(context, wanted.cx, wanted.cy, nullptr);
+        area = {0, 0, own.width, own.height};
+    }
     win32::GdiCanvas canvas(context, dpi, &object_.platform().fonts());
-    control.draw(canvas, {bounds.left, bounds.top, bounds.right, bounds.bottom});
+    control.draw(canvas, area);
 }
 
-HRESULT ViewPart::Draw(DWORD aspect, LONG, void*, DVTARGETDEVICE*, HDC, HDC context, LPCRECTL bounds, LPCRECTL,
-                       BOOL(STDMETHODCALLTYPE*)(ULONG_PTR), ULONG_PTR) {
+HRESULT ViewPart::Draw(DWORD aspect, LONG, void*, DVTARGETDEVICE*, HDC, HDC context, LPCRECTL bounds,
+                       LPCRECTL, BOOL(STDMETHODCALLTYPE*)(ULONG_PTR), ULONG_PTR) {
     if (aspect != DVASPECT_CONTENT) return DV_E_DVASPECT;
     if (!context) return E_INVALIDARG;
     return perform([&]() -> HRESULT {
@@ -91,7 +105,7 @@ HRESULT ViewPart::Draw(DWORD aspect, LONG, void*, DVTARGETDEVICE*, HDC, HDC cont
 
 HRESULT ViewPart::GetColorSet(DWORD, LONG, void*, DVTARGETDEVICE*, HDC, LOGPALETTE** palette) {
     if (palette) *palette = nullptr;
-    return S_FALSE; // any colours
+    return S_FALSE;  // any colours
 }
 
 HRESULT ViewPart::Freeze(DWORD aspect, LONG, void*, DWORD* key) {
@@ -107,7 +121,8 @@ HRESULT ViewPart::Freeze(DWORD aspect, LONG, void*, DWORD* key) {
         const HDC context = CreateEnhMetaFileW(nullptr, nullptr, &frame, nullptr);
         if (!context) return E_OUTOFMEMORY;
         const Dpi dpi = object_.control().root().dpi();
-        paint(context, {0, 0, dpi.toPixels(object_.control().width()), dpi.toPixels(object_.control().height())});
+        paint(context,
+              {0, 0, dpi.toPixels(object_.control().width()), dpi.toPixels(object_.control().height())});
         frozen_ = CloseEnhMetaFile(context);
         *key = freezeKey;
         return frozen_ ? S_OK : E_OUTOFMEMORY;

@@ -12,8 +12,8 @@ public:
     using Part::Part;
     ~ViewPart();
 
-    HRESULT STDMETHODCALLTYPE Draw(DWORD aspect, LONG index, void* reserved, DVTARGETDEVICE* device, HDC target,
-                                   HDC context, LPCRECTL bounds, LPCRECTL windowBounds,
+    HRESULT STDMETHODCALLTYPE Draw(DWORD aspect, LONG index, void* reserved, DVTARGETDEVICE* device,
+                                   HDC target, HDC context, LPCRECTL bounds, LPCRECTL windowBounds,
                                    BOOL(STDMETHODCALLTYPE* goOn)(ULONG_PTR), ULONG_PTR data) override;
     HRESULT STDMETHODCALLTYPE GetColorSet(DWORD aspect, LONG index, void* reserved, DVTARGETDEVICE* device,
                                           HDC target, LOGPALETTE** palette) override;
@@ -21,12 +21,13 @@ public:
     HRESULT STDMETHODCALLTYPE Unfreeze(DWORD key) override;
     HRESULT STDMETHODCALLTYPE SetAdvise(DWORD aspects, DWORD flags, IAdviseSink* sink) override;
     HRESULT STDMETHODCALLTYPE GetAdvise(DWORD* aspects, DWORD* flags, IAdviseSink** sink) override;
-    HRESULT STDMETHODCALLTYPE GetExtent(DWORD aspect, LONG index, DVTARGETDEVICE* device, LPSIZEL size) override;
+    HRESULT STDMETHODCALLTYPE GetExtent(DWORD aspect, LONG index, DVTARGETDEVICE* device,
+                                        LPSIZEL size) override;
 
 private:
     void paint(HDC context, const RECT& bounds);
 
-    HENHMETAFILE frozen_ = nullptr; // the look to show instead, while frozen
+    HENHMETAFILE frozen_ = nullptr;  // the look to show instead, while frozen
 };
 
 }  // namespace obk::server

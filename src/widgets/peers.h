@@ -73,6 +73,9 @@ protected:
     ~TextBoxClient() = default;
 };
 
+// The air at both sides of an edit's text, in pixels at 96 DPI.
+constexpr int32_t textMargin = 2;
+
 // A single-line text edit window without border. Starts empty, enabled, visible, left aligned.
 class TextBoxPeer : public ChildPeer {
 public:

@@ -82,7 +82,8 @@ void TextBox::paint(Canvas& canvas, const PixelRect& bounds) {
     style.horizontal = horizontalAlignment();
     style.vertical = VerticalAlignment::top;
     style.ellipsis = false;
-    canvas.drawText(text_, bounds, style);
+    const int32_t margin = canvas.dpi().scaled(textMargin);
+    canvas.drawText(text_, {bounds.left + margin, bounds.top, bounds.right - margin, bounds.bottom}, style);
 }
 
 void TextBox::attach(SurfacePeer& peer) {

@@ -59,7 +59,8 @@ TEST(CommittedFiles, EveryPublicControlHasItsReferencePage) {
         EXPECT_TRUE(same(writeReference(*fresh), "docs/reference/" + page)) << howToMend;
     }
     for (const auto& entry : std::filesystem::directory_iterator(repository / "docs/reference"))
-        EXPECT_TRUE(pages.contains(entry.path().filename().string())) << entry.path() << " belongs to no control";
+        EXPECT_TRUE(pages.contains(entry.path().filename().string()))
+            << entry.path() << " belongs to no control";
 }
 
 }  // namespace

@@ -22,7 +22,8 @@ Member row(MemberKind kind, int32_t number, TextView name, TextView help) {
 
 // A library with everything that a table can say, apart from the real one.
 struct SampleLibrary {
-    Enumeration shapes{u"Shape", {1, 2, 3, {}}, u"Shapes", {{u"Round", 0, u"A \"round\" one"}, {u"Flat", -2, u"Flat"}}};
+    Enumeration shapes{
+        u"Shape", {1, 2, 3, {}}, u"Shapes", {{u"Round", 0, u"A \"round\" one"}, {u"Flat", -2, u"Flat"}}};
     ControlTable shown, hidden;
     Library library{u"SAMPLE", u"Samples", {0xABCD, 1, 2, {0, 0, 0, 0, 0, 0, 0, 9}}, 2, 1, {}, {}};
 
@@ -60,23 +61,25 @@ struct SampleLibrary {
 TEST(IdlWriter, WritesWhatHostsHaveToKnow) {
     const SampleLibrary sample;
     const std::string idl = writeIdl(sample.library);
-    for (const char* expected : {
-             "uuid(0000ABCD-0001-0002-0000-000000000009)",
-             "version(2.1)",
-             "helpstring(\"Samples\")",
-             "enum Shape {\n        [helpstring(\"A \\\"round\\\" one\")] Round = 0,\n        [helpstring(\"Flat\")] Flat = -2\n",
-             "[id(1), propget, helpstring(\"Its kind\")]\n            enum Shape Kind();",
-             "[id(1), propput, helpstring(\"Its kind\")]\n            void Kind([in] enum Shape value);",
-             "[id(2), propputref, helpstring(\"Back\\\\slash\")]\n            void Face([in] IPictureDisp* value);",
-             "float Count();",
-             "unsigned char Find([in] OLE_COLOR Where, [in, out] BSTR* What);",
-             "void Moved([in, out] float* X, [in, out] short* Key);",
-             "[default] dispinterface _Shown;\n        [default, source] dispinterface __Shown;",
-         })
+    for (
+        const char* expected : {
+            "uuid(0000ABCD-0001-0002-0000-000000000009)",
+            "version(2.1)",
+            "helpstring(\"Samples\")",
+            "enum Shape {\n        [helpstring(\"A \\\"round\\\" one\")] Round = 0,\n        [helpstring(\"Flat\")] Flat = -2\n",
+            "[id(1), propget, helpstring(\"Its kind\")]\n            enum Shape Kind();",
+            "[id(1), propput, helpstring(\"Its kind\")]\n            void Kind([in] enum Shape value);",
+            "[id(2), propputref, helpstring(\"Back\\\\slash\")]\n            void Face([in] IPictureDisp* value);",
+            "float Count();",
+            "unsigned char Find([in] OLE_COLOR Where, [in, out] BSTR* What);",
+            "void Moved([in, out] float* X, [in, out] short* Key);",
+            "[default] dispinterface _Shown;\n        [default, source] dispinterface __Shown;",
+        })
         EXPECT_NE(idl.find(expected), std::string::npos) << expected << "\n" << idl;
     EXPECT_EQ(idl.find("void Count("), std::string::npos) << "a read-only property cannot be put";
-    EXPECT_EQ(idl.find("void Kind([in] enum Shape value);", idl.find("void Kind([in] enum Shape value);") + 1),
-              std::string::npos)
+    EXPECT_EQ(
+        idl.find("void Kind([in] enum Shape value);", idl.find("void Kind([in] enum Shape value);") + 1),
+        std::string::npos)
         << "a plain value is not put by reference";
 }
 

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <ostream>
+#include <set>
 
 namespace obk::testing_support {
 
@@ -27,25 +28,23 @@ inline int gdiObjectCount() {
     return count;
 }
 
+// Named, because what the system calls back has its own calling convention on 32-bit systems.
+inline BOOL CALLBACK addWindow(HWND window, LPARAM windows) {
+    reinterpret_cast<std::set<HWND>*>(windows)->insert(window);
+    return TRUE;
+}
+
 // Windows of this thread, hidden, message-only and child windows included.
 inline int windowCount() {
-    int count = 0;
-    const auto counter = reinterpret_cast<LPARAM>(&count);
-    const WNDENUMPROC countTree = [](HWND window, LPARAM counted) {
-        ++*reinterpret_cast<int*>(counted);
-        EnumChildWindows(
-            window,
-            [](HWND, LPARAM inner) {
-                ++*reinterpret_cast<int*>(inner);
-                return TRUE;
-            },
-            counted);
-        return TRUE;
-    };
-    EnumThreadWindows(GetCurrentThreadId(), countTree, counter);
-    for (HWND each = nullptr; (each = FindWindowExW(HWND_MESSAGE, each, nullptr, nullptr)) != nullptr;)
-        count += GetWindowThreadProcessId(each, nullptr) == GetCurrentThreadId();
-    return count;
+    std::set<HWND> found;  // some systems list message-only windows among the thread's, others do not
+    const auto windows = reinterpret_cast<LPARAM>(&found);
+    EnumThreadWindows(GetCurrentThreadId(), addWindow, windows);
+    for (HWND each = nullptr; (each = FindWindowExW(HWND_MESSAGE, each, nullptr, nullptr)) != nullptr;) {
+        if (GetWindowThreadProcessId(each, nullptr) == GetCurrentThreadId()) found.insert(each);
+    }
+    const std::set<HWND> topLevel = found;
+    for (const HWND each : topLevel) EnumChildWindows(each, addWindow, windows);
+    return static_cast<int>(found.size());
 }
 
 struct ResourceCount {

@@ -75,8 +75,9 @@ ComPtr<IClassFactory> LoadedServer::factory(const std::wstring& className) const
 
 ComPtr<IUnknown> LoadedServer::create(const std::wstring& className) const {
     ComPtr<IUnknown> object;
-    if (const auto maker = factory(className))
+    if (const auto maker = factory(className)) {
         EXPECT_EQ(maker->CreateInstance(nullptr, __uuidof(IUnknown), object.putVoid()), S_OK);
+    }
     return object;
 }
 

@@ -31,7 +31,8 @@ bool writeReferencePages(const std::string& folder) {
     for (const obk::ControlTable* table : obk::publicControls(library)) {
         const auto fresh = table->create(platform);
         fresh->initNew();
-        written = write(folder + "/" + obk::toUtf8(table->name) + ".md", obk::writeReference(*fresh)) && written;
+        written =
+            write(folder + "/" + obk::toUtf8(table->name) + ".md", obk::writeReference(*fresh)) && written;
     }
     return written;
 }

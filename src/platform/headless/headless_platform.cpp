@@ -3,6 +3,7 @@
 #include "platform/headless/headless_windows.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace obk::headless {
 
@@ -59,7 +60,8 @@ std::unique_ptr<TimerPeer> HeadlessPlatform::createTimer(KeepAlive keepAlive, st
 
 std::unique_ptr<SurfacePeer> HeadlessPlatform::createSurface(SurfaceClient& client,
                                                              const SurfacePlacement& placement) {
-    if (refusesWindows_) return nullptr;
+    if (refusesWindows_ || (placement.kind == SurfacePlacement::Kind::control && placement.parent == 0))
+        return nullptr;
     return std::make_unique<HeadlessSurface>(*this, client, placement);
 }
 
@@ -89,30 +91,46 @@ PixelRect HeadlessPlatform::workAreaOf(const PixelRect& rect) const {
 }
 
 void HeadlessPlatform::pressKey(int16_t code, int16_t shift) {
+    keyDown(code, shift);
+    keyUp(code, shift);
+}
+
+void HeadlessPlatform::keyDown(int16_t code, int16_t shift, bool repeated) {
     HeadlessWindow* window = find(focus_);
     if (!window) return;
     const NativeWindow id = focus_;
     PeerClient& client = window->client();
     const auto alive = client.keepAlive();
-    KeyEvent event{code, shift, false};
+    if (!alive) return;
+    KeyEvent event{code, shift, repeated};
     const KeyRoute route = client.preTranslate(event);
-    if (route == KeyRoute::handled || (route == KeyRoute::container && client.offerToContainer(event)))
-        return;
+    if (route == KeyRoute::handled || !find(id)) return;
+    if (route == KeyRoute::container && client.offerToContainer(event)) return;
     if (!find(id)) return;
     client.keyDown(event);
-    if (event.code != 0 && find(id) == window) {
-        window->keyEffect(event);
-        if (const char16_t character = characterOf(code, shift); character != 0 && focus_ == id) {
-            const auto kept = static_cast<char16_t>(client.keyPress(static_cast<int16_t>(character)));
-            if (kept != 0 && find(id) == window) window->characterEffect(kept);
-        }
-    }
+    if (event.code == 0 || find(id) != window) return;
+    window->keyEffect(event);
+    // The character goes to whoever has the focus by then.
+    HeadlessWindow* typedInto = find(focus_);
+    if (const char16_t character = characterOf(code, shift); character != 0 && typedInto)
+        typeInto(*typedInto, character);
+}
+
+void HeadlessPlatform::typeInto(HeadlessWindow& window, char16_t character) {
+    const NativeWindow id = window.id();
+    const auto alive = window.client().keepAlive();
+    if (!alive) return;
+    const auto kept = static_cast<char16_t>(window.client().keyPress(static_cast<int16_t>(character)));
+    if (kept != 0 && find(id) == &window) window.characterEffect(kept);
+}
+
+void HeadlessPlatform::keyUp(int16_t code, int16_t shift) {
     // The release goes to whoever has the focus by then.
-    if (HeadlessWindow* last = find(focus_)) {
-        const auto lastAlive = last->client().keepAlive();
-        KeyEvent release{code, shift, false};
-        last->client().keyUp(release);
-    }
+    HeadlessWindow* last = find(focus_);
+    if (!last) return;
+    const auto alive = last->client().keepAlive();
+    KeyEvent release{code, shift, false};
+    if (alive) last->client().keyUp(release);
 }
 
 void HeadlessPlatform::type(TextView text) {
@@ -125,10 +143,7 @@ void HeadlessPlatform::type(TextView text) {
         }
         HeadlessWindow* window = find(focus_);
         if (!window) return;
-        const auto alive = window->client().keepAlive();
-        const NativeWindow id = focus_;
-        const auto kept = static_cast<char16_t>(window->client().keyPress(static_cast<int16_t>(character)));
-        if (kept != 0 && find(id) == window) window->characterEffect(kept);
+        typeInto(*window, character);
     }
 }
 
@@ -142,20 +157,30 @@ void HeadlessPlatform::mouse(NativeWindow surfaceWindow, const MouseEvent& event
         own.at = {screen.x - origin.x, screen.y - origin.y};
         target = holder;
     }
+    // A disabled window is none for the mouse; the host would get it.
+    if (!target->enabled()) return;
     // A panel's capture leaves its child windows their presses.
     const bool captured = target->hasCapture() && target->kind() != SurfacePlacement::Kind::panel;
-    HeadlessWindow* child = captured ? nullptr : target->childAt(own.at);
-    const auto alive = target->client().keepAlive();
-    if (!child) {
-        target->client().mouse(own);
-        return;
-    }
-    const NativeWindow id = child->id();
-    own.at = {own.at.x - child->bounds().left, own.at.y - child->bounds().top};
-    child->client().mouse(own);
-    // A press brings the focus after it has been reported, as an edit window does.
-    if (own.kind == MouseEvent::Kind::down && own.button == button::left && find(id) && child->canTakeFocus())
+    HeadlessWindow* const child = captured ? nullptr : target->childAt(own.at);
+    HeadlessWindow* const receiver = child ? child : target;
+    const NativeWindow id = receiver->id();
+    const auto alive = receiver->client().keepAlive();
+    if (!alive) return;
+    if (child) own.at = {own.at.x - child->bounds().left, own.at.y - child->bounds().top};
+    if (capture_ == 0) moveOnto(own.kind == MouseEvent::Kind::leave ? 0 : id, event);
+    // A press brings the focus before it is reported.
+    if (child && own.kind == MouseEvent::Kind::down && own.button == button::left && find(id) &&
+        child->canTakeFocus())
         setFocus(id);
+    if (find(id)) receiver->client().mouse(own);
+}
+
+void HeadlessPlatform::moveOnto(NativeWindow window, const MouseEvent& event) {
+    const NativeWindow before = std::exchange(hovered_, window);
+    HeadlessWindow* left = before == window ? nullptr : find(before);
+    if (!left || event.kind == MouseEvent::Kind::leave) return;
+    const auto alive = left->client().keepAlive();
+    if (alive) left->client().mouse({MouseEvent::Kind::leave, 0, event.shift, event.at});
 }
 
 void HeadlessPlatform::click(NativeWindow surfaceWindow, PixelPoint at, int16_t mouseButton) {
@@ -167,12 +192,12 @@ void HeadlessPlatform::click(NativeWindow surfaceWindow, PixelPoint at, int16_t 
 void HeadlessPlatform::wheel(NativeWindow surfaceWindow, const WheelEvent& event) {
     HeadlessSurface* target = surface(surfaceWindow);
     if (!target) return;
-    const auto alive = target->client().keepAlive();
-    HeadlessWindow* child = target->childAt(event.at);
+    HeadlessWindow* const child = target->hasCapture() ? nullptr : target->childAt(event.at);
+    HeadlessWindow* const receiver = child ? child : target;
+    const auto alive = receiver->client().keepAlive();
     WheelEvent own = event;
     if (child) own.at = {own.at.x - child->bounds().left, own.at.y - child->bounds().top};
-    if (child && child->client().wheel(own)) return;
-    target->client().wheel(event);
+    if (alive) receiver->client().wheel(own);
 }
 
 void HeadlessPlatform::setFocus(NativeWindow window) {
@@ -215,6 +240,18 @@ void HeadlessPlatform::advance(std::chrono::milliseconds time) {
     }
 }
 
+std::vector<NativeWindow> HeadlessPlatform::windows() const {
+    std::vector<NativeWindow> ids;
+    for (const auto& [id, window] : windows_) ids.push_back(id);
+    return ids;
+}
+
+void HeadlessPlatform::paintInvalid() {
+    for (const NativeWindow id : windows()) {
+        if (HeadlessSurface* shown = surface(id)) shown->update();
+    }
+}
+
 HeadlessSurface* HeadlessPlatform::surface(NativeWindow window) const {
     return dynamic_cast<HeadlessSurface*>(find(window));
 }
@@ -230,8 +267,10 @@ NativeWindow HeadlessPlatform::add(HeadlessWindow& window) {
 }
 
 void HeadlessPlatform::remove(HeadlessWindow& window) {
+    if (window.id() == 0) return;
     windows_.erase(window.id());
-    if (focus_ == window.id()) focus_ = 0;
+    // The focus of a window that goes falls to its parent, which is not told.
+    if (focus_ == window.id()) focus_ = window.parent() ? window.parent()->id() : 0;
 }
 
 HeadlessWindow* HeadlessPlatform::find(NativeWindow window) const {

@@ -32,11 +32,15 @@ public:
 
     // What a person does. Keys go to the focused window; characters too, each with its key going down and up.
     void pressKey(int16_t code, int16_t shift = 0);
+    // The halves of a key press; `repeated` for a key that was down already.
+    void keyDown(int16_t code, int16_t shift = 0, bool repeated = false);
+    void keyUp(int16_t code, int16_t shift = 0);
     void type(TextView text);
     // A mouse event at a point of a surface's client area: whoever has the capture gets it, else a child
-    // there.
+    // there. Moving on to another window tells the one before.
     void mouse(NativeWindow surface, const MouseEvent& event);
     void click(NativeWindow surface, PixelPoint at, int16_t button = button::left);
+    // What the window there does not use is the host's.
     void wheel(NativeWindow surface, const WheelEvent& event);
     // Gives the focus to a window, or with 0 to another application.
     void setFocus(NativeWindow window);
@@ -46,6 +50,8 @@ public:
     void moveHost();
     // Time passes; timers tick in their order.
     void advance(std::chrono::milliseconds time);
+    // Paints what is invalid, as the window system does when nothing else is under way.
+    void paintInvalid();
     // Lets a surface paint, at once; what it draws and what was invalid are in its record.
     HeadlessSurface* surface(NativeWindow window) const;
     void setDpi(NativeWindow surface, Dpi dpi);
@@ -59,6 +65,7 @@ public:
     NativeWindow focus() const { return focus_; }
     NativeWindow capture() const { return capture_; }
     size_t windowCount() const { return windows_.size(); }
+    std::vector<NativeWindow> windows() const;  // in the order they were made
     size_t timerCount() const { return timers_.size(); }
     const Text& clipboard() const { return clipboard_; }
     void setClipboard(Text text) { clipboard_ = std::move(text); }
@@ -75,6 +82,8 @@ private:
     void remove(HeadlessWindow& window);
     HeadlessWindow* find(NativeWindow window) const;
     void takeCapture(NativeWindow window);
+    void typeInto(HeadlessWindow& window, char16_t character);
+    void moveOnto(NativeWindow window, const MouseEvent& event);
 
     ManualClock clock_;
     MemoryRegistry registry_;
@@ -84,6 +93,7 @@ private:
     NativeWindow nextWindow_ = 1;
     NativeWindow focus_ = 0;
     NativeWindow capture_ = 0;
+    NativeWindow hovered_ = 0;
     Text clipboard_;
     bool refusesWindows_ = false;
     std::vector<PixelRect> workAreas_{{0, 0, 1280, 800}};

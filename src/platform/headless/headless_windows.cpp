@@ -12,7 +12,13 @@ HeadlessWindow::~HeadlessWindow() {
 }
 
 bool HeadlessWindow::canTakeFocus() const {
-    return visible_ && enabled_ && (!parent_ || parent_->canTakeFocus());
+    return id_ != 0 && visible_ && enabled_;
+}
+
+void HeadlessWindow::orphan() {
+    platform_.remove(*this);
+    parent_ = nullptr;
+    id_ = 0;
 }
 
 bool HeadlessWindow::contains(NativeWindow window) const {
@@ -29,15 +35,38 @@ HeadlessSurface::HeadlessSurface(HeadlessPlatform& platform, SurfaceClient& clie
       dpi_(platform.appearance().systemDpi()) {
     bounds_ = clip_ = placement.bounds;
     visible_ = kind_ == SurfacePlacement::Kind::control;
+    invalidate(area());
 }
 
 HeadlessSurface::~HeadlessSurface() {
     releaseCapture();
+    for (HeadlessWindow* child : children_) child->orphan();
+}
+
+bool HeadlessSurface::canTakeFocus() const {
+    // The focus in a panel would take it from the host's window.
+    return kind_ == SurfacePlacement::Kind::control && HeadlessWindow::canTakeFocus();
+}
+
+void HeadlessSurface::setBounds(const PixelRect& bounds) {
+    const PixelRect before = area();
+    bounds_ = clip_ = bounds;
+    if (area() != before) invalidate(area());
 }
 
 void HeadlessSurface::setVisible(bool visible) {
+    if (visible && !visible_) invalidate(area());
     visible_ = visible;
     if (!visible && hasFocus()) platform_.setFocus(0);
+}
+
+void HeadlessSurface::setEnabled(bool enabled) {
+    enabled_ = enabled;
+    if (!enabled && hasFocus()) platform_.setFocus(0);
+}
+
+void HeadlessSurface::update() {
+    if (visible_ && kind_ != SurfacePlacement::Kind::parked && !invalid_.intersected(area()).empty()) paint();
 }
 
 void HeadlessSurface::invalidate(const PixelRect& rect) {
@@ -53,7 +82,7 @@ void HeadlessSurface::releaseCapture() {
 }
 
 void HeadlessSurface::focus() {
-    if (kind_ != SurfacePlacement::Kind::panel && canTakeFocus()) platform_.setFocus(id());
+    if (canTakeFocus()) platform_.setFocus(id());
 }
 
 std::unique_ptr<TextBoxPeer> HeadlessSurface::createTextBox(TextBoxClient& client) {
@@ -61,12 +90,11 @@ std::unique_ptr<TextBoxPeer> HeadlessSurface::createTextBox(TextBoxClient& clien
 }
 
 RecordingCanvas HeadlessSurface::paint() {
-    const PixelRect area{0, 0, bounds_.width(), bounds_.height()};
-    RecordingCanvas canvas(dpi_, area);
+    RecordingCanvas canvas(dpi_, area());
     const auto alive = surfaceClient_.keepAlive();
-    const PixelRect dirty = invalid_.empty() ? area : invalid_.intersected(area);
+    const PixelRect dirty = invalid_.empty() ? area() : invalid_.intersected(area());
     invalid_ = {};
-    surfaceClient_.paint(canvas, dirty);
+    if (alive) surfaceClient_.paint(canvas, dirty);
     return canvas;
 }
 
@@ -91,22 +119,33 @@ HeadlessTextBox::HeadlessTextBox(HeadlessPlatform& platform, TextBoxClient& clie
 }
 
 HeadlessTextBox::~HeadlessTextBox() {
-    if (platform_.find(parent_->id())) parent_->removeChild(*this);
+    if (parent_) parent_->removeChild(*this);
+}
+
+bool HeadlessTextBox::canTakeFocus() const {
+    return HeadlessWindow::canTakeFocus() && !bounds_.intersected(clip_).empty() && parent_ &&
+           parent_->canTakeFocus();
+}
+
+void HeadlessTextBox::releaseFocus() {
+    // As the window system does: the surface has it when a child can no longer show it.
+    if (hasFocus()) platform_.setFocus(parent_->canTakeFocus() ? parent_->id() : 0);
 }
 
 void HeadlessTextBox::setBounds(const PixelRect& bounds, const PixelRect& clip) {
     bounds_ = bounds;
     clip_ = clip;
+    if (bounds_.intersected(clip_).empty()) releaseFocus();
 }
 
 void HeadlessTextBox::setVisible(bool visible) {
     visible_ = visible;
-    if (!visible && hasFocus()) platform_.setFocus(0);
+    if (!visible) releaseFocus();
 }
 
 void HeadlessTextBox::setEnabled(bool enabled) {
-    // As in a real window system, disabling the focused window leaves the focus where it is.
     enabled_ = enabled;
+    if (!enabled && hasFocus()) platform_.setFocus(0);
 }
 
 void HeadlessTextBox::focus() {
@@ -207,6 +246,7 @@ void HeadlessTextBox::replaceSelection(TextView text) {
 
 void HeadlessTextBox::report() {
     // Nothing of this object may be used after the call: the client may have destroyed it.
+    if (id() == 0) return;
     if (const auto alive = textClient_.keepAlive()) textClient_.textChanged(text_);
 }
 

@@ -21,7 +21,9 @@ public:
     NativeWindow id() const { return id_; }
     HeadlessSurface* parent() const { return parent_; }
     PeerClient& client() const { return client_; }
-    bool canTakeFocus() const;
+    virtual bool canTakeFocus() const;
+    // Its surface is gone: what is left answers, and does nothing.
+    void orphan();
     bool contains(NativeWindow window) const;  // itself or a child of it
     const PixelRect& bounds() const { return bounds_; }
     const PixelRect& clip() const { return clip_; }
@@ -51,17 +53,18 @@ public:
     NativeWindow window() const override { return id(); }
     Dpi dpi() const override { return dpi_; }
     void setParent(NativeWindow) override { kind_ = SurfacePlacement::Kind::control; }
-    void setBounds(const PixelRect& bounds) override { bounds_ = clip_ = bounds; }
+    void setBounds(const PixelRect& bounds) override;
     void setVisible(bool visible) override;
-    void setEnabled(bool enabled) override { enabled_ = enabled; }
+    void setEnabled(bool enabled) override;
     void invalidate(const PixelRect& rect) override;
-    void update() override { paint(); }
+    void update() override;
     void scroll(const PixelRect& rect, int32_t, int32_t) override { invalidate(rect); }
     void capture() override { platform_.takeCapture(id()); }
     void releaseCapture() override;
     bool hasCapture() const override { return platform_.capture() == id(); }
     void focus() override;
     bool hasFocus() const override { return contains(platform_.focus()); }
+    bool canTakeFocus() const override;
     void setCursor(Cursor cursor) override { cursor_ = cursor; }
     void setToolTip(const PixelRect&, TextView text) override { toolTip_ = text; }
     PixelPoint toScreen(PixelPoint point) const override {
@@ -83,6 +86,8 @@ public:
     Cursor cursor() const { return cursor_; }
 
 private:
+    PixelRect area() const { return {0, 0, bounds_.width(), bounds_.height()}; }
+
     SurfaceClient& surfaceClient_;
     SurfacePlacement::Kind kind_;
     Dpi dpi_;
@@ -105,7 +110,8 @@ public:
     void setColours(Rgb, Rgb) override {}
     void setAccessibleName(TextView) override {}
     void focus() override;
-    bool hasFocus() const override { return platform_.focus() == id(); }
+    bool hasFocus() const override { return id() != 0 && platform_.focus() == id(); }
+    bool canTakeFocus() const override;
     void setText(TextView text) override;
     void setSelection(TextSelection selection) override;
     TextSelection selection() const override { return selection_; }
@@ -118,6 +124,7 @@ public:
     void characterEffect(char16_t character) override;
 
 private:
+    void releaseFocus();
     void replaceSelection(TextView text);
     void report();
 

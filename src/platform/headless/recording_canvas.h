@@ -3,6 +3,7 @@
 
 #include "widgets/canvas.h"
 
+#include <utility>
 #include <vector>
 
 namespace obk::headless {
@@ -28,7 +29,8 @@ public:
     void pushClip(const PixelRect& rect) override { clips_.push_back(clips_.back().intersected(rect)); }
     void popClip() override { clips_.pop_back(); }
 
-    const std::vector<DrawnItem>& items() const { return items_; }
+    const std::vector<DrawnItem>& items() const& { return items_; }
+    std::vector<DrawnItem> items() && { return std::move(items_); }
     // The colour of the topmost fill at a point; black where nothing was filled.
     Rgb colourAt(PixelPoint point) const;
 

@@ -134,9 +134,9 @@ void TextBoxWindow::applyFont() {
 }
 
 void TextBoxWindow::setMargins() {
-    // None of the window's own: the distance of the text from its frame is the widget's, at every resolution.
-    // Setting a font brings back the system's.
-    send(EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, 0);
+    // Setting a font brings back the system's, which differ with the font.
+    const auto margin = static_cast<WORD>(fontDpi_.scaled(textMargin));
+    send(EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, MAKELPARAM(margin, margin));
 }
 
 void TextBoxWindow::setColours(Rgb text, Rgb background) {

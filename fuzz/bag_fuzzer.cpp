@@ -1,0 +1,77 @@
+// Bags out of raw bytes, and bags with keys that a control knows: it loads them, and what it saves it loads
+// and saves again alike.
+#include "framework/control.h"
+#include "fuzz_values.h"
+#include "library/library.h"
+#include "platform/headless/headless_platform.h"
+#include "platform/headless/recording_canvas.h"
+
+namespace obk::fuzz {
+namespace {
+
+std::optional<MemoryBag> bagFrom(const ControlTable& table, FuzzedDataProvider& input) {
+    if (input.ConsumeBool()) {
+        const std::vector<uint8_t> bytes = input.ConsumeRemainingBytes<uint8_t>();
+        return MemoryBag::parsed(std::as_bytes(std::span(bytes)));
+    }
+    MemoryBag bag;
+    while (input.remaining_bytes() > 0) {
+        if (table.persisted.empty() || input.ConsumeIntegralInRange(0, 15) == 0) {
+            bag.write(textFrom(input), anyValue(input));
+            continue;
+        }
+        const PersistedValue& row =
+            table.persisted[input.ConsumeIntegralInRange<size_t>(0, table.persisted.size() - 1)];
+        bag.write(row.readKey, valueFor(row.type, input));
+    }
+    return bag;
+}
+
+MemoryBag savedBy(const Control& control) {
+    MemoryBag bag;
+    control.save(bag);
+    return bag;
+}
+
+void run(FuzzedDataProvider& input) {
+    const auto& controls = library().controls;
+    const ControlTable& table = *controls[input.ConsumeIntegralInRange<size_t>(0, controls.size() - 1)];
+    std::optional<MemoryBag> bag = bagFrom(table, input);
+    if (!bag) return;
+    const std::vector<std::byte> bytes = bag->serialized();
+    std::optional<MemoryBag> again = MemoryBag::parsed(bytes);
+    require(again && again->serialized() == bytes, "a bag's bytes make the same bag");
+
+    headless::HeadlessPlatform platform;
+    const auto first = table.create(platform), second = table.create(platform);
+    first->load(*bag);
+    for (const Member& member : table.members) {
+        Value value;
+        if (!member.get) continue;
+        require(getProperty(*first, member, value) == CallStatus::done && typeOf(value) == member.type,
+                "properties have their declared types");
+    }
+    // What is loaded shows, too.
+    headless::RecordingCanvas canvas(Dpi(144), {0, 0, 120, 32});
+    first->draw(canvas, {0, 0, 120, 32});
+
+    MemoryBag saved = savedBy(*first);
+    const std::vector<std::byte> savedBytes = saved.serialized();
+    second->load(saved);
+    require(savedBy(*second).serialized() == savedBytes, "what was saved is saved again alike");
+    std::optional<MemoryBag> parsed = MemoryBag::parsed(savedBytes);
+    require(parsed.has_value(), "what was saved can be read");
+    // Over what is there already, nothing of which may stay.
+    second->load(*bag);
+    second->load(*parsed);
+    require(savedBy(*second).serialized() == savedBytes, "bytes that were saved are saved again alike");
+}
+
+}  // namespace
+}  // namespace obk::fuzz
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    FuzzedDataProvider input(data, size);
+    obk::fuzz::run(input);
+    return 0;
+}

@@ -1,0 +1,99 @@
+#include "platform/headless/headless_platform.h"
+#include "platform/headless/headless_windows.h"
+#include "port_conformance.h"
+
+#include <optional>
+#include <set>
+
+namespace obk::port {
+namespace {
+
+class HeadlessDriver final : public PortDriver {
+public:
+    headless::HeadlessPlatform& platform() override { return platform_; }
+    NativeWindow host() override { return outside; }
+    void keyDown(int16_t code, int16_t shift) override {
+        const bool repeated = !held_.insert(code).second;
+        platform_.keyDown(code, shift, repeated);
+        settle();
+    }
+    void keyUp(int16_t code, int16_t shift) override {
+        held_.erase(code);
+        platform_.keyUp(code, shift);
+        settle();
+    }
+    void mouseMove(SurfacePeer& surface, PixelPoint at) override {
+        screen_ = surface.toScreen(at);
+        send({MouseEvent::Kind::move, heldButtons_, 0, {}});
+    }
+    void mouseDown(int16_t button) override {
+        heldButtons_ = static_cast<int16_t>(heldButtons_ | button);
+        const headless::HeadlessSurface* const target = under();
+        const Press press{target ? target->id() : 0, screen_};
+        const bool second = lastPress_ == press;
+        lastPress_ = second ? std::nullopt : std::optional(press);
+        send({second ? MouseEvent::Kind::doubleClick : MouseEvent::Kind::down, button, 0, {}});
+    }
+    void mouseUp(int16_t button) override {
+        heldButtons_ = static_cast<int16_t>(heldButtons_ & ~button);
+        send({MouseEvent::Kind::up, button, 0, {}});
+    }
+    void wheel(int32_t delta) override {
+        if (headless::HeadlessSurface* target = under()) {
+            const PixelPoint origin = target->toScreen({0, 0});
+            platform_.wheel(target->id(), {delta, false, 0, {screen_.x - origin.x, screen_.y - origin.y}});
+        }
+        settle();
+    }
+    void focusHost() override {
+        platform_.setFocus(0);
+        settle();
+    }
+    void takeCaptureAway() override {
+        platform_.stealCapture();
+        settle();
+    }
+    void pass(std::chrono::milliseconds time) override { platform_.advance(time); }
+    void settle() override { platform_.paintInvalid(); }
+
+private:
+    static constexpr NativeWindow outside = 1'000'000;
+
+    struct Press {
+        NativeWindow surface;
+        PixelPoint at;
+        friend bool operator==(const Press&, const Press&) = default;
+    };
+
+    // The surface that the mouse is over or that has the capture; panels lie above.
+    headless::HeadlessSurface* under() {
+        if (headless::HeadlessSurface* holder = platform_.surface(platform_.capture())) return holder;
+        headless::HeadlessSurface* found = nullptr;
+        for (const NativeWindow each : platform_.windows()) {
+            headless::HeadlessSurface* surface = platform_.surface(each);
+            if (surface && surface->visible() && surface->bounds().contains(screen_)) found = surface;
+        }
+        return found;
+    }
+    void send(MouseEvent event) {
+        if (headless::HeadlessSurface* target = under()) {
+            const PixelPoint origin = target->toScreen({0, 0});
+            event.at = {screen_.x - origin.x, screen_.y - origin.y};
+            platform_.mouse(target->id(), event);
+        }
+        settle();
+    }
+
+    headless::HeadlessPlatform platform_;
+    std::set<int16_t> held_;
+    PixelPoint screen_{-1, -1};
+    int16_t heldButtons_ = 0;
+    std::optional<Press> lastPress_;
+};
+
+INSTANTIATE_TEST_SUITE_P(Headless, PortConformance,
+                         testing::Values(DriverFactory([] { return std::make_unique<HeadlessDriver>(); })),
+                         [](const auto&) { return std::string("InMemory"); });
+
+}  // namespace
+}  // namespace obk::port

@@ -1,0 +1,122 @@
+#include "person_support.h"
+
+#include <gtest/gtest.h>
+
+namespace obk::testing_support {
+
+Person::Person(container::MessageLoop& loop, HWND form) : loop_(loop) {
+    SetForegroundWindow(form);
+    SetFocus(form);
+    waitFor([form] { return GetFocus() == form; });
+}
+
+bool Person::waitFor(const std::function<bool()>& condition) {
+    return loop_.pumpUntil(condition);
+}
+
+void Person::wait(std::chrono::milliseconds time) {
+    loop_.pumpUntil([] { return false; }, time);
+}
+
+void Person::send(const INPUT& input, UINT message, UINT otherMessage) {
+    bool arrived = false;
+    const auto before = loop_.onMessage;
+    loop_.onMessage = [&](MSG& seen) {
+        arrived |= seen.message == message || seen.message == otherMessage;
+        return before && before(seen);
+    };
+    INPUT copy = input;
+    SendInput(1, &copy, sizeof copy);
+    EXPECT_TRUE(loop_.pumpUntil([&] { return arrived; })) << "no message " << message;
+    loop_.onMessage = before;
+    loop_.pumpPending();
+}
+
+void Person::sendKey(WORD code, bool down) {
+    INPUT input{};
+    input.type = INPUT_KEYBOARD;
+    input.ki.wVk = code;
+    input.ki.wScan = static_cast<WORD>(MapVirtualKeyW(code, MAPVK_VK_TO_VSC));
+    const bool extended = code >= VK_PRIOR && code <= VK_DOWN;
+    input.ki.dwFlags = (down ? 0u : KEYEVENTF_KEYUP) | (extended ? KEYEVENTF_EXTENDEDKEY : 0u);
+    if (down)
+        send(input, WM_KEYDOWN, WM_SYSKEYDOWN);
+    else
+        send(input, WM_KEYUP, WM_SYSKEYUP);
+}
+
+void Person::key(WORD code, UINT modifiers) {
+    if (modifiers & MOD_SHIFT) sendKey(VK_SHIFT, true);
+    if (modifiers & MOD_CONTROL) sendKey(VK_CONTROL, true);
+    sendKey(code, true);
+    sendKey(code, false);
+    if (modifiers & MOD_CONTROL) sendKey(VK_CONTROL, false);
+    if (modifiers & MOD_SHIFT) sendKey(VK_SHIFT, false);
+}
+
+void Person::type(std::wstring_view text) {
+    for (const wchar_t character : text)
+        key(character == L'.'   ? VK_OEM_PERIOD
+            : character == L'-' ? VK_OEM_MINUS
+                                : static_cast<WORD>(towupper(character)));
+}
+
+void Person::moveTo(HWND window, int x, int y) {
+    POINT at{x, y};
+    ClientToScreen(window, &at);
+    POINT now{};
+    GetCursorPos(&now);
+    if (now.x == at.x && now.y == at.y) return;
+    bool arrived = false;
+    const auto before = loop_.onMessage;
+    loop_.onMessage = [&](MSG& seen) {
+        arrived |= seen.message == WM_MOUSEMOVE && seen.pt.x == at.x && seen.pt.y == at.y;
+        return before && before(seen);
+    };
+    SetCursorPos(at.x, at.y);
+    EXPECT_TRUE(loop_.pumpUntil([&] { return arrived; })) << "the mouse did not arrive";
+    loop_.onMessage = before;
+    loop_.pumpPending();
+}
+
+void Person::press(DWORD downFlag) {
+    INPUT input{};
+    input.type = INPUT_MOUSE;
+    input.mi.dwFlags = downFlag;
+    if (downFlag == MOUSEEVENTF_LEFTDOWN)
+        send(input, WM_LBUTTONDOWN, WM_LBUTTONDBLCLK);
+    else
+        send(input, WM_RBUTTONDOWN, WM_RBUTTONDBLCLK);
+}
+
+void Person::release(DWORD upFlag) {
+    INPUT input{};
+    input.type = INPUT_MOUSE;
+    input.mi.dwFlags = upFlag;
+    send(input, upFlag == MOUSEEVENTF_LEFTUP ? WM_LBUTTONUP : WM_RBUTTONUP);
+}
+
+void Person::click(HWND window, int x, int y) {
+    moveTo(window, x, y);
+    press();
+    if (IsWindow(window)) {
+        release();
+        return;
+    }
+    // The press has taken the window away: the release belongs to nobody here.
+    INPUT input{};
+    input.type = INPUT_MOUSE;
+    input.mi.dwFlags = MOUSEEVENTF_LEFTUP;
+    SendInput(1, &input, sizeof input);
+    loop_.pumpPending();
+}
+
+void Person::turnWheel(int delta) {
+    INPUT input{};
+    input.type = INPUT_MOUSE;
+    input.mi.dwFlags = MOUSEEVENTF_WHEEL;
+    input.mi.mouseData = static_cast<DWORD>(delta);
+    send(input, WM_MOUSEWHEEL);
+}
+
+}  // namespace obk::testing_support

@@ -1,0 +1,713 @@
+// What only real windows have: resources, messages of dialogs and screen readers, manifests of the window
+// system.
+#include "platform/win32/gdi_canvas.h"
+#include "platform/win32/text_conversion.h"
+#include "resource_count.h"
+#include "window_driver_support.h"
+
+#include <imm.h>
+#include <oleacc.h>
+
+#include <algorithm>
+#include <stdexcept>
+
+namespace obk::testing_support {
+namespace {
+
+using port::AreaClient;
+using port::Journal;
+using port::TextClient;
+
+class WindowTest : public testing::Test {
+protected:
+    void open(SurfacePlacement::Kind kind = SurfacePlacement::Kind::control) {
+        area = driver.platform().createSurface(areaClient, {kind, driver.host(), {0, 0, 200, 120}});
+        ASSERT_TRUE(area);
+        box = area->createTextBox(boxClient);
+        ASSERT_TRUE(box);
+        box->setBounds({10, 10, 110, 30}, {0, 0, 200, 120});
+        driver.settle();
+        journal.clear();
+    }
+    HWND areaWindow() const { return reinterpret_cast<HWND>(area->window()); }
+    HWND boxWindow() const { return reinterpret_cast<HWND>(box->window()); }
+    Journal taken() { return std::exchange(journal, {}); }
+
+    WindowDriver driver;
+    Journal journal;
+    AreaClient areaClient{journal, "area"};
+    TextClient boxClient{journal, "box"};
+    std::unique_ptr<SurfacePeer> area;
+    std::unique_ptr<TextBoxPeer> box;
+};
+
+// A 32-bit picture in memory with a device context.
+class Pixels {
+public:
+    Pixels(int width, int height) : width_(width), height_(height), dc_(CreateCompatibleDC(nullptr)) {
+        BITMAPINFO info{};
+        info.bmiHeader = {sizeof info.bmiHeader, width, -height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+        bitmap_ = CreateDIBSection(dc_, &info, DIB_RGB_COLORS, &bits_, nullptr, 0);
+        previous_ = SelectObject(dc_, bitmap_);
+    }
+    Pixels(const Pixels&) = delete;
+    Pixels& operator=(const Pixels&) = delete;
+    ~Pixels() {
+        SelectObject(dc_, previous_);
+        DeleteObject(bitmap_);
+        DeleteDC(dc_);
+    }
+    HDC dc() const { return dc_; }
+    // 0xRRGGBB
+    uint32_t at(int x, int y) const {
+        GdiFlush();
+        return static_cast<const uint32_t*>(bits_)[y * width_ + x] & 0xFFFFFF;
+    }
+    void clear(uint32_t colour) {
+        GdiFlush();
+        std::fill_n(static_cast<uint32_t*>(bits_), width_ * height_, colour);
+    }
+    // The smallest rectangle around everything that is not `background`.
+    PixelRect ink(uint32_t background) const {
+        PixelRect found{width_, height_, 0, 0};
+        for (int y = 0; y < height_; ++y) {
+            for (int x = 0; x < width_; ++x) {
+                if (at(x, y) == background) continue;
+                found = {std::min(found.left, x), std::min(found.top, y), std::max(found.right, x + 1),
+                         std::max(found.bottom, y + 1)};
+            }
+        }
+        return found;
+    }
+
+private:
+    int width_;
+    int height_;
+    HDC dc_;
+    HBITMAP bitmap_ = nullptr;
+    HGDIOBJ previous_ = nullptr;
+    void* bits_ = nullptr;
+};
+
+constexpr uint32_t white = 0xFFFFFF;
+
+BOOL CALLBACK addClassName(HWND window, LPARAM list) {
+    wchar_t name[200] = L"";
+    GetClassNameW(window, name, 200);
+    reinterpret_cast<std::vector<std::wstring>*>(list)->push_back(name);
+    return TRUE;
+}
+
+std::vector<std::wstring> classesOfModule(HWND host) {
+    std::vector<std::wstring> names;
+    EnumChildWindows(host, addClassName, reinterpret_cast<LPARAM>(&names));
+    return names;
+}
+
+int hostWheels = 0;
+
+LRESULT CALLBACK countWheels(HWND window, UINT code, WPARAM wParam, LPARAM lParam) {
+    if (code == WM_MOUSEWHEEL) ++hostWheels;
+    return DefWindowProcW(window, code, wParam, lParam);
+}
+
+BOOL CALLBACK findToolTip(HWND window, LPARAM found) {
+    wchar_t name[50] = L"";
+    GetClassNameW(window, name, 50);
+    if (std::wstring(name) == L"tooltips_class32" && IsWindowVisible(window)) *reinterpret_cast<HWND*>(found) = window;
+    return TRUE;
+}
+
+// Resources
+
+TEST(ResourceCountTest, CountsWindowsAndDrawingObjects) {
+    // The first window of a thread brings helpers of the system's own, and the last one takes them away.
+    const WindowDriver keepsOneWindow;
+    const ResourceCount before = ResourceCount::now();
+    const HWND parent =
+        CreateWindowExW(0, L"STATIC", L"", WS_POPUP, 0, 0, 1, 1, nullptr, nullptr, nullptr, nullptr);
+    CreateWindowExW(0, L"STATIC", L"", WS_CHILD, 0, 0, 1, 1, parent, nullptr, nullptr, nullptr);
+    const HWND silent =
+        CreateWindowExW(0, L"STATIC", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
+    const HBRUSH brush = CreateSolidBrush(RGB(1, 2, 3));
+    const HRGN region = CreateRectRgn(0, 0, 1, 1);
+    const ResourceCount held = ResourceCount::now();
+    EXPECT_EQ(held.windows - before.windows, 3);
+    EXPECT_EQ(held.gdiObjects - before.gdiObjects, 2);
+    DeleteObject(brush);
+    DeleteObject(region);
+    DestroyWindow(silent);
+    DestroyWindow(parent);
+    EXPECT_EQ(ResourceCount::now(), before);
+}
+
+TEST(PlatformResourcesTest, NothingIsLeftOfManyPlatforms) {
+    const WindowDriver shared;  // its host and its own platform stay the same throughout
+    std::wstring lastClass;
+    const auto cycle = [&](bool showPanel) {
+        Journal journal;
+        AreaClient areaClient(journal, "area");
+        AreaClient panelClient(journal, "panel");
+        TextClient boxClient(journal, "box");
+        win32::Win32Platform platform(GetModuleHandleW(nullptr));
+        const auto host = reinterpret_cast<NativeWindow>(shared.hostWindow());
+        auto area =
+            platform.createSurface(areaClient, {SurfacePlacement::Kind::control, host, {0, 0, 120, 40}});
+        const auto panel = platform.createSurface(
+            panelClient, {SurfacePlacement::Kind::panel, area->window(), {0, 0, 50, 50}});
+        const auto box = area->createTextBox(boxClient);
+        box->setFont({u"Tahoma", 9.75, 700, 0, true});
+        box->setBounds({0, 0, 100, 30}, {0, 0, 60, 40});
+        box->setAlignment(HorizontalAlignment::right);
+        box->setText(u"text");
+        box->focus();
+        area->setToolTip({0, 0, 10, 10}, u"tip");
+        area->setCursor(Cursor::hand);
+        panel->setVisible(showPanel);
+        panel->capture();
+        const auto timer = platform.createTimer([] { return std::make_shared<int>(0); }, [] {});
+        timer->start(std::chrono::milliseconds(1));
+        platform.appearance().measure(u"text", {}, Dpi(144));
+        area->update();
+        pumpAll();
+        lastClass = classesOfModule(shared.hostWindow()).at(0);
+        WNDCLASSEXW known{};
+        known.cbSize = sizeof known;
+        EXPECT_TRUE(GetClassInfoExW(GetModuleHandleW(nullptr), lastClass.c_str(), &known));
+    };
+    for (int i = 0; i < 5; ++i) cycle(true);
+    pumpAll();
+    const ResourceCount before = ResourceCount::now();
+    // Showing a top-level window is slow on some displays; every tenth time is enough.
+    for (int i = 0; i < 300; ++i) cycle(i % 10 == 0);
+    pumpAll();
+    EXPECT_EQ(ResourceCount::now(), before);
+    WNDCLASSEXW known{};
+    known.cbSize = sizeof known;
+    EXPECT_FALSE(GetClassInfoExW(GetModuleHandleW(nullptr), lastClass.c_str(), &known));
+}
+
+TEST_F(WindowTest, PeersOutliveTheirPlatformAndTheirHostsWindow) {
+    const HWND frame = CreateWindowExW(0, L"STATIC", L"", WS_CHILD | WS_VISIBLE, 0, 0, 300, 200,
+                                       driver.hostWindow(), nullptr, nullptr, nullptr);
+    auto platform = std::make_unique<win32::Win32Platform>(GetModuleHandleW(nullptr));
+    area = platform->createSurface(
+        areaClient,
+        {SurfacePlacement::Kind::control, reinterpret_cast<NativeWindow>(frame), {0, 0, 200, 120}});
+    box = area->createTextBox(boxClient);
+    const auto timer = platform->createTimer([] { return std::make_shared<int>(0); }, [] {});
+    platform.reset();
+    box->setBounds({0, 0, 50, 20}, {0, 0, 200, 120});
+    timer->start(std::chrono::milliseconds(1));
+    DestroyWindow(frame);
+    EXPECT_EQ(area->window(), NativeWindow{0});
+    area->setBounds({0, 0, 10, 10});
+    area->capture();
+    area->setToolTip({0, 0, 10, 10}, u"tip");
+    EXPECT_FALSE(area->createTextBox(boxClient));
+    box->setAlignment(HorizontalAlignment::right);
+    box->setText(u"text");
+    driver.settle();
+}
+
+TEST_F(WindowTest, ControlsNeedAWindowToBeIn) {
+    EXPECT_FALSE(driver.platform().createSurface(areaClient,
+                                                 {SurfacePlacement::Kind::control, 0xDEAD0, {0, 0, 9, 9}}));
+}
+
+TEST_F(WindowTest, WhatAClientThrowsStaysInside) {
+    open();
+    const auto fail = [] { throw std::runtime_error("client"); };
+    for (const char* report : {"paint", "mouseDown", "mouseUp", "focusGained"}) areaClient.on[report] = fail;
+    for (const char* report : {"preTranslate", "keyPress", "textChanged", "focusGained", "wheel"})
+        boxClient.on[report] = fail;
+    area->invalidate({0, 0, 50, 50});
+    area->update();
+    driver.click(*area, {150, 80});
+    area->focus();
+    box->focus();
+    box->setText(u"x");
+    driver.key('A');
+    driver.wheel(120);
+    int ticks = 0;
+    const auto timer = driver.platform().createTimer([] { return std::make_shared<int>(0); },
+                                                     [&] {
+                                                         ++ticks;
+                                                         throw std::runtime_error("tick");
+                                                     });
+    timer->start(std::chrono::milliseconds(5));
+    EXPECT_TRUE(pumpUntil([&] { return ticks > 1; }));
+}
+
+// Keys between the host, dialogs and the window
+
+TEST_F(WindowTest, AKeyThatTheHostAskedAboutIsNotAskedAgain) {
+    open();
+    box->focus();
+    taken();
+    boxClient.route = KeyRoute::container;
+    PostMessageW(boxWindow(), WM_KEYDOWN, VK_F5, 1);
+    PostMessageW(boxWindow(), WM_KEYDOWN, VK_F5, 1);
+    int asked = 0;
+    MSG message{};
+    for (int i = 0; i < 2; ++i) {
+        ASSERT_TRUE(PeekMessageW(&message, nullptr, WM_KEYDOWN, WM_KEYDOWN, PM_REMOVE));
+        for (int again = 0; again < 2; ++again) {
+            const KeyRoute route =
+                driver.platform().keys().routeFromHost(message, [&](const KeyEvent& event) {
+                    ++asked;
+                    EXPECT_EQ(event.code, VK_F5);
+                    return KeyRoute::container;
+                });
+            EXPECT_EQ(route, KeyRoute::container);
+        }
+        DispatchMessageW(&message);
+    }
+    EXPECT_EQ(asked, 2);
+    EXPECT_EQ(taken(), (Journal{"box.keyDown 116", "box.keyDown 116"})) << "the host has had its chance";
+}
+
+TEST_F(WindowTest, ADialogGetsTheKeysThatTheControlDoesNotWant) {
+    open();
+    box->focus();
+    taken();
+    MSG tab{};
+    tab.hwnd = boxWindow();
+    tab.message = WM_KEYDOWN;
+    tab.wParam = VK_TAB;
+    tab.lParam = 1;
+    const auto wanted = [&](KeyRoute route) {
+        boxClient.route = route;
+        ++tab.time;
+        return SendMessageW(boxWindow(), WM_GETDLGCODE, VK_TAB, reinterpret_cast<LPARAM>(&tab));
+    };
+    EXPECT_FALSE(wanted(KeyRoute::container) & DLGC_WANTMESSAGE);
+    EXPECT_TRUE(wanted(KeyRoute::child) & DLGC_WANTMESSAGE);
+    EXPECT_TRUE(wanted(KeyRoute::handled) & DLGC_WANTMESSAGE);
+    EXPECT_EQ(taken().size(), 3u) << "asked once each time";
+    EXPECT_TRUE(SendMessageW(boxWindow(), WM_GETDLGCODE, 0, 0) & DLGC_WANTCHARS);
+}
+
+TEST_F(WindowTest, WhatAnInputMethodTypesIsFilteredLikeKeys) {
+    open();
+    box->focus();
+    boxClient.changeCharacter = [](int16_t character) {
+        return character == 0x65E5 ? character : int16_t{0};
+    };
+    SendMessageW(boxWindow(), WM_IME_CHAR, 0x65E5, 1);
+    SendMessageW(boxWindow(), WM_IME_CHAR, 0x672C, 1);
+    EXPECT_EQ(boxClient.text, u"\u65E5");
+}
+
+TEST_F(WindowTest, TheHostGetsTheWheelThatNobodyUses) {
+    open();
+    hostWheels = 0;
+    const auto original = reinterpret_cast<WNDPROC>(SetWindowLongPtrW(
+        driver.hostWindow(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(static_cast<WNDPROC>(countWheels))));
+    areaClient.usesWheel = boxClient.usesWheel = false;
+    SendMessageW(boxWindow(), WM_MOUSEWHEEL, static_cast<WPARAM>(120) << 16, 0);
+    EXPECT_EQ(hostWheels, 1);
+    SendMessageW(areaWindow(), WM_MOUSEWHEEL, static_cast<WPARAM>(120) << 16, 0);
+    EXPECT_EQ(hostWheels, 2);
+    boxClient.usesWheel = true;
+    SendMessageW(boxWindow(), WM_MOUSEWHEEL, static_cast<WPARAM>(120) << 16, 0);
+    EXPECT_EQ(hostWheels, 2);
+    SetWindowLongPtrW(driver.hostWindow(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(original));
+    EXPECT_EQ(taken(), (Journal{"box.wheel 120", "area.wheel 120", "box.wheel 120"}));
+}
+
+// The mouse and the panel
+
+TEST_F(WindowTest, ASurfaceHasItsCaptureAgainAfterItsChilds) {
+    open();
+    area->capture();
+    SetCapture(boxWindow());
+    EXPECT_EQ(taken(), Journal{});
+    SendMessageW(boxWindow(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(2, 2));
+    SendMessageW(boxWindow(), WM_LBUTTONUP, 0, MAKELPARAM(2, 2));
+    EXPECT_TRUE(area->hasCapture());
+    area->releaseCapture();
+    for (const std::string& line : taken()) EXPECT_NE(line, "area.captureLost");
+}
+
+TEST_F(WindowTest, ThePressOnAPanelActivatesNothing) {
+    open(SurfacePlacement::Kind::panel);
+    EXPECT_EQ(SendMessageW(areaWindow(), WM_MOUSEACTIVATE, reinterpret_cast<WPARAM>(areaWindow()),
+                           MAKELPARAM(HTCLIENT, WM_LBUTTONDOWN)),
+              MA_NOACTIVATE);
+    EXPECT_EQ(GetWindow(areaWindow(), GW_OWNER), driver.hostWindow());
+}
+
+TEST_F(WindowTest, TheCursorFollowsTheSurface) {
+    open();
+    area->setCursor(Cursor::sizeColumn);
+    driver.mouseMove(*area, {150, 80});
+    SendMessageW(areaWindow(), WM_SETCURSOR, reinterpret_cast<WPARAM>(areaWindow()),
+                 MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
+    EXPECT_EQ(GetCursor(), LoadCursorW(nullptr, IDC_SIZEWE));
+    area->setCursor(Cursor::hand);
+    EXPECT_EQ(GetCursor(), LoadCursorW(nullptr, IDC_HAND));
+}
+
+TEST_F(WindowTest, AToolTipShowsWhereTheMouseRests) {
+    open();
+    const auto shown = [&] {
+        HWND tip = nullptr;
+        EnumThreadWindows(GetCurrentThreadId(), findToolTip, reinterpret_cast<LPARAM>(&tip));
+        return tip != nullptr;
+    };
+    area->setToolTip({140, 70, 200, 120}, u"Navy");
+    driver.mouseMove(*area, {150, 80});
+    driver.mouseMove(*area, {151, 80});
+    EXPECT_TRUE(pumpUntil(shown));
+    area->setToolTip({}, u"");
+    EXPECT_FALSE(shown());
+}
+
+// Colours, fonts, resolution
+
+TEST_F(WindowTest, ATextBoxHasTheColoursItIsGiven) {
+    open();
+    box->setFont({u"Tahoma", 14, 700});
+    box->setColours(Rgb::of(255, 0, 0), Rgb::of(10, 20, 30));
+    box->setText(u"MMMM");
+    driver.settle();
+    Pixels pixels(100, 20);
+    for (const bool readOnly : {false, true}) {
+        box->setReadOnly(readOnly);
+        UpdateWindow(boxWindow());
+        const HDC dc = GetDC(boxWindow());
+        BitBlt(pixels.dc(), 0, 0, 100, 20, dc, 0, 0, SRCCOPY);
+        ReleaseDC(boxWindow(), dc);
+        EXPECT_EQ(pixels.at(95, 15), 0x0A141Eu) << readOnly;
+        int red = 0;
+        for (int y = 0; y < 20; ++y)
+            for (int x = 0; x < 100; ++x) red += pixels.at(x, y) == 0xFF0000;
+        EXPECT_GT(red, 20) << readOnly;
+    }
+}
+
+TEST_F(WindowTest, AChangeOfTheSystemsLookIsToldOnceToAll) {
+    class LookClient : public port::RecordingClient<SurfaceClient> {
+    public:
+        using RecordingClient::RecordingClient;
+        void paint(Canvas&, const PixelRect&) override {}
+        void captureLost() override {}
+        void dpiChanged(Dpi) override {}
+        void appearanceChanged() override { said("appearanceChanged"); }
+        std::vector<AccessibleItem> accessibleItems() override { return {}; }
+    };
+    LookClient first(journal, "first");
+    LookClient second(journal, "second");
+    const SurfacePlacement placement{SurfacePlacement::Kind::control, driver.host(), {0, 0, 20, 20}};
+    const auto one = driver.platform().createSurface(first, placement);
+    auto other = driver.platform().createSurface(second, placement);
+    driver.settle();
+    taken();
+    const auto window = reinterpret_cast<HWND>(one->window());
+    SendMessageW(window, WM_SYSCOLORCHANGE, 0, 0);
+    SendMessageW(window, WM_THEMECHANGED, 0, 0);
+    driver.settle();
+    EXPECT_EQ(taken(), (Journal{"first.appearanceChanged", "second.appearanceChanged"}));
+    first.on["appearanceChanged"] = [&] { other.reset(); };
+    SendMessageW(window, WM_SYSCOLORCHANGE, 0, 0);
+    driver.settle();
+    EXPECT_EQ(taken(), (Journal{"first.appearanceChanged"}));
+}
+
+TEST(AppearanceTest, AnswersWhatTheSystemHas) {
+    win32::Win32Platform platform(GetModuleHandleW(nullptr));
+    Appearance& appearance = platform.appearance();
+    EXPECT_EQ(appearance.systemColour(COLOR_WINDOW)->value, GetSysColor(COLOR_WINDOW));
+    EXPECT_FALSE(appearance.systemColour(200));
+    EXPECT_FALSE(appearance.systemColour(255));
+    const FontDescription tahoma{u"Tahoma", 8.25};
+    const FontMetrics at96 = appearance.metrics(tahoma, Dpi(96));
+    EXPECT_EQ(at96.height(), appearance.measure(u"X", tahoma, Dpi(96)).height);
+    const PixelSize wide = appearance.measure(u"Some text", tahoma, Dpi(192));
+    const PixelSize narrow = appearance.measure(u"Some text", tahoma, Dpi(96));
+    EXPECT_NEAR(wide.width, 2 * narrow.width, narrow.width / 3);
+    EXPECT_EQ(appearance.measure(u"", tahoma, Dpi(96)).width, 0);
+    EXPECT_GT(appearance.measure(u"x", {u"No such face", -5}, Dpi(96)).width, 0);
+    EXPECT_GT(appearance.measure(u"x", {u"Tahoma", 1e300}, Dpi(960)).width, 0);
+    EXPECT_FALSE(appearance.dialogFont().name.empty());
+    EXPECT_NEAR(appearance.dialogFont().size, 9, 3);
+    const Appearance::Metrics metrics = appearance.metrics();
+    EXPECT_GE(metrics.repeatDelay.count(), 250);
+    EXPECT_LE(metrics.repeatDelay.count(), 1000);
+    EXPECT_GE(metrics.repeatInterval.count(), 33);
+    EXPECT_LE(metrics.repeatInterval.count(), 400);
+}
+
+TEST(RegistryTest, ReadsBytesAsTheSystemKeepsThem) {
+    constexpr char path[] = "Software\\OrbekTest";
+    HKEY key = nullptr;
+    ASSERT_EQ(RegCreateKeyExA(HKEY_CURRENT_USER, path, 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &key, nullptr),
+              ERROR_SUCCESS);
+    const auto put = [key](const char* name, DWORD type, const char* bytes, DWORD size) {
+        RegSetValueExA(key, name, 0, type, reinterpret_cast<const BYTE*>(bytes), size);
+    };
+    put("Text", REG_SZ, "6.1", 4);
+    put("Number", REG_DWORD, "\1\0\0\0", 4);
+    put("Long", REG_SZ, std::string(400, 'x').c_str(), 401);
+    RegCloseKey(key);
+
+    win32::Win32Platform platform(GetModuleHandleW(nullptr));
+    constexpr int32_t currentUser = static_cast<int32_t>(0x80000001);
+    {
+        const auto opened = platform.registry().open(currentUser, u"SOFTWARE\\orbektest", KEY_ALL_ACCESS);
+        ASSERT_TRUE(opened);
+        std::string buffer(255, ' ');
+        uint32_t size = 255;
+        uint32_t type = 0;
+        EXPECT_TRUE(opened->query(u"text", buffer, size, type));
+        EXPECT_EQ(type, static_cast<uint32_t>(REG_SZ));
+        EXPECT_EQ(size, 4u);
+        EXPECT_EQ(buffer.size(), 255u);
+        EXPECT_EQ(buffer.substr(0, 6), std::string("6.1\0  ", 6));
+        EXPECT_TRUE(opened->query(u"Number", buffer, size, type));
+        EXPECT_EQ(type, static_cast<uint32_t>(REG_DWORD));
+        EXPECT_FALSE(opened->query(u"Long", buffer, size, type));
+        EXPECT_FALSE(opened->query(u"None", buffer, size, type));
+    }
+    EXPECT_FALSE(platform.registry().open(currentUser, u"Software\\OrbekNone", KEY_READ));
+    EXPECT_FALSE(platform.registry().open(0, u"Software", KEY_READ));
+    RegDeleteKeyA(HKEY_CURRENT_USER, path);
+}
+
+// The canvas
+
+TEST(GdiCanvasTest, FillsWholePixelsWithinItsClips) {
+    Pixels pixels(40, 30);
+    pixels.clear(white);
+    {
+        win32::GdiCanvas canvas(pixels.dc(), Dpi(96));
+        canvas.fillRect({5, 5, 5, 10}, Rgb::of(0, 0, 0));
+        canvas.fillRect({9, 5, 5, 10}, Rgb::of(0, 0, 0));
+        EXPECT_TRUE(pixels.ink(white).empty());
+        {
+            const CanvasClip outer(canvas, {2, 2, 20, 20});
+            const CanvasClip inner(canvas, {10, -5, 60, 8});
+            canvas.fillRect({-2000000000, -2000000000, 2000000000, 2000000000}, Rgb::of(1, 2, 3));
+        }
+        EXPECT_EQ(pixels.ink(white), (PixelRect{10, 2, 20, 8}));
+        EXPECT_EQ(pixels.at(10, 2), 0x010203u);
+        {
+            const CanvasClip nothing(canvas, {5, 5, 5, 5});
+            canvas.fillRect({0, 0, 40, 30}, Rgb::of(9, 9, 9));
+        }
+        EXPECT_EQ(pixels.ink(white), (PixelRect{10, 2, 20, 8}));
+        const PixelPoint triangle[] = {{20, 20}, {30, 20}, {25, 25}};
+        canvas.fillPolygon({triangle, 2}, Rgb::of(0, 0, 0));
+        EXPECT_EQ(pixels.at(25, 20), white);
+        canvas.fillPolygon(triangle, Rgb::of(0, 128, 0));
+        EXPECT_EQ(pixels.at(25, 22), 0x008000u);
+        EXPECT_EQ(pixels.at(25, 27), white);
+    }
+}
+
+TEST(GdiCanvasTest, TextKeepsToItsRectangleAndItsAlignment) {
+    Pixels pixels(200, 60);
+    const auto inkOf = [&](TextView text, const TextStyle& style, const PixelRect& rect) {
+        pixels.clear(white);
+        win32::GdiCanvas canvas(pixels.dc(), Dpi(96));
+        canvas.drawText(text, rect, style);
+        return pixels.ink(white);
+    };
+    const PixelRect rect{20, 10, 180, 50};
+    TextStyle style;
+    style.horizontal = HorizontalAlignment::left;
+    style.vertical = VerticalAlignment::top;
+    const PixelRect leftTop = inkOf(u"HHH", style, rect);
+    EXPECT_LE(leftTop.left, 23);
+    EXPECT_LE(leftTop.top, 15);
+    style.horizontal = HorizontalAlignment::right;
+    style.vertical = VerticalAlignment::bottom;
+    const PixelRect rightBottom = inkOf(u"HHH", style, rect);
+    EXPECT_GE(rightBottom.right, 175); // glyphs keep some air beside them
+    EXPECT_GE(rightBottom.bottom, 45);
+    EXPECT_EQ(rightBottom.width(), leftTop.width());
+    style.horizontal = HorizontalAlignment::centre;
+    style.vertical = VerticalAlignment::centre;
+    const PixelRect middle = inkOf(u"HHH", style, rect);
+    EXPECT_NEAR((middle.left + middle.right) / 2, 100, 2);
+    EXPECT_NEAR((middle.top + middle.bottom) / 2, 30, 2);
+
+    const Text tooLong(300, u'H');
+    for (const bool ellipsis : {true, false}) {
+        style.ellipsis = ellipsis;
+        const PixelRect ink = inkOf(tooLong, style, rect);
+        EXPECT_GE(ink.left, rect.left);
+        EXPECT_LE(ink.right, rect.right);
+    }
+    style.showAccessKey = false;
+    const int32_t plain = inkOf(u"A&B", style, rect).width();
+    style.showAccessKey = true;
+    EXPECT_LT(inkOf(u"A&B", style, rect).width(), plain) << "the ampersand is not drawn";
+    EXPECT_GT(inkOf(u"A&B", style, rect).height(), inkOf(u"AB", style, rect).height()) << "but underlines";
+    EXPECT_EQ(inkOf(u"A&&B", style, rect).width(), plain);
+}
+
+SharedPicture fourPixels() {
+    // Opaque red, transparent; half-transparent blue, opaque green.
+    return {{2, 2}, {0xFFFF0000, 0x00000000, 0x80000080, 0xFF00FF00}};
+}
+
+TEST(GdiCanvasTest, PicturesBlendAndStretch) {
+    Pixels pixels(20, 20);
+    pixels.clear(white);
+    win32::GdiCanvas canvas(pixels.dc(), Dpi(96));
+    canvas.drawPicture(fourPixels(), {0, 0, 2, 2});
+    EXPECT_EQ(pixels.at(0, 0), 0xFF0000u);
+    EXPECT_EQ(pixels.at(1, 0), white);
+    EXPECT_EQ(pixels.at(1, 1), 0x00FF00u);
+    EXPECT_NEAR(static_cast<int>(pixels.at(0, 1) >> 16), 127, 1);
+    EXPECT_EQ(pixels.at(0, 1) & 0xFF, 0xFFu);
+    canvas.drawPicture(fourPixels(), {4, 4, 20, 20});
+    EXPECT_EQ(pixels.at(4, 4), 0xFF0000u);
+    EXPECT_EQ(pixels.at(19, 4), white);
+    EXPECT_EQ(pixels.at(19, 19), 0x00FF00u);
+    // A chequered picture shrinks to its mean.
+    std::vector<uint32_t> chequers(64);
+    for (size_t i = 0; i < 64; ++i) chequers[i] = (i + i / 8) % 2 ? 0xFF000000 : 0xFFFFFFFF;
+    pixels.clear(0x123456);
+    canvas.drawPicture({{8, 8}, chequers}, {0, 0, 4, 4});
+    EXPECT_NEAR(static_cast<int>(pixels.at(1, 1) & 0xFF), 127, 12);
+    canvas.drawPicture({{8, 8}, chequers}, {0, 0, 2000000000, 2000000000});
+    canvas.drawPicture({}, {0, 0, 4, 4});
+}
+
+TEST(GdiCanvasTest, AMetafileKeepsColoursTextAndHoles) {
+    const HDC recording = CreateEnhMetaFileW(nullptr, nullptr, nullptr, nullptr);
+    {
+        win32::GdiCanvas canvas(recording, Dpi(96));
+        canvas.fillRect({0, 0, 10, 10}, Rgb::of(200, 100, 50));
+        const CanvasClip clip(canvas, {0, 20, 60, 40});
+        canvas.drawText(u"Text", {0, 10, 60, 40}, {{}, Rgb::of(0, 0, 255)});
+        canvas.drawPicture(fourPixels(), {0, 30, 2, 32});
+    }
+    const HENHMETAFILE file = CloseEnhMetaFile(recording);
+    Pixels pixels(60, 40);
+    pixels.clear(white);
+    ENHMETAHEADER header{};
+    GetEnhMetaFileHeader(file, sizeof header, &header);
+    // At the size of its own frame, so that its pixels are ours.
+    const RECTL& frame = header.rclBounds;
+    const RECT place{frame.left, frame.top, frame.right, frame.bottom};
+    PlayEnhMetaFile(pixels.dc(), file, &place);
+    DeleteEnhMetaFile(file);
+    EXPECT_EQ(pixels.at(3, 3), 0xC86432u);
+    int blue = 0;
+    int red = 0;
+    for (int y = 0; y < 40; ++y) {
+        for (int x = 0; x < 60; ++x) {
+            blue += pixels.at(x, y) == 0x0000FF;
+            red += pixels.at(x, y) == 0xFF0000;
+        }
+    }
+    EXPECT_GT(blue, 10);
+    EXPECT_GE(red, 1);
+}
+
+TEST(GdiCanvasTest, LeavesTheContextAsItWas) {
+    Pixels pixels(20, 20);
+    const HGDIOBJ font = GetCurrentObject(pixels.dc(), OBJ_FONT);
+    SetTextColor(pixels.dc(), RGB(1, 2, 3));
+    SetBkMode(pixels.dc(), OPAQUE);
+    const int objects = gdiObjectCount();
+    {
+        win32::GdiCanvas canvas(pixels.dc(), Dpi(96));
+        canvas.pushClip({0, 0, 5, 5});
+        canvas.drawText(u"x", {0, 0, 20, 20}, {});
+        canvas.drawFocusRect({0, 0, 20, 20});
+        canvas.drawPicture(fourPixels(), {0, 0, 9, 9});
+    }
+    EXPECT_EQ(GetCurrentObject(pixels.dc(), OBJ_FONT), font);
+    EXPECT_EQ(GetTextColor(pixels.dc()), RGB(1, 2, 3));
+    EXPECT_EQ(GetBkMode(pixels.dc()), OPAQUE);
+    RECT clip{};
+    GetClipBox(pixels.dc(), &clip);
+    EXPECT_EQ(clip.right, 20);
+    EXPECT_EQ(gdiObjectCount(), objects);
+}
+
+// Screen readers
+
+class AccessibleClient final : public port::RecordingClient<SurfaceClient> {
+public:
+    using RecordingClient::RecordingClient;
+    void paint(Canvas&, const PixelRect&) override {}
+    void captureLost() override {}
+    void dpiChanged(Dpi) override {}
+    void appearanceChanged() override {}
+    std::vector<AccessibleItem> accessibleItems() override {
+        using Role = AccessibleItem::Role;
+        return {{Role::client, u"Amount", u"7", {0, 0, 200, 120}},
+                {Role::button, u"Up", u"", {150, 0, 170, 20}, true, true},
+                {Role::button, u"Down", u"", {150, 20, 170, 40}, false, false}};
+    }
+};
+
+TEST_F(WindowTest, AScreenReaderFindsThePartsAndTheChildWindows) {
+    AccessibleClient client(journal, "area");
+    area = driver.platform().createSurface(
+        client, {SurfacePlacement::Kind::control, driver.host(), {0, 0, 200, 120}});
+    box = area->createTextBox(boxClient);
+    box->setBounds({10, 50, 110, 70}, {0, 0, 200, 120});
+    IAccessible* accessible = nullptr;
+    ASSERT_EQ(AccessibleObjectFromWindow(areaWindow(), static_cast<DWORD>(OBJID_CLIENT), IID_IAccessible,
+                                         reinterpret_cast<void**>(&accessible)),
+              S_OK);
+    const auto child = [](LONG id) {
+        VARIANT variant{};
+        variant.vt = VT_I4;
+        variant.lVal = id;
+        return variant;
+    };
+    const auto name = [&](LONG id) {
+        BSTR text = nullptr;
+        accessible->get_accName(child(id), &text);
+        const Text result = win32::fromWide({text ? text : L"", SysStringLen(text)});
+        SysFreeString(text);
+        return result;
+    };
+    const auto number = [&](HRESULT (STDMETHODCALLTYPE IAccessible::*get)(VARIANT, VARIANT*), LONG id) {
+        VARIANT result{};
+        return (accessible->*get)(child(id), &result) == S_OK ? result.lVal : -1;
+    };
+    LONG count = 0;
+    EXPECT_EQ(accessible->get_accChildCount(&count), S_OK);
+    EXPECT_EQ(count, 3);
+    EXPECT_EQ(name(0), u"Amount");
+    EXPECT_EQ(name(1), u"Up");
+    EXPECT_EQ(number(&IAccessible::get_accRole, 0), ROLE_SYSTEM_CLIENT);
+    EXPECT_EQ(number(&IAccessible::get_accRole, 1), ROLE_SYSTEM_PUSHBUTTON);
+    EXPECT_EQ(number(&IAccessible::get_accState, 1), STATE_SYSTEM_PRESSED);
+    EXPECT_EQ(number(&IAccessible::get_accState, 2), STATE_SYSTEM_UNAVAILABLE);
+    EXPECT_EQ(number(&IAccessible::get_accState, 9), -1);
+    LONG left = 0;
+    LONG top = 0;
+    LONG width = 0;
+    LONG height = 0;
+    EXPECT_EQ(accessible->accLocation(&left, &top, &width, &height, child(2)), S_OK);
+    EXPECT_EQ((PixelPoint{left, top}), area->toScreen({150, 20}));
+    EXPECT_EQ((PixelSize{width, height}), (PixelSize{20, 20}));
+    VARIANT hit{};
+    EXPECT_EQ(accessible->accHitTest(left + 1, top - 1, &hit), S_OK);
+    EXPECT_EQ(hit.lVal, 1);
+    IDispatch* window = nullptr;
+    EXPECT_EQ(accessible->get_accChild(child(3), &window), S_OK);
+    ASSERT_TRUE(window);
+    window->Release();
+    EXPECT_EQ(accessible->get_accChild(child(4), &window), E_INVALIDARG);
+    taken();
+    EXPECT_EQ(accessible->accDoDefaultAction(child(1)), S_OK);
+    EXPECT_EQ(taken(), (Journal{"area.mouseDown 1", "area.mouseUp 1"}));
+    EXPECT_EQ(accessible->accDoDefaultAction(child(2)), S_FALSE) << "disabled";
+    area.reset();
+    EXPECT_EQ(accessible->get_accChildCount(&count), CO_E_OBJNOTCONNECTED);
+    EXPECT_EQ(accessible->Release(), 0u);
+}
+
+}  // namespace
+}  // namespace obk::testing_support

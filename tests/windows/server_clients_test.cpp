@@ -1,0 +1,153 @@
+// Hosts that nobody here wrote: the system's script host and its container of windows, and activation by
+// manifest.
+#include "server_support.h"
+
+#include "container/text.h"
+#include "container/type_members.h"
+
+#include "container/message_loop.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+namespace obk {
+namespace {
+
+using namespace testing_support;
+using container::ComPtr;
+
+std::wstring windowsPath(const std::string& path) {
+    std::wstring result = L"Z:" + container::fromUtf8(path);
+    std::replace(result.begin(), result.end(), L'/', L'\\');
+    return result;
+}
+
+// Runs a program to its end, at most half a minute, and collects what it says.
+struct ProgramRun {
+    DWORD exitCode = STILL_ACTIVE;
+    std::string output;
+
+    explicit ProgramRun(std::wstring commandLine) {
+        SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
+        HANDLE reading = nullptr, writing = nullptr;
+        if (!CreatePipe(&reading, &writing, &inherited, 1 << 16)) return;
+        SetHandleInformation(reading, HANDLE_FLAG_INHERIT, 0);
+        STARTUPINFOW start{};
+        start.cb = sizeof start;
+        start.dwFlags = STARTF_USESTDHANDLES;
+        start.hStdOutput = start.hStdError = writing;
+        PROCESS_INFORMATION process{};
+        if (CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, TRUE, CREATE_NO_WINDOW, nullptr,
+                           nullptr, &start, &process)) {
+            CloseHandle(writing);
+            writing = nullptr;
+            if (WaitForSingleObject(process.hProcess, 30000) != WAIT_OBJECT_0)
+                TerminateProcess(process.hProcess, 99);
+            char buffer[4096];
+            DWORD got = 0;
+            while (ReadFile(reading, buffer, sizeof buffer, &got, nullptr) && got > 0)
+                output.append(buffer, got);
+            GetExitCodeProcess(process.hProcess, &exitCode);
+            CloseHandle(process.hThread);
+            CloseHandle(process.hProcess);
+        }
+        if (writing) CloseHandle(writing);
+        CloseHandle(reading);
+    }
+};
+
+// Registered for the machine while it lives.
+class Registered {
+public:
+    Registered() { EXPECT_EQ(call("DllRegisterServer"), S_OK); }
+    Registered(const Registered&) = delete;
+    Registered& operator=(const Registered&) = delete;
+    ~Registered() { EXPECT_EQ(call("DllUnregisterServer"), S_OK); }
+
+private:
+    HRESULT call(const char* name) const {
+        using Function = HRESULT(WINAPI*)();
+        return reinterpret_cast<Function>(GetProcAddress(server_.module(), name))();
+    }
+    LoadedServer server_;
+};
+
+TEST(ServerClients, AScriptUsesEveryControl) {
+    const Registered registered;
+    const ProgramRun run(L"cscript.exe //nologo \"" + windowsPath(OBK_REPOSITORY_DIR) +
+                         L"\\tests\\windows\\scripts\\client.vbs\"");
+    EXPECT_EQ(run.exitCode, 0u);
+    EXPECT_NE(run.output.find("ok"), std::string::npos) << run.output;
+}
+
+TEST(ServerClients, TheSystemsContainerShowsEveryControl) {
+    const Registered registered;
+    const HMODULE library = LoadLibraryW(L"atl110.dll");
+    ASSERT_TRUE(library);
+    using Initialise = BOOL(WINAPI*)();
+    using GetControl = HRESULT(WINAPI*)(HWND, IUnknown**);
+    ASSERT_TRUE(reinterpret_cast<Initialise>(GetProcAddress(library, "AtlAxWinInit"))());
+    const auto getControl = reinterpret_cast<GetControl>(GetProcAddress(library, "AtlAxGetControl"));
+    for (const std::wstring& name : serverClasses()) {
+        const std::string what = container::toUtf8(name);
+        TestWindow window;
+        const HWND host =
+            CreateWindowExW(0, L"AtlAxWin110", (L"OBKCTRLS." + name).c_str(), WS_CHILD | WS_VISIBLE, 10, 10,
+                            160, 40, window.handle(), nullptr, GetModuleHandleW(nullptr), nullptr);
+        ASSERT_TRUE(host) << what;
+        ComPtr<IUnknown> control;
+        ASSERT_EQ(getControl(host, control.put()), S_OK) << what;
+        HWND shown = nullptr;
+        ASSERT_EQ(control.query<IOleInPlaceObject>()->GetWindow(&shown), S_OK) << what;
+        EXPECT_TRUE(IsWindowVisible(shown)) << what;
+        EXPECT_EQ(GetParent(shown), host) << what;
+        container::MessageLoop loop;
+        loop.pumpPending();
+        if (name != L"ButtonArrow") {
+            MoveWindow(host, 10, 10, 200, 50, TRUE);
+            loop.pumpPending();
+            RECT area{};
+            GetWindowRect(shown, &area);
+            EXPECT_EQ(area.right - area.left, 200) << what;
+            EXPECT_EQ(area.bottom - area.top, 50) << what;
+        }
+        control.reset();
+        DestroyWindow(host);
+        loop.pumpPending();
+        EXPECT_FALSE(IsWindow(shown)) << what;
+    }
+    FreeLibrary(library);
+}
+
+TEST(ServerClients, AManifestBesideTheFileReplacesRegistration) {
+    CLSID id{};
+    ASSERT_NE(CLSIDFromProgID(L"OBKCTRLS.UpDownTextBox", &id), S_OK) << "registered by somebody";
+    std::wstring manifest = serverFile();
+    manifest.replace(manifest.rfind(L'.'), std::wstring::npos, L".manifest");
+    ACTCTXW description{};
+    description.cbSize = sizeof description;
+    description.lpSource = manifest.c_str();
+    const HANDLE context = CreateActCtxW(&description);
+    ASSERT_NE(context, INVALID_HANDLE_VALUE) << GetLastError();
+    ULONG_PTR cookie = 0;
+    ASSERT_TRUE(ActivateActCtx(context, &cookie));
+    for (const std::wstring& name : serverClasses()) {
+        for (const wchar_t* version : {L"", L".1"}) {
+            ComPtr<IUnknown> control;
+            EXPECT_EQ(CLSIDFromProgID((L"OBKCTRLS." + name + version).c_str(), &id), S_OK)
+                << container::toUtf8(name);
+            EXPECT_EQ(
+                CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, __uuidof(IUnknown), control.putVoid()),
+                S_OK);
+            // The class goes by another identifier there, which the system made up for the context.
+            EXPECT_EQ(container::TypeMembers::of(control.get()).className(), name);
+        }
+    }
+    DeactivateActCtx(0, cookie);
+    ReleaseActCtx(context);
+    CoFreeUnusedLibraries();
+}
+
+}  // namespace
+}  // namespace obk

@@ -1,0 +1,221 @@
+// Events and notifications: who hears them, in which state, and what may happen while they are heard.
+#include "server_support.h"
+
+#include "container/stored_value.h"
+#include "container/type_members.h"
+
+#include <gtest/gtest.h>
+
+#include <olectl.h>
+
+namespace obk {
+namespace {
+
+using namespace testing_support;
+using container::ComPtr;
+using container::EventCall;
+using container::EventSink;
+using container::Variant;
+
+// The text field of a control that is shown.
+HWND editOf(const HostedControl& hosted) {
+    return FindWindowExW(hosted.site.window(), nullptr, nullptr, nullptr);
+}
+
+std::wstring textOf(const HostedControl& hosted) {
+    return hosted.object().value(L"Text").toText();
+}
+
+class ServerEvents : public testing::Test {
+protected:
+    ServerEvents() { hosted.activate(); }
+    HostedControl hosted{L"UpDownTextBox"};
+};
+
+TEST_F(ServerEvents, AHostThatSetsAnArgumentToZeroDiscardsTheCharacter) {
+    VARTYPE passed = 0;
+    bool discard = false;
+    hosted.site.events().on(L"KeyPress", [&](EventCall& call) {
+        passed = call.raw(0).vt;
+        if (discard) call.set(0, short{0});
+    });
+    hosted.object().put(L"Text", L"");
+    SendMessageW(editOf(hosted), WM_CHAR, '7', 1);
+    EXPECT_EQ(passed, VT_I2 | VT_BYREF);
+    EXPECT_EQ(textOf(hosted), L"7");
+    discard = true;
+    SendMessageW(editOf(hosted), WM_CHAR, '8', 1);
+    EXPECT_EQ(textOf(hosted), L"7");
+    // Another character in its place.
+    hosted.site.events().on(L"KeyPress", [&](EventCall& call) { call.set(0, short{'9'}); });
+    SendMessageW(editOf(hosted), WM_CHAR, '8', 1);
+    EXPECT_NE(textOf(hosted).find(L'9'), std::wstring::npos) << container::Variant(textOf(hosted)).type();
+}
+
+TEST_F(ServerEvents, EverySinkSeesWhatThePreviousOneChanged) {
+    const ComPtr<EventSink> second(new EventSink);
+    ASSERT_EQ(second->connect(hosted.site.control().get()), S_OK);
+    hosted.site.events().on(L"KeyPress", [](EventCall& call) { call.set(0, short{'5'}); });
+    long seen = 0;
+    second->on(L"KeyPress", [&](EventCall& call) { seen = call.value(0).toLong().value_or(-1); });
+    hosted.object().put(L"Text", L"");
+    SendMessageW(editOf(hosted), WM_CHAR, '1', 1);
+    EXPECT_EQ(seen, '5');
+    EXPECT_EQ(textOf(hosted), L"5");
+    second->disconnect();
+}
+
+TEST_F(ServerEvents, ASinkMayLeaveWhileItIsCalled) {
+    const ComPtr<EventSink> first(new EventSink), second(new EventSink), third(new EventSink);
+    for (const auto& sink : {first, second, third})
+        ASSERT_EQ(sink->connect(hosted.site.control().get()), S_OK);
+    first->on(L"Change", [&](EventCall&) {
+        first->disconnect();
+        second->disconnect();
+    });
+    hosted.object().put(L"Text", L"2");
+    EXPECT_EQ(first->count(L"Change"), 1u);
+    EXPECT_EQ(second->count(L"Change"), 0u) << "disconnected before its turn";
+    EXPECT_EQ(third->count(L"Change"), 1u);
+    third->disconnect();
+}
+
+TEST_F(ServerEvents, AHandlerMaySetTheSamePropertyAgain) {
+    int depth = 0;
+    hosted.site.events().on(L"Change", [&](EventCall&) {
+        if (++depth < 4) hosted.object().put(L"Text", std::to_wstring(depth));
+    });
+    hosted.object().put(L"Text", L"0");
+    EXPECT_EQ(textOf(hosted), L"3");
+}
+
+TEST_F(ServerEvents, TheHostMayEndTheControlInItsOwnEvent) {
+    LoadedServer server;
+    for (const bool typed : {false, true}) {
+        HostedControl doomed(L"UpDownTextBox");
+        doomed.activate();
+        bool ended = false;
+        doomed.site.events().on(typed ? L"KeyPress" : L"Change", [&](EventCall&) {
+            if (!std::exchange(ended, true)) doomed.site.close();
+        });
+        if (typed)
+            SendMessageW(editOf(doomed), WM_CHAR, '1', 1);
+        else
+            doomed.object().put(L"Text", L"5");
+        EXPECT_TRUE(ended);
+        EXPECT_EQ(doomed.site.window(), nullptr);
+        doomed.loop.pumpPending();
+    }
+}
+
+TEST_F(ServerEvents, FrozenEventsAreDroppedAndNotKept) {
+    auto& events = hosted.site.events();
+    events.clearJournal();
+    hosted.site.freezeEvents(true);
+    hosted.site.freezeEvents(true);
+    hosted.object().put(L"Text", L"2");
+    hosted.site.freezeEvents(false);
+    hosted.object().put(L"Text", L"3");
+    EXPECT_EQ(events.journal().size(), 0u) << "freezes nest";
+    hosted.site.freezeEvents(false);
+    EXPECT_EQ(events.journal().size(), 0u) << "what was held back does not come later";
+    hosted.site.freezeEvents(false);  // one too many
+    hosted.object().put(L"Text", L"4");
+    EXPECT_EQ(events.count(L"Change"), 1u);
+}
+
+TEST_F(ServerEvents, EverySetterNotifiesUnderItsPropertyEvenWithoutAChange) {
+    const auto members = container::TypeMembers::of(hosted.site.control().get());
+    for (const auto& member : members.properties()) {
+        if (!member.writable) continue;
+        const Variant value = hosted.object().value(member.number);
+        hosted.site.changes().clear();
+        EXPECT_EQ(hosted.object().put(member.number, value), S_OK);
+        EXPECT_EQ(hosted.site.changes().countChanged(member.number), 1u) << member.number;
+    }
+}
+
+TEST_F(ServerEvents, LoadingIsNoNews) {
+    const auto stored = hosted.site.query<IPersistStreamInit>();
+    hosted.site.changes().clear();
+    hosted.site.events().clearJournal();
+    ComPtr<IStream> stream;
+    ASSERT_EQ(CreateStreamOnHGlobal(nullptr, TRUE, stream.put()), S_OK);
+    ASSERT_EQ(stored->Save(stream.get(), TRUE), S_OK);
+    stream->Seek({}, STREAM_SEEK_SET, nullptr);
+    ASSERT_EQ(stored->Load(stream.get()), S_OK);
+    EXPECT_TRUE(hosted.site.changes().changed().empty());
+    EXPECT_TRUE(hosted.site.events().journal().empty());
+    EXPECT_EQ(stored->IsDirty(), S_FALSE);
+}
+
+TEST_F(ServerEvents, EveryClassHasAnEventInterfaceAlsoAnEmptyOne) {
+    for (const std::wstring& name : serverClasses()) {
+        LoadedServer server;
+        const auto control = server.create(name);
+        const auto points = control.query<IConnectionPointContainer>();
+        ASSERT_TRUE(points);
+        ComPtr<IConnectionPoint> point;
+        ASSERT_EQ(points->FindConnectionPoint(container::eventInterfaceOf(control.get()).id, point.put()),
+                  S_OK);
+        IID id{};
+        EXPECT_EQ(point->GetConnectionInterface(&id), S_OK);
+        EXPECT_EQ(id, container::eventInterfaceOf(control.get()).id);
+        ComPtr<IConnectionPointContainer> back;
+        EXPECT_EQ(point->GetConnectionPointContainer(back.put()), S_OK);
+        EXPECT_EQ(back.get(), points.get());
+        EXPECT_EQ(points->FindConnectionPoint(__uuidof(IDispatch), point.put()), CONNECT_E_NOCONNECTION);
+    }
+}
+
+TEST_F(ServerEvents, ConnectionsAreCountedAndRefused) {
+    const auto points = hosted.site.query<IConnectionPointContainer>();
+    ComPtr<IConnectionPoint> notifications;
+    ASSERT_EQ(points->FindConnectionPoint(__uuidof(IPropertyNotifySink), notifications.put()), S_OK);
+    const ComPtr<EventSink> wrongKind(new EventSink);
+    DWORD cookie = 9;
+    EXPECT_EQ(notifications->Advise(wrongKind.get(), &cookie), CONNECT_E_CANNOTCONNECT);
+    EXPECT_EQ(cookie, 0u);
+    EXPECT_EQ(notifications->Advise(nullptr, &cookie), E_POINTER);
+    EXPECT_EQ(notifications->Unadvise(4711), CONNECT_E_NOCONNECTION);
+
+    const ComPtr<container::ChangeJournal> journal(new container::ChangeJournal);
+    ASSERT_EQ(notifications->Advise(journal.get(), &cookie), S_OK);
+    ComPtr<IEnumConnections> connections;
+    ASSERT_EQ(notifications->EnumConnections(connections.put()), S_OK);
+    CONNECTDATA data[4]{};
+    ULONG count = 0;
+    EXPECT_EQ(connections->Next(4, data, &count), S_FALSE);
+    EXPECT_EQ(count, 2u) << "the site's own and this one";
+    for (ULONG at = 0; at < count; ++at) data[at].pUnk->Release();
+    EXPECT_EQ(notifications->Unadvise(cookie), S_OK);
+    EXPECT_EQ(notifications->Unadvise(cookie), CONNECT_E_NOCONNECTION);
+
+    ComPtr<IEnumConnectionPoints> all;
+    ASSERT_EQ(points->EnumConnectionPoints(all.put()), S_OK);
+    EXPECT_EQ(all->Skip(1), S_OK);
+    ComPtr<IConnectionPoint> last;
+    EXPECT_EQ(all->Next(1, last.put(), nullptr), S_OK);
+    EXPECT_EQ(last.get(), notifications.get());
+    EXPECT_EQ(all->Skip(1), S_FALSE);
+}
+
+TEST_F(ServerEvents, AChangedFontOfTheHostReachesTheControl) {
+    container::StoredFont described;
+    described.name = L"Tahoma";
+    described.size = 8;
+    const container::Dispatch font(container::makeFont(described));
+    hosted.object().putReference(L"Font", font.get());
+    const auto fontHeight = [&] {
+        LOGFONTW shown{};
+        GetObjectW(reinterpret_cast<HFONT>(SendMessageW(editOf(hosted), WM_GETFONT, 0, 0)), sizeof shown,
+                   &shown);
+        return std::abs(shown.lfHeight);
+    };
+    const LONG before = fontHeight();
+    font.put(L"Size", 24.0);
+    EXPECT_GT(fontHeight(), 2 * before);
+}
+
+}  // namespace
+}  // namespace obk

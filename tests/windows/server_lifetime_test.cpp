@@ -1,0 +1,154 @@
+// From the first object to the last: nothing is left, and the server says truly whether it is in use.
+#include "server_support.h"
+
+#include "container/text.h"
+#include "resource_count.h"
+
+#include <gtest/gtest.h>
+
+#include <olectl.h>
+
+namespace obk {
+namespace {
+
+using namespace testing_support;
+using container::ComPtr;
+
+TEST(ServerLifetime, TheServerMayBeUnloadedExactlyWhenNothingOfItIsInUse) {
+    LoadedServer server;
+    EXPECT_TRUE(server.canUnload());
+    auto factory = server.factory(serverClasses().front());
+    EXPECT_FALSE(server.canUnload()) << "a factory";
+    ASSERT_EQ(factory->LockServer(TRUE), S_OK);
+    factory.reset();
+    EXPECT_FALSE(server.canUnload()) << "a lock";
+    factory = server.factory(serverClasses().front());
+    factory->LockServer(FALSE);
+    factory.reset();
+    EXPECT_TRUE(server.canUnload());
+
+    auto control = server.create(L"UpDownTextBox");
+    EXPECT_FALSE(server.canUnload()) << "an object";
+    ComPtr<IEnumOLEVERB> verbs;
+    ASSERT_EQ(control.query<IOleObject>()->EnumVerbs(verbs.put()), S_OK);
+    auto font = container::Dispatch(control.get()).value(L"Font").toObject();
+    control.reset();
+    EXPECT_FALSE(server.canUnload()) << "an enumerator that outlives its control";
+    verbs.reset();
+    font.reset();
+    EXPECT_TRUE(server.canUnload());
+}
+
+TEST(ServerLifetime, AConnectionPointKeepsItsControl) {
+    LoadedServer server;
+    auto control = server.create(L"UpDownTextBox");
+    ComPtr<IConnectionPoint> point;
+    ASSERT_EQ(control.query<IConnectionPointContainer>()->FindConnectionPoint(__uuidof(IPropertyNotifySink),
+                                                                              point.put()),
+              S_OK);
+    control.reset();
+    EXPECT_FALSE(server.canUnload());
+    ComPtr<IConnectionPointContainer> container;
+    EXPECT_EQ(point->GetConnectionPointContainer(container.put()), S_OK);
+    point.reset();
+    container.reset();
+    EXPECT_TRUE(server.canUnload());
+}
+
+// Creates, activates and destroys; the class changes from cycle to cycle.
+void cycle(LoadedServer& server, container::ControlForm& form, int number) {
+    const auto& classes = serverClasses();
+    container::ControlSite site(form);
+    ASSERT_EQ(site.adopt(server.create(classes[static_cast<size_t>(number) % classes.size()])), S_OK);
+    ASSERT_EQ(site.activate({5, 5, 105, 30}), S_OK);
+    ASSERT_TRUE(site.window());
+    if (number % 4 == 0) site.uiActivate();
+    if (number % 3 == 0) site.deactivate();  // otherwise closed while it shows
+}
+
+TEST(ServerLifetime, AThousandControlsLeaveNothingBehind) {
+    LoadedServer server;
+    TestWindow window;
+    container::ControlForm form(window.handle());
+    container::MessageLoop loop;
+    loop.add(form);
+    for (int number = 0; number < 24; ++number)
+        cycle(server, form, number);  // what the system keeps for itself
+    loop.pumpPending();
+    const ResourceCount before = ResourceCount::now();
+    for (int number = 0; number < 1000; ++number) {
+        cycle(server, form, number);
+        if (number % 50 == 0) loop.pumpPending();
+    }
+    loop.pumpPending();
+    EXPECT_EQ(ResourceCount::now(), before);
+    EXPECT_TRUE(server.canUnload());
+}
+
+TEST(ServerLifetime, AScriptThatShowsNothingMakesNoWindow) {
+    LoadedServer server;
+    const auto first = server.create(L"UpDownTextBox");  // whatever the platform keeps for the thread
+    const int before = windowCount();
+    const auto second = server.create(L"UpDownTextBox");
+    const container::Dispatch object(second.get());
+    object.put(L"Interval", 2.0);
+    object.put(L"Text", L"7");
+    EXPECT_EQ(object.call(L"Refresh"), S_OK);
+    EXPECT_EQ(object.value(L"Text").toText(), L"7");
+    EXPECT_EQ(windowCount(), before);
+}
+
+// An object that contains a control as a part of itself.
+class Aggregate final : public IUnknown {
+public:
+    virtual ~Aggregate() = default;
+    ComPtr<IUnknown> inner;
+    ULONG references = 0;
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** result) override {
+        if (iid != __uuidof(IUnknown)) return inner->QueryInterface(iid, result);
+        *result = static_cast<IUnknown*>(this);
+        AddRef();
+        return S_OK;
+    }
+    ULONG STDMETHODCALLTYPE AddRef() override { return ++references; }
+    ULONG STDMETHODCALLTYPE Release() override { return --references; }
+};
+
+TEST(ServerLifetime, AnAggregatedControlAnswersAsItsOuterObject) {
+    LoadedServer server;
+    {
+        Aggregate outer;
+        const auto factory = server.factory(L"UpDownTextBox");
+        ComPtr<IDispatch> refused;
+        EXPECT_EQ(factory->CreateInstance(&outer, __uuidof(IDispatch), refused.putVoid()),
+                  CLASS_E_NOAGGREGATION);
+        ASSERT_EQ(factory->CreateInstance(&outer, __uuidof(IUnknown), outer.inner.putVoid()), S_OK);
+        EXPECT_EQ(outer.references, 0u);
+        for (const IID& iid : {__uuidof(IDispatch), __uuidof(IOleObject), __uuidof(IViewObject2),
+                               __uuidof(IPersistStreamInit), __uuidof(IConnectionPointContainer)}) {
+            ComPtr<IUnknown> part, identity;
+            ASSERT_EQ(outer.QueryInterface(iid, part.putVoid()), S_OK);
+            ASSERT_EQ(part->QueryInterface(__uuidof(IUnknown), identity.putVoid()), S_OK);
+            EXPECT_EQ(identity.get(), &outer);
+        }
+        EXPECT_EQ(outer.references, 0u);
+    }
+    EXPECT_TRUE(server.canUnload());
+}
+
+TEST(ServerLifetime, IsNeverOfferedAsSafeForScripting) {
+    LoadedServer server;
+    const IID objectSafety = {0xCB5BDC81, 0x93C1, 0x11CF, {0x8F, 0x20, 0x00, 0x80, 0x5F, 0x2C, 0xD0, 0x64}};
+    for (const std::wstring& name : serverClasses()) {
+        ComPtr<IUnknown> safety;
+        EXPECT_EQ(server.create(name)->QueryInterface(objectSafety, safety.putVoid()), E_NOINTERFACE);
+        safety.detach();
+        ComPtr<IUnknown> licence;
+        EXPECT_EQ(server.factory(name)->QueryInterface(__uuidof(IClassFactory2), licence.putVoid()),
+                  E_NOINTERFACE);
+        licence.detach();
+    }
+}
+
+}  // namespace
+}  // namespace obk

@@ -1,0 +1,277 @@
+// Saving and loading through bags, streams and storages, also of what nobody wrote properly.
+#include "server_support.h"
+
+#include "container/property_bag_text.h"
+#include "container/text.h"
+#include "container/type_members.h"
+
+#include <gtest/gtest.h>
+
+#include <olectl.h>
+
+#include <functional>
+#include <map>
+
+namespace obk {
+namespace {
+
+using namespace testing_support;
+using container::ComPtr;
+using container::Dispatch;
+using container::PropertyBagText;
+using container::StoredFont;
+using container::Variant;
+
+// What a control shows of itself: every property as text, fonts by their description.
+std::map<std::wstring, std::wstring> stateOf(IUnknown* control) {
+    std::map<std::wstring, std::wstring> state;
+    const container::TypeMembers members = container::TypeMembers::of(control);
+    for (const auto& member : members.properties()) {
+        const Variant value = Dispatch(control).value(member.number);
+        const auto font = container::describeFont(value.toObject().get());
+        state[member.name] = font ? container::fontText(*font) : value.toText();
+    }
+    return state;
+}
+
+// Another value of the same type for every property that has a plain one.
+void changeEverything(IUnknown* control) {
+    const Dispatch object(control);
+    const container::TypeMembers members = container::TypeMembers::of(control);
+    for (const auto& member : members.properties()) {
+        const Variant value = object.value(member.number);
+        switch (member.type.kind) {
+            case container::ValueKind::Boolean:
+                object.put(member.number, !*value.toBool());
+                break;
+            case container::ValueKind::Colour:
+                object.put(member.number, static_cast<long>(0x80000012u));
+                break;
+            case container::ValueKind::Font: {
+                StoredFont font;
+                font.name = L"Courier New";
+                font.size = 12;
+                font.italic = true;
+                object.put(member.number, container::makeFont(font).get());
+                break;
+            }
+            case container::ValueKind::Text:
+                object.put(member.number, L"-3.25");
+                break;
+            case container::ValueKind::Number:
+                object.put(member.number, 0.1);
+                break;
+            default:
+                object.put(member.number, *value.toLong() == 1 ? 2L : 1L);
+        }
+    }
+}
+
+// One way to keep a control: saves it, and loads another one from what was saved.
+struct Way {
+    const char* name;
+    std::function<void(IUnknown* from, IUnknown* to)> carry;
+};
+
+const std::vector<Way>& ways() {
+    static const std::vector<Way> all{
+        {"bag",
+         [](IUnknown* from, IUnknown* to) {
+             const ComPtr<PropertyBagText> bag(new PropertyBagText);
+             EXPECT_EQ(ComPtr<IUnknown>(from).query<IPersistPropertyBag>()->Save(bag.get(), TRUE, FALSE),
+                       S_OK);
+             EXPECT_EQ(ComPtr<IUnknown>(to).query<IPersistPropertyBag>()->Load(bag.get(), bag.get()), S_OK);
+             EXPECT_TRUE(bag->errors().empty());
+         }},
+        {"stream",
+         [](IUnknown* from, IUnknown* to) {
+             ComPtr<IStream> stream;
+             CreateStreamOnHGlobal(nullptr, TRUE, stream.put());
+             const auto saving = ComPtr<IUnknown>(from).query<IPersistStreamInit>();
+             ULARGE_INTEGER largest{}, written{};
+             EXPECT_EQ(saving->GetSizeMax(&largest), S_OK);
+             EXPECT_EQ(saving->Save(stream.get(), TRUE), S_OK);
+             stream->Seek({}, STREAM_SEEK_CUR, &written);
+             EXPECT_LE(written.QuadPart, largest.QuadPart);
+             stream->Write("next", 4, nullptr);  // whatever follows is left for the container
+             stream->Seek({}, STREAM_SEEK_SET, nullptr);
+             EXPECT_EQ(ComPtr<IUnknown>(to).query<IPersistStreamInit>()->Load(stream.get()), S_OK);
+             char next[5] = "";
+             stream->Read(next, 4, nullptr);
+             EXPECT_STREQ(next, "next");
+         }},
+        {"storage",
+         [](IUnknown* from, IUnknown* to) {
+             ComPtr<ILockBytes> bytes;
+             CreateILockBytesOnHGlobal(nullptr, TRUE, bytes.put());
+             ComPtr<IStorage> storage;
+             ASSERT_EQ(
+                 StgCreateDocfileOnILockBytes(
+                     bytes.get(), STGM_CREATE | STGM_READWRITE | STGM_SHARE_EXCLUSIVE, 0, storage.put()),
+                 S_OK);
+             const auto saving = ComPtr<IUnknown>(from).query<IPersistStorage>();
+             EXPECT_EQ(saving->Save(storage.get(), FALSE), S_OK);
+             EXPECT_EQ(saving->SaveCompleted(nullptr), S_OK);
+             CLSID stored{}, own{};
+             EXPECT_EQ(ReadClassStg(storage.get(), &stored), S_OK);
+             EXPECT_EQ(saving->GetClassID(&own), S_OK);
+             EXPECT_EQ(stored, own);
+             EXPECT_EQ(ComPtr<IUnknown>(to).query<IPersistStorage>()->Load(storage.get()), S_OK);
+         }},
+    };
+    return all;
+}
+
+class ServerPersistence : public testing::Test {
+protected:
+    ComPtr<IUnknown> loadedFrom(PropertyBagText& bag) {
+        auto control = server.create(L"UpDownTextBox");
+        EXPECT_EQ(control.query<IPersistPropertyBag>()->Load(&bag, &bag), S_OK);
+        return control;
+    }
+    LoadedServer server;
+};
+
+TEST_F(ServerPersistence, EveryPropertyComesBackByEveryWay) {
+    for (const std::wstring& name : serverClasses()) {
+        for (const Way& way : ways()) {
+            const auto from = server.create(name), to = server.create(name);
+            from.query<IPersistStreamInit>()->InitNew();
+            changeEverything(from.get());
+            way.carry(from.get(), to.get());
+            EXPECT_EQ(stateOf(to.get()), stateOf(from.get()))
+                << container::toUtf8(name) << " by " << way.name;
+            EXPECT_EQ(from.query<IPersistStreamInit>()->IsDirty(), S_FALSE) << way.name;
+            EXPECT_EQ(to.query<IPersistStreamInit>()->IsDirty(), S_FALSE) << way.name;
+        }
+    }
+}
+
+TEST_F(ServerPersistence, AMissingKeyGivesItsDefaultAndADefaultIsNotWritten) {
+    const ComPtr<PropertyBagText> empty(new PropertyBagText), saved(new PropertyBagText);
+    const auto control = loadedFrom(*empty);
+    const Dispatch object(control.get());
+    EXPECT_EQ(object.value(L"Interval").toDouble(), 1.0) << "a freshly placed one has 0";
+    EXPECT_EQ(object.value(L"Max").toLong(), 10);
+    ASSERT_EQ(control.query<IPersistPropertyBag>()->Save(saved.get(), FALSE, FALSE), S_OK);
+    EXPECT_TRUE(saved->entries().empty());
+    object.put(L"BackColor", 255L);
+    control.query<IPersistPropertyBag>()->Save(saved.get(), FALSE, FALSE);
+    ASSERT_EQ(saved->entries().size(), 1u);
+    EXPECT_EQ(saved->entries()[0].key, L"Backcolor");
+    EXPECT_EQ(control.query<IPersistStreamInit>()->IsDirty(), S_OK) << "saved as a copy";
+}
+
+TEST_F(ServerPersistence, ValuesAreStoredInTheTypesThatHostsKnow) {
+    const ComPtr<PropertyBagText> saved(new PropertyBagText);
+    const auto control = server.create(L"UpDownTextBox");
+    changeEverything(control.get());
+    control.query<IPersistPropertyBag>()->Save(saved.get(), TRUE, FALSE);
+    const auto typeOf = [&](const wchar_t* key) {
+        const auto* stored = saved->find(key);
+        const auto* plain = stored ? std::get_if<Variant>(stored) : nullptr;
+        return plain ? plain->type() : VARTYPE{VT_ILLEGAL};
+    };
+    EXPECT_EQ(typeOf(L"Alignment"), VT_I2) << "16 bits wide in hosts' files";
+    EXPECT_EQ(typeOf(L"Max"), VT_I4);
+    EXPECT_EQ(typeOf(L"Interval"), VT_R8);
+    EXPECT_EQ(typeOf(L"SyncBuddy"), VT_BOOL);
+    EXPECT_EQ(typeOf(L"Text"), VT_BSTR);
+    EXPECT_EQ(typeOf(L"ForeColor"), VT_I4);
+    ASSERT_TRUE(saved->find(L"Font"));
+    EXPECT_TRUE(std::holds_alternative<StoredFont>(*saved->find(L"Font")));
+}
+
+TEST_F(ServerPersistence, StoredValuesOfOtherTypesAreConvertedOrSkipped) {
+    const ComPtr<PropertyBagText> bag(new PropertyBagText);
+    bag->set(L"MAX", Variant(L"25"));               // a text, and the key in other letters
+    bag->set(L"Interval", Variant(L"much"));        // no number: skipped
+    bag->set(L"Alignment", Variant(1e9));           // a Long holds it
+    bag->set(L"Min", Variant(1e12));                // nothing holds it: skipped
+    bag->set(L"Enabled", Variant(L"sometimes"));    // skipped
+    bag->set(L"Text", Variant(12.5));               // a number as text
+    bag->set(L"Backcolor", Variant(2147483653.0));  // a colour as an unsigned number
+    bag->set(L"ForeColor", container::StoredBytes{"\x01\x02"});
+    bag->set(L"Font", Variant(L"Tahoma"));  // no font: skipped
+    bag->set(L"NoSuchKey", Variant(1));
+    const auto control = loadedFrom(*bag);
+    const Dispatch object(control.get());
+    EXPECT_EQ(object.value(L"Max").toLong(), 25);
+    EXPECT_EQ(object.value(L"Interval").toDouble(), 0.0) << "what was there stays, not the default";
+    EXPECT_EQ(object.value(L"Min").toLong(), 0);
+    EXPECT_EQ(object.value(L"Enabled").toBool(), true);
+    EXPECT_EQ(object.value(L"Text").toText(), L"12.5");
+    EXPECT_EQ(object.value(L"BackColor").toLong(), static_cast<long>(0x80000005u));
+    EXPECT_EQ(object.value(L"ForeColor").toLong(), static_cast<long>(0x80000008u));
+    EXPECT_TRUE(container::describeFont(object.value(L"Font").toObject().get()));
+}
+
+TEST_F(ServerPersistence, DamagedStreamsDoNoHarm) {
+    const auto source = server.create(L"UpDownTextBox");
+    changeEverything(source.get());
+    ComPtr<IStream> stream;
+    CreateStreamOnHGlobal(nullptr, TRUE, stream.put());
+    source.query<IPersistStreamInit>()->Save(stream.get(), FALSE);
+    ULARGE_INTEGER end{};
+    stream->Seek({}, STREAM_SEEK_CUR, &end);
+    std::vector<char> good(static_cast<size_t>(end.QuadPart));
+    stream->Seek({}, STREAM_SEEK_SET, nullptr);
+    stream->Read(good.data(), static_cast<ULONG>(good.size()), nullptr);
+
+    const auto load = [&](const std::vector<char>& bytes) {
+        ComPtr<IStream> damaged;
+        CreateStreamOnHGlobal(nullptr, TRUE, damaged.put());
+        damaged->Write(bytes.data(), static_cast<ULONG>(bytes.size()), nullptr);
+        damaged->Seek({}, STREAM_SEEK_SET, nullptr);
+        const auto control = server.create(L"UpDownTextBox");
+        const HRESULT result = control.query<IPersistStreamInit>()->Load(damaged.get());
+        EXPECT_FALSE(stateOf(control.get()).empty());
+        return result;
+    };
+    EXPECT_EQ(load(good), S_OK);
+    for (size_t length = 0; length < good.size(); ++length)
+        EXPECT_TRUE(FAILED(load({good.begin(), good.begin() + static_cast<ptrdiff_t>(length)}))) << length;
+    // Bytes behind the length are the container's no more; damaged ones there give defaults.
+    for (size_t at = sizeof(uint32_t); at < good.size(); at += 3) {
+        auto bytes = good;
+        bytes[at] = static_cast<char>(~bytes[at]);
+        EXPECT_EQ(load(bytes), S_OK) << at;
+    }
+    auto huge = good;
+    huge[3] = 0x7F;
+    EXPECT_TRUE(FAILED(load(huge))) << "a length of two thousand million";
+}
+
+TEST_F(ServerPersistence, TheAmbientFontIsTheDefaultAndIsFollowedUntilAnotherIsSet) {
+    StoredFont first, second;
+    first.name = L"Courier New";
+    first.size = 12;
+    second = first;
+    second.size = 20;
+    for (const auto order : {container::SiteOrder::BeforeState, container::SiteOrder::AfterState}) {
+        TestWindow window;
+        container::ControlForm form(window.handle());
+        container::SiteSettings settings;
+        settings.order = order;
+        container::ControlSite site(form, settings);
+        site.ambients().set(DISPID_AMBIENT_FONT, container::makeFont(first).get());
+        const ComPtr<container::PropertyBagText> empty = new container::PropertyBagText;
+        ASSERT_EQ(site.adopt(server.create(L"UpDownTextBox"), {empty.get()}), S_OK);
+        const auto shown = [&] {
+            const auto font = container::describeFont(site.object().value(L"Font").toObject().get());
+            return font ? font->size : 0;
+        };
+        EXPECT_NEAR(shown(), 12, 0.5) << static_cast<int>(order);
+        site.setAmbient(DISPID_AMBIENT_FONT, container::makeFont(second).get());
+        EXPECT_NEAR(shown(), 20, 0.5) << static_cast<int>(order);
+        // Set by the host: from here on the control's own.
+        StoredFont own = first;
+        own.size = 9;
+        site.object().put(L"Font", container::makeFont(own).get());
+        site.setAmbient(DISPID_AMBIENT_FONT, container::makeFont(first).get());
+        EXPECT_NEAR(shown(), 9, 0.5) << static_cast<int>(order);
+    }
+}
+
+}  // namespace
+}  // namespace obk

@@ -1,0 +1,288 @@
+// What a container sees of a control without activating it: its size, its picture, its verbs, its choices.
+#include "server_support.h"
+
+#include "container/text.h"
+#include "container/type_members.h"
+
+#include <gtest/gtest.h>
+
+#include <olectl.h>
+
+#include <algorithm>
+#include <set>
+
+namespace obk {
+namespace {
+
+using namespace testing_support;
+using container::ComPtr;
+
+class DrawnPixels {
+public:
+    DrawnPixels(int width, int height)
+        : width_(width), height_(height), context_(CreateCompatibleDC(nullptr)) {
+        BITMAPINFO info{};
+        info.bmiHeader = {sizeof info.bmiHeader, width, -height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+        bitmap_ =
+            CreateDIBSection(context_, &info, DIB_RGB_COLORS, reinterpret_cast<void**>(&pixels_), nullptr, 0);
+        previous_ = SelectObject(context_, bitmap_);
+        std::fill_n(pixels_, width * height, untouched);
+    }
+    DrawnPixels(const DrawnPixels&) = delete;
+    DrawnPixels& operator=(const DrawnPixels&) = delete;
+    ~DrawnPixels() {
+        SelectObject(context_, previous_);
+        DeleteObject(bitmap_);
+        DeleteDC(context_);
+    }
+    static constexpr uint32_t untouched = 0x123456;
+    HDC context() const { return context_; }
+    uint32_t at(int x, int y) const {
+        GdiFlush();
+        return pixels_[y * width_ + x] & 0xFFFFFF;
+    }
+    // Touched pixels inside and outside of a rectangle.
+    std::pair<int, int> touched(const RECT& bounds) const {
+        std::pair<int, int> counts{0, 0};
+        for (int y = 0; y < height_; ++y) {
+            for (int x = 0; x < width_; ++x) {
+                if (at(x, y) == untouched) continue;
+                const bool inside =
+                    x >= bounds.left && x < bounds.right && y >= bounds.top && y < bounds.bottom;
+                ++(inside ? counts.first : counts.second);
+            }
+        }
+        return counts;
+    }
+    std::set<uint32_t> colours(const RECT& bounds) const {
+        std::set<uint32_t> found;
+        for (int y = bounds.top; y < bounds.bottom; ++y)
+            for (int x = bounds.left; x < bounds.right; ++x) found.insert(at(x, y));
+        return found;
+    }
+
+private:
+    int width_, height_;
+    HDC context_;
+    HBITMAP bitmap_ = nullptr;
+    HGDIOBJ previous_ = nullptr;
+    uint32_t* pixels_ = nullptr;
+};
+
+HRESULT draw(IUnknown* control, HDC context, const RECT& bounds) {
+    const RECTL area{bounds.left, bounds.top, bounds.right, bounds.bottom};
+    return ComPtr<IUnknown>(control).query<IViewObject2>()->Draw(
+        DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, context, &area, nullptr, nullptr, 0);
+}
+
+class ServerView : public testing::Test {
+protected:
+    LoadedServer server;
+};
+
+TEST_F(ServerView, EveryControlFillsItsBoundsAndNothingElseAtAnyScale) {
+    for (const std::wstring& name : serverClasses()) {
+        const auto control = server.create(name);
+        SIZEL size{2540, 635};
+        control.query<IOleObject>()->SetExtent(DVASPECT_CONTENT, &size);
+        for (const RECT bounds : {RECT{20, 10, 116, 34}, RECT{0, 0, 192, 48}, RECT{3, 3, 243, 63}}) {
+            DrawnPixels pixels(260, 80);
+            ASSERT_EQ(draw(control.get(), pixels.context(), bounds), S_OK);
+            const auto [inside, outside] = pixels.touched(bounds);
+            EXPECT_EQ(inside, (bounds.right - bounds.left) * (bounds.bottom - bounds.top))
+                << container::toUtf8(name);
+            EXPECT_EQ(outside, 0) << container::toUtf8(name);
+            EXPECT_GT(pixels.colours(bounds).size(), 1u) << container::toUtf8(name) << " shows nothing";
+        }
+    }
+}
+
+TEST_F(ServerView, ALiveControlDrawsTheSameInsideMappedContexts) {
+    const auto control = server.create(L"UpDownTextBox");
+    SIZEL size{2540, 635};
+    control.query<IOleObject>()->SetExtent(DVASPECT_CONTENT, &size);
+    container::Dispatch(control.get()).put(L"Text", L"42");
+    DrawnPixels plain(200, 60), mapped(200, 60);
+    ASSERT_EQ(draw(control.get(), plain.context(), {40, 20, 136, 44}), S_OK);
+    // Ten units a pixel, counted upwards.
+    SetMapMode(mapped.context(), MM_ANISOTROPIC);
+    SetWindowExtEx(mapped.context(), 2000, 600, nullptr);
+    SetViewportExtEx(mapped.context(), 200, -60, nullptr);
+    SetViewportOrgEx(mapped.context(), 0, 60, nullptr);
+    ASSERT_EQ(draw(control.get(), mapped.context(), {400, 400, 1360, 160}), S_OK);
+    for (int y = 0; y < 60; ++y)
+        for (int x = 0; x < 200; ++x) ASSERT_EQ(plain.at(x, y), mapped.at(x, y)) << x << ", " << y;
+    POINT origin{};
+    GetViewportOrgEx(mapped.context(), &origin);
+    EXPECT_EQ(GetMapMode(mapped.context()), MM_ANISOTROPIC) << "the context is given back as it was";
+    EXPECT_EQ(origin.y, 60);
+}
+
+TEST_F(ServerView, AMetafileRecordsTheControlForPrinting) {
+    for (const std::wstring& name : serverClasses()) {
+        const auto control = server.create(name);
+        const RECT frame{0, 0, 5080, 1270};
+        const HDC recording = CreateEnhMetaFileW(nullptr, nullptr, &frame, nullptr);
+        ASSERT_EQ(draw(control.get(), recording, {0, 0, 96, 24}), S_OK);
+        const HENHMETAFILE file = CloseEnhMetaFile(recording);
+        ENHMETAHEADER header{};
+        ASSERT_TRUE(GetEnhMetaFileHeader(file, sizeof header, &header));
+        EXPECT_GT(header.nRecords, 3u) << container::toUtf8(name);
+        DrawnPixels pixels(200, 60);
+        const RECT target{0, 0, 192, 48};
+        PlayEnhMetaFile(pixels.context(), file, &target);
+        EXPECT_GT(pixels.touched(target).first, 96) << container::toUtf8(name);
+        DeleteEnhMetaFile(file);
+    }
+}
+
+TEST_F(ServerView, AFrozenViewKeepsItsLook) {
+    const auto control = server.create(L"UpDownTextBox");
+    const auto view = control.query<IViewObject2>();
+    const RECT bounds{0, 0, 96, 24};
+    DWORD key = 0;
+    ASSERT_EQ(view->Freeze(DVASPECT_CONTENT, -1, nullptr, &key), S_OK);
+    DrawnPixels before(96, 24), frozen(96, 24), thawed(96, 24);
+    draw(control.get(), before.context(), bounds);
+    container::Dispatch(control.get()).put(L"BackColor", 0x0000FFL);
+    draw(control.get(), frozen.context(), bounds);
+    EXPECT_EQ(before.colours(bounds), frozen.colours(bounds));
+    EXPECT_EQ(view->Unfreeze(key), S_OK);
+    EXPECT_EQ(view->Unfreeze(key), OLE_E_NOCONNECTION);
+    draw(control.get(), thawed.context(), bounds);
+    EXPECT_TRUE(thawed.colours(bounds).contains(0xFF0000u)) << "red, as pixels hold it";
+}
+
+TEST_F(ServerView, ExtentsAreTheContainersExceptForAFixedSize) {
+    for (const std::wstring& name : serverClasses()) {
+        const auto control = server.create(name);
+        const auto object = control.query<IOleObject>();
+        SIZEL first{}, second{5080, 1270}, answered{};
+        ASSERT_EQ(object->GetExtent(DVASPECT_CONTENT, &first), S_OK);
+        ASSERT_EQ(object->SetExtent(DVASPECT_CONTENT, &second), S_OK);
+        ASSERT_EQ(control.query<IViewObject2>()->GetExtent(DVASPECT_CONTENT, -1, nullptr, &answered), S_OK);
+        if (name == L"ButtonArrow") {
+            EXPECT_EQ(answered.cx, first.cx);
+            EXPECT_EQ(answered.cy, first.cy);
+        } else {
+            EXPECT_EQ(answered.cx, second.cx) << container::toUtf8(name);
+            EXPECT_EQ(answered.cy, second.cy) << container::toUtf8(name);
+        }
+        EXPECT_EQ(object->SetExtent(DVASPECT_ICON, &second), DV_E_DVASPECT);
+    }
+}
+
+TEST_F(ServerView, AFixedSizeSnapsBackInTheContainerWithoutALoop) {
+    HostedControl hosted(L"ButtonArrow");
+    hosted.activate({10, 10, 90, 60});
+    const RECT settled = hosted.site.position();
+    EXPECT_LT(settled.right - settled.left, 30);
+    hosted.site.siteCalls().clear();
+    hosted.site.moveTo({10, 10, 200, 200});
+    hosted.loop.pumpPending();
+    EXPECT_EQ(hosted.site.position().right - hosted.site.position().left, settled.right - settled.left);
+    EXPECT_EQ(hosted.site.position().bottom - hosted.site.position().top, settled.bottom - settled.top);
+    const auto& calls = hosted.site.siteCalls();
+    EXPECT_LE(std::count(calls.begin(), calls.end(), "OnPosRectChange"), 2);
+}
+
+TEST_F(ServerView, DecorationNeverTakesTheFocus) {
+    for (const std::wstring& name : serverClasses()) {
+        HostedControl hosted(name);
+        const bool decoration = name == L"lns" || name == L"ButtonArrow";
+        EXPECT_EQ((hosted.site.status() & OLEMISC_NOUIACTIVATE) != 0, decoration) << container::toUtf8(name);
+        constexpr DWORD always = OLEMISC_ACTIVATEWHENVISIBLE | OLEMISC_INSIDEOUT |
+                                 OLEMISC_SETCLIENTSITEFIRST | OLEMISC_CANTLINKINSIDE |
+                                 OLEMISC_RECOMPOSEONRESIZE;
+        EXPECT_EQ(hosted.site.status() & always, always) << container::toUtf8(name);
+        hosted.activate();
+        hosted.site.uiActivate();
+        EXPECT_EQ(hosted.site.state() == container::SiteState::UiActive, !decoration)
+            << container::toUtf8(name);
+    }
+}
+
+TEST_F(ServerView, ChangesAreToldToWhoeverWatchesTheView) {
+    HostedControl hosted(L"UpDownTextBox");
+    hosted.site.siteCalls().clear();
+    hosted.object().put(L"Text", L"9");
+    const auto& calls = hosted.site.siteCalls();
+    EXPECT_GE(std::count(calls.begin(), calls.end(), "OnViewChange"), 1);
+}
+
+TEST_F(ServerView, VerbsAreListedAndHidingHides) {
+    HostedControl hosted(L"UpDownTextBox");
+    ComPtr<IEnumOLEVERB> verbs;
+    ASSERT_EQ(hosted.site.query<IOleObject>()->EnumVerbs(verbs.put()), S_OK);
+    std::set<LONG> numbers;
+    OLEVERB verb{};
+    while (verbs->Next(1, &verb, nullptr) == S_OK) {
+        numbers.insert(verb.lVerb);
+        CoTaskMemFree(verb.lpszVerbName);
+    }
+    EXPECT_TRUE(numbers.contains(OLEIVERB_PRIMARY) && numbers.contains(OLEIVERB_PROPERTIES));
+    hosted.activate();
+    EXPECT_EQ(hosted.site.doVerb(OLEIVERB_HIDE), S_OK);
+    EXPECT_FALSE(IsWindowVisible(hosted.site.window()));
+    EXPECT_EQ(hosted.site.doVerb(OLEIVERB_SHOW), S_OK);
+    EXPECT_TRUE(IsWindowVisible(hosted.site.window()));
+    EXPECT_EQ(hosted.site.doVerb(OLEIVERB_DISCARDUNDOSTATE), S_OK);
+    EXPECT_EQ(hosted.site.doVerb(-100), E_NOTIMPL);
+}
+
+TEST_F(ServerView, ABusyContainerLetsNobodyType) {
+    HostedControl hosted(L"UpDownTextBox");
+    hosted.activate();
+    hosted.site.setAmbient(DISPID_AMBIENT_UIDEAD, true);
+    EXPECT_FALSE(IsWindowEnabled(hosted.site.window()));
+    hosted.site.setAmbient(DISPID_AMBIENT_UIDEAD, false);
+    EXPECT_TRUE(IsWindowEnabled(hosted.site.window()));
+}
+
+TEST_F(ServerView, PropertyBrowsersAreOfferedChoicesAndPages) {
+    for (const std::wstring& name : serverClasses()) {
+        const auto control = server.create(name);
+        const auto browsing = control.query<IPerPropertyBrowsing>();
+        const container::TypeMembers members = container::TypeMembers::of(control.get());
+        std::set<std::wstring> wantedPages, givenPages;
+        for (const auto& member : members.properties()) {
+            CALPOLESTR texts{};
+            CADWORD cookies{};
+            const bool choices =
+                member.type.kind == container::ValueKind::Boolean || !member.type.choices.empty();
+            EXPECT_EQ(browsing->GetPredefinedStrings(member.number, &texts, &cookies),
+                      choices ? S_OK : S_FALSE);
+            EXPECT_EQ(texts.cElems, cookies.cElems);
+            for (ULONG at = 0; at < texts.cElems; ++at) {
+                // What is chosen is put, and then shown by the same text.
+                container::Variant value;
+                EXPECT_EQ(browsing->GetPredefinedValue(member.number, cookies.pElems[at], value.put()), S_OK);
+                EXPECT_EQ(container::Dispatch(control.get()).put(member.number, value), S_OK);
+                container::Bstr shown;
+                EXPECT_EQ(browsing->GetDisplayString(member.number, shown.put()), S_OK);
+                EXPECT_EQ(shown.view(), texts.pElems[at]);
+                CoTaskMemFree(texts.pElems[at]);
+            }
+            CoTaskMemFree(texts.pElems);
+            CoTaskMemFree(cookies.pElems);
+            CLSID page{};
+            const HRESULT mapped = browsing->MapPropertyToPage(member.number, &page);
+            wchar_t text[40];
+            if (mapped == S_OK && StringFromGUID2(page, text, 40)) wantedPages.insert(text);
+        }
+        CAUUID pages{};
+        ASSERT_EQ(control.query<ISpecifyPropertyPages>()->GetPages(&pages), S_OK);
+        for (ULONG at = 0; at < pages.cElems; ++at) {
+            wchar_t text[40];
+            StringFromGUID2(pages.pElems[at], text, 40);
+            givenPages.insert(text);
+        }
+        CoTaskMemFree(pages.pElems);
+        EXPECT_EQ(givenPages, wantedPages) << container::toUtf8(name);
+        CLSID page{};
+        EXPECT_EQ(browsing->MapPropertyToPage(0x7000, &page), DISP_E_MEMBERNOTFOUND);
+    }
+}
+
+}  // namespace
+}  // namespace obk
