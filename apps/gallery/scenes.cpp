@@ -122,16 +122,17 @@ void buildOrderStates(Scene& scene) {
     }
 
     // One button for each palette, named as a host names them.
-    constexpr const wchar_t* palettes[] = {L"QP8X2",    L"QP9X3",    L"QP8X8",    L"QP16X8",
-                                           L"QP24X8",   L"QP24X10",  L"QP8X4X4",  L"QP8X8X6",
-                                           L"QP12X6X6", L"QP16X8X6", L"QP24X8X6", L"QP32X8X6"};
     scene.text({20, 166, 466, line}, L"The twelve palettes", TextLook::Strong);
-    for (int at = 0; at < 12; ++at) {
-        SceneControl& control =
-            scene.control(palettes[at], progId, {20 + at % 4 * 118, 192 + at / 4 * 30, 110, line});
-        control.object().put(L"Palette", static_cast<long>(at));
-        control.object().put(L"Caption", palettes[at]);
-        control.object().put(L"ShowButtonColor", false);
+    int at = 0;
+    if (const auto* palette = scene.find(L"Confirmed")->members.property(L"Palette")) {
+        for (const container::Choice& choice : palette->type.choices) {
+            SceneControl& control =
+                scene.control(choice.name, progId, {20 + at % 4 * 118, 192 + at / 4 * 30, 110, line});
+            control.object().put(L"Palette", choice.value);
+            control.object().put(L"Caption", choice.name);
+            control.object().put(L"ShowButtonColor", false);
+            ++at;
+        }
     }
     scene.demonstration([&scene] { scene.find(L"InProduction")->object().call(L"ShowPopUp"); });
 }

@@ -8,7 +8,6 @@ namespace obk {
 
 namespace {
 
-constexpr int32_t pressMark = 99;
 constexpr Rgb firstColour{2};  // what a new button's selection is nearest to
 
 int32_t asLong(OleColour colour) {
@@ -41,7 +40,6 @@ void ButtonPalette::initialize() {
     backColor_ =
         Rgb{static_cast<uint32_t>(TranslateOleColor(platform().appearance(), SystemColour::buttonFace))};
     showBackground();
-    focusMark_ = pressMark;
     resize();
     // So the first hover is not tracked: only a release, a hiding or the focus going sets it free.
     mouseHeld_ = true;
@@ -65,9 +63,7 @@ void ButtonPalette::initProperties() {
     chooseBaseFor(firstColour);
     selectedCell_ = picDROPDOWNPANEL.palette().nearestCell(firstColour);
     selectedColour_ = selectedCell_.Color;
-    forgetActiveCell();
     cmdMAINBTN.setEnabled(true);
-    focusMark_ = pressMark;
     cmdMAINBTN.state.caption = u"   Button";  // the blanks keep clear of the swatch
     showBackground();
     showSelection();
@@ -75,7 +71,6 @@ void ButtonPalette::initProperties() {
 
 void ButtonPalette::loaded() {
     showBackground();
-    forgetActiveCell();
     barPALETTE.setEnabled(Enabled());
     showSelection();
 }
@@ -258,7 +253,6 @@ void ButtonPalette::UserControl_Click() {
         }
         attempt([&] { Click(); });
     }
-    mouseTracking_ = true;
     releaseOwnCapture();
     mouseOver_ = true;
     refresh();
@@ -275,13 +269,11 @@ void ButtonPalette::UserControl_ExitFocus() {
 }
 
 void ButtonPalette::UserControlMouseOut(int16_t& Button, int16_t& Shift, float& X, float& Y) {
-    mouseTracking_ = false;
     const Dpi dpi = root().dpi();
     const auto right = static_cast<float>(dpi.toPixels(width()));
     const auto bottom = static_cast<float>(dpi.toPixels(height()));
     // A condition that cannot be computed is false: no place at all is not outside.
     if (X < 0 || X > right || Y < 0 || Y > bottom) {
-        mouseTracking_ = false;
         mouseOver_ = false;
         cmdMAINBTN.state.hot = false;
         releaseOwnCapture();
@@ -289,7 +281,6 @@ void ButtonPalette::UserControlMouseOut(int16_t& Button, int16_t& Shift, float& 
     } else {
         cmdMAINBTN.state.hot = Enabled() && !panel_.visible();
         SetTheme();
-        mouseTracking_ = true;
         // An open panel keeps the mouse: it has to see the press that closes it.
         Surface* shownOn = cmdMAINBTN.surface();
         if (shownOn && Enabled() && !panel_.visible()) shownOn->capture(cmdMAINBTN);
@@ -313,12 +304,8 @@ void ButtonPalette::exitFocus() {
     cmdMAINBTN.state.focused = false;
     refresh();
     // Two kinds of loss arrive, as hosts know it: the button's own, and the whole control's.
-    if (focusMark_ == 0) {
-        UserControl_ExitFocus();
-    } else {
-        if (panel_.visible()) HidePopUp();
-        attempt([&] { FocusLost(); });
-    }
+    if (panel_.visible()) HidePopUp();
+    attempt([&] { FocusLost(); });
     UserControl_ExitFocus();
 }
 
@@ -378,7 +365,6 @@ bool ButtonPalette::walkKey(const KeyEvent& event) {
     if ((!walking && !begins) || !picDROPDOWNPANEL.walk(event.code)) return false;
     // Like a press on a base colour, so that its shades can be reached.
     if (const auto cell = picDROPDOWNPANEL.walkCell()) {
-        hoverCell_ = *cell;
         becomeBase(*cell);
     }
     return true;
@@ -416,7 +402,6 @@ void ButtonPalette::loadPalette(int32_t palette) {
     chooseBaseFor(selectedColour_);
     selectedCell_ = picDROPDOWNPANEL.palette().nearestCell(root().rgb(selectedColour_));
     selectedColour_ = selectedCell_.Color;
-    forgetActiveCell();
     showSelection();
 }
 
@@ -488,7 +473,6 @@ void ButtonPalette::buttonMouse(const MouseEvent& event) {
 }
 
 void ButtonPalette::press(int16_t mouseButton, int16_t shift, float x, float y) {
-    focusMark_ = pressMark;
     lastButton_ = mouseButton;
     mouseHeld_ = mouseButton != button::right;
     attempt([&] { MouseDown(mouseButton, shift, x, y); });
@@ -532,7 +516,6 @@ void ButtonPalette::panelPress(int16_t mouseButton, PixelPoint at) {
         panel_.renewCapture();
         if (const auto cell = picDROPDOWNPANEL.cellAt(at)) {
             panelMove(mouseButton, at);
-            hoverCell_ = *cell;
             setActiveCell(*cell);
             becomeBase(*cell);
         }
@@ -553,12 +536,10 @@ void ButtonPalette::panelMove(int16_t mouseButton, PixelPoint at) {
     picDROPDOWNPANEL.setStripHot(picDROPDOWNPANEL.holds(at) && picDROPDOWNPANEL.belowStripTop(at) &&
                                  !picDROPDOWNPANEL.beyondStripEdge(at));
     if (cell) {
-        hoverCell_ = *cell;
         if (leftDown) setActiveCell(*cell);
         if (panel_.visible()) picDROPDOWNPANEL.hover(*cell);
         if (leftDown) becomeBase(*cell);
     }
-    panelHovered_ = true;
 }
 
 void ButtonPalette::panelRelease(PixelPoint at) {
@@ -586,7 +567,6 @@ void ButtonPalette::setActiveCell(const PaletteCell& cell) {
     activeCell_ = cell;
     PropertyChanged<&ButtonPalette::ActiveColor>();
     PropertyChanged<&ButtonPalette::ActiveText>();
-    attempt([&] { activeColourText_ = decimalText(asLong(cell.Color)); });
     int32_t colour = asLong(activeCell_.Color);
     attempt([&] { Change(colour); });
 }
@@ -628,12 +608,6 @@ void ButtonPalette::chooseBaseFor(OleColour colour) {
     if (!palette.geometry().ShadeMode) return;
     baseCell_ = palette.baseCell(root().rgb(colour));
     picDROPDOWNPANEL.buildShades(baseCell_);
-}
-
-void ButtonPalette::forgetActiveCell() {
-    // Its colour and name are read as before until another cell becomes active.
-    activeCell_.valid = false;
-    hoverCell_.valid = false;
 }
 
 void ButtonPalette::showSelection() {

@@ -117,7 +117,6 @@ private:
     void selectCell(const PaletteCell& cell, OleColour colour);
     void chooseCustomColour();
     void chooseBaseFor(OleColour colour);
-    void forgetActiveCell();
     void showSelection();
     PopUpSide firstSide() const { return positionDefault_ ? PopUpSide::below : PopUpSide::above; }
 
@@ -128,7 +127,6 @@ private:
     kxlib_TIMER cTIMER;
 
     PaletteCell activeCell_;    // pressed or dragged over last with the left button
-    PaletteCell hoverCell_;     // last under the pointer in the panel
     PaletteCell baseCell_;      // whose shades the block holds
     PaletteCell selectedCell_;  // the chosen colour's
     OleColour selectedColour_;  // the chosen colour itself, which a host may set to any
@@ -138,17 +136,13 @@ private:
     bool popupEnabled_ = true;
     bool positionDefault_ = true;
     obk::Text toolTip_;
-    obk::Text activeColourText_;
     FontRef fontFromAmbient_;  // while it is the one shown, the container's changes are followed
 
     bool mouseHeld_ = false;  // a mouse button is down on the button: no hover tracking
-    bool mouseTracking_ = false;
     bool mouseOver_ = false;
-    bool panelHovered_ = false;
     bool pressed_ = false;  // since a press on the button, until its release
     int16_t lastButton_ = button::left;
     int16_t lastKeyDown_ = 0;
-    int32_t focusMark_ = 0;
     std::vector<Connection> connections_;
 };
 

@@ -35,10 +35,8 @@ public:
     // The frame of the swatch under the mouse or under the walk of the keys, and its tool tip.
     void hover(const PaletteCell& cell);
     void clearHover();
-    const PixelRect& hoverFrame() const { return hoverFrame_; }
     void setSelected(const PaletteCell& cell, bool shown);
     void setStripHot(bool hot);
-    bool stripHot() const { return stripHot_; }
 
     // A walk of the hover frame by the keys, begun by Right, Home or End.
     bool walking() const { return walking_; }
