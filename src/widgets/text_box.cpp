@@ -151,6 +151,12 @@ bool TextBox::wheel(const WheelEvent& event) {
     return used;
 }
 
+bool TextBox::contextMenu(std::optional<PixelPoint> at) {
+    bool shown = false;
+    menuAsked(at, shown);
+    return shown;
+}
+
 void TextBox::keyDown(KeyEvent& event) {
     keyWentDown(event);
     // The commands of editing are no typed characters: they act here, so that a listener which filters what
