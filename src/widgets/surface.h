@@ -57,8 +57,8 @@ public:
     void holdCapture();
     void endCapture();
     bool holdsCapture() const { return holding_; }
-    // A menu of the system beside a rectangle of this surface; see Platform::chooseFromMenu. A capture that is
-    // held rests meanwhile and is not reported as lost.
+    // A menu of the system beside a rectangle of this surface; see Platform::chooseFromMenu. A capture that
+    // is held rests meanwhile and is not reported as lost.
     std::optional<size_t> chooseFromMenu(std::span<const MenuItem> items, const PixelRect& beside);
     // A widget is about to go.
     void forget(const Widget& widget);

@@ -170,6 +170,24 @@ TEST_F(SurfaceTest, AMenuIsAskedForByTheRightButtonWhereItIsReleased) {
     EXPECT_EQ(take().back(), "c up 5,5");
 }
 
+TEST_F(SurfaceTest, ATextBoxIsAskedForItsMenuByTheMouseAndByTheKeys) {
+    TextBox box(root);
+    box.move({{900}, {450}, {450}, {300}});
+    surface.close();
+    ASSERT_TRUE(surface.open({SurfacePlacement::Kind::control, 1000, {0, 0, 100, 60}}));
+    ASSERT_TRUE(box.takeFocus());
+    const Connection asked = box.menuAsked.connect([this](std::optional<PixelPoint> at, bool& shown) {
+        journal.push_back(at ? "menu " + std::to_string(at->x) + "," + std::to_string(at->y) : "menu by key");
+        shown = true;
+    });
+    take();
+    platform.click(surface.peer()->window(), {65, 35}, button::right);
+    platform.pressKey(key::menu);
+    platform.pressKey(key::f10, shift::shift);
+    platform.pressKey(key::f10);
+    EXPECT_EQ(take(), (Journal{"menu 5,5", "menu by key", "menu by key"}));
+}
+
 TEST_F(SurfaceTest, AMenuAnswersWhatWasChosenAndTheHeldCaptureRestsMeanwhile) {
     const std::vector<MenuItem> items{{u"&One"}, {}, {u"&Two", false}, {u"T&hree"}};
     std::optional<size_t> wanted;

@@ -60,12 +60,14 @@ public:
     // The parts of the monitors that windows may use; at first one of 1280 by 800 pixels.
     void setWorkAreas(std::vector<PixelRect> areas) { workAreas_ = std::move(areas); }
     PixelRect workAreaOf(const PixelRect& rect) const;
-    // What the next colour chooser answers; it is told what was asked, and may do what a person does meanwhile.
+    // What the next colour chooser answers; it is told what was asked, and may do what a person does
+    // meanwhile.
     using ColourAnswer = std::function<std::optional<Rgb>(const ColourQuestion&)>;
     void answerColour(ColourAnswer answer) { colourAnswer_ = std::move(answer); }
 
     // What the next menus answer; may do what a person does meanwhile. Without one, menus are dismissed.
-    using MenuAnswer = std::function<std::optional<size_t>(std::span<const MenuItem>, const PixelRect& beside)>;
+    using MenuAnswer =
+        std::function<std::optional<size_t>(std::span<const MenuItem>, const PixelRect& beside)>;
     void answerMenu(MenuAnswer answer) { menuAnswer_ = std::move(answer); }
 
     NativeWindow focus() const { return focus_; }
