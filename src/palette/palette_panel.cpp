@@ -38,8 +38,17 @@ void PalettePanel::buildShades(const PaletteCell& base) {
     for (const PaletteCell& cell : palette_.shadeCells()) invalidatePart(outset(cell.rect, scale_.scaled(1)));
 }
 
+bool PalettePanel::classic() const {
+    return look_ == Look::classic && !platform().appearance().highContrast();
+}
+
+SystemColour PalettePanel::ground() const {
+    return classic() ? SystemColour::buttonFace : SystemColour::window;
+}
+
 PixelSize PalettePanel::layOut(Dpi dpi) {
     scale_ = dpi;
+    linCUSTOM.setAmbientBackColour(ground());
     palette_.setScale(dpi);
     const auto place = [](std::optional<PaletteCell>& kept, const ColourPalette& palette) {
         if (!kept) return;
@@ -232,11 +241,8 @@ bool PalettePanel::isSelected(const PaletteCell& cell) const {
 void PalettePanel::paint(Canvas& canvas, const PixelRect& bounds) {
     const auto colour = [this](SystemColour index) { return systemRgb(platform(), index); };
     const int32_t line = canvas.dpi().scaled(1);
-    const bool classic = look_ == Look::classic && !platform().appearance().highContrast();
-    const SystemColour ground = classic ? SystemColour::buttonFace : SystemColour::window;
-    canvas.fillRect(bounds, colour(ground));
-    linCUSTOM.setAmbientBackColour(ground);
-    if (classic) {
+    canvas.fillRect(bounds, colour(ground()));
+    if (classic()) {
         canvas.frameEdges(bounds, line, colour(SystemColour::light3d), colour(SystemColour::darkShadow3d));
         canvas.frameEdges(bounds.inset(line), line, colour(SystemColour::buttonHighlight),
                           colour(SystemColour::buttonShadow));

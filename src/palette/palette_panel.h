@@ -59,6 +59,8 @@ public:
     Event<const MouseEvent&> mouseReported;
 
 private:
+    bool classic() const;  // three-dimensional edges on the face of buttons
+    SystemColour ground() const;
     PixelRect customRect() const;  // of the caption "More colors"
     void paintCell(Canvas& canvas, const PaletteCell& cell, PixelPoint origin) const;
     void paintFrames(Canvas& canvas, PixelPoint origin) const;

@@ -126,8 +126,8 @@ protected:
 struct SurfacePlacement {
     enum class Kind {
         control,  // a child window of `parent`
-        // A top-level tool window, hidden at first, that never activates nor takes the focus and lies above
-        // the others when it is shown. While it has the capture, presses on its child windows are theirs.
+        // A top-level tool window, hidden at first, that never activates nor takes the focus, neither by
+        // itself nor by a child, and lies above the others when it is shown.
         panel,
         parked,  // an invisible window without a place yet, for a host that asks for the handle early
     };

@@ -176,9 +176,7 @@ void HeadlessPlatform::mouse(NativeWindow surfaceWindow, const MouseEvent& event
     }
     // A disabled window is none for the mouse; the host would get it.
     if (!target->enabled()) return;
-    // A panel's capture leaves its child windows their presses.
-    const bool captured = target->hasCapture() && target->kind() != SurfacePlacement::Kind::panel;
-    HeadlessWindow* const child = captured ? nullptr : target->childAt(own.at);
+    HeadlessWindow* const child = target->hasCapture() ? nullptr : target->childAt(own.at);
     HeadlessWindow* const receiver = child ? child : target;
     const NativeWindow id = receiver->id();
     const auto alive = receiver->client().keepAlive();

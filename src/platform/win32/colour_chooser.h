@@ -14,7 +14,8 @@ class ColourChooser {
 public:
     ColourChooser() { mixed_.fill(RGB(255, 255, 255)); }
 
-    // Modal above the top-level window that `owner` is in. Nothing when it was cancelled or could not be shown.
+    // Modal above the top-level window that `owner` is in. Nothing when it was cancelled or could not be
+    // shown.
     std::optional<Rgb> choose(HWND owner, const ColourQuestion& question);
 
 private:
