@@ -284,5 +284,28 @@ TEST_F(SurfaceTest, TheFocusIsOnesOwnWhileItIsInAnyChild) {
     EXPECT_EQ(take(), Journal{"left"}) << "windows that go take the focus with them";
 }
 
+TEST_F(SurfaceTest, WhoeverHearsThatAFieldLostTheFocusMayCloseTheWindow) {
+    TextBox field(root);
+    const Connection closes = field.focusWent.connect([this] { surface.close(); });
+    const std::function<void()> losses[] = {
+        [&] { field.setEnabled(false); },
+        [&] {
+            field.move({{3000}, {0}, {300}, {285}});
+        },
+        [&] { field.setVisible(false); },
+    };
+    for (const auto& lose : losses) {
+        field.move({{900}, {0}, {300}, {285}});
+        field.setEnabled(true);
+        field.setVisible(true);
+        surface.close();
+        EXPECT_TRUE(surface.open({SurfacePlacement::Kind::control, 1000, {0, 0, 100, 60}}));
+        ASSERT_TRUE(field.takeFocus());
+        lose();
+        EXPECT_EQ(surface.peer(), nullptr);
+        EXPECT_EQ(platform.windowCount(), 0u);
+    }
+}
+
 }  // namespace
 }  // namespace obk::test
