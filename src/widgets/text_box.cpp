@@ -140,6 +140,7 @@ void TextBox::mouse(const MouseEvent& event) {
             doubleClicked();
             break;
         case MouseEvent::Kind::leave:
+            mouseLeft();
             break;
     }
 }

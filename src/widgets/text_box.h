@@ -52,6 +52,7 @@ public:
     Event<int16_t&> characterTyped;
     Event<KeyEvent&> keyWentUp;
     Event<const MouseEvent&> mousePressed, mouseMoved, mouseReleased;
+    Event<> mouseLeft;
     Event<> clicked, doubleClicked;
     Event<> focusCame, focusWent;
     // The answer of the last listener counts; true says that the wheel was used.
