@@ -78,7 +78,7 @@ TEST(IdlWriter, WritesWhatHostsHaveToKnow) {
         EXPECT_NE(idl.find(expected), std::string::npos) << expected << "\n" << idl;
     EXPECT_EQ(idl.find("void Count("), std::string::npos) << "a read-only property cannot be put";
     EXPECT_EQ(
-        idl.find("void Kind([in] Shape value);", idl.find("void Kind([in] enum Shape value);") + 1),
+        idl.find("void Kind([in] Shape value);", idl.find("void Kind([in] Shape value);") + 1),
         std::string::npos)
         << "a plain value is not put by reference";
 }

@@ -92,8 +92,13 @@ protected:
     container::Dispatch object() const { return hosted.object(); }
     HWND button() const { return hosted.site.window(); }
     long colour() const { return object().value(L"Color").toLong().value_or(-1); }
+    // Without those of the mouse's way, which the system reports as often as it likes.
     std::wstring takeEvents() {
-        std::wstring names = hosted.site.events().names();
+        std::wstring names;
+        for (const auto& record : hosted.site.events().journal()) {
+            if (record.name == L"MouseMove" || record.name == L"MouseOut") continue;
+            names += (names.empty() ? L"" : L" ") + record.name;
+        }
         hosted.site.events().clearJournal();
         return names;
     }
@@ -155,7 +160,7 @@ TEST_F(ButtonPaletteWindow, ADragTellsEachSwatchAndAReleaseOutsideGoesBack) {
 TEST_F(ButtonPaletteWindow, APressElsewhereOnlyCloses) {
     ASSERT_TRUE(person.waitFor([&] { return SetFocus(button()) != nullptr || GetFocus() == button(); }));
     ASSERT_TRUE(open());
-    person.moveTo(hosted.window.handle(), 380, 280);
+    person.moveTo(other, 5, 5);
     person.press();
     EXPECT_FALSE(openPanel());
     EXPECT_EQ(GetCapture(), nullptr);
@@ -199,6 +204,7 @@ TEST_F(ButtonPaletteWindow, TheKeyboardDoesWhatTheMouseDoes) {
     person.click(button(), 20, 10);
     takeEvents();
     ASSERT_EQ(GetFocus(), button());
+    person.moveTo(other, 5, 5);  // no hover to track
     person.key(VK_DOWN);
     EXPECT_EQ(takeEvents(), L"Click KeyDown KeyUp");
     ASSERT_TRUE(openPanel());
@@ -315,6 +321,7 @@ TEST_F(ButtonPaletteWindow, AHostLetsGoOfTheControlInsideEveryEvent) {
             const RECT area = windowRect(panel);
             pressPanel({(area.right - area.left) / 2, area.bottom - area.top - 17});
         }
+        if (alive()) SetForegroundWindow(doomed.window.handle());
         if (alive()) SetFocus(face);
         if (alive()) someone.key(VK_DOWN);
         if (alive()) SetFocus(field);
