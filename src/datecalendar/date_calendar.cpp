@@ -231,13 +231,15 @@ void DateCalendar::UserControlMouseOut(int16_t& Button, int16_t& Shift, float& X
 }
 
 void DateCalendar::resize() {
-    const Twips p = root().dpi().twipsPerPixel();
-    const Twips inner = height() - 4 * p;
+    const Dpi dpi = root().dpi();
+    // The border's two lines, in whole pixels as it draws them.
+    const Twips edge = dpi.toTwips(2 * dpi.scaled(1));
+    const Twips inner = height() - 2 * edge;
     fraBORDER.move({{0}, {0}, width(), height()});
-    picfraBOX.move({2 * p, 2 * p, width() - 4 * p, inner});
+    picfraBOX.move({edge, edge, width() - 2 * edge, inner});
     picfraICON.move({{0}, {0}, iconWidth, inner});
     txtfraBORDER.move(
-        {iconWidth, 0.5 * (inner - lineHeight) + p, picfraBOX.bounds().width - iconWidth, lineHeight});
+        {iconWidth, 0.5 * (height() - lineHeight), picfraBOX.bounds().width - iconWidth, lineHeight});
 }
 
 void DateCalendar::enterFocus() {
