@@ -13,7 +13,17 @@ using headless::HeadlessPlatform;
 
 class Session : private ControlHost {
 public:
-    explicit Session(FuzzedDataProvider& input) : input_(input) {}
+    explicit Session(FuzzedDataProvider& input) : input_(input) {
+        platform_.answerMenu([this](std::span<const MenuItem> items, const PixelRect&) {
+            reenter();
+            return std::optional(input_.ConsumeIntegralInRange<size_t>(0, items.size()));
+        });
+        platform_.answerColour([this](const ColourQuestion&) {
+            reenter();
+            return input_.ConsumeBool() ? std::optional(Rgb{input_.ConsumeIntegral<uint8_t>(), 0, 255})
+                                        : std::nullopt;
+        });
+    }
 
     void run() {
         place();
@@ -121,16 +131,21 @@ private:
     void keyboard() {
         constexpr int16_t keys[] = {key::up,
                                     key::down,
+                                    key::left,
+                                    key::right,
                                     key::pageUp,
                                     key::pageDown,
-                                    key::left,
                                     key::home,
                                     key::end,
                                     key::tab,
                                     key::enter,
                                     key::escape,
+                                    key::space,
                                     key::deleteKey,
                                     key::backspace,
+                                    key::f4,
+                                    key::f10,
+                                    key::menu,
                                     'A',
                                     'C',
                                     'V',
@@ -147,8 +162,20 @@ private:
         using Kind = MouseEvent::Kind;
         constexpr Kind kinds[] = {Kind::down, Kind::up, Kind::move, Kind::doubleClick, Kind::leave};
         constexpr int16_t buttons[] = {button::left, button::left, button::right, 0};
-        platform_.mouse(control_->window(),
-                        {input_.PickValueInArray(kinds), input_.PickValueInArray(buttons), 0, point()});
+        NativeWindow target = control_->window();
+        PixelPoint at = point();
+        if (const NativeWindow panel = openPanel(); panel && input_.ConsumeBool()) {
+            target = panel;
+            at = {input_.ConsumeIntegralInRange(-5, 260), input_.ConsumeIntegralInRange(-5, 260)};
+        }
+        platform_.mouse(target, {input_.PickValueInArray(kinds), input_.PickValueInArray(buttons), 0, at});
+    }
+    NativeWindow openPanel() {
+        for (const NativeWindow id : platform_.windows()) {
+            const headless::HeadlessSurface* found = platform_.surface(id);
+            if (found && found->kind() == SurfacePlacement::Kind::panel && found->visible()) return id;
+        }
+        return 0;
     }
     void windows() {
         const auto held = control_;

@@ -31,6 +31,8 @@ Scene::Scene(const Theme& theme, const container::ServerContext& server, HWND pa
 Scene::~Scene() {
     // Controls first: they still see their form and its window.
     for (const auto& control : controls_) {
+        // What a control still says as it goes is about a page that is half gone.
+        if (control->site) control->site->events().disconnect();
         control->site.reset();
     }
 }
