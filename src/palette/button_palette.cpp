@@ -60,9 +60,9 @@ void ButtonPalette::initProperties() {
     fontFromAmbient_ = ambientFont();
     cmdMAINBTN.font.set(fontFromAmbient_);
     picDROPDOWNPANEL.setPalette(enQUILLPalette::QP24X8);
-    chooseBaseFor(firstColour);
-    selectedCell_ = picDROPDOWNPANEL.palette().nearestCell(firstColour);
-    selectedColour_ = selectedCell_.Color;
+    picDROPDOWNPANEL.chooseBaseFor(firstColour);
+    const PaletteCell& first = picDROPDOWNPANEL.palette().nearestCell(firstColour);
+    choice_.setSelected(first, first.Color);
     cmdMAINBTN.setEnabled(true);
     cmdMAINBTN.state.caption = u"   Button";  // the blanks keep clear of the swatch
     showBackground();
@@ -129,7 +129,7 @@ void ButtonPalette::SetCaption(const obk::Text& Caption) {
 
 void ButtonPalette::SetColor(OleColour Color) {
     loadColor(Color);
-    selectedColour_ = Color;
+    choice_.setColour(Color);
     showSelection();
     resize();
     PropertyChanged<&ButtonPalette::Color>();
@@ -364,9 +364,7 @@ bool ButtonPalette::walkKey(const KeyEvent& event) {
     const bool begins = event.code == key::right || event.code == key::home || event.code == key::end;
     if ((!walking && !begins) || !picDROPDOWNPANEL.walk(event.code)) return false;
     // Like a press on a base colour, so that its shades can be reached.
-    if (const auto cell = picDROPDOWNPANEL.walkCell()) {
-        becomeBase(*cell);
-    }
+    if (const auto cell = picDROPDOWNPANEL.walkCell()) picDROPDOWNPANEL.becomeBase(*cell);
     return true;
 }
 
@@ -381,9 +379,9 @@ AccessibleItem ButtonPalette::describeSurface() const {
 }
 
 void ButtonPalette::loadSelectedColor(OleColour colour) {
-    chooseBaseFor(colour);
-    selectedCell_ = picDROPDOWNPANEL.palette().nearestCell(root().rgb(colour));
-    selectedColour_ = colour;
+    const Rgb rgb = root().rgb(colour);
+    picDROPDOWNPANEL.chooseBaseFor(rgb);
+    choice_.setSelected(picDROPDOWNPANEL.palette().nearestCell(rgb), colour);
 }
 
 void ButtonPalette::loadToolTip(const obk::Text& text) {
@@ -399,9 +397,10 @@ void ButtonPalette::loadPalette(int32_t palette) {
     const auto known = paletteFromNumber(palette);
     if (!known) return;
     picDROPDOWNPANEL.setPalette(*known);
-    chooseBaseFor(selectedColour_);
-    selectedCell_ = picDROPDOWNPANEL.palette().nearestCell(root().rgb(selectedColour_));
-    selectedColour_ = selectedCell_.Color;
+    const Rgb rgb = root().rgb(choice_.colour());
+    picDROPDOWNPANEL.chooseBaseFor(rgb);
+    const PaletteCell& nearest = picDROPDOWNPANEL.palette().nearestCell(rgb);
+    choice_.setSelected(nearest, nearest.Color);
     showSelection();
 }
 
@@ -517,7 +516,7 @@ void ButtonPalette::panelPress(int16_t mouseButton, PixelPoint at) {
         if (const auto cell = picDROPDOWNPANEL.cellAt(at)) {
             panelMove(mouseButton, at);
             setActiveCell(*cell);
-            becomeBase(*cell);
+            picDROPDOWNPANEL.becomeBase(*cell);
         }
     } else {
         HidePopUp();
@@ -538,7 +537,7 @@ void ButtonPalette::panelMove(int16_t mouseButton, PixelPoint at) {
     if (cell) {
         if (leftDown) setActiveCell(*cell);
         if (panel_.visible()) picDROPDOWNPANEL.hover(*cell);
-        if (leftDown) becomeBase(*cell);
+        if (leftDown) picDROPDOWNPANEL.becomeBase(*cell);
     }
 }
 
@@ -550,34 +549,23 @@ void ButtonPalette::panelRelease(PixelPoint at) {
         HidePopUp();
         selectCell(*cell, cell->Color);
     } else if (!inside) {
-        selectCell(selectedCell_, selectedColour_);
+        selectCell(choice_.selected(), choice_.colour());
     }
 }
 
-void ButtonPalette::becomeBase(const PaletteCell& cell) {
-    // White after red keeps the shades of red: both have hue 0, and only the hue counts.
-    if (!cell.isBase || cell.hls.hue == baseCell_.hls.hue || !picDROPDOWNPANEL.palette().geometry().ShadeMode)
-        return;
-    baseCell_ = cell;
-    picDROPDOWNPANEL.buildShades(cell);
-}
-
 void ButtonPalette::setActiveCell(const PaletteCell& cell) {
-    if (cell.Color == activeCell_.Color) return;
-    activeCell_ = cell;
+    if (!choice_.activate(cell)) return;
     PropertyChanged<&ButtonPalette::ActiveColor>();
     PropertyChanged<&ButtonPalette::ActiveText>();
-    int32_t colour = asLong(activeCell_.Color);
+    int32_t colour = asLong(choice_.active().Color);
     attempt([&] { Change(colour); });
 }
 
 void ButtonPalette::selectCell(const PaletteCell& cell, OleColour colour) {
-    const bool changed = colour != selectedColour_;
-    if (!changed && selectedColour_ == OleColour(activeCell_.Color)) return;
+    const PaletteChoice::Outcome outcome = choice_.select(cell, colour);
+    if (outcome == PaletteChoice::Outcome::nothing) return;
     int32_t told = asLong(colour);
-    if (changed) {
-        selectedCell_ = cell;
-        selectedColour_ = colour;
+    if (outcome == PaletteChoice::Outcome::changed) {
         showSelection();
         PropertyChanged<&ButtonPalette::selectedColor>();
         PropertyChanged<&ButtonPalette::Text>();
@@ -603,15 +591,8 @@ void ButtonPalette::chooseCustomColour() {
     attempt([&] { ChangeCustom(told); });
 }
 
-void ButtonPalette::chooseBaseFor(OleColour colour) {
-    const ColourPalette& palette = picDROPDOWNPANEL.palette();
-    if (!palette.geometry().ShadeMode) return;
-    baseCell_ = palette.baseCell(root().rgb(colour));
-    picDROPDOWNPANEL.buildShades(baseCell_);
-}
-
 void ButtonPalette::showSelection() {
-    picDROPDOWNPANEL.setSelected(selectedCell_, OleColour(selectedCell_.Color) == selectedColour_);
+    picDROPDOWNPANEL.setSelected(choice_.selected(), choice_.selectedIsExact());
 }
 
 }  // namespace obk

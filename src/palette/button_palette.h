@@ -7,6 +7,7 @@
 #include "framework/pop_up_panel.h"
 #include "palette/button_arrow.h"
 #include "palette/button_face.h"
+#include "palette/palette_choice.h"
 #include "palette/palette_panel.h"
 
 namespace obk {
@@ -19,8 +20,8 @@ public:
     const ControlTable& table() const override { return memberTable(); }
 
     // Properties; what they mean stands in the table.
-    OleColour ActiveColor() const { return activeCell_.Color; }
-    obk::Text ActiveText() const { return activeCell_.Name(); }
+    OleColour ActiveColor() const { return choice_.active().Color; }
+    obk::Text ActiveText() const { return choice_.active().Name(); }
     OleColour BackColor() const { return backColor_; }
     void SetBackColor(OleColour BackColor);
     bool BackcolorCustom() const { return backcolorCustom_; }
@@ -60,7 +61,7 @@ public:
     void SetPopupEnabled(bool PopupEnabled);
     bool ShowButtonColor() const { return cmdMAINBTN.state.showsSwatch; }
     void SetShowButtonColor(bool ShowButtonColor);
-    obk::Text Text() const { return selectedCell_.Name(); }
+    obk::Text Text() const { return choice_.selected().Name(); }
 
     // Methods.
     void HidePopUp();
@@ -92,7 +93,7 @@ private:
     AccessibleItem describeSurface() const override;
 
     // Persisted without a property.
-    OleColour selectedColor() const { return selectedColour_; }
+    OleColour selectedColor() const { return choice_.colour(); }
     void loadSelectedColor(OleColour colour);
     obk::Text toolTip() const { return toolTip_; }
     void loadToolTip(const obk::Text& text);
@@ -112,11 +113,9 @@ private:
     void panelPress(int16_t mouseButton, PixelPoint at);
     void panelMove(int16_t mouseButton, PixelPoint at);
     void panelRelease(PixelPoint at);
-    void becomeBase(const PaletteCell& cell);
     void setActiveCell(const PaletteCell& cell);
     void selectCell(const PaletteCell& cell, OleColour colour);
     void chooseCustomColour();
-    void chooseBaseFor(OleColour colour);
     void showSelection();
     PopUpSide firstSide() const { return positionDefault_ ? PopUpSide::below : PopUpSide::above; }
 
@@ -126,10 +125,7 @@ private:
     PalettePanel picDROPDOWNPANEL;
     kxlib_TIMER cTIMER;
 
-    PaletteCell activeCell_;    // pressed or dragged over last with the left button
-    PaletteCell baseCell_;      // whose shades the block holds
-    PaletteCell selectedCell_;  // the chosen colour's
-    OleColour selectedColour_;  // the chosen colour itself, which a host may set to any
+    PaletteChoice choice_;
     OleColour backColor_{SystemColour::buttonFace};
     bool backcolorCustom_ = false;
     int32_t buttonType_ = 1;

@@ -126,7 +126,7 @@ constexpr int32_t marginAt96 = 6;  // of the base grid and the block, from the p
 constexpr int32_t blockDistanceAt96 = 8;
 
 PaletteCell makeCell(bool isBase, const Hls& hls, bool isHue, TextView prefix, TextView name) {
-    return {isBase, {}, rgbFromHls(hls), hls, isHue, prefix, name, true};
+    return {isBase, {}, rgbFromHls(hls), hls, isHue, prefix, name};
 }
 
 }  // namespace

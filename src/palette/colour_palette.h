@@ -41,7 +41,6 @@ struct PaletteCell {
     bool IsHue = false;   // false for a grey
     TextView namePrefix;  // of the luminance, with its blank; literals, as is the name
     TextView baseName;
-    bool valid = false;
 
     // "DARK RED".
     Text Name() const { return Text(namePrefix) += baseName; }

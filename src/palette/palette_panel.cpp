@@ -33,7 +33,17 @@ void PalettePanel::setPalette(enQUILLPalette palette) {
     invalidate();
 }
 
+void PalettePanel::becomeBase(const PaletteCell& cell) {
+    // White after red keeps the shades of red: both have hue 0, and only the hue counts.
+    if (cell.isBase && cell.hls.hue != base_.hls.hue && palette_.geometry().ShadeMode) buildShades(cell);
+}
+
+void PalettePanel::chooseBaseFor(Rgb colour) {
+    if (palette_.geometry().ShadeMode) buildShades(palette_.baseCell(colour));
+}
+
 void PalettePanel::buildShades(const PaletteCell& base) {
+    base_ = base;
     palette_.buildShades(base);
     for (const PaletteCell& cell : palette_.shadeCells()) invalidatePart(outset(cell.rect, scale_.scaled(1)));
 }

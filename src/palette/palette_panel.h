@@ -20,7 +20,10 @@ public:
     const ColourPalette& palette() const { return palette_; }
     enQUILLPalette kind() const { return kind_; }
     void setPalette(enQUILLPalette palette);
-    void buildShades(const PaletteCell& base);
+    // The shade block of a shade palette: that of a base cell, unless one of the same hue is shown already,
+    // or that of the base cell for any colour. A flat palette has none.
+    void becomeBase(const PaletteCell& cell);
+    void chooseBaseFor(Rgb colour);
     // Places everything at a scale; the size the panel needs, in pixels.
     PixelSize layOut(Dpi dpi);
 
@@ -57,6 +60,7 @@ public:
     Event<const MouseEvent&> mouseReported;
 
 private:
+    void buildShades(const PaletteCell& base);
     bool classic() const;  // three-dimensional edges on the face of buttons
     SystemColour ground() const;
     PixelRect customRect() const;  // of the caption "More colors"
@@ -70,6 +74,7 @@ private:
 
     enQUILLPalette kind_ = enQUILLPalette::QP24X8;
     ColourPalette palette_{enQUILLPalette::QP24X8};
+    PaletteCell base_;  // whose shades the block holds
     Hosted<lns> linCUSTOM;
     Look look_ = Look::flat;
     Dpi scale_;
