@@ -58,7 +58,13 @@ PixelRect StripLayout::placed(const PixelRect& rect) const {
     return {space_.size.width - rect.right, rect.top, space_.size.width - rect.left, rect.bottom};
 }
 
+int64_t StripLayout::start(int32_t index) const {
+    const int32_t before = std::clamp(index - 1, 0, count());
+    return before == 0 ? 0 : ends_[static_cast<size_t>(before) - 1];
+}
+
 PixelRect StripLayout::tab(int32_t index, int32_t first) const {
+    if (index < 1 || index > count()) return {};
     const auto x = [this, first](int64_t position) {
         return static_cast<int32_t>(std::clamp(view_.left + position - start(first), -farAway, farAway));
     };

@@ -30,16 +30,20 @@ public:
     StripLayout() = default;
     StripLayout(const CaptionSizes& captions, const StripSpace& space);
 
+    const StripSpace& space() const { return space_; }
     int32_t count() const { return static_cast<int32_t>(ends_.size()); }
     // Whether the tabs need more room than there is; the scroll buttons then stand at the end of the strip.
     bool scrolls() const { return !buttons_.empty(); }
     // Where tabs show.
     PixelRect view() const { return placed(view_); }
+    // The same with the room beside it into which a selected tab grows.
+    PixelRect reach() const { return placed({0, view_.top, view_.right + view_.left, view_.bottom}); }
     // The left and the right scroll button, side by side.
     PixelRect buttons() const { return placed(buttons_); }
     // What is below the tabs.
     PixelRect page() const { return page_; }
 
+    // Empty for an index without a tab.
     PixelRect tab(int32_t index, int32_t first) const;
     // The part of a tab that its caption is drawn in.
     PixelRect captionPlace(const PixelRect& tab) const;
@@ -53,7 +57,7 @@ public:
     int32_t revealing(int32_t index, int32_t first) const;
 
 private:
-    int64_t start(int32_t index) const { return index <= 1 ? 0 : ends_[static_cast<size_t>(index) - 2]; }
+    int64_t start(int32_t index) const;
     int32_t firstEndingAfter(int64_t position) const;
     int32_t firstStartingAt(int64_t position) const;
     void layOut(const CaptionSizes& captions, int32_t widest);
