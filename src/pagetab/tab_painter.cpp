@@ -55,10 +55,11 @@ Rgb TabPainter::flatTab(const PixelRect& rect, const TabFace& face) {
     const bool hot = face.hovered && face.enabled;
     // One column wider: the next tab's left line stands on this one's right line, and is not drawn twice.
     const PixelRect whole{rect.left, rect.top, rect.right + line_, rect.bottom};
-    canvas_.fillRect(whole, hot ? mixed(accent, ground, 50) : ground);
+    // The selected tab keeps the page's colour, so that no edge parts the two.
+    canvas_.fillRect(whole, hot && !face.selected ? mixed(accent, ground, 50) : ground);
     openFrame(whole, colour(SystemColour::buttonShadow), line_);
     if (face.selected && face.enabled)
-        canvas_.fillRect({whole.left, whole.top, whole.right, whole.top + 2 * line_}, accent);
+        canvas_.fillRect({whole.left, whole.top, whole.right, whole.top + (hot ? 4 : 2) * line_}, accent);
     return face.enabled ? colours_.text : colour(SystemColour::greyText);
 }
 
@@ -86,7 +87,8 @@ Rgb TabPainter::contrastTab(const PixelRect& rect, const TabFace& face) {
     const Rgb accent = colour(SystemColour::highlight);
     canvas_.fillRect(rect, filled ? accent : colours_.tab);
     const bool hot = face.hovered && face.enabled;
-    openFrame(rect, hot ? accent : colour(SystemColour::buttonText), hot ? 2 * line_ : line_);
+    const Rgb strong = filled ? colour(SystemColour::highlightText) : accent;
+    openFrame(rect, hot ? strong : colour(SystemColour::buttonText), hot ? 2 * line_ : line_);
     if (!face.enabled) return colour(SystemColour::greyText);
     return colour(filled ? SystemColour::highlightText : SystemColour::buttonText);
 }
