@@ -21,6 +21,7 @@ std::span<const PageEntry> pages();
 void buildOrderLine(Scene& scene);       // UpDownTextBox
 void buildOrderStates(Scene& scene);     // ButtonPalette
 void buildAddressRows(Scene& scene);     // ButtonArrow
+void buildSettings(Scene& scene);        // PageTab
 void buildSettingsGroups(Scene& scene);  // lns
 
 }  // namespace obk::gallery

@@ -104,6 +104,7 @@ void TabPainter::caption(const TabFace& face, Rgb ink) {
     style.colour = ink;
     style.horizontal = HorizontalAlignment::centre;
     style.showAccessKey = true;
+    style.rightToLeft = face.rightToLeft;
     const PixelRect place = face.selected ? face.caption.moved(0, -line_) : face.caption;
     if (!face.enabled && look_ == Look::classic && !highContrast_) {
         TextStyle light = style;

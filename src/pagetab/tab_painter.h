@@ -17,6 +17,7 @@ struct TabFace {
     bool hovered = false;
     bool enabled = true;
     bool focused = false;
+    bool rightToLeft = false;
 };
 
 struct TabColours {

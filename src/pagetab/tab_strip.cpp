@@ -130,6 +130,7 @@ TabFace TabStrip::faceOf(int32_t index, const StripLayout& layout, int32_t first
     face.hovered = index == hovered_ || (face.selected && state.pieces == Pieces::highlighted);
     face.enabled = state.pieces != Pieces::disabled;
     face.focused = face.selected && state.focused;
+    face.rightToLeft = rightToLeft_;
     return face;
 }
 
