@@ -43,8 +43,6 @@ public:
 
     // The tab at a point of the strip; 0 for none.
     int32_t tabAt(PixelPoint point) const;
-    // The tab under the mouse, -99 for none.
-    int32_t hovered() const { return hovered_; }
     void forgetHover();
 
     void paint(Canvas& canvas, const PixelRect& bounds) override;
@@ -79,7 +77,7 @@ private:
     CaptionSizes captions_;
     StripLayout layout_;
     int32_t first_ = 1;  // at the beginning of the view
-    int32_t hovered_ = none;
+    int32_t hovered_ = none;  // the tab under the mouse
     std::optional<PixelPoint> mouseAt_;
     Connection scrolled_;
 };
