@@ -19,6 +19,9 @@ constexpr PageEntry catalogue[] = {
     {L"ButtonArrow", L"Arrow button",
      L"A small arrow of fixed size, to stand beside a field that opens something.", OBK_TOOLBOX_BUTTONARROW,
      buildAddressRows},
+    {L"PageTab", L"Tab strip",
+     L"A strip of tabs to choose a page by: press one, walk with the arrow keys, or call it by its letter.",
+     OBK_TOOLBOX_PAGETAB, buildSettings},
     {L"lns", L"Separator line", L"A two-tone line that sets the groups of a form apart.", OBK_TOOLBOX_LNS,
      buildSettingsGroups},
 };

@@ -22,6 +22,7 @@ void buildOrderLine(Scene& scene);       // UpDownTextBox
 void buildBooking(Scene& scene);         // DateCalendar
 void buildOrderStates(Scene& scene);     // ButtonPalette
 void buildAddressRows(Scene& scene);     // ButtonArrow
+void buildSettings(Scene& scene);        // PageTab
 void buildSettingsGroups(Scene& scene);  // lns
 
 }  // namespace obk::gallery

@@ -227,7 +227,9 @@ void Scene::themeChanged() {
 
 void Scene::drawFrames(HDC dc) const {
     for (const ChildItem& child : children_) {
-        if (child.framed) {
+        // Not IsWindowVisible: it is false for all of them while the page itself is not shown yet.
+        const bool shown = (GetWindowLongW(child.window, GWL_STYLE) & WS_VISIBLE) != 0;
+        if (child.framed && shown) {
             const RECT place = pixels(child.place);
             fillRect(dc, place, theme().card);
             frameRect(dc, place, GetFocus() == child.window ? theme().accent : theme().fieldBorder);

@@ -73,8 +73,8 @@ void Control::load(PropertyBag& bag) {
 }
 
 void Control::save(PropertyBag& bag) const {
-    for (const PersistedValue& row : table().persisted) {
-        if (!row.get) continue;
+    for (const size_t position : table().saved) {
+        const PersistedValue& row = table().persisted[position];
         attempt([&] {
             Value value;
             row.get(*this, value);
@@ -171,6 +171,14 @@ AccessibleItem Control::describeSurface() const {
 void Control::propertyChanged(const void* token) {
     // A value without a property is told as unknown: the container's document has changed all the same.
     if (host_ && !loading_ && ownTable_) host_->propertyChanged(ownTable_->notifiedByToken(token));
+}
+
+bool Control::rightToLeft() const {
+    return host_ && host_->rightToLeft();
+}
+
+void Control::accessKeysChanged() {
+    if (host_ && !loading_) host_->accessKeysChanged();
 }
 
 bool Control::offerToContainer(const KeyEvent& event) {

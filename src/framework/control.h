@@ -48,6 +48,9 @@ public:
     // The control's window; made, invisible, when a host asks before activation. 0 when the system refuses.
     NativeWindow window();
     KeyRoute preTranslate(const KeyEvent& event) { return route(event); }
+    // Letters that call the control, with Alt, from wherever the keyboard is on its form; upper case.
+    virtual Text accessKeys() const { return {}; }
+    virtual void useAccessKey(char16_t) {}
     // Gives the keyboard to the control's first child that takes it. Whether one did.
     bool focus();
     bool hasFocus() const;
@@ -83,6 +86,9 @@ protected:
     }
     // Asks the container for another size.
     void requestSize(Twips width, Twips height);
+    // Whether the container reads from right to left; `resize` runs when that changes.
+    bool rightToLeft() const;
+    void accessKeysChanged();
 
     // Shift+Tab and the like, on behalf of the user. Whether the container used it.
     bool offerToContainer(const KeyEvent& event) override;

@@ -31,6 +31,9 @@ public:
     virtual bool offerKey(const KeyEvent& event) = 0;
     // How the control looks has changed.
     virtual void viewChanged() = 0;
+    virtual bool rightToLeft() { return false; }
+    // The control is called by other keys now; see Control::accessKeys.
+    virtual void accessKeysChanged() {}
 
 protected:
     ~ControlHost() = default;

@@ -75,7 +75,7 @@ struct SystemRgbDefault {
 };
 using DefaultValue = std::variant<Value, AmbientFontDefault, SystemRgbDefault>;
 
-// One persisted value, in the order of loading and saving.
+// One persisted value, in the order of loading, and of saving where the table names no other.
 struct PersistedValue {
     Text readKey;
     Text writeKey;                          // differs from the read key only where that is required
@@ -101,6 +101,7 @@ public:
     std::vector<Member> members;  // properties and methods, sorted by number
     std::vector<Member> events;   // sorted by number
     std::vector<PersistedValue> persisted;
+    std::vector<size_t> saved;  // positions of what is saved, in its order
     std::shared_ptr<Control> (*create)(Platform& platform) = nullptr;  // initialised, not yet loaded
 
     // Null when there is none. Names without regard to case.

@@ -42,6 +42,7 @@ private:
     void focusChanged(bool inside) override;
     bool offerKey(const KeyEvent& event) override { return outer_.offerToContainer(event); }
     void viewChanged() override {}
+    bool rightToLeft() override { return outer_.rightToLeft(); }
 
     Control& outer_;
     std::shared_ptr<Control> control_;

@@ -5,6 +5,7 @@
 #include "framework/control_table.h"
 #include "framework/member_token.h"
 
+#include <algorithm>
 #include <array>
 #include <initializer_list>
 #include <tuple>
@@ -229,6 +230,25 @@ public:
         return *this;
     }
 
+    // A property whose reading by a host does more than saving it may.
+    template <auto Property, auto Getter, auto Loader>
+    TableBuilder& persistedOf(Persist row) {
+        persisted<Getter, Loader>(row);
+        table_.persisted.back().token = memberToken<Property>();
+        return *this;
+    }
+
+    // The value of the row before is loaded once more, by another function or the same.
+    template <auto Loader>
+    TableBuilder& loadedAgain() {
+        PersistedValue value = table_.persisted.back();
+        value.get = nullptr;
+        value.token = nullptr;
+        value.load = &detail::PropertyWrite<Loader>::put;
+        table_.persisted.push_back(std::move(value));
+        return *this;
+    }
+
     // A value that is saved and never read back.
     template <auto Getter>
     TableBuilder& savedOnly(Persist row) {
@@ -236,6 +256,13 @@ public:
             addPersisted(row, detail::valueTypeOf<typename detail::PropertyRead<Getter>::Type>());
         value.get = &detail::PropertyRead<Getter>::getConst;
         value.token = memberToken<Getter>();
+        return *this;
+    }
+
+    // After the rows: saves them in another order than they are loaded in, named as the rows are.
+    template <auto... Members>
+    TableBuilder& savedInOrder() {
+        (table_.saved.push_back(savedRow(memberToken<Members>())), ...);
         return *this;
     }
 
@@ -248,6 +275,11 @@ public:
     ControlTable build() {
         table_.complete();
         for (PersistedValue& value : table_.persisted) value.property = table_.memberByToken(value.token);
+        if (table_.saved.empty()) {
+            for (size_t position = 0; position < table_.persisted.size(); ++position) {
+                if (table_.persisted[position].get) table_.saved.push_back(position);
+            }
+        }
         table_.indexNotifications();
         return std::move(table_);
     }
@@ -269,6 +301,11 @@ private:
         row.get = &detail::PropertyRead<Getter>::get;
         row.token = memberToken<Getter>();
         return row;
+    }
+    size_t savedRow(const void* token) const {
+        const auto row = std::find_if(table_.persisted.begin(), table_.persisted.end(),
+                                      [token](const PersistedValue& value) { return value.token == token; });
+        return static_cast<size_t>(row - table_.persisted.begin());
     }
     PersistedValue& addPersisted(const Persist& row, ValueType type) {
         PersistedValue& value = table_.persisted.emplace_back();

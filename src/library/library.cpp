@@ -2,6 +2,7 @@
 
 #include "datecalendar/date_calendar.h"
 #include "pagetab/lns.h"
+#include "pagetab/page_tab.h"
 #include "palette/button_arrow.h"
 #include "palette/button_palette.h"
 #include "palette/palette_enumerations.h"
@@ -17,7 +18,7 @@ const Library& library() {
         1,
         0,
         {&UpDownTextBox::memberTable(), &DateCalendar::memberTable(), &ButtonPalette::memberTable(),
-         &ButtonArrow::memberTable(), &lns::memberTable()},
+         &ButtonArrow::memberTable(), &PageTab::memberTable(), &lns::memberTable()},
         {&buttonTypes(), &palettes()},
     };
     return library;

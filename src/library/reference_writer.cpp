@@ -202,7 +202,7 @@ private:
     void writeOtherValues() {
         bool any = false;
         for (const PersistedValue& value : table_.persisted) {
-            if (value.property) continue;
+            if (value.property || !value.get) continue;
             if (!any) {
                 beginSection(u"Stored values without a property");
                 line(u"| key | type | loaded | not stored |");

@@ -159,4 +159,13 @@ bool ControlObject::offerKey(const KeyEvent& event) {
     return site_.offerKey(message);
 }
 
+bool ControlObject::rightToLeft() {
+    return site_.ambientFlag(DISPID_AMBIENT_RIGHTTOLEFT, false);
+}
+
+void ControlObject::accessKeysChanged() {
+    const Hold hold(*this);
+    if (const auto site = site_.as<IOleControlSite>()) site->OnControlInfoChanged();
+}
+
 }  // namespace obk::server

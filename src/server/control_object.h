@@ -63,6 +63,8 @@ private:
     void requestSize(Twips width, Twips height) override;
     void focusChanged(bool inside) override;
     bool offerKey(const KeyEvent& event) override;
+    bool rightToLeft() override;
+    void accessKeysChanged() override;
 
     const module::Presence presence_;  // first, so that it outlives everything else here
     const ControlTable& table_;

@@ -21,6 +21,7 @@ struct TextStyle {
     VerticalAlignment vertical = VerticalAlignment::centre;
     bool ellipsis = true;        // a text that does not fit on its line ends in an ellipsis
     bool showAccessKey = false;  // "&" underlines the next character and "&&" is an ampersand
+    bool rightToLeft = false;    // the order in which words and the ellipsis follow each other
 };
 
 class Canvas {

@@ -62,7 +62,9 @@ void DrawnButton::paint(Canvas& canvas, const PixelRect& bounds) {
 }
 
 void DrawnButton::mouse(const MouseEvent& event) {
-    if (!enabled()) return;
+    // A disabled button takes no press; where the mouse is counts again when it is enabled.
+    const bool presses = event.kind == MouseEvent::Kind::down || event.kind == MouseEvent::Kind::doubleClick;
+    if (presses && !enabled()) return;
     const PixelRect own = pixelBounds();
     const bool inside = PixelRect{0, 0, own.width(), own.height()}.contains(event.at);
     switch (event.kind) {

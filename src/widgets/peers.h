@@ -95,13 +95,13 @@ public:
 
 // What a screen reader is told of a part that has no window of its own.
 struct AccessibleItem {
-    enum class Role { client, button, staticText, separator, listItem, graphic };
+    enum class Role { client, button, staticText, separator, listItem, graphic, pageTabList, pageTab };
     Role role = Role::client;
     Text name;
     Text value;
     PixelRect bounds;  // on the surface
     bool enabled = true;
-    bool pressed = false;
+    bool pressed = false;  // of a list item or a page tab: chosen
 };
 
 class SurfaceClient : public PeerClient {

@@ -116,8 +116,12 @@ private:
 
 // A change of the caption is told under its key, which is another property's name.
 const Exceptions toldAsAnother{{u"ButtonPalette", u"Caption"}};
-// State of the moment, a choice for the running program, a value stored under one key and read under another, and a
-// date, whose stored text is kept without becoming the date again.
+// Putting it puts another one, of which the container hears first.
+const Exceptions tellsOfAnother{{u"PageTab", u"ActiveTabs"}};
+// Loading lays the control out, which puts what is shown into it.
+const Exceptions putByLoading{{u"PageTab", u"PageColor"}};
+// State of the moment, a choice for the running program, a value stored under one key and read under another, a date,
+// whose stored text is kept without becoming the date again, and the tab of a strip that has none.
 const Exceptions notRestored{{u"DateCalendar", u"bMOUSEPOSLOC"},
                              {u"DateCalendar", u"MousePosn"},
                              {u"DateCalendar", u"bPOSITIONDEFAULT"},
@@ -126,19 +130,28 @@ const Exceptions notRestored{{u"DateCalendar", u"bMOUSEPOSLOC"},
                              {u"ButtonPalette", u"bMOUSEPOSLOC"},
                              {u"ButtonPalette", u"MousePosn"},
                              {u"ButtonPalette", u"bPOSITIONDEFAULT"},
-                             {u"ButtonPalette", u"MaskHLightColor"}};
+                             {u"ButtonPalette", u"MaskHLightColor"},
+                             {u"PageTab", u"ActiveTab"},
+                             {u"PageTab", u"PageColor"},
+                             {u"PageTab", u"PageMainColor"},
+                             {u"PageTab", u"TabColor"},
+                             {u"PageTab", u"lngSELECTEDPAGECOLOR"},
+                             {u"PageTab", u"strPUBSKINCOLORPAGE"}};
 // Stored, or kept from before loading, although nothing was: the default on writing is another one.
 const Exceptions storedAtDefault{
     {u"ButtonPalette", u"Backcolor"},
     {u"ButtonPalette", u"FONT"},
     {u"ButtonPalette", u"FORECOLOR"},
-    {u"DateCalendar", u"SELECTEDCOLOR"}};
-// Has no property to change it by.
+    {u"DateCalendar", u"SELECTEDCOLOR"},
+    {u"PageTab", u"BackColorTAB"}};
+// Has no property to change it by, or none that a fresh control lets change it.
 const Exceptions notChangeable{{u"ButtonPalette", u"TOOLTIP"},
                                {u"DateCalendar", u"TOOLTIP"},
                                {u"DateCalendar", u"FOCUSRECT"},
                                {u"DateCalendar", u"FORECOLOR"},
-                               {u"DateCalendar", u"FILLCOLOR"}};
+                               {u"DateCalendar", u"FILLCOLOR"},
+                               {u"PageTab", u"Font"},
+                               {u"PageTab", u"ActiveTab"}};
 // Asking for a window's handle makes the window.
 const Exceptions makesWindow{{u"ButtonPalette", u"hWnd"}, {u"DateCalendar", u"hWnd"}};
 
@@ -284,16 +297,20 @@ TEST_P(MemberTableTest, SavingKeepsTheOrderAndTypesAndLeavesOutTheDefaults) {
     bag = {};
     for (const Member* member : writable()) change(*control, *member);
     control->save(bag);
-    auto row = table().persisted.begin();
+    const auto& saved = table().saved;
+    const auto rowAt = [this](size_t position) -> const PersistedValue& {
+        return table().persisted[position];
+    };
+    auto row = saved.begin();
     for (const auto& [key, value] : bag.entries()) {
-        row = std::find_if(row, table().persisted.end(),
-                           [&key](const auto& each) { return each.writeKey == key; });
-        ASSERT_NE(row, table().persisted.end()) << toUtf8(key) << " is out of order";
-        EXPECT_EQ(typeOf(value), row->storedAs) << toUtf8(key);
+        row = std::find_if(row, saved.end(),
+                           [&](size_t position) { return rowAt(position).writeKey == key; });
+        ASSERT_NE(row, saved.end()) << toUtf8(key) << " is out of order";
+        EXPECT_EQ(typeOf(value), rowAt(*row).storedAs) << toUtf8(key);
     }
-    const auto changeable = std::count_if(
-        table().persisted.begin(), table().persisted.end(),
-        [this](const PersistedValue& value) { return !notChangeable.has(table(), value.writeKey); });
+    const auto changeable = std::count_if(saved.begin(), saved.end(), [&](size_t position) {
+        return !notChangeable.has(table(), rowAt(position).writeKey);
+    });
     EXPECT_EQ(bag.entries().size(), static_cast<size_t>(changeable));
 }
 
@@ -305,7 +322,7 @@ TEST_P(MemberTableTest, MissingKeysGiveTheReadingDefaultsInSilence) {
     for (const PersistedValue& row : table().persisted) {
         // No font is the default of a font that then stays as it is.
         const bool noFont = row.type == ValueType::font && same(readingDefault(row), FontRef());
-        if (row.property && !noFont) {
+        if (row.property && !noFont && !putByLoading.has(table(), row.property->name)) {
             EXPECT_TRUE(same(read(*control, *row.property), readingDefault(row))) << toUtf8(row.readKey);
         }
     }
@@ -314,7 +331,7 @@ TEST_P(MemberTableTest, MissingKeysGiveTheReadingDefaultsInSilence) {
 
 TEST_P(MemberTableTest, StoredValuesOfOtherTypesAreConvertedOrSkipped) {
     for (const PersistedValue& row : table().persisted) {
-        if (!row.property) continue;
+        if (!row.property || putByLoading.has(table(), row.property->name)) continue;
         const auto design = another();
         const Value untouched = read(*design, *row.property);
         const auto loaded = another();
@@ -352,6 +369,7 @@ TEST_P(MemberTableTest, SettingAnUnchangedValueNotifiesOnce) {
         putProperty(*control, *row.property, value);
         const Member& told = *table().notifiedProperty(table().notificationName(*row.property));
         EXPECT_EQ(told.name == row.property->name, !toldAsAnother.has(table(), row.property->name));
+        if (tellsOfAnother.has(table(), row.property->name)) host.journal.erase(host.journal.begin());
         EXPECT_EQ(host.take(), Journal{"changed " + toUtf8(told.name)});
         EXPECT_TRUE(same(read(*control, *row.property), value));
     }

@@ -27,6 +27,7 @@ public:
     void focusChanged(bool inside) override { journal.push_back(inside ? "focus in" : "focus out"); }
     bool offerKey(const KeyEvent& event) override;
     void viewChanged() override {}
+    bool rightToLeft() override { return readsRightToLeft; }
 
     // What was told since the last look, one line each: "KeyDown 38 0", "changed Max".
     Journal take() { return std::exchange(journal, {}); }
@@ -36,6 +37,7 @@ public:
     Journal journal;
     FontRef font;
     bool takesKeys = false;
+    bool readsRightToLeft = false;
     // Runs inside an event, by its name; may change the arguments, call the control, or let go of it.
     std::map<std::string, std::function<void(std::span<Value>)>> on;
     std::function<void(Twips, Twips)> onRequestSize;

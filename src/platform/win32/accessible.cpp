@@ -26,6 +26,10 @@ LONG roleOf(AccessibleItem::Role role) {
             return ROLE_SYSTEM_LISTITEM;
         case AccessibleItem::Role::graphic:
             return ROLE_SYSTEM_GRAPHIC;
+        case AccessibleItem::Role::pageTabList:
+            return ROLE_SYSTEM_PAGETABLIST;
+        case AccessibleItem::Role::pageTab:
+            return ROLE_SYSTEM_PAGETAB;
     }
     return ROLE_SYSTEM_CLIENT;
 }
@@ -131,8 +135,10 @@ public:
             LONG bits = 0;
             if (!item.enabled || !IsWindowEnabled(view.window)) bits |= STATE_SYSTEM_UNAVAILABLE;
             if (!IsWindowVisible(view.window)) bits |= STATE_SYSTEM_INVISIBLE;
-            if (item.pressed) bits |= STATE_SYSTEM_PRESSED;
-            if (item.role == AccessibleItem::Role::listItem) bits |= STATE_SYSTEM_SELECTABLE;
+            const bool tab = item.role == AccessibleItem::Role::pageTab;
+            if (item.pressed) bits |= tab ? STATE_SYSTEM_SELECTED : STATE_SYSTEM_PRESSED;
+            if (tab || item.role == AccessibleItem::Role::listItem) bits |= STATE_SYSTEM_SELECTABLE;
+            if (tab && item.bounds.empty()) bits |= STATE_SYSTEM_INVISIBLE | STATE_SYSTEM_OFFSCREEN;
             if (child.lVal == CHILDID_SELF && GetFocus() == view.window) bits |= STATE_SYSTEM_FOCUSED;
             setLong(*state, bits);
             return S_OK;
@@ -169,6 +175,7 @@ public:
     }
     HRESULT STDMETHODCALLTYPE get_accDefaultAction(VARIANT child, BSTR* action) override {
         return ofItem(child, action, [&](View&, const AccessibleItem& item) {
+            if (item.role == AccessibleItem::Role::pageTab) return answer(action, u"Switch");
             return item.role == AccessibleItem::Role::button ? answer(action, u"Press") : S_FALSE;
         });
     }
@@ -239,8 +246,11 @@ public:
         return guarded([&](View& view) {
             const AccessibleItem* item = view.item(child);
             if (!item) return E_INVALIDARG;
-            if (item->role != AccessibleItem::Role::button) return DISP_E_MEMBERNOTFOUND;
-            if (!item->enabled || !IsWindowEnabled(view.window)) return S_FALSE;
+            const bool acts =
+                item->role == AccessibleItem::Role::button || item->role == AccessibleItem::Role::pageTab;
+            if (!acts) return DISP_E_MEMBERNOTFOUND;
+            // A tab that is scrolled away has no place to press at.
+            if (!item->enabled || !IsWindowEnabled(view.window) || item->bounds.empty()) return S_FALSE;
             const PixelRect& bounds = item->bounds;
             view.surface->press({(bounds.left + bounds.right) / 2, (bounds.top + bounds.bottom) / 2});
             return S_OK;

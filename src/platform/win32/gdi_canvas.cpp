@@ -122,6 +122,7 @@ void GdiCanvas::drawText(TextView text, const PixelRect& rect, const TextStyle& 
     UINT format = DT_SINGLELINE | alignmentOf(style);
     if (style.ellipsis) format |= DT_END_ELLIPSIS;
     if (!style.showAccessKey) format |= DT_NOPREFIX;
+    if (style.rightToLeft) format |= DT_RTLREADING;
     const SharedGdiFont font = fonts_.get(style.font, dpi_);
     const Selection selection(dc_, font.get());
     SetTextColor(dc_, style.colour.value);

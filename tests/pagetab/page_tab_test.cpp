@@ -1,0 +1,494 @@
+#include "pagetab/page_tab.h"
+
+#include "support/control_fixture.h"
+
+#include <algorithm>
+#include <set>
+
+namespace obk::test {
+namespace {
+
+using Kind = MouseEvent::Kind;
+
+// Home, Help and Video at 96 DPI: 8 pixels a character at most, so 16 + 4 or 5 of them; no tab below 36.
+class PageTabTest : public ControlFixture {
+protected:
+    void SetUp() override {
+        place(PageTab::memberTable());
+        activate({100, 100, 420, 125});
+        host.take();
+    }
+    PageTab& strip() { return static_cast<PageTab&>(*control); }
+    headless::HeadlessSurface& surface() { return *platform.surface(control->window()); }
+    void setTabs(const char16_t* tabs, int32_t active) {
+        put(u"ActiveTabs", Text(tabs));
+        put(u"ActiveTab", active);
+        host.take();
+    }
+    std::vector<AccessibleItem> tabs() {
+        std::vector<AccessibleItem> found = surface().surfaceClient().accessibleItems();
+        std::erase_if(found,
+                      [](const AccessibleItem& item) { return item.role != AccessibleItem::Role::pageTab; });
+        return found;
+    }
+    // The middle of a tab, as far as it shows.
+    PixelPoint on(int32_t tab) {
+        const PixelRect rect = tabs().at(static_cast<size_t>(tab) - 1).bounds;
+        return {(rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2};
+    }
+    bool shows(int32_t tab) { return !tabs().at(static_cast<size_t>(tab) - 1).bounds.empty(); }
+    std::vector<AccessibleItem> buttons() {
+        std::vector<AccessibleItem> found = surface().surfaceClient().accessibleItems();
+        std::erase_if(found,
+                      [](const AccessibleItem& item) { return item.role != AccessibleItem::Role::button; });
+        return found;
+    }
+    PixelPoint middle(const AccessibleItem& item) {
+        return {(item.bounds.left + item.bounds.right) / 2, (item.bounds.top + item.bounds.bottom) / 2};
+    }
+    void mouse(Kind kind, PixelPoint at, int16_t mouseButton = button::left) {
+        if (control) platform.mouse(control->window(), {kind, mouseButton, 0, at});
+    }
+    std::string captions() {
+        std::string all;
+        for (const AccessibleItem& tab : tabs()) all += (all.empty() ? "" : ",") + toUtf8(tab.name);
+        return all;
+    }
+    // What happened, without mouse moves, which come as they like, and changes.
+    Journal events() {
+        Journal journal = host.take();
+        std::erase_if(journal, [](const std::string& line) {
+            return line.starts_with("MouseMove") || line.starts_with("changed") || line.starts_with("focus");
+        });
+        return journal;
+    }
+    static constexpr PixelPoint beside{300, 10};
+};
+
+std::string twips(PixelPoint at) {
+    return std::to_string(at.x * 15) + " " + std::to_string(at.y * 15);
+}
+
+TEST_F(PageTabTest, APressChoosesAndTellsTheCaptionThenShow) {
+    setTabs(u"Home,Help,Video", 1);
+    const PixelPoint at = on(3);
+    mouse(Kind::down, at);
+    EXPECT_EQ(host.take(), (Journal{"focus in", "MouseDown 1 0 " + twips(at) + " Video", "changed ActiveTab",
+                                    "Click Video", "Show"}));
+    EXPECT_EQ(text(u"ActiveTab"), "3");
+    EXPECT_TRUE(surface().hasFocus());
+    mouse(Kind::up, {at.x, 400});
+    EXPECT_EQ(host.take(), (Journal{"MouseUp 1 0 " + twips({at.x, 400})}))
+        << "released elsewhere, told all the same";
+    EXPECT_EQ(platform.capture(), 0u);
+    // The active tab once more is a choice, too.
+    platform.click(control->window(), at);
+    EXPECT_EQ(events(), (Journal{"MouseDown 1 0 " + twips(at) + " Video", "Click Video", "Show",
+                                 "MouseUp 1 0 " + twips(at)}));
+}
+
+TEST_F(PageTabTest, OtherButtonsAndPressesBesideTheTabsChooseNothing) {
+    setTabs(u"Home,Help,Video", 2);
+    platform.click(control->window(), on(1), button::right);
+    EXPECT_EQ(events(), (Journal{"MouseDown 2 0 " + twips(on(1)) + " Help", "MouseUp 2 0 " + twips(on(1))}));
+    platform.click(control->window(), beside);
+    EXPECT_EQ(events(), (Journal{"MouseDownback 1 0 4500 150 Help", "MouseUp 1 0 4500 150"}));
+    mouse(Kind::move, beside, 0);
+    EXPECT_EQ(host.take(), (Journal{"MouseMove 0 0 4500 150"}));
+    EXPECT_EQ(text(u"ActiveTab"), "2");
+}
+
+TEST_F(PageTabTest, ADoubleClickIsToldAndChoosesAnotherTab) {
+    setTabs(u"Home,Help,Video", 1);
+    mouse(Kind::doubleClick, on(1));
+    EXPECT_EQ(events(), (Journal{"dlbClick"}));
+    mouse(Kind::doubleClick, on(2));
+    EXPECT_EQ(events(), (Journal{"Click Help", "Show", "dlbClick"}));
+    mouse(Kind::doubleClick, on(3), button::right);
+    EXPECT_EQ(events(), Journal{});
+}
+
+TEST_F(PageTabTest, KeysWalkTheTabs) {
+    setTabs(u"Home,Help,&Video,E&xtra", 1);
+    ASSERT_TRUE(control->focus());
+    host.take();
+    struct Row {
+        int16_t code, shift;
+        const char* click;  // none: no choice
+        bool offered = false;
+    };
+    for (const Row& row : std::initializer_list<Row>{
+             {key::left, 0, nullptr},
+             {key::right, 0, "Click Help"},
+             {key::end, 0, "Click E&xtra"},
+             {key::right, 0, nullptr},
+             {key::left, 0, "Click &Video"},
+             {key::home, 0, "Click Home"},
+             {key::home, 0, nullptr},
+             {key::right, shift::shift, nullptr},
+             {key::tab, shift::control, "Click Help"},
+             {key::tab, shift::control | shift::shift, "Click Home"},
+             {key::tab, shift::control | shift::shift, "Click E&xtra"},
+             {key::tab, shift::control, "Click Home"},
+             {'H', 0, "Click Help"},
+             {'H', shift::shift, "Click Home"},
+             {'V', 0, "Click &Video"},
+             {'V', 0, nullptr},
+             {'X', shift::alt, "Click E&xtra"},
+             {'X', shift::alt, nullptr},
+             {'Q', shift::alt, nullptr, true},
+             {115, shift::alt, nullptr, true},  // F4, whose code is that of an "s"
+             {key::tab, 0, nullptr, true},
+             {key::enter, 0, nullptr, true},
+         }) {
+        platform.pressKey(row.code, row.shift);
+        Journal expected;
+        if (row.offered) expected.push_back("offered " + std::to_string(row.code));
+        if (row.click) expected = {"changed ActiveTab", row.click, "Show"};
+        EXPECT_EQ(host.take(), expected) << row.code << " " << row.shift;
+        EXPECT_TRUE(surface().hasFocus());
+    }
+    control->useAccessKey(u'v');
+    EXPECT_EQ(host.take(), (Journal{"changed ActiveTab", "Click &Video", "Show"}))
+        << "from anywhere on the form";
+}
+
+TEST_F(PageTabTest, WithoutTabsKeysAreTheContainers) {
+    ASSERT_TRUE(control->focus());
+    host.take();
+    platform.pressKey(key::tab, shift::control);
+    EXPECT_EQ(host.take(), (Journal{"offered 9"}));
+    for (const int16_t code : {key::right, key::end, int16_t{'A'}}) platform.pressKey(code);
+    EXPECT_EQ(host.take(), Journal{});
+    setTabs(u"a,b", 0);
+    platform.pressKey(key::left);
+    EXPECT_EQ(text(u"ActiveTab"), "1") << "none was active";
+}
+
+TEST_F(PageTabTest, ARebuildSelectsTheTabThatTheHostLastSaw) {
+    setTabs(u"a,b,c,d", 3);
+    EXPECT_EQ(text(u"ActiveTab"), "3");
+    platform.click(control->window(), on(4));
+    host.take();
+    put(u"ActiveTabs", Text(u"p,q,r,s,t"));
+    EXPECT_EQ(host.take(), (Journal{"changed ActiveTab", "changed ActiveTabs"}));
+    EXPECT_EQ(strip().ActiveTab(), 3) << "the host never saw that the user went to 4";
+    put(u"ActiveTabs", Text(u"u,v"));
+    EXPECT_EQ(host.take(), (Journal{"changed ActiveTabs"}));
+    EXPECT_EQ(strip().ActiveTab(), 2) << "it exists no more: the one added last";
+    put(u"ActiveTabs", Text());
+    EXPECT_EQ(strip().ActiveTab(), 0);
+    EXPECT_EQ(captions(), "");
+    // Putting the active tab sees the one before.
+    setTabs(u"a,b,c", 1);
+    put(u"ActiveTab", 3);
+    put(u"ActiveTabs", Text(u"a,b,c"));
+    EXPECT_EQ(text(u"ActiveTab"), "1");
+}
+
+TEST_F(PageTabTest, AnIndexWithoutATabIsRefusedInSilence) {
+    setTabs(u"a,b", 2);
+    for (const int32_t index : {-1, 3, INT32_MIN, INT32_MAX}) {
+        put(u"ActiveTab", index);
+        EXPECT_EQ(call(u"ActiveTabNameGet", {index}), Value(Text()));
+    }
+    EXPECT_EQ(host.take(), Journal{});
+    EXPECT_EQ(text(u"ActiveTab"), "2");
+    put(u"ActiveTab", 0);
+    EXPECT_EQ(host.take(), (Journal{"changed ActiveTab"}));
+    surface().paint();
+    EXPECT_EQ(text(u"ActiveTab"), "0");
+}
+
+TEST_F(PageTabTest, NamesSelectExactlyAndTheLastOneWins) {
+    setTabs(u"Home,Help,Home,home", 2);
+    call(u"ActiveTabNameSet", {Text(u"Home")});
+    EXPECT_EQ(host.take(), (Journal{"changed ActiveTab", "changed ActiveTab"})) << "one after the other";
+    EXPECT_EQ(text(u"ActiveTab"), "3");
+    for (const char16_t* other : {u"HOME", u" Home", u"Hom", u"Home "})
+        call(u"ActiveTabNameSet", {Text(other)});
+    EXPECT_EQ(host.take(), Journal{});
+    EXPECT_EQ(call(u"ActiveTabNameGet", {4}), Value(Text(u"home")));
+}
+
+TEST_F(PageTabTest, AddedTabsAreTrimmedNamedAndActiveAndNotPartOfTheTabString) {
+    setTabs(u"Home", 1);
+    call(u"AddTab", {Text(u"  Help ")});
+    call(u"AddTab", {Text(u"   ")});
+    call(u"AddTab", {Text(u"a,b\r\nc")});
+    EXPECT_EQ(captions(), "Home,Help,Tab 3,a,b  c");
+    EXPECT_EQ(text(u"ActiveTab"), "4");
+    EXPECT_TRUE(tabs()[3].pressed);
+    EXPECT_EQ(text(u"ActiveTabs"), "Home");
+}
+
+TEST_F(PageTabTest, PageColoursFollowTheActiveTab) {
+    const auto page = [this] { return surface().paint().colourAt({310, 24}); };
+    put(u"strPUBSKINCOLORPAGE", Text(u"255||16711680"));
+    setTabs(u"a,b,c,d", 1);
+    EXPECT_EQ(get(u"PageColor"), Value(OleColour(255u)));
+    EXPECT_EQ(page(), Rgb{255});
+    put(u"PageMainColor", OleColour(0x00FF00u));
+    host.take();
+    put(u"ActiveTab", 2);
+    EXPECT_EQ(get(u"PageColor"), Value(OleColour(0x00FF00u))) << "an empty field is none";
+    EXPECT_EQ(text(u"lngSELECTEDPAGECOLOR"), "0");
+    EXPECT_EQ(host.take(), (Journal{"changed PageColor", "changed ActiveTab"}));
+    platform.click(control->window(), on(3));
+    EXPECT_EQ(page(), Rgb{16711680});
+    EXPECT_EQ(text(u"lngSELECTEDPAGECOLOR"), "16711680");
+    // The selected tab is of one piece with its page; the others are parted from it by a line.
+    EXPECT_EQ(surface().paint().colourAt({on(3).x, 22}), Rgb{16711680});
+    EXPECT_NE(surface().paint().colourAt({on(1).x, 22}), Rgb{16711680});
+    put(u"ActiveTab", 4);
+    EXPECT_EQ(page(), Rgb{0x00FF00}) << "beyond the list";
+    // Storing alone shows with the next drawing, and goes with the next laying out.
+    put(u"PageColor", OleColour(0x123456u));
+    EXPECT_EQ(page(), Rgb{0x123456});
+    put(u"TextColor", OleColour(0u));
+    EXPECT_EQ(page(), Rgb{0x00FF00});
+}
+
+TEST_F(PageTabTest, LoadingReadsInItsOrderAndSavingWritesInAnother) {
+    struct : MemoryBag {
+        std::optional<Value> read(TextView key, ValueType expected) override {
+            asked.push_back(toUtf8(key));
+            return MemoryBag::read(key, expected);
+        }
+        Journal asked;
+    } bag;
+    bag.write(u"TABSTRING", Text(u"a,b,c"));
+    bag.write(u"ActiveTab", Text(u"2"));
+    bag.write(u"BackColorTAB", OleColour(SystemColour::highlight));
+    bag.write(u"PageColor", OleColour(0x111111u));
+    control->load(bag);
+    EXPECT_EQ(bag.asked, (Journal{"Font", "Font", "TextColor", "TextColor", "TABSTRING", "ActiveTab",
+                                  "BackColorTAB", "BackColorPage", "PageColor"}));
+    EXPECT_EQ(host.take(), Journal{});
+    EXPECT_EQ(captions(), "a,b,c");
+    EXPECT_EQ(get(u"PageColor"), Value(OleColour(SystemColour::buttonFace))) << "laying out puts it anew";
+    EXPECT_EQ(text(u"ActiveTab"), "2");
+    put(u"TextColor", OleColour(1u));
+    put(u"BackColorPage", OleColour(2u));
+    put(u"PageMainColor", OleColour(3u));
+    host.font = std::make_shared<SharedFont>(FontDescription{u"Verdana", 10, 400, 0, false, false, false});
+    MemoryBag saved;
+    control->save(saved);
+    Journal written;
+    for (const auto& [key, value] : saved.entries()) written.push_back(toUtf8(key));
+    EXPECT_EQ(written, (Journal{"Font", "ActiveTab", "TABSTRING", "BackColorTAB", "BackColorPage",
+                                "PageColor", "TextColor"}));
+    // The tab colour has become the colour that the system's was.
+    EXPECT_EQ(saved.read(u"BackColorTAB", ValueType::colour), Value(OleColour(Rgb::of(0, 120, 215))));
+}
+
+TEST_F(PageTabTest, TabsThatDoNotFitScrollByButtonsAndWheel) {
+    setTabs(u"Tab 1,Tab 2,Tab 3,Tab 4,Tab 5,Tab 6,Tab 7,Tab 8,Tab 9", 1);
+    ASSERT_EQ(buttons().size(), 2u);
+    EXPECT_FALSE(buttons()[0].enabled);
+    EXPECT_TRUE(shows(1) && !shows(9));
+    mouse(Kind::down, middle(buttons()[1]));
+    EXPECT_FALSE(shows(1)) << "at once";
+    EXPECT_TRUE(shows(2));
+    platform.advance(std::chrono::milliseconds(499));
+    EXPECT_TRUE(shows(2));
+    platform.advance(std::chrono::milliseconds(1));
+    EXPECT_TRUE(!shows(2) && shows(3)) << "held";
+    platform.advance(std::chrono::milliseconds(5000));
+    EXPECT_TRUE(shows(9));
+    EXPECT_FALSE(buttons()[1].enabled);
+    mouse(Kind::up, middle(buttons()[1]));
+    EXPECT_EQ(host.take(), Journal{}) << "scrolling is no choice";
+    const PixelPoint over = on(9);
+    platform.wheel(control->window(), {120, false, 0, over});
+    platform.wheel(control->window(), {60, false, 0, over});
+    platform.wheel(control->window(), {60, false, 0, over});
+    platform.wheel(control->window(), {32000, false, 0, over});
+    EXPECT_TRUE(shows(1));
+    platform.wheel(control->window(), {240, true, 0, middle(buttons()[0])});
+    EXPECT_TRUE(!shows(2) && shows(3)) << "the wheel turns sideways, too, and above the buttons";
+    // Whatever is selected is brought into view; a wider strip needs no buttons.
+    put(u"ActiveTab", 9);
+    EXPECT_TRUE(shows(9));
+    control->setBounds({0, 0, 120, 25});
+    EXPECT_TRUE(shows(9) && !shows(5));
+    control->setBounds({0, 0, 700, 25});
+    EXPECT_TRUE(buttons().empty() && shows(1));
+    EXPECT_FALSE(surface().surfaceClient().wheel({120, false, 0, {10, 10}}))
+        << "nothing to scroll: the host's";
+}
+
+TEST_F(PageTabTest, CutCaptionsHaveToolTips) {
+    put(u"ActiveTabs", Text(u"Short,") + Text(60, u'&') + Text(20, u'x'));
+    mouse(Kind::move, on(1), 0);
+    EXPECT_EQ(surface().toolTip(), u"");
+    mouse(Kind::move, on(2), 0);
+    EXPECT_EQ(surface().toolTip(), Text(30, u'&') + Text(20, u'x'));
+    mouse(Kind::move, beside, 0);
+    EXPECT_EQ(surface().toolTip(), u"");
+}
+
+TEST_F(PageTabTest, EachStateLooksDifferentInEachLook) {
+    const auto drawn = [this](int32_t tab) {
+        const PixelRect rect = tabs().at(static_cast<size_t>(tab) - 1).bounds.inset(-2);
+        std::string look;
+        for (const headless::DrawnItem& item : surface().paint().items()) {
+            if (item.rect.intersected(rect).empty()) continue;
+            look += std::to_string(static_cast<int>(item.kind)) + " " +
+                    std::to_string(item.rect.left - rect.left) + "," + std::to_string(item.rect.top) + "," +
+                    std::to_string(item.rect.bottom) + " " + std::to_string(item.colour.value) + "\n";
+        }
+        return look;
+    };
+    platform.appearance().setSystemColour(SystemColour::hotLight, Rgb::of(0, 102, 204));
+    std::set<std::string> all;
+    for (const char* version : {"6.3", "4.10"}) {
+        for (const bool contrast : {false, true}) {
+            platform.registry().setString(u"SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion",
+                                          u"CurrentVersion", version);
+            platform.appearance().setHighContrast(contrast);
+            control = PageTab::memberTable().create(platform);
+            activate({100, 100, 420, 125});
+            setTabs(u"aaaaaa,bbbbbb,cccccc", 1);
+            std::set<std::string> looks{drawn(3)};
+            const auto isNew = [&](const char* state, int32_t tab) {
+                EXPECT_TRUE(looks.insert(drawn(tab)).second)
+                    << state << " in " << version << (contrast ? " strong" : "");
+            };
+            isNew("selected", 1);
+            mouse(Kind::move, on(3), 0);
+            isNew("hovered", 3);
+            mouse(Kind::leave, {-1, -1}, 0);
+            control->focus();
+            isNew("focused", 1);
+            call(u"ImageHLight");
+            isNew("selected and highlighted", 1);
+            call(u"ImageDis");
+            isNew("disabled", 3);
+            isNew("selected and disabled", 1);
+            call(u"ImageSel");
+            call(u"ObjectMouseUp");
+            EXPECT_FALSE(looks.insert(drawn(3)).second) << "as before";
+            all.insert(looks.begin(), looks.end());
+        }
+    }
+    EXPECT_EQ(all.size(), 3u * 7u) << "strong colours are the same in both looks";
+}
+
+TEST_F(PageTabTest, HoverFollowsTheMouseAndTheTabsUnderIt) {
+    setTabs(u"Tab 1,Tab 2,Tab 3,Tab 4,Tab 5,Tab 6,Tab 7,Tab 8,Tab 9", 1);
+    const auto fill = [this](int32_t tab) { return surface().paint().colourAt({on(tab).x, on(tab).y + 8}); };
+    const Rgb quiet = fill(3);
+    mouse(Kind::move, on(2), 0);
+    EXPECT_NE(fill(2), quiet);
+    platform.wheel(control->window(), {-120, false, 0, on(2)});
+    EXPECT_EQ(fill(2), quiet);
+    EXPECT_NE(fill(3), quiet) << "it is under the mouse now";
+    platform.mouse(control->window(), {Kind::leave, 0, 0, {-5, -5}});
+    EXPECT_EQ(fill(3), quiet);
+    mouse(Kind::move, on(3), 0);
+    call(u"ObjectMouseUp");
+    EXPECT_EQ(fill(3), quiet);
+}
+
+TEST_F(PageTabTest, AHostReadingRightToLeftSeesTheMirrorImage) {
+    setTabs(u"aaaa,bbbb,cccc", 1);
+    const PixelRect first = tabs()[0].bounds;
+    host.readsRightToLeft = true;
+    control->setSize(control->width(), control->height());
+    EXPECT_EQ(tabs()[0].bounds.right, 320 - first.left);
+    control->focus();
+    platform.pressKey(key::left);
+    EXPECT_EQ(text(u"ActiveTab"), "2") << "to the left is onward";
+    put(u"ActiveTabs", Text(u"Tab 1,Tab 2,Tab 3,Tab 4,Tab 5,Tab 6,Tab 7,Tab 8,Tab 9"));
+    put(u"ActiveTab", 1);
+    EXPECT_LT(buttons()[1].bounds.right, tabs()[2].bounds.left);
+    EXPECT_FALSE(buttons()[1].enabled);
+    platform.click(control->window(), middle(buttons()[0]));
+    EXPECT_TRUE(!shows(1) && shows(2));
+}
+
+TEST_F(PageTabTest, FontsAndScalesMakeRoom) {
+    setTabs(u"aaaaaaaa,bbbbbbbb", 1);
+    const int32_t before = tabs()[0].bounds.width();
+    call(u"SetFont", {Text(u"Arial"), Text(u"16")});
+    EXPECT_GT(tabs()[0].bounds.width(), before);
+    const int32_t wide = tabs()[1].bounds.width();
+    call(u"AddTab", {Text(u"cccccccc")});
+    EXPECT_EQ(tabs()[2].bounds.width(), wide);
+    control->setBounds({0, 0, 900, 60});
+    platform.setDpi(control->window(), Dpi(192));
+    EXPECT_GT(tabs()[0].bounds.width(), 3 * wide / 2);
+    // The container's font reaches captions that have none of their own.
+    host.font = std::make_shared<SharedFont>(FontDescription{u"Verdana", 30, 400, 0, false, false, false});
+    const auto fresh = PageTab::memberTable().create(platform);
+    fresh->setHost(&host);
+    fresh->initNew();
+    MemoryBag saved;
+    fresh->save(saved);
+    EXPECT_TRUE(saved.entries().empty());
+}
+
+TEST_F(PageTabTest, AHostMayRebuildTheTabsInsideEveryEvent) {
+    for (const char* event : {"Click", "Show", "MouseDown", "MouseUp"}) {
+        setTabs(u"a,b,c,d", 1);
+        host.on = {};
+        host.on[event] = [this](std::span<Value>) { put(u"ActiveTabs", Text(u"x,y")); };
+        platform.click(control->window(), on(3));
+        EXPECT_EQ(captions(), "x,y") << event;
+        const Journal told = events();
+        EXPECT_EQ(std::count(told.begin(), told.end(), "Click c"), 1) << event;
+        EXPECT_EQ(std::count(told.begin(), told.end(), "Show"), 1) << event;
+    }
+    // Choosing in turn: each Click keeps its own caption.
+    setTabs(u"a,b,c", 1);
+    host.on = {};
+    host.on["Click"] = [this](std::span<Value> arguments) {
+        if (arguments[0] == Value(Text(u"b"))) platform.pressKey(key::end);
+    };
+    platform.click(control->window(), on(2));
+    EXPECT_EQ(events()[1], "Click b");
+    EXPECT_EQ(text(u"ActiveTab"), "3");
+}
+
+TEST_F(PageTabTest, AHostMayLetGoInsideEveryEvent) {
+    for (const char* event :
+         {"Click", "Show", "MouseDown", "MouseDownback", "MouseMove", "MouseUp", "dlbClick"}) {
+        place(PageTab::memberTable());
+        activate({100, 100, 420, 125});
+        setTabs(u"a,b,c,d,e,f,g,h,i,j,k", 1);
+        bool gone = false;
+        host.on = {};
+        host.on[event] = [&](std::span<Value>) {
+            if (!std::exchange(gone, true)) release();
+        };
+        const PixelPoint at = on(2);
+        for (const Kind kind : {Kind::move, Kind::down, Kind::up, Kind::doubleClick, Kind::up})
+            mouse(kind, at);
+        mouse(Kind::down, {319, 1});
+        EXPECT_TRUE(gone || std::string(event) == "MouseDownback") << event;
+        if (control) release();
+        EXPECT_EQ(platform.windowCount(), 0u);
+        EXPECT_EQ(platform.capture(), 0u);
+    }
+}
+
+TEST_F(PageTabTest, StrangeTabStringsAreKeptAndShown) {
+    for (const Text& tabs : {Text(u"&&"), Text(100000, u'x'), Text(5000, u','), Text(u"\r\n\r\n"), Text(u"&"),
+                             Text(u"\xD800,\xDC00")}) {
+        put(u"ActiveTabs", tabs);
+        put(u"ActiveTab", 1);
+        EXPECT_EQ(get(u"ActiveTabs"), Value(tabs));
+        surface().paint();
+        mouse(Kind::move, on(1), 0);
+        MemoryBag saved;
+        control->save(saved);
+        const auto loaded = PageTab::memberTable().create(platform);
+        loaded->load(saved);
+        EXPECT_EQ(static_cast<PageTab&>(*loaded).ActiveTabs(), tabs);
+        EXPECT_EQ(static_cast<PageTab&>(*loaded).ActiveTabNameGet(1), strip().ActiveTabNameGet(1));
+    }
+}
+
+}  // namespace
+}  // namespace obk::test

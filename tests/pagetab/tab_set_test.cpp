@@ -1,0 +1,181 @@
+#include "pagetab/tab_set.h"
+
+#include "pagetab/caption_text.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <string>
+#include <vector>
+
+namespace obk {
+namespace {
+
+using Captions = std::vector<std::string>;
+
+Captions captionsOf(const TabSet& tabs) {
+    Captions captions;
+    for (int32_t index = 1; index <= tabs.count(); ++index) captions.push_back(toUtf8(tabs.caption(index)));
+    return captions;
+}
+
+TEST(TabSet, TabStringsAreCountedOneWayAndTakenApartAnother) {
+    struct Row {
+        const char16_t* tabString;
+        Captions captions;
+    };
+    const Row rows[] = {
+        {u"", {}},
+        {u"   ", {}},
+        {u"Home", {"Home"}},
+        {u"Home,Help,Video", {"Home", "Help", "Video"}},
+        {u" Home , Help ", {"Home", "Help"}},
+        {u"a,,b", {"a", "Tab 2", "b"}},
+        {u"a,  ,b", {"a", "Tab 2", "b"}},
+        {u",", {"Tab 1", "Tab 2"}},
+        {u",,,", {"Tab 1", "Tab 2", "Tab 3", "Tab 4"}},
+        {u"a,b,", {"a", "b", "Tab 3"}},
+        {u"0,-", {"0", "-"}},
+        // A line counts as a tab; its caption is taken from between the commas all the same.
+        {u"a\r\nb\r\nc", {"a\r\nb\r\nc", "0", "0"}},
+        {u"a,b\r\nc", {"a", "b\r\nc", "0"}},
+        {u"a-\r\nb", {"a-\r\nb", "0"}},
+        {u"a-\r\n,b", {"a-\r\n", "b", "0"}},
+        {u"\r\n", {"\r\n", "0"}},
+        {u"  \r\n ", {"\r\n", "0"}},
+        {u"-\r\n", {"-\r\n", "0"}},
+        {u"--\r\n-", {"--\r\n-", "0"}},
+        // Half a line break is none.
+        {u"a\rb\nc", {"a\rb\nc"}},
+        {u"a\n\rb,c", {"a\n\rb", "c"}},
+        {u"\r\r\n\n", {"\r\r\n\n", "0"}},
+        {u"a|b;c\td", {"a|b;c\td"}},
+    };
+    for (const Row& row : rows) {
+        EXPECT_EQ(countCaptions(row.tabString), static_cast<int32_t>(row.captions.size()))
+            << toUtf8(row.tabString);
+        TabSet tabs;
+        tabs.add(u"of before");
+        tabs.rebuild(row.tabString);
+        EXPECT_EQ(captionsOf(tabs), row.captions) << toUtf8(row.tabString);
+        EXPECT_EQ(tabs.active(), tabs.count()) << "the one added last";
+    }
+}
+
+TEST(TabSet, FieldsBeyondTheListReadAsNought) {
+    struct Row {
+        const char16_t* list;
+        int32_t k;
+        const char16_t* field;
+    };
+    for (const Row& row : {Row{u"a,b", 1, u"a"}, Row{u"a,b", 2, u"b"}, Row{u"a,b", 3, u"0"},
+                           Row{u"a,b", 0, u"0"}, Row{u"a,b", -1, u"0"}, Row{u"", 1, u""}, Row{u"", 2, u"0"},
+                           Row{u",", 2, u""}, Row{u"a,b", INT32_MAX, u"0"}})
+        EXPECT_EQ(fieldOf(row.list, u',', row.k), TextView(row.field)) << toUtf8(row.list) << " " << row.k;
+}
+
+TEST(TabSet, PageColoursAreNumbersAndMissingOnesNought) {
+    constexpr TextView colours = u"255| 16711680 ||-2147483633|red|4294967295|99999999999|7";
+    const uint32_t expected[] = {0, 255, 16711680, 0, 0x8000000F, 0, 0xFFFFFFFF, 0, 7, 0};
+    for (int32_t tab = 0; tab < 10; ++tab)
+        EXPECT_EQ(pageColourOf(colours, tab).value, expected[tab]) << "tab " << tab;
+}
+
+TEST(TabSet, OnlyTabsAndNoneCanBeSelected) {
+    TabSet tabs;
+    EXPECT_FALSE(tabs.select(1));
+    tabs.rebuild(u"a,b,c");
+    for (const int32_t index : {-1, 4, INT32_MIN, INT32_MAX}) {
+        EXPECT_FALSE(tabs.select(index));
+        EXPECT_EQ(tabs.active(), 3);
+        EXPECT_EQ(tabs.caption(index), u"");
+    }
+    for (const int32_t index : {2, 0}) {
+        EXPECT_TRUE(tabs.select(index));
+        EXPECT_EQ(tabs.active(), index);
+    }
+}
+
+TEST(TabSet, AFontIsForThePresentCaptionsAndThoseToCome) {
+    const FontDescription strip{u"Tahoma", 8.25, 700, 0, true, false, false};
+    const auto shown = [&strip](const TabSet& tabs, int32_t index) {
+        const FontDescription font = tabs.tab(index).font.over(strip);
+        EXPECT_EQ(font.weight, 700) << "only name and size are a caption's own";
+        return toUtf8(font.name) + " " + std::to_string(font.size).substr(0, 5);
+    };
+    TabSet tabs;
+    tabs.add(u"a");
+    EXPECT_EQ(shown(tabs, 1), "Tahoma 8.250");
+    tabs.setFont(u"Arial", 0);
+    tabs.add(u"b");
+    EXPECT_EQ(shown(tabs, 1), "Arial 8.250");
+    EXPECT_EQ(shown(tabs, 2), "Arial 8.250");
+    // Without a name the present ones keep theirs; a new one has the strip's.
+    tabs.setFont(u"", 12);
+    tabs.add(u"c");
+    EXPECT_EQ(shown(tabs, 1), "Arial 12.00");
+    EXPECT_EQ(shown(tabs, 3), "Tahoma 12.00");
+    tabs.setFont(u"Verdana", std::nullopt);
+    tabs.rebuild(u"x");
+    EXPECT_EQ(shown(tabs, 1), "Verdana 12.00") << "a size that is none leaves the one before";
+    tabs.setFont(u"", INT32_MAX);
+    EXPECT_EQ(shown(tabs, 1), "Verdana 1638.");
+}
+
+TEST(TabSet, TenThousandCaptionsCostTenTimesAThousand) {
+    const auto timeOf = [](int32_t count) {
+        Text tabString(static_cast<size_t>(count) * 20, u'x');
+        for (size_t at = 19; at < tabString.size(); at += 20) tabString[at] = u',';
+        auto best = std::chrono::nanoseconds::max();
+        for (int run = 0; run < 5; ++run) {
+            TabSet tabs;
+            const auto start = std::chrono::steady_clock::now();
+            tabs.rebuild(tabString);
+            best = std::min<std::chrono::nanoseconds>(best, std::chrono::steady_clock::now() - start);
+            EXPECT_EQ(tabs.count(), count + 1);
+        }
+        return static_cast<double>(best.count());
+    };
+    // A cost that grows with the square would be a hundred times as much.
+    EXPECT_LT(timeOf(10000), 40 * timeOf(1000));
+}
+
+TEST(CaptionText, AmpersandsMarkAccessKeys) {
+    struct Row {
+        const char16_t* caption;
+        const char* plain;
+        char16_t key;  // 0: none
+    };
+    for (const Row& row : {Row{u"Home", "Home", 0}, Row{u"&Home", "Home", u'H'}, Row{u"Ho&me", "Home", u'M'},
+                           Row{u"R&&D", "R&D", 0}, Row{u"R&&&D", "R&D", u'D'}, Row{u"&&", "&", 0},
+                           Row{u"&", "", 0}, Row{u"a&", "a", 0}, Row{u"& x", " x", 0},
+                           Row{u"&a&b", "ab", u'A'}, Row{u"a\r\nb\tc", "a  b c", 0}, Row{u"", "", 0}}) {
+        EXPECT_EQ(toUtf8(plainCaption(row.caption)), row.plain) << toUtf8(row.caption);
+        EXPECT_EQ(accessKeyOf(row.caption).value_or(0), row.key) << toUtf8(row.caption);
+    }
+    EXPECT_LE(lineOfCaption(Text(100000, u'x')).size(), 1000u) << "no more than a screen can show";
+}
+
+TEST(CaptionText, ACharacterCallsTheNextTabThatItMeans) {
+    TabSet tabs;
+    tabs.rebuild(u"Home,Help,&Video,E&xtra,&&more,help");
+    const auto calls = [&tabs](int32_t from, char16_t character) {
+        tabs.select(from);
+        return tabs.calledBy(character).value_or(0);
+    };
+    EXPECT_EQ(calls(0, u'h'), 1);
+    EXPECT_EQ(calls(1, u'h'), 2);
+    EXPECT_EQ(calls(2, u'H'), 6);
+    EXPECT_EQ(calls(6, u'h'), 1) << "and round again";
+    EXPECT_EQ(calls(3, u'v'), 3) << "itself when there is no other";
+    EXPECT_EQ(calls(1, u'x'), 4);
+    EXPECT_EQ(calls(1, u'e'), 4);
+    EXPECT_EQ(calls(1, u'&'), 5);
+    EXPECT_EQ(calls(1, u'z'), 0);
+    EXPECT_EQ(tabs.withAccessKey(u'h'), std::nullopt) << "a first letter is no access key";
+    EXPECT_EQ(tabs.withAccessKey(u'x'), 4);
+    EXPECT_EQ(tabs.accessKeys(), u"VX");
+}
+
+}  // namespace
+}  // namespace obk
