@@ -73,10 +73,12 @@ int PictureSurface::count(COLORREF colour) const {
                                           [&](unsigned value) { return (value & ~opaque) == wanted; }));
 }
 
-void PictureSurface::copyWindow(HWND window) {
+void PictureSurface::copyWindow(HWND window, POINT place) {
+    RECT area{};
+    GetClientRect(window, &area);
     // Without DCX_CLIPCHILDREN: the children's pixels belong to the picture.
     const HDC source = GetDCEx(window, nullptr, DCX_CACHE);
-    BitBlt(dc_, 0, 0, width_, height_, source, 0, 0, SRCCOPY);
+    BitBlt(dc_, place.x, place.y, area.right, area.bottom, source, 0, 0, SRCCOPY);
     ReleaseDC(window, source);
 }
 

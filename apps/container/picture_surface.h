@@ -29,8 +29,9 @@ public:
     /// How many pixels have the colour.
     int count(COLORREF colour) const;
 
-    /// Copies what a window shows on the screen, its children included. The window must be visible.
-    void copyWindow(HWND window);
+    /// Copies what a window's client area shows on the screen, its children included, to a place in the
+    /// picture. The window must be visible.
+    void copyWindow(HWND window, POINT place = {0, 0});
 
     HRESULT savePng(const std::wstring& path) const;
 

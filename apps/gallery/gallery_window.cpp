@@ -340,6 +340,20 @@ void GalleryWindow::askLoad() {
     }
 }
 
+void GalleryWindow::copyPanels(PictureSurface& surface) const {
+    // What a control has dropped down lies above the window, in a window of its own.
+    for (HWND panel = GetTopWindow(nullptr); panel; panel = GetWindow(panel, GW_HWNDNEXT)) {
+        if (GetWindow(panel, GW_OWNER) != handle() || !IsWindowVisible(panel)) {
+            continue;
+        }
+        POINT place = {0, 0};
+        ClientToScreen(panel, &place);
+        ScreenToClient(handle(), &place);
+        UpdateWindow(panel);
+        surface.copyWindow(panel, place);
+    }
+}
+
 std::wstring GalleryWindow::writePictures(const std::wstring& folder) {
     CreateDirectoryW(folder.c_str(), nullptr);
     for (int page = 0; page < pageCount(); ++page) {
@@ -361,6 +375,7 @@ std::wstring GalleryWindow::writePictures(const std::wstring& folder) {
         const SIZE size = container::sizeOf(client());
         PictureSurface surface(static_cast<int>(size.cx), static_cast<int>(size.cy));
         surface.copyWindow(handle());
+        copyPanels(surface);
         const std::wstring path = folder + L"\\" + entry(page).name + L".png";
         if (FAILED(surface.savePng(path))) {
             return path + L" could not be written";

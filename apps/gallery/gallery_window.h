@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "container/message_loop.h"
+#include "container/picture_surface.h"
 #include "event_panel.h"
 #include "page_list.h"
 #include "property_panel.h"
@@ -62,6 +63,7 @@ private:
     void followFocus();
     bool handleKey(MSG& message);
     void nextPane(bool forward);
+    void copyPanels(container::PictureSurface& surface) const;
     void askSave();
     void askLoad();
 

@@ -94,6 +94,49 @@ void buildOrderLine(Scene& scene) {
     });
 }
 
+void buildOrderStates(Scene& scene) {
+    constexpr auto progId = L"OBKCTRLS.ButtonPalette";
+    scene.text({20, 14, 460, line}, L"Colours of the order states", TextLook::Heading);
+
+    struct State {
+        const wchar_t* label;
+        const wchar_t* name;
+        long colour;
+    };
+    constexpr State states[] = {{L"Confirmed", L"Confirmed", 0x00FFC0},
+                                {L"In production", L"InProduction", 0x00C0FF},
+                                {L"Delayed", L"Delayed", 0x4040FF},
+                                {L"Delivered", L"Delivered", 0xC0C0C0}};
+    int y = 44;
+    for (const State& state : states) {
+        scene.text({20, y, 100, line}, state.label);
+        SceneControl& control = scene.control(state.name, progId, {124, y, 100, line});
+        const size_t chosen = scene.text({236, y, 250, line}, L"", TextLook::Dim);
+        control.object().put(L"Caption", L"Colour");
+        control.object().put(L"Color", state.colour);
+        const auto show = [&scene, &control, chosen] {
+            scene.setText(chosen, control.object().value(L"Text").toText());
+        };
+        control.site->events().on(L"Click", [show](container::EventCall&) { show(); });
+        y += 30;
+    }
+
+    // One button for each palette, named as a host names them.
+    scene.text({20, 166, 466, line}, L"The twelve palettes", TextLook::Strong);
+    int at = 0;
+    if (const auto* palette = scene.find(L"Confirmed")->members.property(L"Palette")) {
+        for (const container::Choice& choice : palette->type.choices) {
+            SceneControl& control =
+                scene.control(choice.name, progId, {20 + at % 4 * 118, 192 + at / 4 * 30, 110, line});
+            control.object().put(L"Palette", choice.value);
+            control.object().put(L"Caption", choice.name);
+            control.object().put(L"ShowButtonColor", false);
+            ++at;
+        }
+    }
+    scene.demonstration([&scene] { scene.find(L"InProduction")->object().call(L"ShowPopUp"); });
+}
+
 void buildAddressRows(Scene& scene) {
     constexpr auto progId = L"OBKCTRLS.ButtonArrow";
     scene.text({20, 14, 460, line}, L"Delivery address", TextLook::Heading);

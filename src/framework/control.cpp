@@ -1,6 +1,10 @@
 #include "framework/control.h"
 
 #include "base/attempt.h"
+#include "framework/hosted_control.h"
+#include "framework/pop_up_panel.h"
+
+#include <algorithm>
 
 namespace obk {
 
@@ -83,6 +87,7 @@ void Control::save(PropertyBag& bag) const {
 
 void Control::ambientFontChanged() {
     attempt([&] { useAmbientFont(ambientFont()); });
+    for (HostedControl* hosted : hosted_) hosted->control().ambientFontChanged();
 }
 
 void Control::setSize(Twips width, Twips height) {
@@ -93,8 +98,8 @@ void Control::setSize(Twips width, Twips height) {
 }
 
 bool Control::activate(NativeWindow parent, const PixelRect& bounds) {
-    if (SurfacePeer* parked = surface_.peer()) {
-        parked->setParent(parent);
+    if (surface_.peer()) {
+        surface_.setParent(parent);
         root_.placed();
     } else if (!surface_.open({SurfacePlacement::Kind::control, parent, bounds})) {
         return false;
@@ -107,12 +112,15 @@ bool Control::activate(NativeWindow parent, const PixelRect& bounds) {
 
 void Control::deactivate() {
     active_ = false;
+    closePanels();
     surface_.close();
 }
 
 void Control::setBounds(const PixelRect& bounds) {
-    if (!active_) return;
+    if (!active_ || !surface_.peer()) return;
     surface_.peer()->setBounds(bounds);
+    for (PopUpPanel* panel : panels_) panel->hostMoved();
+    if (!surface_.peer()) return;  // a host may have closed the control because its panel closed
     setSize(surface_.dpi().toTwips(bounds.width()), surface_.dpi().toTwips(bounds.height()));
 }
 
@@ -126,7 +134,8 @@ bool Control::focus() {
 }
 
 bool Control::hasFocus() const {
-    return surface_.peer() && surface_.peer()->hasFocus();
+    return (surface_.peer() && surface_.peer()->hasFocus()) || root_.holdsFocus() ||
+           std::any_of(panels_.begin(), panels_.end(), [](PopUpPanel* panel) { return panel->hasFocus(); });
 }
 
 void Control::draw(Canvas& canvas, const PixelRect& bounds) {
@@ -160,6 +169,7 @@ AccessibleItem Control::describeSurface() const {
 }
 
 void Control::propertyChanged(const void* token) {
+    // A value without a property is told as unknown: the container's document has changed all the same.
     if (host_ && !loading_ && ownTable_) host_->propertyChanged(ownTable_->notifiedByToken(token));
 }
 
@@ -168,19 +178,28 @@ bool Control::offerToContainer(const KeyEvent& event) {
 }
 
 void Control::focusEntered() {
+    if (focusInside_) return;
+    focusInside_ = true;
     attempt([&] { enterFocus(); });
     if (host_) host_->focusChanged(true);
 }
 
 void Control::focusLeft() {
+    if (!focusInside_ || hasFocus()) return;
+    focusInside_ = false;
     attempt([&] { exitFocus(); });
     if (host_) host_->focusChanged(false);
 }
 
 void Control::surfaceChanged() {
     attempt([&] { appearanceChanged(); });
+    root_.appearanceChanged();
     root_.placed();
     root_.invalidate();
+}
+
+void Control::closePanels() {
+    for (PopUpPanel* panel : panels_) panel->close();
 }
 
 }  // namespace obk

@@ -9,8 +9,12 @@
 #include "widgets/widget.h"
 
 #include <memory>
+#include <vector>
 
 namespace obk {
+
+class HostedControl;
+class PopUpPanel;
 
 // A control surface with its child widgets. Works from the moment it is created, with or without a host, with
 // or without a window. Held by shared_ptr; created through its table.
@@ -71,8 +75,8 @@ protected:
     virtual void useAmbientFont(const FontRef&) {}
     virtual void appearanceChanged() { resize(); }
 
-    // Tells the container that a persisted value changed; silent while loading. `Getter` is the property's
-    // getter.
+    // Tells the container that a value changed; silent while loading. `Getter` is the getter of a property,
+    // or of a persisted value without one, which the container learns of as unknown.
     template <auto Getter>
     void PropertyChanged() {
         propertyChanged(memberToken<Getter>());
@@ -80,18 +84,22 @@ protected:
     // Asks the container for another size.
     void requestSize(Twips width, Twips height);
 
+    // Shift+Tab and the like, on behalf of the user. Whether the container used it.
+    bool offerToContainer(const KeyEvent& event) override;
     // By default the focused child gets the keys, but those that move through a dialog.
     KeyRoute route(const KeyEvent& event) override;
     AccessibleItem describeSurface() const override;
 
 private:
     friend class ControlFactory;
+    friend class HostedControl;
+    friend class PopUpPanel;
     void propertyChanged(const void* token);
-    bool offerToContainer(const KeyEvent& event) override;
     void focusEntered() override;
     void focusLeft() override;
     void surfaceCaptureLost() override {}
     void surfaceChanged() override;
+    void closePanels();
 
     Container root_;
     Surface surface_;
@@ -100,6 +108,9 @@ private:
     Twips width_{4800}, height_{3600};
     bool active_ = false;
     bool loading_ = false;
+    bool focusInside_ = false;
+    std::vector<PopUpPanel*> panels_;     // borrowed; they take themselves out
+    std::vector<HostedControl*> hosted_;  // likewise
     std::vector<Connection> eventConnections_;
 };
 

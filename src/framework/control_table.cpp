@@ -60,6 +60,9 @@ const Member* ControlTable::memberByToken(const void* token) const {
 const Member* ControlTable::notifiedProperty(TextView persistedName) const {
     if (const Member* named = member(persistedName); named && named->kind == MemberKind::property)
         return named;
+    for (const PersistedValue& value : persisted) {
+        if (value.property && equalIgnoringCase(value.writeKey, persistedName)) return value.property;
+    }
     return nullptr;
 }
 

@@ -84,6 +84,7 @@ struct PersistedValue {
     DefaultValue readDefault;
     DefaultValue writeDefault;                                    // a value equal to it is left out on saving
     const Member* property = nullptr;                             // the public property it belongs to, if any
+    const void* token = nullptr;                                  // which C++ getter it has; see memberToken
     void (*get)(const Control& control, Value& value) = nullptr;  // null: only read
     void (*load)(Control& control, const Value& value) = nullptr;  // null: only written
 };
@@ -107,7 +108,8 @@ public:
     const Member* member(TextView memberName) const;
     const Member* event(int32_t number) const;
     const Member* memberByToken(const void* token) const;
-    // The property that a change notification under this persisted name is about: a key or a property's name.
+    // The property that a change notification under this persisted name is about: the one of that name, else
+    // the one stored under it; null where there is neither.
     const Member* notifiedProperty(TextView persistedName) const;
     // The name under which a property's changes are notified: its override, else its persisted key, else its
     // name.

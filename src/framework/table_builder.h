@@ -94,6 +94,13 @@ struct PropertyRead<Getter> {
     }
 };
 
+// A getter that may have to make what it answers, such as a window.
+template <typename C, typename Result, Result (C::*Getter)()>
+struct PropertyRead<Getter> {
+    using Type = std::remove_cvref_t<Result>;
+    static void get(Control& control, Value& value) { value = (static_cast<C&>(control).*Getter)(); }
+};
+
 template <auto Setter>
 struct PropertyWrite;
 
@@ -164,6 +171,10 @@ public:
         table_.toolboxPicture = resource;
         return *this;
     }
+    TableBuilder& actsLikeButton() {
+        table_.actsLikeButton = true;
+        return *this;
+    }
     TableBuilder& takesNoFocus() {
         table_.takesFocus = false;
         return *this;
@@ -214,14 +225,19 @@ public:
             addPersisted(row, detail::valueTypeOf<typename detail::PropertyRead<Getter>::Type>());
         value.get = &detail::PropertyRead<Getter>::getConst;
         value.load = &detail::PropertyWrite<Loader>::put;
-        persistedTokens_.push_back(memberToken<Getter>());
+        value.token = memberToken<Getter>();
+        return *this;
+    }
+
+    // Changes of a property that are notified neither under its key nor under its name.
+    TableBuilder& notifiedAs(int32_t number, TextView name) {
+        table_.overrideNotification(number, Text(name));
         return *this;
     }
 
     ControlTable build() {
         table_.complete();
-        for (size_t at = 0; at < table_.persisted.size(); ++at)
-            table_.persisted[at].property = table_.memberByToken(persistedTokens_[at]);
+        for (PersistedValue& value : table_.persisted) value.property = table_.memberByToken(value.token);
         table_.indexNotifications();
         return std::move(table_);
     }
@@ -256,7 +272,6 @@ private:
     }
 
     ControlTable table_;
-    std::vector<const void*> persistedTokens_;
 };
 
 }  // namespace obk

@@ -37,7 +37,7 @@ Text typeName(ValueType type) {
 }
 
 Text typeName(const Member& member) {
-    return member.enumeration ? u"enum " + member.enumeration->name : typeName(member.type);
+    return member.enumeration ? member.enumeration->name : typeName(member.type);
 }
 
 Text quoted(TextView text) {
@@ -86,8 +86,8 @@ private:
         for (size_t at = 0; at < enumeration.values.size(); ++at) {
             const EnumerationValue& value = enumeration.values[at];
             const TextView end = at + 1 < enumeration.values.size() ? u"," : u"";
-            line(u"        [helpstring(" + quoted(value.help) + u")] " + value.name + u" = " +
-                 decimalText(value.value) + Text(end));
+            // What a value means stands in the reference: widl takes no help texts here.
+            line(u"        " + value.name + u" = " + decimalText(value.value) + Text(end));
         }
         line(u"    } " + enumeration.name + u";");
     }

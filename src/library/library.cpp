@@ -2,6 +2,8 @@
 
 #include "pagetab/lns.h"
 #include "palette/button_arrow.h"
+#include "palette/button_palette.h"
+#include "palette/palette_enumerations.h"
 #include "updown/up_down_text_box.h"
 
 namespace obk {
@@ -13,8 +15,9 @@ const Library& library() {
         {0xd62de28a, 0x98b2, 0x4069, {0xbc, 0x98, 0xf5, 0xf9, 0xca, 0x96, 0x61, 0xc2}},
         1,
         0,
-        {&UpDownTextBox::memberTable(), &ButtonArrow::memberTable(), &lns::memberTable()},
-        {},
+        {&UpDownTextBox::memberTable(), &ButtonPalette::memberTable(), &ButtonArrow::memberTable(),
+         &lns::memberTable()},
+        {&buttonTypes(), &palettes()},
     };
     return library;
 }

@@ -122,7 +122,8 @@ const ShadeLists* shadesOf(enQUILLPalette palette) {
     }
 }
 
-constexpr int32_t margin = 6;  // of the base grid and the block, from the panel's edge
+constexpr int32_t marginAt96 = 6;  // of the base grid and the block, from the panel's edge
+constexpr int32_t blockDistanceAt96 = 8;
 
 PaletteCell makeCell(bool isBase, const Hls& hls, bool isHue, TextView prefix, TextView name) {
     return {isBase, {}, rgbFromHls(hls), hls, isHue, prefix, name, true};
@@ -147,7 +148,31 @@ ColourPalette::ColourPalette(enQUILLPalette palette)
     }
     for (const int16_t grey : lists.greys)
         baseCells_.push_back(makeCell(true, {0, grey, 0}, false, {}, nameOf(greyNames, grey)));
-    layOutCells(baseCells_, true, geometry_.Rows, {margin, margin}, geometry_);
+    layOutBase();
+}
+
+PaletteGeometry PaletteGeometry::scaled(Dpi dpi) const {
+    return {Columns, Rows, dpi.scaled(CellSize), dpi.scaled(CellGap), ShadeMode};
+}
+
+void ColourPalette::setScale(Dpi dpi) {
+    dpi_ = dpi;
+    layOutBase();
+    layOutShades();
+}
+
+int32_t ColourPalette::margin() const {
+    return dpi_.scaled(marginAt96);
+}
+
+void ColourPalette::layOutBase() {
+    layOutCells(baseCells_, true, geometry_.Rows, {margin(), margin()}, geometry_.scaled(dpi_));
+}
+
+void ColourPalette::layOutShades() {
+    const PaletteGeometry scaled = geometry_.scaled(dpi_);
+    const int32_t left = scaled.pitch() * scaled.Columns + dpi_.scaled(blockDistanceAt96) + scaled.CellGap;
+    if (!shadeCells_.empty()) layOutCells(shadeCells_, true, shadeGrid().height, {left, margin()}, scaled);
 }
 
 PixelSize ColourPalette::shadeGrid() const {
@@ -178,9 +203,8 @@ void ColourPalette::buildShades(const PaletteCell& base) {
     }
     // The block of white ends in black, whatever the steps would give.
     if (!base.IsHue) cells.back() = makeCell(false, {base.hls.hue, 0, 0}, false, {}, nameOf(greyNames, 0));
-    layOutCells(cells, true, static_cast<int32_t>(rows),
-                {geometry_.pitch() * geometry_.Columns + 8 + geometry_.CellGap, margin}, geometry_);
     shadeCells_ = std::move(cells);
+    layOutShades();
 }
 
 const PaletteCell* ColourPalette::hitTest(PixelPoint point) const {

@@ -35,7 +35,7 @@ std::optional<enQUILLPalette> paletteFromNumber(int32_t number);
 // One swatch.
 struct PaletteCell {
     bool isBase = false;  // false for the cells of a shade block
-    PixelRect rect;       // in the panel, at 96 DPI
+    PixelRect rect;       // in the panel, in its pixels
     Rgb Color;
     Hls hls;
     bool IsHue = false;   // false for a grey
@@ -54,6 +54,8 @@ struct PaletteGeometry {
     bool ShadeMode = false;  // a base column with a block of shades of the chosen base colour
 
     int32_t pitch() const { return CellSize + CellGap; }
+    // In whole pixels at another scale: every cell and every gap as large as any other.
+    PaletteGeometry scaled(Dpi dpi) const;
 };
 
 class ColourPalette {
@@ -61,6 +63,10 @@ public:
     explicit ColourPalette(enQUILLPalette palette);
 
     const PaletteGeometry& geometry() const { return geometry_; }
+    // The scale in which the cells' places are given; 96 DPI at first.
+    void setScale(Dpi dpi);
+    // From the panel's edge to the cells, in pixels.
+    int32_t margin() const;
     // Hue by hue, each from its first luminance to its last, then the greys.
     std::span<const PaletteCell> baseCells() const { return baseCells_; }
     // Column by column; empty in a flat palette and before the first block is built.
@@ -79,8 +85,12 @@ public:
     const PaletteCell& baseCell(Rgb color) const;
 
 private:
+    void layOutBase();
+    void layOutShades();
+
     enQUILLPalette palette_;
     PaletteGeometry geometry_;
+    Dpi dpi_;
     std::vector<PaletteCell> baseCells_;
     std::vector<PaletteCell> shadeCells_;
 };

@@ -78,8 +78,10 @@ void Label::describe(std::vector<AccessibleItem>& items) const {
 }
 
 void ArrowLabel::paint(Canvas& canvas, const PixelRect& bounds) {
+    bool usable = true;
+    for (const Widget* widget = this; widget; widget = widget->parent()) usable = usable && widget->enabled();
     drawArrow(canvas, bounds, ArrowDirection::down,
-              systemRgb(platform(), enabled() ? SystemColour::buttonText : SystemColour::greyText));
+              systemRgb(platform(), usable ? SystemColour::buttonText : SystemColour::greyText));
 }
 
 void LineShape::setLine(Twips x1, Twips x2, Twips y) {

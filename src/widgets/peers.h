@@ -8,15 +8,13 @@
 #include "base/units.h"
 #include "widgets/canvas.h"
 #include "widgets/input.h"
+#include "widgets/platform.h"
 
 #include <cstdint>
 #include <memory>
 #include <vector>
 
 namespace obk {
-
-// A window's handle in the window system's own numbering; 0 is none.
-using NativeWindow = uintptr_t;
 
 // Whatever a client's function does, it may destroy the peer that called it: a peer touches nothing of its
 // own after a call without asking whether it still exists, and holds `keepAlive()` for the time of the call.
@@ -111,6 +109,9 @@ public:
     virtual void dpiChanged(Dpi dpi) = 0;
     // Colours, metrics, fonts or high contrast changed.
     virtual void appearanceChanged() = 0;
+    // Told to a panel while it is visible: the top-level window of the control that owns it moved, was
+    // resized, minimised, hidden or closed.
+    virtual void hostMoved() = 0;
     // First the surface itself, then its parts.
     virtual std::vector<AccessibleItem> accessibleItems() = 0;
 
@@ -121,8 +122,10 @@ protected:
 struct SurfacePlacement {
     enum class Kind {
         control,  // a child window of `parent`
-        panel,    // a top-level tool window, hidden at first, that never activates nor takes the focus
-        parked,   // an invisible window without a place yet, for a host that asks for the handle early
+        // A top-level tool window, hidden at first, that never activates nor takes the focus, neither by
+        // itself nor by a child, and lies above the others when it is shown.
+        panel,
+        parked,  // an invisible window without a place yet, for a host that asks for the handle early
     };
     Kind kind = Kind::control;
     NativeWindow parent = 0;  // a panel's is the control that owns it

@@ -7,12 +7,16 @@
 #include "base/units.h"
 
 #include <chrono>
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <optional>
 #include <string>
 
 namespace obk {
+
+// A window's handle in the window system's own numbering; 0 is none.
+using NativeWindow = uintptr_t;
 
 class SurfaceClient;
 class SurfacePeer;
@@ -85,6 +89,13 @@ public:
 // alive until the call has returned; a null one means that the control is going, and nothing more is called.
 using KeepAlive = std::function<std::shared_ptr<void>()>;
 
+// What the system's colour chooser is asked for.
+struct ColourQuestion {
+    Rgb start;   // the colour it shows at first
+    bool full;   // opened with all its parts, not only its swatches
+    Text title;  // empty: the system's own
+};
+
 class Platform {
 public:
     virtual ~Platform() = default;
@@ -96,6 +107,10 @@ public:
     // Null when the system refuses.
     virtual std::unique_ptr<SurfacePeer> createSurface(SurfaceClient& client,
                                                        const SurfacePlacement& placement) = 0;
+    // The system's colour chooser above the window that `owner` is in; returns when it has been closed.
+    // Nothing when it was cancelled or could not be shown. Colours that a person mixes in it are offered
+    // again as long as the platform lives.
+    virtual std::optional<Rgb> chooseColour(NativeWindow owner, const ColourQuestion& question) = 0;
 };
 
 }  // namespace obk

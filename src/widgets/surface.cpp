@@ -12,9 +12,16 @@ bool Surface::open(const SurfacePlacement& placement) {
     close();
     peer_ = root_.platform().createSurface(*this, placement);
     if (!peer_) return false;
+    placed_ = placement.kind != SurfacePlacement::Kind::parked;
     root_.setSurface(this);
     root_.attach(*peer_);
     return true;
+}
+
+void Surface::setParent(NativeWindow parent) {
+    if (!peer_) return;
+    peer_->setParent(parent);
+    placed_ = true;
 }
 
 void Surface::close() {
@@ -23,12 +30,10 @@ void Surface::close() {
     root_.detach();
     captured_ = nullptr;
     hovered_ = nullptr;
+    holding_ = false;
     root_.setSurface(nullptr);
     const auto going = std::move(peer_);
-    if (focusInside_) {
-        focusInside_ = false;
-        owner_.focusLeft();
-    }
+    owner_.focusLeft();
 }
 
 Dpi Surface::dpi() const {
@@ -48,7 +53,23 @@ void Surface::capture(Widget& widget) {
 void Surface::releaseCapture(const Widget& widget) {
     if (captured_ != &widget) return;
     captured_ = nullptr;
-    if (peer_) peer_->releaseCapture();
+    if (!peer_) return;
+    if (holding_)
+        peer_->capture();
+    else
+        peer_->releaseCapture();
+}
+
+void Surface::holdCapture() {
+    if (!peer_) return;
+    holding_ = true;
+    peer_->capture();
+}
+
+void Surface::endCapture() {
+    holding_ = false;
+    captured_ = nullptr;
+    if (peer_ && peer_->hasCapture()) peer_->releaseCapture();
 }
 
 void Surface::forget(const Widget& widget) {
@@ -56,16 +77,14 @@ void Surface::forget(const Widget& widget) {
     if (hovered_ == &widget) hovered_ = nullptr;
 }
 
-void Surface::childFocusGained() {
-    if (focusInside_) return;
-    focusInside_ = true;
+void Surface::childFocusGained(Widget& child) {
     owner_.focusEntered();
+    for (Widget* widget = &child; widget; widget = widget->parent()) widget->focusCameBelow();
 }
 
-void Surface::childFocusLost() {
-    if (!focusInside_ || (peer_ && peer_->hasFocus())) return;
-    focusInside_ = false;
-    owner_.focusLeft();
+void Surface::childFocusLost(Widget& child) {
+    for (Widget* widget = &child; widget; widget = widget->parent()) widget->focusWentBelow();
+    if (!peer_ || !peer_->hasFocus()) owner_.focusLeft();
 }
 
 std::shared_ptr<void> Surface::keepAlive() {
@@ -81,7 +100,10 @@ void Surface::deliver(Widget& widget, const MouseEvent& event) {
 
 void Surface::mouse(const MouseEvent& event) {
     Widget* target = captured_;
-    if (!target && event.kind != MouseEvent::Kind::leave) target = root_.hitTest(event.at);
+    if (!target && event.kind != MouseEvent::Kind::leave) {
+        target = root_.hitTest(event.at);
+        if (!target && holding_) target = &root_;
+    }
     if (target != hovered_ && !captured_) {
         Widget* left = hovered_;
         hovered_ = target;
@@ -101,7 +123,7 @@ bool Surface::wheel(const WheelEvent& event) {
 }
 
 void Surface::focusGained() {
-    childFocusGained();
+    childFocusGained(root_);
     root_.takeFocus();
 }
 
@@ -113,6 +135,7 @@ void Surface::paint(Canvas& canvas, const PixelRect& dirty) {
 void Surface::captureLost() {
     Widget* loser = captured_;
     captured_ = nullptr;
+    holding_ = false;
     if (loser) loser->captureLost();
     owner_.surfaceCaptureLost();
 }

@@ -12,11 +12,13 @@ class SurfaceOwner {
 public:
     virtual KeyRoute route(const KeyEvent& event) = 0;
     virtual bool offerToContainer(const KeyEvent& event) = 0;
-    // The focus came into the surface or its children from elsewhere, or left them all.
+    // The focus is in the surface or its children, or is in none of them any more; told again and again.
     virtual void focusEntered() = 0;
     virtual void focusLeft() = 0;
     virtual void surfaceCaptureLost() = 0;
     virtual void surfaceChanged() = 0;  // another DPI, other system colours or metrics
+    // Of a panel: the window that it belongs to moved, was minimised, hidden or closed.
+    virtual void surfaceHostMoved() {}
     virtual AccessibleItem describeSurface() const = 0;
     virtual void surfaceKeyDown(KeyEvent&) {}
     virtual void surfaceKeyUp(KeyEvent&) {}
@@ -37,6 +39,10 @@ public:
     // Makes the window and those of the children. Whether the system gave one.
     bool open(const SurfacePlacement& placement);
     void close();
+    // From parked into a parent's window.
+    void setParent(NativeWindow parent);
+    // Whether the window has a place on the screen, as opposed to being parked.
+    bool placed() const { return peer_ && placed_; }
     SurfacePeer* peer() const { return peer_.get(); }
     Dpi dpi() const;
 
@@ -45,13 +51,19 @@ public:
     void capture(Widget& widget);
     void releaseCapture(const Widget& widget);
     bool captured(const Widget& widget) const { return captured_ == &widget; }
+    // Mouse events from anywhere on the screen come here: to a widget that captures them, else to the one
+    // below the mouse, else to the root. Lasts over the captures of single widgets, until another window
+    // takes it.
+    void holdCapture();
+    void endCapture();
+    bool holdsCapture() const { return holding_; }
     // A widget is about to go.
     void forget(const Widget& widget);
 
     // For the children's windows.
-    void childFocusGained();
+    void childFocusGained(Widget& child);
     // Before the child tells its own listeners: the control as a whole is left first.
-    void childFocusLost();
+    void childFocusLost(Widget& child);
     KeyRoute route(const KeyEvent& event) { return owner_.route(event); }
     bool offerChildKey(const KeyEvent& event) { return owner_.offerToContainer(event); }
 
@@ -63,13 +75,14 @@ private:
     void keyUp(KeyEvent& event) override { owner_.surfaceKeyUp(event); }
     int16_t keyPress(int16_t character) override { return owner_.surfaceKeyPress(character); }
     void focusGained() override;
-    void focusLost() override { childFocusLost(); }
+    void focusLost() override { childFocusLost(root_); }
     KeyRoute preTranslate(const KeyEvent& event) override { return owner_.route(event); }
     bool offerToContainer(const KeyEvent& event) override { return owner_.offerToContainer(event); }
     void paint(Canvas& canvas, const PixelRect& dirty) override;
     void captureLost() override;
     void dpiChanged(Dpi dpi) override;
     void appearanceChanged() override;
+    void hostMoved() override { owner_.surfaceHostMoved(); }
     std::vector<AccessibleItem> accessibleItems() override;
 
     void deliver(Widget& widget, const MouseEvent& event);
@@ -79,7 +92,8 @@ private:
     std::unique_ptr<SurfacePeer> peer_;
     Widget* captured_ = nullptr;
     Widget* hovered_ = nullptr;
-    bool focusInside_ = false;
+    bool holding_ = false;
+    bool placed_ = false;
 };
 
 }  // namespace obk

@@ -107,11 +107,10 @@ void TextBox::detach() {
 }
 
 void TextBox::placed() {
-    if (!peer_) return;
-    const PixelRect clip = pixelClip();
-    peer_->setEnabled(enabled());
-    peer_->setBounds(pixelBounds(), clip);
-    peer_->setVisible(!clip.empty());
+    // Each step may take the focus away, and who hears of that may close the window.
+    if (peer_) peer_->setEnabled(enabled());
+    if (peer_) peer_->setBounds(pixelBounds(), pixelClip());
+    if (peer_) peer_->setVisible(!pixelClip().empty());
 }
 
 void TextBox::mouse(const MouseEvent& event) {
@@ -191,13 +190,13 @@ int16_t TextBox::keyPress(int16_t character) {
 }
 
 void TextBox::focusGained() {
-    if (Surface* shownOn = surface()) shownOn->childFocusGained();
+    if (Surface* shownOn = surface()) shownOn->childFocusGained(*this);
     focusCame();
 }
 
 void TextBox::focusLost() {
     pressed_ = false;
-    if (Surface* shownOn = surface()) shownOn->childFocusLost();
+    if (Surface* shownOn = surface()) shownOn->childFocusLost(*this);
     focusWent();
 }
 

@@ -101,6 +101,22 @@ void Widget::attach(SurfacePeer&) {}
 void Widget::detach() {}
 void Widget::describe(std::vector<AccessibleItem>&) const {}
 
+Container::~Container() {
+    // What lives on without this container is a root again.
+    for (Widget* child : children_) child->parent_ = nullptr;
+}
+
+void Container::adopt(Container& root) {
+    root.parent_ = this;
+    children_.push_back(&root);
+    root.placed();
+}
+
+bool Container::holdsFocus() const {
+    return std::any_of(children_.begin(), children_.end(),
+                       [](Widget* child) { return child->focused() != nullptr; });
+}
+
 void Container::SetBackColor(OleColour colour) {
     backColour_ = colour;
     invalidate();
@@ -137,6 +153,10 @@ void Container::detach() {
 
 void Container::placed() {
     for (Widget* child : children_) child->placed();
+}
+
+void Container::appearanceChanged() {
+    for (Widget* child : children_) child->appearanceChanged();
 }
 
 void Container::describe(std::vector<AccessibleItem>& items) const {

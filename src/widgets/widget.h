@@ -63,6 +63,12 @@ public:
     virtual void detach();
     // Geometry, visibility or enabling changed, here or in an ancestor.
     virtual void placed() {}
+    // Another DPI, other system colours, fonts or metrics.
+    virtual void appearanceChanged() {}
+    // The keyboard focus came to this widget or one below it, or left it for another one, maybe of the same
+    // control.
+    virtual void focusCameBelow() {}
+    virtual void focusWentBelow() {}
     virtual void describe(std::vector<AccessibleItem>& items) const;
     // The widget with the keyboard focus, this one or below it; or that could take it.
     virtual Widget* focused() { return nullptr; }
@@ -88,16 +94,22 @@ public:
     explicit Container(Container& parent) : Widget(parent) {}
     // A root: a control's surface or a panel. The owner of its window and of its life tells both.
     Container(Platform& platform, KeepAlive keepAlive) : Widget(platform), keepAlive_(std::move(keepAlive)) {}
+    ~Container() override;
 
     OleColour BackColor() const { return backColour_; }
     void SetBackColor(OleColour colour);
     void setSurface(Surface* surface) { surface_ = surface; }
+    // Makes another root part of this tree, until either of them goes.
+    void adopt(Container& root);
+    // Whether a widget below this one has the keyboard focus.
+    bool holdsFocus() const;
 
     void paint(Canvas& canvas, const PixelRect& bounds) override;
     Widget* hitTest(PixelPoint point) override;
     void attach(SurfacePeer& peer) override;
     void detach() override;
     void placed() override;
+    void appearanceChanged() override;
     void describe(std::vector<AccessibleItem>& items) const override;
     Widget* focused() override;
     bool takeFocus() override;

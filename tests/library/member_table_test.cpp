@@ -16,6 +16,10 @@ bool same(const Value& left, const Value& right) {
     const auto* one = std::get_if<FontRef>(&left);
     const auto* other = std::get_if<FontRef>(&right);
     if (one && other && *one && *other) return (*one)->description() == (*other)->description();
+    const auto* picture = std::get_if<PictureRef>(&left);
+    const auto* another = std::get_if<PictureRef>(&right);
+    if (picture && another && *picture && *another)
+        return (*picture)->size() == (*another)->size() && (*picture)->pixels() == (*another)->pixels();
     return left == right;
 }
 
@@ -91,6 +95,40 @@ std::vector<Value> extremes() {
     return values;
 }
 
+// What the contract has otherwise than all the rest, by control and name.
+class Exceptions {
+public:
+    explicit Exceptions(std::initializer_list<std::pair<const char16_t*, const char16_t*>> rows)
+        : rows_(rows.begin(), rows.end()) {}
+    bool has(const ControlTable& table, TextView name) const {
+        return std::any_of(rows_.begin(), rows_.end(), [&](const auto& row) {
+            return table.name == row.first && name == row.second;
+        });
+    }
+    bool hasAny(const ControlTable& table) const {
+        return std::any_of(rows_.begin(), rows_.end(),
+                           [&](const auto& row) { return table.name == row.first; });
+    }
+
+private:
+    std::vector<std::pair<Text, Text>> rows_;
+};
+
+// A change of the caption is told under its key, which is another property's name.
+const Exceptions toldAsAnother{{u"ButtonPalette", u"Caption"}};
+// State of the moment, a choice for the running program, and a value stored under one key and read under another.
+const Exceptions notRestored{{u"ButtonPalette", u"bMOUSEPOSLOC"},
+                             {u"ButtonPalette", u"MousePosn"},
+                             {u"ButtonPalette", u"bPOSITIONDEFAULT"},
+                             {u"ButtonPalette", u"MaskHLightColor"}};
+// Stored, or kept from before loading, although nothing was: the default on writing is another one.
+const Exceptions storedAtDefault{
+    {u"ButtonPalette", u"Backcolor"}, {u"ButtonPalette", u"FONT"}, {u"ButtonPalette", u"FORECOLOR"}};
+// Has no property to change it by.
+const Exceptions notChangeable{{u"ButtonPalette", u"TOOLTIP"}};
+// Asking for a window's handle makes the window.
+const Exceptions makesWindow{{u"ButtonPalette", u"hWnd"}};
+
 class MemberTableTest : public ControlFixture, public testing::WithParamInterface<const ControlTable*> {
 protected:
     void SetUp() override {
@@ -128,9 +166,11 @@ protected:
         return properties;
     }
     void expectSameProperties(Control& one, Control& other, const std::string& after) {
-        for (const Member* member : writable())
+        for (const Member* member : writable()) {
+            if (notRestored.has(table(), member->name)) continue;
             EXPECT_TRUE(same(read(one, *member), read(other, *member)))
                 << toUtf8(member->name) << " after " << after;
+        }
     }
     Value readingDefault(const PersistedValue& row) const {
         if (std::holds_alternative<AmbientFontDefault>(row.readDefault)) return host.font;
@@ -152,8 +192,12 @@ TEST_P(MemberTableTest, MembersAreNumberedWithoutGapsAndFoundByNameInAnyCase) {
         EXPECT_TRUE(names.insert(upperAscii(member.name)).second) << toUtf8(member.name);
         EXPECT_FALSE(member.help.empty()) << toUtf8(member.name);
         Text swapped = member.name;
-        for (char16_t& unit : swapped)
-            unit = upperAscii(unit) == unit ? static_cast<char16_t>(unit | 32) : upperAscii(unit);
+        for (char16_t& unit : swapped) {
+            if (unit >= u'A' && unit <= u'Z')
+                unit = static_cast<char16_t>(unit | 32);
+            else
+                unit = upperAscii(unit);
+        }
         for (const Text& spelling : {member.name, swapped, upperAscii(member.name)})
             EXPECT_EQ(table().member(spelling), &member) << toUtf8(spelling);
         EXPECT_EQ(table().member(member.name + u"x"), nullptr);
@@ -161,7 +205,7 @@ TEST_P(MemberTableTest, MembersAreNumberedWithoutGapsAndFoundByNameInAnyCase) {
         for (const Parameter& parameter : member.parameters) EXPECT_FALSE(parameter.name.empty());
         EXPECT_EQ(member.kind == MemberKind::method, member.call != nullptr);
         EXPECT_EQ(member.kind == MemberKind::property, member.get != nullptr);
-        if (member.kind == MemberKind::property) {
+        if (member.kind == MemberKind::property && !toldAsAnother.has(table(), member.name)) {
             EXPECT_EQ(table().notifiedProperty(table().notificationName(member)), &member);
         }
     }
@@ -189,6 +233,7 @@ TEST_P(MemberTableTest, EveryPropertyComesBackFromABagAndFromItsBytes) {
     };
     MemoryBag none;
     for (const Member* member : writable()) {
+        if (notRestored.has(table(), member->name)) continue;
         control = loadedFrom(none);
         ASSERT_TRUE(change(*control, *member)) << toUtf8(member->name) << " takes no other value";
         MemoryBag saved;
@@ -205,14 +250,25 @@ TEST_P(MemberTableTest, EveryPropertyComesBackFromABagAndFromItsBytes) {
     const auto loaded = loadedFrom(saved);
     expectSameProperties(*control, *loaded, "all changes");
     loaded->save(again);
-    EXPECT_EQ(again.serialized(), saved.serialized());
+    const auto restored = [this](const MemoryBag& bag) {
+        MemoryBag kept;
+        for (const auto& [key, value] : bag.entries()) {
+            const auto row = std::find_if(table().persisted.begin(), table().persisted.end(),
+                                          [&key](const auto& each) { return each.writeKey == key; });
+            if (!row->property || !notRestored.has(table(), row->property->name)) kept.write(key, value);
+        }
+        return kept.serialized();
+    };
+    EXPECT_EQ(restored(again), restored(saved));
 }
 
 TEST_P(MemberTableTest, SavingKeepsTheOrderAndTypesAndLeavesOutTheDefaults) {
     MemoryBag bag;
     control->load(bag);
     control->save(bag);
-    EXPECT_TRUE(bag.entries().empty()) << toUtf8(bag.entries().front().first) << " has its default";
+    for (const auto& [key, value] : bag.entries())
+        EXPECT_TRUE(storedAtDefault.has(table(), key)) << toUtf8(key) << " has its default";
+    bag = {};
     for (const Member* member : writable()) change(*control, *member);
     control->save(bag);
     auto row = table().persisted.begin();
@@ -222,7 +278,10 @@ TEST_P(MemberTableTest, SavingKeepsTheOrderAndTypesAndLeavesOutTheDefaults) {
         ASSERT_NE(row, table().persisted.end()) << toUtf8(key) << " is out of order";
         EXPECT_EQ(typeOf(value), row->storedAs) << toUtf8(key);
     }
-    EXPECT_EQ(bag.entries().size(), table().persisted.size());
+    const auto changeable = std::count_if(
+        table().persisted.begin(), table().persisted.end(),
+        [this](const PersistedValue& value) { return !notChangeable.has(table(), value.writeKey); });
+    EXPECT_EQ(bag.entries().size(), static_cast<size_t>(changeable));
 }
 
 TEST_P(MemberTableTest, MissingKeysGiveTheReadingDefaultsInSilence) {
@@ -231,7 +290,9 @@ TEST_P(MemberTableTest, MissingKeysGiveTheReadingDefaultsInSilence) {
     MemoryBag none;
     control->load(none);
     for (const PersistedValue& row : table().persisted) {
-        if (row.property) {
+        // No font is the default of a font that then stays as it is.
+        const bool noFont = row.type == ValueType::font && same(readingDefault(row), FontRef());
+        if (row.property && !noFont) {
             EXPECT_TRUE(same(read(*control, *row.property), readingDefault(row))) << toUtf8(row.readKey);
         }
     }
@@ -276,7 +337,9 @@ TEST_P(MemberTableTest, SettingAnUnchangedValueNotifiesOnce) {
         const Value value = read(*control, *row.property);
         host.take();
         putProperty(*control, *row.property, value);
-        EXPECT_EQ(host.take(), Journal{"changed " + toUtf8(row.property->name)});
+        const Member& told = *table().notifiedProperty(table().notificationName(*row.property));
+        EXPECT_EQ(told.name == row.property->name, !toldAsAnother.has(table(), row.property->name));
+        EXPECT_EQ(host.take(), Journal{"changed " + toUtf8(told.name)});
         EXPECT_TRUE(same(read(*control, *row.property), value));
     }
 }
@@ -327,7 +390,9 @@ TEST_P(MemberTableTest, EveryMemberTakesEveryValueOrRefusesIt) {
         }
     };
     walk();
-    EXPECT_EQ(platform.windowCount(), 0u) << "nothing of this needs a window";
+    if (!makesWindow.hasAny(table())) {
+        EXPECT_EQ(platform.windowCount(), 0u) << "nothing of this needs a window";
+    }
     activate({0, 0, 90, 30});
     walk();
     platform.surface(control->window())->paint();

@@ -161,6 +161,7 @@ public:
         }
     }
     void captureLost() override { said("captureLost"); }
+    void hostMoved() override { said("hostMoved"); }
     void dpiChanged(Dpi) override { said("dpiChanged"); }
     void appearanceChanged() override {}
     std::vector<AccessibleItem> accessibleItems() override { return {}; }

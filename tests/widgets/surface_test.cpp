@@ -144,7 +144,7 @@ TEST_F(SurfaceTest, AWidgetMayGoWhileItIsHoveredOrHasTheCapture) {
     };
     take();
     mouse(Kind::move, {5, 5});
-    EXPECT_EQ(take(), Journal{"b leave -25,-5"});
+    EXPECT_EQ(take(), (Journal{"b leave -25,-5", "left"}));
 }
 
 TEST_F(SurfaceTest, TheWheelRisesToWhoeverUsesIt) {
@@ -197,7 +197,7 @@ TEST_F(SurfaceTest, TheFocusIsOnesOwnWhileItIsInAnyChild) {
     take();
     EXPECT_TRUE(first.takeFocus());
     EXPECT_TRUE(second.takeFocus());
-    EXPECT_EQ(take(), Journal{"entered"});
+    EXPECT_EQ(take(), (Journal{"entered", "entered"})) << "between children it is never left";
     EXPECT_EQ(root.focused(), &second);
     second.setVisible(false);
     EXPECT_FALSE(second.takeFocus());
@@ -210,6 +210,29 @@ TEST_F(SurfaceTest, TheFocusIsOnesOwnWhileItIsInAnyChild) {
     take();
     surface.close();
     EXPECT_EQ(take(), Journal{"left"}) << "windows that go take the focus with them";
+}
+
+TEST_F(SurfaceTest, WhoeverHearsThatAFieldLostTheFocusMayCloseTheWindow) {
+    TextBox field(root);
+    const Connection closes = field.focusWent.connect([this] { surface.close(); });
+    const std::function<void()> losses[] = {
+        [&] { field.setEnabled(false); },
+        [&] {
+            field.move({{3000}, {0}, {300}, {285}});
+        },
+        [&] { field.setVisible(false); },
+    };
+    for (const auto& lose : losses) {
+        field.move({{900}, {0}, {300}, {285}});
+        field.setEnabled(true);
+        field.setVisible(true);
+        surface.close();
+        EXPECT_TRUE(surface.open({SurfacePlacement::Kind::control, 1000, {0, 0, 100, 60}}));
+        ASSERT_TRUE(field.takeFocus());
+        lose();
+        EXPECT_EQ(surface.peer(), nullptr);
+        EXPECT_EQ(platform.windowCount(), 0u);
+    }
 }
 
 }  // namespace

@@ -99,11 +99,11 @@ void Person::release(DWORD upFlag) {
 void Person::click(HWND window, int x, int y) {
     moveTo(window, x, y);
     press();
-    if (IsWindow(window)) {
+    if (IsWindowVisible(window)) {
         release();
         return;
     }
-    // The press has taken the window away: the release belongs to nobody here.
+    // The press has taken the window away: the release may belong to nobody here.
     INPUT input{};
     input.type = INPUT_MOUSE;
     input.mi.dwFlags = MOUSEEVENTF_LEFTUP;

@@ -395,6 +395,7 @@ TEST_F(WindowTest, AChangeOfTheSystemsLookIsToldOnceToAll) {
         void captureLost() override {}
         void dpiChanged(Dpi) override {}
         void appearanceChanged() override { said("appearanceChanged"); }
+        void hostMoved() override {}
         std::vector<AccessibleItem> accessibleItems() override { return {}; }
     };
     LookClient first(journal, "first");
@@ -640,6 +641,7 @@ public:
     void captureLost() override {}
     void dpiChanged(Dpi) override {}
     void appearanceChanged() override {}
+    void hostMoved() override {}
     std::vector<AccessibleItem> accessibleItems() override {
         using Role = AccessibleItem::Role;
         return {{Role::client, u"Amount", u"7", {0, 0, 200, 120}},

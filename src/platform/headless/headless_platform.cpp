@@ -65,6 +65,31 @@ std::unique_ptr<SurfacePeer> HeadlessPlatform::createSurface(SurfaceClient& clie
     return std::make_unique<HeadlessSurface>(*this, client, placement);
 }
 
+std::optional<Rgb> HeadlessPlatform::chooseColour(NativeWindow, const ColourQuestion& question) {
+    const ColourAnswer answer = colourAnswer_;
+    return answer ? answer(question) : std::nullopt;
+}
+
+void HeadlessPlatform::moveHost() {
+    std::vector<NativeWindow> panels;
+    for (const auto& [id, window] : windows_) panels.push_back(id);
+    for (const NativeWindow id : panels) {
+        HeadlessSurface* panel = surface(id);
+        if (!panel || panel->kind() != SurfacePlacement::Kind::panel || !panel->visible()) continue;
+        if (const auto alive = panel->client().keepAlive()) panel->surfaceClient().hostMoved();
+    }
+}
+
+PixelRect HeadlessPlatform::workAreaOf(const PixelRect& rect) const {
+    const auto shown = [&rect](const PixelRect& area) {
+        const PixelRect part = rect.intersected(area);
+        return part.empty() ? int64_t{0} : static_cast<int64_t>(part.width()) * part.height();
+    };
+    return *std::max_element(
+        workAreas_.begin(), workAreas_.end(),
+        [&shown](const PixelRect& left, const PixelRect& right) { return shown(left) < shown(right); });
+}
+
 void HeadlessPlatform::pressKey(int16_t code, int16_t shift) {
     keyDown(code, shift);
     keyUp(code, shift);

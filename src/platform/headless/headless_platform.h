@@ -5,7 +5,9 @@
 #include "widgets/peers.h"
 #include "widgets/platform.h"
 
+#include <functional>
 #include <map>
+#include <optional>
 #include <vector>
 
 namespace obk::headless {
@@ -26,6 +28,7 @@ public:
     std::unique_ptr<TimerPeer> createTimer(KeepAlive keepAlive, std::function<void()> tick) override;
     std::unique_ptr<SurfacePeer> createSurface(SurfaceClient& client,
                                                const SurfacePlacement& placement) override;
+    std::optional<Rgb> chooseColour(NativeWindow owner, const ColourQuestion& question) override;
 
     // What a person does. Keys go to the focused window; characters too, each with its key going down and up.
     void pressKey(int16_t code, int16_t shift = 0);
@@ -43,6 +46,8 @@ public:
     void setFocus(NativeWindow window);
     // Another window takes the capture.
     void stealCapture();
+    // The host's window is moved, minimised, hidden or closed.
+    void moveHost();
     // Time passes; timers tick in their order.
     void advance(std::chrono::milliseconds time);
     // Paints what is invalid, as the window system does when nothing else is under way.
@@ -50,6 +55,12 @@ public:
     // Lets a surface paint, at once; what it draws and what was invalid are in its record.
     HeadlessSurface* surface(NativeWindow window) const;
     void setDpi(NativeWindow surface, Dpi dpi);
+    // The parts of the monitors that windows may use; at first one of 1280 by 800 pixels.
+    void setWorkAreas(std::vector<PixelRect> areas) { workAreas_ = std::move(areas); }
+    PixelRect workAreaOf(const PixelRect& rect) const;
+    // What the next colour chooser answers; it is told what was asked, and may do what a person does meanwhile.
+    using ColourAnswer = std::function<std::optional<Rgb>(const ColourQuestion&)>;
+    void answerColour(ColourAnswer answer) { colourAnswer_ = std::move(answer); }
 
     NativeWindow focus() const { return focus_; }
     NativeWindow capture() const { return capture_; }
@@ -85,6 +96,8 @@ private:
     NativeWindow hovered_ = 0;
     Text clipboard_;
     bool refusesWindows_ = false;
+    std::vector<PixelRect> workAreas_{{0, 0, 1280, 800}};
+    ColourAnswer colourAnswer_;
 };
 
 }  // namespace obk::headless

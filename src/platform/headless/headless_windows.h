@@ -70,7 +70,7 @@ public:
     PixelPoint toScreen(PixelPoint point) const override {
         return {point.x + bounds_.left, point.y + bounds_.top};
     }
-    PixelRect workArea() const override { return {0, 0, 1280, 800}; }
+    PixelRect workArea() const override { return platform_.workAreaOf(bounds_); }
     std::unique_ptr<TextBoxPeer> createTextBox(TextBoxClient& client) override;
 
     // For tests: paints what is invalid and answers what was drawn.

@@ -85,12 +85,14 @@ std::shared_ptr<SurfaceWindow> SurfaceWindow::create(std::shared_ptr<Environment
 void SurfaceWindow::closeSurface() {
     surfaceClient_ = nullptr;
     toolTip_.close();
+    hostWatch_.end();
     close();
 }
 
 void SurfaceWindow::destroyed() {
     wantsCapture_ = false;
     toolTip_.close();
+    hostWatch_.end();
     if (accessible_) {
         // Screen readers in other processes let go of what no longer shows.
         CoDisconnectObject(accessible_, 0);
@@ -160,6 +162,20 @@ void SurfaceWindow::setBounds(const PixelRect& bounds) {
 void SurfaceWindow::setVisible(bool visible) {
     visible_ = visible;
     show();
+    watchHost();
+}
+
+void SurfaceWindow::watchHost() {
+    if (kind_ != Kind::panel) return;
+    if (visible_ && hwnd())
+        hostWatch_.begin(GetWindow(hwnd(), GW_OWNER), [this] { hostMoved(); });
+    else
+        hostWatch_.end();
+}
+
+void SurfaceWindow::hostMoved() {
+    const Hold hold(*this);
+    if (listening() && surfaceClient_) surfaceClient_->hostMoved();
 }
 
 void SurfaceWindow::takeFocus() {

@@ -3,6 +3,7 @@
 
 #include "platform/win32/client_window.h"
 #include "platform/win32/display.h"
+#include "platform/win32/host_watch.h"
 #include "platform/win32/tool_tip.h"
 
 #include <unknwn.h>
@@ -63,6 +64,8 @@ private:
     LRESULT captureChanged(const Message& message);
     LRESULT accessible(const Message& message);
     void checkDpi();
+    void watchHost();
+    void hostMoved();
     std::shared_ptr<TextBoxWindow> textBox(HWND window) const;
 
     SurfaceClient* surfaceClient_;
@@ -74,6 +77,7 @@ private:
     Cursor cursor_ = Cursor::arrow;
     std::vector<std::weak_ptr<TextBoxWindow>> textBoxes_;
     ToolTip toolTip_;
+    HostWatch hostWatch_;  // while a panel shows
     IUnknown* accessible_ = nullptr;  // counted
 };
 

@@ -133,4 +133,8 @@ std::unique_ptr<SurfacePeer> Win32Platform::createSurface(SurfaceClient& client,
     return std::make_unique<Surface>(environment_, std::move(window));
 }
 
+std::optional<Rgb> Win32Platform::chooseColour(NativeWindow owner, const ColourQuestion& question) {
+    return colourChooser_.choose(reinterpret_cast<HWND>(owner), question);
+}
+
 }  // namespace obk::win32

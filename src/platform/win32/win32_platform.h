@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/win32/appearance.h"
+#include "platform/win32/colour_chooser.h"
 #include "platform/win32/environment.h"
 #include "platform/win32/machine.h"
 #include "widgets/peers.h"
@@ -28,6 +29,7 @@ public:
     std::unique_ptr<TimerPeer> createTimer(KeepAlive keepAlive, std::function<void()> tick) override;
     std::unique_ptr<SurfacePeer> createSurface(SurfaceClient& client,
                                                const SurfacePlacement& placement) override;
+    std::optional<Rgb> chooseColour(NativeWindow owner, const ColourQuestion& question) override;
 
     // For the host's calls of TranslateAccelerator: consults the control at most once for each message.
     KeyRouter& keys() { return environment_->keys(); }
@@ -39,6 +41,7 @@ private:
     SystemClock clock_;
     SystemRegistry registry_;
     SystemAppearance appearance_;
+    ColourChooser colourChooser_;
 };
 
 }  // namespace obk::win32

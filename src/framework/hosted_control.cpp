@@ -1,0 +1,79 @@
+#include "framework/hosted_control.h"
+
+#include "widgets/surface.h"
+
+#include <algorithm>
+
+namespace obk {
+
+HostedControl::HostedControl(Control& outer, Container& parent, const ControlTable& table)
+    : Container(parent), outer_(outer), control_(table.create(outer.platform())) {
+    // Placed at the size it has by itself; the outer control's layout follows.
+    move({{0}, {0}, control_->width(), control_->height()});
+    adopt(control_->root());
+    outer_.hosted_.push_back(this);
+    control_->setHost(this);
+    control_->initNew();
+}
+
+HostedControl::~HostedControl() {
+    control_->setHost(nullptr);
+    control_->closePanels();
+    std::erase(outer_.hosted_, this);
+}
+
+void HostedControl::setAmbientBackColour(OleColour colour) {
+    SetBackColor(colour);
+    control_->root().SetBackColor(colour);
+}
+
+void HostedControl::paint(Canvas& canvas, const PixelRect& bounds) {
+    Container::paint(canvas, bounds);
+}
+
+Widget* HostedControl::hitTest(PixelPoint point) {
+    return takesMouse_ ? Container::hitTest(point) : nullptr;
+}
+
+void HostedControl::detach() {
+    control_->closePanels();
+    Container::detach();
+}
+
+void HostedControl::placed() {
+    if (!control_) return;  // still being made
+    if (control_->width() != bounds().width || control_->height() != bounds().height)
+        control_->setSize(bounds().width, bounds().height);
+    Container::placed();
+}
+
+void HostedControl::appearanceChanged() {
+    control_->surfaceChanged();
+}
+
+void HostedControl::focusCameBelow() {
+    control_->focusEntered();
+}
+
+void HostedControl::focusWentBelow() {
+    control_->focusLeft();
+}
+
+Widget* HostedControl::focused() {
+    return control_->hasFocus() ? this : nullptr;
+}
+
+void HostedControl::requestSize(Twips width, Twips height) {
+    move({bounds().left, bounds().top, width, height});
+}
+
+void HostedControl::focusChanged(bool inside) {
+    // The focus may have come to, or gone from, a panel of the hosted control, which the outer one's surface
+    // knows nothing of.
+    if (inside)
+        outer_.focusEntered();
+    else
+        outer_.focusLeft();
+}
+
+}  // namespace obk

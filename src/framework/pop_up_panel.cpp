@@ -1,0 +1,95 @@
+#include "framework/pop_up_panel.h"
+
+#include <algorithm>
+
+namespace obk {
+
+PopUpPanel::Root::Root(PopUpPanel& panel)
+    : Container(panel.owner_.platform(), [&panel] { return panel.owner_.root().keepAlive(); }),
+      panel_(panel) {}
+
+PopUpPanel::PopUpPanel(Control& owner) : owner_(owner), root_(*this), surface_(root_, *this) {
+    owner_.panels_.push_back(this);
+}
+
+PopUpPanel::~PopUpPanel() {
+    surface_.close();
+    std::erase(owner_.panels_, this);
+}
+
+bool PopUpPanel::show(PixelSize size, PopUpSide first) {
+    if (visible_) return true;
+    const Surface* host = owner_.root().surface();
+    if (!host || !host->placed() || owner_.root().pixelClip().empty()) return false;
+    const PixelRect bounds = placed(size, first, *host);
+    if (!surface_.peer() && !surface_.open({SurfacePlacement::Kind::panel, host->peer()->window(), bounds}))
+        return false;
+    visible_ = true;
+    surface_.peer()->setBounds(bounds);
+    const Dpi scale = surface_.dpi();
+    root_.move({{0}, {0}, scale.toTwips(size.width), scale.toTwips(size.height)});
+    surface_.holdCapture();
+    surface_.peer()->setVisible(true);
+    surface_.peer()->update();
+    return true;
+}
+
+void PopUpPanel::resize(PixelSize size, PopUpSide first) {
+    const Surface* host = owner_.root().surface();
+    if (!visible_ || !surface_.peer() || !host || !host->peer()) return;
+    surface_.peer()->setBounds(placed(size, first, *host));
+    const Dpi scale = surface_.dpi();
+    root_.move({{0}, {0}, scale.toTwips(size.width), scale.toTwips(size.height)});
+    root_.invalidate();
+}
+
+void PopUpPanel::hide() {
+    visible_ = false;
+    surface_.endCapture();
+    if (surface_.peer()) surface_.peer()->setVisible(false);
+}
+
+void PopUpPanel::renewCapture() {
+    if (!visible_) return;
+    surface_.endCapture();
+    surface_.holdCapture();
+}
+
+bool PopUpPanel::holdsCapture() const {
+    return surface_.peer() && surface_.peer()->hasCapture();
+}
+
+PixelRect PopUpPanel::placed(PixelSize size, PopUpSide first, const Surface& host) const {
+    const PixelRect own = owner_.root().pixelBounds();
+    const PixelPoint origin = host.peer()->toScreen({own.left, own.top});
+    const PixelRect anchor{origin.x, origin.y, origin.x + own.width(), origin.y + own.height()};
+    return placePopUp(anchor, size, host.peer()->workArea(), first);
+}
+
+void PopUpPanel::close() {
+    surfaceHostMoved();
+    // Whatever the host has done about it, there is nothing left to show the panel on.
+    visible_ = false;
+    surface_.close();
+}
+
+void PopUpPanel::surfaceCaptureLost() {
+    if (visible_) dismissed();
+}
+
+void PopUpPanel::surfaceHostMoved() {
+    if (visible_) dismissed();
+}
+
+void PopUpPanel::surfaceChanged() {
+    appearanceChanged();
+    root_.appearanceChanged();
+    root_.placed();
+    root_.invalidate();
+}
+
+AccessibleItem PopUpPanel::describeSurface() const {
+    return {AccessibleItem::Role::client, accessibleName_, {}, root_.pixelBounds(), true, false};
+}
+
+}  // namespace obk

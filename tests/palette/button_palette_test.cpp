@@ -1,0 +1,598 @@
+#include "palette/button_palette.h"
+
+#include "platform/headless/headless_windows.h"
+#include "support/control_fixture.h"
+
+namespace obk::test {
+namespace {
+
+constexpr int32_t flat24x8 = 4;
+constexpr int32_t shades8x4x4 = 6;
+
+class ButtonPaletteTest : public ControlFixture {
+protected:
+    void SetUp() override {
+        place(ButtonPalette::memberTable());
+        activate({100, 100, 175, 123});
+        host.take();
+    }
+    ButtonPalette& button() { return static_cast<ButtonPalette&>(*control); }
+    NativeWindow surface() { return control->window(); }
+    // The panel is the only surface besides the control's own.
+    headless::HeadlessSurface* panel() {
+        for (NativeWindow id = 1; id < 100; ++id) {
+            headless::HeadlessSurface* found = platform.surface(id);
+            if (found && found->kind() == SurfacePlacement::Kind::panel) return found;
+        }
+        return nullptr;
+    }
+    bool open() { return panel() && panel()->visible(); }
+    void show() {
+        call(u"ShowPopUp");
+        ASSERT_TRUE(open());
+        host.take();
+    }
+    // The middle of a base cell, or of a shade behind them.
+    PixelPoint cell(size_t index, int32_t palette = flat24x8) {
+        ColourPalette cells(static_cast<enQUILLPalette>(palette));
+        const size_t count = cells.baseCells().size();
+        cells.buildShades(cells.baseCells()[0]);
+        const PixelRect rect =
+            index < count ? cells.baseCells()[index].rect : cells.shadeCells()[index - count].rect;
+        return {rect.left + rect.width() / 2, rect.top + rect.height() / 2};
+    }
+    std::string colourOf(size_t index, int32_t palette = flat24x8) {
+        return std::to_string(
+            ColourPalette(static_cast<enQUILLPalette>(palette)).baseCells()[index].Color.value);
+    }
+    // Nothing where a host has taken the panel away meanwhile.
+    void onPanel(MouseEvent::Kind kind, PixelPoint at, int16_t mouseButton = button::left) {
+        if (panel()) platform.mouse(panel()->id(), {kind, mouseButton, 0, at});
+    }
+    void pick(PixelPoint at) {
+        onPanel(MouseEvent::Kind::down, at);
+        onPanel(MouseEvent::Kind::up, at);
+    }
+    PixelSize panelSize() { return {panel()->bounds().width(), panel()->bounds().height()}; }
+};
+
+using Kind = MouseEvent::Kind;
+
+TEST_F(ButtonPaletteTest, AFreshButtonHasTheValuesOfAFreshPlacement) {
+    EXPECT_EQ(control->width(), Twips{1125});
+    EXPECT_EQ(text(u"Caption"), "   Button");
+    EXPECT_EQ(text(u"Palette"), "4");
+    EXPECT_EQ(get(u"BackColor"), Value(OleColour(Rgb::of(240, 240, 240))));
+    EXPECT_EQ(get(u"ForeColor"), Value(OleColour(Rgb{})));
+    EXPECT_EQ(text(u"Text"), "EARTH RED");
+    EXPECT_EQ(text(u"ActiveText"), "");
+    EXPECT_EQ(get(u"bPOSITIONDEFAULT"), Value(true));
+}
+
+TEST_F(ButtonPaletteTest, AClickOpensThePanelBelowAndASecondOneClosesIt) {
+    platform.mouse(surface(), {Kind::down, button::left, 0, {20, 10}});
+    platform.mouse(surface(), {Kind::up, button::left, 0, {20, 10}});
+    EXPECT_EQ(host.takeEvents(), (Journal{"MouseDown 1 0 20 10", "MouseUp 1 0 20 10", "Click"}));
+    ASSERT_TRUE(open());
+    EXPECT_EQ(panel()->bounds().left, 100);
+    EXPECT_EQ(panel()->bounds().top, 123);
+    EXPECT_EQ(platform.capture(), panel()->id());
+    // The press falls outside the panel, which has the mouse; its release on the button is no click.
+    platform.mouse(surface(), {Kind::down, button::left, 0, {20, 10}});
+    platform.mouse(surface(), {Kind::up, button::left, 0, {20, 10}});
+    EXPECT_EQ(host.takeEvents(), (Journal{"FocusHidden", "MouseUp 1 0 20 10"}));
+    EXPECT_FALSE(open());
+    EXPECT_EQ(platform.capture(), 0u);
+}
+
+TEST_F(ButtonPaletteTest, APickRaisesChangeThenTwoHidingsThenClickAndChange) {
+    show();
+    pick(cell(8));
+    const std::string colour = colourOf(8);
+    EXPECT_EQ(host.take(),
+              (Journal{"changed ActiveColor", "changed ActiveText", "Change " + colour, "FocusHidden",
+                       "FocusHidden", "changed ?", "changed Text", "Click", "Change " + colour}));
+    EXPECT_EQ(text(u"Color"), colour);
+    EXPECT_EQ(text(u"Text"), "PASTEL COPPER");
+    EXPECT_EQ(platform.capture(), 0u);
+    // The same swatch once more is neither active anew nor chosen anew.
+    show();
+    pick(cell(8));
+    EXPECT_EQ(host.take(), (Journal{"FocusHidden", "FocusHidden"}));
+}
+
+TEST_F(ButtonPaletteTest, ADragRaisesChangeForEachFurtherSwatch) {
+    show();
+    onPanel(Kind::move, cell(3), 0);
+    EXPECT_EQ(host.takeEvents(), Journal{}) << "hovering is no news";
+    onPanel(Kind::down, cell(8));
+    onPanel(Kind::move, cell(9));
+    onPanel(Kind::move, {cell(9).x + 1, cell(9).y});
+    onPanel(Kind::up, cell(9));
+    EXPECT_EQ(host.takeEvents(), (Journal{"Change " + colourOf(8), "Change " + colourOf(9), "FocusHidden",
+                                          "FocusHidden", "Click", "Change " + colourOf(9)}));
+}
+
+TEST_F(ButtonPaletteTest, AReleaseOutsideGoesBackToTheChosenColour) {
+    show();
+    const std::string chosen = "Change " + std::to_string(Rgb::of(85, 0, 0).value);
+    onPanel(Kind::down, cell(8));
+    onPanel(Kind::up, {-30, -30});
+    EXPECT_EQ(host.takeEvents(), (Journal{"Change " + colourOf(8), "FocusHidden", chosen}));
+    EXPECT_EQ(text(u"ActiveText"), "PASTEL COPPER");
+    // In a gap nothing is chosen and nothing goes back.
+    show();
+    onPanel(Kind::down, {1, 1});
+    onPanel(Kind::up, {1, 1});
+    EXPECT_EQ(host.takeEvents(), (Journal{"FocusHidden"}));
+}
+
+TEST_F(ButtonPaletteTest, APressOutsideHidesAndBelowTheStripsTopHidesTwice) {
+    show();
+    onPanel(Kind::down, {-5, 20});
+    EXPECT_EQ(host.takeEvents(), (Journal{"FocusHidden"}));
+    show();
+    onPanel(Kind::down, {50, panelSize().height + 50});
+    EXPECT_EQ(host.takeEvents(), (Journal{"FocusHidden", "FocusHidden"}));
+    show();
+    onPanel(Kind::down, {-5, panelSize().height - 20});
+    EXPECT_EQ(host.takeEvents(), (Journal{"FocusHidden", "FocusHidden"}));
+    show();
+    onPanel(Kind::down, {panelSize().width - 10, panelSize().height - 20});
+    EXPECT_EQ(host.takeEvents(), (Journal{"FocusHidden"})) << "inside, but near the edge";
+}
+
+TEST_F(ButtonPaletteTest, TheRightButtonMakesASwatchActiveAndChoosesIt) {
+    show();
+    onPanel(Kind::down, cell(8), button::right);
+    onPanel(Kind::move, cell(9), button::right);
+    onPanel(Kind::up, cell(9), button::right);
+    EXPECT_EQ(host.takeEvents(), (Journal{"Change " + colourOf(8), "FocusHidden", "FocusHidden", "Click",
+                                          "Change " + colourOf(9)}));
+}
+
+TEST_F(ButtonPaletteTest, TheRightButtonOnTheButtonOpensNothing) {
+    platform.mouse(surface(), {Kind::down, button::right, 0, {5, 5}});
+    platform.mouse(surface(), {Kind::up, button::right, 0, {5, 5}});
+    EXPECT_EQ(host.takeEvents(), (Journal{"MouseDown 2 0 5 5", "MouseUp 2 0 5 5"}));
+    EXPECT_FALSE(open());
+    EXPECT_EQ(get(u"MousePosn"), Value(true));
+}
+
+TEST_F(ButtonPaletteTest, WithoutAPanelOfItsOwnAClickRaisesPopUp) {
+    put(u"PopupEnabled", false);
+    host.take();
+    call(u"UserControl_Click");
+    EXPECT_EQ(host.takeEvents(), (Journal{"PopUp", "Click"}));
+    EXPECT_EQ(panel(), nullptr);
+}
+
+TEST_F(ButtonPaletteTest, HidingAHiddenPanelStillTellsTheHost) {
+    call(u"HidePopUp");
+    EXPECT_EQ(host.takeEvents(), (Journal{"FocusHidden"}));
+}
+
+TEST_F(ButtonPaletteTest, KeysOpenCloseAndMoveOn) {
+    ASSERT_TRUE(control->focus());
+    host.take();
+    platform.pressKey(key::down);
+    EXPECT_EQ(host.takeEvents(), (Journal{"Click", "KeyDown 40 0", "KeyUp 40 0"}));
+    EXPECT_TRUE(open());
+    platform.pressKey(key::pageDown);
+    EXPECT_EQ(host.takeEvents(), (Journal{"FocusHidden", "Click", "KeyDown 34 0", "KeyUp 34 0"}));
+    platform.pressKey(key::down, shift::shift);
+    EXPECT_EQ(host.takeEvents(), (Journal{"KeyDown 40 1", "KeyUp 40 1"}));
+    EXPECT_FALSE(open());
+    platform.pressKey(key::space);
+    EXPECT_EQ(host.takeEvents(),
+              (Journal{"KeyDown 32 0", "MouseDown 1 1 1 1", "MouseUp 1 1 1 1", "Click", "KeyUp 32 0"}));
+    EXPECT_TRUE(open()) << "a press of Space toggles once";
+    platform.pressKey(key::escape);
+    EXPECT_EQ(host.takeEvents(), (Journal{"FocusHidden", "KeyDown 27 0", "KeyUp 27 0"}));
+    EXPECT_FALSE(open());
+    platform.pressKey(key::left);
+    EXPECT_EQ(host.take(), (Journal{"KeyDown 37 0", "offered 9", "KeyUp 37 0"}));
+    // A closed panel leaves Escape to the container first.
+    host.takesKeys = true;
+    platform.pressKey(key::escape);
+    EXPECT_EQ(host.take(), (Journal{"offered 27", "KeyUp 27 0"}));
+}
+
+TEST_F(ButtonPaletteTest, AWalkMovesTheFrameAndChoosesLikeAPressAndRelease) {
+    ASSERT_TRUE(control->focus());
+    show();
+    platform.pressKey(key::home);  // PASTEL RED
+    EXPECT_EQ(host.takeEvents(), (Journal{"KeyDown 36 0", "KeyUp 36 0"}));
+    platform.pressKey(key::right);  // PASTEL COPPER
+    platform.pressKey(key::down);   // BARLEY COPPER
+    platform.pressKey(key::left);   // BARLEY RED
+    platform.pressKey(key::left);   // no further
+    platform.pressKey(key::up);     // PASTEL RED
+    platform.pressKey(key::pageDown);
+    platform.pressKey(key::right);  // EARTH COPPER
+    EXPECT_TRUE(open());
+    host.take();
+    platform.pressKey(key::enter);
+    const std::string colour = colourOf(15);
+    EXPECT_EQ(host.take(), (Journal{"changed ActiveColor", "changed ActiveText", "Change " + colour,
+                                    "FocusHidden", "FocusHidden", "changed ?", "changed Text", "Click",
+                                    "Change " + colour, "KeyDown 13 0", "KeyUp 13 0"}));
+    EXPECT_EQ(text(u"Text"), "EARTH COPPER");
+    // Space chooses too, and its release opens nothing.
+    show();
+    platform.pressKey(key::end);
+    host.take();
+    platform.pressKey(key::space);
+    EXPECT_EQ(text(u"Text"), "BLACK");
+    EXPECT_FALSE(open());
+    EXPECT_EQ(host.takeEvents().back(), "KeyUp 32 0");
+}
+
+TEST_F(ButtonPaletteTest, AWalkReachesTheShadesOfEveryBaseColourAndTheStrip) {
+    put(u"Palette", shades8x4x4);
+    ASSERT_TRUE(control->focus());
+    show();
+    platform.pressKey(key::home);
+    platform.pressKey(key::down);   // ORANGE: its shades replace those of red
+    platform.pressKey(key::right);  // BLUE
+    platform.pressKey(key::right);  // the first column of shades, second row
+    platform.pressKey(key::enter);
+    EXPECT_EQ(text(u"Text"), "LIGHT BLUE");
+    show();
+    int asked = 0;
+    platform.answerColour([&asked](const ColourQuestion&) {
+        ++asked;
+        return std::optional(Rgb::of(1, 2, 3));
+    });
+    platform.pressKey(key::end);
+    platform.pressKey(key::down);
+    host.take();
+    platform.pressKey(key::enter);
+    EXPECT_EQ(asked, 1);
+    EXPECT_EQ(host.takeEvents(),
+              (Journal{"FocusHidden", "ChangeCustom 197121", "KeyDown 13 0", "KeyUp 13 0"}));
+}
+
+TEST_F(ButtonPaletteTest, TheStripAsksForAColourOfOnesOwn) {
+    put(u"Color", OleColour(Rgb::of(10, 20, 30)));
+    show();
+    const PixelPoint strip{panelSize().width / 2, panelSize().height - 17};
+    onPanel(Kind::move, strip, 0);
+    EXPECT_EQ(panel()->cursor(), Cursor::hand);
+    platform.answerColour([](const ColourQuestion& question) {
+        EXPECT_EQ(question.start, Rgb::of(10, 20, 30));
+        EXPECT_TRUE(question.full);
+        return std::optional(Rgb::of(1, 2, 3));
+    });
+    onPanel(Kind::down, strip);
+    EXPECT_EQ(host.take(), (Journal{"FocusHidden", "changed ?", "changed Text", "ChangeCustom 197121"}));
+    EXPECT_EQ(get(u"Color"), Value(OleColour(Rgb::of(1, 2, 3))));
+    EXPECT_EQ(text(u"Text"), "EARTH RED") << "the chosen swatch stays";
+    // Cancelled: everything runs with the colour it started from, be it one by reference.
+    put(u"Color", OleColour(SystemColour::highlight));
+    show();
+    platform.answerColour([](const ColourQuestion&) { return std::optional<Rgb>(); });
+    onPanel(Kind::down, strip);
+    EXPECT_EQ(host.takeEvents(), (Journal{"FocusHidden", "ChangeCustom -2147483635"}));
+    EXPECT_EQ(get(u"Color"), Value(OleColour(SystemColour::highlight)));
+}
+
+TEST_F(ButtonPaletteTest, ColorSetByCodeIsSilentAndIsWhatAReleaseOutsideGoesBackTo) {
+    put(u"Color", OleColour(Rgb::of(9, 8, 7)));
+    EXPECT_EQ(host.take(), (Journal{"changed Color"}));
+    show();
+    onPanel(Kind::down, {1, 1});
+    onPanel(Kind::up, {-1, 1});
+    EXPECT_EQ(host.takeEvents(), (Journal{"FocusHidden", "Change 460809"}));
+}
+
+TEST_F(ButtonPaletteTest, AnotherPaletteWhileOpenResizesThePanelAndKeepsTheNearestColour) {
+    show();
+    const PixelSize before = panelSize();
+    put(u"Palette", 0);
+    EXPECT_TRUE(open());
+    EXPECT_LT(panelSize().width, before.width);
+    EXPECT_EQ(text(u"Text"), "DARK RED");
+    put(u"Palette", 12);
+    EXPECT_EQ(text(u"Palette"), "0") << "no such palette";
+    host.take();
+    pick(cell(0, 0));
+    EXPECT_EQ(text(u"Text"), "RED");
+}
+
+TEST_F(ButtonPaletteTest, WhiteAfterRedKeepsTheShadesOfRed) {
+    put(u"Palette", shades8x4x4);
+    show();
+    onPanel(Kind::down, cell(7, shades8x4x4));  // WHITE: hue 0, as red
+    onPanel(Kind::up, cell(8, shades8x4x4));
+    EXPECT_EQ(text(u"Text"), "BARLEY RED");
+    show();
+    onPanel(Kind::down, cell(3, shades8x4x4));  // GREEN
+    onPanel(Kind::move, cell(7, shades8x4x4));
+    onPanel(Kind::up, cell(9, shades8x4x4));
+    EXPECT_EQ(text(u"Text"), "CHROME") << "after another hue white has greys";
+}
+
+TEST_F(ButtonPaletteTest, LosingTheFocusHidesThePanelAndTellsBothLosses) {
+    ASSERT_TRUE(control->focus());
+    show();
+    platform.setFocus(0);
+    EXPECT_EQ(host.takeEvents(), (Journal{"FocusHidden", "FocusLost", "FocusLost", "MouseUp 1 0 0 0"}));
+    EXPECT_FALSE(open());
+    call(u"UserControl_ExitFocus");
+    EXPECT_EQ(host.takeEvents(), (Journal{"FocusLost", "MouseUp 1 0 0 0"}));
+}
+
+TEST_F(ButtonPaletteTest, EverythingThatTakesThePanelsPlaceHidesIt) {
+    const std::vector<std::pair<const char*, std::function<void()>>> ways{
+        {"the host's window moved", [this] { platform.moveHost(); }},
+        {"the control moved",
+         [this] {
+             control->setBounds({120, 100, 195, 123});
+         }},
+        {"the capture was taken", [this] { platform.stealCapture(); }},
+        {"disabled", [this] { put(u"Enabled", false); }},
+        {"another scale", [this] { platform.setDpi(panel()->id(), Dpi(144)); }},
+    };
+    for (const auto& [name, way] : ways) {
+        put(u"Enabled", true);
+        show();
+        way();
+        EXPECT_EQ(host.takeEvents(), (Journal{"FocusHidden"})) << name;
+        EXPECT_FALSE(open()) << name;
+        EXPECT_EQ(platform.capture(), 0u) << name;
+    }
+    show();
+    control->deactivate();
+    EXPECT_EQ(host.takeEvents(), (Journal{"FocusHidden"}));
+    EXPECT_EQ(platform.windowCount(), 0u);
+    call(u"ShowPopUp");
+    EXPECT_EQ(platform.windowCount(), 0u) << "without a place on the screen there is no panel";
+}
+
+TEST_F(ButtonPaletteTest, HoverIsTrackedWithTheCaptureOnceThePressIsOver) {
+    platform.mouse(surface(), {Kind::move, 0, 0, {5, 5}});
+    EXPECT_EQ(host.takeEvents(), (Journal{"MouseMove 0 0 5 5"})) << "not before the first press has ended";
+    put(u"PopupEnabled", false);
+    platform.click(surface(), {5, 5});
+    host.take();
+    platform.mouse(surface(), {Kind::move, 0, 0, {6, 6}});
+    EXPECT_EQ(host.takeEvents(), (Journal{"MouseOut 0 0 6 6", "MouseMove 0 0 6 6"}));
+    EXPECT_EQ(platform.capture(), surface());
+    EXPECT_EQ(get(u"MousePosn"), Value(true));
+    platform.mouse(surface(), {Kind::move, 0, 0, {75, 23}});
+    EXPECT_EQ(platform.capture(), surface()) << "the far edge is inside";
+    platform.mouse(surface(), {Kind::move, 0, 0, {76, 5}});
+    EXPECT_EQ(platform.capture(), 0u);
+    EXPECT_EQ(get(u"bMOUSEPOSLOC"), Value(false));
+    call(u"UserControlMouseOut", {int16_t{0}, int16_t{0}, 1.0f, 1.0f});
+    EXPECT_EQ(platform.capture(), surface());
+    call(u"UserControl_Click");
+    EXPECT_EQ(platform.capture(), 0u);
+}
+
+TEST_F(ButtonPaletteTest, ADoubleClickPressesOnceMore) {
+    put(u"PopupEnabled", false);
+    platform.click(surface(), {5, 5});
+    host.take();
+    platform.mouse(surface(), {Kind::doubleClick, button::left, 0, {5, 5}});
+    platform.mouse(surface(), {Kind::up, button::left, 0, {5, 5}});
+    EXPECT_EQ(host.takeEvents(),
+              (Journal{"MouseDown 1 0 1 1", "DblClick", "MouseUp 1 0 5 5", "PopUp", "Click"}));
+}
+
+TEST_F(ButtonPaletteTest, ADisabledButtonDoesNothing) {
+    put(u"Enabled", false);
+    host.take();
+    platform.click(surface(), {5, 5});
+    call(u"UserControl_Click");
+    EXPECT_EQ(host.takeEvents(), Journal{});
+    EXPECT_FALSE(control->focus());
+}
+
+TEST_F(ButtonPaletteTest, ThePanelStaysWholeOnTheMonitorAndGoesUpWhenAsked) {
+    put(u"bPOSITIONDEFAULT", false);
+    platform.setWorkAreas({{0, 0, 1280, 800}, {-1024, 0, 0, 768}});
+    control->setBounds({-500, 500, -425, 523});
+    show();
+    const PixelRect up = panel()->bounds();
+    EXPECT_EQ(up.bottom, 500);
+    call(u"HidePopUp");
+    control->setBounds({-80, 740, -5, 763});
+    put(u"bPOSITIONDEFAULT", true);
+    show();
+    EXPECT_EQ(panel()->bounds(), (PixelRect{-up.width(), 740 - up.height(), 0, 740}));
+}
+
+TEST_F(ButtonPaletteTest, ThePanelScalesInWholePixelsWithEqualCells) {
+    platform.appearance().setDpi(Dpi(168));
+    control->deactivate();
+    activate({100, 100, 231, 140});
+    show();
+    const headless::RecordingCanvas drawn = panel()->paint();
+    ColourPalette cells(enQUILLPalette::QP24X8);
+    cells.setScale(Dpi(168));
+    for (const PaletteCell& each : cells.baseCells()) {
+        EXPECT_EQ(each.rect.width(), 21);
+        EXPECT_EQ(each.rect.height(), 21);
+        EXPECT_EQ(drawn.colourAt({each.rect.left + 10, each.rect.top + 10}), each.Color)
+            << toUtf8(each.Name());
+    }
+    EXPECT_EQ(cells.baseCells()[0].rect.left, 11);  // 10.5 pixels, rounded
+    pick({cells.baseCells()[8].rect.left, cells.baseCells()[8].rect.top});
+    EXPECT_EQ(text(u"Text"), "PASTEL COPPER");
+}
+
+TEST_F(ButtonPaletteTest, SwatchesAreNamedInToolTipsAndForScreenReaders) {
+    show();
+    onPanel(Kind::move, cell(8), 0);
+    EXPECT_EQ(panel()->toolTip(), u"PASTEL COPPER");
+    const auto items = panel()->surfaceClient().accessibleItems();
+    ASSERT_EQ(items.size(), 1u + 192u + 1u);
+    EXPECT_EQ(items[9].name, u"PASTEL COPPER");
+    EXPECT_EQ(items.back().name, u"More colors");
+    const auto own = platform.surface(surface())->surfaceClient().accessibleItems();
+    EXPECT_EQ(own[0].role, AccessibleItem::Role::button);
+    EXPECT_EQ(own[0].name, u"Button");
+    EXPECT_EQ(own[0].value, u"EARTH RED");
+}
+
+TEST_F(ButtonPaletteTest, TheHoverFrameAndTheChosenSwatchAreDrawnApart) {
+    show();
+    onPanel(Kind::move, cell(8), 0);
+    const headless::RecordingCanvas drawn = panel()->paint();
+    ColourPalette cells(enQUILLPalette::QP24X8);
+    const PixelRect hovered = cells.baseCells()[8].rect;
+    const PixelRect chosen = cells.baseCells()[7].rect;  // EARTH RED
+    const auto system = [this](SystemColour index) {
+        return *platform.appearance().systemColour(static_cast<uint8_t>(index));
+    };
+    EXPECT_EQ(drawn.colourAt({hovered.left - 1, hovered.top + 5}), system(SystemColour::highlight));
+    EXPECT_EQ(drawn.colourAt({chosen.left - 1, chosen.top + 5}), system(SystemColour::windowText));
+    EXPECT_EQ(drawn.colourAt({hovered.right, hovered.top + 5}), system(SystemColour::highlight));
+}
+
+TEST_F(ButtonPaletteTest, ACustomBackgroundShowsUntilTheFirstRepaint) {
+    const OleColour pink = Rgb::of(250, 200, 210);
+    put(u"BackColor", pink);
+    put(u"BackcolorCustom", true);
+    MemoryBag bag;
+    control->save(bag);
+    control->load(bag);
+    const auto ground = [this] { return platform.surface(surface())->paint().colourAt({50, 3}); };
+    EXPECT_EQ(ground(), Rgb::of(250, 200, 210));
+    call(u"SetTheme");
+    EXPECT_EQ(ground(), Rgb::of(240, 240, 240));
+    EXPECT_EQ(get(u"BackColor"), Value(pink));
+    put(u"BackcolorCustom", false);
+    call(u"SetTheme");
+    EXPECT_EQ(ground(), Rgb::of(250, 200, 210));
+}
+
+TEST_F(ButtonPaletteTest, TheAsymmetriesOfStoredFormsAreKept) {
+    put(u"MaskHLightColor", OleColour(Rgb::of(255, 0, 255)));
+    put(u"Caption", Text(u"Ink"));
+    EXPECT_EQ(host.take(), (Journal{"changed MaskHLightColor", "changed Text"}));
+    put(u"PictureVisible", true);
+    put(u"Color", OleColour(Rgb::of(1, 2, 3)));
+    EXPECT_EQ(host.take(), (Journal{"changed PictureVisible", "changed Color"}));
+    MemoryBag bag;
+    control->save(bag);
+    EXPECT_EQ(bag.read(u"MASKHLIGHT", ValueType::colour), Value(OleColour(Rgb::of(255, 0, 255))));
+    EXPECT_EQ(bag.read(u"TEXT", ValueType::text), Value(Text(u"Ink")));
+    EXPECT_EQ(bag.read(u"SHOWPICTURE", ValueType::boolean), Value(true));
+    EXPECT_EQ(bag.read(u"SELECTEDCOLOR", ValueType::colour), Value(OleColour(Rgb::of(1, 2, 3))));
+    control->load(bag);
+    EXPECT_EQ(get(u"MaskHLightColor"), Value(OleColour(SystemColour::buttonFace)));
+    EXPECT_EQ(text(u"Caption"), "Ink");
+    EXPECT_EQ(get(u"Color"), Value(OleColour(Rgb::of(1, 2, 3))));
+    bag = {};
+    bag.write(u"TOOLTIP", Text(u"Choose an ink"));
+    control->load(bag);
+    EXPECT_EQ(text(u"Caption"), "Button");
+    EXPECT_EQ(get(u"BackColor"), Value(OleColour(Rgb::of(240, 240, 240))));
+    platform.mouse(surface(), {Kind::move, 0, 0, {5, 5}});
+    EXPECT_EQ(platform.surface(surface())->toolTip(), u"Choose an ink");
+}
+
+TEST_F(ButtonPaletteTest, MaskedPixelsOfAPictureAreLeftOut) {
+    const auto picture =
+        std::make_shared<SharedPicture>(PixelSize{2, 1}, std::vector<uint32_t>{0xFFFF00FFu, 0xFF112233u});
+    put(u"Picture", picture);
+    put(u"PictureVisible", true);
+    put(u"MaskHLightColor", OleColour(Rgb::of(255, 0, 255)));
+    const auto pictures = [this] {
+        const auto items = platform.surface(surface())->paint().items();
+        return std::count_if(items.begin(), items.end(), [](const auto& item) {
+            return item.kind == headless::DrawnItem::Kind::picture;
+        });
+    };
+    EXPECT_EQ(pictures(), 1);
+    put(u"PictureVisible", false);
+    EXPECT_EQ(pictures(), 0);
+    EXPECT_EQ(get(u"Picture"), Value(PictureRef(picture))) << "the host's own picture stays what it was";
+}
+
+// The host takes the control away, or does other things, inside each of the events of a pick.
+class ReentryTest : public ButtonPaletteTest, public testing::WithParamInterface<const char*> {};
+
+INSTANTIATE_TEST_SUITE_P(Inside, ReentryTest,
+                         testing::Values("Change", "Click", "FocusHidden", "MouseOut", "FocusLost", "MouseUp",
+                                         "MouseDown", "KeyDown", "ChangeCustom"),
+                         [](const auto& row) { return std::string(row.param); });
+
+TEST_P(ReentryTest, TheHostMayLetGoOfTheControl) {
+    platform.answerColour([](const ColourQuestion&) { return std::optional(Rgb{1}); });
+    host.on[GetParam()] = [this](std::span<Value>) {
+        if (control) release();
+    };
+    const auto step = [this](const std::function<void()>& what) {
+        if (control) what();
+    };
+    step([this] { control->focus(); });
+    step([this] { platform.click(surface(), {5, 5}); });
+    step([this] {
+        if (open()) pick(cell(8));
+    });
+    step([this] { platform.mouse(surface(), {Kind::move, 0, 0, {6, 6}}); });
+    step([this] { call(u"ShowPopUp"); });
+    step([this] {
+        if (open()) onPanel(Kind::down, {panelSize().width / 2, panelSize().height - 17});
+    });
+    step([this] { platform.pressKey(key::down); });
+    step([this] { platform.pressKey(key::home); });
+    step([this] { platform.pressKey(key::space); });
+    step([this] { platform.setFocus(0); });
+    EXPECT_EQ(control, nullptr);
+    EXPECT_EQ(platform.windowCount(), 0u);
+    EXPECT_EQ(platform.capture(), 0u);
+}
+
+TEST_P(ReentryTest, TheHostMayChangeThePaletteHideThePanelAndCloseTheWindow) {
+    for (const bool closes : {false, true}) {
+        if (!control->active()) activate({100, 100, 175, 123});
+        int depth = 0;
+        host.on[GetParam()] = [&](std::span<Value>) {
+            if (++depth > 3) return;
+            put(u"Palette", depth % 2 == 0 ? 11 : 6);
+            call(u"ShowPopUp");
+            call(u"HidePopUp");
+            put(u"Color", OleColour(Rgb{0x112233}));
+            if (closes) control->deactivate();
+        };
+        control->focus();
+        platform.click(surface(), {5, 5});
+        if (open()) pick(cell(8));
+        if (control->active()) platform.mouse(surface(), {Kind::move, 0, 0, {6, 6}});
+        call(u"ShowPopUp");
+        if (open()) onPanel(Kind::down, cell(8));
+        if (open()) onPanel(Kind::move, cell(9));
+        if (open()) onPanel(Kind::up, cell(9));
+        platform.pressKey(key::down);
+        platform.setFocus(0);
+        call(u"HidePopUp");
+        EXPECT_FALSE(open());
+        EXPECT_TRUE(platform.capture() == 0 || platform.capture() == surface());
+        host.on.clear();
+        control->deactivate();
+    }
+}
+
+TEST_F(ButtonPaletteTest, EveryButtonTypeLooksTheSame) {
+    const auto drawn = [this] {
+        const auto canvas = platform.surface(surface())->paint();
+        std::vector<std::pair<int, PixelRect>> parts;
+        for (const auto& item : canvas.items()) parts.emplace_back(static_cast<int>(item.kind), item.rect);
+        return parts;
+    };
+    const auto first = drawn();
+    EXPECT_FALSE(first.empty());
+    for (int32_t type = 2; type <= 14; ++type) {
+        put(u"ButtonType", type);
+        EXPECT_EQ(drawn(), first) << type;
+        EXPECT_EQ(get(u"ButtonType"), Value(type));
+    }
+}
+
+}  // namespace
+}  // namespace obk::test

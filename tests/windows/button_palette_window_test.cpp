@@ -1,0 +1,354 @@
+// The colour button as a person meets it: real keys and presses in our own container, its panel a window of
+// its own.
+#include "palette/colour_palette.h"
+#include "person_support.h"
+#include "resource_count.h"
+#include "server_support.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <optional>
+
+namespace obk {
+namespace {
+
+using namespace testing_support;
+using container::Variant;
+
+// The panel is the only tool window that belongs to the form and answers to no tool tip class.
+BOOL CALLBACK findPanel(HWND window, LPARAM found) {
+    wchar_t className[64]{};
+    GetClassNameW(window, className, 64);
+    if (GetWindow(window, GW_OWNER) && IsWindowVisible(window) &&
+        (GetWindowLongW(window, GWL_EXSTYLE) & WS_EX_TOOLWINDOW) && !wcsstr(className, L"tooltips"))
+        *reinterpret_cast<HWND*>(found) = window;
+    return TRUE;
+}
+
+HWND openPanel() {
+    HWND found = nullptr;
+    EnumThreadWindows(GetCurrentThreadId(), findPanel, reinterpret_cast<LPARAM>(&found));
+    return found;
+}
+
+RECT windowRect(HWND window) {
+    RECT rect{};
+    GetWindowRect(window, &rect);
+    return rect;
+}
+
+// The middle of a base cell.
+POINT cellAt(size_t index, enQUILLPalette palette = enQUILLPalette::QP24X8) {
+    const ColourPalette cells(palette);
+    const PixelRect rect = cells.baseCells()[index].rect;
+    return {(rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2};
+}
+
+long colourOf(size_t index) {
+    return static_cast<long>(ColourPalette(enQUILLPalette::QP24X8).baseCells()[index].Color.value);
+}
+
+// Answers the system's colour chooser as soon as it shows, while it runs its own loop.
+class ChooserAnswer {
+public:
+    explicit ChooserAnswer(std::optional<COLORREF> colour) : colour_(colour) {
+        current = this;
+        timer_ = SetTimer(nullptr, 0, 50, tick);
+    }
+    ~ChooserAnswer() {
+        KillTimer(nullptr, timer_);
+        current = nullptr;
+    }
+    int seen() const { return seen_; }
+
+private:
+    static inline ChooserAnswer* current = nullptr;
+    static void CALLBACK tick(HWND, UINT, UINT_PTR, DWORD) {
+        const HWND dialog = FindWindowW(L"#32770", L"Custom");
+        if (!current || !dialog || !IsWindowVisible(dialog)) return;
+        ++current->seen_;
+        if (current->colour_) {
+            constexpr int redField = 706;  // COLOR_RED; green and blue follow
+            SetDlgItemInt(dialog, redField, GetRValue(*current->colour_), FALSE);
+            SetDlgItemInt(dialog, redField + 1, GetGValue(*current->colour_), FALSE);
+            SetDlgItemInt(dialog, redField + 2, GetBValue(*current->colour_), FALSE);
+        }
+        PostMessageW(dialog, WM_COMMAND, current->colour_ ? IDOK : IDCANCEL, 0);
+    }
+
+    std::optional<COLORREF> colour_;
+    UINT_PTR timer_ = 0;
+    int seen_ = 0;
+};
+
+class ButtonPaletteWindow : public ::testing::Test {
+protected:
+    ButtonPaletteWindow() {
+        hosted.activate({10, 10, 85, 33});
+        other = hosted.window.addEdit(270);
+        hosted.form.add(other);
+    }
+    container::Dispatch object() const { return hosted.object(); }
+    HWND button() const { return hosted.site.window(); }
+    long colour() const { return object().value(L"Color").toLong().value_or(-1); }
+    // Without those of the mouse's way, which the system reports as often as it likes.
+    std::wstring takeEvents() {
+        std::wstring names;
+        for (const auto& record : hosted.site.events().journal()) {
+            if (record.name == L"MouseMove" || record.name == L"MouseOut") continue;
+            names += (names.empty() ? L"" : L" ") + record.name;
+        }
+        hosted.site.events().clearJournal();
+        return names;
+    }
+    HWND open() {
+        object().call(L"ShowPopUp");
+        hosted.loop.pumpPending();
+        takeEvents();
+        return openPanel();
+    }
+    void placeForm(int x, int y) {
+        SetWindowPos(hosted.window.handle(), nullptr, x, y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+        hosted.loop.pumpPending();
+    }
+
+    HostedControl hosted{L"ButtonPalette"};
+    HWND other = nullptr;
+    Person person{hosted.loop, hosted.window.handle()};
+};
+
+TEST_F(ButtonPaletteWindow, AClickDropsThePanelAndAPressAndReleaseChooses) {
+    person.click(button(), 20, 10);
+    const HWND panel = openPanel();
+    ASSERT_TRUE(panel);
+    EXPECT_EQ(takeEvents(), L"MouseDown MouseUp Click");
+    EXPECT_EQ(GetCapture(), panel);
+    EXPECT_EQ(GetFocus(), button()) << "the panel never takes the focus";
+    EXPECT_EQ(windowRect(panel).left, windowRect(button()).left);
+    EXPECT_EQ(windowRect(panel).top, windowRect(button()).bottom);
+    const POINT at = cellAt(8);
+    person.moveTo(panel, at.x, at.y);
+    EXPECT_EQ(takeEvents(), L"");
+    person.press();
+    EXPECT_EQ(takeEvents(), L"Change");
+    EXPECT_EQ(GetCapture(), panel);
+    person.release();
+    EXPECT_EQ(takeEvents(), L"FocusHidden FocusHidden Click Change");
+    EXPECT_FALSE(openPanel());
+    EXPECT_EQ(GetCapture(), nullptr);
+    EXPECT_EQ(colour(), colourOf(8));
+}
+
+TEST_F(ButtonPaletteWindow, ADragTellsEachSwatchAndAReleaseOutsideGoesBack) {
+    const HWND panel = open();
+    ASSERT_TRUE(panel);
+    const long before = colour();
+    person.moveTo(panel, cellAt(8).x, cellAt(8).y);
+    person.press();
+    person.moveTo(panel, cellAt(20).x, cellAt(20).y);
+    person.moveTo(panel, cellAt(40).x, cellAt(40).y);
+    EXPECT_EQ(takeEvents(), L"Change Change Change");
+    const RECT area = windowRect(panel);
+    person.moveTo(panel, area.right - area.left + 20, 30);
+    person.release();
+    EXPECT_EQ(takeEvents(), L"FocusHidden Change");
+    EXPECT_EQ(colour(), before);
+    EXPECT_EQ(GetCapture(), nullptr);
+}
+
+TEST_F(ButtonPaletteWindow, APressElsewhereOnlyCloses) {
+    ASSERT_TRUE(person.waitFor([&] { return SetFocus(button()) != nullptr || GetFocus() == button(); }));
+    ASSERT_TRUE(open());
+    person.moveTo(other, 5, 5);
+    person.press();
+    EXPECT_FALSE(openPanel());
+    EXPECT_EQ(GetCapture(), nullptr);
+    EXPECT_EQ(takeEvents(), L"FocusHidden FocusHidden") << "below the top of the strip, too";
+    person.release();
+    // A second press on the button closes as well, and opens nothing.
+    ASSERT_TRUE(open());
+    person.click(button(), 20, 10);
+    EXPECT_FALSE(openPanel());
+    EXPECT_EQ(takeEvents(), L"FocusHidden MouseUp");
+}
+
+TEST_F(ButtonPaletteWindow, ThePanelStaysWholeOnTheScreenAtEveryEdge) {
+    RECT work{};
+    SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0);
+    const RECT form = windowRect(hosted.window.handle());
+    const int width = form.right - form.left;
+    const int height = form.bottom - form.top;
+    const POINT places[] = {{work.left, work.top},
+                            {work.right - 60, work.top + 40},
+                            {work.left - 40, work.bottom - 60},
+                            {work.right - 60, work.bottom - 40},
+                            {(work.right - width) / 2, work.bottom - height / 2}};
+    for (const POINT& place : places) {
+        placeForm(place.x, place.y);
+        const HWND panel = open();
+        ASSERT_TRUE(panel) << place.x << "," << place.y;
+        const RECT area = windowRect(panel);
+        const RECT anchor = windowRect(button());
+        EXPECT_TRUE(area.left >= work.left && area.top >= work.top && area.right <= work.right &&
+                    area.bottom <= work.bottom)
+            << place.x << "," << place.y;
+        RECT overlap{};
+        EXPECT_FALSE(IntersectRect(&overlap, &area, &anchor)) << place.x << "," << place.y;
+        object().call(L"HidePopUp");
+    }
+}
+
+TEST_F(ButtonPaletteWindow, TheKeyboardDoesWhatTheMouseDoes) {
+    person.click(button(), 20, 10);
+    person.click(button(), 20, 10);
+    takeEvents();
+    ASSERT_EQ(GetFocus(), button());
+    person.moveTo(other, 5, 5);  // no hover to track
+    person.key(VK_DOWN);
+    EXPECT_EQ(takeEvents(), L"Click KeyDown KeyUp");
+    ASSERT_TRUE(openPanel());
+    person.key(VK_HOME);
+    person.key(VK_RIGHT);
+    person.key(VK_RETURN);
+    EXPECT_EQ(takeEvents(),
+              L"KeyDown KeyUp KeyDown KeyUp Change FocusHidden FocusHidden Click Change KeyDown KeyUp");
+    EXPECT_EQ(colour(), colourOf(8));
+    person.key(VK_SPACE);
+    EXPECT_TRUE(openPanel());
+    person.key(VK_ESCAPE);
+    EXPECT_FALSE(openPanel());
+    EXPECT_EQ(GetCapture(), nullptr);
+    takeEvents();
+    // Left leaves the button backwards, as Shift+Tab does.
+    person.key(VK_LEFT);
+    EXPECT_TRUE(person.waitFor([&] { return GetFocus() == other; }));
+    EXPECT_EQ(takeEvents(), L"KeyDown FocusLost FocusLost MouseUp");
+}
+
+TEST_F(ButtonPaletteWindow, WhatTakesItsPlaceClosesThePanel) {
+    const std::pair<const char*, std::function<void()>> ways[] = {
+        {"the focus goes elsewhere", [&] { SetFocus(other); }},
+        {"the form moves", [&] { placeForm(60, 60); }},
+        {"the form is minimised", [&] { ShowWindow(hosted.window.handle(), SW_MINIMIZE); }},
+        {"the form is hidden", [&] { ShowWindow(hosted.window.handle(), SW_HIDE); }},
+        {"another window takes the capture", [&] { SetCapture(hosted.window.handle()); }},
+    };
+    for (const auto& [name, way] : ways) {
+        ShowWindow(hosted.window.handle(), SW_SHOWNORMAL);
+        hosted.loop.pumpPending();
+        SetFocus(button());
+        ASSERT_TRUE(open()) << name;
+        way();
+        hosted.loop.pumpPending();
+        EXPECT_FALSE(openPanel()) << name;
+        const std::wstring events = takeEvents();
+        EXPECT_EQ(events.find(L"FocusHidden"), 0u) << name;
+        EXPECT_NE(GetCapture(), button()) << name;
+        if (GetCapture()) ReleaseCapture();
+    }
+}
+
+TEST_F(ButtonPaletteWindow, TheStripOpensTheSystemsChooser) {
+    const auto pressStrip = [&](HWND panel) {
+        const RECT area = windowRect(panel);
+        person.moveTo(panel, (area.right - area.left) / 2, area.bottom - area.top - 17);
+        person.press();
+        INPUT up{};
+        up.type = INPUT_MOUSE;
+        up.mi.dwFlags = MOUSEEVENTF_LEFTUP;
+        SendInput(1, &up, sizeof up);
+        hosted.loop.pumpPending();
+    };
+    object().put(L"Color", 0x00302010L);
+    HWND panel = open();
+    ASSERT_TRUE(panel);
+    {
+        const ChooserAnswer answer(RGB(1, 2, 3));
+        pressStrip(panel);
+        EXPECT_GE(answer.seen(), 1);
+    }
+    EXPECT_EQ(takeEvents(), L"FocusHidden ChangeCustom");
+    EXPECT_EQ(colour(), 0x00030201L);
+    panel = open();
+    ASSERT_TRUE(panel);
+    {
+        const ChooserAnswer answer(std::nullopt);
+        pressStrip(panel);
+        EXPECT_GE(answer.seen(), 1);
+    }
+    EXPECT_EQ(takeEvents(), L"FocusHidden ChangeCustom") << "cancelled: with the colour it started from";
+    EXPECT_EQ(colour(), 0x00030201L);
+    EXPECT_EQ(GetCapture(), nullptr);
+}
+
+TEST_F(ButtonPaletteWindow, TwoButtonsOpenedOneAfterTheOtherDoNotDisturbEachOther) {
+    container::ControlSite second(hosted.form, {});
+    hosted.form.add(second);
+    ASSERT_EQ(second.adopt(hosted.server.create(L"ButtonPalette"), {}), S_OK);
+    ASSERT_EQ(second.activate({200, 10, 275, 33}), S_OK);
+    ASSERT_TRUE(open());
+    second.object().call(L"ShowPopUp");
+    hosted.loop.pumpPending();
+    EXPECT_EQ(takeEvents(), L"FocusHidden");
+    const HWND panel = openPanel();
+    ASSERT_TRUE(panel);
+    EXPECT_EQ(windowRect(panel).left, windowRect(second.window()).left);
+    EXPECT_EQ(GetCapture(), panel);
+    second.close();
+    EXPECT_EQ(GetCapture(), nullptr);
+}
+
+TEST_F(ButtonPaletteWindow, AHostLetsGoOfTheControlInsideEveryEvent) {
+    for (const wchar_t* event : {L"Change", L"Click", L"FocusHidden", L"MouseOut", L"MouseDown", L"MouseUp",
+                                 L"FocusLost", L"KeyDown", L"ChangeCustom"}) {
+        const ChooserAnswer answer(RGB(9, 9, 9));
+        HostedControl doomed(L"ButtonPalette");
+        const HWND field = doomed.window.addEdit(270);
+        doomed.activate({10, 10, 85, 33});
+        doomed.site.events().on(event, [&](container::EventCall&) { doomed.site.close(); });
+        Person someone(doomed.loop, doomed.window.handle());
+        const HWND face = doomed.site.window();
+        const auto alive = [&] { return IsWindow(face) != FALSE; };
+        const auto pressPanel = [&](POINT at) {
+            if (const HWND panel = alive() ? openPanel() : nullptr) someone.click(panel, at.x, at.y);
+        };
+        someone.click(face, 20, 10);
+        pressPanel(cellAt(8));
+        if (alive()) someone.moveTo(face, 22, 12);
+        if (alive()) doomed.object().call(L"ShowPopUp");
+        if (const HWND panel = alive() ? openPanel() : nullptr) {
+            const RECT area = windowRect(panel);
+            pressPanel({(area.right - area.left) / 2, area.bottom - area.top - 17});
+        }
+        if (alive()) SetForegroundWindow(doomed.window.handle());
+        if (alive()) SetFocus(face);
+        if (alive()) someone.key(VK_DOWN);
+        if (alive()) SetFocus(field);
+        doomed.loop.pumpPending();
+        EXPECT_FALSE(alive()) << event;
+        EXPECT_FALSE(openPanel()) << event;
+        EXPECT_EQ(GetCapture(), nullptr) << event;
+    }
+}
+
+TEST(ButtonPaletteResources, OpeningAndClosingLeavesNothing) {
+    const auto cycle = [] {
+        HostedControl hosted(L"ButtonPalette");
+        hosted.activate({10, 10, 85, 33});
+        for (int palette = 0; palette < 12; ++palette) {
+            hosted.object().put(L"Palette", static_cast<long>(palette));
+            hosted.object().call(L"ShowPopUp");
+            hosted.loop.pumpPending();
+            EXPECT_TRUE(openPanel());
+            if (palette % 2) hosted.object().call(L"HidePopUp");
+        }
+    };
+    cycle();
+    const ResourceCount before = ResourceCount::now();
+    for (int i = 0; i < 10; ++i) cycle();
+    EXPECT_EQ(ResourceCount::now(), before);
+}
+
+}  // namespace
+}  // namespace obk
