@@ -1,5 +1,7 @@
 #include "widgets/surface.h"
 
+#include <utility>
+
 namespace obk {
 
 Surface::Surface(Container& root, SurfaceOwner& owner) : root_(root), owner_(owner) {}
@@ -31,6 +33,7 @@ void Surface::close() {
     captured_ = nullptr;
     hovered_ = nullptr;
     holding_ = false;
+    resting_ = false;
     root_.setSurface(nullptr);
     const auto going = std::move(peer_);
     owner_.focusLeft();
@@ -68,8 +71,22 @@ void Surface::holdCapture() {
 
 void Surface::endCapture() {
     holding_ = false;
+    resting_ = false;
     captured_ = nullptr;
     if (peer_ && peer_->hasCapture()) peer_->releaseCapture();
+}
+
+std::optional<size_t> Surface::chooseFromMenu(std::span<const MenuItem> items, const PixelRect& beside) {
+    if (!peer_) return std::nullopt;
+    const bool held = holding_;
+    endCapture();
+    resting_ = held;
+    const PixelPoint origin = peer_->toScreen({0, 0});
+    const auto chosen =
+        root_.platform().chooseFromMenu(peer_->window(), items, beside.moved(origin.x, origin.y));
+    // Whoever closed or hid the surface meanwhile has ended the capture for good.
+    if (std::exchange(resting_, false)) holdCapture();
+    return chosen;
 }
 
 void Surface::forget(const Widget& widget) {
@@ -118,6 +135,15 @@ bool Surface::wheel(const WheelEvent& event) {
     Widget* target = captured_ ? captured_ : root_.hitTest(event.at);
     for (; target; target = target->parent()) {
         if (target->enabled() && target->wheel(event)) return true;
+    }
+    return false;
+}
+
+bool Surface::contextMenu(std::optional<PixelPoint> at) {
+    for (Widget* target = at ? root_.hitTest(*at) : nullptr; target; target = target->parent()) {
+        const PixelRect place = target->pixelBounds();
+        if (target->enabled() && target->contextMenu(PixelPoint{at->x - place.left, at->y - place.top}))
+            return true;
     }
     return false;
 }

@@ -57,6 +57,9 @@ public:
     void holdCapture();
     void endCapture();
     bool holdsCapture() const { return holding_; }
+    // A menu of the system beside a rectangle of this surface; see Platform::chooseFromMenu. A capture that
+    // is held rests meanwhile and is not reported as lost.
+    std::optional<size_t> chooseFromMenu(std::span<const MenuItem> items, const PixelRect& beside);
     // A widget is about to go.
     void forget(const Widget& widget);
 
@@ -71,6 +74,7 @@ private:
     std::shared_ptr<void> keepAlive() override;
     void mouse(const MouseEvent& event) override;
     bool wheel(const WheelEvent& event) override;
+    bool contextMenu(std::optional<PixelPoint> at) override;
     void keyDown(KeyEvent& event) override { owner_.surfaceKeyDown(event); }
     void keyUp(KeyEvent& event) override { owner_.surfaceKeyUp(event); }
     int16_t keyPress(int16_t character) override { return owner_.surfaceKeyPress(character); }
@@ -93,6 +97,7 @@ private:
     Widget* captured_ = nullptr;
     Widget* hovered_ = nullptr;
     bool holding_ = false;
+    bool resting_ = false;  // the held capture, while a menu is open
     bool placed_ = false;
 };
 

@@ -8,6 +8,7 @@
 #include "widgets/platform.h"
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace obk {
@@ -57,6 +58,8 @@ public:
     // Coordinates are relative to this widget.
     virtual void mouse(const MouseEvent& event);
     virtual bool wheel(const WheelEvent& event);
+    // A menu is asked for; the point is none when it was the keyboard. Whether one was shown.
+    virtual bool contextMenu(std::optional<PixelPoint>) { return false; }
     virtual void captureLost() {}
     // A window appeared or goes; what must be kept is taken over first.
     virtual void attach(SurfacePeer& peer);

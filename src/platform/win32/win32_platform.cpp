@@ -1,6 +1,7 @@
 #include "platform/win32/win32_platform.h"
 
 #include "platform/win32/display.h"
+#include "platform/win32/pop_up_menu.h"
 #include "platform/win32/surface_window.h"
 #include "platform/win32/text_box_window.h"
 
@@ -135,6 +136,11 @@ std::unique_ptr<SurfacePeer> Win32Platform::createSurface(SurfaceClient& client,
 
 std::optional<Rgb> Win32Platform::chooseColour(NativeWindow owner, const ColourQuestion& question) {
     return colourChooser_.choose(reinterpret_cast<HWND>(owner), question);
+}
+
+std::optional<size_t> Win32Platform::chooseFromMenu(NativeWindow owner, std::span<const MenuItem> items,
+                                                    const PixelRect& beside) {
+    return win32::chooseFromMenu(reinterpret_cast<HWND>(owner), items, beside);
 }
 
 }  // namespace obk::win32
