@@ -124,6 +124,9 @@ public:
     // without a choice or could not be shown. It takes the mouse capture, and anything may happen meanwhile.
     virtual std::optional<size_t> chooseFromMenu(NativeWindow owner, std::span<const MenuItem> items,
                                                  const PixelRect& beside) = 0;
+    // Puts a text on the clipboard in place of what is there. False, and nothing changed, when another
+    // program holds it.
+    virtual bool putOnClipboard(NativeWindow owner, TextView text) = 0;
 };
 
 }  // namespace obk

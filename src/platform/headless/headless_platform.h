@@ -31,6 +31,10 @@ public:
     std::optional<Rgb> chooseColour(NativeWindow owner, const ColourQuestion& question) override;
     std::optional<size_t> chooseFromMenu(NativeWindow owner, std::span<const MenuItem> items,
                                          const PixelRect& beside) override;
+    bool putOnClipboard(NativeWindow, TextView text) override {
+        clipboard_ = text;
+        return true;
+    }
 
     // What a person does. Keys go to the focused window; characters too, each with its key going down and up.
     void pressKey(int16_t code, int16_t shift = 0);

@@ -22,6 +22,11 @@ struct MenuDeleter {
 };
 using UniqueMenu = std::unique_ptr<std::remove_pointer_t<HMENU>, MenuDeleter>;
 
+struct GlobalMemoryDeleter {
+    void operator()(void* memory) const { GlobalFree(memory); }
+};
+using UniqueGlobalMemory = std::unique_ptr<void, GlobalMemoryDeleter>;
+
 // A device context in memory.
 struct MemoryDcDeleter {
     void operator()(HDC dc) const { DeleteDC(dc); }
