@@ -31,6 +31,7 @@ public:
 private:
     Meanings meanings_;
     std::vector<char> bytes_;
+    bool ascii_ = true;  // its first half is the usual one
 };
 
 }  // namespace obk

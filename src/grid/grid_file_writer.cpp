@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cstring>
 
 namespace obk {
 
@@ -27,9 +28,18 @@ void GridFileWriter::writeHeader(int32_t cols, TextView caption) noexcept {
 }
 
 void GridFileWriter::writeValue(TextView text) noexcept {
-    append(lineStart);
-    append(text);
-    append(lineEnd);
+    if (text.size() + lineStart.size() + lineEnd.size() > bufferSize - used_) {
+        append(lineStart);
+        append(text);
+        append(lineEnd);
+        return;
+    }
+    // The same, for all values but one in some thousand.
+    char* const line = buffer_.data() + used_;
+    line[0] = lineStart[0];
+    page_.encode(text, line + 1);
+    std::memcpy(line + 1 + text.size(), lineEnd.data(), lineEnd.size());
+    used_ += lineStart.size() + text.size() + lineEnd.size();
 }
 
 bool GridFileWriter::close() {

@@ -11,8 +11,8 @@ namespace obk {
 
 class GridFileWriter {
 public:
-    // Takes all its memory before it touches the file; nothing after that throws. `busy` is borrowed, and so is
-    // the code page of `files`.
+    // Takes all its memory before it touches the file; nothing after that throws. `busy` is borrowed, and so
+    // is the code page of `files`.
     GridFileWriter(FileSystem& files, TextView path, BusySign& busy);
 
     // Whether there is a file and everything has gone into it so far; what is written afterwards is lost.
