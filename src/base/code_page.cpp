@@ -1,15 +1,35 @@
 #include "base/code_page.h"
 
+#include <algorithm>
 #include <bit>
 #include <cstring>
 #include <iterator>
 
 namespace obk {
 
+namespace {
+
+constexpr size_t plainStep = sizeof(uint64_t) / sizeof(char16_t);
+
+// That many units at once; false, and nothing written, when one of them is beyond ASCII.
+bool encodePlain(const char16_t* from, char* into) {
+    constexpr uint64_t beyondAscii = 0xFF80FF80FF80FF80u;
+    uint64_t units = 0;
+    std::memcpy(&units, from, sizeof units);
+    if ((units & beyondAscii) != 0) return false;
+    units = (units | units >> 8) & 0x0000FFFF0000FFFFu;
+    const auto bytes = static_cast<uint32_t>(units | units >> 16);
+    std::memcpy(into, &bytes, sizeof bytes);
+    return true;
+}
+
+}  // namespace
+
 CodePage::CodePage(const Meanings& meanings) : meanings_(meanings), bytes_(0x10000, '?') {
     for (size_t byte = meanings.size(); byte-- > 0;) bytes_[meanings[byte]] = static_cast<char>(byte);
     constexpr size_t asciiCount = 0x80;
-    for (size_t byte = 0; byte < asciiCount; ++byte) ascii_ = ascii_ && meanings[byte] == byte;
+    plainAscii_ = std::endian::native == std::endian::little;
+    for (size_t byte = 0; byte < asciiCount; ++byte) plainAscii_ = plainAscii_ && meanings[byte] == byte;
 }
 
 const CodePage& CodePage::windows1252() {
@@ -35,21 +55,16 @@ void CodePage::decode(std::string_view bytes, Text& onto) const {
 }
 
 void CodePage::encode(TextView text, char* into) const {
-    // Four units at a time, as long as they are plain letters: nearly every text is of nothing else.
-    constexpr size_t step = sizeof(uint64_t) / sizeof(char16_t);
-    constexpr uint64_t beyondAscii = 0xFF80FF80FF80FF80u;
-    const char16_t* from = text.data();
-    const char16_t* const end = from + text.size();
-    if (ascii_ && std::endian::native == std::endian::little) {
-        for (uint64_t units; static_cast<size_t>(end - from) >= step; from += step, into += step) {
-            std::memcpy(&units, from, sizeof units);
-            if ((units & beyondAscii) != 0) break;
-            units = (units | units >> 8) & 0x0000FFFF0000FFFFu;
-            const auto bytes = static_cast<uint32_t>(units | units >> 16);
-            std::memcpy(into, &bytes, sizeof bytes);
-        }
+    // Nearly every text is of plain letters only. The last ones are taken together with some that went
+    // before.
+    size_t at = 0;
+    if (plainAscii_ && text.size() >= plainStep) {
+        const size_t last = text.size() - plainStep;
+        while (at < last && encodePlain(text.data() + at, into + at)) at += plainStep;
+        if (at >= last && encodePlain(text.data() + last, into + last)) return;
+        at = std::min(at, last);
     }
-    while (from != end) *into++ = byte(*from++);
+    for (; at < text.size(); ++at) into[at] = byte(text[at]);
 }
 
 }  // namespace obk

@@ -31,7 +31,7 @@ public:
 private:
     Meanings meanings_;
     std::vector<char> bytes_;
-    bool ascii_ = true;  // its first half is the usual one
+    bool plainAscii_ = false;  // the first half is the usual one, and units can be taken several at a time
 };
 
 }  // namespace obk

@@ -83,7 +83,7 @@ public:
         Text text;
         for (size_t left = below(3) == 0 ? 0 : below(5); left > 0; --left)
             text += parts[below(std::size(parts))];
-        if (below(500) == 0) text += Text(300 + below(200'000), u'z');
+        if (below(3000) == 0) text += Text(300 + below(200'000), u'z');
         return text;
     }
 
@@ -233,11 +233,11 @@ TEST_F(GridFileTest, AFileThatIsCutTakesNoMoreMemoryForMoreColumns) {
 
 TEST_F(GridFileTest, AVeryLongLineIsOneText) {
     const size_t length = 100'000'000;
-    files.put(path, "\"1|x\"\r\n" + std::string(length, ' ') + "y" + std::string(length, 'z'));
+    files.put(path, "\"1|x\"\r\n" + std::string(99, ' ') + std::string(length, 'z'));
     GridModel grid(1, 1, Dpi(96));
     load(grid);
     ASSERT_EQ(grid.rows(), 1);
-    EXPECT_EQ(grid.text({0, 0}).size(), length + 1);
+    EXPECT_EQ(grid.text({0, 0}).size(), length);
 }
 
 class InterruptedSaveTest : public GridFileTest {
