@@ -30,10 +30,12 @@ bool GridModel::addItem(TextView item, int32_t row) {
     return rows_.insert(row, PackedRow::fromItem(item, cols()));
 }
 
-bool GridModel::addTexts(std::span<const TextView> texts, int32_t row) {
+bool GridModel::addTexts(std::span<const TextView> texts, int32_t row, std::span<const StyleRef> styles) {
     if (row < 0 || row > rows()) return false;
-    const size_t count = std::min(texts.size(), static_cast<size_t>(cols()));
-    return rows_.insert(row, PackedRow::fromTexts(texts.first(count)));
+    const auto most = static_cast<size_t>(cols());
+    RowHandle made = PackedRow::fromTexts(texts.first(std::min(texts.size(), most)));
+    if (!styles.empty()) PackedRow::setStyles(made, styles.first(std::min(styles.size(), most)));
+    return rows_.insert(row, std::move(made));
 }
 
 bool GridModel::removeItem(int32_t row) {

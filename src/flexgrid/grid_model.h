@@ -38,8 +38,9 @@ public:
     // A new row before `row`, or after the last. Tab characters stand between the cells of `item`; what is
     // beyond the last column is dropped.
     bool addItem(TextView item, int32_t row);
-    // A new row out of one text for each cell. Neighbours that are the very same memory are kept once.
-    bool addTexts(std::span<const TextView> texts, int32_t row);
+    // A new row out of one text for each cell. Neighbours that are the very same memory are kept once. Its
+    // first cells get `styles`, which are this grid's.
+    bool addTexts(std::span<const TextView> texts, int32_t row, std::span<const StyleRef> styles = {});
     bool removeItem(int32_t row);
     // Texts, pictures and styles go; rows, columns and their sizes stay.
     void clear() { rows_.clearCells(); }
@@ -59,6 +60,7 @@ public:
     }
     // Refused for a font size that is none (0 or less, more than `largestFont`) and for an empty font name.
     bool setStyle(CellAddress cell, const CellStyle& style);
+<<<<<<< HEAD
     // One attribute of a cell's style: setAttribute<&CellStyle::bold>(cell, true). Refused as by setStyle().
     template <auto Attribute, typename Setting>
     bool setAttribute(CellAddress cell, Setting&& setting) {
@@ -66,6 +68,10 @@ public:
         changed.*Attribute = std::forward<Setting>(setting);
         return setStyle(cell, changed);
     }
+=======
+    // For rows that come with their styles; refuses nothing.
+    StyleRef sharedStyle(const CellStyle& style) { return styles_.shared(style); }
+>>>>>>> gridfile
     // How many different styles the cells have.
     size_t styleCount() const { return styles_.size(); }
     // How the cell's text stands: as the cell says, else as the column says; never `general`.

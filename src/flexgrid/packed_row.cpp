@@ -107,19 +107,27 @@ RowHandle PackedRow::fromItem(TextView item, int32_t cols) {
 }
 
 RowHandle PackedRow::fromTexts(std::span<const TextView> texts) {
-    size_t units = texts.empty() ? 0 : texts.size() - 1;
+    while (!texts.empty() && texts.back().empty()) texts = texts.first(texts.size() - 1);
+    if (texts.empty()) return nullptr;
+    size_t units = texts.size() - 1;
     for (const TextView text : texts) units += unitsFor(text);
     if (units > mostUnits) throw std::bad_alloc();
     RowHandle row = make(texts.size(), units);
+    struct Kept {
+        TextView text;
+        ApartAddress address = nullptr;
+    };
+    std::array<Kept, 2> recent;
     uint32_t at = 0;
     for (size_t cell = 0; cell < texts.size(); ++cell) {
         const TextView text = texts[cell];
         uint32_t flag = 0;
         if (liesApart(text)) {
-            const bool again =
-                cell > 0 && texts[cell - 1].data() == text.data() && texts[cell - 1].size() == text.size();
-            ApartAddress address =
-                again ? addressAt(row->units() + at - 1 - addressUnits) : new ApartText{Text(text), 0};
+            const auto again = std::find_if(recent.begin(), recent.end(), [text](const Kept& kept) {
+                return kept.text.data() == text.data() && kept.text.size() == text.size();
+            });
+            if (again == recent.end()) recent = {Kept{text, new ApartText{Text(text), 0}}, recent[0]};
+            const ApartAddress address = again == recent.end() ? recent[0].address : again->address;
             ++address->references;
             putAddress(row->units() + at, address);
             flag = apartBit;
@@ -250,6 +258,14 @@ void PackedRow::setStyle(RowHandle& row, int32_t col, StyleRef style, int32_t co
         own.styled_ = count;
     }
     row->styles_[cell] = std::move(style);
+}
+
+void PackedRow::setStyles(RowHandle& row, std::span<const StyleRef> styles) {
+    auto own = std::make_unique<StyleRef[]>(styles.size());
+    std::copy(styles.begin(), styles.end(), own.get());
+    PackedRow& styled = ensured(row);
+    styled.styles_ = std::move(own);
+    styled.styled_ = static_cast<uint32_t>(styles.size());
 }
 
 void PackedRow::setHeight(RowHandle& row, int32_t height) {

@@ -33,7 +33,8 @@ public:
 
     // Cells out of a text with tab characters between them; those beyond `cols` are dropped.
     static RowHandle fromItem(TextView item, int32_t cols);
-    // One cell for each text. A long text that is the very memory of the one before it is kept once.
+    // One cell for each text. A long text that is the very memory of one of the two long ones before it is
+    // kept once.
     static RowHandle fromTexts(std::span<const TextView> texts);
 
     // Empty for a cell beyond those that were set. Valid until the row changes.
@@ -51,6 +52,8 @@ public:
         return static_cast<uint32_t>(col) < styled_ ? styles_[col] : StyleRef();
     }
     static void setStyle(RowHandle& row, int32_t col, StyleRef style, int32_t cols);
+    // Of the first cells, as many as there are styles, in place of those that the row had.
+    static void setStyles(RowHandle& row, std::span<const StyleRef> styles);
 
     // Twips, or ownHeightNone.
     int32_t height() const { return height_; }

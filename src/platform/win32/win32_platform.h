@@ -4,6 +4,7 @@
 #include "platform/win32/appearance.h"
 #include "platform/win32/colour_chooser.h"
 #include "platform/win32/environment.h"
+#include "platform/win32/file_system.h"
 #include "platform/win32/machine.h"
 #include "widgets/peers.h"
 #include "widgets/platform.h"
@@ -26,6 +27,7 @@ public:
     Clock& clock() override { return clock_; }
     Registry& registry() override { return registry_; }
     Appearance& appearance() override { return appearance_; }
+    FileSystem& files() override { return files_; }
     std::unique_ptr<TimerPeer> createTimer(KeepAlive keepAlive, std::function<void()> tick) override;
     std::unique_ptr<SurfacePeer> createSurface(SurfaceClient& client,
                                                const SurfacePlacement& placement) override;
@@ -44,6 +46,7 @@ private:
     SystemClock clock_;
     SystemRegistry registry_;
     SystemAppearance appearance_;
+    SystemFiles files_;
     ColourChooser colourChooser_;
 };
 
