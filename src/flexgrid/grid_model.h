@@ -60,7 +60,6 @@ public:
     }
     // Refused for a font size that is none (0 or less, more than `largestFont`) and for an empty font name.
     bool setStyle(CellAddress cell, const CellStyle& style);
-<<<<<<< HEAD
     // One attribute of a cell's style: setAttribute<&CellStyle::bold>(cell, true). Refused as by setStyle().
     template <auto Attribute, typename Setting>
     bool setAttribute(CellAddress cell, Setting&& setting) {
@@ -68,10 +67,8 @@ public:
         changed.*Attribute = std::forward<Setting>(setting);
         return setStyle(cell, changed);
     }
-=======
     // For rows that come with their styles; refuses nothing.
     StyleRef sharedStyle(const CellStyle& style) { return styles_.shared(style); }
->>>>>>> gridfile
     // How many different styles the cells have.
     size_t styleCount() const { return styles_.size(); }
     // How the cell's text stands: as the cell says, else as the column says; never `general`.
