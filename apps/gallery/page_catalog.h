@@ -19,6 +19,7 @@ struct PageEntry {
 std::span<const PageEntry> pages();
 
 void buildOrderLine(Scene& scene);       // UpDownTextBox
+void buildBooking(Scene& scene);         // DateCalendar
 void buildOrderStates(Scene& scene);     // ButtonPalette
 void buildAddressRows(Scene& scene);     // ButtonArrow
 void buildSettingsGroups(Scene& scene);  // lns

@@ -94,6 +94,49 @@ void buildOrderLine(Scene& scene) {
     });
 }
 
+void buildBooking(Scene& scene) {
+    constexpr auto progId = L"OBKCTRLS.DateCalendar";
+    scene.text({20, 14, 460, line}, L"Hotel Aurora \x2013 new booking", TextLook::Heading);
+
+    scene.text({20, 52, 110, line}, L"Guest");
+    scene.input({136, 52, 350, line}, L"Ms Ingrid Solberg");
+
+    scene.text({20, 88, 110, line}, L"Arrival");
+    SceneControl& arrival = scene.control(L"Arrival", progId, {136, 88, 150, line});
+    const size_t arrives = scene.text({300, 88, 186, line}, L"", TextLook::Dim);
+
+    scene.text({20, 124, 110, line}, L"Departure");
+    SceneControl& departure = scene.control(L"Departure", progId, {136, 124, 150, line});
+    const size_t departs = scene.text({300, 124, 186, line}, L"", TextLook::Dim);
+
+    scene.text({20, 160, 110, line}, L"Room");
+    scene.choice({136, 160, 150, line}, {L"Single", L"Double", L"Suite"}, 1);
+
+    scene.text({20, 196, 110, line}, L"Invoice");
+    SceneControl& invoice = scene.control(L"InvoiceDate", progId, {136, 196, 150, line});
+    scene.text({300, 196, 186, line}, L"set when the stay ends", TextLook::Dim);
+
+    arrival.object().put(L"Text", L"Fri 4 Dec 2026");
+    departure.object().put(L"Text", L"Mon 7 Dec 2026");
+    invoice.object().put(L"Text", L"Mon 7 Dec 2026");
+    invoice.object().put(L"Enabled", false);
+
+    const auto follow = [&scene](SceneControl& field, size_t beside) {
+        const auto show = [&scene, &field, beside] {
+            const std::wstring text = field.object().value(L"Text").toText();
+            const size_t end = text.find_last_not_of(L' ');
+            scene.setText(beside, end == std::wstring::npos ? L"no date" : text.substr(0, end + 1));
+        };
+        field.site->events().on(L"DateUpdated", [show](container::EventCall&) { show(); });
+        show();
+    };
+    follow(arrival, arrives);
+    follow(departure, departs);
+    scene.demonstration([&scene, &departure] {
+        if (scene.form().enter(*departure.site)) departure.object().call(L"ShowPopUp");
+    });
+}
+
 void buildOrderStates(Scene& scene) {
     constexpr auto progId = L"OBKCTRLS.ButtonPalette";
     scene.text({20, 14, 460, line}, L"Colours of the order states", TextLook::Heading);

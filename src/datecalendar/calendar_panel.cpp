@@ -2,7 +2,9 @@
 
 #include "widgets/drawing.h"
 
+#include <algorithm>
 #include <cstdlib>
+#include <utility>
 
 namespace obk {
 
@@ -151,8 +153,9 @@ void CalendarPanel::CalendarUpdate() {
 void CalendarPanel::placeCurrentDate(YearMonth shown) {
     // The month is looked for at the start of the text, where the texts of this control have the weekday: of
     // theirs the frame shows from the opening of the panel until the first refill. Hosts know it so.
-    const bool mentioned = committed_.substr(0, 3).find(monthAbbreviation(shown.month())) != Text::npos;
-    const auto committed = mentioned ? dateFromText(committed_) : std::nullopt;
+    const TextView text = trimmed(committed_);
+    const bool mentioned = text.substr(0, 3).find(monthAbbreviation(shown.month())) != Text::npos;
+    const auto committed = mentioned ? dateFromText(text) : std::nullopt;
     const bool sameYear = committed && udnYEAR->Text().find(yearText(int{committed->year()})) != Text::npos;
     lblCURRENTDATE.setVisible(sameYear);
     if (sameYear)

@@ -194,7 +194,7 @@ void DateCalendar::ShowPopUp() {
     attemptSequence([&] {
         constexpr size_t weekdayAndBlank = 4;
         if (trimmed(strDATETEXT).empty()) strDATETEXT = dateText(platform().clock().today()).value();
-        const auto date = dateFromText(TextView(strDATETEXT).substr(weekdayAndBlank));
+        const auto date = dateFromText(trimmed(strDATETEXT).substr(weekdayAndBlank));
         picDROPDOWNPANEL.showDate(date.value());
     });
     panel_.show(picDROPDOWNPANEL.size(panel_.dpi()), positionDefault_ ? PopUpSide::below : PopUpSide::above);

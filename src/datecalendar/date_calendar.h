@@ -43,7 +43,7 @@ public:
     void CalendarUpdate() { picDROPDOWNPANEL.CalendarUpdate(); }
     void HidePopUp();
     void ShowPopUp();
-    void subNEWDATE() { picDROPDOWNPANEL.readMonthAndYear(strDATETEXT); }
+    void subNEWDATE() { picDROPDOWNPANEL.readMonthAndYear(trimmed(strDATETEXT)); }
     void UserControl_Click();
     void UserControl_ExitFocus();
     void UserControlMouseOut(int16_t& Button, int16_t& Shift, float& X, float& Y);
@@ -98,8 +98,8 @@ private:
     void raiseMouse(const MouseRaised& event, const Widget& on, const MouseEvent& mouse);
     void showIcon();
 
-    obk::Text
-        strDATETEXT;  // the committed date, with the blanks that are shown after it where it was read back
+    // The committed date, with the blanks that are shown after it where it was read back.
+    obk::Text strDATETEXT;
     obk::Text strTYPEDTEXT;  // what the text box was last changed to, or loaded with
     Frame fraBORDER;
     Container picfraBOX;

@@ -473,6 +473,12 @@ TEST_F(DateCalendarTest, SubNewDateReadsMonthAndYearOutOfAnyText) {
         EXPECT_EQ(month(), row.month) << toUtf8(row.text);
     }
     EXPECT_TRUE(open());
+    // A date that was chosen is kept with the blanks that are shown after it; they hide no year.
+    press(todayButton);
+    press({178, 39});
+    EXPECT_EQ(month(), "November, 2027");
+    call(u"subNEWDATE");
+    EXPECT_EQ(month(), "November, 2026");
 }
 
 TEST_F(DateCalendarTest, LoadingShowsNothingForAnEmptyDateAndKeepsWhatWasStored) {

@@ -1,6 +1,7 @@
 // The colour button as a person meets it: real keys and presses in our own container, its panel a window of
 // its own.
 #include "palette/colour_palette.h"
+#include "panel_support.h"
 #include "person_support.h"
 #include "resource_count.h"
 #include "server_support.h"
@@ -15,28 +16,6 @@ namespace {
 
 using namespace testing_support;
 using container::Variant;
-
-// The panel is the only tool window that belongs to the form and answers to no tool tip class.
-BOOL CALLBACK findPanel(HWND window, LPARAM found) {
-    wchar_t className[64]{};
-    GetClassNameW(window, className, 64);
-    if (GetWindow(window, GW_OWNER) && IsWindowVisible(window) &&
-        (GetWindowLongW(window, GWL_EXSTYLE) & WS_EX_TOOLWINDOW) && !wcsstr(className, L"tooltips"))
-        *reinterpret_cast<HWND*>(found) = window;
-    return TRUE;
-}
-
-HWND openPanel() {
-    HWND found = nullptr;
-    EnumThreadWindows(GetCurrentThreadId(), findPanel, reinterpret_cast<LPARAM>(&found));
-    return found;
-}
-
-RECT windowRect(HWND window) {
-    RECT rect{};
-    GetWindowRect(window, &rect);
-    return rect;
-}
 
 // The middle of a base cell.
 POINT cellAt(size_t index, enQUILLPalette palette = enQUILLPalette::QP24X8) {

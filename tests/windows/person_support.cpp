@@ -48,8 +48,10 @@ void Person::sendKey(WORD code, bool down) {
 void Person::key(WORD code, UINT modifiers) {
     if (modifiers & MOD_SHIFT) sendKey(VK_SHIFT, true);
     if (modifiers & MOD_CONTROL) sendKey(VK_CONTROL, true);
+    if (modifiers & MOD_ALT) sendKey(VK_MENU, true);
     sendKey(code, true);
     sendKey(code, false);
+    if (modifiers & MOD_ALT) sendKey(VK_MENU, false);
     if (modifiers & MOD_CONTROL) sendKey(VK_CONTROL, false);
     if (modifiers & MOD_SHIFT) sendKey(VK_SHIFT, false);
 }
@@ -109,6 +111,12 @@ void Person::click(HWND window, int x, int y) {
     input.mi.dwFlags = MOUSEEVENTF_LEFTUP;
     SendInput(1, &input, sizeof input);
     loop_.pumpPending();
+}
+
+void Person::rightClick(HWND window, int x, int y) {
+    moveTo(window, x, y);
+    press(MOUSEEVENTF_RIGHTDOWN);
+    release(MOUSEEVENTF_RIGHTUP);
 }
 
 void Person::turnWheel(int delta) {

@@ -17,7 +17,7 @@ public:
     // The loop must outlive the person. The form's window comes to the front and gets the focus.
     Person(container::MessageLoop& loop, HWND form);
 
-    // A key going down and up, with the modifiers held (MOD_SHIFT, MOD_CONTROL).
+    // A key going down and up, with the modifiers held (MOD_SHIFT, MOD_CONTROL, MOD_ALT).
     void key(WORD code, UINT modifiers = 0);
     // Digits, letters and ".".
     void type(std::wstring_view text);
@@ -26,6 +26,7 @@ public:
     void press(DWORD downFlag = MOUSEEVENTF_LEFTDOWN);
     void release(DWORD upFlag = MOUSEEVENTF_LEFTUP);
     void click(HWND window, int x, int y);
+    void rightClick(HWND window, int x, int y);
     void turnWheel(int delta);
     // Whether the condition came true in time.
     bool waitFor(const std::function<bool()>& condition);

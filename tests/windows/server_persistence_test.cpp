@@ -24,10 +24,18 @@ using container::StoredFont;
 using container::Variant;
 
 // By contract these do not come back with a form.
-bool comesBack(const std::wstring& name) {
-    static const std::set<std::wstring> exceptions{L"bMOUSEPOSLOC", L"bPOSITIONDEFAULT", L"MaskHLightColor",
-                                                   L"MousePosn"};
-    return exceptions.count(name) == 0;
+bool comesBack(const std::wstring& className, const std::wstring& name) {
+    static const std::set<std::pair<std::wstring, std::wstring>> exceptions{
+        {L"ButtonPalette", L"bMOUSEPOSLOC"},
+        {L"ButtonPalette", L"bPOSITIONDEFAULT"},
+        {L"ButtonPalette", L"MaskHLightColor"},
+        {L"ButtonPalette", L"MousePosn"},
+        {L"DateCalendar", L"bMOUSEPOSLOC"},
+        {L"DateCalendar", L"bPOSITIONDEFAULT"},
+        {L"DateCalendar", L"BorderStyle"},
+        {L"DateCalendar", L"MousePosn"},
+        {L"DateCalendar", L"Text"}};
+    return !exceptions.contains({className, name});
 }
 
 ComPtr<IPicture> makePicture(int width, int height) {
@@ -58,7 +66,7 @@ std::map<std::wstring, std::wstring> stateOf(IUnknown* control) {
     std::map<std::wstring, std::wstring> state;
     const container::TypeMembers members = container::TypeMembers::of(control);
     for (const auto& member : members.properties()) {
-        if (!member.writable || !comesBack(member.name)) continue;
+        if (!member.writable || !comesBack(members.className(), member.name)) continue;
         const Variant value = Dispatch(control).value(member.number);
         const ComPtr<IUnknown> object(value.toObject().get());
         const auto font = container::describeFont(object.get());

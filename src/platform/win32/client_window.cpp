@@ -322,9 +322,9 @@ LRESULT ClientWindow::wheel(const Message& message) {
 }
 
 LRESULT ClientWindow::contextMenu(const Message& message) {
-    std::optional<PixelPoint> at;  // none by the keyboard, which says -1
-    if (message.lParam != -1) {
-        POINT point{GET_X_LPARAM(message.lParam), GET_Y_LPARAM(message.lParam)};
+    std::optional<PixelPoint> at;  // none by the keyboard, which says -1 for both
+    POINT point{GET_X_LPARAM(message.lParam), GET_Y_LPARAM(message.lParam)};
+    if (point.x != -1 || point.y != -1) {
         ScreenToClient(message.window, &point);
         at = PixelPoint{point.x, point.y};
     }

@@ -1,0 +1,293 @@
+// The date field as a person meets it: real keys and presses in our own container, its calendar a window of
+// its own, its quick dates a menu of the system.
+#include "datecalendar/month_layout.h"
+#include "panel_support.h"
+#include "person_support.h"
+#include "resource_count.h"
+#include "server_support.h"
+
+#include <gtest/gtest.h>
+
+namespace obk {
+namespace {
+
+using namespace testing_support;
+
+constexpr const wchar_t* blanks = L"        ";
+// November 2026 begins on a Sunday, the last column of its first row.
+constexpr int32_t firstCellOfNovember2026 = 13;
+// Where a press meets the panel's children, in pixels at 96 DPI.
+constexpr POINT monthList{40, 16}, yearsOn{180, 16}, previousMonth{36, 39}, nextMonth{158, 39},
+    nextYear{178, 39}, clearButton{97, 209}, closeButton{159, 209};
+
+class DateCalendarWindow : public ::testing::Test {
+protected:
+    DateCalendarWindow() {
+        hosted.activate({10, 10, 151, 31});
+        other = hosted.window.addEdit(270);
+        hosted.form.add(other);
+        edit = GetWindow(hosted.site.window(), GW_CHILD);
+        object().put(L"Text", std::wstring(L"Fri 20 Nov 2026"));
+    }
+    container::Dispatch object() const { return hosted.object(); }
+    HWND face() const { return hosted.site.window(); }
+    std::wstring date() const { return object().value(L"Text").toText(); }
+    // Without those of the mouse's way, which the system reports as often as it likes.
+    std::wstring takeEvents() {
+        std::wstring names;
+        for (const auto& record : hosted.site.events().journal()) {
+            if (record.name == L"MouseMove" || record.name == L"MouseOut") continue;
+            names += (names.empty() ? L"" : L" ") + record.name;
+        }
+        hosted.site.events().clearJournal();
+        return names;
+    }
+    void enter() {
+        person.click(edit, 30, 8);
+        ASSERT_TRUE(person.waitFor([&] { return GetFocus() == edit; }));
+        takeEvents();
+    }
+    HWND open() {
+        object().call(L"ShowPopUp");
+        hosted.loop.pumpPending();
+        takeEvents();
+        return openPanel();
+    }
+    void pressPanel(POINT at) {
+        if (const HWND panel = openPanel()) person.click(panel, at.x, at.y);
+    }
+    void pressDay(int32_t cell) {
+        const PixelRect rect = Dpi().toPixels(cellBounds(cell));
+        pressPanel({rect.left + 5, rect.top + 5});
+    }
+
+    HostedControl hosted{L"DateCalendar"};
+    HWND other = nullptr;
+    HWND edit = nullptr;
+    Person person{hosted.loop, hosted.window.handle()};
+};
+
+TEST_F(DateCalendarWindow, AClickOnTheIconDropsTheCalendarAndAPressChoosesADay) {
+    person.click(face(), 10, 10);
+    const HWND panel = openPanel();
+    ASSERT_TRUE(panel);
+    EXPECT_EQ(takeEvents(), L"MouseDown MouseUp PopUp Click");
+    EXPECT_EQ(GetCapture(), panel);
+    EXPECT_EQ(GetFocus(), edit) << "the calendar never takes the focus";
+    EXPECT_EQ(windowRect(panel).left, windowRect(face()).left);
+    EXPECT_EQ(windowRect(panel).top, windowRect(face()).bottom);
+    pressDay(3);
+    EXPECT_TRUE(openPanel()) << "a cell without a day is not choosable";
+    EXPECT_EQ(takeEvents(), L"");
+    pressDay(firstCellOfNovember2026 + 4);
+    EXPECT_EQ(takeEvents(), L"FocusHidden DateUpdated");
+    EXPECT_FALSE(openPanel());
+    EXPECT_EQ(GetCapture(), nullptr);
+    EXPECT_EQ(date(), std::wstring(L"Thu 5 Nov 2026") + blanks);
+    wchar_t shown[64]{};
+    GetWindowTextW(edit, shown, 64);
+    EXPECT_EQ(std::wstring(shown), date());
+}
+
+TEST_F(DateCalendarWindow, MonthsAndYearsAreTurnedByButtonsWheelAndList) {
+    ASSERT_TRUE(open());
+    pressPanel(nextMonth);          // December 2026
+    pressPanel(nextMonth);          // January 2027
+    pressPanel(nextYear);           // January 2028
+    pressPanel(previousMonth);      // December 2027
+    person.turnWheel(WHEEL_DELTA);  // November 2027, which begins on a Monday
+    pressDay(7);
+    EXPECT_EQ(date(), std::wstring(L"Mon 1 Nov 2027") + blanks);
+    ASSERT_TRUE(open());
+    takeEvents();
+    {
+        MenuKeys keys{{VK_HOME, VK_DOWN, VK_RETURN}};
+        const HWND panel = openPanel();
+        person.moveTo(panel, monthList.x, monthList.y);
+        person.press();
+        EXPECT_EQ(keys.menusSeen(), 1);
+        EXPECT_EQ(openPanel(), panel) << "its own menu takes nothing from the calendar";
+        EXPECT_EQ(GetCapture(), panel);
+    }
+    EXPECT_EQ(takeEvents(), L"");
+    pressDay(7);  // February 2027 begins on a Monday
+    EXPECT_EQ(date(), std::wstring(L"Mon 1 Feb 2027") + blanks);
+}
+
+TEST_F(DateCalendarWindow, AHeldYearArrowRunsUntilItIsReleased) {
+    enter();
+    const HWND panel = open();
+    ASSERT_TRUE(panel);
+    person.moveTo(panel, yearsOn.x, yearsOn.y);
+    person.press();
+    person.wait(std::chrono::milliseconds(1500));
+    person.release();
+    EXPECT_EQ(GetCapture(), panel);
+    person.key(VK_RETURN);
+    const std::wstring chosen = date();
+    const int year = _wtoi(chosen.substr(chosen.find(L"20", 7)).c_str());
+    EXPECT_GE(year, 2028) << chosen;
+    EXPECT_LE(year, 2060) << chosen;
+    EXPECT_EQ(GetCapture(), nullptr);
+}
+
+TEST_F(DateCalendarWindow, TheKeyboardDropsTheCalendarWalksAndChooses) {
+    enter();
+    person.key(VK_DOWN, MOD_ALT);
+    ASSERT_TRUE(openPanel());
+    person.key(VK_RIGHT);
+    person.key(VK_DOWN);
+    person.key(VK_NEXT);
+    EXPECT_EQ(date(), std::wstring(L"Fri 20 Nov 2026") + blanks);
+    takeEvents();
+    person.key(VK_RETURN);
+    EXPECT_EQ(takeEvents(), L"FocusHidden DateUpdated KeyDown KeyUp");
+    EXPECT_EQ(date(), std::wstring(L"Mon 28 Dec 2026") + blanks);
+    EXPECT_FALSE(openPanel());
+    person.key(VK_F4);
+    ASSERT_TRUE(openPanel());
+    person.key(VK_HOME);
+    person.key(VK_ESCAPE);
+    EXPECT_FALSE(openPanel());
+    EXPECT_EQ(date(), std::wstring(L"Mon 28 Dec 2026") + blanks);
+    EXPECT_EQ(GetFocus(), edit);
+}
+
+TEST_F(DateCalendarWindow, TypingIsKeptAsTypedAndTheEndOfEditingTells) {
+    enter();
+    person.key('A', MOD_CONTROL);
+    person.type(L"tomorrow");
+    EXPECT_EQ(date(), std::wstring(L"Fri 20 Nov 2026") + blanks);
+    takeEvents();
+    person.key(VK_TAB);
+    EXPECT_TRUE(person.waitFor([&] { return GetFocus() == other; }));
+    EXPECT_EQ(date(), std::wstring(L"tomorrow") + blanks);
+    EXPECT_NE(takeEvents().find(L"FocusHidden DateUpdated FocusLost MouseUp"), std::wstring::npos);
+}
+
+TEST_F(DateCalendarWindow, TheQuickDatesAreAMenuForMouseAndKeys) {
+    enter();
+    {
+        MenuKeys keys{{L'F'}};
+        person.rightClick(edit, 30, 8);
+        EXPECT_TRUE(person.waitFor([&] { return keys.menusSeen() == 1; }));
+        hosted.loop.pumpPending();
+    }
+    EXPECT_EQ(takeEvents().find(L"MouseDown MouseUp DateUpdated"), 0u);
+    EXPECT_EQ(date().substr(0, 4), L"Mon ");
+    {
+        // The menu key, and Shift+F10 in its place; the menu covers nothing of the field.
+        MenuKeys keys{{VK_END, VK_RETURN}, {VK_ESCAPE}};
+        person.key(VK_APPS);
+        EXPECT_TRUE(person.waitFor([&] { return keys.menusSeen() == 1; }));
+        RECT overlap{};
+        const RECT menu = keys.place();
+        const RECT field = windowRect(edit);
+        EXPECT_FALSE(IntersectRect(&overlap, &menu, &field));
+        hosted.loop.pumpPending();
+        EXPECT_EQ(date(), blanks) << "the last line clears";
+        person.key(VK_F10, MOD_SHIFT);
+        EXPECT_TRUE(person.waitFor([&] { return keys.menusSeen() == 2; }));
+        hosted.loop.pumpPending();
+        EXPECT_EQ(date(), blanks) << "dismissed";
+    }
+    EXPECT_EQ(GetCapture(), nullptr);
+}
+
+TEST_F(DateCalendarWindow, WhatTakesItsPlaceClosesTheCalendarAndKeepsTheDate) {
+    const std::pair<const char*, std::function<void()>> ways[] = {
+        {"a press elsewhere", [&] { person.click(other, 5, 5); }},
+        {"its close button", [&] { pressPanel(closeButton); }},
+        {"the focus goes elsewhere", [&] { SetFocus(other); }},
+        {"the form is minimised", [&] { ShowWindow(hosted.window.handle(), SW_MINIMIZE); }},
+        {"another window takes the capture", [&] { SetCapture(hosted.window.handle()); }},
+    };
+    for (const auto& [name, way] : ways) {
+        ShowWindow(hosted.window.handle(), SW_SHOWNORMAL);
+        hosted.loop.pumpPending();
+        SetFocus(edit);
+        ASSERT_TRUE(open()) << name;
+        way();
+        hosted.loop.pumpPending();
+        EXPECT_FALSE(openPanel()) << name;
+        EXPECT_NE(takeEvents().find(L"FocusHidden"), std::wstring::npos) << name;
+        EXPECT_EQ(date(), std::wstring(L"Fri 20 Nov 2026") + blanks) << name;
+        EXPECT_NE(GetCapture(), face()) << name;
+        if (GetCapture()) ReleaseCapture();
+    }
+    SetForegroundWindow(hosted.window.handle());
+    ASSERT_TRUE(open());
+    pressPanel(clearButton);
+    EXPECT_EQ(takeEvents(), L"DateUpdated FocusHidden");
+    EXPECT_EQ(date(), blanks);
+}
+
+TEST_F(DateCalendarWindow, TwoCalendarsOpenedOneAfterTheOtherDoNotDisturbEachOther) {
+    container::ControlSite second(hosted.form, {});
+    hosted.form.add(second);
+    ASSERT_EQ(second.adopt(hosted.server.create(L"DateCalendar"), {}), S_OK);
+    ASSERT_EQ(second.activate({250, 10, 391, 31}), S_OK);
+    ASSERT_TRUE(open());
+    person.click(second.window(), 10, 10);
+    EXPECT_EQ(takeEvents(), L"FocusHidden") << "the press only closes the one that was open";
+    EXPECT_FALSE(openPanel());
+    person.click(second.window(), 10, 10);
+    const HWND panel = openPanel();
+    ASSERT_TRUE(panel);
+    EXPECT_EQ(windowRect(panel).left, windowRect(second.window()).left);
+    EXPECT_EQ(GetCapture(), panel);
+    second.close();
+    EXPECT_EQ(GetCapture(), nullptr);
+    EXPECT_FALSE(openPanel());
+}
+
+TEST_F(DateCalendarWindow, AHostLetsGoOfTheControlInsideEveryEvent) {
+    for (const wchar_t* event : {L"DateUpdated", L"FocusHidden", L"Click", L"PopUp", L"MouseDown", L"MouseUp",
+                                 L"MouseMove", L"MouseOut", L"KeyDown", L"FocusLost"}) {
+        HostedControl doomed(L"DateCalendar");
+        const HWND field = doomed.window.addEdit(270);
+        doomed.activate({10, 10, 151, 31});
+        doomed.site.events().on(event, [&](container::EventCall&) { doomed.site.close(); });
+        Person someone(doomed.loop, doomed.window.handle());
+        const HWND window = doomed.site.window();
+        const auto alive = [&] { return IsWindow(window) != FALSE; };
+        someone.click(window, 10, 10);
+        if (alive()) {
+            if (const HWND panel = openPanel()) someone.click(panel, 20, 100);
+        }
+        if (alive()) someone.moveTo(window, 10, 10);
+        if (alive()) {
+            const MenuKeys keys{{VK_RETURN}};
+            someone.rightClick(window, 10, 10);
+            doomed.loop.pumpPending();
+        }
+        if (alive()) doomed.object().call(L"ShowPopUp");
+        if (alive()) SetFocus(GetWindow(window, GW_CHILD));
+        if (alive()) someone.key(VK_F4);
+        if (alive()) SetFocus(field);
+        doomed.loop.pumpPending();
+        EXPECT_FALSE(alive()) << event;
+        EXPECT_FALSE(openPanel()) << event;
+        EXPECT_EQ(GetCapture(), nullptr) << event;
+    }
+}
+
+TEST(DateCalendarResources, OpeningAndClosingLeavesNothing) {
+    const auto cycle = [] {
+        HostedControl hosted(L"DateCalendar");
+        hosted.activate({10, 10, 151, 31});
+        for (int i = 0; i < 4; ++i) {
+            hosted.object().call(L"ShowPopUp");
+            hosted.loop.pumpPending();
+            EXPECT_TRUE(openPanel());
+            if (i % 2) hosted.object().call(L"HidePopUp");
+        }
+    };
+    cycle();
+    const ResourceCount before = ResourceCount::now();
+    for (int i = 0; i < 10; ++i) cycle();
+    EXPECT_EQ(ResourceCount::now(), before);
+}
+
+}  // namespace
+}  // namespace obk

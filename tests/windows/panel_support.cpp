@@ -1,0 +1,77 @@
+#include "panel_support.h"
+
+#include <cwchar>
+
+namespace obk::testing_support {
+
+namespace {
+
+// The panel is the only tool window that belongs to the form and is no tool tip.
+BOOL CALLBACK findPanel(HWND window, LPARAM found) {
+    wchar_t className[64]{};
+    GetClassNameW(window, className, 64);
+    if (GetWindow(window, GW_OWNER) && IsWindowVisible(window) &&
+        (GetWindowLongW(window, GWL_EXSTYLE) & WS_EX_TOOLWINDOW) && !wcsstr(className, L"tooltips"))
+        *reinterpret_cast<HWND*>(found) = window;
+    return TRUE;
+}
+
+void sendKey(WORD code) {
+    INPUT inputs[2]{};
+    for (INPUT& input : inputs) {
+        input.type = INPUT_KEYBOARD;
+        input.ki.wVk = code;
+        input.ki.wScan = static_cast<WORD>(MapVirtualKeyW(code, MAPVK_VK_TO_VSC));
+    }
+    inputs[1].ki.dwFlags = KEYEVENTF_KEYUP;
+    SendInput(2, inputs, sizeof(INPUT));
+}
+
+}  // namespace
+
+RECT windowRect(HWND window) {
+    RECT rect{};
+    GetWindowRect(window, &rect);
+    return rect;
+}
+
+HWND openPanel() {
+    HWND found = nullptr;
+    EnumThreadWindows(GetCurrentThreadId(), findPanel, reinterpret_cast<LPARAM>(&found));
+    return found;
+}
+
+MenuKeys* MenuKeys::current_ = nullptr;
+
+MenuKeys::MenuKeys(std::initializer_list<std::vector<WORD>> keys) : keys_(keys) {
+    current_ = this;
+    timer_ = SetTimer(nullptr, 0, 50, tick);
+}
+
+MenuKeys::~MenuKeys() {
+    KillTimer(nullptr, timer_);
+    current_ = nullptr;
+}
+
+void CALLBACK MenuKeys::tick(HWND, UINT, UINT_PTR, DWORD) {
+    if (current_) current_->answer();
+}
+
+void MenuKeys::answer() {
+    const HWND menu = FindWindowW(L"#32768", nullptr);
+    if (!menu || !IsWindowVisible(menu)) {
+        last_ = nullptr;
+        return;
+    }
+    if (menu == last_) return;
+    last_ = menu;
+    place_ = windowRect(menu);
+    const auto number = static_cast<size_t>(seen_++);
+    if (number >= keys_.size()) {
+        sendKey(VK_ESCAPE);
+        return;
+    }
+    for (const WORD code : keys_[number]) sendKey(code);
+}
+
+}  // namespace obk::testing_support

@@ -1,0 +1,40 @@
+// What a control drops down, as seen from outside: windows and menus of this thread.
+#pragma once
+
+#include <windows.h>
+
+#include <initializer_list>
+#include <vector>
+
+namespace obk::testing_support {
+
+RECT windowRect(HWND window);
+// The visible tool window that a control of this thread has dropped down; null when there is none.
+HWND openPanel();
+
+// Presses keys in the next menus of this thread while they run their own loops: one list of keys a menu. What
+// is left unanswered is dismissed.
+class MenuKeys {
+public:
+    MenuKeys(std::initializer_list<std::vector<WORD>> keys);
+    MenuKeys(const MenuKeys&) = delete;
+    MenuKeys& operator=(const MenuKeys&) = delete;
+    ~MenuKeys();
+
+    int menusSeen() const { return seen_; }
+    // Where the last menu stood.
+    RECT place() const { return place_; }
+
+private:
+    static void CALLBACK tick(HWND, UINT, UINT_PTR, DWORD);
+    void answer();
+
+    static MenuKeys* current_;
+    std::vector<std::vector<WORD>> keys_;
+    UINT_PTR timer_;
+    HWND last_ = nullptr;
+    RECT place_{};
+    int seen_ = 0;
+};
+
+}  // namespace obk::testing_support
