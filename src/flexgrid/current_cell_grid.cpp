@@ -7,9 +7,15 @@ CurrentCellGrid::CurrentCellGrid(int32_t rows, int32_t cols, Dpi dpi) : model_(r
 }
 
 void CurrentCellGrid::change(const std::function<void(GridModel&)>& work) {
+    // Also when memory ends halfway: what was done by then stays done.
+    struct Settle {
+        CurrentCellGrid& grid;
+        ~Settle() {
+            grid.bringInside();
+            grid.placesChanged(0, 0);
+        }
+    } settle{*this};
     work(model_);
-    bringInside();
-    placesChanged(0, 0);
 }
 
 // After rows or columns have come or gone. Whether the selection had to move.

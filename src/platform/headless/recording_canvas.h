@@ -14,6 +14,7 @@ struct DrawnItem {
     PixelRect rect;  // what shows of it; a polygon's bounding box
     Rgb colour;
     Text text;
+    FontDescription font;  // of a text
 };
 
 class RecordingCanvas : public Canvas {
@@ -36,7 +37,8 @@ public:
     Rgb colourAt(PixelPoint point) const;
 
 private:
-    void add(DrawnItem::Kind kind, const PixelRect& rect, Rgb colour, TextView text = {});
+    void add(DrawnItem::Kind kind, const PixelRect& rect, Rgb colour, TextView text = {},
+             const FontDescription& font = {});
 
     Dpi dpi_;
     std::vector<PixelRect> clips_;
