@@ -14,7 +14,7 @@ struct DrawnItem {
     PixelRect rect;  // what shows of it; a polygon's bounding box
     Rgb colour;
     Text text;
-    FontDescription font;  // of a text
+    TextStyle style;  // of a text
 };
 
 class RecordingCanvas : public Canvas {
@@ -38,7 +38,7 @@ public:
 
 private:
     void add(DrawnItem::Kind kind, const PixelRect& rect, Rgb colour, TextView text = {},
-             const FontDescription& font = {});
+             const TextStyle& style = {});
 
     Dpi dpi_;
     std::vector<PixelRect> clips_;
