@@ -67,12 +67,14 @@ inline Value valueOf(ValueType type, FuzzedDataProvider& input) {
         case ValueType::picture:
             return std::make_shared<SharedPicture>(PixelSize{1, 1},
                                                    std::vector{input.ConsumeIntegral<uint32_t>()});
+        case ValueType::object:
+            return std::make_shared<OpaqueObject>();
     }
     return {};
 }
 
 inline Value anyValue(FuzzedDataProvider& input) {
-    constexpr auto last = static_cast<int>(ValueType::picture);
+    constexpr auto last = static_cast<int>(ValueType::object);
     return valueOf(static_cast<ValueType>(input.ConsumeIntegralInRange(0, last)), input);
 }
 

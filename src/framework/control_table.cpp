@@ -139,7 +139,9 @@ CallStatus callMethod(Control& control, const Member& member, std::span<Value> a
     CallStatus status = CallStatus::done;
     attempt([&] {
         for (size_t at = 0; at < arguments.size(); ++at) {
-            std::optional<Value> own = converted(arguments[at], member.parameters[at].type);
+            const Parameter& parameter = member.parameters[at];
+            const bool leftOut = typeOf(arguments[at]) == ValueType::empty && parameter.usual;
+            std::optional<Value> own = converted(leftOut ? *parameter.usual : arguments[at], parameter.type);
             if (!own) {
                 status = CallStatus::wrongArgumentType;
                 return;

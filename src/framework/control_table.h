@@ -10,6 +10,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <span>
 #include <variant>
 #include <vector>
@@ -37,7 +38,8 @@ struct Enumeration {
 struct Parameter {
     Text name;
     ValueType type = ValueType::empty;
-    bool byReference = false;  // what the callee changes, the caller sees
+    bool byReference = false;    // what the callee changes, the caller sees
+    std::optional<Value> usual;  // of an argument that may be left out, as may all after it
 };
 
 enum class MemberKind : uint8_t { property, method, event };
@@ -115,8 +117,8 @@ public:
     // The name under which a property's changes are notified: its override, else its persisted key, else its
     // name.
     const Text& notificationName(const Member& property) const;
-    // The property that is notified when the C++ member `token` has been set: worked out once, as setters are called
-    // often. Null for a token of no property.
+    // The property that is notified when the C++ member `token` has been set: worked out once, as setters are
+    // called often. Null for a token of no property.
     const Member* notifiedByToken(const void* token) const;
 
     // Finishes a table: sorts, links persisted values to their properties, builds the indexes.
@@ -139,13 +141,14 @@ private:
         Text name;
     };
 
-    std::vector<NameIndex> names_;  // open addressing, a power of two in size; position + 1, 0 is free
+    std::vector<NameIndex> names_;    // open addressing, a power of two in size; position + 1, 0 is free
     std::vector<TokenIndex> tokens_;  // open addressing as well; a null token is free
     std::vector<NotificationOverride> overrides_;
 };
 
 // Late-bound calls as any host makes them: arguments in the declared order, converted by the rules of Value;
-// an argument that is an empty value counts as left out and takes its type's zero. Never throws.
+// an argument that is an empty value counts as left out and takes its usual value, or its type's zero. Never
+// throws.
 CallStatus getProperty(Control& control, const Member& member, Value& value);
 CallStatus putProperty(Control& control, const Member& member, const Value& value);
 CallStatus callMethod(Control& control, const Member& member, std::span<Value> arguments, Value& result);

@@ -195,6 +195,7 @@ std::optional<Value> MemoryBag::read(TextView key, ValueType) {
 }
 
 void MemoryBag::write(TextView key, const Value& value) {
+    if (typeOf(value) == ValueType::object) return;  // nobody knows what is in it
     for (Entry& entry : entries_) {
         if (equalIgnoringCase(entry.first, key)) {
             entry.second = value;

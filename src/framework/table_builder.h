@@ -14,6 +14,15 @@
 
 namespace obk {
 
+// An argument's name, and the value that it has where a host leaves it out.
+struct ParameterName {
+    ParameterName(const char16_t* own) : name(own) {}
+    ParameterName(const char16_t* own, Value usually) : name(own), usual(std::move(usually)) {}
+
+    TextView name;
+    std::optional<Value> usual;
+};
+
 namespace detail {
 
 // The automation type of a C++ type; enumerations of hosts are 32-bit numbers.
@@ -40,6 +49,8 @@ constexpr ValueType valueTypeOf() {
         return ValueType::colour;
     else if constexpr (std::is_same_v<Bare, FontRef>)
         return ValueType::font;
+    else if constexpr (std::is_same_v<Bare, ObjectRef>)
+        return ValueType::object;
     else {
         static_assert(std::is_same_v<Bare, PictureRef>, "this type does not cross the boundary");
         return ValueType::picture;
@@ -47,41 +58,44 @@ constexpr ValueType valueTypeOf() {
 }
 
 template <typename T>
-Parameter parameterOf(TextView name) {
+Parameter parameterOf(const ParameterName& name) {
     constexpr bool byReference =
         std::is_lvalue_reference_v<T> && !std::is_const_v<std::remove_reference_t<T>>;
-    return {Text(name), valueTypeOf<T>(), byReference};
+    return {Text(name.name), valueTypeOf<T>(), byReference, name.usual};
 }
 
 template <typename... Arguments>
-std::vector<Parameter> parametersOf(std::initializer_list<TextView> names) {
+std::vector<Parameter> parametersOf(std::initializer_list<ParameterName> names) {
     auto name = names.begin();
     return {parameterOf<Arguments>(*name++)...};
 }
 
-template <typename C, typename Result, typename... Arguments, size_t... At>
-void invoke(C& control, Result (C::*function)(Arguments...), std::span<Value> arguments, Value& result,
-            std::index_sequence<At...>) {
-    if constexpr (std::is_void_v<Result>)
-        (control.*function)(std::get<std::remove_cvref_t<Arguments>>(arguments[At])...);
-    else
-        result = (control.*function)(std::get<std::remove_cvref_t<Arguments>>(arguments[At])...);
-}
+template <auto Function, typename C, typename Result, typename... Arguments>
+struct MethodOf {
+    static constexpr ValueType resultType = valueTypeOf<Result>();
+    static std::vector<Parameter> parameters(std::initializer_list<ParameterName> names) {
+        return parametersOf<Arguments...>(names);
+    }
+    static void call(Control& control, std::span<Value> arguments, Value& result) {
+        invoke(static_cast<C&>(control), arguments, result, std::index_sequence_for<Arguments...>());
+    }
+    template <size_t... At>
+    static void invoke(C& control, std::span<Value> arguments, Value& result, std::index_sequence<At...>) {
+        if constexpr (std::is_void_v<Result>)
+            (control.*Function)(std::get<std::remove_cvref_t<Arguments>>(arguments[At])...);
+        else
+            result = (control.*Function)(std::get<std::remove_cvref_t<Arguments>>(arguments[At])...);
+    }
+};
 
 template <auto Function>
 struct Method;
 
 template <typename C, typename Result, typename... Arguments, Result (C::*Function)(Arguments...)>
-struct Method<Function> {
-    static constexpr ValueType resultType = valueTypeOf<Result>();
-    static std::vector<Parameter> parameters(std::initializer_list<TextView> names) {
-        return parametersOf<Arguments...>(names);
-    }
-    static void call(Control& control, std::span<Value> arguments, Value& result) {
-        invoke(static_cast<C&>(control), Function, arguments, result,
-               std::index_sequence_for<Arguments...>());
-    }
-};
+struct Method<Function> : MethodOf<Function, C, Result, Arguments...> {};
+
+template <typename C, typename Result, typename... Arguments, Result (C::*Function)(Arguments...) const>
+struct Method<Function> : MethodOf<Function, C, Result, Arguments...> {};
 
 template <auto Getter>
 struct PropertyRead;
@@ -119,7 +133,7 @@ struct EventRow;
 
 template <typename C, typename... Arguments, Event<Arguments...> C::*Field>
 struct EventRow<C, Field> {
-    static std::vector<Parameter> parameters(std::initializer_list<TextView> names) {
+    static std::vector<Parameter> parameters(std::initializer_list<ParameterName> names) {
         return parametersOf<Arguments...>(names);
     }
     static Connection connect(Control& control, std::function<void(std::span<Value>)> raise) {
@@ -196,9 +210,17 @@ public:
         readable<Getter>(number, name, help, nullptr);
         return *this;
     }
+    template <auto Setter>
+    TableBuilder& writeOnlyProperty(int32_t number, TextView name, TextView help) {
+        Member& row = add(table_.members, MemberKind::property, number, name, help);
+        row.type = detail::valueTypeOf<typename detail::PropertyWrite<Setter>::Type>();
+        row.put = &detail::PropertyWrite<Setter>::put;
+        row.token = memberToken<Setter>();
+        return *this;
+    }
     template <auto Function>
     TableBuilder& method(int32_t number, TextView name, TextView help,
-                         std::initializer_list<TextView> parameters = {}) {
+                         std::initializer_list<ParameterName> parameters = {}) {
         using Row = detail::Method<Function>;
         Member& row = add(table_.members, MemberKind::method, number, name, help);
         row.type = Row::resultType;
@@ -209,7 +231,7 @@ public:
     }
     template <auto Field>
     TableBuilder& event(int32_t number, TextView name, TextView help,
-                        std::initializer_list<TextView> parameters = {}) {
+                        std::initializer_list<ParameterName> parameters = {}) {
         using Row = detail::EventRow<C, Field>;
         Member& row = add(table_.events, MemberKind::event, number, name, help);
         row.parameters = Row::parameters(parameters);

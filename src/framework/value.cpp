@@ -16,6 +16,13 @@ template <typename T>
 constexpr bool isNumber = std::is_same_v<T, uint8_t> || std::is_same_v<T, int16_t> ||
                           std::is_same_v<T, int32_t> || std::is_same_v<T, float> || std::is_same_v<T, double>;
 
+// Objects are only ever what they are, or none.
+template <typename Ref>
+std::optional<Ref> toReference(const Value& value) {
+    if (const auto* held = std::get_if<Ref>(&value)) return *held;
+    return std::holds_alternative<std::monostate>(value) ? std::optional<Ref>(Ref()) : std::nullopt;
+}
+
 constexpr bool isDigit(char16_t unit) {
     return unit >= u'0' && unit <= u'9';
 }
@@ -144,7 +151,8 @@ std::optional<double> numberFromText(TextView text) {
         const auto place = static_cast<int64_t>(point) - static_cast<int64_t>(first);
         int64_t exponent = 0;
         if (const size_t mark = plain.find('e'); mark != std::string::npos) {
-            const auto power = std::from_chars(plain.data() + mark + 1, plain.data() + plain.size(), exponent);
+            const auto power =
+                std::from_chars(plain.data() + mark + 1, plain.data() + plain.size(), exponent);
             if (power.ec != std::errc())
                 exponent = plain[mark + 1] == '-' ? std::numeric_limits<int32_t>::min()
                                                   : std::numeric_limits<int32_t>::max();
@@ -276,14 +284,15 @@ std::optional<OleColour> toColour(const Value& value) {
 }
 
 std::optional<FontRef> toFont(const Value& value) {
-    if (const auto* held = std::get_if<FontRef>(&value)) return *held;
-    return std::holds_alternative<std::monostate>(value) ? std::optional<FontRef>(FontRef()) : std::nullopt;
+    return toReference<FontRef>(value);
 }
 
 std::optional<PictureRef> toPicture(const Value& value) {
-    if (const auto* held = std::get_if<PictureRef>(&value)) return *held;
-    return std::holds_alternative<std::monostate>(value) ? std::optional<PictureRef>(PictureRef())
-                                                         : std::nullopt;
+    return toReference<PictureRef>(value);
+}
+
+std::optional<ObjectRef> toObject(const Value& value) {
+    return toReference<ObjectRef>(value);
 }
 
 std::optional<Value> converted(const Value& value, ValueType type) {
@@ -314,6 +323,8 @@ std::optional<Value> converted(const Value& value, ValueType type) {
             return wrapped(toFont(value));
         case ValueType::picture:
             return wrapped(toPicture(value));
+        case ValueType::object:
+            return wrapped(toObject(value));
     }
     return std::nullopt;
 }

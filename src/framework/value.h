@@ -4,6 +4,7 @@
 
 #include "base/colour.h"
 #include "base/font.h"
+#include "base/opaque_object.h"
 #include "base/picture.h"
 #include "base/text.h"
 
@@ -25,11 +26,12 @@ enum class ValueType : uint8_t {
     colour,
     font,
     picture,
+    object,  // handed through
 };
 
 // The alternatives stand in the order of ValueType.
 using Value = std::variant<std::monostate, bool, uint8_t, int16_t, int32_t, float, double, Text, OleColour,
-                           FontRef, PictureRef>;
+                           FontRef, PictureRef, ObjectRef>;
 
 inline ValueType typeOf(const Value& value) {
     return static_cast<ValueType>(value.index());
@@ -51,6 +53,7 @@ std::optional<OleColour> toColour(const Value& value);
 // Objects convert from nothing but themselves and the empty value.
 std::optional<FontRef> toFont(const Value& value);
 std::optional<PictureRef> toPicture(const Value& value);
+std::optional<ObjectRef> toObject(const Value& value);
 
 // To a type named at run time; ValueType::empty takes everything as it is.
 std::optional<Value> converted(const Value& value, ValueType type);

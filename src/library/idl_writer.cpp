@@ -32,6 +32,8 @@ Text typeName(ValueType type) {
             return u"IFontDisp*";
         case ValueType::picture:
             return u"IPictureDisp*";
+        case ValueType::object:
+            return u"IUnknown*";
     }
     return u"void";
 }
@@ -47,6 +49,12 @@ Text quoted(TextView text) {
         result += unit;
     }
     return result + u"\"";
+}
+
+// A value as IDL writes it.
+Text constant(const Value& value) {
+    if (const auto* text = std::get_if<Text>(&value)) return quoted(*text);
+    return toText(value).value_or(u"0");
 }
 
 class IdlWriter {
@@ -144,8 +152,12 @@ private:
         Text list;
         for (const Parameter& parameter : member.parameters) {
             if (!list.empty()) list += u", ";
-            list += parameter.byReference ? u"[in, out] " : u"[in] ";
-            list += typeName(parameter.type);
+            list += parameter.byReference ? u"[in, out" : u"[in";
+            if (parameter.usual) list += u", defaultvalue(" + constant(*parameter.usual) + u")";
+            list += u"] ";
+            // widl can give no usual value to a type with a name; to hosts a colour is a Long.
+            const bool plain = parameter.usual && parameter.type == ValueType::colour;
+            list += typeName(plain ? ValueType::longInteger : parameter.type);
             list += parameter.byReference ? u"* " : u" ";
             list += parameter.name;
         }

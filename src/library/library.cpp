@@ -1,6 +1,7 @@
 #include "library/library.h"
 
 #include "datecalendar/date_calendar.h"
+#include "grid/grid_edit.h"
 #include "pagetab/lns.h"
 #include "pagetab/page_tab.h"
 #include "palette/button_arrow.h"
@@ -18,7 +19,7 @@ const Library& library() {
         1,
         0,
         {&UpDownTextBox::memberTable(), &DateCalendar::memberTable(), &ButtonPalette::memberTable(),
-         &ButtonArrow::memberTable(), &PageTab::memberTable(), &lns::memberTable()},
+         &ButtonArrow::memberTable(), &GridEdit::memberTable(), &PageTab::memberTable(), &lns::memberTable()},
         {&buttonTypes(), &palettes()},
     };
     return library;

@@ -33,6 +33,8 @@ Text typeName(ValueType type) {
             return u"Font";
         case ValueType::picture:
             return u"Picture";
+        case ValueType::object:
+            return u"Object";
     }
     return u"";
 }
@@ -62,6 +64,7 @@ Text valueText(const Value& value) {
         case ValueType::empty:
         case ValueType::font:
         case ValueType::picture:
+        case ValueType::object:
             return u"";
         default:
             return toText(value).value_or(u"");
@@ -150,6 +153,7 @@ private:
         const PersistedValue* value = persisted(member);
         Text access;
         if (!member.put) access = u" (read only)";
+        if (!member.get) access = u" (write only)";
         line(u"| " + decimalText(member.number) + u" | " + code(member.name) + access + u" | " +
              typeName(member) + u" | " + (value ? keyCell(*value) : Text()) + u" | " + cell(placed) + u" | " +
              (value ? cell(value->readDefault) : Text()) + u" | " +
@@ -195,6 +199,7 @@ private:
             text += at == 0 ? u"" : u", ";
             text += parameter.byReference ? u"ByRef " : u"";
             text += parameter.name + u" As " + typeName(parameter.type);
+            if (parameter.usual) text += u" = " + valueText(*parameter.usual);
         }
         return text + u")";
     }

@@ -19,6 +19,7 @@ namespace obk {
 // A window's handle in the window system's own numbering; 0 is none.
 using NativeWindow = uintptr_t;
 
+class FileSystem;
 class SurfaceClient;
 class SurfacePeer;
 struct SurfacePlacement;
@@ -111,6 +112,7 @@ public:
     virtual Clock& clock() = 0;
     virtual Registry& registry() = 0;
     virtual Appearance& appearance() = 0;
+    virtual FileSystem& files() = 0;
     virtual std::unique_ptr<TimerPeer> createTimer(KeepAlive keepAlive, std::function<void()> tick) = 0;
     // Null when the system refuses.
     virtual std::unique_ptr<SurfacePeer> createSurface(SurfaceClient& client,
@@ -124,6 +126,9 @@ public:
     // without a choice or could not be shown. It takes the mouse capture, and anything may happen meanwhile.
     virtual std::optional<size_t> chooseFromMenu(NativeWindow owner, std::span<const MenuItem> items,
                                                  const PixelRect& beside) = 0;
+    // Puts a text on the clipboard in place of what is there. False, and nothing changed, when another
+    // program holds it.
+    virtual bool putOnClipboard(NativeWindow owner, TextView text) = 0;
 };
 
 }  // namespace obk

@@ -32,6 +32,8 @@ void Surface::close() {
     root_.detach();
     captured_ = nullptr;
     hovered_ = nullptr;
+    keyTarget_ = nullptr;
+    ownFocus_ = false;
     holding_ = false;
     resting_ = false;
     root_.setSurface(nullptr);
@@ -45,6 +47,20 @@ Dpi Surface::dpi() const {
 
 void Surface::invalidate(const PixelRect& rect) {
     if (peer_ && !rect.empty()) peer_->invalidate(rect);
+}
+
+void Surface::scroll(const PixelRect& rect, int32_t x, int32_t y) {
+    if (peer_ && !rect.empty()) peer_->scroll(rect, x, y);
+}
+
+bool Surface::focus(Widget& widget) {
+    if (!peer_) return false;
+    Widget* const before = std::exchange(keyTarget_, &widget);
+    if (!ownFocus_)
+        peer_->focus();
+    else if (before != &widget)
+        childFocusGained(widget);
+    return focusedOn(widget);
 }
 
 void Surface::capture(Widget& widget) {
@@ -92,6 +108,7 @@ std::optional<size_t> Surface::chooseFromMenu(std::span<const MenuItem> items, c
 void Surface::forget(const Widget& widget) {
     releaseCapture(widget);
     if (hovered_ == &widget) hovered_ = nullptr;
+    if (keyTarget_ == &widget) keyTarget_ = nullptr;
 }
 
 void Surface::childFocusGained(Widget& child) {
@@ -148,9 +165,35 @@ bool Surface::contextMenu(std::optional<PixelPoint> at) {
     return false;
 }
 
+void Surface::keyDown(KeyEvent& event) {
+    if (keyTarget_) keyTarget_->keyDown(event);
+    if (event.code != 0) owner_.surfaceKeyDown(event);
+}
+
+void Surface::keyUp(KeyEvent& event) {
+    if (keyTarget_) keyTarget_->keyUp(event);
+    if (event.code != 0) owner_.surfaceKeyUp(event);
+}
+
+int16_t Surface::keyPress(int16_t character) {
+    if (keyTarget_) character = keyTarget_->keyPress(character);
+    return character == 0 ? character : owner_.surfaceKeyPress(character);
+}
+
 void Surface::focusGained() {
+    ownFocus_ = true;
+    if (keyTarget_ && keyTarget_->enabled() && !keyTarget_->pixelClip().empty()) {
+        childFocusGained(*keyTarget_);
+        return;
+    }
+    keyTarget_ = nullptr;
     childFocusGained(root_);
     root_.takeFocus();
+}
+
+void Surface::focusLost() {
+    ownFocus_ = false;
+    childFocusLost(keyTarget_ ? *keyTarget_ : root_);
 }
 
 void Surface::paint(Canvas& canvas, const PixelRect& dirty) {

@@ -47,6 +47,12 @@ public:
     Dpi dpi() const;
 
     void invalidate(const PixelRect& rect);
+    // Moves what is drawn inside a rectangle and invalidates what is uncovered.
+    void scroll(const PixelRect& rect, int32_t x, int32_t y);
+    // Gives the keyboard to a drawn widget: the keys of the surface's own window are its until it is
+    // forgotten or another widget asks for them. Whether it has them now.
+    bool focus(Widget& widget);
+    bool focusedOn(const Widget& widget) const { return ownFocus_ && keyTarget_ == &widget; }
     // Mouse events go to `widget` until it releases, another window takes the capture, or it is forgotten.
     void capture(Widget& widget);
     void releaseCapture(const Widget& widget);
@@ -75,11 +81,11 @@ private:
     void mouse(const MouseEvent& event) override;
     bool wheel(const WheelEvent& event) override;
     bool contextMenu(std::optional<PixelPoint> at) override;
-    void keyDown(KeyEvent& event) override { owner_.surfaceKeyDown(event); }
-    void keyUp(KeyEvent& event) override { owner_.surfaceKeyUp(event); }
-    int16_t keyPress(int16_t character) override { return owner_.surfaceKeyPress(character); }
+    void keyDown(KeyEvent& event) override;
+    void keyUp(KeyEvent& event) override;
+    int16_t keyPress(int16_t character) override;
     void focusGained() override;
-    void focusLost() override { childFocusLost(root_); }
+    void focusLost() override;
     KeyRoute preTranslate(const KeyEvent& event) override { return owner_.route(event); }
     bool offerToContainer(const KeyEvent& event) override { return owner_.offerToContainer(event); }
     void paint(Canvas& canvas, const PixelRect& dirty) override;
@@ -96,6 +102,8 @@ private:
     std::unique_ptr<SurfacePeer> peer_;
     Widget* captured_ = nullptr;
     Widget* hovered_ = nullptr;
+    Widget* keyTarget_ = nullptr;  // a drawn widget that keys go to
+    bool ownFocus_ = false;        // the window itself has the focus, none of its children
     bool holding_ = false;
     bool resting_ = false;  // the held capture, while a menu is open
     bool placed_ = false;

@@ -42,6 +42,8 @@ std::string shown(const std::optional<Value>& value) {
             return std::get<FontRef>(*value) ? "font" : "no font";
         case ValueType::picture:
             return std::get<PictureRef>(*value) ? "picture" : "no picture";
+        case ValueType::object:
+            return std::get<ObjectRef>(*value) ? "object" : "no object";
     }
     return "?";
 }

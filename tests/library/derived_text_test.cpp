@@ -45,10 +45,16 @@ struct SampleLibrary {
         count.get = shape.get;
         Member method = row(MemberKind::method, 4, u"Find", u"Finds");
         method.type = ValueType::byte;
-        method.parameters = {{u"Where", ValueType::colour, false}, {u"What", ValueType::text, true}};
-        shown.members = {shape, picture, count, method};
+        method.parameters = {{u"Where", ValueType::colour, false, {}},
+                             {u"What", ValueType::text, true, {}},
+                             {u"How", ValueType::boolean, false, Value(true)},
+                             {u"Paint", ValueType::colour, false, OleColour(0x80000010u)}};
+        Member locked = row(MemberKind::property, 5, u"Locked", u"Write only");
+        locked.type = ValueType::boolean;
+        locked.put = shape.put;
+        shown.members = {shape, picture, count, method, locked};
         Member event = row(MemberKind::event, 1, u"Moved", u"It moved");
-        event.parameters = {{u"X", ValueType::single, true}, {u"Key", ValueType::integer, true}};
+        event.parameters = {{u"X", ValueType::single, true, {}}, {u"Key", ValueType::integer, true, {}}};
         shown.events = {event};
         hidden = shown;
         hidden.name = u"Hidden";
@@ -71,15 +77,16 @@ TEST(IdlWriter, WritesWhatHostsHaveToKnow) {
             "[id(1), propput, helpstring(\"Its kind\")]\n            void Kind([in] Shape value);",
             "[id(2), propputref, helpstring(\"Back\\\\slash\")]\n            void Face([in] IPictureDisp* value);",
             "float Count();",
-            "unsigned char Find([in] OLE_COLOR Where, [in, out] BSTR* What);",
+            "unsigned char Find([in] OLE_COLOR Where, [in, out] BSTR* What, [in, defaultvalue(-1)] VARIANT_BOOL How, "
+            "[in, defaultvalue(-2147483632)] long Paint);",
             "void Moved([in, out] float* X, [in, out] short* Key);",
             "[default] dispinterface _Shown;\n        [default, source] dispinterface __Shown;",
         })
         EXPECT_NE(idl.find(expected), std::string::npos) << expected << "\n" << idl;
     EXPECT_EQ(idl.find("void Count("), std::string::npos) << "a read-only property cannot be put";
-    EXPECT_EQ(
-        idl.find("void Kind([in] Shape value);", idl.find("void Kind([in] Shape value);") + 1),
-        std::string::npos)
+    EXPECT_EQ(idl.find("VARIANT_BOOL Locked()"), std::string::npos) << "a write-only one cannot be got";
+    EXPECT_EQ(idl.find("void Kind([in] Shape value);", idl.find("void Kind([in] Shape value);") + 1),
+              std::string::npos)
         << "a plain value is not put by reference";
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/headless/headless_machine.h"
+#include "platform/headless/memory_file_system.h"
 #include "widgets/peers.h"
 #include "widgets/platform.h"
 
@@ -25,12 +26,17 @@ public:
     ManualClock& clock() override { return clock_; }
     MemoryRegistry& registry() override { return registry_; }
     FixedAppearance& appearance() override { return appearance_; }
+    MemoryFileSystem& files() override { return files_; }
     std::unique_ptr<TimerPeer> createTimer(KeepAlive keepAlive, std::function<void()> tick) override;
     std::unique_ptr<SurfacePeer> createSurface(SurfaceClient& client,
                                                const SurfacePlacement& placement) override;
     std::optional<Rgb> chooseColour(NativeWindow owner, const ColourQuestion& question) override;
     std::optional<size_t> chooseFromMenu(NativeWindow owner, std::span<const MenuItem> items,
                                          const PixelRect& beside) override;
+    bool putOnClipboard(NativeWindow, TextView text) override {
+        clipboard_ = text;
+        return true;
+    }
 
     // What a person does. Keys go to the focused window; characters too, each with its key going down and up.
     void pressKey(int16_t code, int16_t shift = 0);
@@ -96,6 +102,7 @@ private:
     ManualClock clock_;
     MemoryRegistry registry_;
     FixedAppearance appearance_;
+    MemoryFileSystem files_;
     std::map<NativeWindow, HeadlessWindow*> windows_;
     std::vector<HeadlessTimer*> timers_;
     NativeWindow nextWindow_ = 1;

@@ -4,9 +4,10 @@
 
 namespace obk::headless {
 
-void RecordingCanvas::add(DrawnItem::Kind kind, const PixelRect& rect, Rgb colour, TextView text) {
+void RecordingCanvas::add(DrawnItem::Kind kind, const PixelRect& rect, Rgb colour, TextView text,
+                          const TextStyle& style) {
     const PixelRect shown = rect.intersected(clips_.back());
-    if (!shown.empty()) items_.push_back({kind, shown, colour, Text(text)});
+    if (!shown.empty()) items_.push_back({kind, shown, colour, Text(text), style});
 }
 
 void RecordingCanvas::fillRect(const PixelRect& rect, Rgb colour) {
@@ -26,7 +27,7 @@ void RecordingCanvas::fillPolygon(std::span<const PixelPoint> points, Rgb colour
 }
 
 void RecordingCanvas::drawText(TextView text, const PixelRect& rect, const TextStyle& style) {
-    add(DrawnItem::Kind::text, rect, style.colour, text);
+    add(DrawnItem::Kind::text, rect, style.colour, text, style);
 }
 
 void RecordingCanvas::drawPicture(const SharedPicture&, const PixelRect& rect) {

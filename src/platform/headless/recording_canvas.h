@@ -14,6 +14,7 @@ struct DrawnItem {
     PixelRect rect;  // what shows of it; a polygon's bounding box
     Rgb colour;
     Text text;
+    TextStyle style;  // of a text
 };
 
 class RecordingCanvas : public Canvas {
@@ -28,6 +29,7 @@ public:
     void drawFocusRect(const PixelRect& rect) override;
     void pushClip(const PixelRect& rect) override { clips_.push_back(clips_.back().intersected(rect)); }
     void popClip() override { clips_.pop_back(); }
+    PixelRect clipBounds() const override { return clips_.back(); }
 
     const std::vector<DrawnItem>& items() const& { return items_; }
     std::vector<DrawnItem> items() && { return std::move(items_); }
@@ -35,7 +37,8 @@ public:
     Rgb colourAt(PixelPoint point) const;
 
 private:
-    void add(DrawnItem::Kind kind, const PixelRect& rect, Rgb colour, TextView text = {});
+    void add(DrawnItem::Kind kind, const PixelRect& rect, Rgb colour, TextView text = {},
+             const TextStyle& style = {});
 
     Dpi dpi_;
     std::vector<PixelRect> clips_;

@@ -22,11 +22,21 @@ struct MenuDeleter {
 };
 using UniqueMenu = std::unique_ptr<std::remove_pointer_t<HMENU>, MenuDeleter>;
 
+struct GlobalMemoryDeleter {
+    void operator()(void* memory) const { GlobalFree(memory); }
+};
+using UniqueGlobalMemory = std::unique_ptr<void, GlobalMemoryDeleter>;
+
 // A device context in memory.
 struct MemoryDcDeleter {
     void operator()(HDC dc) const { DeleteDC(dc); }
 };
 using UniqueMemoryDc = std::unique_ptr<std::remove_pointer_t<HDC>, MemoryDcDeleter>;
+
+struct FileDeleter {
+    void operator()(HANDLE file) const { CloseHandle(file); }
+};
+using UniqueFile = std::unique_ptr<std::remove_pointer_t<HANDLE>, FileDeleter>;
 
 // Selects an object for one scope.
 class Selection {

@@ -4,6 +4,7 @@
 #include "platform/win32/appearance.h"
 #include "platform/win32/colour_chooser.h"
 #include "platform/win32/environment.h"
+#include "platform/win32/file_system.h"
 #include "platform/win32/machine.h"
 #include "widgets/peers.h"
 #include "widgets/platform.h"
@@ -26,12 +27,14 @@ public:
     Clock& clock() override { return clock_; }
     Registry& registry() override { return registry_; }
     Appearance& appearance() override { return appearance_; }
+    FileSystem& files() override { return files_; }
     std::unique_ptr<TimerPeer> createTimer(KeepAlive keepAlive, std::function<void()> tick) override;
     std::unique_ptr<SurfacePeer> createSurface(SurfaceClient& client,
                                                const SurfacePlacement& placement) override;
     std::optional<Rgb> chooseColour(NativeWindow owner, const ColourQuestion& question) override;
     std::optional<size_t> chooseFromMenu(NativeWindow owner, std::span<const MenuItem> items,
                                          const PixelRect& beside) override;
+    bool putOnClipboard(NativeWindow owner, TextView text) override;
 
     // For the host's calls of TranslateAccelerator: consults the control at most once for each message.
     KeyRouter& keys() { return environment_->keys(); }
@@ -43,6 +46,7 @@ private:
     SystemClock clock_;
     SystemRegistry registry_;
     SystemAppearance appearance_;
+    SystemFiles files_;
     ColourChooser colourChooser_;
 };
 

@@ -1,0 +1,85 @@
+#include "flexgrid/cell_style.h"
+
+#include <bit>
+#include <functional>
+
+namespace obk {
+
+namespace {
+
+void mix(size_t& hash, size_t value) {
+    hash = (hash ^ value) * size_t{0x9E3779B1u};
+    hash ^= hash >> 15;
+}
+
+// By their bits, so that what is not a number is found again too.
+uint32_t sizeBits(std::optional<float> size) {
+    return std::bit_cast<uint32_t>(size.value_or(0.0f));
+}
+
+bool equalNames(const std::shared_ptr<const Text>& left, const std::shared_ptr<const Text>& right) {
+    return left == right || (left && right && *left == *right);
+}
+
+// Two bits for a setting: whether it is set, and what it is.
+unsigned bits(std::optional<bool> setting) {
+    return setting ? 2u | static_cast<unsigned>(*setting) : 0u;
+}
+
+unsigned bits(std::optional<CellAlignment> alignment) {
+    return alignment ? static_cast<unsigned>(*alignment) + 1u : 0u;
+}
+
+unsigned smallSettings(const CellStyle& style) {
+    return bits(style.bold) | bits(style.italic) << 2 | bits(style.underline) << 4 |
+           bits(style.strikeThrough) << 6 | bits(style.alignment) << 8 | bits(style.pictureAlignment) << 12 |
+           static_cast<unsigned>(style.backColour.has_value()) << 16 |
+           static_cast<unsigned>(style.foreColour.has_value()) << 17 |
+           static_cast<unsigned>(style.fontSize.has_value()) << 18;
+}
+
+bool nothingSet(const CellStyle& style) {
+    return smallSettings(style) == 0 && !style.fontName && !style.picture;
+}
+
+}  // namespace
+
+std::optional<CellAlignment> cellAlignment(int32_t number) {
+    if (number < 0 || number > static_cast<int32_t>(CellAlignment::general)) return std::nullopt;
+    return static_cast<CellAlignment>(number);
+}
+
+bool CellStyle::operator==(const CellStyle& other) const {
+    return smallSettings(*this) == smallSettings(other) && backColour == other.backColour &&
+           foreColour == other.foreColour && sizeBits(fontSize) == sizeBits(other.fontSize) &&
+           picture == other.picture && equalNames(fontName, other.fontName);
+}
+
+const CellStyle& StyleRef::unset() {
+    static const CellStyle style;
+    return style;
+}
+
+void StyleRef::dropLast() const noexcept {
+    auto& entries = entry_->table->entries_;
+    entries.erase(entries.find(entry_->style));
+}
+
+size_t StyleTable::Hash::operator()(const CellStyle& style) const noexcept {
+    size_t hash = smallSettings(style);
+    mix(hash, style.backColour.value_or(OleColour()).value);
+    mix(hash, style.foreColour.value_or(OleColour()).value);
+    if (style.fontSize) mix(hash, sizeBits(style.fontSize));
+    if (style.fontName) mix(hash, std::hash<Text>()(*style.fontName));
+    if (style.picture) mix(hash, std::hash<PictureRef>()(style.picture));
+    return hash;
+}
+
+StyleRef StyleTable::shared(const CellStyle& style) {
+    if (nothingSet(style)) return {};
+    auto found = entries_.find(style);
+    if (found == entries_.end()) found = entries_.insert(StyleRef::Entry{style, this, 0}).first;
+    return StyleRef(*found);
+}
+
+}  // namespace obk

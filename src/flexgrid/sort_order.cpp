@@ -1,0 +1,156 @@
+#include "flexgrid/sort_order.h"
+
+#include "base/letter_case.h"
+#include "framework/value.h"
+
+#include <algorithm>
+#include <bit>
+#include <optional>
+
+namespace obk {
+
+namespace {
+
+// The usual numbers, digits with at most one point, without the general way of reading them.
+std::optional<double> plainNumber(TextView text) {
+    constexpr size_t exactDigits = 15;
+    static constexpr double powers[] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                        1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+    const bool negative = !text.empty() && text.front() == u'-';
+    if (negative) text.remove_prefix(1);
+    if (text.empty() || text.size() > exactDigits + 1) return std::nullopt;
+    uint64_t digits = 0;
+    size_t decimals = 0, count = 0;
+    bool afterPoint = false;
+    for (const char16_t unit : text) {
+        const unsigned digit = unit - unsigned{u'0'};
+        if (digit <= 9) {
+            digits = digits * 10 + digit;
+            ++count;
+            decimals += afterPoint ? 1 : 0;
+        } else if (unit == u'.' && !afterPoint) {
+            afterPoint = true;
+        } else {
+            return std::nullopt;
+        }
+    }
+    if (count == 0 || count > exactDigits) return std::nullopt;
+    const double number = static_cast<double>(digits) / powers[decimals];  // both exact, so rounded once
+    return negative ? -number : number;
+}
+
+std::optional<double> readNumber(TextView text) {
+    if (text.empty()) return std::nullopt;
+    if (const auto number = plainNumber(text)) return number;
+    // No number begins with a letter, and names are what is sorted most.
+    const char16_t first = text.front();
+    if ((first >= u'A' && first <= u'Z') || (first >= u'a' && first <= u'z')) return std::nullopt;
+    return numberFromText(text);
+}
+
+// Whole numbers in the order of the floating ones; both zeros are one.
+uint64_t orderedBits(double number) {
+    constexpr uint64_t sign = uint64_t{1} << 63;
+    const auto bits = std::bit_cast<uint64_t>(number == 0 ? 0.0 : number);
+    return (bits & sign) != 0 ? ~bits : bits | sign;
+}
+
+// What decides nearly every comparison, and the place that keeps equal ones in their order.
+struct Key {
+    uint64_t first = 0;
+    uint32_t place = 0;
+    uint32_t index = 0;  // of the rest
+};
+
+// The keys of one kind, in the order of their places at first.
+class Keys {
+public:
+    explicit Keys(SortDirection direction)
+        : flip_(direction == SortDirection::descending ? ~uint64_t{0} : 0) {}
+
+    void add(uint32_t place, double number) { keys_.push_back({orderedBits(number) ^ flip_, place, 0}); }
+    void add(uint32_t place, TextView text);
+    void sortNumbers();
+    void sortTexts();
+    void appendTo(std::vector<uint32_t>& order) const {
+        for (const Key& key : keys_) order.push_back(key.place);
+    }
+
+private:
+    static constexpr size_t firstUnits = 4;
+
+    struct Rest {
+        size_t start = 0, length = 0;  // length of the whole text
+    };
+
+    TextView rest(const Rest& of) const {
+        return TextView(capitals_).substr(of.start, of.length - std::min(of.length, firstUnits));
+    }
+
+    uint64_t flip_;  // turns the order of the keys round, not that of their places
+    std::vector<Key> keys_;
+    std::vector<Rest> rests_;
+    Text capitals_;
+};
+
+void Keys::add(uint32_t place, TextView text) {
+    uint64_t first = 0;
+    for (size_t at = 0; at < firstUnits; ++at)
+        first = first << 16 | (at < text.size() ? upperSimple(text[at]) : 0u);
+    keys_.push_back({first ^ flip_, place, static_cast<uint32_t>(rests_.size())});
+    rests_.push_back({capitals_.size(), text.size()});
+    for (size_t at = firstUnits; at < text.size(); ++at) capitals_.push_back(upperSimple(text[at]));
+}
+
+void Keys::sortNumbers() {
+    std::sort(keys_.begin(), keys_.end(), [](const Key& left, const Key& right) {
+        return left.first != right.first ? left.first < right.first : left.place < right.place;
+    });
+}
+
+void Keys::sortTexts() {
+    const int sign = flip_ == 0 ? 1 : -1;
+    std::sort(keys_.begin(), keys_.end(), [this, sign](const Key& left, const Key& right) {
+        if (left.first != right.first) return left.first < right.first;
+        const Rest& leftRest = rests_[left.index];
+        const Rest& rightRest = rests_[right.index];
+        if (const int order = rest(leftRest).compare(rest(rightRest)); order != 0) return order * sign < 0;
+        // Zero units at a text's end look like none in the first part.
+        if (leftRest.length != rightRest.length) return (leftRest.length < rightRest.length) == (sign > 0);
+        return left.place < right.place;
+    });
+}
+
+}  // namespace
+
+bool isNumber(TextView text) {
+    return readNumber(text).has_value();
+}
+
+std::vector<uint32_t> sortedOrder(uint32_t count, const std::function<TextView(uint32_t)>& text,
+                                  SortDirection direction) {
+    Keys early(direction), numbers(direction), late(direction);
+    for (uint32_t place = 0; place < count; ++place) {
+        const TextView key = text(place);
+        if (const auto number = readNumber(key))
+            numbers.add(place, *number);
+        else if (key.empty() || upperSimple(key.front()) < u'0')
+            early.add(place, key);
+        else
+            late.add(place, key);
+    }
+    early.sortTexts();
+    numbers.sortNumbers();
+    late.sortTexts();
+
+    std::vector<uint32_t> order;
+    order.reserve(count);
+    if (direction == SortDirection::ascending) {
+        for (const Keys* keys : {&early, &numbers, &late}) keys->appendTo(order);
+    } else {
+        for (const Keys* keys : {&late, &numbers, &early}) keys->appendTo(order);
+    }
+    return order;
+}
+
+}  // namespace obk

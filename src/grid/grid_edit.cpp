@@ -1,0 +1,166 @@
+#include "grid/grid_edit.h"
+
+#include "base/attempt.h"
+#include "framework/kxlib_system.h"
+
+#include <utility>
+
+namespace obk {
+
+namespace {
+
+// When the grid shows what is selected: always.
+constexpr int32_t highLightAlways = 1;
+
+}  // namespace
+
+GridEdit::GridEdit(Platform& platform)
+    : Control(platform), gbrBORDER(root()), flexGRID(root()), picTOPBAR(root(), flexGRID) {
+    connectChildren();
+    FontUpdate();
+}
+
+void GridEdit::initialize() {
+    const Look look = lookOfSystem(platform());
+    gbrBORDER.setLook(look);
+    flexGRID.setLook(look);
+}
+
+void GridEdit::connectChildren() {
+    const auto on = [this](auto& event, auto handler) {
+        connections_.push_back(event.connect(std::move(handler)));
+    };
+    on(flexGRID.keyWentDown, [this](KeyEvent& event) { KeyDown(event.code, event.shift); });
+    on(flexGRID.keyWentUp, [this](KeyEvent& event) { KeyUp(event.code, event.shift); });
+    on(flexGRID.characterTyped, [this](int16_t& character) { KeyPress(character); });
+    on(flexGRID.mousePressed, [this](const MouseEvent& event) { raiseMouse(MouseDown, event); });
+    on(flexGRID.mouseMoved, [this](const MouseEvent& event) { raiseMouse(MouseMove, event); });
+    on(flexGRID.mouseReleased, [this](const MouseEvent& event) { raiseMouse(MouseUp, event); });
+    on(flexGRID.clicked, [this] { Click(); });
+    on(flexGRID.doubleClicked, [this] { DblClick(); });
+    on(flexGRID.leavingCell, [this] {
+        leftRow_ = flexGRID.Row();
+        BoxHide();
+    });
+    on(flexGRID.cellEntered, [this] { enterCell(); });
+    on(flexGRID.selectionMoved, [this] { SelChange(); });
+    on(flexGRID.scrolled, [this] { picTOPBAR.invalidate(); });
+    on(flexGRID.columnResized, [this](int32_t) { picTOPBAR.invalidate(); });
+    on(picTOPBAR.clicked, [this] {
+        BoxHide();
+        SortClick();
+    });
+}
+
+void GridEdit::SetBarHeader(bool BarHeader) {
+    picTOPBAR.setVisible(BarHeader);
+    resize();
+    PropertyChanged<&GridEdit::BarHeader>();
+}
+
+void GridEdit::SetBarHeaderColorRefresh(OleColour colour) {
+    picTOPBAR.setBackColour(colour);
+    PropertyChanged<&GridEdit::BarHeaderColorRefresh>();
+}
+
+void GridEdit::SetBorderStyle(int32_t BorderStyle) {
+    if (gbrBORDER.setBorderStyle(BorderStyle)) resize();
+    PropertyChanged<&GridEdit::BorderStyle>();
+}
+
+void GridEdit::SetFont(const FontRef& Font) {
+    attempt([&] { loadFont(Font); });
+    PropertyChanged<&GridEdit::Font>();
+}
+
+void GridEdit::loadFont(const FontRef& font) {
+    if (!font) return;
+    flexGRID.SetFont(font);
+    fontConnection_ = flexGRID.Font()->changed.connect([this] { fontChanged(); });
+    // A font that a bag holds differs from the container's, or it would not have been written.
+    fontFromAmbient_ = font->description() == ambientFont()->description() ? font : nullptr;
+    FontUpdate();
+    resize();
+}
+
+void GridEdit::fontChanged() {
+    // A host that changes the container's font in place has a font of its own from then on.
+    if (Font() == fontFromAmbient_) fontFromAmbient_.reset();
+    resize();
+    PropertyChanged<&GridEdit::Font>();
+}
+
+void GridEdit::useAmbientFont(const FontRef& font) {
+    if (!fontFromAmbient_ || Font() != fontFromAmbient_) return;
+    const FontRef followed = std::exchange(fontFromAmbient_, nullptr);
+    followed->setDescription(font->description());
+    fontFromAmbient_ = followed;
+}
+
+// What a press with the left button at the grid's left top corner does, but that it takes no focus.
+void GridEdit::loaded() {
+    flexGRID.SetAllowUserResizing(true);
+    flexGRID.SetHighLight(highLightAlways);
+    resize();
+    root().invalidate();
+    BoxHide();
+    attempt([&] { raiseMouse(MouseDown, {MouseEvent::Kind::down, button::left, 0, {0, 0}}); });
+    goTo(flexGRID.TopRow(), flexGRID.LeftCol());
+    BoxShow();
+}
+
+void GridEdit::resize() {
+    const Twips border = borderOffset(), top = border + headerHeight();
+    const Twips inner = width() - 2 * border;
+    gbrBORDER.move({{0}, {0}, width(), height()});
+    picTOPBAR.move({border, border, inner, headerHeight()});
+    flexGRID.move({border, top, inner, height() - top - border});
+}
+
+void GridEdit::GridReset() {
+    flexGRID.setVisible(false);
+    flexGRID.Clear();
+    attempt([&] { flexGRID.SetRows(1); });
+    flexGRID.SetCol(0);
+    flexGRID.SetRow(0);
+    flexGRID.SetHighLight(highLightAlways);
+    GridChange();
+}
+
+void GridEdit::GridSetFocus(int32_t colno, int32_t rowno) {
+    BoxHide();
+    goTo(rowno, colno);
+    BoxShow();
+}
+
+void GridEdit::GridColr(OleColour& newcol) {
+    FlexGrid::Colours colours = flexGRID.colours();
+    colours.lines = newcol;
+    colours.selectionBack = newcol;
+    flexGRID.setColours(colours);
+}
+
+void GridEdit::BoxHide() {
+    // A host that answers with what closes the editor is not told once more.
+    if (std::exchange(closing_, true)) return;
+    attempt([&] { ChangeEdited(); });
+    closing_ = false;
+}
+
+void GridEdit::enterCell() {
+    const bool anotherRow = flexGRID.Row() != leftRow_;
+    attempt([&] { CellSelected(); });
+    if (anotherRow) attempt([&] { NewRowSelected(); });
+    BoxShow();
+}
+
+void GridEdit::raiseMouse(const Event<int16_t&, int16_t&, float&, float&>& event, const MouseEvent& mouse) {
+    int16_t mouseButton = mouse.button;
+    int16_t shiftState = mouse.shift;
+    const Dpi dpi = root().dpi();
+    auto x = static_cast<float>(dpi.toTwips(mouse.at.x).value);
+    auto y = static_cast<float>(dpi.toTwips(mouse.at.y).value);
+    event(mouseButton, shiftState, x, y);
+}
+
+}  // namespace obk

@@ -1,0 +1,59 @@
+// The editable grid's text file: saved and loaded step by step, whatever happens to the file.
+#include "base/attempt.h"
+#include "grid/grid_edit.h"
+#include "grid/grid_file_rows.h"
+#include "widgets/surface.h"
+
+namespace obk {
+
+void GridEdit::GridSave(const Text& path, const Text& header) {
+    const CellAddress current = flexGRID.current();
+    BoxHide();
+    flexGRID.SetRedraw(false);
+    // One statement: the writer fails as a whole, before it has touched the file.
+    attempt([&] {
+        BusySign busy(platform().clock(), [this](bool show) { showBusy(show); });
+        GridFileWriter file(platform().files(), path, busy);
+        file.writeHeader(flexGRID.Cols(), header);
+        writeRows(flexGRID.model(), file);
+        file.close();
+    });
+    // Only a host that was told can have moved it.
+    if (flexGRID.current() != current) {
+        if (current.col >= 0) flexGRID.SetCol(current.col);
+        if (current.row >= 0) flexGRID.SetRow(current.row);
+    }
+    flexGRID.SetRedraw(true);
+}
+
+Text GridEdit::GridLoad(const Text& path) {
+    Text caption;
+    BoxHide();
+    flexGRID.Clear();
+    flexGRID.SetRows(0);
+    flexGRID.setVisible(false);
+    // A grid of no rows stays hidden, as does one whose file cannot be read.
+    attempt([&] {
+        BusySign busy(platform().clock(), [this](bool show) { showBusy(show); });
+        GridFileReader file(platform().files(), path, busy);
+        GridFileHeader header = file.header();
+        if (header.cols) attempt([&] { flexGRID.SetCols(*header.cols); });
+        caption = std::move(header.caption);
+        if (file.atEnd()) return;
+        flexGRID.setVisible(true);
+        flexGRID.change([&](GridModel& grid) { readRows(grid, file, types_); });
+    });
+    flexGRID.SetCol(0);
+    flexGRID.SetRow(0);
+    picTOPBAR.invalidate();
+    GridChange();
+    FontUpdate();
+    return caption;
+}
+
+void GridEdit::showBusy(bool busy) {
+    const Surface* shownOn = root().surface();
+    if (shownOn && shownOn->peer()) shownOn->peer()->setCursor(busy ? Cursor::wait : Cursor::arrow);
+}
+
+}  // namespace obk

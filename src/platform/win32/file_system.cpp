@@ -1,0 +1,191 @@
+#include "platform/win32/file_system.h"
+
+#include "platform/win32/handles.h"
+#include "platform/win32/text_conversion.h"
+
+#include <windows.h>
+
+#include <algorithm>
+#include <string>
+#include <utility>
+
+namespace obk::win32 {
+
+namespace {
+
+// The most that one call transfers; the system counts in 32 bits.
+constexpr size_t mostBytes = 1 << 20;
+
+UniqueFile open(const std::wstring& path, DWORD access, DWORD disposition, DWORD flags = 0) {
+    // Others may read a file meanwhile, and put another one in its place.
+    constexpr DWORD reading = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+    constexpr DWORD writing = FILE_SHARE_READ;
+    const HANDLE file = CreateFileW(path.c_str(), access, access == GENERIC_READ ? reading : writing, nullptr,
+                                    disposition, FILE_ATTRIBUTE_NORMAL | flags, nullptr);
+    return UniqueFile(file == INVALID_HANDLE_VALUE ? nullptr : file);
+}
+
+// A path that the system's functions take to its end; empty for one that none of them would take.
+std::wstring usablePath(TextView path) {
+    return path.find(u'\0') == TextView::npos ? toWide(path) : std::wstring();
+}
+
+// Where an open file really is, behind links; the path itself where the system does not tell.
+std::wstring finalPath(HANDLE file, const std::wstring& path) {
+    const DWORD size = GetFinalPathNameByHandleW(file, nullptr, 0, FILE_NAME_NORMALIZED);
+    std::wstring found(size, L'\0');
+    const DWORD length =
+        size == 0 ? 0 : GetFinalPathNameByHandleW(file, found.data(), size, FILE_NAME_NORMALIZED);
+    if (length == 0 || length >= size) return path;
+    found.resize(length);
+    return found;
+}
+
+bool writeAll(HANDLE file, std::string_view bytes) {
+    while (!bytes.empty()) {
+        DWORD written = 0;
+        const auto count = static_cast<DWORD>(std::min(bytes.size(), mostBytes));
+        if (!WriteFile(file, bytes.data(), count, &written, nullptr) || written == 0) return false;
+        bytes.remove_prefix(written);
+    }
+    return true;
+}
+
+class Reading final : public InputFile {
+public:
+    explicit Reading(UniqueFile file) : file_(std::move(file)) {}
+
+    size_t read(std::span<char> into) override {
+        DWORD count = 0;
+        const auto room = static_cast<DWORD>(std::min(into.size(), mostBytes));
+        return ReadFile(file_.get(), into.data(), room, &count, nullptr) ? count : 0;
+    }
+
+private:
+    UniqueFile file_;
+};
+
+class WritingInPlace final : public OutputFile {
+public:
+    explicit WritingInPlace(UniqueFile file) : file_(std::move(file)) {}
+
+    bool write(std::string_view bytes) override {
+        whole_ = whole_ && writeAll(file_.get(), bytes);
+        return whole_;
+    }
+    bool commit() override {
+        file_.reset();
+        return whole_;
+    }
+
+private:
+    UniqueFile file_;
+    bool whole_ = true;
+};
+
+class WritingBeside final : public OutputFile {
+public:
+    WritingBeside(UniqueFile file, std::wstring beside, std::wstring path)
+        : file_(std::move(file)), beside_(std::move(beside)), path_(std::move(path)) {}
+    WritingBeside(const WritingBeside&) = delete;
+    WritingBeside& operator=(const WritingBeside&) = delete;
+    ~WritingBeside() override {
+        file_.reset();
+        if (!placed_) DeleteFileW(beside_.c_str());
+    }
+
+    bool write(std::string_view bytes) override {
+        whole_ = whole_ && writeAll(file_.get(), bytes);
+        return whole_;
+    }
+    bool commit() override {
+        // A loss of power after the file has its name must not find it empty.
+        whole_ = whole_ && FlushFileBuffers(file_.get());
+        file_.reset();
+        if (!whole_) return false;
+        placed_ = replace();
+        // Somebody has the old file open and will not share its name: its content can be replaced all the
+        // same.
+        return placed_ || CopyFileW(beside_.c_str(), path_.c_str(), FALSE);
+    }
+
+private:
+    bool replace() const {
+        // Keeps the old file's owner, rights and attributes; fails where there is no old file.
+        if (ReplaceFileW(path_.c_str(), beside_.c_str(), nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr,
+                         nullptr))
+            return true;
+        return MoveFileExW(beside_.c_str(), path_.c_str(),
+                           MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != FALSE;
+    }
+
+    UniqueFile file_;
+    std::wstring beside_, path_;
+    bool whole_ = true;
+    bool placed_ = false;
+};
+
+// A new file beside `path`; null where none can be made.
+std::unique_ptr<OutputFile> fileBeside(const std::wstring& path) {
+    constexpr int mostTurns = 16;
+    for (int turn = 0; turn < mostTurns; ++turn) {
+        std::wstring beside = path + L'.' + std::to_wstring(GetCurrentProcessId()) + L'-' +
+                              std::to_wstring(GetTickCount() + static_cast<DWORD>(turn)) + L".tmp";
+        if (UniqueFile file = open(beside, GENERIC_WRITE, CREATE_NEW))
+            return std::make_unique<WritingBeside>(std::move(file), std::move(beside), path);
+        if (GetLastError() != ERROR_FILE_EXISTS) break;
+    }
+    return nullptr;
+}
+
+std::unique_ptr<OutputFile> inPlace(UniqueFile file) {
+    if (!file) return nullptr;
+    // A device has no end to set.
+    SetEndOfFile(file.get());
+    return std::make_unique<WritingInPlace>(std::move(file));
+}
+
+bool exists(DWORD error) {
+    return error != ERROR_FILE_NOT_FOUND && error != ERROR_PATH_NOT_FOUND;
+}
+
+}  // namespace
+
+std::unique_ptr<InputFile> SystemFiles::openForReading(TextView path) {
+    const std::wstring name = usablePath(path);
+    UniqueFile file =
+        name.empty() ? nullptr : open(name, GENERIC_READ, OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN);
+    return file ? std::make_unique<Reading>(std::move(file)) : nullptr;
+}
+
+std::unique_ptr<OutputFile> SystemFiles::openForWriting(TextView path) {
+    const std::wstring name = usablePath(path);
+    if (name.empty()) return nullptr;
+    UniqueFile present = open(name, GENERIC_WRITE, OPEN_EXISTING);
+    if (!present) {
+        if (exists(GetLastError())) return nullptr;
+        if (auto file = fileBeside(name)) return file;
+        return inPlace(open(name, GENERIC_WRITE, CREATE_NEW));
+    }
+    if (GetFileType(present.get()) != FILE_TYPE_DISK) return inPlace(std::move(present));
+    const std::wstring real = finalPath(present.get(), name);
+    if (auto file = fileBeside(real)) return file;
+    return inPlace(std::move(present));
+}
+
+const CodePage& SystemFiles::codePage() {
+    if (codePage_) return *codePage_;
+    CPINFO info{};
+    if (!GetCPInfo(CP_ACP, &info) || info.MaxCharSize != 1) return CodePage::windows1252();
+    CodePage::Meanings meanings{};
+    for (size_t byte = 0; byte < meanings.size(); ++byte) {
+        const auto one = static_cast<char>(byte);
+        wchar_t unit = 0;
+        if (MultiByteToWideChar(CP_ACP, 0, &one, 1, &unit, 1) != 1) return CodePage::windows1252();
+        meanings[byte] = static_cast<char16_t>(unit);
+    }
+    codePage_ = std::make_unique<CodePage>(meanings);
+    return *codePage_;
+}
+
+}  // namespace obk::win32

@@ -1,0 +1,383 @@
+#include "flexgrid/grid_model.h"
+
+#include "flexgrid/plain_grid.h"
+#include "support/failing_memory.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+namespace obk {
+namespace {
+
+using test::PlainGrid;
+using test::PlainRow;
+
+constexpr Dpi dpi(120);
+
+class Random {
+public:
+    explicit Random(uint64_t seed) : engine_(seed) {}
+
+    int32_t below(int32_t limit) { return static_cast<int32_t>(engine_() % static_cast<uint64_t>(limit)); }
+    bool oneIn(int32_t chances) { return below(chances) == 0; }
+    Text text() {
+        static const Text known[] = {u"",         u"1",  u"-1",  u"2.50", u"10",   u"1,000",
+                                     u"1e3",      u"#1", u"abc", u"ABD",  u"Abc ", u"12ab",
+                                     u"\xE9tude", u" ",  u"a",   u"&H10"};
+        if (oneIn(2)) return known[below(std::size(known))];
+        const int32_t length = oneIn(40) ? 150 + below(150) : below(24);
+        Text text(static_cast<size_t>(length), u' ');
+        for (char16_t& unit : text) unit = static_cast<char16_t>(u' ' + 1 + below(400));
+        return text;
+    }
+    CellStyle style() {
+        CellStyle style;
+        if (oneIn(4)) return style;
+        style.backColour = OleColour(static_cast<uint32_t>(below(3)));
+        if (oneIn(3)) style.bold = oneIn(2);
+        if (oneIn(5)) style.fontName = std::make_shared<Text>(u"webdings");
+        if (oneIn(5)) style.fontSize = 12.0f;
+        return style;
+    }
+
+private:
+    std::mt19937_64 engine_;
+};
+
+// Compares one row in full, with its place.
+void expectRow(const GridModel& grid, const PlainGrid& plain, int32_t row) {
+    const PlainRow& expected = plain.rows[static_cast<size_t>(row)];
+    for (int32_t col = 0; col < plain.cols(); ++col) {
+        const test::PlainCell& cell = expected.cells[static_cast<size_t>(col)];
+        ASSERT_EQ(grid.text({row, col}), cell.text) << row << ", " << col;
+        ASSERT_EQ(*grid.style({row, col}), cell.style) << row << ", " << col;
+    }
+    ASSERT_EQ(grid.rowList().height(row), plain.height(expected)) << row;
+}
+
+void expectEqual(const GridModel& grid, const PlainGrid& plain) {
+    ASSERT_EQ(grid.rows(), static_cast<int32_t>(plain.rows.size()));
+    ASSERT_EQ(grid.cols(), plain.cols());
+    int64_t top = 0;
+    for (int32_t row = 0; row < grid.rows(); ++row) {
+        ASSERT_NO_FATAL_FAILURE(expectRow(grid, plain, row));
+        ASSERT_EQ(grid.rowList().top(row), top) << row;
+        const int32_t height = plain.pixels(plain.height(plain.rows[static_cast<size_t>(row)]));
+        if (height > 0) {
+            ASSERT_EQ(grid.rowList().rowAt(top), row);
+            ASSERT_EQ(grid.rowList().rowAt(top + height - 1), row);
+        }
+        top += height;
+    }
+    ASSERT_EQ(grid.rowList().top(grid.rows()), top);
+    ASSERT_EQ(grid.rowList().rowAt(top), grid.rows());
+    for (int32_t col = 0; col <= grid.cols(); ++col) ASSERT_EQ(grid.columns().left(col), plain.left(col));
+}
+
+// One random step on both; what is refused is out of range for sure.
+void step(GridModel& grid, PlainGrid& plain, Random& random, int32_t mostRows) {
+    const int32_t rows = grid.rows(), cols = grid.cols();
+    const CellAddress cell{rows == 0 ? 0 : random.below(rows), random.below(cols)};
+    const auto row = static_cast<size_t>(cell.row), col = static_cast<size_t>(cell.col);
+    switch (random.below(100)) {
+        case 0: {
+            const int32_t count = random.below(mostRows);
+            ASSERT_TRUE(grid.setRows(count));
+            plain.setRows(count);
+            break;
+        }
+        case 1: {
+            const int32_t count = 1 + random.below(14);
+            ASSERT_TRUE(grid.setCols(count));
+            plain.setCols(count);
+            break;
+        }
+        case 2:
+            if (!random.oneIn(10)) break;
+            grid.clear();
+            plain.clear();
+            break;
+        case 3: {
+            if (rows == 0 || !random.oneIn(4)) break;
+            const int32_t first = random.below(rows), last = first + random.below(rows - first);
+            const auto direction = random.oneIn(2) ? SortDirection::ascending : SortDirection::descending;
+            ASSERT_TRUE(grid.sort(cell.col, direction, first, last));
+            plain.sort(cell.col, direction, first, last);
+            break;
+        }
+        case 4: {
+            const int32_t twips = random.oneIn(4) ? 0 : random.below(600);
+            ASSERT_EQ(grid.setRowHeight(cell.row, twips), rows > 0);
+            if (rows > 0) plain.rows[row].height = twips;
+            break;
+        }
+        case 5: {
+            const int32_t twips = random.below(3000);
+            ASSERT_TRUE(grid.setColWidth(cell.col, twips));
+            plain.widths[col] = twips;
+            break;
+        }
+        case 6:
+            if (!random.oneIn(10)) break;
+            plain.defaultHeight = 1 + random.below(500);
+            ASSERT_TRUE(grid.setDefaultRowHeight(plain.defaultHeight));
+            break;
+        case 7: {
+            if (!random.oneIn(10)) break;
+            const Dpi other(random.oneIn(2) ? 96 : 168);
+            grid.setDpi(other);
+            plain.setDpi(other);
+            break;
+        }
+        default:
+            break;
+    }
+    if (grid.rows() != rows || grid.cols() != cols) return;
+    if (random.oneIn(3)) {
+        Text item;
+        for (int32_t count = random.below(16); count > 0; --count) item += random.text() + u"\t";
+        const int32_t at = random.oneIn(3) ? rows : random.oneIn(3) ? 0 : random.below(rows + 1);
+        ASSERT_TRUE(grid.addItem(item, at));
+        plain.addItem(item, at);
+    } else if (rows > 0 && random.oneIn(rows > mostRows ? 2 : 4)) {
+        ASSERT_TRUE(grid.removeItem(cell.row));
+        plain.removeItem(cell.row);
+    } else if (rows > 0 && random.oneIn(3)) {
+        const CellStyle style = random.style();
+        ASSERT_TRUE(grid.setStyle(cell, style));
+        plain.rows[row].cells[col].style = style;
+    } else if (rows > 0) {
+        const Text text = random.text();
+        ASSERT_TRUE(grid.setText(cell, text));
+        plain.rows[row].cells[col].text = text;
+        ASSERT_EQ(grid.text(cell), text);
+    }
+}
+
+// Grids of few rows meet every edge often, those of thousands have many blocks of rows.
+class RandomOperations : public ::testing::TestWithParam<std::tuple<int, int, int>> {};
+
+TEST_P(RandomOperations, KeepAGridLikeASimpleOne) {
+    const auto [seed, mostRows, steps] = GetParam();
+    Random random(static_cast<uint64_t>(seed));
+    GridModel grid(3, 5, dpi);
+    PlainGrid plain(3, 5, dpi);
+    for (int count = 0; count < steps; ++count) {
+        ASSERT_NO_FATAL_FAILURE(step(grid, plain, random, mostRows)) << "step " << count;
+        if (count % (mostRows * 40) == 0) {
+            ASSERT_NO_FATAL_FAILURE(expectEqual(grid, plain)) << "step " << count;
+        }
+    }
+    expectEqual(grid, plain);
+    // No style outlives the cells that had it.
+    ASSERT_TRUE(grid.setRows(0));
+    EXPECT_EQ(grid.styleCount(), 0u);
+}
+
+INSTANTIATE_TEST_SUITE_P(Seeds, RandomOperations,
+                         ::testing::Values(std::tuple(1, 4, 400000), std::tuple(2, 12, 800000),
+                                           std::tuple(3, 60, 600000), std::tuple(4, 1500, 100000),
+                                           std::tuple(5, 4000, 40000)));
+
+TEST(GridModel, RefusesWhatIsOutOfRangeAndChangesNothing) {
+    GridModel grid(2, 3, dpi);
+    ASSERT_TRUE(grid.setText({1, 2}, u"kept"));
+    CellStyle style;
+    style.bold = true;
+    for (const CellAddress outside :
+         {CellAddress{-1, 0}, CellAddress{2, 0}, CellAddress{0, -1}, CellAddress{0, 3},
+          CellAddress{INT32_MAX, INT32_MAX}, CellAddress{INT32_MIN, 0}}) {
+        EXPECT_FALSE(grid.setText(outside, u"x"));
+        EXPECT_FALSE(grid.setStyle(outside, style));
+        EXPECT_EQ(grid.text(outside), u"");
+        EXPECT_FALSE(grid.style(outside));
+    }
+    for (const int32_t row : {-1, 3, INT32_MAX}) EXPECT_FALSE(grid.addItem(u"x", row));
+    for (const int32_t row : {-1, 2, INT32_MAX}) {
+        EXPECT_FALSE(grid.removeItem(row));
+        EXPECT_FALSE(grid.setRowHeight(row, 100));
+    }
+    for (const int32_t twips : {-1, GridModel::greatestLength + 1}) {
+        EXPECT_FALSE(grid.setRowHeight(0, twips));
+        EXPECT_FALSE(grid.setColWidth(0, twips));
+        EXPECT_FALSE(grid.setDefaultRowHeight(twips));
+    }
+    EXPECT_FALSE(grid.setDefaultRowHeight(0));
+    for (const int32_t col : {-1, 3}) {
+        EXPECT_FALSE(grid.setColWidth(col, 100));
+        EXPECT_FALSE(grid.setColAlignment(col, CellAlignment::leftTop));
+        EXPECT_FALSE(grid.sort(col, SortDirection::ascending, 0, 1));
+    }
+    EXPECT_FALSE(grid.sort(0, SortDirection::ascending, -1, 1));
+    EXPECT_FALSE(grid.sort(0, SortDirection::ascending, 0, 2));
+    EXPECT_FALSE(grid.sort(0, SortDirection::ascending, 1, 0));
+    EXPECT_FALSE(grid.setRows(-1));
+    for (const int32_t count : {0, -1, GridModel::mostCols + 1}) EXPECT_FALSE(grid.setCols(count));
+    for (const float size : {0.0f, -1.0f, 8193.0f, std::numeric_limits<float>::quiet_NaN()}) {
+        CellStyle font;
+        font.fontSize = size;
+        EXPECT_FALSE(grid.setStyle({0, 0}, font));
+    }
+    style.fontName = std::make_shared<Text>();
+    EXPECT_FALSE(grid.setStyle({0, 0}, style));
+    EXPECT_EQ(grid.rows(), 2);
+    EXPECT_EQ(grid.cols(), 3);
+    EXPECT_EQ(grid.text({1, 2}), u"kept");
+    EXPECT_EQ(grid.styleCount(), 0u);
+}
+
+TEST(GridModel, TakesMoreRowsThanMemoryCouldFill) {
+    GridModel grid(0, 3, dpi);
+    ASSERT_TRUE(grid.setRows(INT32_MAX));
+    EXPECT_FALSE(grid.addItem(u"one too many", 5));
+    ASSERT_TRUE(grid.setText({2000000000, 1}, u"far"));
+    ASSERT_TRUE(grid.setRowHeight(1000000000, 480));
+    ASSERT_TRUE(grid.removeItem(0));
+    EXPECT_EQ(grid.text({1999999999, 1}), u"far");
+    EXPECT_EQ(grid.rowList().top(1999999999), int64_t{1999999999} * 20 + 20);
+    EXPECT_EQ(grid.rowList().rowAt(int64_t{1999999999} * 20 + 20), 1999999999);
+    ASSERT_TRUE(grid.setRows(1));
+}
+
+TEST(GridModel, DropsCellsBeyondTheLastColumnForGood) {
+    GridModel grid(0, 3, dpi);
+    ASSERT_TRUE(grid.addItem(u"a\tb\tc\td", 0));
+    ASSERT_TRUE(grid.setCols(4));
+    EXPECT_EQ(grid.text({0, 3}), u"");
+    ASSERT_TRUE(grid.setCols(1));
+    ASSERT_TRUE(grid.setCols(3));
+    EXPECT_EQ(grid.text({0, 0}), u"a");
+    EXPECT_EQ(grid.text({0, 1}), u"");
+}
+
+TEST(GridModel, CopiesACellIntoAnother) {
+    const Text lengths[] = {u"", u"short", Text(PackedRow::longestInline, u'i'), Text(5000, u'a')};
+    for (const Text& first : lengths) {
+        for (const Text& second : lengths) {
+            GridModel grid(1, 4, dpi);
+            ASSERT_TRUE(grid.setText({0, 1}, first));
+            ASSERT_TRUE(grid.setText({0, 2}, second));
+            ASSERT_TRUE(grid.setText({0, 1}, grid.text({0, 2})));
+            ASSERT_TRUE(grid.setText({0, 3}, grid.text({0, 1})));
+            EXPECT_EQ(grid.text({0, 1}), second);
+            EXPECT_EQ(grid.text({0, 3}), second);
+            // A part of a cell's own text, which goes while it is read.
+            ASSERT_TRUE(grid.setText({0, 3}, grid.text({0, 3}).substr(second.size() / 2)));
+            EXPECT_EQ(grid.text({0, 3}), second.substr(second.size() / 2));
+            ASSERT_TRUE(grid.addItem(grid.text({0, 2}), 0));
+            EXPECT_EQ(grid.text({0, 0}), second);
+        }
+    }
+}
+
+TEST(GridModel, KeepsALongTextOfManyCellsOnce) {
+    const Text longText(1 << 20, u'x');
+    const std::vector<TextView> texts(GridModel::mostCols, longText);
+    GridModel grid(0, GridModel::mostCols, dpi);
+    ASSERT_TRUE(grid.addTexts(texts, 0));
+    EXPECT_EQ(grid.text({0, 0}).data(), grid.text({0, 10000}).data());
+    ASSERT_TRUE(grid.setText({0, 0}, u"other"));
+    ASSERT_TRUE(grid.setText({0, 10000}, Text(300, u'y')));
+    EXPECT_EQ(grid.text({0, 9999}), longText);
+    ASSERT_TRUE(grid.setCols(2));
+    EXPECT_EQ(grid.text({0, 1}), longText);
+}
+
+TEST(GridModel, FillsAWideRowCellByCell) {
+    GridModel grid(1, GridModel::mostCols, dpi);
+    for (int32_t col = 0; col < grid.cols(); ++col) ASSERT_TRUE(grid.setText({0, col}, decimalText(col)));
+    for (int32_t col = 0; col < grid.cols(); ++col) ASSERT_EQ(grid.text({0, col}), decimalText(col));
+}
+
+TEST(GridModel, ClearKeepsCountsAndSizes) {
+    GridModel grid(2000, 2, dpi);
+    ASSERT_TRUE(grid.setRowHeight(700, 480));
+    ASSERT_TRUE(grid.setColWidth(1, 300));
+    CellStyle style;
+    style.italic = true;
+    ASSERT_TRUE(grid.setStyle({700, 1}, style));
+    ASSERT_TRUE(grid.setText({701, 1}, u"x"));
+    grid.clear();
+    EXPECT_EQ(grid.rows(), 2000);
+    EXPECT_EQ(grid.rowList().height(700), 480);
+    EXPECT_EQ(grid.columns().width(1), 300);
+    EXPECT_EQ(grid.text({701, 1}), u"");
+    EXPECT_EQ(grid.styleCount(), 0u);
+}
+
+TEST(GridModel, AlignsByCellThenColumnThenContent) {
+    GridModel grid(0, 3, dpi);
+    ASSERT_TRUE(grid.addItem(u"word\t1,234.50\t7", 0));
+    EXPECT_EQ(grid.alignment({0, 0}), CellAlignment::leftCentre);
+    EXPECT_EQ(grid.alignment({0, 1}), CellAlignment::rightCentre);
+    ASSERT_TRUE(grid.setColAlignment(2, CellAlignment::centreTop));
+    EXPECT_EQ(grid.alignment({0, 2}), CellAlignment::centreTop);
+    CellStyle style;
+    style.alignment = CellAlignment::general;
+    ASSERT_TRUE(grid.setStyle({0, 2}, style));
+    EXPECT_EQ(grid.alignment({0, 2}), CellAlignment::rightCentre);
+}
+
+// Every way in which a grid changes, with the memory ending at each of its allocations.
+TEST(GridModel, StaysWholeWhenMemoryEnds) {
+    const auto fill = [](GridModel& grid, PlainGrid& plain) {
+        Random random(7);
+        for (int count = 0; count < 6000; ++count) ASSERT_NO_FATAL_FAILURE(step(grid, plain, random, 1100));
+    };
+    GridModel grid(3, 5, dpi);
+    PlainGrid plain(3, 5, dpi);
+    ASSERT_NO_FATAL_FAILURE(fill(grid, plain));
+    ASSERT_TRUE(grid.setRows(900));
+    plain.setRows(900);
+    // Some rows that nobody has touched, and full blocks, so that both have to be parted.
+    ASSERT_TRUE(grid.setRows(2000));
+    plain.setRows(2000);
+    const Text longText(1000, u'l');
+    const Text item = u"a\t" + longText + u"\tc";
+    CellStyle style;
+    style.fontName = std::make_shared<Text>(u"a name that needs memory of its own");
+    const std::pair<std::function<void()>, std::function<void()>> changes[] = {
+        {[&] { grid.addItem(item, 400); }, [&] { plain.addItem(item, 400); }},
+        {[&] { grid.addItem(item, 1500); }, [&] { plain.addItem(item, 1500); }},
+        {[&] { grid.addItem(u"end", grid.rows()); }, [&] { plain.addItem(u"end", 2002); }},
+        {[&] {
+             grid.setText({10, 0}, longText);
+         },
+         [&] { plain.rows[10].cells[0].text = longText; }},
+        {[&] {
+             grid.setText({1800, 0}, u"x");
+         },
+         [&] { plain.rows[1800].cells[0].text = u"x"; }},
+        {[&] {
+             grid.setText({11, 1}, Text(150, u'w'));
+         },
+         [&] { plain.rows[11].cells[1].text = Text(150, u'w'); }},
+        {[&] {
+             grid.setStyle({12, 0}, style);
+         },
+         [&] { plain.rows[12].cells[0].style = style; }},
+        {[&] {
+             grid.setStyle({1100, 0}, style);
+         },
+         [&] { plain.rows[1100].cells[0].style = style; }},
+        {[&] { grid.setRowHeight(1700, 0); }, [&] { plain.rows[1700].height = 0; }},
+        {[&] { grid.setCols(40); }, [&] { plain.setCols(40); }},
+        {[&] { grid.setRows(2500); }, [&] { plain.setRows(2500); }},
+        {[&] { grid.sort(0, SortDirection::descending, 100, 2400); },
+         [&] { plain.sort(0, SortDirection::descending, 100, 2400); }},
+        {[&] { grid.removeItem(0); }, [&] { plain.removeItem(0); }},
+        {[&] { grid.clear(); }, [&] { plain.clear(); }},
+    };
+    int index = 0;
+    for (const auto& [change, expected] : changes) {
+        test::failAtEveryAllocation(change, [&] { expectEqual(grid, plain); });
+        if (HasFatalFailure()) FAIL() << "change " << index;
+        expected();
+        ASSERT_NO_FATAL_FAILURE(expectEqual(grid, plain)) << "change " << index;
+        ++index;
+    }
+}
+
+}  // namespace
+}  // namespace obk

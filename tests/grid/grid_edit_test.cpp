@@ -1,0 +1,720 @@
+#include "grid/grid_edit.h"
+
+#include "support/control_fixture.h"
+#include "support/failing_memory.h"
+
+#include <algorithm>
+
+namespace obk::test {
+namespace {
+
+using headless::DrawnItem;
+using Kind = MouseEvent::Kind;
+
+constexpr OleColour red(Rgb::of(255, 0, 0)), window(SystemColour::window);
+// At 96 DPI and in the usual font: border, caption bar, one row, one column, in pixels.
+constexpr int32_t border = 2, bar = 20, rowHeight = 18, colWidth = 64;
+
+class GridEditTest : public ControlFixture {
+protected:
+    void SetUp() override {
+        place(GridEdit::memberTable());
+        host.take();
+    }
+    GridEdit& grid() { return static_cast<GridEdit&>(*control); }
+    int32_t number(TextView member) { return std::get<int32_t>(call(member)); }
+    void size(int32_t rows, int32_t cols) {
+        call(u"RowsSet", {rows});
+        call(u"ColsSet", {cols});
+        host.take();
+    }
+    void set(int32_t row, int32_t col, const char16_t* text) { call(u"CellTextSet", {row, col, Text(text)}); }
+    std::string read(int32_t row, int32_t col) {
+        return toUtf8(std::get<Text>(call(u"CellTextRead", {row, col})));
+    }
+    std::string column(int32_t col) {
+        std::string texts;
+        for (int32_t row = 0; row < number(u"RowsCurrent"); ++row)
+            texts += (row == 0 ? "" : ",") + read(row, col);
+        return texts;
+    }
+    std::pair<int32_t, int32_t> current() { return {number(u"RowCurrent"), number(u"ColCurrent")}; }
+
+    // With a window of 400 x 200 pixels.
+    void show() {
+        activate({0, 0, 400, 200});
+        surface().paint();
+        host.take();
+    }
+    headless::HeadlessSurface& surface() { return *platform.surface(control->window()); }
+    static PixelPoint at(int32_t row, int32_t col) {
+        return {border + col * colWidth + 10, border + bar + row * rowHeight + 9};
+    }
+    std::vector<DrawnItem> drawn() {
+        control->root().invalidate();
+        return surface().paint().items();
+    }
+    Rgb colourAt(PixelPoint point) {
+        control->root().invalidate();
+        return surface().paint().colourAt(point);
+    }
+    // The text as it is drawn; an empty item where it is not.
+    DrawnItem drawnText(TextView text) {
+        const auto items = drawn();
+        const auto found = std::find_if(items.begin(), items.end(),
+                                        [text](const DrawnItem& item) { return item.text == text; });
+        return found == items.end() ? DrawnItem{} : *found;
+    }
+    bool gridShows() { return !drawnText(u"probe").text.empty(); }
+    void click(PixelPoint point, Kind first = Kind::down) {
+        platform.mouse(control->window(), {first, button::left, 0, point});
+        platform.mouse(control->window(), {Kind::up, button::left, 0, point});
+    }
+    void onEvent(const char* name, std::function<void()> act) {
+        host.on[name] = [act = std::move(act)](std::span<Value>) { act(); };
+    }
+};
+
+TEST_F(GridEditTest, ReadingACellLeavesTheCurrentOneAndWritingMovesIt) {
+    size(5, 4);
+    set(2, 3, u"oak");
+    EXPECT_EQ(current(), std::pair(2, 3));
+    EXPECT_EQ(read(4, 0), "");
+    EXPECT_EQ(current(), std::pair(2, 3));
+    // A step that is out of range does nothing, the others do.
+    EXPECT_EQ(read(9, 3), "oak");
+    set(-1, 1, u"elm");
+    EXPECT_EQ(current(), std::pair(2, 1));
+    EXPECT_EQ(read(2, 1), "elm");
+    set(0, 4, u"ash");
+    EXPECT_EQ(read(0, 1), "ash");
+    call(u"RowSetFocus", {5});
+    call(u"ColSetFocus", {3});
+    EXPECT_EQ(current(), std::pair(0, 3));
+    call(u"RowsSet", {0});
+    EXPECT_EQ(current(), std::pair(-1, 3));
+    set(0, 0, u"lost");
+    EXPECT_EQ(read(0, 0), "");
+}
+
+TEST_F(GridEditTest, ReadingKeepsWhatAPersonHasSelected) {
+    size(5, 4);
+    show();
+    grid().focus();
+    platform.pressKey(key::down, shift::shift);
+    platform.pressKey(key::right, shift::shift);
+    read(4, 3);
+    call(u"GridSave", {Text(u"selected.txt"), Text()});
+    platform.pressKey('C', shift::control);
+    EXPECT_EQ(platform.clipboard(), u"\t\r\n\t\r\n");
+}
+
+TEST_F(GridEditTest, TheColourReadIsTheGridsAndTheColourSetTheCells) {
+    size(5, 4);
+    call(u"CellColorSetx", {red, 2, 3});
+    EXPECT_EQ(current(), std::pair(2, 3));
+    EXPECT_EQ(call(u"CellColorReadx", {2, 3}), Value(window));
+    call(u"CellColorReadx", {1, 0});
+    EXPECT_EQ(current(), std::pair(1, 0));
+    show();
+    EXPECT_EQ(colourAt(at(2, 3)), Rgb::of(255, 0, 0));
+    EXPECT_EQ(colourAt(at(3, 3)), Rgb::of(255, 255, 255));
+}
+
+TEST_F(GridEditTest, CheckCellsTakeTheValuesThatMeanYes) {
+    const std::pair<const char16_t*, const char*> rows[] = {
+        {u"a", "a"}, {u"true", "a"}, {u"TRUE", "a"}, {u"1", "a"},  {u"1.0", "a"}, {u"1 of 2", "a"}, {u"", ""},
+        {u"A", ""},  {u"0", ""},     {u"2", ""},     {u"yes", ""}, {u"1.5", ""},  {u"-1", ""},
+    };
+    for (const auto& [value, shown] : rows) {
+        set(1, 1, u"before");
+        call(u"CellChkSet", {1, 1, Text(value)});
+        EXPECT_EQ(read(1, 1), shown) << toUtf8(value);
+    }
+}
+
+TEST_F(GridEditTest, FontsAreSetStepByStepAndABadStepIsSkipped) {
+    size(3, 3);
+    set(1, 1, u"probe");
+    show();
+    for (const TextView member : {u"CellFontSet", u"CellFormatSet"}) {
+        call(member, {1, 1, Text(u"Courier"), Text(u"12.5"), true, true, red});
+        DrawnItem item = drawnText(u"probe");
+        EXPECT_EQ(item.style.font.name, u"Courier");
+        EXPECT_EQ(item.style.font.size, 12.5);
+        EXPECT_EQ(item.style.font.weight, 700);
+        EXPECT_TRUE(item.style.font.strikethrough);
+        EXPECT_EQ(item.colour, Rgb::of(255, 0, 0));
+        // Neither name nor size; all else is as in a call that leaves it out.
+        call(member, {1, 1, Text(), Text(u"large"), {}, {}, {}});
+        item = drawnText(u"probe");
+        EXPECT_EQ(item.style.font.name, u"Courier");
+        EXPECT_EQ(item.style.font.size, 12.5);
+        EXPECT_EQ(item.style.font.weight, 400);
+        EXPECT_FALSE(item.style.font.strikethrough);
+        EXPECT_EQ(item.colour, Rgb::of(160, 160, 160));
+    }
+    call(u"CellEnabledSet", {1, 1, true, window});
+    EXPECT_TRUE(drawnText(u"probe").style.font.strikethrough);
+    EXPECT_EQ(drawnText(u"probe").colour, Rgb::of(255, 255, 255));
+    call(u"CellEnabledSet", {1, 1, {}, {}});
+    EXPECT_FALSE(drawnText(u"probe").style.font.strikethrough);
+    EXPECT_EQ(drawnText(u"probe").colour, Rgb::of(160, 160, 160));
+}
+
+TEST_F(GridEditTest, ARowIsAddedBetweenTheClosingOfTheEditorAndTheNews) {
+    set(0, 0, u"probe");
+    show();
+    std::vector<std::string> steps;
+    for (const char* event : {"ChangeEdited", "Change"}) {
+        onEvent(event, [&, event] {
+            steps.push_back(event + (":" + column(1)) + (gridShows() ? " shown" : " hidden"));
+        });
+    }
+    call(u"RowAdd", {Text(u"probe\tx\ty\tz"), 1});
+    EXPECT_EQ(host.takeEvents(), (Journal{"ChangeEdited", "Change"}));
+    EXPECT_EQ(steps, (std::vector<std::string>{"ChangeEdited:, hidden", "Change:,x, hidden"}));
+    EXPECT_TRUE(gridShows());
+    EXPECT_EQ(number(u"RowCurrent"), 1);
+    call(u"RowAdd", {Text(u"nowhere"), 7});
+    EXPECT_EQ(column(1), ",x,");
+    EXPECT_EQ(host.takeEvents(), (Journal{"ChangeEdited", "Change"})) << "the other steps are done";
+    call(u"GridHide");
+    call(u"RowAddQuick", {Text(u"last\tquick"), 3});
+    EXPECT_EQ(host.take(), Journal{});
+    EXPECT_EQ(column(1), ",x,,quick");
+    EXPECT_EQ(number(u"RowCurrent"), 3);
+    EXPECT_TRUE(gridShows());
+}
+
+TEST_F(GridEditTest, TheLastRowAndColumnAreEmptiedAndStay) {
+    size(2, 2);
+    set(0, 0, u"first");
+    set(1, 0, u"probe");
+    show();
+    call(u"RowDel", {0});
+    EXPECT_EQ(host.takeEvents(), (Journal{"ChangeEdited", "Change"}));
+    EXPECT_EQ(column(0), "probe");
+    call(u"ColDel");
+    EXPECT_EQ(host.takeEvents(), Journal{"ChangeEdited"});
+    EXPECT_EQ(number(u"ColsCurrent"), 1);
+    EXPECT_EQ(column(0), "probe");
+    EXPECT_TRUE(gridShows());
+    call(u"ColDel");
+    EXPECT_EQ(number(u"ColsCurrent"), 1);
+    EXPECT_EQ(column(0), "");
+    set(0, 0, u"probe");
+    host.take();
+    call(u"RowDel", {5});
+    EXPECT_EQ(host.takeEvents(), (Journal{"ChangeEdited", "Change"}));
+    EXPECT_EQ(column(0), "");
+    EXPECT_EQ(number(u"RowsCurrent"), 1);
+    set(0, 0, u"probe");
+    EXPECT_FALSE(gridShows()) << "a reset grid is hidden";
+    call(u"GridShow");
+    EXPECT_TRUE(gridShows());
+    call(u"RowsSet", {0});
+    host.take();
+    call(u"RowDel", {0});
+    EXPECT_EQ(host.takeEvents(), (Journal{"ChangeEdited", "Change"}));
+    EXPECT_EQ(number(u"RowsCurrent"), 0);
+}
+
+TEST_F(GridEditTest, AResetLeavesOneEmptyHiddenRow) {
+    size(9, 4);
+    set(3, 2, u"probe");
+    show();
+    call(u"GridReset");
+    EXPECT_EQ(host.take(), Journal{});
+    EXPECT_EQ(number(u"RowsCurrent"), 1);
+    EXPECT_EQ(number(u"ColsCurrent"), 4);
+    EXPECT_EQ(current(), std::pair(0, 0));
+    set(0, 0, u"probe");
+    EXPECT_FALSE(gridShows());
+    call(u"GridShow");
+    call(u"GridClear");
+    EXPECT_EQ(number(u"RowsCurrent"), 1);
+    EXPECT_EQ(column(0), "");
+}
+
+TEST_F(GridEditTest, ColumnsHaveWidthsThatCanBeUsed) {
+    size(2, 3);
+    show();
+    const auto width = [this](int32_t col) {
+        call(u"ColSetFocus", {col});
+        EXPECT_EQ(call(u"CelWidth"), call(u"CellCurrentWidth"));
+        return number(u"CellCurrentWidth");
+    };
+    const std::pair<double, int32_t> rows[] = {
+        {3000, 3000}, {200, 3000}, {-5, 3000}, {std::nan(""), 3000}, {1e300, 3000}, {600.4, 600}, {2e6, 600},
+    };
+    for (const auto& [wanted, kept] : rows) {
+        host.take();
+        call(u"ColWidth", {1, wanted});
+        EXPECT_EQ(host.take(), Journal{"ChangeEdited"});
+        EXPECT_EQ(width(1), kept) << wanted;
+    }
+    // 200 twips are not whole pixels.
+    call(u"ColWidth", {1, 200.4});
+    EXPECT_EQ(width(1), 195);
+    call(u"ColumnVisible", {1, 750, true});
+    EXPECT_EQ(width(1), 750);
+    call(u"ColumnVisible", {1, 750, false});
+    EXPECT_EQ(width(1), 0);
+    host.take();
+    call(u"ColAdd", {150.0});
+    EXPECT_EQ(host.take(), Journal{"ChangeEdited"});
+    EXPECT_EQ(number(u"ColsCurrent"), 4);
+    EXPECT_EQ(width(3), 150);
+    call(u"ColsSet", {10001});
+    call(u"ColAdd", {300.0});
+    EXPECT_EQ(number(u"ColsCurrent"), 10001);
+    for (const int32_t count : {10002, 0, -1}) call(u"ColsSet", {count});
+    EXPECT_EQ(number(u"ColsCurrent"), 10001);
+}
+
+TEST_F(GridEditTest, TheFirstNineColumnsStandToTheLeftOnceTheirNumberIsSet) {
+    show();
+    set(0, 0, u"4711");
+    EXPECT_EQ(drawnText(u"4711").style.horizontal, HorizontalAlignment::right)
+        << "as numbers do by themselves";
+    call(u"ColsSet", {12});
+    set(0, 0, u"4711");
+    EXPECT_EQ(drawnText(u"4711").style.horizontal, HorizontalAlignment::left);
+    for (int32_t col = 1; col < 8; ++col) call(u"ColumnVisible", {col, 0, false});
+    set(0, 8, u"8");
+    set(0, 9, u"9");
+    EXPECT_EQ(drawnText(u"8").style.horizontal, HorizontalAlignment::left);
+    EXPECT_EQ(drawnText(u"9").style.horizontal, HorizontalAlignment::right);
+}
+
+TEST_F(GridEditTest, ColumnTypesAreKeptAsTheyAreGiven) {
+    EXPECT_EQ(call(u"ColTypeRead", {7}), Value(Text(u"0")));
+    const std::tuple<int32_t, int32_t, const char16_t*> rows[] = {
+        {0, 3, u"3"}, {10000, 6, u"6"}, {10001, 5, u""}, {-1, 5, u""}, {2, -17, u"-17"}};
+    for (const auto& [col, type, text] : rows) {
+        call(u"ColTypeSet", {col, type});
+        EXPECT_EQ(call(u"ColTypeRead", {col}), Value(Text(text))) << col;
+    }
+    call(u"ColAdd", {300.0});
+    call(u"ColDel");
+    EXPECT_EQ(call(u"ColTypeRead", {2}), Value(Text(u"-17"))) << "types are the columns' numbers'";
+    EXPECT_EQ(call(u"IsEven", {-3}), Value(false));
+    EXPECT_EQ(call(u"IsEven", {0}), Value(true));
+    EXPECT_EQ(call(u"IsEven", {-4}), Value(true));
+}
+
+TEST_F(GridEditTest, EverySecondRowIsColouredAndTheDrawingWaits) {
+    size(5, 2);
+    show();
+    call(u"CellColorSetx", {red, 1, 1});
+    surface().paint();
+    std::vector<Value> colour{static_cast<int32_t>(Rgb::of(0, 255, 0).value)};
+    call(u"RowsRefreshColors", colour);
+    EXPECT_TRUE(surface().invalid().empty()) << "nothing is drawn before the host says so";
+    EXPECT_EQ(current(), std::pair(4, 1));
+    call(u"GridRedraw", {true});
+    for (int32_t row = 0; row < 5; ++row) {
+        for (int32_t col = 0; col < 2; ++col)
+            EXPECT_EQ(colourAt(at(row, col)), row % 2 == 0 ? Rgb::of(0, 255, 0) : Rgb::of(255, 255, 255))
+                << row << ", " << col;
+    }
+}
+
+TEST_F(GridEditTest, BorderAndCaptionBarMoveTheGrid) {
+    size(5, 3);
+    show();
+    // Where the first cell begins on the control, found by pressing.
+    const auto firstRowAt = [this] {
+        for (int32_t y = 0; y < 100; ++y) {
+            platform.mouse(control->window(), {Kind::move, 0, 0, {50, y}});
+            if (number(u"MouseRow") == 0) return y;
+        }
+        return -1;
+    };
+    EXPECT_EQ(firstRowAt(), border + bar);
+    put(u"BorderStyle", 0);
+    EXPECT_EQ(firstRowAt(), bar);
+    put(u"BorderStyle", 7);
+    EXPECT_EQ(text(u"BorderStyle"), "0");
+    put(u"BarHeader", false);
+    EXPECT_EQ(firstRowAt(), 0);
+    put(u"BorderStyle", 1);
+    EXPECT_EQ(firstRowAt(), border);
+    put(u"BarHeader", true);
+    const auto larger =
+        std::make_shared<SharedFont>(FontDescription{u"Tahoma", 18, 400, 0, false, false, false});
+    put(u"Font", larger);
+    EXPECT_EQ(firstRowAt(), border + 36);
+    host.take();
+    FontDescription back = larger->description();
+    back.size = 8.25;
+    larger->setDescription(back);
+    EXPECT_EQ(firstRowAt(), border + bar);
+    EXPECT_EQ(host.take().front(), "changed Font");
+    call(u"RowSetFocus", {2});
+    call(u"ColSetFocus", {1});
+    EXPECT_EQ(number(u"CellCurrentTop"), 2 * rowHeight * 15);
+    EXPECT_EQ(number(u"CellCurrentLeft"), colWidth * 15);
+    EXPECT_EQ(call(u"CellLeft"), call(u"CellCurrentLeft"));
+    EXPECT_EQ(number(u"CellCurrentHeight"), rowHeight * 15);
+}
+
+TEST_F(GridEditTest, LoadingPressesTheFirstCellInSilence) {
+    size(50, 3);
+    activate({0, 0, 400, 200});
+    call(u"TopRowSet", {20});
+    set(40, 2, u"x");
+    EXPECT_EQ(number(u"TopRowRead"), 20);
+    host.take();
+    int closed = 0;
+    const Connection connection = grid().ChangeEdited.connect([&] { ++closed; });
+    MemoryBag bag;
+    bag.write(u"BarHeaderVal", false);
+    bag.write(u"BorderStyle", int16_t{0});
+    control->load(bag);
+    EXPECT_EQ(current(), std::pair(20, 0));
+    EXPECT_EQ(closed, 1) << "an open editor closes";
+    EXPECT_EQ(host.take(), Journal{});
+    EXPECT_FALSE(control->hasFocus());
+    EXPECT_EQ(number(u"CellCurrentTop"), 0);
+}
+
+TEST_F(GridEditTest, AFreshGridHasTheContainersFontAndFollowsIt) {
+    host.font = std::make_shared<SharedFont>(FontDescription{u"Verdana", 10, 400, 0, false, false, false});
+    place(GridEdit::memberTable());
+    const auto name = [this] { return toUtf8(std::get<FontRef>(get(u"Font"))->description().name); };
+    EXPECT_EQ(name(), "Verdana");
+    host.font = std::make_shared<SharedFont>(FontDescription{u"Arial", 9, 400, 0, false, false, false});
+    control->ambientFontChanged();
+    EXPECT_EQ(name(), "Arial");
+    put(u"Font", std::make_shared<SharedFont>(FontDescription{u"Georgia", 9, 400, 0, false, false, false}));
+    control->ambientFontChanged();
+    EXPECT_EQ(name(), "Georgia");
+}
+
+TEST_F(GridEditTest, AClickTellsWhatHappenedInItsOrder) {
+    size(5, 3);
+    show();
+    click(at(1, 0));
+    EXPECT_EQ(host.take(), (Journal{"focus in", "MouseDown 1 0 150 405", "ChangeEdited", "CellSelected",
+                                    "NewRowSelected", "SelChange", "MouseUp 1 0 150 405", "Click"}));
+    click(at(1, 2));
+    EXPECT_EQ(host.takeEvents(), (Journal{"MouseDown 1 0 2070 405", "ChangeEdited", "CellSelected",
+                                          "SelChange", "MouseUp 1 0 2070 405", "Click"}));
+    click(at(1, 2), Kind::doubleClick);
+    EXPECT_EQ(host.takeEvents(), (Journal{"MouseDown 1 0 2070 405", "DblClick", "MouseUp 1 0 2070 405"}));
+    platform.mouse(control->window(), {Kind::move, 0, shift::control, at(3, 1)});
+    EXPECT_EQ(host.takeEvents(), (Journal{"MouseMove 0 2 1110 945"}));
+    EXPECT_EQ(number(u"MouseRow"), 3);
+    EXPECT_EQ(number(u"MouseCol"), 1);
+    EXPECT_EQ(current(), std::pair(1, 2));
+}
+
+TEST_F(GridEditTest, KeysGoToTheHostFirst) {
+    size(5, 3);
+    show();
+    call(u"GridFocusShow");
+    EXPECT_EQ(host.take(), (Journal{"focus in"}));
+    platform.pressKey(key::down);
+    EXPECT_EQ(host.takeEvents(), (Journal{"KeyDown 40 0", "ChangeEdited", "CellSelected", "NewRowSelected",
+                                          "SelChange", "KeyUp 40 0"}));
+    platform.pressKey(key::right, shift::shift);
+    EXPECT_EQ(host.takeEvents(), (Journal{"KeyDown 39 1", "SelChange", "KeyUp 39 1"}));
+    host.on["KeyDown"] = [](std::span<Value> arguments) { arguments[0] = int16_t{0}; };
+    platform.pressKey(key::down);
+    EXPECT_EQ(current(), std::pair(1, 0));
+    host.on.clear();
+    host.take();
+    platform.type(u"x");
+    EXPECT_EQ(host.takeEvents(), (Journal{"KeyDown 88 0", "KeyPress 120", "KeyUp 88 0"}));
+}
+
+TEST_F(GridEditTest, FileAndCaptionGoThereAndBack) {
+    size(3, 12);
+    set(0, 0, u"oak, 160 \u00D7 80");
+    set(2, 11, u"a");
+    call(u"ColSetFocus", {4});
+    call(u"RowSetFocus", {1});
+    host.take();
+    call(u"GridSave", {Text(u"orders.txt"), Text(u"Orders")});
+    EXPECT_EQ(host.take(), Journal{"ChangeEdited"});
+    EXPECT_EQ(current(), std::pair(1, 4));
+    std::string expected = "\"12|Orders\"\r\n\"oak, 160 \xD7 80\"\r\n";
+    for (int cell = 1; cell < 35; ++cell) expected += "\"\"\r\n";
+    expected += "\"a\"\r\n";
+    EXPECT_EQ(platform.files().bytes(u"orders.txt"), expected);
+
+    place(GridEdit::memberTable());
+    host.take();
+    EXPECT_EQ(call(u"GridLoad", {Text(u"orders.txt")}), Value(Text(u"Orders")));
+    EXPECT_EQ(host.take(), Journal{"ChangeEdited"});
+    EXPECT_EQ(number(u"RowsCurrent"), 3);
+    EXPECT_EQ(number(u"ColsCurrent"), 12);
+    EXPECT_EQ(current(), std::pair(0, 0));
+    EXPECT_EQ(read(0, 0), "oak, 160 \xC3\x97 80");
+    EXPECT_EQ(platform.windowCount(), 0u) << "a script needs no window";
+    // The count and its separator are taken for three characters, whatever they are.
+    call(u"ColsSet", {5});
+    call(u"GridSave", {Text(u"orders.txt"), Text(u"Orders")});
+    EXPECT_EQ(call(u"GridLoad", {Text(u"orders.txt")}), Value(Text(u"rders")));
+}
+
+TEST_F(GridEditTest, CheckColumnsComeBackAsCheckMarksAndDoNotGrow) {
+    size(1, 3);
+    call(u"ColTypeSet", {2, 3});
+    call(u"CellChkSet", {0, 2, Text(u"1")});
+    for (int round = 0; round < 2; ++round) {
+        call(u"GridSave", {Text(u"checks.txt"), Text()});
+        call(u"GridLoad", {Text(u"checks.txt")});
+        EXPECT_EQ(read(0, 2), "  a");
+    }
+    show();
+    EXPECT_EQ(drawnText(u"  a").style.font.name, u"webdings");
+    EXPECT_EQ(drawnText(u"  a").style.font.size, 12);
+}
+
+TEST_F(GridEditTest, FilesThatCannotBeOpenedChangeWhatIsSaid) {
+    size(2, 2);
+    set(1, 1, u"probe");
+    show();
+    platform.files().refuse(u"refused.txt");
+    call(u"GridRedraw", {false});
+    call(u"GridSave", {Text(u"refused.txt"), Text(u"x")});
+    EXPECT_FALSE(platform.files().bytes(u"refused.txt"));
+    EXPECT_TRUE(gridShows()) << "drawing is resumed";
+    EXPECT_EQ(current(), std::pair(1, 1));
+    platform.files().put(u"empty.txt", "");
+    platform.files().put(u"cut.txt", "\"2|");
+    platform.files().put(u"huge.txt", "\"4000000000|x\"\r\n");
+    for (const TextView file : {u"missing.txt", u"empty.txt", u"cut.txt", u"huge.txt"}) {
+        size(2, 2);
+        call(u"GridShow");
+        const Value caption = call(u"GridLoad", {Text(file)});
+        EXPECT_EQ(caption, Value(file == u"huge.txt" ? Text(u"0000000|x") : Text())) << toUtf8(file);
+        EXPECT_EQ(number(u"RowsCurrent"), 0);
+        EXPECT_EQ(number(u"ColsCurrent"), 2);
+        EXPECT_EQ(number(u"RowCurrent"), -1);
+        call(u"RowsSet", {1});
+        set(0, 0, u"probe");
+        EXPECT_FALSE(gridShows()) << toUtf8(file);
+    }
+    platform.files().put(u"half.txt", "\"2|Half\"\r\n\"probe\"\r\n\"b\"\r\n\"c\"\r\n");
+    call(u"GridLoad", {Text(u"half.txt")});
+    EXPECT_TRUE(gridShows());
+    EXPECT_EQ(column(0), "probe,c");
+    EXPECT_EQ(column(1), "b,c");
+}
+
+TEST_F(GridEditTest, MemoryThatEndsInALoadLeavesAWholeGrid) {
+    std::string file = "\"2|Part\"\r\n";
+    for (int row = 0; row < 3000; ++row) file += "\"cell\"\r\n\"" + std::to_string(row) + "\"\r\n";
+    const Text path = u"part.txt";
+    platform.files().put(path, file);
+    show();
+    bool cut = false;
+    for (uint64_t allowed = 0; allowed < 4000; allowed += 97) {
+        {
+            const FailingMemory memory(allowed);
+            grid().GridLoad(path);
+        }
+        const int32_t rows = grid().RowsCurrent();
+        cut = cut || (rows > 0 && rows < 3000);
+        EXPECT_EQ(grid().RowCurrent(), rows > 0 ? 0 : -1) << allowed;
+        if (rows > 0) {
+            EXPECT_EQ(read(rows - 1, 1), std::to_string(rows - 1));
+        }
+        surface().paint();
+    }
+    EXPECT_TRUE(cut);
+}
+
+TEST_F(GridEditTest, CaptionsStandOverTheirColumns) {
+    size(3, 3);
+    show();
+    call(u"BarHeaderCaptionSet", {1, Text(u"Article")});
+    call(u"BarHeaderCaptionSet", {9, Text(u"Later")});
+    EXPECT_EQ(call(u"BarHeaderCaptionRead", {1}), Value(Text(u"Article")));
+    EXPECT_EQ(call(u"BarHeaderCaptionRead", {9}), Value(Text(u"Later")));
+    for (const int32_t none : {0, -1, 10001, INT32_MAX}) {
+        if (none != 0) call(u"BarHeaderCaptionSet", {none, Text(u"x")});
+        EXPECT_EQ(call(u"BarHeaderCaptionRead", {none}), Value(Text())) << none;
+    }
+    const PixelRect before = drawnText(u"Article").rect;
+    EXPECT_GE(before.left, border + colWidth);
+    EXPECT_LT(before.bottom, border + bar);
+    call(u"ColWidth", {0, 1500.0});
+    EXPECT_EQ(drawnText(u"Article").rect.left, before.left + 100 - colWidth);
+    std::vector<Value> blue{OleColour(Rgb::of(0, 0, 255))}, white{OleColour(Rgb::of(255, 255, 255))};
+    call(u"barCol", blue);
+    call(u"BarColText", white);
+    EXPECT_EQ(get(u"BarHeaderColorRefresh"), blue[0]);
+    EXPECT_EQ(colourAt({10, 5}), Rgb::of(0, 0, 255));
+    EXPECT_EQ(drawnText(u"Article").colour, Rgb::of(255, 255, 255));
+    call(u"ColumnVisible", {1, 0, false});
+    EXPECT_TRUE(drawnText(u"Article").text.empty());
+}
+
+TEST_F(GridEditTest, AClickOnTheCaptionBarAsksTheHostToSort) {
+    size(3, 3);
+    const char16_t* const rows[] = {u"9\tb", u"10\ta", u"8\tc"};
+    for (const char16_t* row : rows) call(u"RowAddQuick", {Text(row), 0});
+    call(u"RowsSet", {3});
+    show();
+    onEvent("SortClick", [this] { call(u"BarHeaderSort"); });
+    const PixelPoint first{border + 10, border + 5}, second{border + colWidth + 10, border + 5};
+    click(first);
+    EXPECT_EQ(host.takeEvents(), (Journal{"ChangeEdited", "SortClick", "ChangeEdited"}));
+    EXPECT_EQ(column(0), "10,9,8");
+    click(first, Kind::doubleClick);
+    EXPECT_EQ(column(0), "8,9,10");
+    click(first);
+    EXPECT_EQ(column(0), "10,9,8");
+    click(second);
+    EXPECT_EQ(column(1), "c,b,a") << "another column is sorted as the last one was";
+    EXPECT_EQ(number(u"ColCurrent"), 1);
+    click(second);
+    click(first);
+    EXPECT_EQ(column(0), "8,9,10");
+    // No column begins before its edge, and none stands right of the last.
+    for (const int32_t x : {border, border + colWidth, border + 3 * colWidth + 30}) {
+        click({x, border + 5});
+        EXPECT_EQ(number(u"BarHeaderColumn"), -1) << x;
+    }
+    EXPECT_EQ(column(0), "8,9,10");
+}
+
+TEST_F(GridEditTest, SortingGoesByTheCurrentColumn) {
+    size(3, 3);
+    const char16_t* const rows[] = {u"x\tb", u"y\ta", u"z\tc"};
+    for (const char16_t* row : rows) call(u"RowAddQuick", {Text(row), 0});
+    call(u"RowsSet", {3});
+    call(u"ColSetFocus", {0});
+    call(u"GridColSort", {3});
+    EXPECT_EQ(column(0), "z,y,x") << "there is no such column";
+    call(u"GridColSort", {2});
+    call(u"GridColSort", {2});
+    EXPECT_EQ(column(0), "x,y,z");
+    call(u"GridColSortInitialDate");
+    EXPECT_EQ(column(0), "x,y,z") << "there is no fifth column";
+    call(u"ColsSet", {5});
+    for (int32_t row = 0; row < 3; ++row) call(u"CellTextSet", {row, 4, toText(Value(row)).value()});
+    call(u"GridColSortInitialDate");
+    EXPECT_EQ(column(4), "2,1,0");
+}
+
+TEST_F(GridEditTest, TheHostsOwnFieldsTellNobody) {
+    put(u"mstrDragInfo", Text(u"order 7"));
+    put(u"blnPUBSHOWALARM", true);
+    put(u"MousePosn", 5);
+    EXPECT_EQ(host.take(), Journal{});
+    EXPECT_EQ(text(u"mstrDragInfo"), "order 7");
+    MemoryBag bag;
+    control->save(bag);
+    EXPECT_TRUE(bag.entries().empty());
+    call(u"Change");
+    call(u"ChangePost");
+    call(u"GridChange");
+    EXPECT_EQ(host.take(), (Journal{"Change", "ChangePost"}));
+}
+
+TEST_F(GridEditTest, EverythingThatClosesAnEditorSaysSoOnce) {
+    size(3, 3);
+    const std::pair<const char16_t*, std::vector<Value>> members[] = {
+        {u"BoxHide", {}},
+        {u"RowAdd", {Text(u"x"), 0}},
+        {u"RowDel", {0}},
+        {u"ColAdd", {300.0}},
+        {u"ColDel", {}},
+        {u"ColWidth", {0, 300.0}},
+        {u"GridSetFocus", {1, 1}},
+        {u"GridSave", {Text(u"f"), Text()}},
+        {u"GridLoad", {Text(u"f")}},
+        {u"BarHeaderColumn", {}},
+        {u"BarHeaderSort", {}},
+    };
+    // Whatever a host does about it, it is not told of itself.
+    onEvent("ChangeEdited", [this] { call(u"GridSetFocus", {0, 0}); });
+    for (const auto& [member, arguments] : members) {
+        host.take();
+        call(member, arguments);
+        Journal told = host.take();
+        EXPECT_EQ(told.front(), "ChangeEdited") << toUtf8(member);
+        EXPECT_EQ(std::count(told.begin(), told.end(), "ChangeEdited"), 1) << toUtf8(member);
+    }
+    host.on.clear();
+    host.take();
+    call(u"GridSetFocus", {2, 1});
+    EXPECT_EQ(current(), std::pair(1, 2)) << "the column comes first";
+}
+
+// A host that lets go of the control, or takes its cells away, inside each event of a working day.
+class GridEditReentryTest : public GridEditTest, public testing::WithParamInterface<const char*> {
+protected:
+    void workOn() {
+        const std::shared_ptr<Control> kept = control;
+        const auto point = [](int32_t row) { return at(row, 1); };
+        const NativeWindow shown = control->window();
+        const auto click = [&](PixelPoint to) {
+            platform.mouse(shown, {Kind::down, button::left, 0, to});
+            platform.mouse(shown, {Kind::move, button::left, 0, {to.x, to.y + 40}});
+            platform.mouse(shown, {Kind::up, button::left, 0, to});
+        };
+        click(point(2));
+        platform.mouse(shown, {Kind::doubleClick, button::left, 0, point(2)});
+        platform.mouse(shown, {Kind::up, button::left, 0, point(2)});
+        platform.pressKey(key::down);
+        platform.type(u"x");
+        platform.click(shown, {50, 8});
+        GridEdit& grid = static_cast<GridEdit&>(*kept);
+        grid.RowAdd(u"a\tb", 0);
+        grid.RowDel(1);
+        grid.RowsSet(4);
+        grid.GridSave(u"day.txt", u"Day");
+        grid.GridLoad(u"day.txt");
+        grid.BarHeaderSort();
+    }
+};
+
+INSTANTIATE_TEST_SUITE_P(Inside, GridEditReentryTest,
+                         testing::Values("MouseDown", "MouseMove", "MouseUp", "ChangeEdited", "CellSelected",
+                                         "NewRowSelected", "SelChange", "Click", "DblClick", "KeyDown",
+                                         "KeyPress", "KeyUp", "SortClick", "Change"),
+                         [](const auto& row) { return std::string(row.param); });
+
+TEST_P(GridEditReentryTest, TheHostMayLetGo) {
+    size(5, 3);
+    show();
+    bool heard = false;
+    onEvent(GetParam(), [&] {
+        heard = true;
+        if (control) release();
+    });
+    workOn();
+    EXPECT_TRUE(heard);
+    EXPECT_EQ(platform.windowCount(), 0u);
+}
+
+TEST_P(GridEditReentryTest, TheHostMayTakeTheCellsAway) {
+    size(5, 3);
+    show();
+    int depth = 0;
+    onEvent(GetParam(), [&] {
+        if (++depth < 4) {
+            call(u"GridReset");
+            call(u"RowsSet", {0});
+            call(u"ColDel");
+            call(u"GridShow");
+            set(0, 0, u"x");
+        }
+        --depth;
+    });
+    workOn();
+    surface().paint();
+    const int32_t rows = number(u"RowsCurrent");
+    EXPECT_LT(number(u"RowCurrent"), std::max(rows, 1));
+    EXPECT_LT(number(u"ColCurrent"), number(u"ColsCurrent"));
+}
+
+}  // namespace
+}  // namespace obk::test

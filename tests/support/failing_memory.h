@@ -1,0 +1,42 @@
+// Memory that ends when a test says so.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+namespace obk::test {
+
+// While it lives, the allocation numbered `failing` (from 0) on this thread throws std::bad_alloc, and so do
+// all after it.
+class FailingMemory {
+public:
+    explicit FailingMemory(uint64_t failing);
+    FailingMemory(const FailingMemory&) = delete;
+    FailingMemory& operator=(const FailingMemory&) = delete;
+    ~FailingMemory();
+
+    bool failed() const;
+};
+
+// Runs `statement` with memory that ends at its first allocation, then at its second and so on, until it runs
+// through; `check` sees the state after each failure. Answers how often it failed.
+template <typename Statement, typename Check>
+int failAtEveryAllocation(Statement&& statement, Check&& check) {
+    for (int failures = 0;; ++failures) {
+        bool failed = false;
+        {
+            FailingMemory memory(static_cast<uint64_t>(failures));
+            try {
+                statement();
+            } catch (...) {
+                failed = true;
+            }
+            // What swallowed the failure itself must be whole all the same.
+            failed = failed || memory.failed();
+        }
+        if (!failed) return failures;
+        check();
+    }
+}
+
+}  // namespace obk::test

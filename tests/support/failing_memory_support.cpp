@@ -1,0 +1,61 @@
+#include "support/failing_memory.h"
+
+#include <cstdlib>
+#include <new>
+
+namespace {
+
+thread_local bool limited = false;
+thread_local bool ended = false;
+thread_local uint64_t left = 0;
+
+void* allocated(std::size_t size) {
+    if (limited) {
+        if (left == 0) {
+            ended = true;
+            throw std::bad_alloc();
+        }
+        --left;
+    }
+    if (void* memory = std::malloc(size == 0 ? 1 : size)) return memory;
+    throw std::bad_alloc();
+}
+
+}  // namespace
+
+void* operator new(std::size_t size) {
+    return allocated(size);
+}
+void* operator new[](std::size_t size) {
+    return allocated(size);
+}
+void operator delete(void* memory) noexcept {
+    std::free(memory);
+}
+void operator delete[](void* memory) noexcept {
+    std::free(memory);
+}
+void operator delete(void* memory, std::size_t) noexcept {
+    std::free(memory);
+}
+void operator delete[](void* memory, std::size_t) noexcept {
+    std::free(memory);
+}
+
+namespace obk::test {
+
+FailingMemory::FailingMemory(uint64_t failing) {
+    left = failing;
+    ended = false;
+    limited = true;
+}
+
+FailingMemory::~FailingMemory() {
+    limited = false;
+}
+
+bool FailingMemory::failed() const {
+    return ended;
+}
+
+}  // namespace obk::test
