@@ -19,6 +19,9 @@ constexpr PageEntry catalogue[] = {
     {L"ButtonArrow", L"Arrow button",
      L"A small arrow of fixed size, to stand beside a field that opens something.", OBK_TOOLBOX_BUTTONARROW,
      buildAddressRows},
+    {L"GridEdit", L"Order list",
+     L"Rows and columns with captions: select and copy, drag a column's border, press a caption to sort; saved as text.",
+     OBK_TOOLBOX_GRIDEDIT, buildOrderList},
     {L"lns", L"Separator line", L"A two-tone line that sets the groups of a form apart.", OBK_TOOLBOX_LNS,
      buildSettingsGroups},
 };

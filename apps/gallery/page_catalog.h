@@ -22,6 +22,7 @@ void buildOrderLine(Scene& scene);       // UpDownTextBox
 void buildBooking(Scene& scene);         // DateCalendar
 void buildOrderStates(Scene& scene);     // ButtonPalette
 void buildAddressRows(Scene& scene);     // ButtonArrow
+void buildOrderList(Scene& scene);       // GridEdit
 void buildSettingsGroups(Scene& scene);  // lns
 
 }  // namespace obk::gallery
