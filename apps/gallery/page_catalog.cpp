@@ -22,6 +22,9 @@ constexpr PageEntry catalogue[] = {
     {L"PageTab", L"Tab strip",
      L"A strip of tabs to choose a page by: press one, walk with the arrow keys, or call it by its letter.",
      OBK_TOOLBOX_PAGETAB, buildSettings},
+    {L"GridEdit", L"Order list",
+     L"Rows and columns with captions: select and copy, drag a column's border, press a caption to sort; saved as text.",
+     OBK_TOOLBOX_GRIDEDIT, buildOrderList},
     {L"lns", L"Separator line", L"A two-tone line that sets the groups of a form apart.", OBK_TOOLBOX_LNS,
      buildSettingsGroups},
 };

@@ -218,6 +218,72 @@ void buildAddressRows(Scene& scene) {
     });
 }
 
+void buildOrderList(Scene& scene) {
+    scene.text({20, 14, 466, line}, L"Orders of the week", TextLook::Heading);
+    SceneControl& control = scene.control(L"Orders", L"OBKCTRLS.GridEdit", {20, 44, 466, 160});
+    const size_t chosen = scene.text({20, 214, 320, line}, L"", TextLook::Dim);
+
+    struct Column {
+        const wchar_t* caption;
+        double width;
+        long type;
+    };
+    constexpr Column columns[] = {{L"No.", 750, 2},
+                                  {L"Article", 2500, 0},
+                                  {L"Paid", 600, 3},
+                                  {L"Delivery", 1650, 1},
+                                  {L"Amount", 1200, 5}};
+    constexpr const wchar_t* orders[] = {L"4711\tWriting desk, oak\t\tMon 23 Nov 2026\t1,256.40",
+                                         L"4712\tBookcase, ash\t\tTue 24 Nov 2026\t489.00",
+                                         L"4713\tDining chair, beech\t\tTue 24 Nov 2026\t118.50",
+                                         L"4714\tLinen lamp\t\tThu 26 Nov 2026\t79.90",
+                                         L"4715\tSideboard, walnut\t\tFri 27 Nov 2026\t1,890.00",
+                                         L"4716\tCoat rack\t\tFri 27 Nov 2026\t64.00"};
+    const auto grid = control.object();
+    grid.call(L"GridRedraw", {false});
+    grid.call(L"ColsSet", {static_cast<long>(std::size(columns))});
+    grid.call(L"RowsSet", {0});
+    for (long col = 0; col < static_cast<long>(std::size(columns)); ++col) {
+        grid.call(L"ColTypeSet", {col, columns[col].type});
+        grid.call(L"ColWidth", {col, columns[col].width});
+        grid.call(L"BarHeaderCaptionSet", {col, columns[col].caption});
+    }
+    long row = 0;
+    for (const wchar_t* order : orders) {
+        grid.call(L"RowAddQuick", {order, row});
+        grid.call(L"CellChkSet", {row, 2, row % 3 == 0 ? L"1" : L"0"});
+        grid.call(L"CellFormatSet", {row, 2, L"webdings", L"12", false, false, 0});
+        ++row;
+    }
+    grid.call(L"CellEnabledSet", {3, 1, true});
+    grid.call(L"RowsRefreshColors", {0xF7F1EA});
+    grid.call(L"ColSetFocus", {1});
+    grid.call(L"RowSetFocus", {0});
+    grid.call(L"GridRedraw", {true});
+
+    const auto show = [&scene, &control, chosen] {
+        container::Variant at, article;
+        control.object().call(L"RowCurrent", {}, &at);
+        control.object().call(L"CellTextRead", {at, 1}, &article);
+        scene.setText(chosen, article.toText());
+    };
+    auto& events = control.site->events();
+    events.on(L"CellSelected", [show](container::EventCall&) { show(); });
+    events.on(L"SortClick", [&control](container::EventCall&) { control.object().call(L"BarHeaderSort"); });
+    show();
+    scene.button({346, 214, 140, 28}, L"Add an order", [&control] {
+        control.object().call(L"RowAdd", {L"4717\tNew order\t\tMon 30 Nov 2026\t0.00", 0});
+    });
+    scene.demonstration([&scene, &control] {
+        if (!scene.form().enter(*control.site)) return;
+        const HWND window = GetFocus();
+        for (const WPARAM key : {VK_DOWN, VK_DOWN}) {
+            PostMessageW(window, WM_KEYDOWN, key, 1);
+            PostMessageW(window, WM_KEYUP, key, static_cast<LPARAM>(0xC0000001u));
+        }
+    });
+}
+
 void buildSettingsGroups(Scene& scene) {
     constexpr auto progId = L"OBKCTRLS.lns";
     const auto group = [&](int y, const wchar_t* title, int titleWidth,

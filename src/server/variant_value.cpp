@@ -1,5 +1,6 @@
 #include "server/variant_value.h"
 
+#include "platform/win32/native_object.h"
 #include "server/com_ptr.h"
 #include "server/font_bridge.h"
 #include "server/picture_bridge.h"
@@ -109,6 +110,10 @@ HRESULT fromObject(IUnknown* object, ValueType wanted, int depth, Value& value) 
         value = std::move(picture);
         return S_OK;
     }
+    if (wanted == ValueType::object) {
+        value = object ? std::make_shared<win32::NativeObject>(*object) : ObjectRef();
+        return S_OK;
+    }
     if (wanted == ValueType::empty) {
         // A bag that was asked for nothing in particular: fonts and pictures keep what they are.
         if (FontRef font = fontFromObject(object)) return value = std::move(font), S_OK;
@@ -194,6 +199,14 @@ HRESULT fromPlain(const VARIANT& plain, ValueType wanted, int depth, Value& valu
     return S_OK;
 }
 
+// With a reference for the caller; null for no object.
+IUnknown* objectOf(const ObjectRef& value) {
+    const auto* native = dynamic_cast<const win32::NativeObject*>(value.get());
+    if (!native) return nullptr;
+    native->object().AddRef();
+    return &native->object();
+}
+
 bool isNumber(ValueType type) {
     return type >= ValueType::boolean && type <= ValueType::doubleFloat;
 }
@@ -266,6 +279,10 @@ HRESULT variantFromValue(const Value& value, VARIANT& variant) {
         case ValueType::picture:
             V_DISPATCH(&variant) = objectFromPicture(std::get<PictureRef>(value)).detach();
             V_VT(&variant) = VT_DISPATCH;
+            return S_OK;
+        case ValueType::object:
+            V_UNKNOWN(&variant) = objectOf(std::get<ObjectRef>(value));
+            V_VT(&variant) = VT_UNKNOWN;
             return S_OK;
     }
     return E_UNEXPECTED;

@@ -29,8 +29,8 @@ bool isLeftOut(const VARIANT& variant);
 // refusals: Null, arrays and foreign objects among them.
 HRESULT valueFromVariant(const VARIANT& variant, ValueType wanted, Value& value);
 
-// As hosts expect a value: a colour as a Long, a font or picture as its dispatch interface (which may be
-// null). `variant` is overwritten, not cleared. E_OUTOFMEMORY leaves it empty.
+// As hosts expect a value: a colour as a Long, a font or picture as its dispatch interface, any other object
+// as it is (all of which may be null). `variant` is overwritten, not cleared. E_OUTOFMEMORY leaves it empty.
 HRESULT variantFromValue(const Value& value, VARIANT& variant);
 
 // Stores a changed argument where a by-reference variant points, in the type that stands there. A variant by

@@ -34,7 +34,10 @@ bool comesBack(const std::wstring& className, const std::wstring& name) {
         {L"DateCalendar", L"bPOSITIONDEFAULT"},
         {L"DateCalendar", L"BorderStyle"},
         {L"DateCalendar", L"MousePosn"},
-        {L"DateCalendar", L"Text"}};
+        {L"DateCalendar", L"Text"},
+        {L"GridEdit", L"mstrDragInfo"},
+        {L"GridEdit", L"blnPUBSHOWALARM"},
+        {L"GridEdit", L"MousePosn"}};
     return !exceptions.contains({className, name});
 }
 
@@ -66,7 +69,7 @@ std::map<std::wstring, std::wstring> stateOf(IUnknown* control) {
     std::map<std::wstring, std::wstring> state;
     const container::TypeMembers members = container::TypeMembers::of(control);
     for (const auto& member : members.properties()) {
-        if (!member.writable || !comesBack(members.className(), member.name)) continue;
+        if (!member.readable || !member.writable || !comesBack(members.className(), member.name)) continue;
         const Variant value = Dispatch(control).value(member.number);
         const ComPtr<IUnknown> object(value.toObject().get());
         const auto font = container::describeFont(object.get());
@@ -83,7 +86,7 @@ void changeEverything(IUnknown* control) {
     const Dispatch object(control);
     const container::TypeMembers members = container::TypeMembers::of(control);
     for (const auto& member : members.properties()) {
-        if (!member.writable) continue;
+        if (!member.readable || !member.writable) continue;
         const Variant value = object.value(member.number);
         switch (member.type.kind) {
             case container::ValueKind::Boolean:

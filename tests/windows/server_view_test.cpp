@@ -248,8 +248,8 @@ TEST_F(ServerView, PropertyBrowsersAreOfferedChoicesAndPages) {
         for (const auto& member : members.properties()) {
             CALPOLESTR texts{};
             CADWORD cookies{};
-            const bool choices =
-                member.type.kind == container::ValueKind::Boolean || !member.type.choices.empty();
+            const bool choices = member.readable && (member.type.kind == container::ValueKind::Boolean ||
+                                                     !member.type.choices.empty());
             EXPECT_EQ(browsing->GetPredefinedStrings(member.number, &texts, &cookies),
                       choices ? S_OK : S_FALSE);
             EXPECT_EQ(texts.cElems, cookies.cElems);
