@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 namespace obk {
 namespace {
@@ -175,7 +176,7 @@ TEST_F(PageTabWindow, TabsScrollByHeldButtonsAndTheWheel) {
     person.release();
     EXPECT_EQ(takeEvents(), L"") << "scrolling is no choice";
     person.moveTo(strip(), 60, 12);
-    person.turnWheel(120);
+    person.turnWheel(360);
     EXPECT_TRUE(person.waitFor([&] { return !shows(12); }));
     object().put(L"ActiveTab", 12L);
     EXPECT_TRUE(shows(12));
@@ -191,7 +192,7 @@ TEST_F(PageTabWindow, AHostThatIsDraggedNarrowerKeepsTheActiveTabInView) {
 }
 
 TEST_F(PageTabWindow, TheTabUnderTheMouseIsHighlightedUntilItLeaves) {
-    const POINT below{middleOf(2).x, placeOf(2).bottom - 4};
+    const POINT below{placeOf(2).left + 3, placeOf(2).bottom - 4};
     const COLORREF quiet = pixel(below);
     person.moveTo(strip(), middleOf(2).x, middleOf(2).y);
     EXPECT_TRUE(person.waitFor([&] { return pixel(below) != quiet; }));
@@ -233,12 +234,16 @@ TEST_F(PageTabWindow, ARightToLeftFormHasItsTabsAtTheRight) {
 }
 
 TEST_F(PageTabWindow, AHostRebuildsTheTabsInsideClick) {
-    hosted.site.events().on(L"Click", [&](container::EventCall&) { object().put(L"ActiveTabs", L"x,y"); });
+    bool rebuilt = false;
+    hosted.site.events().on(L"Click", [&](container::EventCall&) {
+        if (!std::exchange(rebuilt, true)) object().put(L"ActiveTabs", L"x,y");
+    });
     clickTab(3);
     EXPECT_EQ(takeEvents(), L"MouseDown Click(Video) Show MouseUp");
     EXPECT_EQ(object().value(L"ActiveTabs").toText(), L"x,y");
     EXPECT_FALSE(shows(3));
     person.key(VK_HOME);
+    EXPECT_EQ(takeEvents(), L"Click(x) Show");
     EXPECT_EQ(active(), 1);
     EXPECT_EQ(GetCapture(), nullptr);
 }
