@@ -178,12 +178,9 @@ void colourEveryCell(benchmark::State& state) {
     const double ours = measure([&] { return filledGrid(data); },
                                 [](GridPointer& grid) {
                                     for (CellAddress cell; cell.row < grid->rows(); ++cell.row) {
-                                        for (cell.col = 0; cell.col < cols; ++cell.col) {
-                                            CellStyle style = *grid->style(cell);
-                                            style.backColour =
-                                                OleColour(cell.row % 2 == 0 ? 0xFFFFu : 0x80000005u);
-                                            grid->setStyle(cell, style);
-                                        }
+                                        const OleColour colour(cell.row % 2 == 0 ? 0xFFFFu : 0x80000005u);
+                                        for (cell.col = 0; cell.col < cols; ++cell.col)
+                                            grid->setAttribute<&CellStyle::backColour>(cell, colour);
                                     }
                                 });
     const size_t count = data.cells.size();

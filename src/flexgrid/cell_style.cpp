@@ -61,8 +61,9 @@ const CellStyle& StyleRef::unset() {
 }
 
 void StyleRef::dropLast() const noexcept {
-    auto& entries = entry_->table->entries_;
-    entries.erase(entries.find(entry_->style));
+    StyleTable& table = *entry_->table;
+    table.memories_.fill({});
+    table.entries_.erase(table.entries_.find(entry_->style));
 }
 
 size_t StyleTable::Hash::operator()(const CellStyle& style) const noexcept {

@@ -5,6 +5,8 @@
 #include "base/picture.h"
 #include "base/text.h"
 
+#include <array>
+#include <bit>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -42,6 +44,24 @@ struct CellStyle {
 
     // Pictures are the same when they are one object, names when they read alike.
     bool operator==(const CellStyle& other) const;
+};
+
+// What a setting is in 32 bits, for those that are no more.
+inline uint32_t settingBits(OleColour colour) {
+    return colour.value;
+}
+inline uint32_t settingBits(float size) {
+    return std::bit_cast<uint32_t>(size);
+}
+inline uint32_t settingBits(bool setting) {
+    return setting ? 1 : 0;
+}
+inline uint32_t settingBits(CellAlignment alignment) {
+    return static_cast<uint32_t>(alignment);
+}
+template <typename Setting>
+concept SmallSetting = requires(Setting setting) {
+    settingBits(setting);
 };
 
 class StyleTable;
@@ -91,6 +111,26 @@ public:
 
     // Empty for a style in which nothing is set.
     StyleRef shared(const CellStyle& style);
+    // What a style becomes by one setting: cells that are set one after the other mostly go from and to the
+    // same few styles. `attribute` is any address that stands for what is set.
+    struct Transition {
+        const void* from = nullptr;
+        const void* attribute = nullptr;
+        uint32_t setting = 0;
+        friend bool operator==(const Transition&, const Transition&) = default;
+    };
+    static Transition transition(const StyleRef& from, const void* attribute, uint32_t setting) {
+        return {from.entry_, attribute, setting};
+    }
+    // Nothing where it is not remembered.
+    std::optional<StyleRef> after(const Transition& transition) const {
+        const Memory& memory = memories_[place(transition)];
+        if (memory.transition != transition) return std::nullopt;
+        return memory.to ? StyleRef(*memory.to) : StyleRef();
+    }
+    void remember(const Transition& transition, const StyleRef& to) {
+        memories_[place(transition)] = {transition, to.entry_};
+    }
     size_t size() const { return entries_.size(); }
 
 private:
@@ -113,7 +153,21 @@ private:
         }
     };
 
+    struct Memory {
+        Transition transition;
+        const StyleRef::Entry* to = nullptr;
+    };
+    static size_t place(const Transition& transition) {
+        const auto from = reinterpret_cast<uintptr_t>(transition.from);
+        const auto attribute = reinterpret_cast<uintptr_t>(transition.attribute);
+        const size_t mixed = from / 16 + attribute * 5 + transition.setting * size_t{0x9E3779B1u};
+        return (mixed ^ mixed >> 7 ^ mixed >> 17) % memoryCount;
+    }
+
+    static constexpr size_t memoryCount = 16;
     std::unordered_set<StyleRef::Entry, Hash, Equal> entries_;
+    // References to none of its styles: all are forgotten when one goes.
+    std::array<Memory, memoryCount> memories_{};
 };
 
 }  // namespace obk

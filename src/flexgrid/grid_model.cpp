@@ -56,19 +56,18 @@ bool GridModel::sort(int32_t col, SortDirection direction, int32_t first, int32_
 
 bool GridModel::setText(CellAddress cell, TextView text) {
     if (!contains(cell)) return false;
-    const PackedRow* present = rows_.at(cell.row);
+    RowHandle* row = rows_.touched(cell.row);
     // A run of rows that nobody has touched stays one.
-    if (!present && text.empty()) return true;
-    PackedRow::setText(rows_.slot(cell.row), cell.col, text, cols());
+    if (!row && text.empty()) return true;
+    if (row && *row) (*row)->prefetch();
+    PackedRow::setText(row ? *row : rows_.slot(cell.row), cell.col, text, cols());
     return true;
 }
 
 bool GridModel::setStyle(CellAddress cell, const CellStyle& style) {
     if (!contains(cell) || (style.fontName && style.fontName->empty())) return false;
     if (style.fontSize && !(*style.fontSize > 0 && *style.fontSize <= largestFont)) return false;
-    StyleRef shared = styles_.shared(style);
-    if (!shared && !rows_.at(cell.row)) return true;
-    PackedRow::setStyle(rows_.slot(cell.row), cell.col, std::move(shared), cols());
+    putStyle(rows_.touched(cell.row), cell, styles_.shared(style));
     return true;
 }
 

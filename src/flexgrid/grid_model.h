@@ -50,7 +50,9 @@ public:
     // Valid until the next change of the grid.
     TextView text(CellAddress cell) const {
         const PackedRow* row = contains(cell) ? rows_.at(cell.row) : nullptr;
-        return row ? row->text(cell.col) : TextView();
+        if (!row) return {};
+        row->prefetch();
+        return row->text(cell.col);
     }
     bool setText(CellAddress cell, TextView text);
 
@@ -63,9 +65,23 @@ public:
     // One attribute of a cell's style: setAttribute<&CellStyle::bold>(cell, true). Refused as by setStyle().
     template <auto Attribute, typename Setting>
     bool setAttribute(CellAddress cell, Setting&& setting) {
-        CellStyle changed = *style(cell);
+        if (!contains(cell)) return false;
+        constexpr bool small = SmallSetting<std::remove_cvref_t<Setting>>;
+        RowHandle* const row = rows_.touched(cell.row);
+        const StyleRef from = row && *row ? (*row)->style(cell.col) : StyleRef();
+        StyleTable::Transition transition;
+        if constexpr (small) {
+            transition = StyleTable::transition(from, &attributeMark<Attribute>, settingBits(setting));
+            if (auto known = styles_.after(transition)) {
+                putStyle(row, cell, std::move(*known));
+                return true;
+            }
+        }
+        CellStyle changed = *from;
         changed.*Attribute = std::forward<Setting>(setting);
-        return setStyle(cell, changed);
+        if (!setStyle(cell, changed)) return false;
+        if constexpr (small) styles_.remember(transition, style(cell));
+        return true;
     }
     // For rows that come with their styles; refuses nothing.
     StyleRef sharedStyle(const CellStyle& style) { return styles_.shared(style); }
@@ -83,6 +99,15 @@ public:
     void setDpi(Dpi dpi);
 
 private:
+    template <auto Attribute>
+    static constexpr char attributeMark{};
+
+    void putStyle(RowHandle* row, CellAddress cell, StyleRef style) {
+        // A run of rows that nobody has touched stays one.
+        if (!row && !style) return;
+        PackedRow::setStyle(row ? *row : rows_.slot(cell.row), cell.col, std::move(style), cols());
+    }
+
     StyleTable styles_;  // outlives the rows that refer to it
     RowSequence rows_;
     ColumnList columns_;

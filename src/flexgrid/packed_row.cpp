@@ -244,20 +244,17 @@ void PackedRow::setText(RowHandle& row, int32_t col, TextView text, int32_t cols
         std::copy(text.begin(), text.end(), place);
 }
 
-void PackedRow::setStyle(RowHandle& row, int32_t col, StyleRef style, int32_t cols) {
-    const auto cell = static_cast<uint32_t>(col);
-    if (cell >= (row ? row->styled_ : 0)) {
-        if (!style) return;
-        PackedRow& own = ensured(row);
-        // A row is mostly styled from its first cell to its last.
-        const uint32_t wanted = std::min(static_cast<uint32_t>(cols), std::max(own.cells_, own.styled_ * 2));
-        const uint32_t count = std::max(cell + 1, wanted);
-        auto larger = std::make_unique<StyleRef[]>(count);
-        std::move(own.styles_.get(), own.styles_.get() + own.styled_, larger.get());
-        own.styles_ = std::move(larger);
-        own.styled_ = count;
-    }
-    row->styles_[cell] = std::move(style);
+// None for a cell beyond the styled ones that stays without a style.
+void PackedRow::makeRoomForStyle(RowHandle& row, int32_t col, const StyleRef& style, int32_t cols) {
+    if (!style) return;
+    PackedRow& own = ensured(row);
+    // A row is mostly styled from its first cell to its last.
+    const uint32_t wanted = std::min(static_cast<uint32_t>(cols), std::max(own.cells_, own.styled_ * 2));
+    const uint32_t count = std::max(static_cast<uint32_t>(col) + 1, wanted);
+    auto larger = std::make_unique<StyleRef[]>(count);
+    std::move(own.styles_.get(), own.styles_.get() + own.styled_, larger.get());
+    own.styles_ = std::move(larger);
+    own.styled_ = count;
 }
 
 void PackedRow::setStyles(RowHandle& row, std::span<const StyleRef> styles) {

@@ -37,6 +37,13 @@ public:
     // kept once.
     static RowHandle fromTexts(std::span<const TextView> texts);
 
+    // A row is some hundred bytes whose start says where the rest lies. Asked for together, they come from
+    // memory in the time of one.
+    void prefetch() const {
+        const char* const start = reinterpret_cast<const char*>(this);
+        for (int line = 1; line <= 3; ++line) __builtin_prefetch(start + line * 64);
+    }
+
     // Empty for a cell beyond those that were set. Valid until the row changes.
     TextView text(int32_t col) const {
         if (static_cast<uint32_t>(col) >= cells_) return {};
@@ -51,7 +58,10 @@ public:
     StyleRef style(int32_t col) const {
         return static_cast<uint32_t>(col) < styled_ ? styles_[col] : StyleRef();
     }
-    static void setStyle(RowHandle& row, int32_t col, StyleRef style, int32_t cols);
+    static void setStyle(RowHandle& row, int32_t col, StyleRef style, int32_t cols) {
+        if (!row || static_cast<uint32_t>(col) >= row->styled_) makeRoomForStyle(row, col, style, cols);
+        if (row && static_cast<uint32_t>(col) < row->styled_) row->styles_[col] = std::move(style);
+    }
     // Of the first cells, as many as there are styles, in place of those that the row had.
     static void setStyles(RowHandle& row, std::span<const StyleRef> styles);
 
@@ -76,6 +86,7 @@ private:
     static RowHandle make(size_t slots, size_t units);
     static PackedRow& ensured(RowHandle& row);
     static void reserve(RowHandle& row, size_t slots, size_t units);
+    static void makeRoomForStyle(RowHandle& row, int32_t col, const StyleRef& style, int32_t cols);
     static void replaceUnits(PackedRow& row, int32_t col, uint32_t count, uint32_t flag) noexcept;
 
     uint32_t* ends() { return reinterpret_cast<uint32_t*>(this + 1); }

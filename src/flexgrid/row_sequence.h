@@ -27,6 +27,15 @@ public:
         const Block& block = blocks_[blockOf(row)];
         return block.rows ? block.rows[row - block.first].get() : nullptr;
     }
+    // Null in a run of rows that nobody has touched.
+    RowHandle* touched(int32_t row) {
+        Block& block = blocks_[blockOf(row)];
+        if (!block.rows) return nullptr;
+        RowHandle* const handle = &block.rows[row - block.first];
+        // Grids are mostly gone through row by row.
+        if (row - block.first + 1 < block.count) __builtin_prefetch(handle[1].get());
+        return handle;
+    }
     // To write to it; heights are set with setHeight().
     RowHandle& slot(int32_t row);
 
