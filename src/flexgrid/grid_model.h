@@ -62,6 +62,13 @@ public:
     bool setStyle(CellAddress cell, const CellStyle& style);
     // For rows that come with their styles; refuses nothing.
     StyleRef sharedStyle(const CellStyle& style) { return styles_.shared(style); }
+    // One attribute of a cell's style: setAttribute<&CellStyle::bold>(cell, true). Refused as by setStyle().
+    template <auto Attribute, typename Setting>
+    bool setAttribute(CellAddress cell, Setting&& setting) {
+        CellStyle changed = *style(cell);
+        changed.*Attribute = std::forward<Setting>(setting);
+        return setStyle(cell, changed);
+    }
     // How many different styles the cells have.
     size_t styleCount() const { return styles_.size(); }
     // How the cell's text stands: as the cell says, else as the column says; never `general`.

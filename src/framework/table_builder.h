@@ -229,6 +229,16 @@ public:
         return *this;
     }
 
+    // A value that is saved and never read back.
+    template <auto Getter>
+    TableBuilder& savedOnly(Persist row) {
+        PersistedValue& value =
+            addPersisted(row, detail::valueTypeOf<typename detail::PropertyRead<Getter>::Type>());
+        value.get = &detail::PropertyRead<Getter>::getConst;
+        value.token = memberToken<Getter>();
+        return *this;
+    }
+
     // Changes of a property that are notified neither under its key nor under its name.
     TableBuilder& notifiedAs(int32_t number, TextView name) {
         table_.overrideNotification(number, Text(name));

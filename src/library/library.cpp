@@ -1,5 +1,6 @@
 #include "library/library.h"
 
+#include "datecalendar/date_calendar.h"
 #include "pagetab/lns.h"
 #include "palette/button_arrow.h"
 #include "palette/button_palette.h"
@@ -15,8 +16,8 @@ const Library& library() {
         {0xd62de28a, 0x98b2, 0x4069, {0xbc, 0x98, 0xf5, 0xf9, 0xca, 0x96, 0x61, 0xc2}},
         1,
         0,
-        {&UpDownTextBox::memberTable(), &ButtonPalette::memberTable(), &ButtonArrow::memberTable(),
-         &lns::memberTable()},
+        {&UpDownTextBox::memberTable(), &DateCalendar::memberTable(), &ButtonPalette::memberTable(),
+         &ButtonArrow::memberTable(), &lns::memberTable()},
         {&buttonTypes(), &palettes()},
     };
     return library;

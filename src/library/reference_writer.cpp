@@ -119,6 +119,7 @@ private:
     }
 
     static Text keyCell(const PersistedValue& value) {
+        if (!value.load) return code(value.writeKey) + u", never read";
         if (value.readKey == value.writeKey) return code(value.readKey);
         return u"read as " + code(value.readKey) + u", written as " + code(value.writeKey);
     }
@@ -208,8 +209,8 @@ private:
                 line(u"|---|---|---|---|");
                 any = true;
             }
-            line(u"| " + keyCell(value) + u" | " + typeName(value.type) + u" | " + cell(value.readDefault) +
-                 u" | " + cell(value.writeDefault) + u" |");
+            line(u"| " + keyCell(value) + u" | " + typeName(value.type) + u" | " +
+                 (value.load ? cell(value.readDefault) : Text()) + u" | " + cell(value.writeDefault) + u" |");
         }
     }
 

@@ -42,6 +42,8 @@ public:
     // Clips nest; each push has its pop.
     virtual void pushClip(const PixelRect& rect) = 0;
     virtual void popClip() = 0;
+    // What lies outside need not be painted; may be larger than the clip.
+    virtual PixelRect clipBounds() const = 0;
 
     void frameRect(const PixelRect& rect, int32_t thickness, Rgb colour) {
         frameEdges(rect, thickness, colour, colour);

@@ -63,12 +63,18 @@ void Label::setForeColour(OleColour colour) {
     invalidate();
 }
 
+void Label::setAlignment(HorizontalAlignment alignment) {
+    alignment_ = alignment;
+    invalidate();
+}
+
 void Label::paint(Canvas& canvas, const PixelRect& bounds) {
     canvas.fillRect(bounds, rgb(backColour_));
     if (caption_.empty()) return;
     TextStyle style;
     style.font = font_.description();
     style.colour = rgb(enabled() ? foreColour_ : OleColour(SystemColour::greyText));
+    style.horizontal = alignment_;
     canvas.drawText(caption_, bounds, style);
 }
 

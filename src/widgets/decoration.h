@@ -38,6 +38,7 @@ public:
     OleColour backColour() const { return backColour_; }
     void setBackColour(OleColour colour);
     void setForeColour(OleColour colour);
+    void setAlignment(HorizontalAlignment alignment);
     void setFont(FontRef font) { font_.set(std::move(font)); }
     const FontRef& font() const { return font_.font(); }
 
@@ -48,6 +49,7 @@ private:
     Text caption_;
     OleColour backColour_{SystemColour::buttonFace};
     OleColour foreColour_{SystemColour::buttonText};
+    HorizontalAlignment alignment_ = HorizontalAlignment::left;
     FontHolder font_;
 };
 

@@ -12,6 +12,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace obk {
@@ -24,6 +25,9 @@ public:
     virtual void mouse(const MouseEvent& event) = 0;
     // Whether the wheel was used; otherwise the host gets it.
     virtual bool wheel(const WheelEvent& event) = 0;
+    // The right button asks for a menu at a point of the client area, or the menu key does, with none.
+    // Whether one was shown; otherwise the window shows its own, or the host gets the wish.
+    virtual bool contextMenu(std::optional<PixelPoint>) { return false; }
     // A code of 0 on return discards the key.
     virtual void keyDown(KeyEvent& event) = 0;
     virtual void keyUp(KeyEvent& event) = 0;

@@ -11,6 +11,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 
 namespace obk {
@@ -97,6 +98,13 @@ struct ColourQuestion {
     Text title;  // empty: the system's own
 };
 
+// One line of a pop-up menu.
+struct MenuItem {
+    Text caption;  // "&" stands before the access key; an empty caption makes a separator
+    bool enabled = true;
+    bool checked = false;
+};
+
 class Platform {
 public:
     virtual ~Platform() = default;
@@ -113,6 +121,14 @@ public:
     // Nothing when it was cancelled or could not be shown. Colours that a person mixes in it are offered
     // again as long as the platform lives.
     virtual std::optional<Rgb> chooseColour(NativeWindow owner, const ColourQuestion& question) = 0;
+    // A menu of the system that belongs to the window `owner`, below `beside` (on the screen) or where there
+    // is room; returns when it has been closed. The position of the chosen item; nothing when it was closed
+    // without a choice or could not be shown. It takes the mouse capture, and anything may happen meanwhile.
+    virtual std::optional<size_t> chooseFromMenu(NativeWindow owner, std::span<const MenuItem> items,
+                                                 const PixelRect& beside) = 0;
+    // Puts a text on the clipboard in place of what is there. False, and nothing changed, when another
+    // program holds it.
+    virtual bool putOnClipboard(NativeWindow owner, TextView text) = 0;
 };
 
 }  // namespace obk

@@ -1,5 +1,7 @@
 #include "widgets/surface.h"
 
+#include <utility>
+
 namespace obk {
 
 Surface::Surface(Container& root, SurfaceOwner& owner) : root_(root), owner_(owner) {}
@@ -30,7 +32,10 @@ void Surface::close() {
     root_.detach();
     captured_ = nullptr;
     hovered_ = nullptr;
+    keyTarget_ = nullptr;
+    ownFocus_ = false;
     holding_ = false;
+    resting_ = false;
     root_.setSurface(nullptr);
     const auto going = std::move(peer_);
     owner_.focusLeft();
@@ -42,6 +47,20 @@ Dpi Surface::dpi() const {
 
 void Surface::invalidate(const PixelRect& rect) {
     if (peer_ && !rect.empty()) peer_->invalidate(rect);
+}
+
+void Surface::scroll(const PixelRect& rect, int32_t x, int32_t y) {
+    if (peer_ && !rect.empty()) peer_->scroll(rect, x, y);
+}
+
+bool Surface::focus(Widget& widget) {
+    if (!peer_) return false;
+    Widget* const before = std::exchange(keyTarget_, &widget);
+    if (!ownFocus_)
+        peer_->focus();
+    else if (before != &widget)
+        childFocusGained(widget);
+    return focusedOn(widget);
 }
 
 void Surface::capture(Widget& widget) {
@@ -68,13 +87,28 @@ void Surface::holdCapture() {
 
 void Surface::endCapture() {
     holding_ = false;
+    resting_ = false;
     captured_ = nullptr;
     if (peer_ && peer_->hasCapture()) peer_->releaseCapture();
+}
+
+std::optional<size_t> Surface::chooseFromMenu(std::span<const MenuItem> items, const PixelRect& beside) {
+    if (!peer_) return std::nullopt;
+    const bool held = holding_;
+    endCapture();
+    resting_ = held;
+    const PixelPoint origin = peer_->toScreen({0, 0});
+    const auto chosen =
+        root_.platform().chooseFromMenu(peer_->window(), items, beside.moved(origin.x, origin.y));
+    // Whoever closed or hid the surface meanwhile has ended the capture for good.
+    if (std::exchange(resting_, false)) holdCapture();
+    return chosen;
 }
 
 void Surface::forget(const Widget& widget) {
     releaseCapture(widget);
     if (hovered_ == &widget) hovered_ = nullptr;
+    if (keyTarget_ == &widget) keyTarget_ = nullptr;
 }
 
 void Surface::childFocusGained(Widget& child) {
@@ -122,9 +156,44 @@ bool Surface::wheel(const WheelEvent& event) {
     return false;
 }
 
+bool Surface::contextMenu(std::optional<PixelPoint> at) {
+    for (Widget* target = at ? root_.hitTest(*at) : nullptr; target; target = target->parent()) {
+        const PixelRect place = target->pixelBounds();
+        if (target->enabled() && target->contextMenu(PixelPoint{at->x - place.left, at->y - place.top}))
+            return true;
+    }
+    return false;
+}
+
+void Surface::keyDown(KeyEvent& event) {
+    if (keyTarget_) keyTarget_->keyDown(event);
+    if (event.code != 0) owner_.surfaceKeyDown(event);
+}
+
+void Surface::keyUp(KeyEvent& event) {
+    if (keyTarget_) keyTarget_->keyUp(event);
+    if (event.code != 0) owner_.surfaceKeyUp(event);
+}
+
+int16_t Surface::keyPress(int16_t character) {
+    if (keyTarget_) character = keyTarget_->keyPress(character);
+    return character == 0 ? character : owner_.surfaceKeyPress(character);
+}
+
 void Surface::focusGained() {
+    ownFocus_ = true;
+    if (keyTarget_ && keyTarget_->enabled() && !keyTarget_->pixelClip().empty()) {
+        childFocusGained(*keyTarget_);
+        return;
+    }
+    keyTarget_ = nullptr;
     childFocusGained(root_);
     root_.takeFocus();
+}
+
+void Surface::focusLost() {
+    ownFocus_ = false;
+    childFocusLost(keyTarget_ ? *keyTarget_ : root_);
 }
 
 void Surface::paint(Canvas& canvas, const PixelRect& dirty) {

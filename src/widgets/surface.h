@@ -47,6 +47,12 @@ public:
     Dpi dpi() const;
 
     void invalidate(const PixelRect& rect);
+    // Moves what is drawn inside a rectangle and invalidates what is uncovered.
+    void scroll(const PixelRect& rect, int32_t x, int32_t y);
+    // Gives the keyboard to a drawn widget: the keys of the surface's own window are its until it is
+    // forgotten or another widget asks for them. Whether it has them now.
+    bool focus(Widget& widget);
+    bool focusedOn(const Widget& widget) const { return ownFocus_ && keyTarget_ == &widget; }
     // Mouse events go to `widget` until it releases, another window takes the capture, or it is forgotten.
     void capture(Widget& widget);
     void releaseCapture(const Widget& widget);
@@ -57,6 +63,9 @@ public:
     void holdCapture();
     void endCapture();
     bool holdsCapture() const { return holding_; }
+    // A menu of the system beside a rectangle of this surface; see Platform::chooseFromMenu. A capture that
+    // is held rests meanwhile and is not reported as lost.
+    std::optional<size_t> chooseFromMenu(std::span<const MenuItem> items, const PixelRect& beside);
     // A widget is about to go.
     void forget(const Widget& widget);
 
@@ -71,11 +80,12 @@ private:
     std::shared_ptr<void> keepAlive() override;
     void mouse(const MouseEvent& event) override;
     bool wheel(const WheelEvent& event) override;
-    void keyDown(KeyEvent& event) override { owner_.surfaceKeyDown(event); }
-    void keyUp(KeyEvent& event) override { owner_.surfaceKeyUp(event); }
-    int16_t keyPress(int16_t character) override { return owner_.surfaceKeyPress(character); }
+    bool contextMenu(std::optional<PixelPoint> at) override;
+    void keyDown(KeyEvent& event) override;
+    void keyUp(KeyEvent& event) override;
+    int16_t keyPress(int16_t character) override;
     void focusGained() override;
-    void focusLost() override { childFocusLost(root_); }
+    void focusLost() override;
     KeyRoute preTranslate(const KeyEvent& event) override { return owner_.route(event); }
     bool offerToContainer(const KeyEvent& event) override { return owner_.offerToContainer(event); }
     void paint(Canvas& canvas, const PixelRect& dirty) override;
@@ -92,7 +102,10 @@ private:
     std::unique_ptr<SurfacePeer> peer_;
     Widget* captured_ = nullptr;
     Widget* hovered_ = nullptr;
+    Widget* keyTarget_ = nullptr;  // a drawn widget that keys go to
+    bool ownFocus_ = false;        // the window itself has the focus, none of its children
     bool holding_ = false;
+    bool resting_ = false;  // the held capture, while a menu is open
     bool placed_ = false;
 };
 

@@ -140,6 +140,7 @@ void TextBox::mouse(const MouseEvent& event) {
             doubleClicked();
             break;
         case MouseEvent::Kind::leave:
+            mouseLeft();
             break;
     }
 }
@@ -148,6 +149,12 @@ bool TextBox::wheel(const WheelEvent& event) {
     bool used = false;
     wheelTurned(event, used);
     return used;
+}
+
+bool TextBox::contextMenu(std::optional<PixelPoint> at) {
+    bool shown = false;
+    menuAsked(at, shown);
+    return shown;
 }
 
 void TextBox::keyDown(KeyEvent& event) {

@@ -52,15 +52,19 @@ public:
     Event<int16_t&> characterTyped;
     Event<KeyEvent&> keyWentUp;
     Event<const MouseEvent&> mousePressed, mouseMoved, mouseReleased;
+    Event<> mouseLeft;
     Event<> clicked, doubleClicked;
     Event<> focusCame, focusWent;
     // The answer of the last listener counts; true says that the wheel was used.
     Event<const WheelEvent&, bool&> wheelTurned;
+    // Likewise; true says that a menu was shown in place of the window's own.
+    Event<std::optional<PixelPoint>, bool&> menuAsked;
 
 private:
     std::shared_ptr<void> keepAlive() override { return Widget::keepAlive(); }
     void mouse(const MouseEvent& event) override;
     bool wheel(const WheelEvent& event) override;
+    bool contextMenu(std::optional<PixelPoint> at) override;
     void keyDown(KeyEvent& event) override;
     void keyUp(KeyEvent& event) override;
     int16_t keyPress(int16_t character) override;

@@ -124,6 +124,10 @@ void Container::SetBackColor(OleColour colour) {
 
 void Container::paint(Canvas& canvas, const PixelRect& bounds) {
     canvas.fillRect(bounds, rgb(backColour_));
+    paintChildren(canvas, bounds);
+}
+
+void Container::paintChildren(Canvas& canvas, const PixelRect& bounds) {
     for (Widget* child : children_) {
         if (!child->visible()) continue;
         const PixelRect at = canvas.dpi().toPixels(child->bounds()).moved(bounds.left, bounds.top);

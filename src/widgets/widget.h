@@ -8,6 +8,7 @@
 #include "widgets/platform.h"
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace obk {
@@ -57,7 +58,14 @@ public:
     // Coordinates are relative to this widget.
     virtual void mouse(const MouseEvent& event);
     virtual bool wheel(const WheelEvent& event);
+    // A menu is asked for; the point is none when it was the keyboard. Whether one was shown.
+    virtual bool contextMenu(std::optional<PixelPoint>) { return false; }
     virtual void captureLost() {}
+    // Keys of the surface's own window, while this widget has them; a code or character of 0 on return
+    // discards the key.
+    virtual void keyDown(KeyEvent&) {}
+    virtual void keyUp(KeyEvent&) {}
+    virtual int16_t keyPress(int16_t character) { return character; }
     // A window appeared or goes; what must be kept is taken over first.
     virtual void attach(SurfacePeer& peer);
     virtual void detach();
@@ -115,6 +123,7 @@ public:
     bool takeFocus() override;
 
 protected:
+    void paintChildren(Canvas& canvas, const PixelRect& bounds);
     Surface* ownSurface() const override { return surface_; }
     std::shared_ptr<void> ownKeepAlive() const override { return keepAlive_ ? keepAlive_() : nullptr; }
 

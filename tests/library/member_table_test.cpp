@@ -116,18 +116,31 @@ private:
 
 // A change of the caption is told under its key, which is another property's name.
 const Exceptions toldAsAnother{{u"ButtonPalette", u"Caption"}};
-// State of the moment, a choice for the running program, and a value stored under one key and read under another.
-const Exceptions notRestored{{u"ButtonPalette", u"bMOUSEPOSLOC"},
+// State of the moment, a choice for the running program, a value stored under one key and read under another, and a
+// date, whose stored text is kept without becoming the date again.
+const Exceptions notRestored{{u"DateCalendar", u"bMOUSEPOSLOC"},
+                             {u"DateCalendar", u"MousePosn"},
+                             {u"DateCalendar", u"bPOSITIONDEFAULT"},
+                             {u"DateCalendar", u"BorderStyle"},
+                             {u"DateCalendar", u"Text"},
+                             {u"ButtonPalette", u"bMOUSEPOSLOC"},
                              {u"ButtonPalette", u"MousePosn"},
                              {u"ButtonPalette", u"bPOSITIONDEFAULT"},
                              {u"ButtonPalette", u"MaskHLightColor"}};
 // Stored, or kept from before loading, although nothing was: the default on writing is another one.
 const Exceptions storedAtDefault{
-    {u"ButtonPalette", u"Backcolor"}, {u"ButtonPalette", u"FONT"}, {u"ButtonPalette", u"FORECOLOR"}};
+    {u"ButtonPalette", u"Backcolor"},
+    {u"ButtonPalette", u"FONT"},
+    {u"ButtonPalette", u"FORECOLOR"},
+    {u"DateCalendar", u"SELECTEDCOLOR"}};
 // Has no property to change it by.
-const Exceptions notChangeable{{u"ButtonPalette", u"TOOLTIP"}};
+const Exceptions notChangeable{{u"ButtonPalette", u"TOOLTIP"},
+                               {u"DateCalendar", u"TOOLTIP"},
+                               {u"DateCalendar", u"FOCUSRECT"},
+                               {u"DateCalendar", u"FORECOLOR"},
+                               {u"DateCalendar", u"FILLCOLOR"}};
 // Asking for a window's handle makes the window.
-const Exceptions makesWindow{{u"ButtonPalette", u"hWnd"}};
+const Exceptions makesWindow{{u"ButtonPalette", u"hWnd"}, {u"DateCalendar", u"hWnd"}};
 
 class MemberTableTest : public ControlFixture, public testing::WithParamInterface<const ControlTable*> {
 protected:

@@ -31,6 +31,10 @@ public:
         journal_.push_back(name_ + " wheel");
         return usesWheel;
     }
+    bool contextMenu(std::optional<PixelPoint> at) override {
+        journal_.push_back(name_ + " menu " + std::to_string(at->x) + "," + std::to_string(at->y));
+        return false;
+    }
     void captureLost() override { journal_.push_back(name_ + " lost"); }
     void paint(Canvas& canvas, const PixelRect& bounds) override {
         // As widgets may, carelessly beyond its edges.
@@ -156,6 +160,74 @@ TEST_F(SurfaceTest, TheWheelRisesToWhoeverUsesIt) {
     c.setEnabled(false);
     wheel({15, 55});
     EXPECT_EQ(take(), Journal{});
+}
+
+TEST_F(SurfaceTest, AMenuIsAskedForByTheRightButtonWhereItIsReleased) {
+    platform.click(surface.peer()->window(), {15, 55}, button::right);
+    EXPECT_EQ(take(), (Journal{"c move 5,5", "c down 5,5", "c up 5,5", "c menu 5,5"}));
+    c.setEnabled(false);
+    platform.mouse(surface.peer()->window(), {Kind::up, button::right, 0, {15, 55}});
+    EXPECT_EQ(take().back(), "c up 5,5");
+}
+
+TEST_F(SurfaceTest, ATextBoxIsAskedForItsMenuByTheMouseAndByTheKeys) {
+    TextBox box(root);
+    box.move({{900}, {450}, {450}, {300}});
+    surface.close();
+    ASSERT_TRUE(surface.open({SurfacePlacement::Kind::control, 1000, {0, 0, 100, 60}}));
+    ASSERT_TRUE(box.takeFocus());
+    const Connection asked = box.menuAsked.connect([this](std::optional<PixelPoint> at, bool& shown) {
+        journal.push_back(at ? "menu " + std::to_string(at->x) + "," + std::to_string(at->y) : "menu by key");
+        shown = true;
+    });
+    take();
+    platform.click(surface.peer()->window(), {65, 35}, button::right);
+    platform.pressKey(key::menu);
+    platform.pressKey(key::f10, shift::shift);
+    platform.pressKey(key::f10);
+    EXPECT_EQ(take(), (Journal{"menu 5,5", "menu by key", "menu by key"}));
+}
+
+TEST_F(SurfaceTest, AMenuAnswersWhatWasChosenAndTheHeldCaptureRestsMeanwhile) {
+    const std::vector<MenuItem> items{{u"&One"}, {}, {u"&Two", false}, {u"T&hree"}};
+    std::optional<size_t> wanted;
+    platform.answerMenu([&](std::span<const MenuItem> shown, const PixelRect& beside) {
+        EXPECT_EQ(shown.size(), items.size());
+        EXPECT_EQ(beside, (PixelRect{5, 6, 25, 16}));
+        EXPECT_FALSE(surface.holdsCapture());
+        return wanted;
+    });
+    const auto choose = [&] { return surface.chooseFromMenu(items, {5, 6, 25, 16}); };
+    surface.holdCapture();
+    for (const size_t possible : {0u, 3u}) {
+        wanted = possible;
+        EXPECT_EQ(choose(), wanted);
+        EXPECT_TRUE(surface.holdsCapture());
+        EXPECT_EQ(platform.capture(), surface.peer()->window());
+    }
+    for (const size_t impossible : {1u, 2u, 4u}) {  // a separator, a grey item, none
+        wanted = impossible;
+        EXPECT_EQ(choose(), std::nullopt);
+    }
+    EXPECT_EQ(take(), Journal{}) << "no capture was lost";
+    surface.endCapture();
+    choose();
+    EXPECT_EQ(platform.capture(), 0u) << "nor is one taken that was not held";
+}
+
+TEST_F(SurfaceTest, WhatEndsTheCaptureOrTheSurfaceWhileAMenuIsOpenEndsItForGood) {
+    const std::vector<MenuItem> items{{u"&One"}};
+    for (const bool closes : {false, true}) {
+        surface.holdCapture();
+        platform.answerMenu([&](std::span<const MenuItem>, const PixelRect&) -> std::optional<size_t> {
+            surface.endCapture();
+            if (closes) surface.close();
+            return 0;
+        });
+        EXPECT_EQ(surface.chooseFromMenu(items, {0, 0, 1, 1}), 0u);
+        EXPECT_EQ(platform.capture(), 0u);
+    }
+    EXPECT_EQ(surface.chooseFromMenu(items, {0, 0, 1, 1}), std::nullopt) << "there is no window any more";
 }
 
 TEST_F(SurfaceTest, OnlyWhatIsVisibleIsPaintedAndEachInsideItsParent) {

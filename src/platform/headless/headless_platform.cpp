@@ -70,6 +70,16 @@ std::optional<Rgb> HeadlessPlatform::chooseColour(NativeWindow, const ColourQues
     return answer ? answer(question) : std::nullopt;
 }
 
+std::optional<size_t> HeadlessPlatform::chooseFromMenu(NativeWindow, std::span<const MenuItem> items,
+                                                       const PixelRect& beside) {
+    takeCapture(0);  // the menu has it
+    const MenuAnswer answer = menuAnswer_;
+    const auto chosen = answer ? answer(items, beside) : std::nullopt;
+    const bool possible =
+        chosen && *chosen < items.size() && items[*chosen].enabled && !items[*chosen].caption.empty();
+    return possible ? chosen : std::nullopt;
+}
+
 void HeadlessPlatform::moveHost() {
     std::vector<NativeWindow> panels;
     for (const auto& [id, window] : windows_) panels.push_back(id);
@@ -109,6 +119,10 @@ void HeadlessPlatform::keyDown(int16_t code, int16_t shift, bool repeated) {
     if (!find(id)) return;
     client.keyDown(event);
     if (event.code == 0 || find(id) != window) return;
+    if (event.code == key::f10 && event.shift == shift::shift) {
+        client.contextMenu(std::nullopt);
+        return;
+    }
     window->keyEffect(event);
     // The character goes to whoever has the focus by then.
     HeadlessWindow* typedInto = find(focus_);
@@ -130,7 +144,10 @@ void HeadlessPlatform::keyUp(int16_t code, int16_t shift) {
     if (!last) return;
     const auto alive = last->client().keepAlive();
     KeyEvent release{code, shift, false};
-    if (alive) last->client().keyUp(release);
+    if (!alive) return;
+    const NativeWindow id = last->id();
+    last->client().keyUp(release);
+    if (release.code == key::menu && find(id) == last) last->client().contextMenu(std::nullopt);
 }
 
 void HeadlessPlatform::type(TextView text) {
@@ -171,6 +188,8 @@ void HeadlessPlatform::mouse(NativeWindow surfaceWindow, const MouseEvent& event
         child->canTakeFocus())
         setFocus(id);
     if (find(id)) receiver->client().mouse(own);
+    if (own.kind == MouseEvent::Kind::up && own.button == button::right && find(id))
+        receiver->client().contextMenu(own.at);
 }
 
 void HeadlessPlatform::moveOnto(NativeWindow window, const MouseEvent& event) {

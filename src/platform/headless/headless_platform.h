@@ -31,6 +31,12 @@ public:
     std::unique_ptr<SurfacePeer> createSurface(SurfaceClient& client,
                                                const SurfacePlacement& placement) override;
     std::optional<Rgb> chooseColour(NativeWindow owner, const ColourQuestion& question) override;
+    std::optional<size_t> chooseFromMenu(NativeWindow owner, std::span<const MenuItem> items,
+                                         const PixelRect& beside) override;
+    bool putOnClipboard(NativeWindow, TextView text) override {
+        clipboard_ = text;
+        return true;
+    }
 
     // What a person does. Keys go to the focused window; characters too, each with its key going down and up.
     void pressKey(int16_t code, int16_t shift = 0);
@@ -60,9 +66,15 @@ public:
     // The parts of the monitors that windows may use; at first one of 1280 by 800 pixels.
     void setWorkAreas(std::vector<PixelRect> areas) { workAreas_ = std::move(areas); }
     PixelRect workAreaOf(const PixelRect& rect) const;
-    // What the next colour chooser answers; it is told what was asked, and may do what a person does meanwhile.
+    // What the next colour chooser answers; it is told what was asked, and may do what a person does
+    // meanwhile.
     using ColourAnswer = std::function<std::optional<Rgb>(const ColourQuestion&)>;
     void answerColour(ColourAnswer answer) { colourAnswer_ = std::move(answer); }
+
+    // What the next menus answer; may do what a person does meanwhile. Without one, menus are dismissed.
+    using MenuAnswer =
+        std::function<std::optional<size_t>(std::span<const MenuItem>, const PixelRect& beside)>;
+    void answerMenu(MenuAnswer answer) { menuAnswer_ = std::move(answer); }
 
     NativeWindow focus() const { return focus_; }
     NativeWindow capture() const { return capture_; }
@@ -101,6 +113,7 @@ private:
     bool refusesWindows_ = false;
     std::vector<PixelRect> workAreas_{{0, 0, 1280, 800}};
     ColourAnswer colourAnswer_;
+    MenuAnswer menuAnswer_;
 };
 
 }  // namespace obk::headless

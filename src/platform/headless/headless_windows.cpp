@@ -77,6 +77,22 @@ void HeadlessSurface::invalidate(const PixelRect& rect) {
                                std::max(invalid_.right, rect.right), std::max(invalid_.bottom, rect.bottom)};
 }
 
+void HeadlessSurface::scroll(const PixelRect& rect, int32_t x, int32_t y) {
+    const PixelRect moved = rect.intersected(area());
+    if (moved.empty()) return;
+    scrolled_.push_back({moved, x, y});
+    // What waits to be painted moves along, and what comes in from outside is new.
+    invalidate(invalid_.intersected(moved).moved(x, y).intersected(moved));
+    const PixelRect kept = moved.moved(x, y).intersected(moved);
+    if (kept.empty()) return invalidate(moved);
+    if (x != 0)
+        invalidate(
+            {x > 0 ? moved.left : kept.right, moved.top, x > 0 ? kept.left : moved.right, moved.bottom});
+    if (y != 0)
+        invalidate(
+            {moved.left, y > 0 ? moved.top : kept.bottom, moved.right, y > 0 ? kept.top : moved.bottom});
+}
+
 void HeadlessSurface::releaseCapture() {
     if (platform_.capture_ == id()) platform_.capture_ = 0;
 }

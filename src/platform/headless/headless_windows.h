@@ -5,6 +5,7 @@
 #include "platform/headless/recording_canvas.h"
 #include "widgets/peers.h"
 
+#include <utility>
 #include <vector>
 
 namespace obk::headless {
@@ -58,7 +59,7 @@ public:
     void setEnabled(bool enabled) override;
     void invalidate(const PixelRect& rect) override;
     void update() override;
-    void scroll(const PixelRect& rect, int32_t, int32_t) override { invalidate(rect); }
+    void scroll(const PixelRect& rect, int32_t x, int32_t y) override;
     void capture() override { platform_.takeCapture(id()); }
     void releaseCapture() override;
     bool hasCapture() const override { return platform_.capture() == id(); }
@@ -76,6 +77,12 @@ public:
     // For tests: paints what is invalid and answers what was drawn.
     RecordingCanvas paint();
     const PixelRect& invalid() const { return invalid_; }
+    // What was moved since the last look.
+    struct Scrolled {
+        PixelRect rect;
+        int32_t x = 0, y = 0;
+    };
+    std::vector<Scrolled> takeScrolled() { return std::exchange(scrolled_, {}); }
     SurfaceClient& surfaceClient() const { return surfaceClient_; }
     SurfacePlacement::Kind kind() const { return kind_; }
     void setDpi(Dpi dpi);
@@ -92,6 +99,7 @@ private:
     SurfacePlacement::Kind kind_;
     Dpi dpi_;
     PixelRect invalid_;
+    std::vector<Scrolled> scrolled_;
     std::vector<HeadlessWindow*> children_;
     Text toolTip_;
     Cursor cursor_ = Cursor::arrow;

@@ -28,6 +28,7 @@ public:
     void drawFocusRect(const PixelRect& rect) override;
     void pushClip(const PixelRect& rect) override { clips_.push_back(clips_.back().intersected(rect)); }
     void popClip() override { clips_.pop_back(); }
+    PixelRect clipBounds() const override { return clips_.back(); }
 
     const std::vector<DrawnItem>& items() const& { return items_; }
     std::vector<DrawnItem> items() && { return std::move(items_); }

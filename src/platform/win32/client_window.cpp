@@ -221,6 +221,8 @@ LRESULT ClientWindow::handle(const Message& message) {
         case WM_MOUSEWHEEL:
         case WM_MOUSEHWHEEL:
             return wheel(message);
+        case WM_CONTEXTMENU:
+            return contextMenu(message);
         default:
             return defaultFor(message);
     }
@@ -317,6 +319,16 @@ LRESULT ClientWindow::wheel(const Message& message) {
                            {at.x, at.y}};
     if (listening() && client_->wheel(event)) return 0;
     return window_ ? passWheelOn(message) : 0;
+}
+
+LRESULT ClientWindow::contextMenu(const Message& message) {
+    std::optional<PixelPoint> at;  // none by the keyboard, which says -1
+    if (message.lParam != -1) {
+        POINT point{GET_X_LPARAM(message.lParam), GET_Y_LPARAM(message.lParam)};
+        ScreenToClient(message.window, &point);
+        at = PixelPoint{point.x, point.y};
+    }
+    return listening() && client_->contextMenu(at) ? 0 : defaultFor(message);
 }
 
 }  // namespace obk::win32

@@ -90,6 +90,7 @@ private:
     LRESULT character(const Message& message);
     LRESULT mouse(const Message& message);
     LRESULT wheel(const Message& message);
+    LRESULT contextMenu(const Message& message);
     LRESULT dialogCode(const Message& message);
     void trackLeaving();
 

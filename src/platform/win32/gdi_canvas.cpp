@@ -217,4 +217,11 @@ void GdiCanvas::popClip() {
     RestoreDC(dc_, -1);
 }
 
+PixelRect GdiCanvas::clipBounds() const {
+    constexpr int32_t endless = 1 << 30;  // where a context of recorded drawing knows no clip
+    RECT box{};
+    return !recorded_ && GetClipBox(dc_, &box) != ERROR ? fromRect(box)
+                                                        : PixelRect{-endless, -endless, endless, endless};
+}
+
 }  // namespace obk::win32

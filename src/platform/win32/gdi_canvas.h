@@ -24,6 +24,7 @@ public:
     void drawFocusRect(const PixelRect& rect) override;
     void pushClip(const PixelRect& rect) override;
     void popClip() override;
+    PixelRect clipBounds() const override;
 
 private:
     void blend(const uint32_t* pixels, PixelSize size, const PixelRect& rect);

@@ -17,6 +17,16 @@ using UniqueBrush = std::unique_ptr<std::remove_pointer_t<HBRUSH>, GdiObjectDele
 using UniqueFont = std::unique_ptr<std::remove_pointer_t<HFONT>, GdiObjectDeleter>;
 using UniqueRegion = std::unique_ptr<std::remove_pointer_t<HRGN>, GdiObjectDeleter>;
 
+struct MenuDeleter {
+    void operator()(HMENU menu) const { DestroyMenu(menu); }
+};
+using UniqueMenu = std::unique_ptr<std::remove_pointer_t<HMENU>, MenuDeleter>;
+
+struct GlobalMemoryDeleter {
+    void operator()(void* memory) const { GlobalFree(memory); }
+};
+using UniqueGlobalMemory = std::unique_ptr<void, GlobalMemoryDeleter>;
+
 // A device context in memory.
 struct MemoryDcDeleter {
     void operator()(HDC dc) const { DeleteDC(dc); }

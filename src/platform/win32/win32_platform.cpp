@@ -1,6 +1,8 @@
 #include "platform/win32/win32_platform.h"
 
 #include "platform/win32/display.h"
+#include "platform/win32/handles.h"
+#include "platform/win32/pop_up_menu.h"
 #include "platform/win32/surface_window.h"
 #include "platform/win32/text_box_window.h"
 
@@ -135,6 +137,25 @@ std::unique_ptr<SurfacePeer> Win32Platform::createSurface(SurfaceClient& client,
 
 std::optional<Rgb> Win32Platform::chooseColour(NativeWindow owner, const ColourQuestion& question) {
     return colourChooser_.choose(reinterpret_cast<HWND>(owner), question);
+}
+
+std::optional<size_t> Win32Platform::chooseFromMenu(NativeWindow owner, std::span<const MenuItem> items,
+                                                    const PixelRect& beside) {
+    return win32::chooseFromMenu(reinterpret_cast<HWND>(owner), items, beside);
+}
+
+bool Win32Platform::putOnClipboard(NativeWindow owner, TextView text) {
+    UniqueGlobalMemory memory(GlobalAlloc(GMEM_MOVEABLE, (text.size() + 1) * sizeof(char16_t)));
+    auto* const units = memory ? static_cast<char16_t*>(GlobalLock(memory.get())) : nullptr;
+    if (!units) return false;
+    units[text.copy(units, text.size())] = 0;
+    GlobalUnlock(memory.get());
+    if (!OpenClipboard(reinterpret_cast<HWND>(owner))) return false;
+    // What the clipboard takes is its own.
+    const bool put = EmptyClipboard() && SetClipboardData(CF_UNICODETEXT, memory.get());
+    if (put) static_cast<void>(memory.release());
+    CloseClipboard();
+    return put;
 }
 
 }  // namespace obk::win32

@@ -32,6 +32,9 @@ public:
     std::unique_ptr<SurfacePeer> createSurface(SurfaceClient& client,
                                                const SurfacePlacement& placement) override;
     std::optional<Rgb> chooseColour(NativeWindow owner, const ColourQuestion& question) override;
+    std::optional<size_t> chooseFromMenu(NativeWindow owner, std::span<const MenuItem> items,
+                                         const PixelRect& beside) override;
+    bool putOnClipboard(NativeWindow owner, TextView text) override;
 
     // For the host's calls of TranslateAccelerator: consults the control at most once for each message.
     KeyRouter& keys() { return environment_->keys(); }

@@ -1,0 +1,25 @@
+// Any text as a date: what is read is a day of the calendar, and writes and reads back as itself.
+#include "datecalendar/month_layout.h"
+#include "datecalendar/quick_dates.h"
+#include "fuzz_values.h"
+
+using namespace obk;
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    Text text;
+    for (size_t at = 0; at < size; ++at) text += static_cast<char16_t>(data[at]);
+    monthMentioned(text);
+    yearFromText(text);
+    const auto date = dateFromText(text);
+    if (!date) return 0;
+    fuzz::require(date->ok(), "a date of the calendar");
+    const auto written = dateText(*date);
+    fuzz::require(written && dateFromText(*written) == date, "dates come back from their texts");
+    fuzz::require(monthMentioned(*written) == date->month(), "a date text mentions its month alone");
+    const auto layout = monthLayout(date->year() / date->month());
+    const auto day = static_cast<int32_t>(unsigned{date->day()});
+    fuzz::require(layout && layout->dayAt(layout->firstCell + day - 1) == day, "every day has a cell");
+    for (uint8_t which = 0; which <= static_cast<uint8_t>(QuickDate::firstOfNextMonth); ++which)
+        fuzz::require(quickDate(static_cast<QuickDate>(which), *date).ok(), "quick dates are dates");
+    return 0;
+}

@@ -1,0 +1,432 @@
+#include "datecalendar/date_calendar.h"
+
+#include "base/attempt.h"
+#include "datecalendar/quick_menu.h"
+#include "framework/kxlib_system.h"
+
+#include <utility>
+
+namespace obk {
+
+namespace {
+
+constexpr Twips lineHeight{285};
+constexpr Twips iconWidth{315};
+constexpr TextView usualToolTip = u"Calendar: click here or press F4. Quick dates: right click.";
+
+Text shownAs(TextView date) {
+    return Text(date).append(displayBlanks);
+}
+
+}  // namespace
+
+DateCalendar::DateCalendar(Platform& platform)
+    : Control(platform),
+      fraBORDER(root()),
+      picfraBOX(root()),
+      picfraICON(picfraBOX),
+      txtfraBORDER(picfraBOX),
+      panel_(*this),
+      picDROPDOWNPANEL(*this, panel_.root(), strDATETEXT) {
+    panel_.setAccessibleName(u"Calendar");
+    txtfraBORDER.setAccessibleName(u"Date");
+    picfraBOX.SetBackColor(SystemColour::window);
+    connectChildren();
+    connectPanel();
+}
+
+void DateCalendar::initialize() {
+    const Look look = lookOfSystem(platform());
+    fraBORDER.setLook(look);
+    picDROPDOWNPANEL.setLook(look);
+    setSize({2115}, {315});
+}
+
+void DateCalendar::initProperties() {
+    loadFont(ambientFont());
+}
+
+void DateCalendar::loaded() {
+    if (trimmed(strDATETEXT).empty()) {
+        // An empty date shows an empty field whatever was stored, and yet is stored again as it was.
+        const obk::Text stored = strTYPEDTEXT;
+        attempt([&] { txtfraBORDER.setText({}); });
+        strTYPEDTEXT = stored;
+        const Date today = platform().clock().today();
+        attempt([&] { picDROPDOWNPANEL.showMonth(today.year() / today.month()); });
+        return;
+    }
+    const auto date = dateFromText(strDATETEXT);
+    const auto text = date ? dateText(*date) : std::nullopt;
+    if (!text) return;
+    attempt([&] { txtfraBORDER.setText(shownAs(*text)); });
+    attempt([&] { picDROPDOWNPANEL.showMonth(date->year() / date->month()); });
+}
+
+void DateCalendar::connectChildren() {
+    const auto on = [this](auto& event, auto handler) {
+        connections_.push_back(event.connect(std::move(handler)));
+    };
+    on(txtfraBORDER.changed, [this] { strTYPEDTEXT = trimmed(txtfraBORDER.text()); });
+    on(txtfraBORDER.keyWentDown, [this](KeyEvent& event) { keyDown(event); });
+    on(txtfraBORDER.keyWentUp, [this](KeyEvent& event) { attempt([&] { KeyUp(event.code, event.shift); }); });
+    on(txtfraBORDER.mousePressed, [this](const MouseEvent& event) { press(txtfraBORDER, event); });
+    on(txtfraBORDER.mouseMoved, [this](const MouseEvent& event) { moveMouse(txtfraBORDER, event); });
+    on(txtfraBORDER.mouseReleased, [this](const MouseEvent& event) { release(txtfraBORDER, event); });
+    on(txtfraBORDER.mouseLeft, [this] { leaveMouse(); });
+    on(txtfraBORDER.clicked, [this] {
+        // The text is for typing: a click there tells the host and opens nothing.
+        attempt([&] { PopUp(); });
+        attempt([&] { Click(); });
+    });
+    on(txtfraBORDER.doubleClicked, [this] { attempt([&] { DblClick(); }); });
+    on(txtfraBORDER.wheelTurned, [this](const WheelEvent& event, bool& used) {
+        used = panel_.visible() && picDROPDOWNPANEL.wheel(event);
+    });
+    on(txtfraBORDER.fontChanged, [this] {
+        // A host that changes the container's font in place has a font of its own from then on.
+        if (txtfraBORDER.font() == fontFromAmbient_) fontFromAmbient_.reset();
+        PropertyChanged<&DateCalendar::Font>();
+    });
+    const auto menuAsked = [this](const Widget& asked) {
+        return [this, &asked](std::optional<PixelPoint> at, bool& shown) {
+            shown = true;
+            PixelRect beside = asked.pixelBounds();
+            if (at)
+                beside = {beside.left + at->x, beside.top + at->y, beside.left + at->x, beside.top + at->y};
+            openQuickMenu(beside);
+        };
+    };
+    on(txtfraBORDER.menuAsked, menuAsked(txtfraBORDER));
+    on(picfraICON.menuAsked, menuAsked(picfraICON));
+    on(picfraICON.mouseReported, [this](const MouseEvent& event) { iconMouse(event); });
+    on(picfraICON.captureTaken, [this] {
+        pressed_ = false;
+        mouseHeld_ = false;
+        showIcon();
+    });
+}
+
+void DateCalendar::connectPanel() {
+    const auto on = [this](auto& event, auto handler) {
+        connections_.push_back(event.connect(std::move(handler)));
+    };
+    on(panel_.dismissed, [this] { HidePopUp(); });
+    on(panel_.appearanceChanged, [this] {
+        if (panel_.visible()) HidePopUp();
+    });
+    on(panel_.mouseElsewhere, [this](const MouseEvent& event) {
+        const bool presses =
+            event.kind == MouseEvent::Kind::down || event.kind == MouseEvent::Kind::doubleClick;
+        if (presses && panel_.visible()) HidePopUp();
+    });
+    on(picDROPDOWNPANEL.dayChosen, [this] { pickDay(); });
+    on(picDROPDOWNPANEL.todayChosen, [this] {
+        if (const auto text = picDROPDOWNPANEL.chosenText()) commit(shownAs(*text));
+    });
+    on(picDROPDOWNPANEL.clearPressed, [this] {
+        // Unlike the menu's command it leaves the text that is shown.
+        strDATETEXT.clear();
+        attempt([&] { DateUpdated(); });
+        HidePopUp();
+    });
+    on(picDROPDOWNPANEL.closePressed, [this] { HidePopUp(); });
+}
+
+void DateCalendar::SetBackColor(OleColour BackColor) {
+    txtfraBORDER.setBackColour(BackColor);
+    picfraBOX.SetBackColor(BackColor);
+    fraBORDER.setBackColour(BackColor);
+    PropertyChanged<&DateCalendar::BackColor>();
+}
+
+void DateCalendar::SetBorderStyle(int32_t BorderStyle) {
+    fraBORDER.setBorderStyle(BorderStyle);
+    PropertyChanged<&DateCalendar::BorderStyle>();
+}
+
+void DateCalendar::SetEnabled(bool Enabled) {
+    // A field that the user cannot reach any more drops nothing down either.
+    if (!Enabled && panel_.visible()) HidePopUp();
+    fraBORDER.setEnabled(Enabled);
+    picfraICON.setEnabled(Enabled);
+    txtfraBORDER.setEnabled(Enabled);
+    PropertyChanged<&DateCalendar::Enabled>();
+}
+
+void DateCalendar::SetFont(const FontRef& Font) {
+    const bool another = Font && Font != txtfraBORDER.font();
+    txtfraBORDER.setFont(Font);  // another font notifies by its change
+    if (!another) PropertyChanged<&DateCalendar::Font>();
+}
+
+void DateCalendar::SetPopupEnabled(bool PopupEnabled) {
+    popupEnabled_ = PopupEnabled;
+    PropertyChanged<&DateCalendar::PopupEnabled>();
+}
+
+obk::Text DateCalendar::Text() const {
+    return shownAs(trimmed(strDATETEXT));
+}
+
+void DateCalendar::SetText(const obk::Text& Text) {
+    attempt([&] { strDATETEXT = trimmed(Text); });
+    attempt([&] { txtfraBORDER.setText(shownAs(trimmed(Text))); });
+    PropertyChanged<&DateCalendar::Text>();
+}
+
+void DateCalendar::HidePopUp() {
+    if (panel_.visible()) {
+        panel_.hide();
+        picDROPDOWNPANEL.rest();
+        showIcon();
+    }
+    mouseHeld_ = false;
+    attempt([&] { FocusHidden(); });
+}
+
+void DateCalendar::ShowPopUp() {
+    if (panel_.visible()) return;
+    if (!popupEnabled_) {
+        attempt([&] { PopUp(); });
+        return;
+    }
+    attemptSequence([&] {
+        constexpr size_t weekdayAndBlank = 4;
+        if (trimmed(strDATETEXT).empty()) strDATETEXT = dateText(platform().clock().today()).value();
+        const auto date = dateFromText(TextView(strDATETEXT).substr(weekdayAndBlank));
+        picDROPDOWNPANEL.showDate(date.value());
+    });
+    panel_.show(picDROPDOWNPANEL.size(panel_.dpi()), positionDefault_ ? PopUpSide::below : PopUpSide::above);
+    showIcon();
+}
+
+void DateCalendar::UserControl_Click() {
+    if (!Enabled()) return;
+    if (panel_.visible())
+        HidePopUp();
+    else if (popupEnabled_)
+        ShowPopUp();
+    attempt([&] { PopUp(); });
+    attempt([&] { Click(); });
+    mouseOver_ = true;
+}
+
+void DateCalendar::UserControl_ExitFocus() {
+    mouseHeld_ = false;
+    attempt([&] { FocusLost(); });
+    int16_t mouseButton = button::left;
+    int16_t shiftState = 0;
+    float x = 0;
+    float y = 0;
+    attempt([&] { MouseUp(mouseButton, shiftState, x, y); });
+}
+
+void DateCalendar::UserControlMouseOut(int16_t& Button, int16_t& Shift, float& X, float& Y) {
+    // The capture of the mouse, by which such a control would see it leave, would keep the text box from its
+    // own mouse; the window system tells of the leaving instead.
+    mouseOver_ =
+        !(X < 0 || X > static_cast<float>(width().value) || Y < 0 || Y > static_cast<float>(height().value));
+    attempt([&] { MouseOut(Button, Shift, X, Y); });
+}
+
+void DateCalendar::resize() {
+    const Dpi dpi = root().dpi();
+    // The border's two lines, in whole pixels as it draws them.
+    const Twips edge = dpi.toTwips(2 * dpi.scaled(1));
+    const Twips inner = height() - 2 * edge;
+    fraBORDER.move({{0}, {0}, width(), height()});
+    picfraBOX.move({edge, edge, width() - 2 * edge, inner});
+    picfraICON.move({{0}, {0}, iconWidth, inner});
+    txtfraBORDER.move(
+        {iconWidth, 0.5 * (height() - lineHeight), picfraBOX.bounds().width - iconWidth, lineHeight});
+}
+
+void DateCalendar::enterFocus() {
+    fraBORDER.setFocused(focusRect_);
+}
+
+void DateCalendar::exitFocus() {
+    fraBORDER.setFocused(false);
+    // The end of editing: what was typed is the date, whatever it is.
+    HidePopUp();
+    attempt([&] { strDATETEXT = txtfraBORDER.text(); });
+    attempt([&] { DateUpdated(); });
+    UserControl_ExitFocus();
+}
+
+void DateCalendar::useAmbientFont(const FontRef& font) {
+    if (!fontFromAmbient_ || txtfraBORDER.font() != fontFromAmbient_) return;
+    const FontRef followed = std::exchange(fontFromAmbient_, nullptr);
+    followed->setDescription(font->description());
+    fontFromAmbient_ = followed;
+}
+
+void DateCalendar::loadFont(const FontRef& font) {
+    txtfraBORDER.setFont(font);
+    // A font that a bag holds differs from the container's, or it would not have been written.
+    if (font && font->description() == ambientFont()->description()) fontFromAmbient_ = font;
+}
+
+void DateCalendar::loadTypedText(const obk::Text& text) {
+    attempt([&] { txtfraBORDER.setText(text); });
+    strTYPEDTEXT = text;
+}
+
+KeyRoute DateCalendar::route(const KeyEvent& event) {
+    const bool wanted = panel_.visible() && (event.code == key::escape || event.code == key::enter);
+    return wanted && hasFocus() ? KeyRoute::child : Control::route(event);
+}
+
+AccessibleItem DateCalendar::describeSurface() const {
+    AccessibleItem item = Control::describeSurface();
+    item.value = trimmed(strDATETEXT);
+    item.enabled = Enabled();
+    return item;
+}
+
+void DateCalendar::commit(const obk::Text& shown) {
+    attemptSequence([&] {
+        txtfraBORDER.setText(shown);
+        strDATETEXT = txtfraBORDER.text();
+        DateUpdated();
+    });
+}
+
+void DateCalendar::pickDay() {
+    attemptSequence([&] {
+        txtfraBORDER.setText(shownAs(picDROPDOWNPANEL.chosenText().value()));
+        HidePopUp();
+        strDATETEXT = txtfraBORDER.text();
+        DateUpdated();
+    });
+}
+
+void DateCalendar::openQuickMenu(const PixelRect& beside) {
+    Surface* shownOn = root().surface();
+    if (!shownOn || !Enabled()) return;
+    if (panel_.visible()) HidePopUp();
+    const auto chosen = shownOn->chooseFromMenu(quickMenu(), beside);
+    const auto text = chosen ? quickMenuText(*chosen, platform().clock().today()) : std::nullopt;
+    if (text) commit(text->empty() ? *text : shownAs(*text));
+}
+
+void DateCalendar::keyDown(KeyEvent& event) {
+    const bool used = actOn(event);
+    attempt([&] { KeyDown(event.code, event.shift); });
+    // The key has done its work; the text window would type it or move its caret by it.
+    if (used) event.code = 0;
+}
+
+bool DateCalendar::actOn(const KeyEvent& event) {
+    const bool drops = (event.code == key::f4 && event.shift == 0) ||
+                       (event.code == key::down && event.shift == shift::alt) ||
+                       (event.code == key::up && event.shift == shift::alt && panel_.visible());
+    if (drops) {
+        // A key that is held must not open and close the panel again and again.
+        if (event.repeated) return true;
+        if (panel_.visible())
+            HidePopUp();
+        else
+            ShowPopUp();
+        return true;
+    }
+    if (!panel_.visible()) return false;
+    if (event.shift == 0 && event.code == key::escape) {
+        HidePopUp();
+        return true;
+    }
+    if (event.shift == 0 && (event.code == key::enter || event.code == key::space)) {
+        if (!event.repeated) pickDay();
+        return true;
+    }
+    return picDROPDOWNPANEL.walk(event);
+}
+
+void DateCalendar::iconMouse(const MouseEvent& event) {
+    if (!Enabled()) return;
+    Surface* shownOn = root().surface();
+    switch (event.kind) {
+        case MouseEvent::Kind::down:
+        case MouseEvent::Kind::doubleClick:
+            if (event.button == button::left) {
+                pressed_ = true;
+                if (shownOn) shownOn->capture(picfraICON);
+                txtfraBORDER.takeFocus();
+                showIcon();
+            }
+            press(picfraICON, event);
+            if (event.kind == MouseEvent::Kind::doubleClick) attempt([&] { DblClick(); });
+            break;
+        case MouseEvent::Kind::up: {
+            const PixelRect own = picfraICON.pixelBounds();
+            const bool click = pressed_ && event.button == button::left &&
+                               PixelRect{0, 0, own.width(), own.height()}.contains(event.at);
+            if (event.button == button::left) pressed_ = false;
+            if (shownOn) shownOn->releaseCapture(picfraICON);
+            showIcon();
+            release(picfraICON, event);
+            if (click) UserControl_Click();
+            break;
+        }
+        case MouseEvent::Kind::move:
+            if (shownOn && shownOn->peer())
+                shownOn->peer()->setToolTip(picfraICON.pixelBounds(),
+                                            toolTip_.empty() ? usualToolTip : TextView(toolTip_));
+            moveMouse(picfraICON, event);
+            break;
+        case MouseEvent::Kind::leave:
+            leaveMouse();
+            break;
+    }
+}
+
+void DateCalendar::press(const Widget& on, const MouseEvent& event) {
+    mouseHeld_ = event.button != button::right;
+    raiseMouse(MouseDown, on, event);
+}
+
+void DateCalendar::release(const Widget& on, const MouseEvent& event) {
+    mouseHeld_ = false;
+    raiseMouse(MouseUp, on, event);
+}
+
+void DateCalendar::moveMouse(const Widget& on, const MouseEvent& event) {
+    if (!mouseHeld_) {
+        const PixelRect at = on.pixelBounds();
+        const PixelRect own = root().pixelBounds();
+        const Dpi dpi = root().dpi();
+        int16_t mouseButton = event.button;
+        int16_t shiftState = event.shift;
+        auto x = static_cast<float>(dpi.toTwips(event.at.x + at.left - own.left).value);
+        auto y = static_cast<float>(dpi.toTwips(event.at.y + at.top - own.top).value);
+        UserControlMouseOut(mouseButton, shiftState, x, y);
+    }
+    raiseMouse(MouseMove, on, event);
+}
+
+void DateCalendar::leaveMouse() {
+    if (!mouseOver_ || mouseHeld_) return;
+    int16_t mouseButton = 0;
+    int16_t shiftState = 0;
+    float x = -1;
+    float y = -1;
+    UserControlMouseOut(mouseButton, shiftState, x, y);
+}
+
+void DateCalendar::raiseMouse(const MouseRaised& event, const Widget& on, const MouseEvent& mouse) {
+    const PixelRect at = on.pixelBounds();
+    const PixelRect own = root().pixelBounds();
+    const Dpi dpi = root().dpi();
+    int16_t mouseButton = mouse.button;
+    int16_t shiftState = mouse.shift;
+    auto x = static_cast<float>(dpi.toTwips(mouse.at.x + at.left - own.left).value);
+    auto y = static_cast<float>(dpi.toTwips(mouse.at.y + at.top - own.top).value);
+    attempt([&] { event(mouseButton, shiftState, x, y); });
+}
+
+void DateCalendar::showIcon() {
+    picfraICON.setPressed(pressed_ || panel_.visible());
+}
+
+}  // namespace obk

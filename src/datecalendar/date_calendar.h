@@ -1,0 +1,122 @@
+// A date field: its text is the date, typed, taken from a menu of quick dates or picked from a calendar that
+// drops down.
+#pragma once
+
+#include "datecalendar/calendar_icon.h"
+#include "datecalendar/calendar_panel.h"
+#include "framework/control.h"
+#include "framework/pop_up_panel.h"
+#include "widgets/decoration.h"
+#include "widgets/text_box.h"
+
+namespace obk {
+
+class DateCalendar final : public Control {
+public:
+    explicit DateCalendar(Platform& platform);
+
+    static const ControlTable& memberTable();
+    const ControlTable& table() const override { return memberTable(); }
+
+    // Properties; what they mean stands in the table.
+    OleColour BackColor() const { return txtfraBORDER.backColour(); }
+    void SetBackColor(OleColour BackColor);
+    bool bMOUSEPOSLOC() const { return mouseOver_; }
+    void SetbMOUSEPOSLOC(bool bMOUSEPOSLOC) { mouseOver_ = bMOUSEPOSLOC; }
+    int32_t BorderStyle() const { return fraBORDER.borderStyle(); }
+    void SetBorderStyle(int32_t BorderStyle);
+    bool bPOSITIONDEFAULT() const { return positionDefault_; }
+    void SetbPOSITIONDEFAULT(bool bPOSITIONDEFAULT) { positionDefault_ = bPOSITIONDEFAULT; }
+    bool Enabled() const { return txtfraBORDER.enabled(); }
+    void SetEnabled(bool Enabled);
+    FontRef Font() const { return txtfraBORDER.font(); }
+    void SetFont(const FontRef& Font);
+    int32_t hWnd() { return static_cast<int32_t>(window()); }
+    bool MousePosn() const { return mouseOver_; }
+    void SetMousePosn(bool MousePosn) { mouseOver_ = MousePosn; }
+    bool PopupEnabled() const { return popupEnabled_; }
+    void SetPopupEnabled(bool PopupEnabled);
+    obk::Text Text() const;
+    void SetText(const obk::Text& Text);
+
+    // Methods.
+    void CalendarUpdate() { picDROPDOWNPANEL.CalendarUpdate(); }
+    void HidePopUp();
+    void ShowPopUp();
+    void subNEWDATE() { picDROPDOWNPANEL.readMonthAndYear(strDATETEXT); }
+    void UserControl_Click();
+    void UserControl_ExitFocus();
+    void UserControlMouseOut(int16_t& Button, int16_t& Shift, float& X, float& Y);
+
+    // Events. X and Y are twips of the control.
+    Event<> Change;  // never raised
+    Event<> Click, DateUpdated, DblClick, FocusHidden, FocusLost;
+    Event<int16_t&, int16_t&> KeyDown, KeyUp;
+    Event<int16_t&> KeyPress;  // never raised
+    Event<int16_t&, int16_t&, float&, float&> MouseDown, MouseMove, MouseOut, MouseUp;
+    Event<> PopUp;
+
+private:
+    using MouseRaised = Event<int16_t&, int16_t&, float&, float&>;
+
+    void initialize() override;
+    void initProperties() override;
+    void loaded() override;
+    void resize() override;
+    void enterFocus() override;
+    void exitFocus() override;
+    void useAmbientFont(const FontRef& font) override;
+    KeyRoute route(const KeyEvent& event) override;
+    AccessibleItem describeSurface() const override;
+
+    // Persisted without a property.
+    const obk::Text& typedText() const { return strTYPEDTEXT; }
+    void loadTypedText(const obk::Text& text);
+    obk::Text toolTip() const { return toolTip_; }
+    void loadToolTip(const obk::Text& text) { toolTip_ = text; }
+    bool focusRect() const { return focusRect_; }
+    void loadFocusRect(bool focusRect) { focusRect_ = focusRect; }
+    OleColour foreColor() const { return txtfraBORDER.foreColour(); }
+    void loadForeColor(OleColour colour) { txtfraBORDER.setForeColour(colour); }
+    OleColour fillColor() const { return picfraICON.backColour(); }
+    void loadFillColor(OleColour colour) { picfraICON.setBackColour(colour); }
+    OleColour selectedColor() const { return SystemColour::highlight; }
+    void loadFont(const FontRef& font);
+
+    void connectChildren();
+    void connectPanel();
+    void commit(const obk::Text& shown);
+    void pickDay();
+    void openQuickMenu(const PixelRect& beside);
+    void keyDown(KeyEvent& event);
+    bool actOn(const KeyEvent& event);
+    void iconMouse(const MouseEvent& event);
+    void press(const Widget& on, const MouseEvent& event);
+    void release(const Widget& on, const MouseEvent& event);
+    void moveMouse(const Widget& on, const MouseEvent& event);
+    void leaveMouse();
+    void raiseMouse(const MouseRaised& event, const Widget& on, const MouseEvent& mouse);
+    void showIcon();
+
+    obk::Text
+        strDATETEXT;  // the committed date, with the blanks that are shown after it where it was read back
+    obk::Text strTYPEDTEXT;  // what the text box was last changed to, or loaded with
+    Frame fraBORDER;
+    Container picfraBOX;
+    CalendarIcon picfraICON;
+    TextBox txtfraBORDER;
+    PopUpPanel panel_;
+    CalendarPanel picDROPDOWNPANEL;
+
+    bool popupEnabled_ = true;
+    bool positionDefault_ = true;
+    bool focusRect_ = true;
+    obk::Text toolTip_;
+    FontRef fontFromAmbient_;  // while it is the one shown, the container's changes are followed
+    bool mouseHeld_ = false;   // a mouse button is down on the field: no hover tracking
+    bool mouseOver_ = false;
+    bool pressed_ = false;  // since a press on the icon, until its release
+    std::vector<Connection> connections_;
+};
+
+}  // namespace obk

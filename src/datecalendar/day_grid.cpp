@@ -1,0 +1,127 @@
+#include "datecalendar/day_grid.h"
+
+#include "widgets/drawing.h"
+#include "widgets/surface.h"
+
+#include <utility>
+
+namespace obk {
+
+void DayGrid::show(const MonthLayout& layout, Text heading) {
+    layout_ = layout;
+    heading_ = std::move(heading);
+    pressedDay_ = 0;
+    hovered_ = 0;
+    invalidate();
+}
+
+void DayGrid::mark(int32_t chosen, int32_t today) {
+    chosen_ = chosen;
+    today_ = today;
+    invalidate();
+}
+
+int32_t DayGrid::dayAt(PixelPoint point) const {
+    const auto cell = cellAt(point, dpi());
+    return cell ? layout_.dayAt(*cell) : 0;
+}
+
+void DayGrid::paint(Canvas& canvas, const PixelRect& bounds) {
+    paintWeekdays(canvas, bounds);
+    for (int32_t cell = 0; cell < cellCount; ++cell) {
+        if (const int32_t day = layout_.dayAt(cell))
+            paintDay(canvas, canvas.dpi().toPixels(cellBounds(cell)).moved(bounds.left, bounds.top), day);
+    }
+}
+
+void DayGrid::paintWeekdays(Canvas& canvas, const PixelRect& bounds) const {
+    TextStyle style;
+    style.colour = systemRgb(platform(), SystemColour::greyText);
+    style.horizontal = HorizontalAlignment::centre;
+    std::chrono::weekday weekday = std::chrono::Monday;
+    for (int32_t cell = 0; cell < cellColumns; ++cell, ++weekday)
+        canvas.drawText(weekdayName(weekday).substr(0, 2),
+                        canvas.dpi().toPixels(cellBounds(cell)).moved(bounds.left, bounds.top), style);
+}
+
+void DayGrid::paintDay(Canvas& canvas, const PixelRect& cell, int32_t day) const {
+    const auto colour = [this](SystemColour index) { return systemRgb(platform(), index); };
+    const int32_t line = canvas.dpi().scaled(1);
+    const Rgb accent = colour(SystemColour::highlight);
+    const Rgb ground = colour(SystemColour::window);
+    const bool chosen = day == chosen_;
+    const bool highContrast = platform().appearance().highContrast();
+    Rgb fill = chosen ? accent : ground;
+    if (day == hovered_ && !chosen && !highContrast) fill = mixed(accent, ground, 50);
+    canvas.fillRect(cell, fill);
+    if (day == hovered_ && !chosen && highContrast) canvas.frameRect(cell, line, accent);
+    TextStyle style;
+    style.colour = colour(chosen ? SystemColour::highlightText : SystemColour::windowText);
+    style.horizontal = HorizontalAlignment::centre;
+    canvas.drawText(decimalText(day), cell, style);
+    if (day != today_) return;
+    const PixelRect bar{cell.left + 4 * line, cell.bottom - 3 * line, cell.right - 4 * line,
+                        cell.bottom - line};
+    canvas.fillRect(bar, chosen ? style.colour : accent);
+}
+
+void DayGrid::mouse(const MouseEvent& event) {
+    const int32_t day = dayAt(event.at);
+    switch (event.kind) {
+        case MouseEvent::Kind::down:
+        case MouseEvent::Kind::doubleClick:
+            if (event.button != button::left || day == 0) break;
+            pressedDay_ = day;
+            if (Surface* shownOn = surface()) shownOn->capture(*this);
+            break;
+        case MouseEvent::Kind::move:
+            hover(day);
+            break;
+        case MouseEvent::Kind::up: {
+            if (event.button != button::left || pressedDay_ == 0) break;
+            const bool same = std::exchange(pressedDay_, 0) == day;
+            if (Surface* shownOn = surface()) shownOn->releaseCapture(*this);
+            if (same) clicked(layout_.firstCell + day - 1);
+            break;
+        }
+        case MouseEvent::Kind::leave:
+            hover(0);
+            break;
+    }
+}
+
+void DayGrid::hover(int32_t day) {
+    if (day == hovered_) return;
+    hovered_ = day;
+    invalidate();
+}
+
+void DayGrid::detach() {
+    pressedDay_ = 0;
+    hovered_ = 0;
+}
+
+void DayGrid::describe(std::vector<AccessibleItem>& items) const {
+    const PixelRect own = pixelBounds();
+    for (int32_t day = 1; day <= layout_.days; ++day) {
+        const PixelRect place = dpi().toPixels(cellBounds(layout_.firstCell + day - 1));
+        items.push_back({AccessibleItem::Role::listItem, decimalText(day) + u" " + heading_,
+                         day == today_ ? Text(u"today") : Text(), place.moved(own.left, own.top), true,
+                         day == chosen_});
+    }
+}
+
+void DayFrame::moveOnto(int32_t cell) {
+    const TwipsRect place = cellBounds(cell);
+    const Twips outside{1};
+    move({place.left - outside, place.top - outside, place.width + 2 * outside, place.height + 2 * outside});
+}
+
+void DayFrame::paint(Canvas& canvas, const PixelRect& bounds) {
+    const int32_t line = canvas.dpi().scaled(1);
+    // Dark outside and light inside: seen on the chosen day's fill as well.
+    canvas.frameRect(bounds, line, systemRgb(platform(), SystemColour::windowText));
+    canvas.frameRect(bounds.inset(line), line, systemRgb(platform(), SystemColour::window));
+}
+
+}  // namespace obk

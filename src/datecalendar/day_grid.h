@@ -1,0 +1,56 @@
+// The days of one month as cells to choose from, beneath the letters of the weekdays.
+#pragma once
+
+#include "base/event.h"
+#include "datecalendar/month_layout.h"
+#include "widgets/widget.h"
+
+#include <optional>
+
+namespace obk {
+
+// Covers the whole panel, so that the cells stand where `cellBounds` has them.
+class DayGrid final : public Widget {
+public:
+    explicit DayGrid(Container& parent) : Widget(parent) {}
+
+    // Only cells with a day can be chosen. `heading` names the month for screen readers.
+    void show(const MonthLayout& layout, Text heading);
+    // Days of the month shown; 0 for none.
+    void mark(int32_t chosen, int32_t today);
+
+    void paint(Canvas& canvas, const PixelRect& bounds) override;
+    void mouse(const MouseEvent& event) override;
+    void captureLost() override { pressedDay_ = 0; }
+    void detach() override;
+    void describe(std::vector<AccessibleItem>& items) const override;
+
+    Event<int32_t> clicked;  // the cell
+
+private:
+    int32_t dayAt(PixelPoint point) const;  // 0 for none
+    void paintWeekdays(Canvas& canvas, const PixelRect& bounds) const;
+    void paintDay(Canvas& canvas, const PixelRect& cell, int32_t day) const;
+    void hover(int32_t day);
+
+    MonthLayout layout_;
+    Text heading_;
+    int32_t chosen_ = 0;
+    int32_t today_ = 0;
+    int32_t hovered_ = 0;
+    int32_t pressedDay_ = 0;
+};
+
+// The frame around the committed date's cell; lets the mouse through.
+class DayFrame final : public Widget {
+public:
+    explicit DayFrame(Container& parent) : Widget(parent) { setVisible(false); }
+
+    // Its left and top edges are a twip outside those of the cell.
+    void moveOnto(int32_t cell);
+
+    void paint(Canvas& canvas, const PixelRect& bounds) override;
+    Widget* hitTest(PixelPoint) override { return nullptr; }
+};
+
+}  // namespace obk

@@ -1,0 +1,315 @@
+#include "flexgrid/flex_grid.h"
+
+#include "base/attempt.h"
+#include "flexgrid/cell_texts.h"
+#include "widgets/drawing.h"
+#include "widgets/surface.h"
+
+#include <cmath>
+
+namespace obk {
+
+namespace {
+
+constexpr int32_t rowPaddingAt96 = 4;  // above and below the text together
+
+}  // namespace
+
+FlexGrid::FlexGrid(Container& parent)
+    : Container(parent),
+      CurrentCellGrid(startRows, startCols, parent.dpi()),
+      font_([this] { useFont(); }),
+      verticalBar_(*this, ScrollBar::Direction::vertical),
+      horizontalBar_(*this, ScrollBar::Direction::horizontal),
+      dragTimer_(*this) {
+    SetBackColor(SystemColour::window);
+    for (ScrollBar* bar : {&verticalBar_, &horizontalBar_}) bar->setVisible(false);
+    connections_.push_back(
+        verticalBar_.stepped.connect([this](ScrollBar::Step by) { step(by, verticalBar_); }));
+    connections_.push_back(
+        horizontalBar_.stepped.connect([this](ScrollBar::Step by) { step(by, horizontalBar_); }));
+    connections_.push_back(
+        verticalBar_.dragged.connect([this](int64_t to) { scrollTo(view().nearRowAt(to)); }));
+    connections_.push_back(horizontalBar_.dragged.connect([this](int64_t to) { scrollTo({to, offset_.y}); }));
+    connections_.push_back(dragTimer_.ticked.connect([this] { scrollAtEdge(); }));
+    useFont();
+}
+
+void FlexGrid::setColours(const Colours& colours) {
+    colours_ = colours;
+    invalidate();
+}
+
+void FlexGrid::setLook(Look look) {
+    verticalBar_.setLook(look);
+    horizontalBar_.setLook(look);
+}
+
+bool FlexGrid::SetHighLight(int32_t setting) {
+    if (setting < 0 || setting > 2) return false;
+    highLight_ = static_cast<uint8_t>(setting);
+    invalidate();
+    return true;
+}
+
+void FlexGrid::SetRedraw(bool redraw) {
+    if (redraw == redraw_) return;
+    redraw_ = redraw;
+    if (!redraw) return;
+    layOut();
+    invalidate();
+}
+
+GridView FlexGrid::view() const {
+    const PixelRect own = pixelBounds();
+    return GridView(model(), {own.width(), own.height()}, ScrollBar::thickness(dpi()), offset_);
+}
+
+bool FlexGrid::SetTopRow(int32_t row) {
+    if (row < 0 || row >= Rows()) return false;
+    scrollTo(view().atRow(row));
+    return true;
+}
+
+bool FlexGrid::SetLeftCol(int32_t col) {
+    if (col < 0 || col >= Cols()) return false;
+    scrollTo(view().atCol(col));
+    return true;
+}
+
+void FlexGrid::scrollTo(ScrollOffset offset) {
+    const ScrollOffset before = view().offset();
+    offset_ = offset;
+    const GridView after = view();
+    offset_ = after.offset();
+    if (offset_ == before) return;
+    if (drawing()) {
+        verticalBar_.setRange(after.verticalRange());
+        horizontalBar_.setRange(after.horizontalRange());
+        const PixelRect cells{0, 0, after.size().width, after.size().height};
+        const int64_t x = before.x - offset_.x, y = before.y - offset_.y;
+        if (std::abs(x) < cells.width() && std::abs(y) < cells.height()) {
+            const PixelRect own = pixelBounds();
+            surface()->scroll(cells.moved(own.left, own.top).intersected(pixelClip()),
+                              static_cast<int32_t>(x), static_cast<int32_t>(y));
+        } else {
+            invalidateArea(cells);
+        }
+    }
+    scrolled();
+}
+
+TwipsRect FlexGrid::cellPlace() const {
+    if (!model().contains(current())) return {};
+    const PixelRect rect = view().rect(current());
+    const Dpi scale = dpi();
+    return {scale.toTwips(rect.left), scale.toTwips(rect.top), scale.toTwips(rect.width()),
+            scale.toTwips(rect.height())};
+}
+
+void FlexGrid::fitColumn(int32_t col) {
+    if (col < 0 || col >= Cols()) return;
+    int32_t width = 0;
+    const Dpi scale = dpi();
+    view().eachVisibleRow([&](int32_t row, int32_t, int32_t) {
+        const StyleRef style = model().style({row, col});
+        const FontDescription font = cellFont(font_.description(), *style);
+        const int32_t picture = style->picture ? scale.scaled(style->picture->size().width) : 0;
+        const PixelSize text = platform().appearance().measure(model().text({row, col}), font, scale);
+        width = std::max(width, text.width + picture);
+    });
+    if (width == 0) return;
+    const int32_t pixels = width + 2 * cellMargin(scale) + scale.scaled(1);
+    const double twips = std::ceil(scale.toTwips(pixels).value);
+    SetColWidth(col, static_cast<int32_t>(std::min<double>(twips, GridModel::greatestLength)));
+}
+
+void FlexGrid::copySelection() const {
+    if (Rows() == 0) return;
+    const Surface* shownOn = surface();
+    const NativeWindow owner = shownOn && shownOn->peer() ? shownOn->peer()->window() : 0;
+    // What does not fit into memory is not copied.
+    attempt([&] { platform().putOnClipboard(owner, tabSeparated(model(), selection())); });
+}
+
+bool FlexGrid::hasFocus() const {
+    const Surface* shownOn = surface();
+    return shownOn && shownOn->focusedOn(*this);
+}
+
+bool FlexGrid::takeFocus() {
+    Surface* shownOn = surface();
+    return shownOn && enabled() && !pixelClip().empty() && shownOn->focus(*this);
+}
+
+void FlexGrid::cellsChanged(const CellRange& cells) {
+    if (drawing()) invalidateCells(cells);
+}
+
+void FlexGrid::selectionChanged(const CellRange& before, CellAddress) {
+    if (!drawing()) return;
+    invalidateCells(before);
+    invalidateCells(selection());
+}
+
+void FlexGrid::placesChanged(int32_t fromRow, int32_t fromCol) {
+    if (!drawing()) return;
+    const GridView wanted = view();
+    const bool same = offset_ == wanted.offset() && verticalBar_.visible() == wanted.verticalBar() &&
+                      horizontalBar_.visible() == wanted.horizontalBar();
+    layOut();
+    const PixelRect cells{0, 0, wanted.size().width, wanted.size().height};
+    if (!same) return invalidate();
+    const PixelPoint start = wanted.leftTop({fromRow, fromCol});
+    invalidateArea(PixelRect{start.x, start.y, cells.right, cells.bottom}.intersected(cells));
+}
+
+void FlexGrid::invalidateCells(const CellRange& cells) {
+    const GridView shown = view();
+    const CellRange visible = cells.intersected(shown.visible());
+    if (!visible.empty())
+        invalidateArea(shown.rect(visible).intersected({0, 0, shown.size().width, shown.size().height}));
+}
+
+void FlexGrid::invalidateArea(const PixelRect& onWidget) {
+    const PixelRect own = pixelBounds();
+    if (Surface* shownOn = surface(); shownOn && !onWidget.empty())
+        shownOn->invalidate(onWidget.moved(own.left, own.top).intersected(pixelClip()));
+}
+
+// Brings the offset into range and the scroll bars to where they are needed.
+void FlexGrid::layOut() {
+    const Dpi scale = dpi();
+    if (model().rowList().dpi() != scale) {
+        ownModel().setDpi(scale);
+        useFont();
+        return;
+    }
+    const GridView shown = view();
+    offset_ = shown.offset();
+    const auto place = [&](ScrollBar& bar, bool needed, const PixelRect& at, const ScrollRange& range) {
+        bar.setEnabled(enabled());
+        bar.setVisible(needed);
+        bar.move({scale.toTwips(at.left), scale.toTwips(at.top), scale.toTwips(at.width()),
+                  scale.toTwips(at.height())});
+        bar.setRange(range);
+    };
+    const PixelSize cells = shown.size();
+    const int32_t thickness = ScrollBar::thickness(scale);
+    place(verticalBar_, shown.verticalBar(), {cells.width, 0, cells.width + thickness, cells.height},
+          shown.verticalRange());
+    place(horizontalBar_, shown.horizontalBar(), {0, cells.height, cells.width, cells.height + thickness},
+          shown.horizontalRange());
+}
+
+void FlexGrid::useFont() {
+    const Dpi scale = dpi();
+    const FontMetrics metrics = platform().appearance().metrics(font_.description(), scale);
+    const double twips = scale.toTwips(metrics.height() + scale.scaled(rowPaddingAt96)).value;
+    ownModel().setDefaultRowHeight(static_cast<int32_t>(std::lround(twips)));
+    layOut();
+    invalidate();
+}
+
+GridLook FlexGrid::look() const {
+    GridLook look;
+    look.font = font_.description();
+    look.rgb = [this](OleColour colour) { return rgb(colour); };
+    look.window = systemRgb(platform(), SystemColour::window);
+    look.focus = systemRgb(platform(), SystemColour::highlight);
+    if (platform().appearance().highContrast()) {
+        look.ownColours = false;
+        look.back = look.ground = look.window;
+        look.fore = systemRgb(platform(), SystemColour::windowText);
+        look.lines = systemRgb(platform(), SystemColour::greyText);
+        look.selectionBack = look.focus;
+        look.selectionFore = systemRgb(platform(), SystemColour::highlightText);
+    } else {
+        look.back = rgb(BackColor());
+        look.fore = rgb(colours_.fore);
+        look.ground = rgb(colours_.beyond);
+        look.lines = rgb(colours_.lines);
+        look.selectionBack = rgb(colours_.selectionBack);
+        look.selectionFore = rgb(colours_.selectionFore);
+    }
+    if (!enabled()) look.fore = systemRgb(platform(), SystemColour::greyText);
+    return look;
+}
+
+GridMarks FlexGrid::marks() const {
+    GridMarks marks;
+    marks.current = current();
+    marks.focused = hasFocus();
+    if (highLight_ == 1 || (highLight_ == 2 && marks.focused)) marks.selection = selection();
+    return marks;
+}
+
+void FlexGrid::paint(Canvas& canvas, const PixelRect& bounds) {
+    // Also for a picture without a window, at the scale of the canvas's widget.
+    const GridView shown = view();
+    const GridLook drawn = look();
+    const GridMarks marked = marks();
+    GridPainter(canvas, {bounds.left, bounds.top}, shown, drawn, marked).paint();
+    if (shown.verticalBar() && shown.horizontalBar())
+        canvas.fillRect(
+            {bounds.left + shown.size().width, bounds.top + shown.size().height, bounds.right, bounds.bottom},
+            systemRgb(platform(), SystemColour::buttonFace));
+    paintChildren(canvas, bounds);
+}
+
+void FlexGrid::attach(SurfacePeer& peer) {
+    attached_ = true;
+    Container::attach(peer);
+    layOut();
+}
+
+void FlexGrid::detach() {
+    endDrag();
+    attached_ = false;
+    Container::detach();
+}
+
+void FlexGrid::placed() {
+    layOut();
+    Container::placed();
+}
+
+void FlexGrid::appearanceChanged() {
+    useFont();
+    Container::appearanceChanged();
+}
+
+void FlexGrid::focusCameBelow() {
+    showFocus();
+    focusCame();
+}
+
+void FlexGrid::focusWentBelow() {
+    endDrag();
+    showFocus();
+    focusWent();
+}
+
+void FlexGrid::showFocus() {
+    invalidateCells(highLight_ == 2 ? selection() : CellRange::between(current(), current()));
+}
+
+void FlexGrid::describe(std::vector<AccessibleItem>& items) const {
+    const PixelRect own = pixelBounds();
+    const GridView shown = view();
+    const PixelRect cells{0, 0, shown.size().width, shown.size().height};
+    shown.eachVisibleRow([&](int32_t row, int32_t top, int32_t bottom) {
+        shown.eachVisibleCol([&](int32_t col, int32_t left, int32_t right) {
+            const PixelRect rect = PixelRect{left, top, right, bottom}.intersected(cells);
+            items.push_back({AccessibleItem::Role::listItem,
+                             obk::Text(model().text({row, col})),
+                             {},
+                             rect.moved(own.left, own.top),
+                             enabled(),
+                             selection().contains({row, col})});
+        });
+    });
+    Container::describe(items);
+}
+
+}  // namespace obk

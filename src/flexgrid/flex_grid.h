@@ -1,0 +1,135 @@
+// The flexible grid: cells that a person scrolls through, selects and copies, drawn without windows of their
+// own.
+#pragma once
+
+#include "flexgrid/current_cell_grid.h"
+#include "flexgrid/grid_painter.h"
+#include "widgets/font_holder.h"
+#include "widgets/scroll_bar.h"
+#include "widgets/timer.h"
+
+namespace obk {
+
+// Works without a window. Events tell of what a person does; what the host sets raises only `scrolled`.
+class FlexGrid final : public Container, public CurrentCellGrid {
+public:
+    static constexpr int32_t startRows = 2, startCols = 2;
+
+    explicit FlexGrid(Container& parent);
+
+    // BackColor, of the widget below, is the ground of cells that have none of their own.
+    struct Colours {
+        OleColour fore{SystemColour::windowText};
+        OleColour beyond{SystemColour::window};  // right of the last column, below the last row
+        OleColour lines{Rgb::of(208, 208, 208)};
+        OleColour selectionBack{SystemColour::highlight}, selectionFore{SystemColour::highlightText};
+    };
+    const Colours& colours() const { return colours_; }
+    void setColours(const Colours& colours);
+    const FontRef& Font() const { return font_.font(); }
+    // The rows that have no height of their own become as high as the font needs.
+    void SetFont(FontRef font) { font_.set(std::move(font)); }
+    void setLook(Look look);
+    // When the selection is shown. False, and nothing changed, for other numbers.
+    int32_t HighLight() const { return highLight_; }
+    bool SetHighLight(int32_t setting);  // 0 never, 1 always, 2 while the grid has the focus
+    bool AllowUserResizing() const { return allowUserResizing_; }
+    void SetAllowUserResizing(bool allow) { allowUserResizing_ = allow; }
+
+    // False suspends drawing; all is drawn anew when it is True again.
+    bool Redraw() const { return redraw_; }
+    void SetRedraw(bool redraw);
+
+    // The first row and column that show, in part at least. The end of the grid stops the scrolling.
+    int32_t TopRow() const { return view().topRow(); }
+    bool SetTopRow(int32_t row);
+    int32_t LeftCol() const { return view().leftCol(); }
+    bool SetLeftCol(int32_t col);
+    void scrollTo(ScrollOffset offset);
+    void show(CellAddress cell) { scrollTo(view().showing(cell)); }
+    GridView view() const;
+
+    // What is below the mouse, wherever it was heard of last; -1 for none.
+    int32_t MouseRow() const { return view().rowAt(mouse_.y); }
+    int32_t MouseCol() const { return view().colAt(mouse_.x); }
+    // Where the current cell stands, in twips from the grid's left top corner.
+    TwipsRect cellPlace() const;
+    // Makes a column as wide as its texts that show need.
+    void fitColumn(int32_t col);
+    void copySelection() const;
+
+    bool hasFocus() const;
+    bool takeFocus() override;
+    Widget* focused() override { return hasFocus() ? this : nullptr; }
+
+    void paint(Canvas& canvas, const PixelRect& bounds) override;
+    void mouse(const MouseEvent& event) override;
+    bool wheel(const WheelEvent& event) override;
+    void captureLost() override { endDrag(); }
+    void keyDown(KeyEvent& event) override;
+    void keyUp(KeyEvent& event) override { keyWentUp(event); }
+    int16_t keyPress(int16_t character) override;
+    void attach(SurfacePeer& peer) override;
+    void detach() override;
+    void placed() override;
+    void appearanceChanged() override;
+    void focusCameBelow() override;
+    void focusWentBelow() override;
+    void describe(std::vector<AccessibleItem>& items) const override;
+
+    // Listeners may set `code` or the character to 0: the grid then does nothing with it.
+    Event<KeyEvent&> keyWentDown, keyWentUp;
+    Event<int16_t&> characterTyped;
+    Event<const MouseEvent&> mousePressed, mouseMoved, mouseReleased;  // before the grid acts
+    Event<> clicked, doubleClicked;
+    Event<> leavingCell, cellEntered;  // the current cell is about to be another one; is another one
+    Event<> selectionMoved;
+    Event<> scrolled;
+    Event<int32_t> columnResized;
+    Event<> focusCame, focusWent;
+
+private:
+    enum class Drag : uint8_t { none, selection, column };
+
+    void cellsChanged(const CellRange& cells) override;
+    void selectionChanged(const CellRange& before, CellAddress currentBefore) override;
+    void placesChanged(int32_t fromRow, int32_t fromCol) override;
+
+    bool drawing() const { return redraw_ && attached_; }
+    void invalidateCells(const CellRange& cells);
+    void invalidateArea(const PixelRect& onWidget);
+    void layOut();
+    void useFont();
+    void showFocus();
+    GridLook look() const;
+    GridMarks marks() const;
+
+    void press(const MouseEvent& event);
+    void dragColumn(int32_t x);
+    void dragSelection();
+    void beginDrag(Drag drag);
+    void endDrag();
+    void scrollAtEdge();
+    void showCursor(PixelPoint at);
+    int32_t borderAt(PixelPoint at) const;
+    void select(CellAddress cell, bool extend);
+    void step(ScrollBar::Step by, const ScrollBar& bar);
+
+    Colours colours_;
+    FontHolder font_;
+    ScrollOffset offset_;
+    bool attached_ = false;  // there is a window to draw in
+    bool redraw_ = true;
+    bool allowUserResizing_ = true;
+    uint8_t highLight_ = 1;
+    Drag drag_ = Drag::none;
+    int32_t draggedCol_ = 0;
+    int32_t dragRest_ = 0;  // from the mouse to the column's border
+    PixelPoint mouse_{-1, -1};
+    double wheelRest_ = 0;  // of fine-grained wheels, until it makes a pixel
+    ScrollBar verticalBar_, horizontalBar_;
+    Timer dragTimer_;
+    std::vector<Connection> connections_;
+};
+
+}  // namespace obk

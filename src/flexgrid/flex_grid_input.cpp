@@ -1,0 +1,204 @@
+// What the flexible grid does with the mouse, the wheel and the keyboard.
+#include "flexgrid/cell_movement.h"
+#include "flexgrid/flex_grid.h"
+#include "widgets/surface.h"
+
+#include <cmath>
+
+namespace obk {
+
+namespace {
+
+// Pixels at 96 DPI.
+constexpr int32_t borderReach = 3;
+constexpr int32_t narrowestColumn = 8;  // that dragging leaves
+constexpr int32_t sidewaysLine = 32;    // a line of the horizontal wheel
+
+constexpr int32_t wheelNotch = 120;
+
+}  // namespace
+
+void FlexGrid::mouse(const MouseEvent& event) {
+    mouse_ = event.at;
+    if (!enabled()) return;
+    switch (event.kind) {
+        case MouseEvent::Kind::down:
+        case MouseEvent::Kind::doubleClick:
+            takeFocus();
+            mousePressed(event);
+            // The host may have taken the grid away meanwhile.
+            if (event.button == button::left && attached_ && enabled()) press(event);
+            break;
+        case MouseEvent::Kind::move:
+            mouseMoved(event);
+            if (drag_ == Drag::selection)
+                dragSelection();
+            else if (drag_ == Drag::column)
+                dragColumn(event.at.x);
+            else
+                showCursor(event.at);
+            break;
+        case MouseEvent::Kind::up: {
+            const bool click = event.button == button::left && drag_ == Drag::selection;
+            if (event.button == button::left) endDrag();
+            mouseReleased(event);
+            if (click) clicked();
+            break;
+        }
+        case MouseEvent::Kind::leave:
+            showCursor(event.at);
+            break;
+    }
+}
+
+void FlexGrid::press(const MouseEvent& event) {
+    const bool twice = event.kind == MouseEvent::Kind::doubleClick;
+    const int32_t border = borderAt(event.at);
+    if (border >= 0 && twice) {
+        fitColumn(border);
+        columnResized(border);
+        return;
+    }
+    const GridView shown = view();
+    if (border >= 0) {
+        draggedCol_ = border;
+        dragRest_ = shown.rect(CellAddress{0, border}).right - event.at.x;
+        beginDrag(Drag::column);
+        return;
+    }
+    const CellAddress cell{shown.rowAt(event.at.y), shown.colAt(event.at.x)};
+    if (cell.row < 0 || cell.col < 0) return;
+    if (twice) return doubleClicked();
+    beginDrag(Drag::selection);
+    select(cell, (event.shift & shift::shift) != 0);
+}
+
+void FlexGrid::beginDrag(Drag drag) {
+    drag_ = drag;
+    if (Surface* shownOn = surface()) shownOn->capture(*this);
+}
+
+void FlexGrid::endDrag() {
+    if (drag_ == Drag::none) return;
+    drag_ = Drag::none;
+    dragTimer_.stop();
+    if (Surface* shownOn = surface()) shownOn->releaseCapture(*this);
+}
+
+void FlexGrid::dragColumn(int32_t x) {
+    if (draggedCol_ >= Cols()) return endDrag();
+    const int32_t left = view().rect(CellAddress{0, draggedCol_}).left;
+    const Dpi scale = dpi();
+    const int32_t pixels = std::max(x + dragRest_ - left, scale.scaled(narrowestColumn));
+    const double twips = std::min<double>(scale.toTwips(pixels).value, GridModel::greatestLength);
+    const auto width = static_cast<int32_t>(std::lround(twips));
+    if (width == ColWidth(draggedCol_)) return;
+    SetColWidth(draggedCol_, width);
+    columnResized(draggedCol_);
+}
+
+void FlexGrid::dragSelection() {
+    const GridView shown = view();
+    const bool inside = PixelRect{0, 0, shown.size().width, shown.size().height}.contains(mouse_);
+    if (inside)
+        dragTimer_.stop();
+    else if (!dragTimer_.running())
+        dragTimer_.start(platform().appearance().metrics().repeatInterval);
+    select(shown.nearest(mouse_), true);
+}
+
+// The mouse holds a selection beyond an edge; farther away it scrolls faster.
+void FlexGrid::scrollAtEdge() {
+    if (drag_ != Drag::selection) return dragTimer_.stop();
+    const auto steps = [this](int32_t at, int32_t end) {
+        const int32_t apart = at < 0 ? at : std::max(at - end + 1, 0);
+        return apart / dpi().scaled(sidewaysLine) + (apart > 0) - (apart < 0);
+    };
+    scrollTo(view().byRows(steps(mouse_.y, view().size().height)));
+    scrollTo(view().byCols(steps(mouse_.x, view().size().width)));
+    if (drag_ == Drag::selection) select(view().nearest(mouse_), true);
+}
+
+int32_t FlexGrid::borderAt(PixelPoint at) const {
+    const GridView shown = view();
+    if (!allowUserResizing_ || shown.rowAt(at.y) < 0) return -1;
+    return shown.colBorderAt(at.x, dpi().scaled(borderReach));
+}
+
+void FlexGrid::showCursor(PixelPoint at) {
+    if (Surface* shownOn = surface(); shownOn && shownOn->peer())
+        shownOn->peer()->setCursor(borderAt(at) >= 0 ? Cursor::sizeColumn : Cursor::arrow);
+}
+
+// Makes a cell the current one, or the other corner of the selection.
+void FlexGrid::select(CellAddress cell, bool extend) {
+    if (!model().contains(cell)) return;
+    const bool another = !extend && cell != current();
+    if (!another && cell == CellAddress{RowSel(), ColSel()}) return;
+    if (another) leavingCell();
+    // Whoever listens may have taken the cell away.
+    if (!Select(extend ? current() : cell, cell)) return;
+    if (another) cellEntered();
+    selectionMoved();
+}
+
+void FlexGrid::keyDown(KeyEvent& event) {
+    keyWentDown(event);
+    if (event.code == 0 || !enabled() || drag_ != Drag::none || (event.shift & shift::alt) != 0) return;
+    const bool control = (event.shift & shift::control) != 0;
+    const bool extend = (event.shift & shift::shift) != 0;
+    if (control && !extend && (event.code == 'C' || event.code == key::insert)) return copySelection();
+    const CellAddress from = extend ? CellAddress{RowSel(), ColSel()} : current();
+    const auto to = movedBy(event.code, control, from, view());
+    if (!to) return;
+    select(*to, extend);
+    if (model().contains(*to)) show(*to);
+}
+
+int16_t FlexGrid::keyPress(int16_t character) {
+    characterTyped(character);
+    return character;
+}
+
+bool FlexGrid::wheel(const WheelEvent& event) {
+    if ((event.shift & shift::control) != 0) return false;
+    const GridView shown = view();
+    const bool sideways = event.horizontal || (event.shift & shift::shift) != 0;
+    if ((sideways ? shown.horizontalRange() : shown.verticalRange()).last() == 0) return false;
+    int32_t delta = std::clamp<int32_t>(event.delta, INT16_MIN, INT16_MAX);
+    if (!event.horizontal) delta = -delta;  // away from the user is back
+    const int32_t lines = platform().appearance().metrics().wheelLines;
+    const bool byPage = lines < 0 || lines > shown.visible().bottom - shown.visible().top;
+    if (!sideways && delta % wheelNotch == 0 && wheelRest_ == 0) {
+        const int32_t notches = delta / wheelNotch;
+        scrollTo(byPage ? shown.byPagesDown(notches) : shown.byRows(notches * lines));
+        return true;
+    }
+    const int32_t row = dpi().toPixels(Twips{static_cast<double>(model().rowList().defaultHeight())});
+    const int32_t line = sideways ? dpi().scaled(sidewaysLine) : row;
+    const double notch = byPage ? shown.size().height : double{1} * lines * line;
+    if ((delta > 0) != (wheelRest_ > 0)) wheelRest_ = 0;
+    wheelRest_ += delta * notch / wheelNotch;
+    const double pixels = std::trunc(wheelRest_);
+    wheelRest_ -= pixels;
+    const auto by = static_cast<int64_t>(pixels);
+    scrollTo({shown.offset().x + (sideways ? by : 0), shown.offset().y + (sideways ? 0 : by)});
+    return true;
+}
+
+void FlexGrid::step(ScrollBar::Step by, const ScrollBar& bar) {
+    const bool vertical = &bar == &verticalBar_;
+    const GridView shown = view();
+    switch (by) {
+        case ScrollBar::Step::lineBack:
+            return scrollTo(vertical ? shown.byRows(-1) : shown.byCols(-1));
+        case ScrollBar::Step::lineForward:
+            return scrollTo(vertical ? shown.byRows(1) : shown.byCols(1));
+        case ScrollBar::Step::pageBack:
+            return scrollTo(vertical ? shown.byPagesDown(-1) : shown.byPagesRight(-1));
+        case ScrollBar::Step::pageForward:
+            return scrollTo(vertical ? shown.byPagesDown(1) : shown.byPagesRight(1));
+    }
+}
+
+}  // namespace obk

@@ -1,0 +1,71 @@
+// Draws the cells of a grid that show.
+#pragma once
+
+#include "flexgrid/grid_view.h"
+#include "widgets/canvas.h"
+
+#include <functional>
+#include <optional>
+
+namespace obk {
+
+// What the cells look like where they say nothing themselves; colours as they are drawn.
+struct GridLook {
+    FontDescription font;
+    Rgb back, fore;  // of cells
+    Rgb ground;      // beyond the last row and column
+    Rgb lines;
+    Rgb selectionBack, selectionFore;
+    Rgb window, focus;       // the frame of the current cell, inside and outside
+    bool ownColours = true;  // false: cells are drawn in the colours above, as in high contrast
+    std::function<Rgb(OleColour)> rgb;
+};
+
+// The font of a cell.
+FontDescription cellFont(const FontDescription& usual, const CellStyle& style);
+// Between a cell's edge and its text.
+inline int32_t cellMargin(Dpi dpi) {
+    return dpi.scaled(3);
+}
+
+// What is marked.
+struct GridMarks {
+    CellAddress current{-1, -1};
+    CellRange selection;  // empty where none is shown
+    bool focused = false;
+};
+
+class GridPainter {
+public:
+    // All borrowed. `origin` is where the widget's left top corner is on the canvas.
+    GridPainter(Canvas& canvas, PixelPoint origin, const GridView& view, const GridLook& look,
+                const GridMarks& marks);
+
+    // What the canvas's clip lets through.
+    void paint();
+
+    // The frame around the current cell lies this much inside its edges.
+    static int32_t frameThickness(Dpi dpi) { return dpi.scaled(2); }
+
+private:
+    void paintRow(int32_t row, int32_t top, int32_t bottom);
+    void paintCell(CellAddress cell, const PixelRect& rect);
+    void paintLines(const PixelRect& cells);
+    void paintFrame();
+    Rgb backColour(CellAddress cell, const CellStyle& style) const;
+    const TextStyle& textStyle(const CellStyle& style);
+    bool marked(CellAddress cell) const { return cell != marks_.current && marks_.selection.contains(cell); }
+
+    Canvas& canvas_;
+    PixelPoint origin_;
+    const GridView& view_;
+    const GridLook& look_;
+    const GridMarks& marks_;
+    PixelRect clip_;  // on the widget
+    int32_t line_;
+    // Cells of one style mostly stand together, and making a font's description costs memory.
+    const CellStyle* styleOfText_ = nullptr;
+    TextStyle text_;
+};
+
+}  // namespace obk

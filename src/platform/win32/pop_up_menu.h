@@ -1,0 +1,13 @@
+// Pop-up menus of the system.
+#pragma once
+
+#include "widgets/platform.h"
+
+#include <windows.h>
+
+namespace obk::win32 {
+
+// See Platform::chooseFromMenu.
+std::optional<size_t> chooseFromMenu(HWND owner, std::span<const MenuItem> items, const PixelRect& beside);
+
+}  // namespace obk::win32

@@ -1,0 +1,622 @@
+#include "datecalendar/date_calendar.h"
+
+#include "support/control_fixture.h"
+
+#include <algorithm>
+#include <set>
+
+namespace obk::test {
+namespace {
+
+using Kind = MouseEvent::Kind;
+
+constexpr PixelPoint icon{10, 10};
+constexpr PixelPoint field{60, 10};
+const std::string blanks(8, ' ');
+
+// Places in the panel, in pixels at 96 DPI.
+constexpr PixelPoint monthList{40, 15}, yearMore{146, 11}, yearsBack{164, 17}, yearsOn{180, 17};
+constexpr PixelPoint previousYear{16, 39}, previousMonth{36, 39}, nextMonth{158, 39}, nextYear{178, 39};
+constexpr PixelPoint todayButton{35, 209}, clearButton{97, 209}, closeButton{159, 209};
+
+// In the manual clock it is Saturday, 14 November 2026.
+class DateCalendarTest : public ControlFixture {
+protected:
+    void SetUp() override {
+        place(DateCalendar::memberTable());
+        activate({100, 100, 241, 121});
+        host.take();
+    }
+    std::string date() { return toUtf8(toText(get(u"Text")).value_or(u"?")); }
+    NativeWindow surface() { return control->window(); }
+    headless::HeadlessSurface* panel() {
+        for (const NativeWindow id : platform.windows()) {
+            headless::HeadlessSurface* found = platform.surface(id);
+            if (found && found->kind() == SurfacePlacement::Kind::panel) return found;
+        }
+        return nullptr;
+    }
+    bool open() { return panel() && panel()->visible(); }
+    void openOn(const char16_t* date) {
+        put(u"Text", Text(date));
+        call(u"ShowPopUp");
+        ASSERT_TRUE(open());
+        host.take();
+    }
+    void press(PixelPoint at) {
+        if (panel()) platform.click(panel()->id(), at);
+    }
+    void pressCell(int32_t cell) {
+        const PixelRect rect = Dpi().toPixels(cellBounds(cell));
+        press({rect.left + 5, rect.top + 5});
+    }
+    std::vector<AccessibleItem> days() {
+        std::vector<AccessibleItem> found = panel()->surfaceClient().accessibleItems();
+        std::erase_if(found,
+                      [](const AccessibleItem& item) { return item.role != AccessibleItem::Role::listItem; });
+        return found;
+    }
+    // The chosen day with its month, as screen readers hear it: "14 November, 2026".
+    std::string chosen() {
+        for (const AccessibleItem& day : days()) {
+            if (day.pressed) return toUtf8(day.name);
+        }
+        return "";
+    }
+    std::string month() { return toUtf8(days().front().name).substr(2); }
+    void answerMenuBy(std::u16string caption) {
+        platform.answerMenu([caption](std::span<const MenuItem> items, const PixelRect&) {
+            const auto found = std::find_if(items.begin(), items.end(),
+                                            [&](const MenuItem& item) { return item.caption == caption; });
+            EXPECT_NE(found, items.end()) << toUtf8(caption);
+            return std::optional(static_cast<size_t>(found - items.begin()));
+        });
+    }
+    Rgb system(SystemColour index) {
+        return *platform.appearance().systemColour(static_cast<uint8_t>(index));
+    }
+    // A line of a cell's pixels that no text or bar touches.
+    Rgb fillOf(int32_t cell) {
+        const PixelRect rect = Dpi().toPixels(cellBounds(cell));
+        return panel()->paint().colourAt({rect.left + 3, rect.top + 3});
+    }
+    Rgb edgeOf(int32_t cell) {
+        const PixelRect rect = Dpi().toPixels(cellBounds(cell));
+        return panel()->paint().colourAt({rect.left, rect.top + 3});
+    }
+};
+
+TEST_F(DateCalendarTest, TextIsTrimmedKeptAsItIsAndShownWithItsBlanks) {
+    EXPECT_EQ(date(), blanks);
+    for (const char16_t* given : {u"  Mon 2 Mar 2026 ", u"whenever", u"31 Feb 20267", u"", u"   "}) {
+        put(u"Text", Text(given));
+        EXPECT_EQ(host.take(), (Journal{"changed Text"}));
+        EXPECT_EQ(date(), toUtf8(trimmed(given)) + blanks);
+    }
+    put(u"Text", Text(100000, u'9'));
+    call(u"subNEWDATE");
+    call(u"ShowPopUp");
+    EXPECT_EQ(date(), std::string(100000, '9') + blanks);
+}
+
+TEST_F(DateCalendarTest, TheMenuWritesItsDatesAndTellsTheHost) {
+    struct Row {
+        const char16_t* caption;
+        const char* date;
+    };
+    for (const Row& row :
+         {Row{u"&Today", "Sat 14 Nov 2026"}, Row{u"To&morrow", "Sun 15 Nov 2026"},
+          Row{u"&Saturday", "Sat 21 Nov 2026"}, Row{u"S&unday", "Sun 15 Nov 2026"},
+          Row{u"&Next week", "Sat 21 Nov 2026"}, Row{u"In two &weeks", "Sat 28 Nov 2026"},
+          Row{u"Next m&onth", "Sat 12 Dec 2026"}, Row{u"&First day of next week", "Mon 16 Nov 2026"},
+          Row{u"First &day of next month", "Tue 1 Dec 2026"}, Row{u"&Clear", ""}}) {
+        answerMenuBy(row.caption);
+        host.on["DateUpdated"] = [&](std::span<Value>) {
+            EXPECT_EQ(date(), row.date + blanks) << "known before it is told";
+        };
+        platform.mouse(surface(), {Kind::down, button::right, 0, field});
+        platform.mouse(surface(), {Kind::up, button::right, 0, field});
+        EXPECT_EQ(host.takeEvents(),
+                  (Journal{"MouseDown 2 0 900 150", "MouseUp 2 0 900 150", "DateUpdated"}));
+    }
+}
+
+TEST_F(DateCalendarTest, TheMenuIsAskedForByIconAndKeysStandsThereAndMayBeDismissed) {
+    int asked = 0;
+    PixelRect place;
+    std::set<char16_t> accessKeys;
+    platform.answerMenu([&](std::span<const MenuItem> items, const PixelRect& beside) {
+        ++asked;
+        place = beside;
+        for (const MenuItem& item : items) {
+            if (item.caption.empty()) continue;
+            const size_t mark = item.caption.find(u'&');
+            EXPECT_TRUE(accessKeys.insert(upperAscii(item.caption.at(mark + 1))).second);
+        }
+        accessKeys.clear();
+        return std::optional<size_t>();
+    });
+    platform.mouse(surface(), {Kind::down, button::right, 0, icon});
+    platform.mouse(surface(), {Kind::up, button::right, 0, icon});
+    EXPECT_EQ(place, (PixelRect{110, 110, 110, 110}));
+    ASSERT_TRUE(control->focus());
+    platform.pressKey(key::menu);
+    EXPECT_EQ(place.bottom - place.top, 19) << "with the keys it drops from the field";
+    platform.pressKey(key::f10, shift::shift);
+    EXPECT_EQ(asked, 3);
+    put(u"Enabled", false);
+    platform.mouse(surface(), {Kind::down, button::right, 0, icon});
+    platform.mouse(surface(), {Kind::up, button::right, 0, icon});
+    EXPECT_EQ(asked, 3);
+    const Journal events = host.takeEvents();
+    // Disabling took the focus, which ends the editing once.
+    EXPECT_EQ(std::count(events.begin(), events.end(), "DateUpdated"), 1);
+}
+
+TEST_F(DateCalendarTest, LeavingCommitsWhatWasTypedInTheOrderHostsKnow) {
+    ASSERT_TRUE(control->focus());
+    platform.type(u"soon");
+    EXPECT_EQ(date(), blanks) << "not before the editing ends";
+    host.take();
+    platform.setFocus(0);
+    EXPECT_EQ(host.take(),
+              (Journal{"FocusHidden", "DateUpdated", "FocusLost", "MouseUp 1 0 0 0", "focus out"}));
+    EXPECT_EQ(date(), "soon" + blanks);
+    // Also where nothing was typed, and where the window is taken away.
+    ASSERT_TRUE(control->focus());
+    host.take();
+    control->deactivate();
+    EXPECT_EQ(host.takeEvents(), (Journal{"FocusHidden", "DateUpdated", "FocusLost", "MouseUp 1 0 0 0"}));
+}
+
+TEST_F(DateCalendarTest, TypingRaisesTheKeysAndNeitherChangeNorKeyPress) {
+    ASSERT_TRUE(control->focus());
+    host.take();
+    platform.type(u"7");
+    EXPECT_EQ(host.take(), (Journal{"KeyDown 55 0", "KeyUp 55 0"}));
+    host.on["KeyDown"] = [](std::span<Value> arguments) { arguments[0] = int16_t{0}; };
+    platform.type(u"8");
+    platform.setFocus(0);
+    EXPECT_EQ(date(), "7" + blanks) << "the host discards keys";
+}
+
+TEST_F(DateCalendarTest, AClickOnTheIconOpensAndAPressOutsideCloses) {
+    platform.click(surface(), icon);
+    EXPECT_EQ(host.takeEvents(), (Journal{"MouseOut 0 0 150 150", "MouseMove 0 0 150 150",
+                                          "MouseDown 1 0 150 150", "MouseUp 1 0 150 150", "PopUp", "Click"}));
+    ASSERT_TRUE(open());
+    EXPECT_EQ(panel()->bounds(), (PixelRect{100, 121, 294, 348}));
+    EXPECT_EQ(platform.capture(), panel()->id());
+    EXPECT_TRUE(control->hasFocus()) << "the keyboard is the field's";
+    platform.mouse(surface(), {Kind::down, button::left, 0, icon});
+    platform.mouse(surface(), {Kind::up, button::left, 0, icon});
+    EXPECT_EQ(host.takeEvents(), (Journal{"FocusHidden", "MouseUp 1 0 150 150"}));
+    EXPECT_FALSE(open());
+    EXPECT_EQ(platform.capture(), 0u);
+    // Let go beside the icon, the press is no click.
+    platform.mouse(surface(), {Kind::down, button::left, 0, icon});
+    platform.mouse(surface(), {Kind::up, button::left, 0, {10, 60}});
+    EXPECT_FALSE(open());
+}
+
+TEST_F(DateCalendarTest, AClickOnTheTextTellsTheHostAndOpensNothing) {
+    platform.mouse(surface(), {Kind::down, button::left, 0, field});
+    platform.mouse(surface(), {Kind::up, button::left, 0, field});
+    EXPECT_EQ(host.takeEvents(), (Journal{"MouseDown 1 0 900 150", "MouseUp 1 0 900 150", "PopUp", "Click"}));
+    platform.mouse(surface(), {Kind::doubleClick, button::left, 0, field});
+    EXPECT_EQ(host.takeEvents(), (Journal{"DblClick"}));
+    EXPECT_FALSE(open());
+}
+
+TEST_F(DateCalendarTest, WithoutACalendarOfItsOwnWhatOpensItRaisesPopUp) {
+    put(u"PopupEnabled", false);
+    ASSERT_TRUE(control->focus());
+    host.take();
+    call(u"ShowPopUp");
+    EXPECT_EQ(host.take(), (Journal{"PopUp"}));
+    EXPECT_EQ(date(), blanks) << "and does not touch the date";
+    call(u"UserControl_Click");
+    EXPECT_EQ(host.take(), (Journal{"PopUp", "Click"}));
+    platform.pressKey(key::f4);
+    EXPECT_EQ(host.take(), (Journal{"PopUp", "KeyDown 115 0", "KeyUp 115 0"}));
+    EXPECT_EQ(panel(), nullptr);
+}
+
+TEST_F(DateCalendarTest, APickedDayIsWrittenThenHiddenThenCommitted) {
+    openOn(u"Sat 14 Nov 2026");
+    host.on["FocusHidden"] = [this](std::span<Value>) {
+        EXPECT_FALSE(open());
+        EXPECT_EQ(date(), "Sat 14 Nov 2026" + blanks);
+    };
+    pressCell(13);  // November 2026 begins on a Sunday
+    EXPECT_EQ(host.take(), (Journal{"FocusHidden", "DateUpdated"}));
+    EXPECT_EQ(date(), "Sun 1 Nov 2026" + blanks);
+    // Cells without a day, gaps, and a press that slips onto another day choose nothing.
+    openOn(u"Sat 14 Nov 2026");
+    for (const int32_t cell : {0, 6, 7, 12, 43, 48}) pressCell(cell);
+    press({31, 80});
+    const PixelRect from = Dpi().toPixels(cellBounds(20));
+    platform.mouse(panel()->id(), {Kind::down, button::left, 0, {from.left + 3, from.top + 3}});
+    platform.mouse(panel()->id(), {Kind::up, button::left, 0, {from.left + 30, from.top + 3}});
+    EXPECT_TRUE(open());
+    EXPECT_EQ(host.take(), Journal{});
+}
+
+TEST_F(DateCalendarTest, OpeningTakesTodayForAnEmptyDateAndKeepsTheMonthForOneThatIsNone) {
+    call(u"ShowPopUp");
+    EXPECT_EQ(date(), "Sat 14 Nov 2026" + blanks);
+    EXPECT_EQ(chosen(), "14 November, 2026");
+    call(u"HidePopUp");
+    openOn(u"Thu 29 Feb 2024");
+    EXPECT_EQ(chosen(), "29 February, 2024");
+    call(u"HidePopUp");
+    for (const char16_t* none : {u"whenever", u"Feb", u"Nov 14, 2025", u"Wed 31 Nov 2026", u"x"}) {
+        openOn(none);
+        EXPECT_EQ(chosen(), "29 February, 2024") << toUtf8(none);
+        EXPECT_EQ(date(), toUtf8(none) + blanks);
+        call(u"HidePopUp");
+    }
+}
+
+TEST_F(DateCalendarTest, ADayThatOnlyThePanelKnowsIsNotCommitted) {
+    openOn(u"Wed 28 Feb 1900");
+    EXPECT_EQ(days().size(), 29u);
+    pressCell(monthLayout(std::chrono::year(1900) / 2)->firstCell + 28);
+    EXPECT_EQ(host.take(), Journal{});
+    EXPECT_TRUE(open());
+    EXPECT_EQ(date(), "Wed 28 Feb 1900" + blanks);
+}
+
+TEST_F(DateCalendarTest, TheButtonsTurnMonthsAndYearsAndADayThatAMonthLacksBecomesTheFirst) {
+    struct Row {
+        const char16_t* from;
+        PixelPoint button;
+        const char* to;
+    };
+    for (const Row& row : {Row{u"Sat 14 Nov 2026", nextMonth, "14 December, 2026"},
+                           Row{u"Thu 31 Dec 2026", nextMonth, "31 January, 2027"},
+                           Row{u"Thu 1 Jan 2026", previousMonth, "1 December, 2025"},
+                           Row{u"Sat 31 Oct 2026", nextMonth, "1 November, 2026"},
+                           Row{u"Mon 30 Mar 2026", previousMonth, "1 February, 2026"},
+                           Row{u"Thu 29 Feb 2024", nextYear, "1 February, 2025"},
+                           Row{u"Sun 29 Mar 2099", previousMonth, "1 February, 2099"},
+                           Row{u"Mon 29 Mar 2100", previousMonth, "29 February, 2100"},
+                           Row{u"Sat 14 Nov 2026", previousYear, "14 November, 2025"},
+                           Row{u"Fri 31 Dec 9999", nextMonth, "31 December, 9999"},
+                           Row{u"Fri 31 Dec 9999", nextYear, "31 December, 9999"},
+                           Row{u"Fri 1 Jan 0100", previousMonth, "1 January, 0100"},
+                           Row{u"Fri 1 Jan 0100", previousYear, "1 January, 0100"}}) {
+        openOn(row.from);
+        press(row.button);
+        EXPECT_EQ(chosen(), row.to) << toUtf8(row.from);
+        call(u"HidePopUp");
+    }
+}
+
+TEST_F(DateCalendarTest, TheMonthListAndTheYearFieldRefillTheDays) {
+    openOn(u"Sat 31 Oct 2026");
+    platform.answerMenu([this](std::span<const MenuItem> items, const PixelRect& beside) {
+        EXPECT_EQ(items.size(), 12u);
+        EXPECT_TRUE(items[9].checked);
+        EXPECT_EQ(beside, (PixelRect{107, 128, 192, 148}));
+        EXPECT_TRUE(open()) << "the panel stays behind its list";
+        return std::optional<size_t>(1);
+    });
+    press(monthList);
+    EXPECT_EQ(chosen(), "1 February, 2026");
+    EXPECT_EQ(platform.capture(), panel()->id()) << "and has the mouse again";
+    platform.answerMenu({});
+    press(monthList);
+    EXPECT_EQ(chosen(), "1 February, 2026");
+    press(yearMore);
+    EXPECT_EQ(chosen(), "1 February, 2027");
+    press(yearMore);
+    EXPECT_EQ(days().size(), 29u) << "2028 is a leap year";
+    EXPECT_EQ(host.take(), Journal{}) << "only a choice is news";
+}
+
+TEST_F(DateCalendarTest, TodayCommitsAndStaysClearKeepsTheTextAndCloseKeepsAll) {
+    openOn(u"Mon 2 Mar 2020");
+    press(todayButton);
+    EXPECT_EQ(host.take(), (Journal{"DateUpdated"}));
+    EXPECT_EQ(chosen(), "14 November, 2026");
+    EXPECT_EQ(date(), "Sat 14 Nov 2026" + blanks);
+    press(clearButton);
+    EXPECT_EQ(host.take(), (Journal{"DateUpdated", "FocusHidden"}));
+    EXPECT_EQ(date(), blanks);
+    MemoryBag bag;
+    control->save(bag);
+    EXPECT_EQ(bag.read(u"TEXT", ValueType::text), Value(Text(u"Sat 14 Nov 2026"))) << "still shown";
+    openOn(u"Mon 2 Mar 2020");
+    press(closeButton);
+    EXPECT_EQ(host.take(), (Journal{"FocusHidden"}));
+    EXPECT_EQ(date(), "Mon 2 Mar 2020" + blanks);
+}
+
+TEST_F(DateCalendarTest, AHeldYearArrowStepsFasterAndFasterUntilItIsReleased) {
+    using std::chrono::milliseconds;
+    openOn(u"Sat 14 Nov 2026");
+    const auto hold = [this](Kind kind, PixelPoint at) {
+        platform.mouse(panel()->id(), {kind, button::left, 0, at});
+    };
+    hold(Kind::down, yearsOn);
+    platform.advance(milliseconds(1));
+    EXPECT_EQ(month(), "November, 2027") << "at once";
+    platform.advance(milliseconds(499));
+    EXPECT_EQ(month(), "November, 2027");
+    platform.advance(milliseconds(1));
+    EXPECT_EQ(month(), "November, 2028");
+    platform.advance(milliseconds(400));
+    EXPECT_EQ(month(), "November, 2029");
+    platform.advance(milliseconds(5000));
+    const int before = std::stoi(month().substr(10));
+    platform.advance(milliseconds(400));
+    EXPECT_EQ(std::stoi(month().substr(10)), before + 10) << "at last every 40 ms";
+    hold(Kind::up, yearsOn);
+    platform.advance(milliseconds(5000));
+    EXPECT_EQ(std::stoi(month().substr(10)), before + 10);
+    hold(Kind::down, yearsBack);
+    platform.advance(milliseconds(1));
+    EXPECT_EQ(std::stoi(month().substr(10)), before + 9);
+    call(u"HidePopUp");
+    platform.advance(milliseconds(5000));
+    call(u"ShowPopUp");
+    EXPECT_EQ(chosen(), "14 November, 2026");
+    platform.advance(milliseconds(5000));
+    EXPECT_EQ(chosen(), "14 November, 2026");
+}
+
+TEST_F(DateCalendarTest, KeysOpenWalkChooseAndKeep) {
+    ASSERT_TRUE(control->focus());
+    put(u"Text", Text(u"Sat 31 Jan 2026"));
+    host.take();
+    platform.pressKey(key::down, shift::alt);
+    EXPECT_EQ(host.take(), (Journal{"KeyDown 40 4", "KeyUp 40 4"}));
+    ASSERT_TRUE(open());
+    struct Row {
+        int16_t code, shift;
+        const char* to;
+    };
+    for (const Row& row :
+         {Row{key::right, 0, "1 February, 2026"}, Row{key::left, 0, "31 January, 2026"},
+          Row{key::pageDown, 0, "28 February, 2026"}, Row{key::up, 0, "21 February, 2026"},
+          Row{key::down, 0, "28 February, 2026"}, Row{key::down, 0, "7 March, 2026"},
+          Row{key::end, 0, "31 March, 2026"}, Row{key::home, 0, "1 March, 2026"},
+          Row{key::pageUp, 0, "1 February, 2026"}, Row{key::pageDown, shift::control, "1 February, 2027"},
+          Row{key::pageUp, shift::control, "1 February, 2026"},
+          Row{key::left, shift::shift, "1 February, 2026"}}) {
+        platform.pressKey(row.code, row.shift);
+        EXPECT_EQ(chosen(), row.to) << row.code << " " << row.shift;
+    }
+    host.take();
+    platform.pressKey(key::escape);
+    EXPECT_EQ(host.take(), (Journal{"FocusHidden", "KeyDown 27 0", "KeyUp 27 0"}));
+    EXPECT_EQ(date(), "Sat 31 Jan 2026" + blanks);
+    platform.pressKey(key::f4);
+    platform.keyDown(key::f4, 0, true);
+    ASSERT_TRUE(open()) << "a held key opens once";
+    platform.pressKey(key::home);
+    host.take();
+    platform.pressKey(key::enter);
+    EXPECT_EQ(host.take(), (Journal{"FocusHidden", "DateUpdated", "KeyDown 13 0", "KeyUp 13 0"}));
+    EXPECT_EQ(date(), "Thu 1 Jan 2026" + blanks);
+    platform.pressKey(key::f4);
+    platform.pressKey(key::space);
+    EXPECT_FALSE(open());
+    platform.setFocus(0);
+    EXPECT_EQ(date(), "Thu 1 Jan 2026" + blanks) << "no key was typed";
+    // While nothing is open, Enter and Escape are the container's.
+    ASSERT_TRUE(control->focus());
+    host.take();
+    host.takesKeys = true;
+    platform.pressKey(key::enter);
+    platform.pressKey(key::escape);
+    EXPECT_EQ(host.take(), (Journal{"offered 13", "KeyUp 13 0", "offered 27", "KeyUp 27 0"}));
+}
+
+TEST_F(DateCalendarTest, TheWheelTurnsMonthsByWholeNotches) {
+    openOn(u"Sat 14 Nov 2026");
+    for (const int32_t delta : {-40, -40, -40, -240, 120})
+        platform.wheel(panel()->id(), {delta, false, 0, {100, 100}});
+    EXPECT_EQ(chosen(), "14 January, 2027");
+    call(u"HidePopUp");
+    ASSERT_TRUE(control->focus());
+    platform.wheel(surface(), {120, false, 0, field});
+    call(u"ShowPopUp");
+    EXPECT_EQ(chosen(), "14 November, 2026");
+}
+
+TEST_F(DateCalendarTest, MarksShowTheChosenDayTodayAndTheCommittedDate) {
+    const Rgb accent = system(SystemColour::highlight);
+    openOn(u"Mon 9 Nov 2026");
+    constexpr int32_t first = 13;  // of November 2026
+    EXPECT_EQ(fillOf(first + 8), accent);
+    EXPECT_EQ(fillOf(first + 9), system(SystemColour::window));
+    const PixelRect today = Dpi().toPixels(cellBounds(first + 13));
+    EXPECT_EQ(panel()->paint().colourAt({today.left + 12, today.bottom - 2}), accent);
+    EXPECT_EQ(edgeOf(first + 8), system(SystemColour::windowText));
+    platform.pressKey(key::escape);
+    // The frame goes with the first refill, for a text that begins with its weekday.
+    call(u"CalendarUpdate");
+    EXPECT_EQ(edgeOf(first + 8), accent);
+    put(u"Text", Text(u"Nov 11, 2026"));
+    call(u"CalendarUpdate");
+    EXPECT_EQ(edgeOf(first + 10), system(SystemColour::windowText));
+    press(nextYear);
+    EXPECT_NE(edgeOf(monthLayout(std::chrono::year(2027) / 11)->firstCell + 10),
+              system(SystemColour::windowText));
+}
+
+TEST_F(DateCalendarTest, TheCellsStandOnTheirTwipsAndScaleWithTheScreen) {
+    openOn(u"Sat 14 Nov 2026");
+    EXPECT_EQ(days()[0].bounds, (PixelRect{163, 72, 187, 90}));
+    EXPECT_EQ(days()[1].bounds, (PixelRect{7, 93, 31, 111}));
+    control->deactivate();
+    platform.appearance().setDpi(Dpi(144));
+    activate({100, 100, 312, 132});
+    call(u"ShowPopUp");
+    EXPECT_EQ(days()[1].bounds, Dpi(144).toPixels(cellBounds(14)));
+    EXPECT_EQ(panel()->bounds().width(), 291);
+}
+
+TEST_F(DateCalendarTest, SubNewDateReadsMonthAndYearOutOfAnyText) {
+    openOn(u"Sat 14 Nov 2026");
+    struct Row {
+        const char16_t* text;
+        const char* month;
+    };
+    for (const Row& row : {Row{u"Tue 3 Feb 2032", "February, 2032"}, Row{u"august 1987", "August, 1987"},
+                           Row{u"nothing", "August, 1987"}, Row{u"may be 99", "May, 1987"},
+                           Row{u"1999", "May, 1999"}, Row{u"", "May, 1999"}}) {
+        put(u"Text", Text(row.text));
+        call(u"subNEWDATE");
+        EXPECT_EQ(month(), row.month) << toUtf8(row.text);
+    }
+    EXPECT_TRUE(open());
+}
+
+TEST_F(DateCalendarTest, LoadingShowsNothingForAnEmptyDateAndKeepsWhatWasStored) {
+    put(u"Text", Text(u"Mon 2 Mar 2026"));
+    MemoryBag saved, again;
+    control->save(saved);
+    EXPECT_EQ(saved.read(u"TEXT", ValueType::text), Value(Text(u"Mon 2 Mar 2026")));
+    EXPECT_EQ(saved.read(u"SELECTEDCOLOR", ValueType::colour), Value(OleColour(SystemColour::highlight)));
+    auto other = DateCalendar::memberTable().create(platform);
+    other->setHost(&host);
+    host.take();
+    other->load(saved);
+    EXPECT_EQ(host.take(), Journal{});
+    other->save(again);
+    EXPECT_EQ(again.serialized(), saved.serialized());
+    control.swap(other);
+    EXPECT_EQ(date(), blanks);
+    // A control that has a date shows it in full.
+    put(u"Text", Text(u"mar 5 2020"));
+    control->load(saved);
+    control->save(again = {});
+    EXPECT_EQ(again.read(u"TEXT", ValueType::text), Value(Text(u"Thu 5 Mar 2020")));
+    EXPECT_EQ(date(), "mar 5 2020" + blanks);
+    control.swap(other);
+    other->deactivate();
+}
+
+TEST_F(DateCalendarTest, StoredColoursAndToolTipHaveTheirEffect) {
+    MemoryBag bag;
+    bag.write(u"FILLCOLOR", OleColour(Rgb{0x112233}));
+    bag.write(u"TOOLTIP", Text(u"Day of arrival"));
+    control->load(bag);
+    EXPECT_EQ(platform.surface(surface())->paint().colourAt({3, 3}), Rgb{0x112233});
+    platform.mouse(surface(), {Kind::move, 0, 0, icon});
+    EXPECT_EQ(platform.surface(surface())->toolTip(), u"Day of arrival");
+    control->load(bag = {});
+    platform.mouse(surface(), {Kind::move, 0, 0, {11, 11}});
+    EXPECT_NE(platform.surface(surface())->toolTip().find(u"F4"), Text::npos);
+}
+
+TEST_F(DateCalendarTest, TheMouseIsTrackedInAndOut) {
+    platform.mouse(surface(), {Kind::move, 0, 0, field});
+    EXPECT_EQ(host.takeEvents(), (Journal{"MouseOut 0 0 900 150", "MouseMove 0 0 900 150"}));
+    EXPECT_EQ(get(u"MousePosn"), Value(true));
+    EXPECT_EQ(platform.capture(), 0u) << "the text keeps its mouse";
+    platform.mouse(surface(), {Kind::move, 0, 0, icon});
+    platform.mouse(surface(), {Kind::leave, 0, 0, {}});
+    host.take();
+    call(u"UserControlMouseOut", {int16_t{0}, int16_t{0}, 2116.0f, 5.0f});
+    EXPECT_EQ(get(u"bMOUSEPOSLOC"), Value(false));
+    call(u"UserControlMouseOut", {int16_t{0}, int16_t{0}, 2115.0f, 5.0f});
+    EXPECT_EQ(get(u"bMOUSEPOSLOC"), Value(true)) << "the far edge is inside";
+}
+
+TEST_F(DateCalendarTest, EverythingThatTakesThePanelsPlaceHidesIt) {
+    const std::vector<std::function<void()>> ways{
+        [this] { platform.moveHost(); },    [this] { platform.stealCapture(); },
+        [this] { put(u"Enabled", false); }, [this] { control->setBounds({50, 50, 191, 71}); },
+        [this] { platform.setFocus(0); },   [this] { control->deactivate(); },
+    };
+    for (size_t at = 0; at < ways.size(); ++at) {
+        put(u"Enabled", true);
+        ASSERT_TRUE(control->focus());
+        openOn(u"Sat 14 Nov 2026");
+        ways[at]();
+        EXPECT_FALSE(open()) << at;
+        EXPECT_EQ(host.takeEvents().front(), "FocusHidden") << at;
+    }
+    call(u"ShowPopUp");
+    EXPECT_EQ(platform.windowCount(), 0u) << "without a place on the screen there is no panel";
+}
+
+// The host takes the control away, or closes its window, inside each of the events.
+class DateReentryTest : public DateCalendarTest, public testing::WithParamInterface<const char*> {
+protected:
+    void useEverything() {
+        const auto step = [this](const std::function<void()>& what) {
+            if (control) what();
+        };
+        answerMenuBy(u"&Today");
+        step([this] { control->focus(); });
+        step([this] { platform.click(surface(), icon); });
+        step([this] { pressCell(20); });
+        step([this] { platform.click(surface(), field, button::right); });
+        step([this] { platform.pressKey(key::f4); });
+        step([this] { press(todayButton); });
+        step([this] { platform.pressKey(key::enter); });
+        step([this] { call(u"ShowPopUp"); });
+        step([this] { press(clearButton); });
+        step([this] { platform.setFocus(0); });
+        step([this] { control->deactivate(); });
+    }
+};
+
+INSTANTIATE_TEST_SUITE_P(Inside, DateReentryTest,
+                         testing::Values("Click", "DateUpdated", "FocusHidden", "FocusLost", "KeyDown",
+                                         "KeyUp", "MouseDown", "MouseMove", "MouseOut", "MouseUp", "PopUp"),
+                         [](const auto& row) { return std::string(row.param); });
+
+TEST_P(DateReentryTest, TheHostMayLetGoOfTheControl) {
+    host.on[GetParam()] = [this](std::span<Value>) {
+        if (control) release();
+    };
+    useEverything();
+    EXPECT_EQ(control, nullptr);
+    EXPECT_EQ(platform.windowCount(), 0u);
+    EXPECT_EQ(platform.timerCount(), 0u);
+    EXPECT_EQ(platform.capture(), 0u);
+}
+
+TEST_P(DateReentryTest, TheHostMayChangeTheDateOpenHideAndCloseTheWindow) {
+    for (const bool closes : {false, true}) {
+        if (!control->active()) activate({100, 100, 241, 121});
+        int depth = 0;
+        host.on[GetParam()] = [&](std::span<Value>) {
+            if (++depth > 3) return;
+            put(u"Text", Text(u"Fri 13 Nov 2026"));
+            call(u"ShowPopUp");
+            if (depth % 2 == 0) call(u"HidePopUp");
+            if (closes) control->deactivate();
+        };
+        useEverything();
+        EXPECT_GT(depth, 0);
+        EXPECT_EQ(platform.windowCount(), 0u);
+        EXPECT_EQ(platform.capture(), 0u);
+        host.on.clear();
+    }
+}
+
+TEST_F(DateCalendarTest, TheHostMayTakeTheControlAwayWhileAMenuIsOpen) {
+    const auto letGo = [this](std::span<const MenuItem>, const PixelRect&) {
+        release();
+        return std::optional<size_t>(0);
+    };
+    openOn(u"Sat 14 Nov 2026");
+    platform.answerMenu(letGo);
+    press(monthList);
+    EXPECT_EQ(control, nullptr);
+    place(DateCalendar::memberTable());
+    activate({100, 100, 241, 121});
+    platform.click(surface(), field, button::right);
+    EXPECT_EQ(control, nullptr);
+    EXPECT_EQ(platform.windowCount(), 0u);
+}
+
+}  // namespace
+}  // namespace obk::test

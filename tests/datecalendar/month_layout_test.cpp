@@ -1,0 +1,93 @@
+#include "datecalendar/month_layout.h"
+
+#include <gtest/gtest.h>
+
+namespace obk::test {
+namespace {
+
+YearMonth month(int year, unsigned month) {
+    return std::chrono::year(year) / std::chrono::month(month);
+}
+
+// Zeller's congruence: 0 is Saturday.
+int zeller(int day, int monthOfYear, int year) {
+    if (monthOfYear < 3) {
+        monthOfYear += 12;
+        --year;
+    }
+    return (day + 13 * (monthOfYear + 1) / 5 + year + year / 4 - year / 100 + year / 400) % 7;
+}
+
+TEST(MonthLayoutTest, EveryMonthOf1900To2100IsLaidOut) {
+    const int usual[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+    for (int year = 1900; year <= 2100; ++year) {
+        for (int m = 1; m <= 12; ++m) {
+            const auto layout = monthLayout(month(year, static_cast<unsigned>(m)));
+            ASSERT_TRUE(layout);
+            const int fromMonday = (zeller(1, m, year) + 5) % 7;
+            const int shown = usual[m - 1] + (m == 2 && year % 4 == 0 ? 1 : 0);
+            const bool century = year == 1900 || year == 2100;
+            ASSERT_EQ(layout->firstCell, 7 + fromMonday) << year << " " << m;
+            ASSERT_EQ(layout->days, shown) << year << " " << m;
+            ASSERT_EQ(daysInMonth(month(year, static_cast<unsigned>(m))),
+                      shown - (m == 2 && century ? 1 : 0));
+            const int lastCell = 7 + fromMonday + shown - 1;
+            ASSERT_EQ(layout->dayAt(7 + fromMonday), 1);
+            ASSERT_EQ(layout->dayAt(7 + fromMonday - 1), 0);
+            ASSERT_EQ(layout->dayAt(lastCell), shown);
+            ASSERT_EQ(layout->dayAt(lastCell + 1), 0);
+            ASSERT_LE(lastCell, 43);
+        }
+    }
+}
+
+TEST(MonthLayoutTest, TheEdgesOfTheGridAreReached) {
+    EXPECT_EQ(monthLayout(month(2026, 6)), (MonthLayout{7, 30})) << "a month that starts on a Monday";
+    EXPECT_EQ(monthLayout(month(2026, 3)), (MonthLayout{13, 31}))
+        << "one that starts on a Sunday ends in cell 43";
+    EXPECT_EQ(monthLayout(month(1900, 2))->days, 29);
+    EXPECT_EQ(monthLayout(month(2100, 2))->days, 29);
+    EXPECT_EQ(monthLayout(month(99, 12)), std::nullopt);
+    EXPECT_EQ(monthLayout(month(10000, 1)), std::nullopt);
+    EXPECT_EQ(monthLayout(month(2026, 13)), std::nullopt);
+}
+
+TEST(MonthLayoutTest, MonthsTurnOverTheEndsOfYears) {
+    EXPECT_EQ(turned(month(2026, 12), 1), month(2027, 1));
+    EXPECT_EQ(turned(month(2026, 1), -1), month(2025, 12));
+    EXPECT_EQ(turned(month(2026, 2), 12), month(2027, 2));
+    EXPECT_EQ(turned(month(9999, 12), 1), std::nullopt);
+    EXPECT_EQ(turned(month(100, 1), -1), std::nullopt);
+    EXPECT_EQ(turned(month(100, 1), INT32_MIN), std::nullopt);
+    EXPECT_EQ(turned(month(9999, 12), INT32_MAX), std::nullopt);
+}
+
+TEST(MonthLayoutTest, DaysMoveOverTheEndsOfMonthsAsTheyAreShown) {
+    const auto from = [](int year, unsigned m, int day, int by) { return moved({month(year, m), day}, by); };
+    EXPECT_EQ(from(2026, 11, 14, 7), (ShownDay{month(2026, 11), 21}));
+    EXPECT_EQ(from(2026, 12, 31, 1), (ShownDay{month(2027, 1), 1}));
+    EXPECT_EQ(from(2026, 1, 3, -7), (ShownDay{month(2025, 12), 27}));
+    EXPECT_EQ(from(1900, 2, 28, 1), (ShownDay{month(1900, 2), 29})) << "shown, though it is no date";
+    EXPECT_EQ(from(1900, 3, 1, -1), (ShownDay{month(1900, 2), 29}));
+    EXPECT_EQ(from(9999, 12, 31, 1), std::nullopt);
+    EXPECT_EQ(from(100, 1, 1, -1), std::nullopt);
+}
+
+TEST(MonthLayoutTest, CellsAreWhereTheyAreAndTheGapsAreNone) {
+    EXPECT_EQ(cellBounds(0), (TwipsRect{{105}, {765}, {360}, {270}}));
+    EXPECT_EQ(cellBounds(16), (TwipsRect{{885}, {1395}, {360}, {270}}));
+    EXPECT_EQ(cellBounds(55), (TwipsRect{{2445}, {2970}, {360}, {270}}));
+    for (const int32_t dotsPerInch : {96, 120, 144, 168, 192}) {
+        const Dpi dpi(dotsPerInch);
+        for (int32_t cell = 0; cell < cellCount; ++cell) {
+            const PixelRect rect = dpi.toPixels(cellBounds(cell));
+            EXPECT_EQ(cellAt({rect.left, rect.top}, dpi), cell);
+            EXPECT_EQ(cellAt({rect.right - 1, rect.bottom - 1}, dpi), cell);
+            EXPECT_EQ(cellAt({rect.right, rect.top}, dpi), std::nullopt);
+            EXPECT_EQ(cellAt({rect.left, rect.bottom}, dpi), std::nullopt);
+        }
+    }
+}
+
+}  // namespace
+}  // namespace obk::test

@@ -1,0 +1,547 @@
+#include "flexgrid/flex_grid.h"
+
+#include "platform/headless/headless_platform.h"
+#include "platform/headless/headless_windows.h"
+#include "support/pixel_canvas.h"
+#include "widgets/surface.h"
+#include "widgets/text_box.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+namespace obk::test {
+namespace {
+
+using Kind = MouseEvent::Kind;
+using headless::DrawnItem;
+
+// 300 x 200 pixels, 1000 rows of 18 pixels and 10 columns of 64: both scroll bars, of 17 pixels, show.
+class FlexGridTest : public testing::Test, protected SurfaceOwner {
+protected:
+    FlexGridTest() {
+        root.move({{0}, {0}, {4500}, {3000}});
+        grid.move({{0}, {0}, {4500}, {3000}});
+        grid.SetRows(1000);
+        grid.SetCols(10);
+        EXPECT_TRUE(surface.open({SurfacePlacement::Kind::control, 1000, {0, 0, 300, 200}}));
+        peer().paint();
+    }
+    KeyRoute route(const KeyEvent&) override { return KeyRoute::child; }
+    bool offerToContainer(const KeyEvent&) override { return false; }
+    void focusEntered() override {}
+    void focusLeft() override {}
+    void surfaceCaptureLost() override {}
+    void surfaceChanged() override { root.placed(); }
+    AccessibleItem describeSurface() const override { return {}; }
+
+    headless::HeadlessSurface& peer() { return *platform.surface(surface.peer()->window()); }
+    void mouse(Kind kind, PixelPoint at, int16_t shift = 0) {
+        platform.mouse(surface.peer()->window(), {kind, button::left, shift, at});
+    }
+    void press(PixelPoint at, int16_t shift = 0) {
+        mouse(Kind::down, at, shift);
+        mouse(Kind::up, at, shift);
+    }
+    void wheel(int32_t delta, bool horizontal = false, int16_t shift = 0) {
+        platform.wheel(surface.peer()->window(), {delta, horizontal, shift, {50, 50}});
+    }
+    void pass(int milliseconds) { platform.advance(std::chrono::milliseconds(milliseconds)); }
+    void note(Event<>& event, std::string name) {
+        connections.push_back(event.connect([this, name] { journal.push_back(name); }));
+    }
+    std::vector<std::string> take() { return std::exchange(journal, {}); }
+    CellAddress corner() const { return {grid.RowSel(), grid.ColSel()}; }
+
+    headless::HeadlessPlatform platform;
+    Container root{platform, [] { return std::make_shared<int>(0); }};
+    Surface surface{root, *this};
+    FlexGrid grid{root};
+    std::vector<std::string> journal;
+    std::vector<Connection> connections;
+};
+
+TEST_F(FlexGridTest, KeysMoveTheCurrentCellAndShowIt) {
+    struct Row {
+        int16_t key, shift;
+        CellAddress from, to;
+        int32_t topRow;
+    };
+    grid.takeFocus();
+    // Ten rows show whole and one in part.
+    const Row rows[] = {
+        {key::down, 0, {0, 0}, {1, 0}, 0},
+        {key::down, 0, {9, 0}, {10, 0}, 1},
+        {key::up, 0, {0, 3}, {0, 3}, 0},
+        {key::right, 0, {0, 9}, {0, 9}, 0},
+        {key::left, 0, {5, 1}, {5, 0}, 0},
+        {key::home, 0, {5, 9}, {5, 0}, 0},
+        {key::end, 0, {5, 0}, {5, 9}, 0},
+        {key::pageDown, 0, {0, 2}, {10, 2}, 1},
+        {key::pageUp, 0, {500, 2}, {490, 2}, 490},
+        {key::pageUp, 0, {3, 2}, {0, 2}, 0},
+        {key::home, shift::control, {700, 9}, {0, 0}, 0},
+        {key::end, shift::control, {0, 0}, {999, 9}, 990},
+        {key::down, shift::control, {0, 4}, {999, 4}, 990},
+        {key::up, shift::control, {999, 4}, {0, 4}, 0},
+        {key::right, shift::control, {2, 4}, {2, 9}, 0},
+        {key::pageDown, shift::control, {1, 1}, {999, 1}, 990},
+    };
+    for (const Row& row : rows) {
+        grid.Select(row.from, row.from);
+        grid.show(row.from);
+        platform.pressKey(row.key, row.shift);
+        EXPECT_EQ(grid.current(), row.to) << row.key << " from " << row.from.row << ", " << row.from.col;
+        EXPECT_EQ(corner(), row.to);
+        EXPECT_EQ(grid.TopRow(), row.topRow) << row.key << " from " << row.from.row << ", " << row.from.col;
+        grid.Select(row.from, row.from);
+        platform.pressKey(row.key, static_cast<int16_t>(row.shift | shift::shift));
+        EXPECT_EQ(grid.current(), row.from) << "Shift extends";
+        EXPECT_EQ(corner(), row.to);
+    }
+}
+
+TEST_F(FlexGridTest, KeysPassOverWhatIsHidden) {
+    grid.takeFocus();
+    for (const int32_t row : {0, 3, 4, 999}) grid.SetRowHeight(row, 0);
+    for (const int32_t col : {1, 9}) grid.SetColWidth(col, 0);
+    const std::tuple<int16_t, CellAddress, CellAddress> rows[] = {
+        {key::down, {2, 0}, {5, 0}},  {key::up, {5, 0}, {2, 0}},   {key::up, {1, 0}, {1, 0}},
+        {key::right, {2, 0}, {2, 2}}, {key::left, {2, 2}, {2, 0}}, {key::end, {2, 0}, {2, 8}},
+    };
+    for (const auto& [key, from, to] : rows) {
+        grid.Select(from, from);
+        platform.pressKey(key);
+        EXPECT_EQ(grid.current(), to) << key;
+    }
+    platform.pressKey(key::end, shift::control);
+    EXPECT_EQ(grid.current(), (CellAddress{998, 8}));
+    for (int32_t row = 0; row < 1000; ++row) grid.SetRowHeight(row, 0);
+    platform.pressKey(key::down);
+    EXPECT_EQ(grid.current(), (CellAddress{998, 8}));
+}
+
+TEST_F(FlexGridTest, ListenersMayTakeKeysAndCells) {
+    grid.takeFocus();
+    note(grid.leavingCell, "leaving");
+    note(grid.cellEntered, "entered");
+    note(grid.selectionMoved, "selection");
+    bool takes = true;
+    connections.push_back(grid.keyWentDown.connect([&](KeyEvent& event) {
+        journal.push_back("key " + std::to_string(event.code));
+        if (takes) event.code = 0;
+    }));
+    platform.pressKey(key::down);
+    EXPECT_EQ(take(), (std::vector<std::string>{"key 40"}));
+    EXPECT_EQ(grid.Row(), 0);
+    takes = false;
+    platform.pressKey(key::down);
+    EXPECT_EQ(take(), (std::vector<std::string>{"key 40", "leaving", "entered", "selection"}));
+    platform.pressKey(key::down, shift::shift);
+    EXPECT_EQ(take(), (std::vector<std::string>{"key 40", "selection"}));
+    grid.SetRow(7);
+    grid.SetTopRow(4);
+    EXPECT_EQ(take(), std::vector<std::string>{}) << "what the host does is no news to it";
+    // The rows are gone by the time the current cell should move.
+    connections.push_back(grid.leavingCell.connect([this] { grid.SetRows(0); }));
+    platform.pressKey(key::down);
+    EXPECT_EQ(grid.Row(), -1);
+    EXPECT_EQ(take(), (std::vector<std::string>{"key 40", "leaving"}));
+}
+
+TEST_F(FlexGridTest, PressesSelectAndClick) {
+    note(grid.clicked, "click");
+    note(grid.doubleClicked, "double");
+    note(grid.cellEntered, "entered");
+    grid.SetTopRow(100);
+    press({70, 20});
+    EXPECT_EQ(grid.current(), (CellAddress{101, 1}));
+    EXPECT_TRUE(grid.hasFocus());
+    EXPECT_EQ(take(), (std::vector<std::string>{"entered", "click"}));
+    press({150, 60}, shift::shift);
+    EXPECT_EQ(grid.current(), (CellAddress{101, 1}));
+    EXPECT_EQ(corner(), (CellAddress{103, 2}));
+    EXPECT_EQ(take(), std::vector<std::string>{"click"});
+    mouse(Kind::doubleClick, {150, 60});
+    mouse(Kind::up, {150, 60});
+    EXPECT_EQ(take(), std::vector<std::string>{"double"});
+    EXPECT_EQ(grid.MouseRow(), 103);
+    EXPECT_EQ(grid.MouseCol(), 2);
+    mouse(Kind::move, {150, 190});
+    EXPECT_EQ(grid.MouseRow(), -1) << "on the scroll bar";
+    grid.SetRows(2);
+    press({70, 100});
+    EXPECT_EQ(grid.MouseRow(), -1);
+    EXPECT_EQ(take(), std::vector<std::string>{}) << "below the last row";
+    grid.setEnabled(false);
+    press({10, 5});
+    EXPECT_EQ(grid.current(), (CellAddress{1, 1})) << "brought inside, not pressed";
+}
+
+TEST_F(FlexGridTest, DraggingSelectsAndScrollsAtTheEdges) {
+    grid.SetTopRow(100);
+    mouse(Kind::down, {70, 20});
+    mouse(Kind::move, {140, 70});
+    EXPECT_EQ(grid.selection(), (CellRange{101, 1, 103, 2}));
+    EXPECT_EQ(grid.TopRow(), 100);
+    mouse(Kind::move, {140, 190});
+    pass(500);
+    EXPECT_EQ(grid.TopRow(), 110);
+    EXPECT_EQ(corner().row, 120) << "the row at the edge, in part";
+    mouse(Kind::move, {140, 100});
+    pass(500);
+    EXPECT_EQ(grid.TopRow(), 110) << "inside nothing scrolls";
+    mouse(Kind::move, {140, -1000});
+    pass(1000);
+    EXPECT_EQ(grid.TopRow(), 0) << "farther away it is faster";
+    EXPECT_EQ(grid.selection(), (CellRange{0, 1, 101, 2}));
+    mouse(Kind::move, {500, 5});
+    pass(2000);
+    EXPECT_EQ(corner(), (CellAddress{0, 9}));
+    mouse(Kind::up, {500, 5});
+    pass(1000);
+    EXPECT_EQ(grid.current(), (CellAddress{101, 1}));
+    EXPECT_EQ(platform.capture(), 0u);
+}
+
+TEST_F(FlexGridTest, BordersAreDraggedAndFitTheirColumn) {
+    std::vector<int32_t> resized;
+    connections.push_back(grid.columnResized.connect([&](int32_t col) { resized.push_back(col); }));
+    mouse(Kind::move, {66, 30});
+    EXPECT_EQ(peer().cursor(), Cursor::sizeColumn) << "from the right too";
+    mouse(Kind::move, {70, 30});
+    EXPECT_EQ(peer().cursor(), Cursor::arrow);
+    mouse(Kind::down, {62, 30});
+    mouse(Kind::move, {92, 30});
+    EXPECT_EQ(grid.ColWidth(0), 94 * 15);
+    mouse(Kind::move, {-200, 30});
+    EXPECT_EQ(grid.ColWidth(0), 8 * 15) << "something of it stays";
+    mouse(Kind::up, {-200, 30});
+    EXPECT_EQ(grid.current(), (CellAddress{0, 0})) << "no cell was pressed";
+    EXPECT_EQ(resized, (std::vector<int32_t>{0, 0}));
+
+    // Only what shows is measured: ten units of six pixels (half of 11 and 1), in a bold cell as in others.
+    grid.change([](GridModel& model) {
+        model.setText({3, 0}, u"0123456789");
+        model.setText({900, 0}, Text(100, u'w'));
+    });
+    mouse(Kind::doubleClick, {7, 30});
+    EXPECT_EQ(grid.ColWidth(0), (60 + 2 * 3 + 1) * 15);
+    grid.SetAllowUserResizing(false);
+    mouse(Kind::doubleClick, {66, 30});
+    EXPECT_EQ(resized.size(), 3u);
+}
+
+TEST_F(FlexGridTest, TheWheelScrollsByLinesAndFineOnesByPixels) {
+    wheel(-120);
+    EXPECT_EQ(grid.TopRow(), 3);
+    wheel(240);
+    EXPECT_EQ(grid.TopRow(), 0);
+    for (int count = 0; count < 12; ++count) wheel(-10);
+    EXPECT_EQ(grid.view().offset().y, 3 * 18) << "a notch in small steps goes as far";
+    wheel(-10);
+    EXPECT_EQ(grid.view().offset().y, 3 * 18 + 4);
+    wheel(120, true);
+    EXPECT_EQ(grid.view().offset().x, 3 * 32);
+    wheel(120, false, shift::shift);
+    EXPECT_EQ(grid.view().offset().x, 0);
+    grid.SetRows(5);
+    wheel(-120);
+    EXPECT_EQ(grid.TopRow(), 0);
+    EXPECT_FALSE(grid.wheel({-120, false, 0, {50, 50}})) << "the host may scroll instead";
+    EXPECT_FALSE(grid.wheel({-120, true, shift::control, {50, 50}}));
+}
+
+TEST_F(FlexGridTest, ScrollBarsReachEveryRow) {
+    mouse(Kind::down, {290, 20});
+    mouse(Kind::move, {290, 500});
+    mouse(Kind::up, {290, 500});
+    EXPECT_EQ(grid.TopRow(), 990);
+    EXPECT_EQ(grid.view().rowAt(180), -1) << "the last row shows whole, and nothing is below it";
+    press({290, 8});
+    EXPECT_EQ(grid.TopRow(), 989);
+    press({290, 30});
+    EXPECT_EQ(grid.TopRow(), 979);
+    // One that is higher than the view is gone through.
+    grid.SetRowHeight(0, 60000);
+    grid.SetTopRow(0);
+    press({290, 175});
+    EXPECT_EQ(grid.view().offset().y, 18);
+    grid.SetRows(1);
+    grid.SetTopRow(0);
+    mouse(Kind::down, {290, 20});
+    mouse(Kind::move, {290, 500});
+    mouse(Kind::up, {290, 500});
+    EXPECT_EQ(grid.view().offset().y, 4000 - 183);
+}
+
+TEST_F(FlexGridTest, CopiesTheSelectionForOtherPrograms) {
+    grid.takeFocus();
+    grid.change([](GridModel& model) {
+        model.setText({1, 1}, u"a");
+        model.setText({1, 2}, u"b\tc");
+        model.setText({2, 1}, u"say \"x\"\r\ny");
+    });
+    grid.Select({2, 2}, {1, 1});
+    platform.pressKey('C', shift::control);
+    EXPECT_EQ(platform.clipboard(), u"a\t\"b\tc\"\r\n\"say \"\"x\"\"\r\ny\"\t\r\n");
+    grid.SetRow(1);
+    platform.pressKey(key::insert, shift::control);
+    EXPECT_EQ(platform.clipboard(), u"\"b\tc\"\r\n");
+}
+
+TEST_F(FlexGridTest, RefusesWhatIsOutOfRange) {
+    grid.Select({4, 4}, {5, 5});
+    for (const int32_t row : {-1, 1000, INT32_MAX}) {
+        EXPECT_FALSE(grid.SetRow(row));
+        EXPECT_FALSE(grid.SetRowSel(row));
+        EXPECT_FALSE(grid.SetTopRow(row));
+        EXPECT_FALSE(grid.RemoveItem(row));
+    }
+    for (const int32_t col : {-1, 10, INT32_MIN}) {
+        EXPECT_FALSE(grid.SetCol(col));
+        EXPECT_FALSE(grid.SetColSel(col));
+        EXPECT_FALSE(grid.SetLeftCol(col));
+        EXPECT_FALSE(grid.SetColAlignment(col, 1));
+    }
+    for (const int32_t number : {-1, 10}) {
+        EXPECT_FALSE(grid.SetCellAlignment(number));
+        EXPECT_FALSE(grid.SetCellPictureAlignment(number));
+        EXPECT_FALSE(grid.SetHighLight(number));
+        EXPECT_FALSE(grid.Sort(number));
+    }
+    EXPECT_FALSE(grid.SetCellFontName(u""));
+    EXPECT_FALSE(grid.SetCellFontSize(0));
+    EXPECT_EQ(grid.selection(), (CellRange{4, 4, 5, 5}));
+    EXPECT_EQ(grid.model().styleCount(), 0u);
+}
+
+TEST_F(FlexGridTest, RowsMayAllGoAndComeBack) {
+    grid.SetCol(3);
+    EXPECT_TRUE(grid.SetRows(0));
+    EXPECT_EQ(grid.Row(), -1);
+    EXPECT_EQ(grid.TopRow(), -1);
+    EXPECT_FALSE(grid.SetText(u"x"));
+    EXPECT_FALSE(grid.SetCellBackColor(Rgb{1}));
+    EXPECT_FALSE(grid.Sort(1));
+    EXPECT_TRUE(grid.SetCol(4));
+    grid.takeFocus();
+    platform.pressKey(key::down);
+    platform.pressKey('C', shift::control);
+    press({10, 10});
+    peer().paint();
+    EXPECT_TRUE(grid.AddItem(u"a\tb"));
+    EXPECT_EQ(grid.current(), (CellAddress{0, 4}));
+    EXPECT_EQ(corner(), (CellAddress{0, 4}));
+    EXPECT_TRUE(grid.AddItem(u"first", 0));
+    EXPECT_EQ(grid.Row(), 0);
+    grid.SetRow(1);
+    EXPECT_TRUE(grid.RemoveItem(1));
+    EXPECT_EQ(grid.Row(), 0);
+}
+
+TEST_F(FlexGridTest, PlacesOfTheCurrentCellFollowTheScrolling) {
+    grid.Select({12, 2}, {12, 2});
+    EXPECT_EQ(grid.cellPlace(), (TwipsRect{{128 * 15}, {12 * 270}, {960}, {270}}));
+    grid.SetTopRow(10);
+    grid.SetLeftCol(1);
+    EXPECT_EQ(grid.cellPlace(), (TwipsRect{{960}, {540}, {960}, {270}}));
+    platform.setDpi(surface.peer()->window(), Dpi(144));
+    EXPECT_EQ(grid.cellPlace().width, Twips{960});
+    EXPECT_EQ(grid.view().rect(grid.current()).width(), 96);
+}
+
+// What a change makes the window paint anew, and what it moves.
+TEST_F(FlexGridTest, OnlyWhatChangesIsPaintedAnew) {
+    const PixelRect none{};
+    const std::tuple<const char*, std::function<void()>, PixelRect> changes[] = {
+        {"a text", [&] { grid.SetText(u"x"); }, {64, 36, 128, 54}},
+        {"a text out of sight", [&] { grid.change([](GridModel&) {}); }, {0, 0, 300, 200}},
+        {"another current cell", [&] { grid.SetCol(2); }, {64, 36, 192, 54}},
+        {"a row that comes", [&] { grid.AddItem(u"y", 4); }, {0, 72, 283, 183}},
+        {"a row below", [&] { grid.AddItem(u"y", 400); }, none},
+        {"a column's width", [&] { grid.SetColWidth(3, 975); }, {192, 0, 283, 183}},
+        {"one row up", [&] { grid.SetTopRow(1); }, {0, 165, 283, 183}},
+        {"suspended", [&] { grid.SetRedraw(false), grid.SetText(u"z"), grid.SetRow(9), grid.SetTopRow(3); },
+         none},
+        {"resumed", [&] { grid.SetRedraw(true); }, {0, 0, 300, 200}},
+    };
+    grid.Select({2, 1}, {2, 1});
+    peer().paint();
+    for (const auto& [name, change, expected] : changes) {
+        change();
+        const PixelRect invalid = peer().invalid();
+        if (expected.empty())
+            EXPECT_TRUE(invalid.empty()) << name;
+        else
+            EXPECT_EQ(invalid.intersected({0, 0, 283, 183}), expected.intersected({0, 0, 283, 183})) << name;
+        peer().paint();
+    }
+}
+
+// Every change, painted bit by bit as the window asks for it, looks as if all had been painted at once.
+TEST_F(FlexGridTest, PaintingBitByBitGivesTheWholePicture) {
+    std::mt19937 random(11);
+    const auto below = [&random](int32_t limit) {
+        return static_cast<int32_t>(random() % static_cast<uint32_t>(limit));
+    };
+    const PixelSize size{200, 130};
+    peer().setBounds({0, 0, 200, 130});
+    grid.move({{0}, {0}, {3000}, {1950}});
+    const Dpi dpi(96);
+    const auto paint = [&](PixelCanvas& canvas, const PixelRect& dirty) {
+        peer().surfaceClient().paint(canvas, dirty);
+    };
+    PixelCanvas screen(dpi, size);
+    paint(screen, {0, 0, 200, 130});
+    peer().takeScrolled();
+    const PictureRef picture = std::make_shared<SharedPicture>(PixelSize{9, 9}, std::vector<uint32_t>(81));
+    const std::function<void()> changes[] = {
+        [&] { grid.SetText(decimalText(below(100))); },
+        [&] { grid.SetCellBackColor(Rgb{static_cast<uint32_t>(below(3) * 100)}); },
+        [&] { grid.SetCellFontBold(below(2) == 0); },
+        [&] { grid.SetCellPicture(below(2) == 0 ? picture : nullptr); },
+        [&] {
+            const CellAddress at{grid.TopRow() + below(6), below(grid.Cols())};
+            grid.Select(at, below(2) == 0 ? at : CellAddress{below(grid.Rows()), below(grid.Cols())});
+        },
+        [&] { grid.AddItem(u"new\ttexts", below(grid.Rows() + 1)); },
+        [&] { grid.RemoveItem(grid.TopRow() + below(5)); },
+        [&] { grid.SetRows(grid.Rows() > 15 ? below(15) + 1 : 40 + below(1000)); },
+        [&] { grid.SetCols(1 + below(12)); },
+        [&] { grid.SetColWidth(below(grid.Cols()), below(3) == 0 ? 0 : below(2500)); },
+        [&] { grid.SetRowHeight(below(grid.Rows()), below(4) == 0 ? 0 : below(900)); },
+        [&] { grid.SetTopRow(below(grid.Rows())); },
+        [&] { grid.SetLeftCol(below(grid.Cols())); },
+        [&] { wheel(below(100) - 50, below(2) == 0); },
+        [&] { wheel(below(2) == 0 ? 120 : -120); },
+        [&] {
+            platform.pressKey(static_cast<int16_t>(key::pageUp + below(8)), static_cast<int16_t>(below(4)));
+        },
+        [&] {
+            mouse(static_cast<Kind>(below(3)), {below(200), below(130)}, static_cast<int16_t>(below(2)));
+        },
+        [&] { platform.setFocus(below(2) == 0 ? surface.peer()->window() : 0); },
+        [&] { grid.Clear(); },
+        [&] { grid.Sort(1 + below(2)); },
+        [&] { pass(below(200)); },
+        [&] { grid.SetRedraw(below(3) != 0); },
+        [&] { grid.SetHighLight(below(3)); },
+    };
+    for (int step = 0; step < 2000; ++step) {
+        const int32_t change = below(static_cast<int32_t>(std::size(changes)));
+        changes[change]();
+        // Later scrolling moves what waits to be painted along.
+        if (below(3) == 0 && grid.Redraw()) continue;
+        for (const auto& moved : peer().takeScrolled()) screen.scroll(moved.rect, moved.x, moved.y);
+        if (const PixelRect dirty = peer().invalid().intersected({0, 0, 200, 130}); !dirty.empty())
+            paint(screen, dirty);
+        peer().paint();
+        if (!grid.Redraw()) continue;
+        PixelCanvas whole(dpi, size);
+        paint(whole, {0, 0, 200, 130});
+        ASSERT_EQ(screen.difference(whole), (PixelPoint{-1, -1})) << "step " << step << ", change " << change;
+    }
+}
+
+TEST_F(FlexGridTest, PaintingCostsWhatShows) {
+    const auto drawn = [this] { return std::move(peer().paint()).items().size(); };
+    const size_t usual = drawn();
+    grid.SetRows(INT32_MAX);
+    grid.SetTopRow(INT32_MAX / 2);
+    peer().invalidate({0, 0, 300, 200});
+    EXPECT_LE(drawn(), usual + 2);
+    // All but a few rows in sight are hidden.
+    grid.SetRows(20000);
+    for (int32_t row = 0; row < grid.Rows(); ++row) grid.SetRowHeight(row, row % 1999 == 0 ? 270 : 0);
+    grid.SetTopRow(0);
+    peer().invalidate({0, 0, 300, 200});
+    EXPECT_LE(drawn(), usual + 2);
+    EXPECT_EQ(grid.view().rowAt(20), 1999);
+}
+
+TEST_F(FlexGridTest, CellsLookAsTheyWereTold) {
+    const auto item = [this](PixelPoint at, DrawnItem::Kind kind) -> std::optional<DrawnItem> {
+        peer().invalidate({0, 0, 300, 200});
+        std::optional<DrawnItem> found;
+        for (const DrawnItem& drawn : std::move(peer().paint()).items()) {
+            if (drawn.kind == kind && drawn.rect.contains(at)) found = drawn;
+        }
+        return found;
+    };
+    grid.Select({1, 1}, {1, 1});
+    grid.SetText(u"text");
+    grid.SetCellBackColor(Rgb::of(255, 0, 0));
+    grid.SetCellForeColor(Rgb::of(0, 0, 255));
+    grid.Select({5, 5}, {5, 5});
+    EXPECT_EQ(item({70, 24}, DrawnItem::Kind::text)->colour, Rgb::of(0, 0, 255));
+    EXPECT_EQ(item({70, 24}, DrawnItem::Kind::fill)->colour, Rgb::of(255, 0, 0));
+    EXPECT_EQ(item({127, 24}, DrawnItem::Kind::fill)->colour.value, grid.colours().lines.value);
+
+    // Selected cells, but not the current one.
+    grid.Select({1, 0}, {1, 1});
+    EXPECT_EQ(item({70, 24}, DrawnItem::Kind::fill)->colour, Rgb::of(0, 120, 215));
+    EXPECT_EQ(item({70, 24}, DrawnItem::Kind::text)->colour, Rgb::of(255, 255, 255));
+    EXPECT_EQ(item({20, 24}, DrawnItem::Kind::fill)->colour, Rgb::of(255, 255, 255));
+    grid.SetHighLight(0);
+    EXPECT_EQ(item({70, 24}, DrawnItem::Kind::fill)->colour, Rgb::of(255, 0, 0));
+
+    platform.appearance().setHighContrast(true);
+    EXPECT_EQ(item({70, 24}, DrawnItem::Kind::fill)->colour, Rgb::of(255, 255, 255));
+    EXPECT_EQ(item({70, 24}, DrawnItem::Kind::text)->colour, Rgb::of(0, 0, 0));
+    platform.appearance().setHighContrast(false);
+
+    // A check mark is drawn, whatever fonts there are.
+    grid.Select({2, 2}, {2, 2});
+    grid.SetText(u"a");
+    grid.SetCellFontName(u"Webdings");
+    EXPECT_FALSE(item({138, 45}, DrawnItem::Kind::text));
+    EXPECT_TRUE(item({138, 45}, DrawnItem::Kind::polygon));
+    grid.SetText(u"b");
+    EXPECT_TRUE(item({138, 45}, DrawnItem::Kind::text));
+    // A text stands beside its picture.
+    grid.SetCellPicture(std::make_shared<SharedPicture>(PixelSize{16, 16}, std::vector<uint32_t>(256)));
+    EXPECT_EQ(item({130, 45}, DrawnItem::Kind::picture)->rect, (PixelRect{128, 36, 144, 52}));
+    EXPECT_EQ(item({150, 45}, DrawnItem::Kind::text)->rect.left, 128 + 16 + 3);
+}
+
+TEST_F(FlexGridTest, TheKeyboardComesBackFromAField) {
+    TextBox field(root);
+    field.move({{0}, {0}, {900}, {270}});
+    surface.close();
+    EXPECT_TRUE(surface.open({SurfacePlacement::Kind::control, 1000, {0, 0, 300, 200}}));
+    note(grid.focusCame, "came");
+    note(grid.focusWent, "went");
+    EXPECT_TRUE(grid.takeFocus());
+    EXPECT_TRUE(field.takeFocus());
+    EXPECT_FALSE(grid.hasFocus());
+    EXPECT_EQ(take(), (std::vector<std::string>{"came", "went"}));
+    platform.pressKey(key::down);
+    EXPECT_EQ(grid.Row(), 0) << "the field's keys are its own";
+    field.setVisible(false);
+    EXPECT_TRUE(grid.hasFocus());
+    platform.pressKey(key::down);
+    EXPECT_EQ(grid.Row(), 1);
+    platform.setFocus(0);
+    EXPECT_EQ(take(), (std::vector<std::string>{"came", "went"}));
+    // A grid that cannot have it loses it for good.
+    grid.setEnabled(false);
+    platform.setFocus(surface.peer()->window());
+    EXPECT_FALSE(grid.hasFocus());
+}
+
+TEST_F(FlexGridTest, WorksWithoutAWindow) {
+    surface.close();
+    grid.SetTopRow(500);
+    EXPECT_EQ(grid.TopRow(), 500);
+    grid.Select({500, 0}, {500, 0});
+    EXPECT_EQ(grid.cellPlace().top, Twips{0});
+    EXPECT_FALSE(grid.takeFocus());
+    EXPECT_TRUE(surface.open({SurfacePlacement::Kind::control, 1000, {0, 0, 300, 200}}));
+    EXPECT_EQ(grid.TopRow(), 500);
+    grid.SetRows(3);
+    EXPECT_EQ(grid.TopRow(), 0);
+}
+
+}  // namespace
+}  // namespace obk::test

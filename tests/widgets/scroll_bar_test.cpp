@@ -1,0 +1,129 @@
+#include "widgets/scroll_bar.h"
+
+#include "platform/headless/headless_platform.h"
+#include "platform/headless/headless_windows.h"
+#include "widgets/surface.h"
+
+#include <gtest/gtest.h>
+
+namespace obk::test {
+namespace {
+
+using Kind = MouseEvent::Kind;
+using Step = ScrollBar::Step;
+
+TEST(ScrollThumb, StandsForItsPlaceAtAnySize) {
+    constexpr int64_t huge = int64_t{1} << 50;
+    for (const ScrollRange& range : {ScrollRange{100, 10, 45}, ScrollRange{101, 100, 1},
+                                     ScrollRange{huge, 600, huge / 3}, ScrollRange{2, 1, 1}}) {
+        for (const int32_t track : {13, 100, 1777}) {
+            const ScrollThumb thumb = ScrollThumb::on(track, 12, range);
+            EXPECT_GE(thumb.end - thumb.first, 12);
+            EXPECT_GE(thumb.first, 0);
+            EXPECT_LE(thumb.end, track);
+            const int32_t room = track - (thumb.end - thumb.first);
+            EXPECT_EQ(thumb.positionAt(0, track, range), 0);
+            EXPECT_EQ(thumb.positionAt(room, track, range), room == 0 ? 0 : range.last());
+            EXPECT_EQ(thumb.positionAt(room + 500, track, range), room == 0 ? 0 : range.last());
+            // Where the thumb is, it stands for its position to the pixel.
+            ScrollRange again = range;
+            again.position = thumb.positionAt(thumb.first, track, range);
+            EXPECT_EQ(ScrollThumb::on(track, 12, again), thumb);
+        }
+    }
+    EXPECT_TRUE(ScrollThumb::on(100, 12, {50, 50, 0}).empty());
+    EXPECT_TRUE(ScrollThumb::on(12, 12, {100, 10, 0}).empty());
+}
+
+// A vertical bar of 17 x 134 pixels: arrows of 17, a track of 100, a thumb of 20 for 100 lines of which 20
+// show.
+class ScrollBarTest : public testing::Test, protected SurfaceOwner {
+protected:
+    ScrollBarTest() {
+        root.move({{0}, {0}, {1500}, {2010}});
+        bar.move({{0}, {0}, {255}, {2010}});
+        bar.setRange({100, 20, 0});
+        EXPECT_TRUE(surface.open({SurfacePlacement::Kind::control, 1000, {0, 0, 100, 134}}));
+    }
+    KeyRoute route(const KeyEvent&) override { return KeyRoute::child; }
+    bool offerToContainer(const KeyEvent&) override { return false; }
+    void focusEntered() override {}
+    void focusLeft() override {}
+    void surfaceCaptureLost() override {}
+    void surfaceChanged() override {}
+    AccessibleItem describeSurface() const override { return {}; }
+
+    void mouse(Kind kind, PixelPoint at) { platform.mouse(surface.peer()->window(), {kind, 1, 0, at}); }
+    void pass(int milliseconds) { platform.advance(std::chrono::milliseconds(milliseconds)); }
+
+    headless::HeadlessPlatform platform;
+    Container root{platform, [] { return std::make_shared<int>(0); }};
+    Surface surface{root, *this};
+    ScrollBar bar{root, ScrollBar::Direction::vertical};
+    Connection steps = bar.stepped.connect([this](Step step) {
+        constexpr int64_t by[] = {-1, 1, -20, 20};
+        bar.setRange({100, 20, bar.range().position + by[static_cast<int>(step)]});
+    });
+    Connection drags = bar.dragged.connect([this](int64_t to) { bar.setRange({100, 20, to}); });
+};
+
+TEST_F(ScrollBarTest, ArrowsStepAndRepeatWhileTheMouseIsOnThem) {
+    mouse(Kind::down, {8, 130});
+    EXPECT_EQ(bar.range().position, 1);
+    pass(499);
+    EXPECT_EQ(bar.range().position, 1);
+    pass(101);
+    EXPECT_EQ(bar.range().position, 4);
+    mouse(Kind::move, {50, 130});
+    pass(500);
+    EXPECT_EQ(bar.range().position, 4) << "beside it nothing steps";
+    mouse(Kind::move, {8, 130});
+    pass(50);
+    EXPECT_EQ(bar.range().position, 5);
+    mouse(Kind::up, {8, 130});
+    pass(1000);
+    EXPECT_EQ(bar.range().position, 5);
+    mouse(Kind::down, {8, 3});
+    mouse(Kind::up, {8, 3});
+    mouse(Kind::doubleClick, {8, 3});
+    EXPECT_EQ(bar.range().position, 3) << "each press of a quick pair";
+}
+
+TEST_F(ScrollBarTest, PagesEndWhereTheThumbMeetsTheMouse) {
+    mouse(Kind::down, {8, 80});
+    pass(5000);
+    EXPECT_EQ(bar.range().position, 60);
+    mouse(Kind::up, {8, 80});
+    mouse(Kind::down, {8, 20});
+    EXPECT_EQ(bar.range().position, 40);
+    platform.stealCapture();
+    pass(5000);
+    EXPECT_EQ(bar.range().position, 40);
+}
+
+TEST_F(ScrollBarTest, TheThumbIsDraggedByWhereItWasGrippedAndTakenBackFarAway) {
+    mouse(Kind::down, {8, 27});
+    mouse(Kind::move, {8, 67});
+    EXPECT_EQ(bar.range().position, 40);
+    mouse(Kind::move, {17 + 149, 500});
+    EXPECT_EQ(bar.range().position, 80) << "beyond the end it is at the end";
+    mouse(Kind::move, {17 + 150, 500});
+    EXPECT_EQ(bar.range().position, 0) << "too far beside it";
+    mouse(Kind::move, {8, 37});
+    mouse(Kind::up, {8, 37});
+    mouse(Kind::move, {8, 90});
+    EXPECT_EQ(bar.range().position, 10);
+}
+
+TEST_F(ScrollBarTest, WithoutAnythingToScrollThereIsNoThumb) {
+    bar.setRange({20, 20, 0});
+    platform.surface(surface.peer()->window())->paint();
+    bar.setRange({20, 30, 5});
+    EXPECT_EQ(bar.range().position, 0);
+    EXPECT_TRUE(platform.surface(surface.peer()->window())->invalid().empty()) << "nothing looks otherwise";
+    mouse(Kind::down, {8, 60});
+    EXPECT_EQ(bar.range().position, 0);
+}
+
+}  // namespace
+}  // namespace obk::test
