@@ -2,7 +2,8 @@
 // they warrant, and what was loaded is saved and loads again.
 #include "fuzz_values.h"
 #include "grid/grid_file_rows.h"
-#include "platform/headless/headless_platform.h"
+#include "platform/headless/headless_machine.h"
+#include "platform/headless/memory_file_system.h"
 
 #include <algorithm>
 #include <string_view>
@@ -13,11 +14,13 @@ namespace {
 
 const TextView path = u"fuzzed";
 
+// A file in a grid.
 class Loaded {
 public:
-    Loaded(headless::HeadlessPlatform& platform, const ColumnTypes& types) : grid(0, 3, Dpi(96)) {
-        BusySign busy(platform.clock(), [](bool) {});
-        GridFileReader file(platform.files(), path, busy);
+    Loaded(headless::MemoryFileSystem& files, const ColumnTypes& types) : grid(0, 3, Dpi(96)) {
+        headless::ManualClock clock;
+        BusySign busy(clock, [](bool) {});
+        GridFileReader file(files, path, busy);
         const GridFileHeader header = file.header();
         if (header.cols) grid.setCols(*header.cols);
         readRows(grid, file, types);
@@ -41,9 +44,10 @@ public:
     Text caption;
 };
 
-void save(headless::HeadlessPlatform& platform, const Loaded& loaded) {
-    BusySign busy(platform.clock(), [](bool) {});
-    GridFileWriter file(platform.files(), path, busy);
+void save(headless::MemoryFileSystem& files, const Loaded& loaded) {
+    headless::ManualClock clock;
+    BusySign busy(clock, [](bool) {});
+    GridFileWriter file(files, path, busy);
     file.writeHeader(loaded.grid.cols(), loaded.caption);
     writeRows(loaded.grid, file);
     require(file.close(), "a grid can be saved");
@@ -56,11 +60,11 @@ void run(const uint8_t* data, size_t size) {
     const size_t longestRead = 1 + data[1] % 16;
     const std::string bytes(reinterpret_cast<const char*>(data) + 2, size - 2);
 
-    headless::HeadlessPlatform platform;
-    platform.files().put(path, bytes);
-    const Loaded whole(platform, types);
-    platform.files().setLongestRead(longestRead);
-    require(Loaded(platform, types) == whole, "pieces make the same grid as the whole");
+    headless::MemoryFileSystem files;
+    files.put(path, bytes);
+    const Loaded whole(files, types);
+    files.setLongestRead(longestRead);
+    require(Loaded(files, types) == whole, "pieces make the same grid as the whole");
 
     require(static_cast<size_t>(whole.grid.rows()) <= bytes.size(), "every row takes a byte at least");
     bool quoted = false;
@@ -68,8 +72,8 @@ void run(const uint8_t* data, size_t size) {
         quoted = quoted || text.find(u'"') != TextView::npos;
         require(text.size() <= bytes.size() + 2, "no text is longer than the file and its padding");
     });
-    save(platform, whole);
-    const Loaded again(platform, types);
+    save(files, whole);
+    const Loaded again(files, types);
     if (quoted || whole.caption.find(u'"') != Text::npos) return;
     require(again.grid.rows() == whole.grid.rows() && again.grid.cols() == whole.grid.cols(),
             "what was saved has as many cells");

@@ -1,6 +1,7 @@
 #include "library/library.h"
 
 #include "datecalendar/date_calendar.h"
+#include "grid/grid_check.h"
 #include "pagetab/lns.h"
 #include "palette/button_arrow.h"
 #include "palette/button_palette.h"
@@ -17,7 +18,7 @@ const Library& library() {
         1,
         0,
         {&UpDownTextBox::memberTable(), &DateCalendar::memberTable(), &ButtonPalette::memberTable(),
-         &ButtonArrow::memberTable(), &lns::memberTable()},
+         &ButtonArrow::memberTable(), &lns::memberTable(), &GridCheck::memberTable()},
         {&buttonTypes(), &palettes()},
     };
     return library;
