@@ -2,7 +2,9 @@
 # like are built without it.
 
 add_library(obk_warnings INTERFACE)
-target_compile_options(obk_warnings INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion)
+target_compile_options(obk_warnings INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion
+    # Part of the line above for one compiler and not for the other.
+    $<$<CXX_COMPILER_ID:Clang>:-Wno-sign-conversion>)
 if(WIN32)
     # COM's own idioms: function pointers out of GetProcAddress. And the compiler takes the platform's own
     # intrinsic for the thread block, which reads at an offset from a segment, for an access to an empty array.

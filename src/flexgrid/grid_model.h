@@ -62,6 +62,8 @@ public:
     }
     // Refused for a font size that is none (0 or less, more than `largestFont`) and for an empty font name.
     bool setStyle(CellAddress cell, const CellStyle& style);
+    // For rows that come with their styles; refuses nothing.
+    StyleRef sharedStyle(const CellStyle& style) { return styles_.shared(style); }
     // One attribute of a cell's style: setAttribute<&CellStyle::bold>(cell, true). Refused as by setStyle().
     template <auto Attribute, typename Setting>
     bool setAttribute(CellAddress cell, Setting&& setting) {
@@ -83,8 +85,6 @@ public:
         if constexpr (small) styles_.remember(transition, style(cell));
         return true;
     }
-    // For rows that come with their styles; refuses nothing.
-    StyleRef sharedStyle(const CellStyle& style) { return styles_.shared(style); }
     // How many different styles the cells have.
     size_t styleCount() const { return styles_.size(); }
     // How the cell's text stands: as the cell says, else as the column says; never `general`.

@@ -1,5 +1,8 @@
 #include "flexgrid/grid_painter.h"
 
+#include "widgets/drawing.h"
+
+#include <algorithm>
 #include <array>
 
 namespace obk {
@@ -35,20 +38,13 @@ PixelRect placed(PixelSize size, const PixelRect& rect, Placement placement) {
 
 // In this font the letter stands for a check mark; drawn, it is there and sharp without the font too.
 bool isCheckMark(const CellStyle& style, TextView text) {
-    return text == u"a" && style.fontName && equalIgnoringCase(*style.fontName, checkFont);
+    return trimmed(text) == u"a" && style.fontName && equalIgnoringCase(*style.fontName, checkFont);
 }
 
-void drawCheckMark(Canvas& canvas, const PixelRect& rect, double points, Placement placement, Rgb colour) {
+PixelRect checkMarkPlace(const Canvas& canvas, const PixelRect& rect, double points, Placement placement) {
     const int32_t em = canvas.dpi().toPixels(Twips{points * 20});
-    const int32_t size = std::min({em, rect.width(), rect.height()});
-    if (size <= 0) return;
-    const PixelRect box = placed({size, size}, rect, placement);
-    constexpr int32_t whole = 16;
-    constexpr std::array<PixelPoint, 6> shape{{{2, 8}, {4, 6}, {7, 9}, {12, 3}, {14, 5}, {7, 13}}};
-    std::array<PixelPoint, shape.size()> points16;
-    for (size_t at = 0; at < shape.size(); ++at)
-        points16[at] = {box.left + shape[at].x * size / whole, box.top + shape[at].y * size / whole};
-    canvas.fillPolygon(points16, colour);
+    const int32_t size = std::max(0, std::min({em, rect.width(), rect.height()}));
+    return placed({size, size}, rect, placement);
 }
 
 }  // namespace
@@ -162,7 +158,7 @@ void GridPainter::paintCell(CellAddress cell, const PixelRect& rect) {
                        : look_.ownColours && style->foreColour ? look_.rgb(*style->foreColour)
                                                                : look_.fore;
     if (isCheckMark(*style, text)) {
-        drawCheckMark(canvas_, content, textStyle(*style).font.size, at, colour);
+        drawCheckMark(canvas_, checkMarkPlace(canvas_, content, textStyle(*style).font.size, at), colour);
         return;
     }
     textStyle(*style);

@@ -195,6 +195,12 @@ public:
         return *this;
     }
 
+    // For other controls to host; nobody else can create it.
+    TableBuilder& hostedOnly() {
+        table_.isPrivate = true;
+        return *this;
+    }
+
     template <auto Getter, auto Setter>
     TableBuilder& property(int32_t number, TextView name, TextView help,
                            const Enumeration* enumeration = nullptr) {

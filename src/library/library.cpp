@@ -1,6 +1,7 @@
 #include "library/library.h"
 
 #include "datecalendar/date_calendar.h"
+#include "grid/grid_check.h"
 #include "grid/grid_edit.h"
 #include "pagetab/lns.h"
 #include "pagetab/page_tab.h"
@@ -19,7 +20,8 @@ const Library& library() {
         1,
         0,
         {&UpDownTextBox::memberTable(), &DateCalendar::memberTable(), &ButtonPalette::memberTable(),
-         &ButtonArrow::memberTable(), &GridEdit::memberTable(), &PageTab::memberTable(), &lns::memberTable()},
+         &ButtonArrow::memberTable(), &GridEdit::memberTable(), &PageTab::memberTable(), &lns::memberTable(),
+         &GridCheck::memberTable()},
         {&buttonTypes(), &palettes()},
     };
     return library;

@@ -1,6 +1,7 @@
 #include "widgets/drawing.h"
 
 #include <algorithm>
+#include <array>
 
 namespace obk {
 
@@ -22,6 +23,17 @@ void drawArrow(Canvas& canvas, const PixelRect& rect, ArrowDirection direction, 
         else
             canvas.fillRect({at, middle - half, at + 1, middle + half + 1}, colour);
     }
+}
+
+void drawCheckMark(Canvas& canvas, const PixelRect& square, Rgb colour) {
+    const int32_t size = square.width();
+    if (size <= 0) return;
+    constexpr int32_t whole = 16;
+    constexpr std::array<PixelPoint, 6> shape{{{2, 8}, {4, 6}, {7, 9}, {12, 3}, {14, 5}, {7, 13}}};
+    std::array<PixelPoint, shape.size()> points;
+    for (size_t at = 0; at < shape.size(); ++at)
+        points[at] = {square.left + shape[at].x * size / whole, square.top + shape[at].y * size / whole};
+    canvas.fillPolygon(points, colour);
 }
 
 Rgb mixed(Rgb first, Rgb second, int32_t share) {

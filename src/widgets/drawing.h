@@ -12,6 +12,9 @@ enum class ArrowDirection : uint8_t { up, down, left, right };
 // 96 DPI and shrinks to fit; a rectangle too small for one row stays empty.
 void drawArrow(Canvas& canvas, const PixelRect& rect, ArrowDirection direction, Rgb colour);
 
+// A check mark that fills a square, so that no font has to have it.
+void drawCheckMark(Canvas& canvas, const PixelRect& square, Rgb colour);
+
 // `share` (0 to 255) out of 255 of `first`, the rest of `second`.
 Rgb mixed(Rgb first, Rgb second, int32_t share);
 

@@ -93,6 +93,21 @@ public:
     virtual void perform(EditCommand command) = 0;
 };
 
+class CheckBoxClient : public PeerClient {
+public:
+    // A person has pressed and released the box, or the blank key on it. The mark is the client's to change.
+    virtual void checkPressed() = 0;
+
+protected:
+    ~CheckBoxClient() = default;
+};
+
+// The system's check box without a caption. Starts unchecked, enabled, visible.
+class CheckBoxPeer : public ChildPeer {
+public:
+    virtual void setChecked(bool checked) = 0;
+};
+
 // What a screen reader is told of a part that has no window of its own.
 struct AccessibleItem {
     enum class Role { client, button, staticText, separator, listItem, graphic, pageTabList, pageTab };
@@ -167,6 +182,7 @@ public:
 
     // Null when the system refuses.
     virtual std::unique_ptr<TextBoxPeer> createTextBox(TextBoxClient& client) = 0;
+    virtual std::unique_ptr<CheckBoxPeer> createCheckBox(CheckBoxClient& client) = 0;
 };
 
 }  // namespace obk

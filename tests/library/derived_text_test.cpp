@@ -112,7 +112,7 @@ TEST(ClassFacts, EveryIdentityIsUsedOnce) {
     std::set<Text> identities{guidDigits(library().id)};
     for (const Enumeration* enumeration : library().enumerations)
         EXPECT_TRUE(identities.insert(guidDigits(enumeration->id)).second) << toUtf8(enumeration->name);
-    for (const ControlTable* table : library().controls) {
+    for (const ControlTable* table : publicControls(library())) {
         for (const Guid& id : {table->classId, table->interfaceId, table->eventInterfaceId}) {
             EXPECT_NE(id, Guid()) << toUtf8(table->name);
             EXPECT_TRUE(identities.insert(guidDigits(id)).second) << toUtf8(table->name);

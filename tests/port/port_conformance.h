@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace obk::port {
 
 class PortConformance : public testing::TestWithParam<DriverFactory> {
@@ -497,6 +499,53 @@ TEST_P(PortConformance, ACapturingSurfaceHearsOfTheMouseOutsideAndOverItsChildre
 }
 
 // Surfaces
+
+TEST_P(PortConformance, ACheckBoxTellsOfPressesAndLeavesItsMarkToTheClient) {
+    openArea();
+    CheckClient client{journal, "check"};
+    const auto check = area->createCheckBox(client);
+    ASSERT_TRUE(check);
+    check->setBounds({10, 10, 40, 40}, {0, 0, 200, 120});
+    driver->settle();
+    journal.clear();
+    driver->click(*area, overFirst);
+    EXPECT_EQ(taken(),
+              (Journal{"check.focusGained", "check.mouseDown 1", "check.mouseUp 1", "check.checkPressed"}));
+    check->setChecked(true);
+    driver->key(key::space);
+    Journal byKey = taken();
+    std::erase(byKey, "check.keyPress 32");  // not every driver's blank key types
+    EXPECT_EQ(byKey,
+              (Journal{"check.preTranslate 32", "check.keyDown 32", "check.keyUp 32", "check.checkPressed"}));
+    driver->mouseMove(*area, overFirst);
+    driver->mouseDown(button::left);
+    driver->mouseMove(*area, overFree);
+    driver->mouseUp(button::left);
+    const Journal outside = taken();
+    EXPECT_EQ(std::count(outside.begin(), outside.end(), "check.checkPressed"), 0);
+    check->setEnabled(false);
+    journal.clear();
+    driver->click(*area, overFirst);
+    const Journal disabled = taken();
+    EXPECT_EQ(std::count(disabled.begin(), disabled.end(), "check.checkPressed"), 0);
+}
+
+TEST_P(PortConformance, AClientMayDestroyItsCheckBoxInEveryReport) {
+    for (const char* report : {"focusGained", "mouseDown", "mouseUp", "checkPressed", "keyDown", "keyUp"}) {
+        SCOPED_TRACE(report);
+        openArea();
+        CheckClient client{journal, "check"};
+        auto check = area->createCheckBox(client);
+        check->setBounds({10, 10, 40, 40}, {0, 0, 200, 120});
+        driver->settle();
+        client.on[report] = [&check] { check.reset(); };
+        driver->click(*area, overFirst);
+        driver->key(key::space);
+        EXPECT_FALSE(check);
+        area.reset();
+        driver->settle();
+    }
+}
 
 TEST_P(PortConformance, WhatIsInvalidIsPaintedOnceAndNothingElse) {
     openArea();

@@ -149,6 +149,12 @@ public:
     Text text;
 };
 
+class CheckClient final : public RecordingClient<CheckBoxClient> {
+public:
+    using RecordingClient::RecordingClient;
+    void checkPressed() override { said("checkPressed"); }
+};
+
 class AreaClient final : public RecordingClient<SurfaceClient> {
 public:
     using RecordingClient::RecordingClient;

@@ -147,6 +147,7 @@ void HeadlessPlatform::keyUp(int16_t code, int16_t shift) {
     if (!alive) return;
     const NativeWindow id = last->id();
     last->client().keyUp(release);
+    if (release.code != 0 && find(id) == last) last->keyUpEffect(release);
     if (release.code == key::menu && find(id) == last) last->client().contextMenu(std::nullopt);
 }
 
@@ -188,6 +189,7 @@ void HeadlessPlatform::mouse(NativeWindow surfaceWindow, const MouseEvent& event
         child->canTakeFocus())
         setFocus(id);
     if (find(id)) receiver->client().mouse(own);
+    if (find(id) == receiver) receiver->mouseEffect(own);
     if (own.kind == MouseEvent::Kind::up && own.button == button::right && find(id))
         receiver->client().contextMenu(own.at);
 }

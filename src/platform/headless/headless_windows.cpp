@@ -129,44 +129,79 @@ HeadlessWindow* HeadlessSurface::childAt(PixelPoint point) const {
     return found == children_.rend() ? nullptr : *found;
 }
 
-HeadlessTextBox::HeadlessTextBox(HeadlessPlatform& platform, TextBoxClient& client, HeadlessSurface& parent)
-    : HeadlessWindow(platform, client, &parent), textClient_(client) {
+std::unique_ptr<CheckBoxPeer> HeadlessSurface::createCheckBox(CheckBoxClient& client) {
+    return std::make_unique<HeadlessCheckBox>(platform_, client, *this);
+}
+
+HeadlessChild::HeadlessChild(HeadlessPlatform& platform, PeerClient& client, HeadlessSurface& parent)
+    : HeadlessWindow(platform, client, &parent) {
     parent.addChild(*this);
 }
 
-HeadlessTextBox::~HeadlessTextBox() {
+HeadlessChild::~HeadlessChild() {
     if (parent_) parent_->removeChild(*this);
 }
 
-bool HeadlessTextBox::canTakeFocus() const {
+bool HeadlessChild::canTakeFocus() const {
     return HeadlessWindow::canTakeFocus() && !bounds_.intersected(clip_).empty() && parent_ &&
            parent_->canTakeFocus();
 }
 
-void HeadlessTextBox::releaseFocus() {
+void HeadlessChild::releaseFocus() {
     // As the window system does: the surface has it when a child can no longer show it.
-    if (hasFocus()) platform_.setFocus(parent_->canTakeFocus() ? parent_->id() : 0);
+    if (holdsFocus()) platform_.setFocus(parent_->canTakeFocus() ? parent_->id() : 0);
 }
 
-void HeadlessTextBox::setBounds(const PixelRect& bounds, const PixelRect& clip) {
+void HeadlessChild::place(const PixelRect& bounds, const PixelRect& clip) {
     bounds_ = bounds;
     clip_ = clip;
     if (bounds_.intersected(clip_).empty()) releaseFocus();
 }
 
-void HeadlessTextBox::setVisible(bool visible) {
+void HeadlessChild::show(bool visible) {
     visible_ = visible;
     if (!visible) releaseFocus();
 }
 
-void HeadlessTextBox::setEnabled(bool enabled) {
+void HeadlessChild::enable(bool enabled) {
     enabled_ = enabled;
-    if (!enabled && hasFocus()) platform_.setFocus(0);
+    if (!enabled && holdsFocus()) platform_.setFocus(0);
 }
 
-void HeadlessTextBox::focus() {
+void HeadlessChild::takeFocus() {
     if (canTakeFocus()) platform_.setFocus(id());
 }
+
+HeadlessCheckBox::HeadlessCheckBox(HeadlessPlatform& platform, CheckBoxClient& client,
+                                   HeadlessSurface& parent)
+    : HeadlessChildPeer(platform, client, parent), checkClient_(client) {}
+
+void HeadlessCheckBox::keyEffect(const KeyEvent& event) {
+    if (event.code == key::space) pressed_ = true;
+}
+
+void HeadlessCheckBox::keyUpEffect(const KeyEvent& event) {
+    if (event.code == key::space) release(true);
+}
+
+void HeadlessCheckBox::mouseEffect(const MouseEvent& event) {
+    using Kind = MouseEvent::Kind;
+    if (event.kind == Kind::move && (event.button & button::left) == 0) pressed_ = false;
+    if (event.button != button::left) return;
+    if (event.kind == Kind::down || event.kind == Kind::doubleClick)
+        pressed_ = true;
+    else if (event.kind == Kind::up)
+        release(PixelRect{0, 0, bounds_.width(), bounds_.height()}.contains(event.at));
+}
+
+void HeadlessCheckBox::release(bool inside) {
+    const bool told = std::exchange(pressed_, false) && inside && id() != 0;
+    if (!told) return;
+    if (const auto alive = checkClient_.keepAlive()) checkClient_.checkPressed();
+}
+
+HeadlessTextBox::HeadlessTextBox(HeadlessPlatform& platform, TextBoxClient& client, HeadlessSurface& parent)
+    : HeadlessChildPeer(platform, client, parent), textClient_(client) {}
 
 void HeadlessTextBox::setText(TextView text) {
     text_ = text;

@@ -33,6 +33,8 @@ public:
 
     // What the window itself does with a key or character that its client let through.
     virtual void keyEffect(const KeyEvent&) {}
+    virtual void keyUpEffect(const KeyEvent&) {}
+    virtual void mouseEffect(const MouseEvent&) {}
     virtual void characterEffect(char16_t) {}
 
 protected:
@@ -73,6 +75,7 @@ public:
     }
     PixelRect workArea() const override { return platform_.workAreaOf(bounds_); }
     std::unique_ptr<TextBoxPeer> createTextBox(TextBoxClient& client) override;
+    std::unique_ptr<CheckBoxPeer> createCheckBox(CheckBoxClient& client) override;
 
     // For tests: paints what is invalid and answers what was drawn.
     RecordingCanvas paint();
@@ -105,21 +108,44 @@ private:
     Cursor cursor_ = Cursor::arrow;
 };
 
-class HeadlessTextBox : public TextBoxPeer, public HeadlessWindow {
+// A child of a surface, whatever it shows.
+class HeadlessChild : public HeadlessWindow {
 public:
-    HeadlessTextBox(HeadlessPlatform& platform, TextBoxClient& client, HeadlessSurface& parent);
-    ~HeadlessTextBox() override;
+    HeadlessChild(HeadlessPlatform& platform, PeerClient& client, HeadlessSurface& parent);
+    ~HeadlessChild() override;
+
+    bool holdsFocus() const { return id() != 0 && platform_.focus() == id(); }
+    bool canTakeFocus() const override;
+    void place(const PixelRect& bounds, const PixelRect& clip);
+    void show(bool visible);
+    void enable(bool enabled);
+    void takeFocus();
+
+private:
+    void releaseFocus();
+};
+
+// The same as a peer.
+template <typename Peer>
+class HeadlessChildPeer : public Peer, public HeadlessChild {
+public:
+    using HeadlessChild::HeadlessChild;
 
     NativeWindow window() const override { return id(); }
-    void setBounds(const PixelRect& bounds, const PixelRect& clip) override;
-    void setVisible(bool visible) override;
-    void setEnabled(bool enabled) override;
+    void setBounds(const PixelRect& bounds, const PixelRect& clip) override { place(bounds, clip); }
+    void setVisible(bool visible) override { show(visible); }
+    void setEnabled(bool enabled) override { enable(enabled); }
     void setFont(const FontDescription&) override {}
     void setColours(Rgb, Rgb) override {}
     void setAccessibleName(TextView) override {}
-    void focus() override;
-    bool hasFocus() const override { return id() != 0 && platform_.focus() == id(); }
-    bool canTakeFocus() const override;
+    void focus() override { takeFocus(); }
+    bool hasFocus() const override { return holdsFocus(); }
+};
+
+class HeadlessTextBox : public HeadlessChildPeer<TextBoxPeer> {
+public:
+    HeadlessTextBox(HeadlessPlatform& platform, TextBoxClient& client, HeadlessSurface& parent);
+
     void setText(TextView text) override;
     void setSelection(TextSelection selection) override;
     TextSelection selection() const override { return selection_; }
@@ -132,7 +158,6 @@ public:
     void characterEffect(char16_t character) override;
 
 private:
-    void releaseFocus();
     void replaceSelection(TextView text);
     void report();
 
@@ -142,6 +167,25 @@ private:
     TextSelection selection_;
     int32_t maxLength_ = 0;
     bool readOnly_ = false;
+};
+
+class HeadlessCheckBox : public HeadlessChildPeer<CheckBoxPeer> {
+public:
+    HeadlessCheckBox(HeadlessPlatform& platform, CheckBoxClient& client, HeadlessSurface& parent);
+
+    void setChecked(bool checked) override { checked_ = checked; }
+    bool checked() const { return checked_; }
+
+    void keyEffect(const KeyEvent& event) override;
+    void keyUpEffect(const KeyEvent& event) override;
+    void mouseEffect(const MouseEvent& event) override;
+
+private:
+    void release(bool inside);
+
+    CheckBoxClient& checkClient_;
+    bool checked_ = false;
+    bool pressed_ = false;
 };
 
 class HeadlessTimer : public TimerPeer {

@@ -25,9 +25,11 @@ UniqueFile open(const std::wstring& path, DWORD access, DWORD disposition, DWORD
     return UniqueFile(file == INVALID_HANDLE_VALUE ? nullptr : file);
 }
 
-// A path that the system's functions take to its end; empty for one that none of them would take.
+// As the system's functions take it; empty for what they would take for another path, and for a folder's.
 std::wstring usablePath(TextView path) {
-    return path.find(u'\0') == TextView::npos ? toWide(path) : std::wstring();
+    const bool another = path.find(u'\0') != TextView::npos;
+    const bool folder = !path.empty() && (path.back() == u'\\' || path.back() == u'/');
+    return another || folder ? std::wstring() : toWide(path);
 }
 
 // Where an open file really is, behind links; the path itself where the system does not tell.

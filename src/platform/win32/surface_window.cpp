@@ -1,10 +1,10 @@
 #include "platform/win32/surface_window.h"
 
 #include "platform/win32/accessible.h"
+#include "platform/win32/child_window.h"
 #include "platform/win32/display.h"
 #include "platform/win32/gdi_canvas.h"
 #include "platform/win32/handles.h"
-#include "platform/win32/text_box_window.h"
 
 #include <oleacc.h>
 
@@ -251,9 +251,9 @@ void SurfaceWindow::setToolTip(const PixelRect& rect, TextView text) {
     toolTip_.set(environment(), hwnd(), rect, text);
 }
 
-void SurfaceWindow::add(const std::shared_ptr<TextBoxWindow>& textBox) {
-    std::erase_if(textBoxes_, [](const auto& known) { return known.expired(); });
-    textBoxes_.push_back(textBox);
+void SurfaceWindow::add(const std::shared_ptr<ChildWindow>& child) {
+    std::erase_if(children_, [](const auto& known) { return known.expired(); });
+    children_.push_back(child);
 }
 
 void SurfaceWindow::closeSilently(ClientWindow& child) {
@@ -261,10 +261,10 @@ void SurfaceWindow::closeSilently(ClientWindow& child) {
     child.close();
 }
 
-std::shared_ptr<TextBoxWindow> SurfaceWindow::textBox(HWND window) const {
-    for (const auto& known : textBoxes_) {
-        const auto textBox = known.lock();
-        if (textBox && window && textBox->hwnd() == window) return textBox;
+std::shared_ptr<ChildWindow> SurfaceWindow::child(HWND window) const {
+    for (const auto& known : children_) {
+        const auto found = known.lock();
+        if (found && window && found->hwnd() == window) return found;
     }
     return nullptr;
 }
@@ -300,9 +300,9 @@ void SurfaceWindow::checkDpi() {
     const Dpi now = dpi();
     if (!hwnd() || now == reportedDpi_) return;
     reportedDpi_ = now;
-    const auto textBoxes = textBoxes_;
-    for (const auto& known : textBoxes) {
-        if (const auto textBox = known.lock()) textBox->dpiChanged(now);
+    const auto children = children_;
+    for (const auto& known : children) {
+        if (const auto each = known.lock()) each->dpiChanged(now);
     }
     InvalidateRect(hwnd(), nullptr, FALSE);
     const Hold hold(*this);
@@ -364,13 +364,14 @@ LRESULT SurfaceWindow::handle(const Message& message) {
             return 0;
         case WM_CTLCOLOREDIT:
         case WM_CTLCOLORSTATIC:
-            if (const auto child = textBox(reinterpret_cast<HWND>(message.lParam)))
+        case WM_CTLCOLORBTN:
+            if (const auto asking = child(reinterpret_cast<HWND>(message.lParam)))
                 return reinterpret_cast<LRESULT>(
-                    child->prepareColours(reinterpret_cast<HDC>(message.wParam)));
+                    asking->prepareColours(reinterpret_cast<HDC>(message.wParam)));
             return defaultFor(message);
         case WM_COMMAND:
-            if (HIWORD(message.wParam) == EN_CHANGE) {
-                if (const auto child = textBox(reinterpret_cast<HWND>(message.lParam))) child->reportText();
+            if (const auto telling = child(reinterpret_cast<HWND>(message.lParam))) {
+                telling->notified(HIWORD(message.wParam));
                 return 0;
             }
             return defaultFor(message);

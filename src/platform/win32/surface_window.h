@@ -13,7 +13,7 @@
 
 namespace obk::win32 {
 
-class TextBoxWindow;
+class ChildWindow;
 
 class SurfaceWindow final : public ClientWindow, private AppearanceListener {
 public:
@@ -37,7 +37,7 @@ public:
     void setCursor(Cursor cursor);
     void setToolTip(const PixelRect& rect, TextView text);
 
-    void add(const std::shared_ptr<TextBoxWindow>& textBox);
+    void add(const std::shared_ptr<ChildWindow>& child);
     // Whatever the child's end does to the surface is not reported.
     void closeSilently(ClientWindow& child);
     // A child window's own capture has ended: the surface has it again if it had it before.
@@ -66,7 +66,7 @@ private:
     void checkDpi();
     void watchHost();
     void hostMoved();
-    std::shared_ptr<TextBoxWindow> textBox(HWND window) const;
+    std::shared_ptr<ChildWindow> child(HWND window) const;
 
     SurfaceClient* surfaceClient_;
     Kind kind_;
@@ -75,9 +75,9 @@ private:
     bool wantsCapture_ = false;
     bool releasing_ = false;
     Cursor cursor_ = Cursor::arrow;
-    std::vector<std::weak_ptr<TextBoxWindow>> textBoxes_;
+    std::vector<std::weak_ptr<ChildWindow>> children_;
     ToolTip toolTip_;
-    HostWatch hostWatch_;  // while a panel shows
+    HostWatch hostWatch_;             // while a panel shows
     IUnknown* accessible_ = nullptr;  // counted
 };
 

@@ -1,7 +1,5 @@
 #include "platform/win32/text_box_window.h"
 
-#include "platform/win32/display.h"
-#include "platform/win32/handles.h"
 #include "platform/win32/surface_window.h"
 #include "platform/win32/text_conversion.h"
 
@@ -9,6 +7,7 @@
 #include <initguid.h>
 #include <oleacc.h>
 
+#include <algorithm>
 #include <string>
 
 namespace obk::win32 {
@@ -42,10 +41,7 @@ constexpr WPARAM controlBackspace = 127;
 
 TextBoxWindow::TextBoxWindow(const std::shared_ptr<Environment>& environment,
                              const std::shared_ptr<SurfaceWindow>& surface, TextBoxClient& client)
-    : ClientWindow(environment, client),
-      surface_(surface),
-      textBoxClient_(&client),
-      fontDpi_(surface->dpi()) {}
+    : ChildWindow(environment, surface, client), textBoxClient_(client), fontDpi_(surface->dpi()) {}
 
 std::shared_ptr<TextBoxWindow> TextBoxWindow::create(const std::shared_ptr<Environment>& environment,
                                                      const std::shared_ptr<SurfaceWindow>& surface,
@@ -68,53 +64,6 @@ HWND TextBoxWindow::makeWindow(HWND parent) const {
         WS_CHILD | WS_CLIPSIBLINGS | ES_AUTOHSCROLL | styleOf(alignment_) | (readOnly_ ? ES_READONLY : 0);
     return CreateWindowExW(0, L"EDIT", L"", style, 0, 0, 0, 0, parent, nullptr, environment().module(),
                            nullptr);
-}
-
-void TextBoxWindow::closeTextBox() {
-    textBoxClient_ = nullptr;
-    // The focus of a window that goes falls to its parent, which is no news: it stays in the surface.
-    if (const auto surface = surface_.lock()) {
-        surface->closeSilently(*this);
-    } else {
-        close();
-    }
-}
-
-LRESULT TextBoxWindow::send(UINT message, WPARAM wParam, LPARAM lParam) const {
-    return hwnd() ? SendMessageW(hwnd(), message, wParam, lParam) : 0;
-}
-
-void TextBoxWindow::setBounds(const PixelRect& bounds, const PixelRect& clip) {
-    bounds_ = bounds;
-    clip_ = clip;
-    place();
-}
-
-void TextBoxWindow::setVisible(bool visible) {
-    visible_ = visible;
-    place();
-}
-
-void TextBoxWindow::place() {
-    const HWND window = hwnd();
-    if (!window) return;
-    const PixelRect shown = bounds_.intersected(clip_);
-    const bool nothing = !visible_ || bounds_.empty() || shown.empty();
-    const RECT area = toRect(bounds_);
-    SetWindowPos(window, nullptr, area.left, area.top, std::max(0L, area.right - area.left),
-                 std::max(0L, area.bottom - area.top), SWP_NOZORDER | SWP_NOACTIVATE);
-    const bool clipped = !nothing && shown != bounds_;
-    if (clipped) {
-        const PixelRect inside = shown.moved(-bounds_.left, -bounds_.top);
-        UniqueRegion region(CreateRectRgn(inside.left, inside.top, inside.right, inside.bottom));
-        // The system owns the region from then on.
-        if (SetWindowRgn(window, region.get(), TRUE)) static_cast<void>(region.release());
-    } else if (clipped_) {
-        SetWindowRgn(window, nullptr, TRUE);
-    }
-    clipped_ = clipped;
-    if (nothing != ((GetWindowLongW(window, GWL_STYLE) & WS_VISIBLE) == 0))
-        ShowWindow(window, nothing ? SW_HIDE : SW_SHOWNA);
 }
 
 void TextBoxWindow::setFont(const FontDescription& font) {
@@ -203,7 +152,7 @@ void TextBoxWindow::setAlignment(HorizontalAlignment alignment) {
     if (alignment == alignment_) return;
     alignment_ = alignment;
     const HWND old = hwnd();
-    const auto surface = surface_.lock();
+    const auto surface = surfaceWindow();
     if (!old || !surface || !surface->hwnd()) return;
     const Text content = text();
     const TextSelection selected = selection();
@@ -219,7 +168,7 @@ void TextBoxWindow::setAlignment(HorizontalAlignment alignment) {
     const bool shown = (GetWindowLongW(old, GWL_STYLE) & WS_VISIBLE) != 0;
     if (shown && hadFocus) ShowWindow(made, SW_SHOWNA);
     replace(made);
-    clipped_ = false;
+    forgetClip();
     applyFont();
     send(EM_LIMITTEXT, static_cast<WPARAM>(maxLength_));
     setSelection(selected);
@@ -257,14 +206,10 @@ void TextBoxWindow::perform(EditCommand command) {
     }
 }
 
-void TextBoxWindow::reportText() {
+void TextBoxWindow::notified(WORD code) {
+    if (code != EN_CHANGE) return;
     const Hold hold(*this);
-    if (listening() && textBoxClient_) textBoxClient_->textChanged(text());
-}
-
-LRESULT TextBoxWindow::passWheelOn(const Message& message) {
-    const auto surface = surface_.lock();
-    return surface ? surface->passWheelToHost(message) : 0;
+    if (listening()) textBoxClient_.textChanged(text());
 }
 
 LRESULT TextBoxWindow::composition(const Message& message) {
@@ -308,19 +253,7 @@ LRESULT TextBoxWindow::systemDefault(const Message& message) {
 }
 
 LRESULT TextBoxWindow::handle(const Message& message) {
-    switch (message.code) {
-        case WM_IME_COMPOSITION:
-            return composition(message);
-        case WM_LBUTTONUP:
-        case WM_RBUTTONUP:
-        case WM_MBUTTONUP: {
-            const LRESULT result = ClientWindow::handle(message);
-            if (const auto surface = surface_.lock()) surface->childReleasedCapture();
-            return result;
-        }
-        default:
-            return ClientWindow::handle(message);
-    }
+    return message.code == WM_IME_COMPOSITION ? composition(message) : ChildWindow::handle(message);
 }
 
 }  // namespace obk::win32

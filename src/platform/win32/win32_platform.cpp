@@ -1,5 +1,6 @@
 #include "platform/win32/win32_platform.h"
 
+#include "platform/win32/check_box_window.h"
 #include "platform/win32/display.h"
 #include "platform/win32/handles.h"
 #include "platform/win32/pop_up_menu.h"
@@ -45,12 +46,14 @@ private:
     UINT_PTR timer_ = 0;
 };
 
-class TextBox final : public TextBoxPeer {
+// What the peers of all children have in common.
+template <typename Peer, typename Window>
+class Child : public Peer {
 public:
-    explicit TextBox(std::shared_ptr<TextBoxWindow> window) : window_(std::move(window)) {}
-    TextBox(const TextBox&) = delete;
-    TextBox& operator=(const TextBox&) = delete;
-    ~TextBox() override { window_->closeTextBox(); }
+    explicit Child(std::shared_ptr<Window> window) : window_(std::move(window)) {}
+    Child(const Child&) = delete;
+    Child& operator=(const Child&) = delete;
+    ~Child() override { window_->closeChild(); }
 
     NativeWindow window() const override { return reinterpret_cast<NativeWindow>(window_->hwnd()); }
     void setBounds(const PixelRect& bounds, const PixelRect& clip) override {
@@ -58,11 +61,20 @@ public:
     }
     void setVisible(bool visible) override { window_->setVisible(visible); }
     void setEnabled(bool enabled) override { window_->setEnabled(enabled); }
+    void focus() override { window_->focus(); }
+    bool hasFocus() const override { return window_->holdsFocus(); }
+
+protected:
+    std::shared_ptr<Window> window_;
+};
+
+class TextBox final : public Child<TextBoxPeer, TextBoxWindow> {
+public:
+    using Child::Child;
+
     void setFont(const FontDescription& font) override { window_->setFont(font); }
     void setColours(Rgb text, Rgb background) override { window_->setColours(text, background); }
     void setAccessibleName(TextView name) override { window_->setAccessibleName(name); }
-    void focus() override { window_->focus(); }
-    bool hasFocus() const override { return window_->holdsFocus(); }
     void setText(TextView text) override { window_->setText(text); }
     void setSelection(TextSelection selection) override { window_->setSelection(selection); }
     TextSelection selection() const override { return window_->selection(); }
@@ -70,9 +82,16 @@ public:
     void setMaxLength(int32_t length) override { window_->setMaxLength(length); }
     void setReadOnly(bool readOnly) override { window_->setReadOnly(readOnly); }
     void perform(EditCommand command) override { window_->perform(command); }
+};
 
-private:
-    std::shared_ptr<TextBoxWindow> window_;
+class CheckBox final : public Child<CheckBoxPeer, CheckBoxWindow> {
+public:
+    using Child::Child;
+
+    void setFont(const FontDescription&) override {}  // there is no caption
+    void setColours(Rgb, Rgb background) override { window_->setBackground(background); }
+    void setAccessibleName(TextView) override {}
+    void setChecked(bool checked) override { window_->setChecked(checked); }
 };
 
 class Surface final : public SurfacePeer {
@@ -109,6 +128,13 @@ public:
         auto made = TextBoxWindow::create(environment_, window_, client);
         if (!made) return nullptr;
         auto peer = std::make_unique<TextBox>(std::move(made));
+        peer->setVisible(true);
+        return peer;
+    }
+    std::unique_ptr<CheckBoxPeer> createCheckBox(CheckBoxClient& client) override {
+        auto made = CheckBoxWindow::create(environment_, window_, client);
+        if (!made) return nullptr;
+        auto peer = std::make_unique<CheckBox>(std::move(made));
         peer->setVisible(true);
         return peer;
     }

@@ -1,0 +1,44 @@
+#include "platform/win32/check_box_window.h"
+
+#include "platform/win32/surface_window.h"
+
+namespace obk::win32 {
+
+CheckBoxWindow::CheckBoxWindow(const std::shared_ptr<Environment>& environment,
+                               const std::shared_ptr<SurfaceWindow>& surface, CheckBoxClient& client)
+    : ChildWindow(environment, surface, client), checkBoxClient_(client) {}
+
+std::shared_ptr<CheckBoxWindow> CheckBoxWindow::create(const std::shared_ptr<Environment>& environment,
+                                                       const std::shared_ptr<SurfaceWindow>& surface,
+                                                       CheckBoxClient& client) {
+    const HWND parent = surface->hwnd();
+    if (!parent) return nullptr;
+    const std::shared_ptr<CheckBoxWindow> self(new CheckBoxWindow(environment, surface, client));
+    const Environment::ActivationScope scope(*environment);
+    const HWND window = CreateWindowExW(0, L"BUTTON", L"", WS_CHILD | WS_CLIPSIBLINGS | BS_CHECKBOX, 0, 0, 0,
+                                        0, parent, nullptr, environment->module(), nullptr);
+    if (!window) return nullptr;
+    self->adopt(window);
+    surface->add(self);
+    return self;
+}
+
+void CheckBoxWindow::setBackground(Rgb background) {
+    background_ = background;
+    if (hwnd()) InvalidateRect(hwnd(), nullptr, TRUE);
+}
+
+HBRUSH CheckBoxWindow::prepareColours(HDC dc) const {
+    SetBkColor(dc, background_.value);
+    SetDCBrushColor(dc, background_.value);
+    return static_cast<HBRUSH>(GetStockObject(DC_BRUSH));
+}
+
+void CheckBoxWindow::notified(WORD code) {
+    // The second press of a quick pair is one like any other.
+    if (code != BN_CLICKED && code != BN_DOUBLECLICKED) return;
+    const Hold hold(*this);
+    if (listening()) checkBoxClient_.checkPressed();
+}
+
+}  // namespace obk::win32

@@ -1,0 +1,74 @@
+#include "platform/win32/child_window.h"
+
+#include "platform/win32/display.h"
+#include "platform/win32/handles.h"
+#include "platform/win32/surface_window.h"
+
+#include <algorithm>
+
+namespace obk::win32 {
+
+ChildWindow::ChildWindow(const std::shared_ptr<Environment>& environment,
+                         const std::shared_ptr<SurfaceWindow>& surface, PeerClient& client)
+    : ClientWindow(environment, client), surface_(surface) {}
+
+void ChildWindow::closeChild() {
+    // The focus of a window that goes falls to its parent, which is no news: it stays in the surface.
+    if (const auto surface = surface_.lock())
+        surface->closeSilently(*this);
+    else
+        close();
+}
+
+void ChildWindow::setBounds(const PixelRect& bounds, const PixelRect& clip) {
+    bounds_ = bounds;
+    clip_ = clip;
+    place();
+}
+
+void ChildWindow::setVisible(bool visible) {
+    visible_ = visible;
+    place();
+}
+
+LRESULT ChildWindow::send(UINT message, WPARAM wParam, LPARAM lParam) const {
+    return hwnd() ? SendMessageW(hwnd(), message, wParam, lParam) : 0;
+}
+
+void ChildWindow::place() {
+    const HWND window = hwnd();
+    if (!window) return;
+    const PixelRect shown = bounds_.intersected(clip_);
+    const bool nothing = !visible_ || bounds_.empty() || shown.empty();
+    const RECT area = toRect(bounds_);
+    SetWindowPos(window, nullptr, area.left, area.top, std::max(0L, area.right - area.left),
+                 std::max(0L, area.bottom - area.top), SWP_NOZORDER | SWP_NOACTIVATE);
+    const bool clipped = !nothing && shown != bounds_;
+    if (clipped) {
+        const PixelRect inside = shown.moved(-bounds_.left, -bounds_.top);
+        UniqueRegion region(CreateRectRgn(inside.left, inside.top, inside.right, inside.bottom));
+        // The system owns the region from then on.
+        if (SetWindowRgn(window, region.get(), TRUE)) static_cast<void>(region.release());
+    } else if (clipped_) {
+        SetWindowRgn(window, nullptr, TRUE);
+    }
+    clipped_ = clipped;
+    if (nothing != ((GetWindowLongW(window, GWL_STYLE) & WS_VISIBLE) == 0))
+        ShowWindow(window, nothing ? SW_HIDE : SW_SHOWNA);
+}
+
+LRESULT ChildWindow::passWheelOn(const Message& message) {
+    const auto surface = surface_.lock();
+    return surface ? surface->passWheelToHost(message) : 0;
+}
+
+LRESULT ChildWindow::handle(const Message& message) {
+    const LRESULT result = ClientWindow::handle(message);
+    const bool released =
+        message.code == WM_LBUTTONUP || message.code == WM_RBUTTONUP || message.code == WM_MBUTTONUP;
+    const auto surface = released ? surface_.lock() : nullptr;
+    if (surface) surface->childReleasedCapture();
+    return result;
+}
+
+}  // namespace obk::win32

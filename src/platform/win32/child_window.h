@@ -1,0 +1,45 @@
+// The system's own windows on a surface: their place, their clip, their end.
+#pragma once
+
+#include "platform/win32/client_window.h"
+
+#include <memory>
+
+namespace obk::win32 {
+
+class SurfaceWindow;
+
+class ChildWindow : public ClientWindow {
+public:
+    void closeChild();
+    void setBounds(const PixelRect& bounds, const PixelRect& clip);
+    void setVisible(bool visible);
+
+    // For the surface, which hears of them in the child's stead.
+    virtual HBRUSH prepareColours(HDC dc) const = 0;
+    virtual void notified(WORD code) = 0;
+    virtual void dpiChanged(Dpi) {}
+
+protected:
+    ChildWindow(const std::shared_ptr<Environment>& environment,
+                const std::shared_ptr<SurfaceWindow>& surface, PeerClient& client);
+
+    LRESULT handle(const Message& message) override;
+    LRESULT passWheelOn(const Message& message) override;
+    bool hasOwnMouse() const override { return true; }
+
+    std::shared_ptr<SurfaceWindow> surfaceWindow() const { return surface_.lock(); }
+    LRESULT send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
+    void place();
+    // Of a window made anew, which shows whole.
+    void forgetClip() { clipped_ = false; }
+
+private:
+    std::weak_ptr<SurfaceWindow> surface_;
+    PixelRect bounds_;
+    PixelRect clip_;
+    bool visible_ = true;
+    bool clipped_ = false;
+};
+
+}  // namespace obk::win32

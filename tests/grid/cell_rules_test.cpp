@@ -1,0 +1,63 @@
+#include "grid/cell_rules.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+namespace obk {
+namespace {
+
+TEST(CellRules, AMarkIsTheLetterTrueOrOne) {
+    for (const char16_t* value : {u"a", u"true", u"TRUE", u"TrUe", u"1", u"1.0", u"01", u"1x", u"1.0.5"})
+        EXPECT_EQ(checkText(value), u"a") << toUtf8(value);
+    for (const char16_t* value : {u"", u"0", u"2", u"yes", u"A", u"-1", u"1.1", u"11", u"a ", u"tru", u"x1"})
+        EXPECT_EQ(checkText(value), u"") << toUtf8(value);
+}
+
+TEST(CellRules, AColumnIsNeverMadeASliver) {
+    EXPECT_EQ(usableColumnWidth(200), std::nullopt);
+    EXPECT_EQ(usableColumnWidth(200.4), 200);
+    EXPECT_EQ(usableColumnWidth(200.5), 200);
+    EXPECT_EQ(usableColumnWidth(201.5), 202);
+    for (const double none : {-500.0, 0.0, std::nan(""), HUGE_VAL, 3e9})
+        EXPECT_EQ(usableColumnWidth(none), std::nullopt) << none;
+}
+
+TEST(CellRules, AFontSizeIsANumberInFull) {
+    EXPECT_EQ(fontSizeFromText(u"12"), 12.0f);
+    EXPECT_EQ(fontSizeFromText(u" 8.25 "), 8.25f);
+    for (const char16_t* none : {u"", u"12pt", u"large", u"1e300"})
+        EXPECT_EQ(fontSizeFromText(none), std::nullopt) << toUtf8(none);
+}
+
+TEST(CellRules, EverySecondRowFromTheFirstHasTheColour) {
+    const OleColour colour(0xFF00u);
+    for (const int32_t row : {0, 2, 4, -2}) EXPECT_EQ(alternateRowColour(row, colour), colour);
+    for (const int32_t row : {1, 3, -3}) EXPECT_EQ(alternateRowColour(row, colour), OleColour(0x80000005u));
+}
+
+TEST(ColumnTypes, TheTableEndsAtTenThousand) {
+    ColumnTypes types;
+    EXPECT_EQ(types.read(7), u"0");
+    EXPECT_TRUE(types.set(0, 6));
+    EXPECT_TRUE(types.set(10000, 3));
+    EXPECT_EQ(types.read(0), u"6");
+    EXPECT_EQ(types.type(10000), ColumnType::checkBox);
+    for (const int32_t col : {-1, 10001, INT32_MIN, INT32_MAX}) {
+        EXPECT_FALSE(types.set(col, 1));
+        EXPECT_EQ(types.read(col), u"");
+        EXPECT_EQ(types.type(col), ColumnType::readOnly);
+    }
+}
+
+TEST(ColumnTypes, AnUnknownCodeIsKeptAndOpensNoEditor) {
+    ColumnTypes types;
+    for (const int32_t code : {7, -1, INT32_MIN, INT32_MAX}) {
+        types.set(4, code);
+        EXPECT_EQ(types.read(4), decimalText(code));
+        EXPECT_EQ(types.type(4), ColumnType::readOnly);
+    }
+}
+
+}  // namespace
+}  // namespace obk

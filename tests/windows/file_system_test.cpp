@@ -1,0 +1,124 @@
+#include "platform/win32/file_system.h"
+
+#include <windows.h>
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace obk::win32 {
+namespace {
+
+class SystemFilesTest : public testing::Test {
+protected:
+    SystemFilesTest() {
+        std::array<wchar_t, MAX_PATH> temporary{};
+        GetTempPathW(static_cast<DWORD>(temporary.size()), temporary.data());
+        folder_ = std::wstring(temporary.data()) + L"obk-files-" + std::to_wstring(GetCurrentProcessId());
+        CreateDirectoryW(folder_.c_str(), nullptr);
+    }
+    ~SystemFilesTest() override {
+        for (const std::wstring& name : names()) {
+            SetFileAttributesW((folder_ + L'\\' + name).c_str(), FILE_ATTRIBUTE_NORMAL);
+            DeleteFileW((folder_ + L'\\' + name).c_str());
+        }
+        RemoveDirectoryW(folder_.c_str());
+    }
+
+    std::wstring wide(const wchar_t* name) const { return folder_ + L'\\' + name; }
+    Text path(const wchar_t* name) const {
+        const std::wstring whole = wide(name);
+        return {whole.begin(), whole.end()};
+    }
+    std::vector<std::wstring> names() const {
+        std::vector<std::wstring> found;
+        WIN32_FIND_DATAW data{};
+        const HANDLE search = FindFirstFileW((folder_ + L"\\*").c_str(), &data);
+        if (search == INVALID_HANDLE_VALUE) return found;
+        do {
+            if ((data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0) found.emplace_back(data.cFileName);
+        } while (FindNextFileW(search, &data));
+        FindClose(search);
+        return found;
+    }
+    std::optional<std::string> bytes(const wchar_t* name) {
+        const auto file = files.openForReading(path(name));
+        if (!file) return std::nullopt;
+        std::string all;
+        std::array<char, 7> piece{};
+        while (const size_t count = file->read(piece)) all.append(piece.data(), count);
+        return all;
+    }
+    bool write(const wchar_t* name, std::string_view content) {
+        const auto file = files.openForWriting(path(name));
+        return file && file->write(content) && file->commit();
+    }
+
+    SystemFiles files;
+
+private:
+    std::wstring folder_;
+};
+
+TEST_F(SystemFilesTest, AFileIsNewOrReplacedOnlyWhenItIsWhole) {
+    EXPECT_EQ(bytes(L"a.txt"), std::nullopt);
+    ASSERT_TRUE(write(L"a.txt", "first"));
+    EXPECT_EQ(bytes(L"a.txt"), "first");
+    {
+        const auto file = files.openForWriting(path(L"a.txt"));
+        ASSERT_TRUE(file && file->write("second"));
+        EXPECT_EQ(bytes(L"a.txt"), "first");
+        EXPECT_EQ(names().size(), 2u);
+    }
+    EXPECT_EQ(bytes(L"a.txt"), "first");
+    ASSERT_TRUE(write(L"a.txt", "third, longer than the others"));
+    EXPECT_EQ(bytes(L"a.txt"), "third, longer than the others");
+    EXPECT_EQ(names(), std::vector<std::wstring>{L"a.txt"});
+}
+
+TEST_F(SystemFilesTest, WhatCannotBeWrittenToIsLeftAlone) {
+    ASSERT_TRUE(write(L"a.txt", "kept"));
+    SetFileAttributesW(wide(L"a.txt").c_str(), FILE_ATTRIBUTE_READONLY);
+    EXPECT_FALSE(files.openForWriting(path(L"a.txt")));
+    EXPECT_FALSE(files.openForWriting(path(L"")));
+    EXPECT_FALSE(files.openForWriting(path(L"no such folder\\a.txt")));
+    EXPECT_FALSE(files.openForWriting(u""));
+    EXPECT_FALSE(files.openForReading(u""));
+    EXPECT_FALSE(files.openForReading(path(L"a.txt") + Text(u"\0b", 2)));
+    EXPECT_EQ(bytes(L"a.txt"), "kept");
+    EXPECT_EQ(names().size(), 1u);
+}
+
+TEST_F(SystemFilesTest, AFileThatSomebodyReadsIsReplacedAllTheSame) {
+    ASSERT_TRUE(write(L"a.txt", "old"));
+    const HANDLE reader =
+        CreateFileW(wide(L"a.txt").c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                    OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+    ASSERT_NE(reader, INVALID_HANDLE_VALUE);
+    EXPECT_TRUE(write(L"a.txt", "new"));
+    CloseHandle(reader);
+    EXPECT_EQ(bytes(L"a.txt"), "new");
+    EXPECT_EQ(names().size(), 1u);
+}
+
+TEST_F(SystemFilesTest, ADeviceIsWrittenInPlace) {
+    const auto file = files.openForWriting(u"NUL");
+    ASSERT_TRUE(file);
+    EXPECT_TRUE(file->write("swallowed"));
+    EXPECT_TRUE(file->commit());
+}
+
+TEST_F(SystemFilesTest, EveryByteOfTheCodePageComesBack) {
+    const CodePage& page = files.codePage();
+    for (int byte = 0; byte < 256; ++byte) {
+        const auto one = static_cast<char>(byte);
+        EXPECT_EQ(page.character(page.byte(page.character(one))), page.character(one)) << byte;
+    }
+    EXPECT_EQ(page.byte(u'\u6F22'), '?');
+}
+
+}  // namespace
+}  // namespace obk::win32
