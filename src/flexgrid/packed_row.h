@@ -56,11 +56,11 @@ public:
     static void setText(RowHandle& row, int32_t col, TextView text, int32_t cols);
 
     StyleRef style(int32_t col) const {
-        return static_cast<uint32_t>(col) < styled_ ? styles_[col] : StyleRef();
+        return static_cast<uint32_t>(col) < styled_ ? styles_[static_cast<uint32_t>(col)] : StyleRef();
     }
     static void setStyle(RowHandle& row, int32_t col, StyleRef style, int32_t cols) {
         if (!row || static_cast<uint32_t>(col) >= row->styled_) makeRoomForStyle(row, col, style, cols);
-        if (row && static_cast<uint32_t>(col) < row->styled_) row->styles_[col] = std::move(style);
+        if (row && static_cast<uint32_t>(col) < row->styled_) row->styles_[static_cast<uint32_t>(col)] = std::move(style);
     }
     // Of the first cells, as many as there are styles, in place of those that the row had.
     static void setStyles(RowHandle& row, std::span<const StyleRef> styles);

@@ -38,7 +38,7 @@ void RowSequence::remeasure(size_t index) {
     block.ownHeights = 0;
     block.ownPixels = 0;
     for (int32_t at = 0; block.rows && at < block.count; ++at) {
-        const PackedRow* row = block.rows[at].get();
+        const PackedRow* row = block.row(at).get();
         if (!row || row->height() == PackedRow::ownHeightNone) continue;
         ++block.ownHeights;
         block.ownPixels += pixels(row);
@@ -171,7 +171,7 @@ void RowSequence::erase(int32_t first, int32_t count) noexcept {
         if (block.rows) {
             const auto from = block.rows.get() + at;
             std::move(from + here, block.rows.get() + block.count, from);
-            for (int32_t gone = block.count - here; gone < block.count; ++gone) block.rows[gone].reset();
+            for (int32_t gone = block.count - here; gone < block.count; ++gone) block.row(gone).reset();
         }
         block.count -= here;
         left -= here;
@@ -227,13 +227,13 @@ size_t RowSequence::materialized(int32_t row) {
 
 RowHandle& RowSequence::slot(int32_t row) {
     Block& block = blocks_[materialized(row)];
-    return block.rows[row - block.first];
+    return block.row(row - block.first);
 }
 
 void RowSequence::clearCells() noexcept {
     for (Block& block : blocks_) {
         for (int32_t at = 0; block.rows && at < block.count; ++at) {
-            RowHandle& row = block.rows[at];
+            RowHandle& row = block.row(at);
             if (row && row->height() != PackedRow::ownHeightNone)
                 row->clear();
             else
@@ -258,7 +258,7 @@ void RowSequence::clearCells() noexcept {
 void RowSequence::truncateCells(int32_t cols) noexcept {
     for (Block& block : blocks_) {
         for (int32_t at = 0; block.rows && at < block.count; ++at) {
-            if (block.rows[at]) block.rows[at]->truncate(cols);
+            if (block.row(at)) block.row(at)->truncate(cols);
         }
     }
 }
@@ -280,7 +280,7 @@ void RowSequence::reorder(int32_t first, const std::vector<uint32_t>& order) {
             ownHeights = ownHeights || block.ownHeights != 0;
             for (int32_t at = std::max(first - block.first, 0); at < block.count && place < order.size();
                  ++at)
-                use(block.rows[at], place++);
+                use(block.row(at), place++);
         }
     };
     eachRow([&](RowHandle& row, size_t place) { taken[place] = std::move(row); });
@@ -305,7 +305,7 @@ int32_t RowSequence::height(int32_t row) const {
 void RowSequence::setHeight(int32_t row, int32_t twips) {
     const size_t index = materialized(row);
     Block& block = blocks_[index];
-    PackedRow::setHeight(block.rows[row - block.first], twips);
+    PackedRow::setHeight(block.row(row - block.first), twips);
     remeasure(index);
     renumber(index + 1);
 }
@@ -326,7 +326,7 @@ int64_t RowSequence::top(int32_t row) const {
     const int32_t before = row - block.first;
     if (block.ownHeights == 0) return block.top + int64_t{before} * defaultPixels_;
     int64_t top = block.top;
-    for (int32_t at = 0; at < before; ++at) top += pixels(block.rows[at].get());
+    for (int32_t at = 0; at < before; ++at) top += pixels(block.row(at).get());
     return top;
 }
 
@@ -339,7 +339,7 @@ int32_t RowSequence::rowAt(int64_t position) const {
     int64_t rest = position - block.top;
     if (block.ownHeights == 0) return block.first + static_cast<int32_t>(rest / defaultPixels_);
     int32_t at = 0;
-    for (int64_t height; rest >= (height = pixels(block.rows[at].get())); ++at) rest -= height;
+    for (int64_t height; rest >= (height = pixels(block.row(at).get())); ++at) rest -= height;
     return block.first + at;
 }
 

@@ -25,13 +25,13 @@ public:
     // Null for an empty row. Rows are 0 to size() - 1 here and below.
     const PackedRow* at(int32_t row) const {
         const Block& block = blocks_[blockOf(row)];
-        return block.rows ? block.rows[row - block.first].get() : nullptr;
+        return block.rows ? block.row(row - block.first).get() : nullptr;
     }
     // Null in a run of rows that nobody has touched.
     RowHandle* touched(int32_t row) {
         Block& block = blocks_[blockOf(row)];
         if (!block.rows) return nullptr;
-        RowHandle* const handle = &block.rows[row - block.first];
+        RowHandle* const handle = &block.row(row - block.first);
         // Grids are mostly gone through row by row.
         if (row - block.first + 1 < block.count) __builtin_prefetch(handle[1].get());
         return handle;
@@ -75,6 +75,8 @@ private:
         int32_t first = 0;
         int64_t ownPixels = 0;  // what those take
         int64_t top = 0;
+
+        RowHandle& row(int32_t at) const { return rows[static_cast<size_t>(at)]; }
     };
 
     size_t blockOf(int32_t row) const {

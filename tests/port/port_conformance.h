@@ -166,6 +166,21 @@ TEST_P(PortConformance, APasteIsCutAtTheMaximumLength) {
     EXPECT_EQ(secondClient.text, u"1234");
 }
 
+TEST_P(PortConformance, ATextPutOnTheClipboardReplacesWhatIsThere) {
+    openFocused();
+    first->setText(u"before");
+    first->perform(EditCommand::selectAll);
+    first->perform(EditCommand::copy);
+    EXPECT_TRUE(driver->platform().putOnClipboard(area->window(), u"\xE9 after"));
+    second->perform(EditCommand::paste);
+    EXPECT_EQ(secondClient.text, u"\xE9 after");
+    EXPECT_TRUE(driver->platform().putOnClipboard(area->window(), u""));
+    second->setText(u"kept");
+    second->setSelection({4, 0});
+    second->perform(EditCommand::paste);
+    EXPECT_EQ(secondClient.text, u"kept");
+}
+
 TEST_P(PortConformance, ANewAlignmentKeepsTextSelectionAndFocusAndTellsNobody) {
     openFocused();
     first->setText(u"abcdef");
