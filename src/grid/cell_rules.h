@@ -32,7 +32,7 @@ constexpr bool isEven(int32_t number) {
     return number % 2 == 0;
 }
 
-// Rows 0, 2, 4 … have the colour, those between them the window's.
+// Every second row from the first one on has the colour, those between them the window's.
 constexpr OleColour alternateRowColour(int32_t row, OleColour colour) {
     return isEven(row) ? colour : OleColour(SystemColour::window);
 }

@@ -5,7 +5,7 @@
 namespace obk {
 
 GridCheck::GridCheck(Platform& platform) : Control(platform), chkBOX(root()) {
-    const Twips side = platform.appearance().systemDpi().toTwips(13);
+    const Twips side{195};  // as the system draws it at 96 DPI
     chkBOX.move({{0}, {15}, side, side});
     const auto on = [this](auto& event, auto handler) {
         connections_.push_back(event.connect(std::move(handler)));

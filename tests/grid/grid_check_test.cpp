@@ -64,7 +64,7 @@ TEST_F(GridCheckTest, APersonTurnsTheMarkOverWithTheMouseAndTheBlankKey) {
     const NativeWindow window = control->window();
     platform.click(window, inBox);
     EXPECT_EQ(host.takeEvents(),
-              (Journal{"MouseMove 0 0 52.5 105", "MouseDown 1 0 52.5 105", "MouseUp 1 0 52.5 105", "Click"}));
+              (Journal{"MouseMove 0 0 45 105", "MouseDown 1 0 45 105", "MouseUp 1 0 45 105", "Click"}));
     EXPECT_EQ(value(), 1);
     EXPECT_TRUE(box().checked());
     platform.type(u" ");
