@@ -73,7 +73,7 @@ void PageTab::SetActiveTab(int32_t ActiveTab) {
     PropertyChanged<&PageTab::ActiveTab>();
 }
 
-void PageTab::SetActiveTabs(const obk::Text& ActiveTabs) {
+void PageTab::SetActiveTabs(const Text& ActiveTabs) {
     attempt([&] { strTABSTRING = ActiveTabs; });
     rebuild();
     PropertyChanged<&PageTab::ActiveTabs>();
@@ -104,18 +104,18 @@ void PageTab::SetPageMainColor(OleColour PageMainColor) {
     select(tabs_.active());
 }
 
-obk::Text PageTab::ActiveTabNameGet(int32_t Index) {
-    return obk::Text(tabs_.caption(Index));
+Text PageTab::ActiveTabNameGet(int32_t Index) {
+    return Text(tabs_.caption(Index));
 }
 
-void PageTab::ActiveTabNameSet(const obk::Text& ActiveTabName) {
+void PageTab::ActiveTabNameSet(const Text& ActiveTabName) {
     // From 0, which has no caption: an empty name makes no tab active. The last match wins.
     for (int32_t index = 0; index <= tabs_.count(); ++index) {
         if (tabs_.caption(index) == ActiveTabName) SetActiveTab(index);
     }
 }
 
-void PageTab::AddTab(const obk::Text& sCaption) {
+void PageTab::AddTab(const Text& sCaption) {
     tabs_.add(sCaption);
     strip_.tabAdded();
     select(tabs_.count());
@@ -128,13 +128,13 @@ void PageTab::ObjectMouseUp() {
     select(tabs_.active());
 }
 
-void PageTab::SetFont(const obk::Text& New_Font, const obk::Text& New_FontSize) {
+void PageTab::SetFont(const Text& New_Font, const Text& New_FontSize) {
     tabs_.setFont(New_Font, toLong(New_FontSize));
     strip_.tabsChanged();
 }
 
 void PageTab::rebuild() {
-    const obk::Text keysBefore = tabs_.accessKeys();
+    const Text keysBefore = tabs_.accessKeys();
     attempt([&] { tabs_.rebuild(strTABSTRING); });
     const bool restored = tabs_.select(lngRESTORETAB);
     attempt([&] { strip_.tabsChanged(); });
@@ -166,7 +166,7 @@ bool PageTab::mark(int32_t index) {
     return true;
 }
 
-void PageTab::tellChoice(obk::Text name) {
+void PageTab::tellChoice(Text name) {
     PropertyChanged<&PageTab::ActiveTab>();
     attempt([&] { Click(name); });
     attempt([&] { Show(); });
@@ -174,7 +174,7 @@ void PageTab::tellChoice(obk::Text name) {
 
 void PageTab::choose(int32_t index) {
     // The host may rebuild the tabs as soon as it hears of anything.
-    const obk::Text name(tabs_.caption(index));
+    const Text name(tabs_.caption(index));
     if (mark(index)) tellChoice(name);
 }
 
@@ -221,11 +221,11 @@ void PageTab::stripMouse(const MouseEvent& event) {
 
 void PageTab::press(const MouseEvent& event) {
     const int32_t pressed = strip_.tabAt(event.at);
-    const obk::Text name(tabs_.caption(pressed));
+    const Text name(tabs_.caption(pressed));
     // A drag that ends elsewhere is still told as released.
     if (Surface* shownOn = root().surface()) shownOn->capture(strip_);
     const bool chosen = event.button == button::left && pressed != 0 && mark(pressed);
-    const obk::Text active(tabs_.caption(tabs_.active()));
+    const Text active(tabs_.caption(tabs_.active()));
     if (event.button == button::left) strip_.takeFocus();
     if (pressed != 0)
         raiseMouse(MouseDown, event, active);

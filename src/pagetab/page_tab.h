@@ -15,14 +15,14 @@ public:
     const ControlTable& table() const override { return memberTable(); }
 
     // Properties; what they mean stands in the table.
-    obk::Text strPUBSKINCOLORPAGE() const { return pageColours_; }
-    void SetstrPUBSKINCOLORPAGE(const obk::Text& strPUBSKINCOLORPAGE) { pageColours_ = strPUBSKINCOLORPAGE; }
+    Text strPUBSKINCOLORPAGE() const { return pageColours_; }
+    void SetstrPUBSKINCOLORPAGE(const Text& strPUBSKINCOLORPAGE) { pageColours_ = strPUBSKINCOLORPAGE; }
     int32_t lngSELECTEDPAGECOLOR() const { return static_cast<int32_t>(strip_.state.activePage.value); }
     void SetlngSELECTEDPAGECOLOR(int32_t lngSELECTEDPAGECOLOR);
     int32_t ActiveTab();
     void SetActiveTab(int32_t ActiveTab);
-    obk::Text ActiveTabs() const { return strTABSTRING; }
-    void SetActiveTabs(const obk::Text& ActiveTabs);
+    Text ActiveTabs() const { return strTABSTRING; }
+    void SetActiveTabs(const Text& ActiveTabs);
     OleColour BackColorPage() const { return strip_.state.strip; }
     void SetBackColorPage(OleColour BackColorPage);
     OleColour PageColor() const { return strip_.state.page; }
@@ -31,28 +31,28 @@ public:
     void SetTextColor(OleColour TextColor);
     OleColour PageMainColor() const { return clrPAGEMAIN; }
     void SetPageMainColor(OleColour PageMainColor);
-    obk::Text TabColor() const { return strTABCOLOR; }
-    void SetTabColor(const obk::Text& TabColor) { strTABCOLOR = TabColor; }
+    Text TabColor() const { return strTABCOLOR; }
+    void SetTabColor(const Text& TabColor) { strTABCOLOR = TabColor; }
 
     // Methods.
-    obk::Text ActiveTabNameGet(int32_t Index);
-    void ActiveTabNameSet(const obk::Text& ActiveTabName);
-    void AddTab(const obk::Text& sCaption);
+    Text ActiveTabNameGet(int32_t Index);
+    void ActiveTabNameSet(const Text& ActiveTabName);
+    void AddTab(const Text& sCaption);
     void ImageDis() { showPieces(TabStrip::Pieces::disabled); }
     void ImageHLight() { showPieces(TabStrip::Pieces::highlighted); }
     void ImageSel() { showPieces(TabStrip::Pieces::selected); }
     void ObjectMouseUp();
     void Refresh() { strip_.invalidate(); }
-    void SetFont(const obk::Text& New_Font, const obk::Text& New_FontSize);
+    void SetFont(const Text& New_Font, const Text& New_FontSize);
 
     // Events. X and Y are twips of the control; ActiveTab is the caption of the active tab.
-    Event<obk::Text&> Click;  // TName, the caption of the chosen tab
+    Event<Text&> Click;  // TName, the caption of the chosen tab
     Event<> dlbClick;
-    Event<int16_t&, int16_t&, float&, float&, obk::Text&> MouseDown, MouseDownback;
+    Event<int16_t&, int16_t&, float&, float&, Text&> MouseDown, MouseDownback;
     Event<int16_t&, int16_t&, float&, float&> MouseMove, MouseUp;
     Event<> Show;
 
-    obk::Text accessKeys() const override { return tabs_.accessKeys(); }
+    Text accessKeys() const override { return tabs_.accessKeys(); }
     void useAccessKey(char16_t character) override;
 
 private:
@@ -73,7 +73,7 @@ private:
     void loadFont(const FontRef& font);
     int32_t activeTab() const { return tabs_.active(); }
     void loadActiveTab(int32_t index) { lngRESTORETAB = index; }
-    void loadTabString(const obk::Text& text) { strTABSTRING = text; }
+    void loadTabString(const Text& text) { strTABSTRING = text; }
     void loadTextColor(OleColour colour) { strip_.state.text = colour; }
     void loadBackColorPage(OleColour colour) { strip_.state.strip = colour; }
     void loadPageColor(OleColour colour) { strip_.state.page = colour; }
@@ -81,13 +81,15 @@ private:
     void loadTabColour(OleColour colour) { strip_.state.tab = colour; }
 
     void rebuild();
-    // Marks a tab; false, and nothing changed, where there is none.
+    // Makes a tab the active one and brings it into view; false, and nothing changed, where there is none.
     bool select(int32_t index);
+    // Lays out in the active tab's page colour.
     void relay();
+    // Both of these.
+    bool mark(int32_t index);
     // By a person: marks a tab and tells the host.
     void choose(int32_t index);
-    bool mark(int32_t index);
-    void tellChoice(obk::Text name);
+    void tellChoice(Text name);
     std::optional<int32_t> walkTarget(const KeyEvent& event) const;
     void translateTabColour();
     void showPieces(TabStrip::Pieces pieces);
@@ -100,9 +102,9 @@ private:
     TabSet tabs_;
     TabStrip strip_;
     int32_t lngRESTORETAB = 0;  // selected again after a rebuild: what a host last knew as the active tab
-    obk::Text strTABSTRING;
-    obk::Text strTABCOLOR;
-    obk::Text pageColours_;
+    Text strTABSTRING;
+    Text strTABCOLOR;
+    Text pageColours_;
     OleColour clrPAGEMAIN{SystemColour::buttonFace};
     FontRef fontFromAmbient_;  // while it is the one shown, the container's changes are followed
     Connection mouse_;

@@ -79,7 +79,7 @@ const ControlTable& PageTab::memberTable() {
             .loadedAgain<&C::loadFont>()
             .persisted<&C::TextColor, &C::SetTextColor>({u"TextColor", OleColour(SystemColour::buttonText)})
             .loadedAgain<&C::loadTextColor>()
-            .persisted<&C::ActiveTabs, &C::loadTabString>({u"TABSTRING", obk::Text()})
+            .persisted<&C::ActiveTabs, &C::loadTabString>({u"TABSTRING", Text()})
             .persistedOf<&C::ActiveTab, &C::activeTab, &C::loadActiveTab>({u"ActiveTab", 0})
             .persisted<&C::tabColour, &C::loadTabColour>({u"BackColorTAB", face})
             .persisted<&C::BackColorPage, &C::loadBackColorPage>({u"BackColorPage", face})
