@@ -92,9 +92,10 @@ HRESULT PropertyBrowsingPart::GetPredefinedStrings(DISPID id, CALPOLESTR* texts,
     *texts = {};
     *cookies = {};
     return perform([&]() -> HRESULT {
-        const Member* property = readableProperty(object_.table(), id);
-        if (!property) return DISP_E_MEMBERNOTFOUND;
-        const std::vector<Choice> choices = choicesOf(*property);
+        const Member* member = object_.table().member(id);
+        if (!member || member->kind != MemberKind::property) return DISP_E_MEMBERNOTFOUND;
+        // A browser shows what is chosen, which it cannot where nothing can be read.
+        const std::vector<Choice> choices = member->get ? choicesOf(*member) : std::vector<Choice>();
         if (choices.empty()) return S_FALSE;
         auto* names = newTaskArray<LPOLESTR>(choices.size());
         auto* numbers = newTaskArray<DWORD>(choices.size());
