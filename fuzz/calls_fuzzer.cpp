@@ -20,7 +20,7 @@ public:
         });
         platform_.answerColour([this](const ColourQuestion&) {
             reenter();
-            return input_.ConsumeBool() ? std::optional(Rgb{input_.ConsumeIntegral<uint8_t>(), 0, 255})
+            return input_.ConsumeBool() ? std::optional(Rgb::of(input_.ConsumeIntegral<uint8_t>(), 0, 255))
                                         : std::nullopt;
         });
     }
