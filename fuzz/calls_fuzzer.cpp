@@ -103,8 +103,9 @@ private:
         if (members.empty()) return;
         const Member& member = members[input_.ConsumeIntegralInRange<size_t>(0, members.size() - 1)];
         Value value;
-        if (member.get) {
+        if (member.kind == MemberKind::property) {
             if (input_.ConsumeBool()) putProperty(*held, member, valueFor(member.type, input_));
+            if (!member.get) return;
             require(getProperty(*held, member, value) == CallStatus::done && typeOf(value) == member.type,
                     "properties have their declared types");
             if (const auto* font = std::get_if<FontRef>(&value); font && *font && input_.ConsumeBool()) {
@@ -115,6 +116,9 @@ private:
         std::vector<Value> arguments;
         for (const Parameter& parameter : member.parameters)
             arguments.push_back(valueFor(parameter.type, input_));
+        // A session has no time for grids as large as hosts may ask for.
+        if (member.name == u"RowsSet" || member.name == u"ColsSet")
+            arguments[0] = input_.ConsumeIntegralInRange<int32_t>(-2, 60);
         if (callMethod(*held, member, arguments, value) == CallStatus::done)
             require(typeOf(value) == member.type, "results have their declared types");
     }
