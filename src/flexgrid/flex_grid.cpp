@@ -260,6 +260,7 @@ void FlexGrid::paint(Canvas& canvas, const PixelRect& bounds) {
 void FlexGrid::attach(SurfacePeer& peer) {
     attached_ = true;
     Container::attach(peer);
+    peer.acceptDrops();
     layOut();
 }
 

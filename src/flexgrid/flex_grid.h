@@ -66,6 +66,8 @@ public:
     void mouse(const MouseEvent& event) override;
     bool wheel(const WheelEvent& event) override;
     void captureLost() override { endDrag(); }
+    bool takesDrops() const override { return true; }
+    void drop(DropEvent& event) override;
     void keyDown(KeyEvent& event) override;
     void keyUp(KeyEvent& event) override { keyWentUp(event); }
     int16_t keyPress(int16_t character) override;
@@ -82,6 +84,7 @@ public:
     Event<int16_t&> characterTyped;
     Event<const MouseEvent&> mousePressed, mouseMoved, mouseReleased;  // before the grid acts
     Event<> clicked, doubleClicked;
+    Event<DropEvent&> dropped;
     Event<> leavingCell, cellEntered;  // the current cell is about to be another one; is another one
     Event<> selectionMoved;
     Event<> scrolled;

@@ -142,6 +142,11 @@ void FlexGrid::select(CellAddress cell, bool extend) {
     selectionMoved();
 }
 
+void FlexGrid::drop(DropEvent& event) {
+    mouse_ = event.at;
+    dropped(event);
+}
+
 void FlexGrid::keyDown(KeyEvent& event) {
     keyWentDown(event);
     if (event.code == 0 || !enabled() || drag_ != Drag::none || (event.shift & shift::alt) != 0) return;

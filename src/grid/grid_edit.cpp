@@ -38,6 +38,12 @@ void GridEdit::connectChildren() {
     on(flexGRID.mouseReleased, [this](const MouseEvent& event) { raiseMouse(MouseUp, event); });
     on(flexGRID.clicked, [this] { Click(); });
     on(flexGRID.doubleClicked, [this] { DblClick(); });
+    on(flexGRID.dropped, [this](DropEvent& event) {
+        const Dpi dpi = root().dpi();
+        auto x = static_cast<float>(dpi.toTwips(event.at.x).value);
+        auto y = static_cast<float>(dpi.toTwips(event.at.y).value);
+        OLEDragDrop(event.data, event.effect, event.button, event.shift, x, y);
+    });
     on(flexGRID.leavingCell, [this] {
         leftRow_ = flexGRID.Row();
         BoxHide();

@@ -1,6 +1,7 @@
-// What the user does: keys, mouse buttons, the wheel.
+// What the user does: keys, mouse buttons, the wheel, dropping.
 #pragma once
 
+#include "base/opaque_object.h"
 #include "base/units.h"
 
 #include <cstdint>
@@ -62,6 +63,23 @@ struct MouseEvent {
 struct WheelEvent {
     int32_t delta = 0;  // 120 a notch, positive away from the user; fine-grained wheels send less
     bool horizontal = false;
+    int16_t shift = 0;
+    PixelPoint at;
+};
+
+// What becomes of data that is dropped, in the numbering that hosts know.
+namespace drop_effect {
+constexpr int32_t none = 0;
+constexpr int32_t copy = 1;
+constexpr int32_t move = 2;
+constexpr int32_t link = 4;
+}  // namespace drop_effect
+
+// Something that was dragged from anywhere is let go.
+struct DropEvent {
+    ObjectRef data;
+    int32_t effect = 0;  // the sum of what its source allows; whoever takes it leaves what it has done
+    int16_t button = 0;  // which it was dragged with
     int16_t shift = 0;
     PixelPoint at;
 };

@@ -131,6 +131,10 @@ public:
     // Told to a panel while it is visible: the top-level window of the control that owns it moved, was
     // resized, minimised, hidden or closed.
     virtual void hostMoved() = 0;
+    // Whether something may be dropped at a point; asked of surfaces that accept drops, while it is over
+    // them.
+    virtual bool takesDrop(PixelPoint) { return false; }
+    virtual void drop(DropEvent&) {}
     // First the surface itself, then its parts.
     virtual std::vector<AccessibleItem> accessibleItems() = 0;
 
@@ -176,6 +180,8 @@ public:
     virtual void setCursor(Cursor cursor) = 0;
     // Shown when the mouse rests inside `rect`; an empty text removes it. One at a time.
     virtual void setToolTip(const PixelRect& rect, TextView text) = 0;
+    // From now on things may be dropped on it, where the system and the host's thread are ready for that.
+    virtual void acceptDrops() = 0;
     virtual PixelPoint toScreen(PixelPoint point) const = 0;
     // The part of the screen that windows may use, of the monitor this surface is on.
     virtual PixelRect workArea() const = 0;

@@ -209,6 +209,23 @@ void Surface::captureLost() {
     owner_.surfaceCaptureLost();
 }
 
+Widget* Surface::dropTarget(PixelPoint at) {
+    Widget* target = root_.hitTest(at);
+    while (target && !(target->enabled() && target->takesDrops())) target = target->parent();
+    return target;
+}
+
+void Surface::drop(DropEvent& event) {
+    const int32_t allowed = event.effect;
+    if (Widget* target = dropTarget(event.at)) {
+        const PixelRect place = target->pixelBounds();
+        event.at = {event.at.x - place.left, event.at.y - place.top};
+        target->drop(event);
+    }
+    // A source that hears of a move takes away what was dragged: only who has moved it says so.
+    event.effect = event.effect == allowed ? allowed & drop_effect::copy : event.effect & allowed;
+}
+
 void Surface::dpiChanged(Dpi) {
     owner_.surfaceChanged();
 }

@@ -90,12 +90,15 @@ private:
     bool offerToContainer(const KeyEvent& event) override { return owner_.offerToContainer(event); }
     void paint(Canvas& canvas, const PixelRect& dirty) override;
     void captureLost() override;
+    bool takesDrop(PixelPoint at) override { return dropTarget(at) != nullptr; }
+    void drop(DropEvent& event) override;
     void dpiChanged(Dpi dpi) override;
     void appearanceChanged() override;
     void hostMoved() override { owner_.surfaceHostMoved(); }
     std::vector<AccessibleItem> accessibleItems() override;
 
     void deliver(Widget& widget, const MouseEvent& event);
+    Widget* dropTarget(PixelPoint at);
 
     Container& root_;
     SurfaceOwner& owner_;

@@ -61,6 +61,9 @@ public:
     // A menu is asked for; the point is none when it was the keyboard. Whether one was shown.
     virtual bool contextMenu(std::optional<PixelPoint>) { return false; }
     virtual void captureLost() {}
+    // Whether something may be dropped here; the surface must accept drops.
+    virtual bool takesDrops() const { return false; }
+    virtual void drop(DropEvent&) {}
     // Keys of the surface's own window, while this widget has them; a code or character of 0 on return
     // discards the key.
     virtual void keyDown(KeyEvent&) {}

@@ -430,6 +430,40 @@ TEST_F(GridEditTest, KeysGoToTheHostFirst) {
     EXPECT_EQ(host.takeEvents(), (Journal{"KeyDown 88 0", "KeyPress 120", "KeyUp 88 0"}));
 }
 
+TEST_F(GridEditTest, WhatIsDroppedOnTheCellsIsTheHosts) {
+    size(5, 3);
+    show();
+    const auto data = std::make_shared<OpaqueObject>();
+    const auto drop = [&](PixelPoint to, int32_t allowed) {
+        return platform.drop(control->window(), {data, allowed, button::left, shift::control, to});
+    };
+    ObjectRef given;
+    int32_t row = -1, answer = drop_effect::none;
+    host.on["OLEDragDrop"] = [&](std::span<Value> arguments) {
+        given = std::get<ObjectRef>(arguments[0]);
+        row = number(u"MouseRow");
+        if (answer != drop_effect::none) arguments[1] = answer;
+    };
+    constexpr int32_t any = drop_effect::copy | drop_effect::move;
+    EXPECT_EQ(drop(at(2, 1), any), drop_effect::copy) << "nothing is moved unless the host says so";
+    EXPECT_EQ(given, data);
+    EXPECT_EQ(row, 2);
+    EXPECT_EQ(host.takeEvents(), (Journal{"OLEDragDrop ? 3 1 2 1110 675"}));
+    answer = drop_effect::move;
+    EXPECT_EQ(drop(at(2, 1), any), drop_effect::move);
+    EXPECT_EQ(drop(at(2, 1), drop_effect::copy | drop_effect::link), drop_effect::none);
+    host.take();
+    EXPECT_EQ(drop({50, 5}, any), drop_effect::none) << "captions take nothing";
+    call(u"GridHide");
+    EXPECT_EQ(drop(at(2, 1), any), drop_effect::none);
+    EXPECT_EQ(host.take(), Journal{});
+    call(u"GridShow");
+    host.on["OLEDragDrop"] = [&](std::span<Value>) { release(); };
+    const NativeWindow shown = control->window();
+    platform.drop(shown, {data, any, button::left, 0, at(2, 1)});
+    EXPECT_EQ(platform.windowCount(), 0u);
+}
+
 TEST_F(GridEditTest, FileAndCaptionGoThereAndBack) {
     size(3, 12);
     set(0, 0, u"oak, 160 \u00D7 80");

@@ -219,6 +219,15 @@ void HeadlessPlatform::wheel(NativeWindow surfaceWindow, const WheelEvent& event
     if (alive) receiver->client().wheel(own);
 }
 
+int32_t HeadlessPlatform::drop(NativeWindow surfaceWindow, DropEvent event) {
+    HeadlessSurface* target = surface(surfaceWindow);
+    if (!target || !target->acceptsDrops() || !target->enabled()) return drop_effect::none;
+    const auto alive = target->client().keepAlive();
+    if (!alive || !target->surfaceClient().takesDrop(event.at)) return drop_effect::none;
+    target->surfaceClient().drop(event);
+    return event.effect;
+}
+
 void HeadlessPlatform::setFocus(NativeWindow window) {
     if (window == focus_) return;
     HeadlessWindow* losing = find(focus_);

@@ -50,6 +50,8 @@ public:
     void click(NativeWindow surface, PixelPoint at, int16_t button = button::left);
     // What the window there does not use is the host's.
     void wheel(NativeWindow surface, const WheelEvent& event);
+    // Lets go of something dragged from elsewhere. What was done with it; none where it cannot be dropped.
+    int32_t drop(NativeWindow surface, DropEvent event);
     // Gives the focus to a window, or with 0 to another application.
     void setFocus(NativeWindow window);
     // Another window takes the capture.

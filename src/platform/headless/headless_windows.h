@@ -70,6 +70,8 @@ public:
     bool canTakeFocus() const override;
     void setCursor(Cursor cursor) override { cursor_ = cursor; }
     void setToolTip(const PixelRect&, TextView text) override { toolTip_ = text; }
+    void acceptDrops() override { acceptsDrops_ = true; }
+    bool acceptsDrops() const { return acceptsDrops_; }
     PixelPoint toScreen(PixelPoint point) const override {
         return {point.x + bounds_.left, point.y + bounds_.top};
     }
@@ -106,6 +108,7 @@ private:
     std::vector<HeadlessWindow*> children_;
     Text toolTip_;
     Cursor cursor_ = Cursor::arrow;
+    bool acceptsDrops_ = false;
 };
 
 // A child of a surface, whatever it shows.

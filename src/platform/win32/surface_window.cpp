@@ -3,6 +3,7 @@
 #include "platform/win32/accessible.h"
 #include "platform/win32/child_window.h"
 #include "platform/win32/display.h"
+#include "platform/win32/drop_target.h"
 #include "platform/win32/gdi_canvas.h"
 #include "platform/win32/handles.h"
 
@@ -86,6 +87,7 @@ void SurfaceWindow::closeSurface() {
     surfaceClient_ = nullptr;
     toolTip_.close();
     hostWatch_.end();
+    refuseDrops();
     close();
 }
 
@@ -251,6 +253,35 @@ void SurfaceWindow::setToolTip(const PixelRect& rect, TextView text) {
     toolTip_.set(environment(), hwnd(), rect, text);
 }
 
+void SurfaceWindow::acceptDrops() {
+    if (acceptsDrops_ || !hwnd()) return;
+    IDropTarget* const target = createDropTarget(std::static_pointer_cast<SurfaceWindow>(shared_from_this()),
+                                                 environment().lockModule());
+    if (!target) return;
+    // Refused where the host's thread has not begun to use OLE.
+    acceptsDrops_ = SUCCEEDED(RegisterDragDrop(hwnd(), target));
+    target->Release();
+}
+
+// Before the window goes: the system forgets its target by it.
+void SurfaceWindow::refuseDrops() {
+    if (std::exchange(acceptsDrops_, false) && hwnd()) RevokeDragDrop(hwnd());
+}
+
+bool SurfaceWindow::takesDrop(POINT onScreen) {
+    const Hold hold(*this);
+    if (!listening() || !surfaceClient_ || !IsWindowEnabled(hwnd()) || !ScreenToClient(hwnd(), &onScreen))
+        return false;
+    return surfaceClient_->takesDrop({onScreen.x, onScreen.y});
+}
+
+void SurfaceWindow::drop(DropEvent& event, POINT onScreen) {
+    const Hold hold(*this);
+    if (!listening() || !surfaceClient_ || !ScreenToClient(hwnd(), &onScreen)) return;
+    event.at = {onScreen.x, onScreen.y};
+    surfaceClient_->drop(event);
+}
+
 void SurfaceWindow::add(const std::shared_ptr<ChildWindow>& child) {
     std::erase_if(children_, [](const auto& known) { return known.expired(); });
     children_.push_back(child);
@@ -397,6 +428,9 @@ LRESULT SurfaceWindow::handle(const Message& message) {
             return defaultFor(message);
         case WM_GETOBJECT:
             return accessible(message);
+        case WM_DESTROY:
+            refuseDrops();
+            return defaultFor(message);
         default:
             return ClientWindow::handle(message);
     }

@@ -36,6 +36,7 @@ public:
     bool hasCapture() const { return hwnd() && GetCapture() == hwnd(); }
     void setCursor(Cursor cursor);
     void setToolTip(const PixelRect& rect, TextView text);
+    void acceptDrops();
 
     void add(const std::shared_ptr<ChildWindow>& child);
     // Whatever the child's end does to the surface is not reported.
@@ -44,6 +45,10 @@ public:
     void childReleasedCapture();
     // A wheel that neither a child nor the surface uses goes to the host.
     LRESULT passWheelToHost(const Message& message);
+
+    // For its drop target; points of the screen become those of the window.
+    bool takesDrop(POINT onScreen);
+    void drop(DropEvent& event, POINT onScreen);
 
     std::vector<AccessibleItem> accessibleItems();
     // Presses and releases the left button there, as a click would.
@@ -64,6 +69,7 @@ private:
     LRESULT captureChanged(const Message& message);
     LRESULT accessible(const Message& message);
     void checkDpi();
+    void refuseDrops();
     void watchHost();
     void hostMoved();
     std::shared_ptr<ChildWindow> child(HWND window) const;
@@ -74,6 +80,7 @@ private:
     Dpi reportedDpi_;
     bool wantsCapture_ = false;
     bool releasing_ = false;
+    bool acceptsDrops_ = false;
     Cursor cursor_ = Cursor::arrow;
     std::vector<std::weak_ptr<ChildWindow>> children_;
     ToolTip toolTip_;

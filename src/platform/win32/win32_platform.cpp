@@ -118,6 +118,7 @@ public:
     bool hasFocus() const override { return window_->holdsFocus(); }
     void setCursor(Cursor cursor) override { window_->setCursor(cursor); }
     void setToolTip(const PixelRect& rect, TextView text) override { window_->setToolTip(rect, text); }
+    void acceptDrops() override { window_->acceptDrops(); }
     PixelPoint toScreen(PixelPoint point) const override {
         POINT at{point.x, point.y};
         ClientToScreen(window_->hwnd(), &at);
