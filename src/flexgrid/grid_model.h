@@ -49,9 +49,7 @@ public:
     // Valid until the next change of the grid.
     TextView text(CellAddress cell) const {
         const PackedRow* row = contains(cell) ? rows_.at(cell.row) : nullptr;
-        if (!row) return {};
-        row->prefetch();
-        return row->text(cell.col);
+        return row ? row->text(cell.col) : TextView();
     }
     bool setText(CellAddress cell, TextView text);
 

@@ -36,13 +36,6 @@ public:
     // One cell for each text. A long text that is the very memory of the one before it is kept once.
     static RowHandle fromTexts(std::span<const TextView> texts);
 
-    // A row is some hundred bytes whose start says where the rest lies. Asked for together, they come from
-    // memory in the time of one.
-    void prefetch() const {
-        const char* const start = reinterpret_cast<const char*>(this);
-        for (int line = 1; line <= 3; ++line) __builtin_prefetch(start + line * 64);
-    }
-
     // Empty for a cell beyond those that were set. Valid until the row changes.
     TextView text(int32_t col) const {
         if (static_cast<uint32_t>(col) >= cells_) return {};
