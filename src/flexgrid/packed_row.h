@@ -2,7 +2,7 @@
 #pragma once
 
 #include "base/text.h"
-#include "flexgrid/cell_style.h"
+#include "flexgrid/style_table.h"
 
 #include <cstdint>
 #include <memory>
@@ -50,9 +50,14 @@ public:
     StyleRef style(int32_t col) const {
         return static_cast<uint32_t>(col) < styled_ ? styles_[static_cast<uint32_t>(col)] : StyleRef();
     }
+    // Null for a cell beyond those that have room for a style.
+    StyleRef* stylePlace(int32_t col) {
+        return static_cast<uint32_t>(col) < styled_ ? &styles_[static_cast<uint32_t>(col)] : nullptr;
+    }
     static void setStyle(RowHandle& row, int32_t col, StyleRef style, int32_t cols) {
         if (!row || static_cast<uint32_t>(col) >= row->styled_) makeRoomForStyle(row, col, style, cols);
-        if (row && static_cast<uint32_t>(col) < row->styled_) row->styles_[static_cast<uint32_t>(col)] = std::move(style);
+        if (row && static_cast<uint32_t>(col) < row->styled_)
+            row->styles_[static_cast<uint32_t>(col)] = std::move(style);
     }
 
     // Twips, or ownHeightNone.
