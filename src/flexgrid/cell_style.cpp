@@ -38,10 +38,6 @@ unsigned smallSettings(const CellStyle& style) {
            static_cast<unsigned>(style.fontSize.has_value()) << 18;
 }
 
-bool nothingSet(const CellStyle& style) {
-    return smallSettings(style) == 0 && !style.fontName && !style.picture;
-}
-
 }  // namespace
 
 std::optional<CellAlignment> cellAlignment(int32_t number) {
@@ -55,32 +51,18 @@ bool CellStyle::operator==(const CellStyle& other) const {
            picture == other.picture && equalNames(fontName, other.fontName);
 }
 
-const CellStyle& StyleRef::unset() {
-    static const CellStyle style;
-    return style;
-}
-
-void StyleRef::dropLast() const noexcept {
-    StyleTable& table = *entry_->table;
-    table.memories_.fill({});
-    table.entries_.erase(table.entries_.find(entry_->style));
-}
-
-size_t StyleTable::Hash::operator()(const CellStyle& style) const noexcept {
-    size_t hash = smallSettings(style);
-    mix(hash, style.backColour.value_or(OleColour()).value);
-    mix(hash, style.foreColour.value_or(OleColour()).value);
-    if (style.fontSize) mix(hash, sizeBits(style.fontSize));
-    if (style.fontName) mix(hash, std::hash<Text>()(*style.fontName));
-    if (style.picture) mix(hash, std::hash<PictureRef>()(style.picture));
+size_t CellStyle::hash() const {
+    size_t hash = smallSettings(*this);
+    mix(hash, backColour.value_or(OleColour()).value);
+    mix(hash, foreColour.value_or(OleColour()).value);
+    if (fontSize) mix(hash, sizeBits(fontSize));
+    if (fontName) mix(hash, std::hash<Text>()(*fontName));
+    if (picture) mix(hash, std::hash<PictureRef>()(picture));
     return hash;
 }
 
-StyleRef StyleTable::shared(const CellStyle& style) {
-    if (nothingSet(style)) return {};
-    auto found = entries_.find(style);
-    if (found == entries_.end()) found = entries_.insert(StyleRef::Entry{style, this, 0}).first;
-    return StyleRef(*found);
+bool CellStyle::nothingSet() const {
+    return smallSettings(*this) == 0 && !fontName && !picture;
 }
 
 }  // namespace obk

@@ -59,7 +59,6 @@ bool GridModel::setText(CellAddress cell, TextView text) {
     RowHandle* row = rows_.touched(cell.row);
     // A run of rows that nobody has touched stays one.
     if (!row && text.empty()) return true;
-    if (row && *row) (*row)->prefetch();
     PackedRow::setText(row ? *row : rows_.slot(cell.row), cell.col, text, cols());
     return true;
 }

@@ -1,10 +1,10 @@
 // The cells of a flexible grid, without a widget: texts, styles, sizes and their order.
 #pragma once
 
-#include "flexgrid/cell_style.h"
 #include "flexgrid/column_list.h"
 #include "flexgrid/row_sequence.h"
 #include "flexgrid/sort_order.h"
+#include "flexgrid/style_table.h"
 
 #include <span>
 
@@ -50,9 +50,7 @@ public:
     // Valid until the next change of the grid.
     TextView text(CellAddress cell) const {
         const PackedRow* row = contains(cell) ? rows_.at(cell.row) : nullptr;
-        if (!row) return {};
-        row->prefetch();
-        return row->text(cell.col);
+        return row ? row->text(cell.col) : TextView();
     }
     bool setText(CellAddress cell, TextView text);
 
@@ -70,15 +68,19 @@ public:
         if (!contains(cell)) return false;
         constexpr bool small = SmallSetting<std::remove_cvref_t<Setting>>;
         RowHandle* const row = rows_.touched(cell.row);
-        const StyleRef from = row && *row ? (*row)->style(cell.col) : StyleRef();
+        StyleRef* const place = row && *row ? (*row)->stylePlace(cell.col) : nullptr;
         StyleTable::Transition transition;
         if constexpr (small) {
-            transition = StyleTable::transition(from, &attributeMark<Attribute>, settingBits(setting));
+            transition = StyleTable::transition(place, &attributeMark<Attribute>, settingBits(setting));
             if (auto known = styles_.after(transition)) {
-                putStyle(row, cell, std::move(*known));
+                if (place)
+                    *place = std::move(*known);
+                else
+                    putStyle(row, cell, std::move(*known));
                 return true;
             }
         }
+        const StyleRef from = place ? *place : StyleRef();  // held, for what is remembered of it
         CellStyle changed = *from;
         changed.*Attribute = std::forward<Setting>(setting);
         if (!setStyle(cell, changed)) return false;

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "base/text.h"
-#include "flexgrid/cell_style.h"
+#include "flexgrid/style_table.h"
 
 #include <cstdint>
 #include <memory>
@@ -37,13 +37,6 @@ public:
     // kept once.
     static RowHandle fromTexts(std::span<const TextView> texts);
 
-    // A row is some hundred bytes whose start says where the rest lies. Asked for together, they come from
-    // memory in the time of one.
-    void prefetch() const {
-        const char* const start = reinterpret_cast<const char*>(this);
-        for (int line = 1; line <= 3; ++line) __builtin_prefetch(start + line * 64);
-    }
-
     // Empty for a cell beyond those that were set. Valid until the row changes.
     TextView text(int32_t col) const {
         if (static_cast<uint32_t>(col) >= cells_) return {};
@@ -58,9 +51,14 @@ public:
     StyleRef style(int32_t col) const {
         return static_cast<uint32_t>(col) < styled_ ? styles_[static_cast<uint32_t>(col)] : StyleRef();
     }
+    // Null for a cell beyond those that have room for a style.
+    StyleRef* stylePlace(int32_t col) {
+        return static_cast<uint32_t>(col) < styled_ ? &styles_[static_cast<uint32_t>(col)] : nullptr;
+    }
     static void setStyle(RowHandle& row, int32_t col, StyleRef style, int32_t cols) {
         if (!row || static_cast<uint32_t>(col) >= row->styled_) makeRoomForStyle(row, col, style, cols);
-        if (row && static_cast<uint32_t>(col) < row->styled_) row->styles_[static_cast<uint32_t>(col)] = std::move(style);
+        if (row && static_cast<uint32_t>(col) < row->styled_)
+            row->styles_[static_cast<uint32_t>(col)] = std::move(style);
     }
     // Of the first cells, as many as there are styles, in place of those that the row had.
     static void setStyles(RowHandle& row, std::span<const StyleRef> styles);
