@@ -76,7 +76,7 @@ private:
     Dpi measuredAt_;
     CaptionSizes captions_;
     StripLayout layout_;
-    int32_t first_ = 1;  // at the beginning of the view
+    int32_t first_ = 1;       // at the beginning of the view
     int32_t hovered_ = none;  // the tab under the mouse
     std::optional<PixelPoint> mouseAt_;
     Connection scrolled_;

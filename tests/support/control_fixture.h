@@ -62,4 +62,4 @@ protected:
     std::shared_ptr<Control> control;
 };
 
-} // namespace obk::test
+}  // namespace obk::test

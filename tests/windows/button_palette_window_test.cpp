@@ -9,7 +9,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <functional>
 #include <optional>
+#include <utility>
 
 namespace obk {
 namespace {
@@ -31,7 +33,9 @@ long colourOf(size_t index) {
 // Answers the system's colour chooser as soon as it shows, while it runs its own loop.
 class ChooserAnswer {
 public:
-    explicit ChooserAnswer(std::optional<COLORREF> colour) : colour_(colour) {
+    // `first` is done before the answer.
+    explicit ChooserAnswer(std::optional<COLORREF> colour, std::function<void()> first = {})
+        : colour_(colour), first_(std::move(first)) {
         current = this;
         timer_ = SetTimer(nullptr, 0, 50, tick);
     }
@@ -47,6 +51,7 @@ private:
         const HWND dialog = FindWindowW(L"#32770", L"Custom");
         if (!current || !dialog || !IsWindowVisible(dialog)) return;
         ++current->seen_;
+        if (const auto first = std::exchange(current->first_, nullptr)) first();
         if (current->colour_) {
             constexpr int redField = 706;  // COLOR_RED; green and blue follow
             SetDlgItemInt(dialog, redField, GetRValue(*current->colour_), FALSE);
@@ -57,6 +62,7 @@ private:
     }
 
     std::optional<COLORREF> colour_;
+    std::function<void()> first_;
     UINT_PTR timer_ = 0;
     int seen_ = 0;
 };
@@ -309,6 +315,21 @@ TEST_F(ButtonPaletteWindow, AHostLetsGoOfTheControlInsideEveryEvent) {
         EXPECT_FALSE(openPanel()) << event;
         EXPECT_EQ(GetCapture(), nullptr) << event;
     }
+}
+
+TEST_F(ButtonPaletteWindow, AHostLetsGoOfTheControlWhileTheChooserIsOpen) {
+    const HWND panel = open();
+    ASSERT_TRUE(panel);
+    const ChooserAnswer answer(RGB(1, 2, 3), [&] { hosted.site.close(); });
+    const RECT area = windowRect(panel);
+    person.moveTo(panel, (area.right - area.left) / 2, area.bottom - area.top - 17);
+    person.press();
+    hosted.loop.pumpPending();
+    EXPECT_GE(answer.seen(), 1);
+    EXPECT_FALSE(FindWindowW(L"#32770", L"Custom"));
+    EXPECT_FALSE(openPanel());
+    EXPECT_EQ(GetCapture(), nullptr);
+    EXPECT_TRUE(IsWindowEnabled(hosted.window.handle()));
 }
 
 TEST(ButtonPaletteResources, OpeningAndClosingLeavesNothing) {

@@ -9,6 +9,8 @@
 
 #include <oleacc.h>
 
+#include <utility>
+
 namespace obk::win32 {
 
 namespace {
