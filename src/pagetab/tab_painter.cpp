@@ -79,7 +79,8 @@ Rgb TabPainter::classicTab(const PixelRect& rect, const TabFace& face) {
     canvas_.fillRect({right - l, top + 2 * l, right, bottom}, dark);
     canvas_.fillRect({right - 2 * l, top + 2 * l, right - l, bottom}, shadow);
     if (!face.enabled) return colour(SystemColour::greyText);
-    return face.hovered ? colour(SystemColour::hotLight) : colours_.text;
+    // Not the colour for hot texts: schemes have one that cannot be read on the face of buttons.
+    return face.hovered ? colour(SystemColour::highlight) : colours_.text;
 }
 
 Rgb TabPainter::contrastTab(const PixelRect& rect, const TabFace& face) {
