@@ -11,7 +11,7 @@ namespace obk {
 
 namespace {
 
-constexpr int32_t rowPaddingAt96 = 6;  // above and below the text together
+constexpr int32_t rowPaddingAt96 = 4;  // above and below the text together
 
 }  // namespace
 
