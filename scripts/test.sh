@@ -77,7 +77,7 @@ run_tests() {
 
 run_windows_tests() {
     local architecture=$1
-    run_tests "windows-$architecture" 620 "$root/scripts/wine.sh" "$architecture" 600 \
+    run_tests "windows-$architecture" 1820 "$root/scripts/wine.sh" "$architecture" 1800 \
         "$root/build/windows-$architecture/tests/windows/obk_window_tests.exe"
 }
 

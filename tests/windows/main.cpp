@@ -14,7 +14,7 @@ namespace {
 
 constexpr UINT exitCrashed = 70;
 constexpr UINT exitHung = 71;
-constexpr ULONGLONG longestTestMilliseconds = 60000;
+constexpr ULONGLONG longestTestMilliseconds = 240000;
 
 std::atomic<const testing::TestInfo*> runningTest{nullptr};
 std::atomic<ULONGLONG> runningSince{0};
