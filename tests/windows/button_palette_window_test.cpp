@@ -77,16 +77,7 @@ protected:
     container::Dispatch object() const { return hosted.object(); }
     HWND button() const { return hosted.site.window(); }
     long colour() const { return object().value(L"Color").toLong().value_or(-1); }
-    // Without those of the mouse's way, which the system reports as often as it likes.
-    std::wstring takeEvents() {
-        std::wstring names;
-        for (const auto& record : hosted.site.events().journal()) {
-            if (record.name == L"MouseMove" || record.name == L"MouseOut") continue;
-            names += (names.empty() ? L"" : L" ") + record.name;
-        }
-        hosted.site.events().clearJournal();
-        return names;
-    }
+    std::wstring takeEvents() { return hosted.takeEvents(); }
     HWND open() {
         object().call(L"ShowPopUp");
         hosted.loop.pumpPending();

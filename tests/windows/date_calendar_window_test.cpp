@@ -32,16 +32,7 @@ protected:
     container::Dispatch object() const { return hosted.object(); }
     HWND face() const { return hosted.site.window(); }
     std::wstring date() const { return object().value(L"Text").toText(); }
-    // Without those of the mouse's way, which the system reports as often as it likes.
-    std::wstring takeEvents() {
-        std::wstring names;
-        for (const auto& record : hosted.site.events().journal()) {
-            if (record.name == L"MouseMove" || record.name == L"MouseOut") continue;
-            names += (names.empty() ? L"" : L" ") + record.name;
-        }
-        hosted.site.events().clearJournal();
-        return names;
-    }
+    std::wstring takeEvents() { return hosted.takeEvents(); }
     void enter() {
         person.click(edit, 30, 8);
         ASSERT_TRUE(person.waitFor([&] { return GetFocus() == edit; }));

@@ -70,15 +70,7 @@ protected:
         ADD_FAILURE() << "no row shows";
         return 0;
     }
-    // Without those of the mouse's way, which the system reports as often as it likes.
-    std::wstring takeEvents() {
-        std::wstring names;
-        for (const auto& record : hosted.site.events().journal()) {
-            if (record.name != L"MouseMove") names += (names.empty() ? L"" : L" ") + record.name;
-        }
-        hosted.site.events().clearJournal();
-        return names;
-    }
+    std::wstring takeEvents() { return hosted.takeEvents(); }
     static std::wstring clipboardText() {
         std::wstring text;
         if (!OpenClipboard(nullptr)) return text;

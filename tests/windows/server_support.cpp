@@ -89,6 +89,16 @@ HostedControl::HostedControl(const std::wstring& className, container::SiteSetti
     EXPECT_EQ(site.adopt(server.create(className), state), S_OK);
 }
 
+std::wstring HostedControl::takeEvents() {
+    std::wstring names;
+    for (const auto& record : site.events().journal()) {
+        if (record.name == L"MouseMove" || record.name == L"MouseOut") continue;
+        names += (names.empty() ? L"" : L" ") + record.name;
+    }
+    site.events().clearJournal();
+    return names;
+}
+
 void HostedControl::activate(RECT bounds) {
     EXPECT_EQ(site.activate(bounds), S_OK);
     loop.pumpPending();

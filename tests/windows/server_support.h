@@ -53,6 +53,9 @@ public:
     container::MessageLoop loop;
 
     container::Dispatch object() const { return site.object(); }
+    // The names of the events since the last call, without those of the mouse's way, which the system reports
+    // as often as it likes.
+    std::wstring takeEvents();
     void activate(RECT bounds = {10, 10, 130, 34});
 };
 
