@@ -169,7 +169,7 @@ void measureCalls(const ServerContext& server, HWND host) {
         for (const auto& [row, col] : cells) {
             Variant text;
             grid.call(read, {row, col}, &text);
-            units += SysStringLen(V_BSTR(text.get()));
+            units += SysStringLen(V_BSTR(&text.get()));
         }
     });
     std::printf("read through the interface      %5.1f times as long as the model alone (%zu)\n",
