@@ -122,6 +122,7 @@ void FlexGrid::fitColumn(int32_t col) {
     const int32_t pixels = width + 2 * cellMargin(scale) + scale.scaled(1);
     const double twips = std::ceil(scale.toTwips(pixels).value);
     SetColWidth(col, static_cast<int32_t>(std::min<double>(twips, GridModel::greatestLength)));
+    columnResized(col);
 }
 
 void FlexGrid::copySelection() const {

@@ -54,8 +54,13 @@ public:
     int32_t MouseCol() const { return view().colAt(mouse_.x); }
     // Where the current cell stands, in twips from the grid's left top corner.
     TwipsRect cellPlace() const;
-    // Makes a column as wide as its texts that show need.
+    // Makes a column as wide as its texts that show need, as a double click on its border does.
     void fitColumn(int32_t col);
+    // The column whose right border is near `x`, in pixels from the grid's left edge; -1 for none, and while
+    // a person may not resize columns.
+    int32_t columnBorderAt(int32_t x) const;
+    // Moves a column's right border there, as dragging it does; a column keeps a few pixels.
+    void dragColumnBorder(int32_t col, int32_t x);
     void copySelection() const;
 
     bool hasFocus() const;
@@ -108,7 +113,6 @@ private:
     GridMarks marks() const;
 
     void press(const MouseEvent& event);
-    void dragColumn(int32_t x);
     void dragSelection();
     void beginDrag(Drag drag);
     void endDrag();

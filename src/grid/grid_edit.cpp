@@ -24,6 +24,7 @@ void GridEdit::initialize() {
     const Look look = lookOfSystem(platform());
     gbrBORDER.setLook(look);
     flexGRID.setLook(look);
+    picTOPBAR.setLook(look);
 }
 
 void GridEdit::connectChildren() {

@@ -30,9 +30,11 @@ void GridEdit::BarHeaderSort() {
 void GridEdit::GridColSort(int32_t colno) {
     // A column that was not sorted last is sorted in the direction of the last sort.
     if (flexGRID.Col() != sortedCol_) sortedDescending_ = !sortedDescending_;
+    picTOPBAR.moveSortMark(flexGRID.Col());
     if (colno >= 0 && colno < flexGRID.Cols()) {
         sortedDescending_ = !sortedDescending_;
         attempt([&] { flexGRID.Sort(sortedDescending_ ? 2 : 1); });
+        picTOPBAR.drawSortMark(sortedDescending_);
     }
     sortedCol_ = flexGRID.Col();
 }
@@ -40,9 +42,12 @@ void GridEdit::GridColSort(int32_t colno) {
 // The newest first, in grids that have their dates in the fifth column; as texts, like any other sort.
 void GridEdit::GridColSortInitialDate() {
     constexpr int32_t dateCol = 4;
-    if (flexGRID.SetCol(dateCol)) {
+    const bool hasDates = flexGRID.SetCol(dateCol);
+    picTOPBAR.moveSortMark(flexGRID.Col());
+    if (hasDates) {
         sortedDescending_ = true;
         attempt([&] { flexGRID.Sort(2); });
+        picTOPBAR.drawSortMark(true);
     }
     sortedCol_ = flexGRID.Col();
 }
