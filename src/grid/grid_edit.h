@@ -6,6 +6,7 @@
 #include "framework/control.h"
 #include "grid/column_types.h"
 #include "grid/header_bar.h"
+#include "grid/icon_list.h"
 #include "widgets/decoration.h"
 
 namespace obk {
@@ -48,6 +49,7 @@ public:
                        bool strikeThru, OleColour oleForeColor);
     Text CellTextRead(int32_t rowno, int32_t colno) const;
     void CellTextSet(int32_t rowno, int32_t colno, const Text& text);
+    void CellSetIcon(int32_t colno, int32_t rowno, const Text& iconname);
     int32_t CellCurrentHeight() const;
     int32_t CellCurrentLeft() const;
     int32_t CellCurrentTop() const;
@@ -117,7 +119,6 @@ public:
     void BoxShow() {}
     void cboLIST_KeyDown(int16_t&, int16_t&) {}
     void cboLIST_KeyUp(int16_t&, int16_t&) {}
-    void CellSetIcon(int32_t, int32_t, const Text&) {}
     void ComboAdd(const Text&) {}
     void ComboClear() {}
     void ComboDel(int32_t) {}
@@ -155,6 +156,7 @@ private:
     Frame gbrBORDER;
     FlexGrid flexGRID;
     HeaderBar picTOPBAR;
+    IconList imlTREELISTICONS;
 
     ColumnTypes types_;
     Text dragInfo_;
