@@ -54,19 +54,21 @@ void FlexGrid::mouse(const MouseEvent& event) {
 void FlexGrid::press(const MouseEvent& event) {
     const bool twice = event.kind == MouseEvent::Kind::doubleClick;
     const int32_t border = borderAt(event.at);
+    const GridView shown = view();
+    const CellAddress cell{shown.rowAt(event.at.y), shown.colAt(event.at.x)};
+    if (border >= 0 || cell.row < 0 || cell.col < 0) disturbed();
+    if (border >= Cols()) return;  // whoever listens has taken it away
     if (border >= 0 && twice) {
         fitColumn(border);
         columnResized(border);
         return;
     }
-    const GridView shown = view();
     if (border >= 0) {
         draggedCol_ = border;
-        dragRest_ = shown.rect(CellAddress{0, border}).right - event.at.x;
+        dragRest_ = view().rect(CellAddress{0, border}).right - event.at.x;
         beginDrag(Drag::column);
         return;
     }
-    const CellAddress cell{shown.rowAt(event.at.y), shown.colAt(event.at.x)};
     if (cell.row < 0 || cell.col < 0) return;
     if (twice) return doubleClicked();
     beginDrag(Drag::selection);
@@ -135,7 +137,9 @@ void FlexGrid::select(CellAddress cell, bool extend) {
     if (!model().contains(cell)) return;
     const bool another = !extend && cell != current();
     if (!another && cell == CellAddress{RowSel(), ColSel()}) return;
-    if (another) leavingCell();
+    bool leaves = true;
+    if (another) leavingCell(leaves);
+    if (!leaves) return;
     // Whoever listens may have taken the cell away.
     if (!Select(extend ? current() : cell, cell)) return;
     if (another) cellEntered();
@@ -156,8 +160,14 @@ void FlexGrid::keyDown(KeyEvent& event) {
     const CellAddress from = extend ? CellAddress{RowSel(), ColSel()} : current();
     const auto to = movedBy(event.code, control, from, view());
     if (!to) return;
+    if (!extend) return goTo(*to);
     select(*to, extend);
     if (model().contains(*to)) show(*to);
+}
+
+void FlexGrid::goTo(CellAddress cell) {
+    select(cell, false);
+    if (current() == cell) show(cell);
 }
 
 int16_t FlexGrid::keyPress(int16_t character) {
