@@ -72,17 +72,20 @@ TEST(EditSession, WhatTypesNothingOpensNothing) {
     for (int16_t code = 1; code < 255; ++code) {
         if (editAction({code, 0, false}, cells) == open) opening.insert(code);
     }
-    for (const int16_t code : {12, 16, 17, 18, 19, 20, 35, 39, 44, 91, 92, 93, 112, 123, 144, 145, 173})
+    for (const int16_t code : std::initializer_list<int16_t>{12, 16, 17, 18, 19, 20, 35, 39, 44, 91, 92, 93,
+                                                             112, 123, 144, 145, 173})
         EXPECT_EQ(opening.count(code), 0u) << code;
     // Letters, digits, the number pad, punctuation, an input method's keys.
-    for (const int16_t code : {8, 32, 48, 65, 90, 96, 107, 111, 186, 191, 222, 226, 229, 231})
+    for (const int16_t code :
+         std::initializer_list<int16_t>{8, 32, 48, 65, 90, 96, 107, 111, 186, 191, 222, 226, 229, 231})
         EXPECT_EQ(opening.count(code), 1u) << code;
 }
 
 TEST(EditSession, CharactersWithoutAKeyOfTheirOwnOpenAnEditor) {
     for (const char16_t typed : {u' ', u'@', u'\u20AC', u'\u65E5', u'\xFF5E'})
         EXPECT_TRUE(opensEditor(static_cast<int16_t>(typed))) << static_cast<int>(typed);
-    for (const int16_t control : {0, 8, 9, 13, 22, 27, 127}) EXPECT_FALSE(opensEditor(control)) << control;
+    for (const int16_t control : std::initializer_list<int16_t>{0, 8, 9, 13, 22, 27, 127})
+        EXPECT_FALSE(opensEditor(control)) << control;
 }
 
 }  // namespace

@@ -451,9 +451,9 @@ TEST_F(GridEditorsTest, APasteGoesThroughTheColumnTypes) {
     host.take();
     platform.pressKey('V', shift::control);
     EXPECT_EQ(takeNews(), (Journal{"Change", "ChangePost"}));
-    const auto row = [this](int32_t row) {
+    const auto row = [this](int32_t at) {
         std::string texts;
-        for (int32_t col = 0; col < 7; ++col) texts += (col == 0 ? "" : "|") + read(row, col);
+        for (int32_t col = 0; col < 7; ++col) texts += (col == 0 ? "" : "|") + read(at, col);
         return texts;
     };
     EXPECT_EQ(row(1), "a\ttab|Wed 3 Mar 2027|fixed|a|elm|7.5|9:30:00 pm");
