@@ -1,12 +1,13 @@
-# obk_add_library(<target> [FAST] [ROOT <folder>] [LINKS <targets>...] SOURCES <files>...)
+# obk_add_library(<target> [FAST] [SYSTEM] [ROOT <folder>] [LINKS <targets>...] SOURCES <files>...)
 #
 # A static library of the folder it is called in. Others include its headers as "<folder>/<header>", and
 # only those who link it can: the include path of a target holds nothing but a link to its own folder, so
 # that an include of a higher level does not compile.
 # FAST: on the way of every call from a host, or of every cell; the rest of a product is built for size.
+# SYSTEM: it speaks to the platform itself.
 # ROOT is the folder which include paths start from (default: src).
 function(obk_add_library target)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "FAST" "ROOT" "LINKS;SOURCES")
+    cmake_parse_arguments(PARSE_ARGV 1 arg "FAST;SYSTEM" "ROOT" "LINKS;SOURCES")
     if(NOT arg_ROOT)
         set(arg_ROOT src)
     endif()
@@ -24,6 +25,15 @@ function(obk_add_library target)
         target_link_libraries(${target} PUBLIC ${arg_LINKS} PRIVATE obk_warnings)
         if(arg_FAST AND WIN32)
             target_compile_options(${target} PRIVATE -O2)
+        endif()
+        if(OBK_FUZZ)
+            # What fuzzers steer by; a test that links it runs as before.
+            target_compile_options(${target} PRIVATE -fsanitize=fuzzer-no-link)
+        endif()
+        if(arg_SYSTEM)
+            obk_precompile(${target} SYSTEM)
+        else()
+            obk_precompile(${target})
         endif()
     else()
         add_library(${target} INTERFACE)

@@ -82,7 +82,7 @@ run_windows_tests() {
 }
 
 run_fuzzers() {
-    local fuzzers=("$root"/build/native-fuzz/fuzz/*_fuzzer) fuzzer name share start=$SECONDS
+    local fuzzers=("$root"/build/native-sanitize/fuzz/*_fuzzer) fuzzer name share start=$SECONDS
     local good=0 bad=0 names=
     [ -x "${fuzzers[0]}" ] || { note fuzz 0 1 0 "there is no fuzzer"; return; }
     share=$((fuzz_seconds / ${#fuzzers[@]}))
@@ -157,7 +157,7 @@ elif build windows-x86 windows-x86 products obk_window_tests; then
 fi
 if [ "$fuzz_seconds" -eq 0 ]; then
     note fuzz 0 0 1 "not run: FUZZ_SECONDS is 0"
-elif build fuzz native-fuzz; then
+elif build fuzz native-sanitize fuzzers; then
     in_background fuzz run_fuzzers
 fi
 for pid in "${background[@]}"; do wait "$pid" || true; done

@@ -22,9 +22,9 @@ constexpr PageEntry catalogue[] = {
     {L"PageTab", L"Tab strip",
      L"A strip of tabs to choose a page by: press one, walk with the arrow keys, or call it by its letter.",
      OBK_TOOLBOX_PAGETAB, buildSettings},
-    {L"GridEdit", L"Order list",
-     L"Rows and columns with captions: select and copy, drag a column's border, press a caption to sort; saved as text.",
-     OBK_TOOLBOX_GRIDEDIT, buildOrderList},
+    {L"GridEdit", L"Order desk",
+     L"Type into a cell and press Enter; each column has its own editor. Press a caption to sort, Insert and Delete for rows.",
+     OBK_TOOLBOX_GRIDEDIT, buildOrderDesk},
     {L"lns", L"Separator line", L"A two-tone line that sets the groups of a form apart.", OBK_TOOLBOX_LNS,
      buildSettingsGroups},
 };

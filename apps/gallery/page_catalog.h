@@ -23,7 +23,7 @@ void buildBooking(Scene& scene);         // DateCalendar
 void buildOrderStates(Scene& scene);     // ButtonPalette
 void buildAddressRows(Scene& scene);     // ButtonArrow
 void buildSettings(Scene& scene);        // PageTab
-void buildOrderList(Scene& scene);       // GridEdit
+void buildOrderDesk(Scene& scene);       // GridEdit
 void buildSettingsGroups(Scene& scene);  // lns
 
 }  // namespace obk::gallery

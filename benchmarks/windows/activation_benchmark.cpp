@@ -1,43 +1,18 @@
 #include "activation_benchmark.h"
+#include "timing.h"
 
 #include "container/control_form.h"
 #include "container/control_site.h"
 
-#include <windows.h>
-
 #include <commctrl.h>
 
-#include <algorithm>
 #include <cstdio>
-#include <functional>
-#include <vector>
-
-namespace {
-
-double medianMicroseconds(const std::function<void()>& cycle) {
-    constexpr int cycles = 101;
-    LARGE_INTEGER frequency, begin, end;
-    QueryPerformanceFrequency(&frequency);
-    std::vector<double> times;
-    cycle();  // warm
-    for (int at = 0; at < cycles; ++at) {
-        QueryPerformanceCounter(&begin);
-        cycle();
-        QueryPerformanceCounter(&end);
-        times.push_back(static_cast<double>(end.QuadPart - begin.QuadPart) * 1e6 /
-                        static_cast<double>(frequency.QuadPart));
-    }
-    std::nth_element(times.begin(), times.begin() + cycles / 2, times.end());
-    return times[cycles / 2];
-}
-
-}  // namespace
 
 void measureActivation(const obk::container::ServerContext& server) {
     using namespace obk::container;
     const HWND host = CreateWindowExW(0, L"STATIC", L"", WS_POPUP | WS_VISIBLE, 40, 40, 300, 200, nullptr,
                                       nullptr, GetModuleHandleW(nullptr), nullptr);
-    const double ours = medianMicroseconds([&] {
+    const double ours = medianMicroseconds(101, [&] {
         ControlForm form(host);
         ControlSite site(form);
         site.create(server, L"OBKCTRLS.UpDownTextBox");
@@ -45,7 +20,7 @@ void measureActivation(const obk::container::ServerContext& server) {
     });
     const INITCOMMONCONTROLSEX classes{sizeof classes, ICC_UPDOWN_CLASS};
     InitCommonControlsEx(&classes);
-    const double bare = medianMicroseconds([&] {
+    const double bare = medianMicroseconds(101, [&] {
         const HWND plain = CreateWindowExW(0, L"STATIC", L"", WS_CHILD | WS_VISIBLE, 10, 10, 100, 21, host,
                                            nullptr, GetModuleHandleW(nullptr), nullptr);
         const HWND edit = CreateWindowExW(0, L"EDIT", L"1", WS_CHILD | WS_VISIBLE, 0, 0, 80, 21, plain,

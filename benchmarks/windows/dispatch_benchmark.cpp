@@ -1,8 +1,7 @@
 // Late-bound calls on a control, against what the system's own automation needs for an equal dual interface.
-#include "activation_benchmark.h"
+#include "dispatch_benchmark.h"
 
 #include "container/com_ptr.h"
-#include "container/server_context.h"
 
 #include <windows.h>
 
@@ -156,7 +155,6 @@ void report(const char* what, void (*measured)(IDispatch&, int), IDispatch& cont
 
 }  // namespace
 
-// Answers whether all calls succeeded.
 bool measureDispatch(const obk::container::ServerContext& server) {
     ComPtr<IUnknown> object;
     wchar_t program[MAX_PATH];
@@ -175,18 +173,4 @@ bool measureDispatch(const obk::container::ServerContext& server) {
     report("put by number", put, *control, dual, 8);
     report("look up a name", lookUp, *control, dual, 4);
     return !failed;
-}
-
-int main() {
-    OleInitialize(nullptr);
-    bool measured = false;
-    {
-        const std::string folder = OBK_DIST_DIR;
-        const auto server = obk::container::ServerContext::fromLibrary(
-            L"Z:" + std::wstring(folder.begin(), folder.end()) + L"/OBKCTRLS.ocx");
-        measured = measureDispatch(server);
-        measureActivation(server);
-    }
-    OleUninitialize();
-    return measured ? 0 : 1;
 }

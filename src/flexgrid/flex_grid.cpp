@@ -128,7 +128,7 @@ void FlexGrid::fitColumn(int32_t col) {
     if (width == 0) return;
     const int32_t pixels = width + 2 * cellMargin(scale) + scale.scaled(1);
     const double twips = std::ceil(scale.toTwips(pixels).value);
-    SetColWidth(col, static_cast<int32_t>(std::min<double>(twips, GridModel::greatestLength)));
+    resizeColumn(col, static_cast<int32_t>(std::min<double>(twips, GridModel::greatestLength)));
 }
 
 void FlexGrid::copySelection() const {

@@ -57,8 +57,13 @@ public:
     TwipsRect cellPlace() const { return cellPlace(current()); }
     // As a person goes to a cell: it is shown and the events tell of it.
     void goTo(CellAddress cell);
-    // Makes a column as wide as its texts that show need.
+    // Makes a column as wide as its texts that show need, as a double click on its border does.
     void fitColumn(int32_t col);
+    // The column whose right border is near `x`, in pixels from the grid's left edge; -1 for none, and while
+    // a person may not resize columns.
+    int32_t columnBorderAt(int32_t x) const;
+    // Moves a column's right border there, as dragging it does; a column keeps a few pixels.
+    void dragColumnBorder(int32_t col, int32_t x);
     void copySelection() const;
 
     bool hasFocus() const;
@@ -116,8 +121,8 @@ private:
     GridMarks marks() const;
 
     void press(const MouseEvent& event);
-    void dragColumn(int32_t x);
     void dragSelection();
+    void resizeColumn(int32_t col, int32_t twips);
     void beginDrag(Drag drag);
     void endDrag();
     void scrollAtEdge();

@@ -34,7 +34,7 @@ void FlexGrid::mouse(const MouseEvent& event) {
             if (drag_ == Drag::selection)
                 dragSelection();
             else if (drag_ == Drag::column)
-                dragColumn(event.at.x);
+                dragColumnBorder(draggedCol_, event.at.x + dragRest_);
             else
                 showCursor(event.at);
             break;
@@ -54,22 +54,16 @@ void FlexGrid::mouse(const MouseEvent& event) {
 void FlexGrid::press(const MouseEvent& event) {
     const bool twice = event.kind == MouseEvent::Kind::doubleClick;
     const int32_t border = borderAt(event.at);
+    if (border >= 0 && twice) return fitColumn(border);
     const GridView shown = view();
-    const CellAddress cell{shown.rowAt(event.at.y), shown.colAt(event.at.x)};
-    if (border >= 0 || cell.row < 0 || cell.col < 0) disturbed();
-    if (border >= Cols()) return;  // whoever listens has taken it away
-    if (border >= 0 && twice) {
-        fitColumn(border);
-        columnResized(border);
-        return;
-    }
     if (border >= 0) {
         draggedCol_ = border;
-        dragRest_ = view().rect(CellAddress{0, border}).right - event.at.x;
+        dragRest_ = shown.rect(CellAddress{0, border}).right - event.at.x;
         beginDrag(Drag::column);
         return;
     }
-    if (cell.row < 0 || cell.col < 0) return;
+    const CellAddress cell{shown.rowAt(event.at.y), shown.colAt(event.at.x)};
+    if (cell.row < 0 || cell.col < 0) return disturbed();
     if (twice) return doubleClicked();
     beginDrag(Drag::selection);
     select(cell, (event.shift & shift::shift) != 0);
@@ -87,16 +81,20 @@ void FlexGrid::endDrag() {
     if (Surface* shownOn = surface()) shownOn->releaseCapture(*this);
 }
 
-void FlexGrid::dragColumn(int32_t x) {
-    if (draggedCol_ >= Cols()) return endDrag();
-    const int32_t left = view().rect(CellAddress{0, draggedCol_}).left;
+void FlexGrid::dragColumnBorder(int32_t col, int32_t x) {
+    if (col < 0 || col >= Cols()) return;
+    const int32_t left = view().leftTop({0, col}).x;
     const Dpi scale = dpi();
-    const int32_t pixels = std::max(x + dragRest_ - left, scale.scaled(narrowestColumn));
+    const int32_t pixels = std::max(x - left, scale.scaled(narrowestColumn));
     const double twips = std::min<double>(scale.toTwips(pixels).value, GridModel::greatestLength);
     const auto width = static_cast<int32_t>(std::lround(twips));
-    if (width == ColWidth(draggedCol_)) return;
-    SetColWidth(draggedCol_, width);
-    columnResized(draggedCol_);
+    if (width != ColWidth(col)) resizeColumn(col, width);
+}
+
+void FlexGrid::resizeColumn(int32_t col, int32_t twips) {
+    disturbed();
+    // Whoever listens may have taken the column away.
+    if (SetColWidth(col, twips)) columnResized(col);
 }
 
 void FlexGrid::dragSelection() {
@@ -121,10 +119,12 @@ void FlexGrid::scrollAtEdge() {
     if (drag_ == Drag::selection) select(view().nearest(mouse_), true);
 }
 
+int32_t FlexGrid::columnBorderAt(int32_t x) const {
+    return allowUserResizing_ ? view().colBorderAt(x, dpi().scaled(borderReach)) : -1;
+}
+
 int32_t FlexGrid::borderAt(PixelPoint at) const {
-    const GridView shown = view();
-    if (!allowUserResizing_ || shown.rowAt(at.y) < 0) return -1;
-    return shown.colBorderAt(at.x, dpi().scaled(borderReach));
+    return view().rowAt(at.y) < 0 ? -1 : columnBorderAt(at.x);
 }
 
 void FlexGrid::showCursor(PixelPoint at) {

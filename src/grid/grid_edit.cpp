@@ -29,6 +29,7 @@ void GridEdit::initialize() {
     gbrBORDER.setLook(look);
     flexGRID.setLook(look);
     editing_.editors().setLook(look);
+    picTOPBAR.setLook(look);
 }
 
 void GridEdit::connectChildren() {

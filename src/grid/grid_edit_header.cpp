@@ -31,9 +31,11 @@ void GridEdit::GridColSort(int32_t colno) {
     editing_.commit();
     // A column that was not sorted last is sorted in the direction of the last sort.
     if (flexGRID.Col() != sortedCol_) sortedDescending_ = !sortedDescending_;
+    picTOPBAR.moveSortMark(flexGRID.Col());
     if (colno >= 0 && colno < flexGRID.Cols()) {
         sortedDescending_ = !sortedDescending_;
         attempt([&] { flexGRID.Sort(sortedDescending_ ? 2 : 1); });
+        picTOPBAR.drawSortMark(sortedDescending_);
     }
     sortedCol_ = flexGRID.Col();
 }
@@ -42,9 +44,12 @@ void GridEdit::GridColSort(int32_t colno) {
 void GridEdit::GridColSortInitialDate() {
     constexpr int32_t dateCol = 4;
     editing_.commit();
-    if (flexGRID.SetCol(dateCol)) {
+    const bool hasDates = flexGRID.SetCol(dateCol);
+    picTOPBAR.moveSortMark(flexGRID.Col());
+    if (hasDates) {
         sortedDescending_ = true;
         attempt([&] { flexGRID.Sort(2); });
+        picTOPBAR.drawSortMark(true);
     }
     sortedCol_ = flexGRID.Col();
 }

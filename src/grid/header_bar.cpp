@@ -1,6 +1,7 @@
 #include "grid/header_bar.h"
 
 #include "widgets/drawing.h"
+#include "widgets/surface.h"
 
 namespace obk {
 
@@ -8,9 +9,21 @@ namespace {
 
 constexpr int32_t paddingAt96 = 6;  // above and below the captions together
 
+// The mark of sorting is drawn in a frame of so many twips, so far left of its column's right edge.
+constexpr double markLeft = 230, markHeight = 165;
+
+struct MarkLine {
+    double from, to, ascendingY, descendingY;  // twips in the frame
+};
+constexpr MarkLine markLines[] = {{30, 120, 60, 90}, {45, 105, 75, 75}, {60, 90, 90, 60}, {75, 75, 105, 45}};
+constexpr double markLineHeight = 15;
+
+// Of 255, how much of the highlight shines through what the mouse is on.
+constexpr int32_t hoverShare = 32, pressShare = 80;
+
 }  // namespace
 
-HeaderBar::HeaderBar(Container& parent, const FlexGrid& grid)
+HeaderBar::HeaderBar(Container& parent, FlexGrid& grid)
     : Widget(parent), grid_(grid), font_([this] { invalidate(); }) {}
 
 void HeaderBar::setBackColour(OleColour colour) {
@@ -20,6 +33,11 @@ void HeaderBar::setBackColour(OleColour colour) {
 
 void HeaderBar::setForeColour(OleColour colour) {
     foreColour_ = colour;
+    invalidate();
+}
+
+void HeaderBar::setLook(Look look) {
+    look_ = look;
     invalidate();
 }
 
@@ -40,57 +58,171 @@ bool HeaderBar::setCaption(int32_t col, Text caption) {
     return true;
 }
 
-void HeaderBar::paint(Canvas& canvas, const PixelRect& bounds) {
+void HeaderBar::moveSortMark(int32_t col) {
+    markedCol_ = col;
+    invalidate();
+}
+
+void HeaderBar::drawSortMark(bool descending) {
+    sortMark_ = descending ? SortMark::descending : SortMark::ascending;
+    invalidate();
+}
+
+HeaderBar::Colours HeaderBar::coloursOf(int32_t col) const {
     const bool highContrast = platform().appearance().highContrast();
-    const Rgb back = rgb(highContrast ? OleColour(SystemColour::window) : backColour_);
-    const Rgb fore = rgb(highContrast ? OleColour(SystemColour::windowText) : foreColour_);
-    const Rgb edge = highContrast ? fore : mixed(fore, back, 64);
+    const bool hot = enabled() && col >= 0 && col == hovered_ && !dragged_;
+    const auto system = [this](SystemColour colour) { return systemRgb(platform(), colour); };
+    if (highContrast && hot) return {system(SystemColour::highlight), system(SystemColour::highlightText)};
+    if (highContrast) return {system(SystemColour::window), system(SystemColour::windowText)};
+    const Rgb back = rgb(backColour_);
+    const Rgb fore = enabled() ? rgb(foreColour_) : system(SystemColour::greyText);
+    if (!hot || look_ == Look::classic) return {back, fore};
+    return {mixed(system(SystemColour::highlight), back, pressed_ ? pressShare : hoverShare), fore};
+}
+
+void HeaderBar::paint(Canvas& canvas, const PixelRect& bounds) {
+    const Colours plain = coloursOf(-1);
+    const Rgb edge = platform().appearance().highContrast() ? plain.fore : mixed(plain.fore, plain.back, 64);
     const int32_t line = canvas.dpi().scaled(1);
-    TextStyle style;
-    style.font = font_.description();
-    style.colour = fore;
-    canvas.fillRect(bounds, back);
+    canvas.fillRect(bounds, plain.back);
     grid_.view().eachVisibleCol([&](int32_t col, int32_t left, int32_t right) {
-        const PixelRect cell{bounds.left + left, bounds.top, bounds.left + right, bounds.bottom};
-        canvas.fillRect({cell.right - line, cell.top, cell.right, cell.bottom}, edge);
-        const int32_t margin = cellMargin(canvas.dpi());
-        const PixelRect text{cell.left + margin, cell.top, cell.right - line - margin, cell.bottom - line};
-        if (const TextView shown = caption(col); !shown.empty() && !text.empty())
-            canvas.drawText(shown, text, style);
+        const PixelRect section{bounds.left + left, bounds.top, bounds.left + right, bounds.bottom};
+        const CanvasClip clip(canvas, section.intersected(bounds));
+        canvas.fillRect(section, coloursOf(col).back);
+        paintCaption(canvas, section, col);
+        if (look_ == Look::classic) {
+            const Rgb light = systemRgb(platform(), SystemColour::buttonHighlight);
+            const bool sunken = pressed_ && !dragged_ && col == hovered_;
+            canvas.frameEdges(section, line, sunken ? edge : light, sunken ? light : edge);
+        } else {
+            canvas.fillRect({section.right - line, section.top, section.right, section.bottom}, edge);
+        }
     });
     canvas.fillRect({bounds.left, bounds.bottom - line, bounds.right, bounds.bottom}, edge);
+}
+
+void HeaderBar::paintCaption(Canvas& canvas, const PixelRect& section, int32_t col) const {
+    const Dpi scale = canvas.dpi();
+    const int32_t line = scale.scaled(1), margin = cellMargin(scale);
+    const bool marked = col == markedCol_ && sortMark_ != SortMark::none;
+    TextStyle style;
+    style.font = font_.description();
+    style.colour = coloursOf(col).fore;
+    const int32_t end = section.right - (marked ? scale.toPixels(Twips{markLeft}) : line + margin);
+    const PixelRect text{section.left + margin, section.top, end, section.bottom - line};
+    if (const TextView shown = caption(col); !shown.empty() && !text.empty())
+        canvas.drawText(shown, text, style);
+    if (marked) paintSortMark(canvas, section, style.colour);
+}
+
+// Each line as high as the next one's distance, so that they join at every scale.
+void HeaderBar::paintSortMark(Canvas& canvas, const PixelRect& section, Rgb colour) const {
+    const Dpi scale = canvas.dpi();
+    const Twips left{-markLeft};
+    const Twips top = 0.5 * (scale.toTwips(section.height()) - Twips{markHeight});
+    const auto x = [&](double twips) { return section.right + scale.toPixels(left + Twips{twips}); };
+    const auto y = [&](double twips) { return section.top + scale.toPixels(top + Twips{twips}); };
+    for (const MarkLine& row : markLines) {
+        const double at = sortMark_ == SortMark::ascending ? row.ascendingY : row.descendingY;
+        canvas.fillRect({x(row.from), y(at), x(row.to + markLineHeight), y(at + markLineHeight)}, colour);
+    }
 }
 
 void HeaderBar::mouse(const MouseEvent& event) {
     switch (event.kind) {
         case MouseEvent::Kind::down:
         case MouseEvent::Kind::doubleClick:
-            if (event.button != button::left) return;
-            pressedAt_ = dpi().toTwips(event.at.x);
-            pressed_ = true;
+            if (event.button == button::left && enabled()) press(event);
             break;
-        case MouseEvent::Kind::up:
-            if (event.button == button::left && std::exchange(pressed_, false)) clicked();
+        case MouseEvent::Kind::up: {
+            if (event.button != button::left || !pressed_) break;
+            const bool click = !dragged_ && inside(event.at);
+            endPress();
+            hover(event.at);
+            if (click) clicked();
+            break;
+        }
+        case MouseEvent::Kind::move:
+            drag(event.at.x);
+            hover(event.at);
             break;
         case MouseEvent::Kind::leave:
-            pressed_ = false;
-            break;
-        case MouseEvent::Kind::move:
+            hover({-1, -1});
             break;
     }
+}
+
+void HeaderBar::press(const MouseEvent& event) {
+    pressedAt_ = dpi().toTwips(event.at.x);
+    border_ = grid_.columnBorderAt(event.at.x);
+    if (border_ >= 0 && event.kind == MouseEvent::Kind::doubleClick) return fit(border_);
+    borderRest_ = grid_.view().leftTop({0, border_ + 1}).x - event.at.x;
+    pressed_ = true;
+    invalidate();
+    if (Surface* shownOn = surface()) shownOn->capture(*this);
+}
+
+// A press on a border is a click like any other until the mouse moves.
+void HeaderBar::drag(int32_t x) {
+    if (!pressed_ || border_ < 0) return;
+    if (!dragged_ && dpi().toTwips(x) == pressedAt_) return;
+    dragged_ = true;
+    grid_.dragColumnBorder(border_, x + borderRest_);
+}
+
+void HeaderBar::endPress() {
+    if (!std::exchange(pressed_, false)) return;
+    dragged_ = false;
+    border_ = -1;
+    invalidate();
+    if (Surface* shownOn = surface()) shownOn->releaseCapture(*this);
+}
+
+void HeaderBar::detach() {
+    endPress();
+    hovered_ = -1;
+    Widget::detach();
+}
+
+// As wide as its texts and its caption need.
+void HeaderBar::fit(int32_t col) {
+    grid_.fitColumn(col);
+    const GridView shown = grid_.view();
+    const Dpi scale = dpi();
+    const int32_t text = platform().appearance().measure(caption(col), font_.description(), scale).width;
+    const int32_t needed = shown.leftTop({0, col}).x + text + 2 * cellMargin(scale) + scale.scaled(1);
+    if (needed > shown.leftTop({0, col + 1}).x) grid_.dragColumnBorder(col, needed);
+}
+
+bool HeaderBar::inside(PixelPoint at) const {
+    const PixelRect own = pixelBounds();
+    return PixelRect{0, 0, own.width(), own.height()}.contains(at);
+}
+
+void HeaderBar::hover(PixelPoint at) {
+    const bool over = inside(at);
+    if (Surface* shownOn = surface(); shownOn && shownOn->peer()) {
+        const bool resizes = dragged_ || (over && !pressed_ && grid_.columnBorderAt(at.x) >= 0);
+        shownOn->peer()->setCursor(resizes ? Cursor::sizeColumn : Cursor::arrow);
+    }
+    const int32_t col = over ? grid_.view().colAt(at.x) : -1;
+    if (std::exchange(hovered_, col) != col) invalidate();
 }
 
 void HeaderBar::describe(std::vector<AccessibleItem>& items) const {
     const PixelRect own = pixelBounds();
     grid_.view().eachVisibleCol([&](int32_t col, int32_t left, int32_t right) {
+        if (caption(col).empty()) return;
         const PixelRect rect{own.left + left, own.top, own.left + right, own.bottom};
-        if (!caption(col).empty())
-            items.push_back({AccessibleItem::Role::staticText,
-                             Text(caption(col)),
-                             {},
-                             rect.intersected(own),
-                             enabled(),
-                             false});
+        AccessibleItem item;
+        item.role = AccessibleItem::Role::columnHeader;
+        item.name = Text(caption(col));
+        if (col == markedCol_ && sortMark_ != SortMark::none)
+            item.value = sortMark_ == SortMark::descending ? u"descending" : u"ascending";
+        item.bounds = rect.intersected(own);
+        item.enabled = enabled();
+        item.pressed = pressed_ && col == hovered_;
+        items.push_back(std::move(item));
     });
 }
 

@@ -1,4 +1,4 @@
-// The bar above a grid's cells: a caption over each column.
+// The bar above a grid's cells: a caption over each column, which can be pressed, and the mark of sorting.
 #pragma once
 
 #include "flexgrid/flex_grid.h"
@@ -7,16 +7,18 @@
 
 namespace obk {
 
-// Captions stand where the grid's columns stand when the bar is painted.
+// Captions and mark stand where the grid's columns stand when the bar is painted. The columns' borders can be
+// dragged here as in the grid.
 class HeaderBar final : public Widget {
 public:
     // `grid` is borrowed; the bar is placed above it with the same left edge.
-    HeaderBar(Container& parent, const FlexGrid& grid);
+    HeaderBar(Container& parent, FlexGrid& grid);
 
     OleColour backColour() const { return backColour_; }
     void setBackColour(OleColour colour);
     void setForeColour(OleColour colour);
     void setFont(FontRef font) { font_.set(std::move(font)); }
+    void setLook(Look look);
     // The height that captions in the bar's font need.
     Twips naturalHeight() const;
 
@@ -24,23 +26,52 @@ public:
     TextView caption(int32_t col) const;
     bool setCaption(int32_t col, Text caption);
 
+    // A small triangle near the right edge of a column tells that the rows are sorted by it. It stays with
+    // its column; nothing shows before a direction was given.
+    void moveSortMark(int32_t col);
+    void drawSortMark(bool descending);
+
     // Where the bar was last pressed, in twips from the grid's left edge.
     Twips pressedAt() const { return pressedAt_; }
 
     void paint(Canvas& canvas, const PixelRect& bounds) override;
     void mouse(const MouseEvent& event) override;
+    void captureLost() override { endPress(); }
+    void detach() override;
     void describe(std::vector<AccessibleItem>& items) const override;
 
-    Event<> clicked;  // twice for a double click
+    Event<> clicked;  // twice for a double click; not for the drag of a border, nor when one is fitted
 
 private:
-    const FlexGrid& grid_;
+    enum class SortMark : uint8_t { none, ascending, descending };
+    struct Colours {
+        Rgb back, fore;
+    };
+
+    void press(const MouseEvent& event);
+    void drag(int32_t x);
+    void endPress();
+    void hover(PixelPoint at);
+    void fit(int32_t col);
+    bool inside(PixelPoint at) const;
+    Colours coloursOf(int32_t col) const;
+    void paintCaption(Canvas& canvas, const PixelRect& section, int32_t col) const;
+    void paintSortMark(Canvas& canvas, const PixelRect& section, Rgb colour) const;
+
+    FlexGrid& grid_;
     std::map<int32_t, Text> captions_;
     OleColour backColour_{SystemColour::buttonFace};
     OleColour foreColour_{SystemColour::buttonText};
     FontHolder font_;
+    Look look_ = Look::flat;
+    SortMark sortMark_ = SortMark::none;
+    int32_t markedCol_ = 0;
     Twips pressedAt_;
     bool pressed_ = false;
+    bool dragged_ = false;    // the press has become the drag of a border
+    int32_t border_ = -1;     // the column whose border was pressed
+    int32_t borderRest_ = 0;  // from the mouse to that border
+    int32_t hovered_ = -1;    // the column below the mouse
 };
 
 }  // namespace obk

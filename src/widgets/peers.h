@@ -110,7 +110,7 @@ public:
 
 // What a screen reader is told of a part that has no window of its own.
 struct AccessibleItem {
-    enum class Role { client, button, staticText, separator, listItem, graphic, pageTabList, pageTab };
+    enum class Role { client, button, staticText, separator, listItem, graphic, pageTabList, pageTab, columnHeader };
     Role role = Role::client;
     Text name;
     Text value;

@@ -289,6 +289,7 @@ TEST_F(GridEditorsTest, WhateverDisturbsTheCellsKeepsTheEditorsTextFirst) {
         {"column border",
          [&] {
              platform.mouse(control->window(), {Kind::down, button::left, 0, {border + colWidth, 60}});
+             platform.mouse(control->window(), {Kind::move, button::left, 0, {border + colWidth + 9, 60}});
          }},
         {"captions",
          [&] {

@@ -285,7 +285,7 @@ TEST_P(MemberTableTest, EveryPropertyComesBackFromABagAndFromItsBytes) {
         MemoryBag kept;
         for (const auto& [key, value] : bag.entries()) {
             const auto row = std::find_if(table().persisted.begin(), table().persisted.end(),
-                                          [&key](const auto& each) { return each.writeKey == key; });
+                                          [&key = key](const auto& each) { return each.writeKey == key; });
             if (!row->property || !notRestored.has(table(), row->property->name)) kept.write(key, value);
         }
         return kept.serialized();
@@ -309,7 +309,7 @@ TEST_P(MemberTableTest, SavingKeepsTheOrderAndTypesAndLeavesOutTheDefaults) {
     auto row = saved.begin();
     for (const auto& [key, value] : bag.entries()) {
         row =
-            std::find_if(row, saved.end(), [&](size_t position) { return rowAt(position).writeKey == key; });
+            std::find_if(row, saved.end(), [&, &key = key](size_t position) { return rowAt(position).writeKey == key; });
         ASSERT_NE(row, saved.end()) << toUtf8(key) << " is out of order";
         EXPECT_EQ(typeOf(value), rowAt(*row).storedAs) << toUtf8(key);
     }

@@ -159,6 +159,60 @@ TEST_F(GridEditWindow, APressOnACaptionSortsByItsColumn) {
     EXPECT_EQ(read(0, 1), L"100");
 }
 
+TEST_F(GridEditWindow, ABorderIsDraggedInTheCaptionBar) {
+    object().call(L"ColSetFocus", {0});
+    const long before = number(L"CellCurrentWidth");
+    const auto edge = static_cast<int>(before / 15);
+    takeEvents();
+    person.moveTo(face(), border + edge - 1, border + 6);
+    person.press();
+    person.moveTo(face(), border + edge + 24, border + 6);
+    person.release();
+    EXPECT_EQ(number(L"CellCurrentWidth"), before + 25 * 15);
+    EXPECT_EQ(GetCapture(), nullptr);
+    EXPECT_EQ(takeEvents(), L"");
+}
+
+// What a drag asks: it goes on until the button is let go.
+class DragSource final : public container::ComObject<IDropSource> {
+public:
+    HRESULT STDMETHODCALLTYPE QueryContinueDrag(BOOL, DWORD keys) override {
+        return (keys & MK_LBUTTON) != 0 ? S_OK : DRAGDROP_S_DROP;
+    }
+    HRESULT STDMETHODCALLTYPE GiveFeedback(DWORD) override { return DRAGDROP_S_USEDEFAULTCURSORS; }
+};
+
+TEST_F(GridEditWindow, ADropTellsTheHostWhatWasDroppedAndWhere) {
+    container::ComPtr<IDataObject> data;
+    OleSetClipboard(nullptr);
+    ASSERT_EQ(OleGetClipboard(data.put()), S_OK);
+    std::vector<Variant> told;
+    bool holdsData = false;
+    hosted.site.events().on(L"OLEDragDrop", [&](container::EventCall& call) {
+        for (size_t at = 0; at < call.count(); ++at) told.push_back(call.value(at));
+        holdsData = static_cast<bool>(call.value(0).toObject().query<IDataObject>());
+        call.set(1, DROPEFFECT_COPY);
+    });
+    const POINT target = cell(3, 30);
+    const int top = border + barHeight();
+    person.moveTo(face(), target.x, target.y);
+    person.press();
+    const auto source = container::ComPtr<DragSource>::adopt(new DragSource);
+    mouse_event(MOUSEEVENTF_MOVE, 1, 0, 0, 0);
+    mouse_event(MOUSEEVENTF_LEFTUP, 0, 0, 0, 0);
+    DWORD effect = DROPEFFECT_NONE;
+    EXPECT_EQ(DoDragDrop(data.get(), source.get(), DROPEFFECT_COPY | DROPEFFECT_MOVE, &effect),
+              DRAGDROP_S_DROP);
+    EXPECT_EQ(effect, static_cast<DWORD>(DROPEFFECT_COPY)) << "as the host has answered";
+    ASSERT_EQ(told.size(), 6u);
+    EXPECT_TRUE(holdsData);
+    EXPECT_EQ(told[1].toLong(), static_cast<long>(DROPEFFECT_COPY | DROPEFFECT_MOVE));
+    EXPECT_EQ(told[2].toLong(), 1);
+    EXPECT_EQ(told[4].toLong(), (target.x - border + 1) * 15);
+    EXPECT_EQ(told[5].toLong(), (target.y - top) * 15);
+    EXPECT_EQ(number(L"MouseRow"), 3);
+}
+
 TEST_F(GridEditWindow, AMillionRowsAreFilledAndReachedAtOnce) {
     object().call(L"RowsSet", {1000000});
     object().call(L"TopRowSet", {999000});

@@ -30,6 +30,8 @@ LONG roleOf(AccessibleItem::Role role) {
             return ROLE_SYSTEM_PAGETABLIST;
         case AccessibleItem::Role::pageTab:
             return ROLE_SYSTEM_PAGETAB;
+        case AccessibleItem::Role::columnHeader:
+            return ROLE_SYSTEM_COLUMNHEADER;
     }
     return ROLE_SYSTEM_CLIENT;
 }

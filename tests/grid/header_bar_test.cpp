@@ -1,0 +1,157 @@
+#include "grid/grid_edit.h"
+
+#include "support/control_fixture.h"
+
+namespace obk::test {
+namespace {
+
+using Kind = MouseEvent::Kind;
+
+// At 96 DPI and in the usual font, in pixels.
+constexpr int32_t border = 2, bar = 20, colWidth = 64;
+
+class HeaderBarTest : public ControlFixture {
+protected:
+    void SetUp() override {
+        place(GridEdit::memberTable());
+        call(u"RowsSet", {3});
+        call(u"ColsSet", {3});
+        activate({0, 0, 400, 200});
+        host.take();
+    }
+    void mouse(Kind kind, int32_t x, int32_t y = border + 5) {
+        platform.mouse(control->window(),
+                       {kind, kind == Kind::move ? int16_t{0} : button::left, 0, PixelPoint{x, y}});
+    }
+    void click(int32_t x, Kind first = Kind::down) {
+        mouse(first, x);
+        mouse(Kind::up, x);
+    }
+    void drag(int32_t from, int32_t to) {
+        mouse(Kind::down, from);
+        mouse(Kind::move, (from + to) / 2);
+        mouse(Kind::move, to);
+        mouse(Kind::up, to);
+    }
+    headless::RecordingCanvas painted() {
+        control->root().invalidate();
+        return platform.surface(control->window())->paint();
+    }
+    // Where a column ends, in pixels of the control.
+    int32_t rightOf(int32_t col) {
+        call(u"ColSetFocus", {col});
+        return border + (std::get<int32_t>(call(u"CellLeft")) + std::get<int32_t>(call(u"CelWidth"))) / 15;
+    }
+    // The lines of the mark near a column's right edge, from the top: where each begins and ends, counted
+    // from that edge.
+    std::string mark(int32_t col) {
+        const int32_t right = rightOf(col);
+        const headless::RecordingCanvas canvas = painted();
+        const auto dark = [&](int32_t x, int32_t y) {
+            return canvas.colourAt({right + x, y}) == Rgb::of(0, 0, 0);
+        };
+        std::string lines;
+        for (int32_t y = border; y < border + bar - 1; ++y) {
+            int32_t first = -15;
+            while (first < -2 && !dark(first, y)) ++first;
+            int32_t end = first;
+            while (end < -2 && dark(end, y)) ++end;
+            if (first < end) lines += std::to_string(first) + ".." + std::to_string(end) + " ";
+        }
+        return lines;
+    }
+    void onSortClick() {
+        host.on["SortClick"] = [this](std::span<Value>) { call(u"BarHeaderSort"); };
+    }
+};
+
+constexpr char ascending[] = "-13..-6 -12..-7 -11..-8 -10..-9 ",
+               descending[] = "-10..-9 -11..-8 -12..-7 -13..-6 ";
+
+TEST_F(HeaderBarTest, TheMarkStandsInTheSortedColumnAndPointsTheWayOfTheSort) {
+    EXPECT_EQ(mark(0), "");
+    onSortClick();
+    click(border + 10);
+    EXPECT_EQ(mark(0), descending);
+    click(border + 10);
+    EXPECT_EQ(mark(0), ascending);
+    click(border + colWidth + 10);
+    EXPECT_EQ(mark(0) + mark(1), ascending);
+    call(u"ColWidth", {1, 1500.0});
+    EXPECT_EQ(mark(1), ascending) << "it follows its column";
+    call(u"ColumnVisible", {1, 0, false});
+    EXPECT_EQ(mark(0) + mark(2), "");
+    // A sort that finds no column still moves the mark to the current one.
+    call(u"ColSetFocus", {2});
+    call(u"GridColSort", {7});
+    EXPECT_EQ(mark(2), ascending);
+    call(u"ColSetFocus", {0});
+    call(u"GridColSortInitialDate");
+    EXPECT_EQ(mark(0), ascending);
+    call(u"ColsSet", {5});
+    call(u"ColSetFocus", {0});
+    call(u"GridColSortInitialDate");
+    EXPECT_EQ(mark(4), descending);
+}
+
+TEST_F(HeaderBarTest, ABorderIsDraggedInTheBarAndIsNoClickThen) {
+    const auto width = [this](int32_t col) {
+        call(u"ColSetFocus", {col});
+        return std::get<int32_t>(call(u"CelWidth")) / 15;
+    };
+    drag(border + colWidth, border + colWidth + 30);
+    EXPECT_EQ(width(0), colWidth + 30);
+    drag(border + colWidth + 28, border + colWidth - 12);
+    EXPECT_EQ(width(0), colWidth - 10) << "the border keeps its distance from the mouse";
+    drag(border + colWidth - 10, border - 100);
+    EXPECT_EQ(width(0), 8) << "something is left to press on";
+    EXPECT_EQ(host.takeEvents(), Journal{});
+    call(u"BarHeaderCaptionSet", {1, Text(u"A caption wider than its column")});
+    call(u"CellTextSet", {0, 2, Text(u"Wide enough to be seen in full")});
+    click(rightOf(1), Kind::doubleClick);
+    EXPECT_GT(width(1), 100);
+    click(rightOf(2), Kind::doubleClick);
+    EXPECT_GT(width(2), 100);
+    EXPECT_EQ(host.takeEvents(), Journal{});
+    click(rightOf(2));
+    EXPECT_EQ(host.takeEvents(), (Journal{"ChangeEdited", "SortClick"})) << "it was not dragged";
+}
+
+TEST_F(HeaderBarTest, AClickIsAPressAndItsReleaseOnTheBar) {
+    const std::vector<int32_t> beyond{-50, bar + 50};
+    for (const int32_t y : beyond) {
+        mouse(Kind::down, border + 10);
+        mouse(Kind::up, border + 10, y);
+        EXPECT_EQ(host.takeEvents(), Journal{}) << y;
+    }
+    // The release may be over another caption; where it was pressed is what counts.
+    mouse(Kind::down, border + colWidth + 10);
+    mouse(Kind::move, border + 10);
+    mouse(Kind::up, border + 10);
+    EXPECT_EQ(host.takeEvents(), (Journal{"ChangeEdited", "SortClick"}));
+    EXPECT_EQ(call(u"BarHeaderColumn"), Value(1));
+    // A host that lets go of the control when it is asked to sort.
+    host.on["SortClick"] = [this](std::span<Value>) { release(); };
+    click(border + 10);
+    EXPECT_EQ(control, nullptr);
+}
+
+TEST_F(HeaderBarTest, TheCaptionBelowTheMouseStandsOut) {
+    const auto ground = [this](int32_t col) {
+        return painted().colourAt({border + col * colWidth + 20, border + 3});
+    };
+    const Rgb plain = ground(0);
+    mouse(Kind::move, border + colWidth + 10);
+    const Rgb hovered = ground(1);
+    EXPECT_NE(hovered, plain);
+    EXPECT_EQ(ground(0), plain);
+    mouse(Kind::down, border + colWidth + 10);
+    EXPECT_NE(ground(1), hovered);
+    EXPECT_NE(ground(1), plain);
+    mouse(Kind::up, border + colWidth + 10);
+    mouse(Kind::leave, border + colWidth + 10, -1);
+    EXPECT_EQ(ground(1), plain);
+}
+
+}  // namespace
+}  // namespace obk::test
