@@ -19,12 +19,16 @@ public:
         root_.move({{0}, {0}, {3000}, {1800}});
         grid_.move({{0}, {0}, {3000}, {1800}});
         const auto reenters = [this](auto&&...) { reenter(); };
-        for (Event<>* event : {&grid_.clicked, &grid_.doubleClicked, &grid_.leavingCell, &grid_.cellEntered,
+        for (Event<>* event : {&grid_.clicked, &grid_.doubleClicked, &grid_.cellEntered,
                                &grid_.selectionMoved, &grid_.scrolled, &grid_.focusCame, &grid_.focusWent})
             connections_.push_back(event->connect(reenters));
         for (auto* event : {&grid_.mousePressed, &grid_.mouseMoved, &grid_.mouseReleased})
             connections_.push_back(event->connect(reenters));
         connections_.push_back(grid_.columnResized.connect(reenters));
+        connections_.push_back(grid_.leavingCell.connect([this](bool& leaves) {
+            reenter();
+            leaves = below(8) != 0;
+        }));
         connections_.push_back(grid_.keyWentDown.connect(reenters));
         learn();
     }

@@ -48,6 +48,10 @@ public:
     void UserControl_ExitFocus();
     void UserControlMouseOut(int16_t& Button, int16_t& Shift, float& X, float& Y);
 
+    // For a control that hosts this one: what is typed next replaces the text; whether the calendar is open.
+    void selectText() { txtfraBORDER.setSelection({0, static_cast<int32_t>(txtfraBORDER.text().size())}); }
+    bool droppedDown() const { return panel_.visible(); }
+
     // Events. X and Y are twips of the control.
     Event<> Change;  // never raised
     Event<> Click, DateUpdated, DblClick, FocusHidden, FocusLost;

@@ -1,5 +1,7 @@
 #include "flexgrid/cell_texts.h"
 
+#include <algorithm>
+
 namespace obk {
 
 namespace {
@@ -14,6 +16,30 @@ void appendCell(Text& all, TextView text) {
     all += u'"';
 }
 
+// Takes the text of one cell off the start.
+Text takeCell(TextView& rest) {
+    Text cell;
+    if (!rest.empty() && rest.front() == u'"') {
+        // Quotation marks that nobody has closed, or that end before the cell does, are part of it.
+        for (size_t at = 1; at < rest.size(); ++at) {
+            if (rest[at] != u'"') {
+                cell += rest[at];
+            } else if (at + 1 < rest.size() && rest[at + 1] == u'"') {
+                cell += rest[at++];
+            } else if (at + 1 == rest.size() || TextView(u"\t\r\n").find(rest[at + 1]) != TextView::npos) {
+                rest.remove_prefix(at + 1);
+                return cell;
+            } else {
+                break;
+            }
+        }
+    }
+    const size_t end = std::min(rest.find_first_of(u"\t\r\n"), rest.size());
+    cell = rest.substr(0, end);
+    rest.remove_prefix(end);
+    return cell;
+}
+
 }  // namespace
 
 Text tabSeparated(const GridModel& grid, const CellRange& cells) {
@@ -26,6 +52,20 @@ Text tabSeparated(const GridModel& grid, const CellRange& cells) {
         all += u"\r\n";
     }
     return all;
+}
+
+void eachCell(TextView tabSeparated, const std::function<bool(int32_t, int32_t, TextView)>& use) {
+    TextView rest = tabSeparated;
+    for (int32_t row = 0; row == 0 || !rest.empty(); ++row) {
+        for (int32_t col = 0;; ++col) {
+            if (!use(row, col, takeCell(rest))) return;
+            if (rest.empty() || rest.front() != u'\t') break;
+            rest.remove_prefix(1);
+        }
+        if (rest.empty()) return;
+        const bool two = rest.size() > 1 && rest[0] == u'\r' && rest[1] == u'\n';
+        rest.remove_prefix(two ? 2 : 1);
+    }
 }
 
 }  // namespace obk

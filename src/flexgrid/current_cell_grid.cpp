@@ -11,6 +11,7 @@ void CurrentCellGrid::change(const std::function<void(GridModel&)>& work) {
     struct Settle {
         CurrentCellGrid& grid;
         ~Settle() {
+            ++grid.arrangement_;
             grid.bringInside();
             grid.placesChanged(0, 0);
         }
@@ -34,6 +35,7 @@ bool CurrentCellGrid::bringInside() {
 bool CurrentCellGrid::SetRows(int32_t count) {
     const int32_t before = Rows();
     if (!model_.setRows(count)) return false;
+    ++arrangement_;
     const bool moved = bringInside();
     if (count != before) placesChanged(moved ? 0 : std::min(before, count), 0);
     return true;
@@ -42,6 +44,7 @@ bool CurrentCellGrid::SetRows(int32_t count) {
 bool CurrentCellGrid::SetCols(int32_t count) {
     const int32_t before = Cols();
     if (!model_.setCols(count)) return false;
+    ++arrangement_;
     const bool moved = bringInside();
     if (count != before) placesChanged(0, moved ? 0 : std::min(before, count));
     return true;
@@ -74,6 +77,7 @@ bool CurrentCellGrid::Select(CellAddress current, CellAddress corner) {
 
 bool CurrentCellGrid::AddItem(TextView item, int32_t row) {
     if (!model_.addItem(item, row)) return false;
+    ++arrangement_;
     if (current_.row < 0) bringInside();
     placesChanged(row, 0);
     return true;
@@ -81,6 +85,7 @@ bool CurrentCellGrid::AddItem(TextView item, int32_t row) {
 
 bool CurrentCellGrid::RemoveItem(int32_t row) {
     if (!model_.removeItem(row)) return false;
+    ++arrangement_;
     const bool moved = bringInside();
     placesChanged(moved ? 0 : row, 0);
     return true;
@@ -88,6 +93,7 @@ bool CurrentCellGrid::RemoveItem(int32_t row) {
 
 void CurrentCellGrid::Clear() {
     model_.clear();
+    ++arrangement_;
     cellsChanged({0, 0, Rows() - 1, Cols() - 1});
 }
 
@@ -95,6 +101,7 @@ bool CurrentCellGrid::Sort(int32_t setting) {
     if (setting != 1 && setting != 2) return false;
     const auto direction = setting == 1 ? SortDirection::ascending : SortDirection::descending;
     if (!model_.sort(current_.col, direction, 0, Rows() - 1)) return false;
+    ++arrangement_;
     placesChanged(0, 0);
     return true;
 }

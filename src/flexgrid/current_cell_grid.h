@@ -16,6 +16,8 @@ public:
     CurrentCellGrid& operator=(const CurrentCellGrid&) = delete;
 
     const GridModel& model() const { return model_; }
+    // Another number whenever rows or columns have come, gone or changed places, or all was emptied.
+    uint32_t arrangement() const { return arrangement_; }
     // Work on the cells that is not named below; the current cell is brought back into the grid afterwards.
     void change(const std::function<void(GridModel&)>& work);
 
@@ -92,6 +94,7 @@ private:
 
     GridModel model_;
     CellAddress current_, corner_;
+    uint32_t arrangement_ = 0;
 };
 
 }  // namespace obk

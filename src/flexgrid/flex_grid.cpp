@@ -78,6 +78,13 @@ bool FlexGrid::SetLeftCol(int32_t col) {
 }
 
 void FlexGrid::scrollTo(ScrollOffset offset) {
+    const auto reached = [&] {
+        const PixelRect own = pixelBounds();
+        return GridView(model(), {own.width(), own.height()}, ScrollBar::thickness(dpi()), offset).offset();
+    };
+    if (reached() == view().offset()) return;
+    disturbed();
+    // Whoever listens may have scrolled as well.
     const ScrollOffset before = view().offset();
     offset_ = offset;
     const GridView after = view();
@@ -99,9 +106,9 @@ void FlexGrid::scrollTo(ScrollOffset offset) {
     scrolled();
 }
 
-TwipsRect FlexGrid::cellPlace() const {
-    if (!model().contains(current())) return {};
-    const PixelRect rect = view().rect(current());
+TwipsRect FlexGrid::cellPlace(CellAddress cell) const {
+    if (!model().contains(cell)) return {};
+    const PixelRect rect = view().rect(cell);
     const Dpi scale = dpi();
     return {scale.toTwips(rect.left), scale.toTwips(rect.top), scale.toTwips(rect.width()),
             scale.toTwips(rect.height())};
@@ -121,8 +128,7 @@ void FlexGrid::fitColumn(int32_t col) {
     if (width == 0) return;
     const int32_t pixels = width + 2 * cellMargin(scale) + scale.scaled(1);
     const double twips = std::ceil(scale.toTwips(pixels).value);
-    SetColWidth(col, static_cast<int32_t>(std::min<double>(twips, GridModel::greatestLength)));
-    columnResized(col);
+    resizeColumn(col, static_cast<int32_t>(std::min<double>(twips, GridModel::greatestLength)));
 }
 
 void FlexGrid::copySelection() const {
@@ -201,6 +207,7 @@ void FlexGrid::layOut() {
           shown.verticalRange());
     place(horizontalBar_, shown.horizontalBar(), {0, cells.height, cells.width, cells.height + thickness},
           shown.horizontalRange());
+    laidOut();
 }
 
 void FlexGrid::useFont() {

@@ -52,8 +52,11 @@ public:
     // What is below the mouse, wherever it was heard of last; -1 for none.
     int32_t MouseRow() const { return view().rowAt(mouse_.y); }
     int32_t MouseCol() const { return view().colAt(mouse_.x); }
-    // Where the current cell stands, in twips from the grid's left top corner.
-    TwipsRect cellPlace() const;
+    // Where a cell stands, in twips from the grid's left top corner; nowhere for a cell that is not there.
+    TwipsRect cellPlace(CellAddress cell) const;
+    TwipsRect cellPlace() const { return cellPlace(current()); }
+    // As a person goes to a cell: it is shown and the events tell of it.
+    void goTo(CellAddress cell);
     // Makes a column as wide as its texts that show need, as a double click on its border does.
     void fitColumn(int32_t col);
     // The column whose right border is near `x`, in pixels from the grid's left edge; -1 for none, and while
@@ -65,7 +68,7 @@ public:
 
     bool hasFocus() const;
     bool takeFocus() override;
-    Widget* focused() override { return hasFocus() ? this : nullptr; }
+    Widget* focused() override { return hasFocus() ? this : Container::focused(); }
 
     void paint(Canvas& canvas, const PixelRect& bounds) override;
     void mouse(const MouseEvent& event) override;
@@ -90,9 +93,14 @@ public:
     Event<const MouseEvent&> mousePressed, mouseMoved, mouseReleased;  // before the grid acts
     Event<> clicked, doubleClicked;
     Event<DropEvent&> dropped;
-    Event<> leavingCell, cellEntered;  // the current cell is about to be another one; is another one
+    Event<bool&> leavingCell;  // the current cell is about to be another one, unless a listener says false
+    Event<> cellEntered;       // it is another one
     Event<> selectionMoved;
+    // Before cells are scrolled, before a person sizes a column, and when a press hits no cell: what stands
+    // over a cell has to go.
+    Event<> disturbed;
     Event<> scrolled;
+    Event<> laidOut;  // cells may stand elsewhere now
     Event<int32_t> columnResized;
     Event<> focusCame, focusWent;
 
@@ -114,6 +122,7 @@ private:
 
     void press(const MouseEvent& event);
     void dragSelection();
+    void resizeColumn(int32_t col, int32_t twips);
     void beginDrag(Drag drag);
     void endDrag();
     void scrollAtEdge();

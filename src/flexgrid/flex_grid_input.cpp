@@ -63,7 +63,7 @@ void FlexGrid::press(const MouseEvent& event) {
         return;
     }
     const CellAddress cell{shown.rowAt(event.at.y), shown.colAt(event.at.x)};
-    if (cell.row < 0 || cell.col < 0) return;
+    if (cell.row < 0 || cell.col < 0) return disturbed();
     if (twice) return doubleClicked();
     beginDrag(Drag::selection);
     select(cell, (event.shift & shift::shift) != 0);
@@ -88,9 +88,13 @@ void FlexGrid::dragColumnBorder(int32_t col, int32_t x) {
     const int32_t pixels = std::max(x - left, scale.scaled(narrowestColumn));
     const double twips = std::min<double>(scale.toTwips(pixels).value, GridModel::greatestLength);
     const auto width = static_cast<int32_t>(std::lround(twips));
-    if (width == ColWidth(col)) return;
-    SetColWidth(col, width);
-    columnResized(col);
+    if (width != ColWidth(col)) resizeColumn(col, width);
+}
+
+void FlexGrid::resizeColumn(int32_t col, int32_t twips) {
+    disturbed();
+    // Whoever listens may have taken the column away.
+    if (SetColWidth(col, twips)) columnResized(col);
 }
 
 void FlexGrid::dragSelection() {
@@ -133,7 +137,9 @@ void FlexGrid::select(CellAddress cell, bool extend) {
     if (!model().contains(cell)) return;
     const bool another = !extend && cell != current();
     if (!another && cell == CellAddress{RowSel(), ColSel()}) return;
-    if (another) leavingCell();
+    bool leaves = true;
+    if (another) leavingCell(leaves);
+    if (!leaves) return;
     // Whoever listens may have taken the cell away.
     if (!Select(extend ? current() : cell, cell)) return;
     if (another) cellEntered();
@@ -154,8 +160,14 @@ void FlexGrid::keyDown(KeyEvent& event) {
     const CellAddress from = extend ? CellAddress{RowSel(), ColSel()} : current();
     const auto to = movedBy(event.code, control, from, view());
     if (!to) return;
+    if (!extend) return goTo(*to);
     select(*to, extend);
     if (model().contains(*to)) show(*to);
+}
+
+void FlexGrid::goTo(CellAddress cell) {
+    select(cell, false);
+    if (current() == cell) show(cell);
 }
 
 int16_t FlexGrid::keyPress(int16_t character) {

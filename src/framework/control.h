@@ -60,6 +60,8 @@ public:
     Platform& platform() const { return root_.platform(); }
     Container& root() { return root_; }
     const Container& root() const { return root_; }
+    // Whether the form is being designed, so that nobody works with the control.
+    bool designMode() const { return host_ && host_->designMode(); }
     // A copy of the container's font, or the system's dialog font where there is none.
     FontRef ambientFont() const;
 

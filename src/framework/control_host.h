@@ -32,6 +32,8 @@ public:
     // How the control looks has changed.
     virtual void viewChanged() = 0;
     virtual bool rightToLeft() { return false; }
+    // The form is being designed: nobody works with the control.
+    virtual bool designMode() { return false; }
     // The control is called by other keys now; see Control::accessKeys.
     virtual void accessKeysChanged() {}
 

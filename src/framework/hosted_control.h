@@ -43,6 +43,7 @@ private:
     bool offerKey(const KeyEvent& event) override { return outer_.offerToContainer(event); }
     void viewChanged() override {}
     bool rightToLeft() override { return outer_.rightToLeft(); }
+    bool designMode() override { return outer_.designMode(); }
 
     Control& outer_;
     std::shared_ptr<Control> control_;

@@ -15,7 +15,11 @@ constexpr int32_t highLightAlways = 1;
 }  // namespace
 
 GridEdit::GridEdit(Platform& platform)
-    : Control(platform), gbrBORDER(root()), flexGRID(root()), picTOPBAR(root(), flexGRID) {
+    : Control(platform),
+      gbrBORDER(root()),
+      flexGRID(root()),
+      picTOPBAR(root(), flexGRID),
+      editing_(*this, flexGRID, types_) {
     connectChildren();
     FontUpdate();
 }
@@ -24,6 +28,7 @@ void GridEdit::initialize() {
     const Look look = lookOfSystem(platform());
     gbrBORDER.setLook(look);
     flexGRID.setLook(look);
+    editing_.editors().setLook(look);
     picTOPBAR.setLook(look);
 }
 
@@ -31,26 +36,15 @@ void GridEdit::connectChildren() {
     const auto on = [this](auto& event, auto handler) {
         connections_.push_back(event.connect(std::move(handler)));
     };
-    on(flexGRID.keyWentDown, [this](KeyEvent& event) { KeyDown(event.code, event.shift); });
-    on(flexGRID.keyWentUp, [this](KeyEvent& event) { KeyUp(event.code, event.shift); });
-    on(flexGRID.characterTyped, [this](int16_t& character) { KeyPress(character); });
     on(flexGRID.mousePressed, [this](const MouseEvent& event) { raiseMouse(MouseDown, event); });
     on(flexGRID.mouseMoved, [this](const MouseEvent& event) { raiseMouse(MouseMove, event); });
     on(flexGRID.mouseReleased, [this](const MouseEvent& event) { raiseMouse(MouseUp, event); });
-    on(flexGRID.clicked, [this] { Click(); });
-    on(flexGRID.doubleClicked, [this] { DblClick(); });
     on(flexGRID.dropped, [this](DropEvent& event) {
         const Dpi dpi = root().dpi();
         auto x = static_cast<float>(dpi.toTwips(event.at.x).value);
         auto y = static_cast<float>(dpi.toTwips(event.at.y).value);
         OLEDragDrop(event.data, event.effect, event.button, event.shift, x, y);
     });
-    on(flexGRID.leavingCell, [this] {
-        leftRow_ = flexGRID.Row();
-        BoxHide();
-    });
-    on(flexGRID.cellEntered, [this] { enterCell(); });
-    on(flexGRID.selectionMoved, [this] { SelChange(); });
     on(flexGRID.scrolled, [this] { picTOPBAR.invalidate(); });
     on(flexGRID.columnResized, [this](int32_t) { picTOPBAR.invalidate(); });
     on(picTOPBAR.clicked, [this] {
@@ -113,18 +107,42 @@ void GridEdit::loaded() {
     BoxHide();
     attempt([&] { raiseMouse(MouseDown, {MouseEvent::Kind::down, button::left, 0, {0, 0}}); });
     goTo(flexGRID.TopRow(), flexGRID.LeftCol());
-    BoxShow();
+    editing_.show(CellEditing::Focus::leave);
 }
 
 void GridEdit::resize() {
     const Twips border = borderOffset(), top = border + headerHeight();
     const Twips inner = width() - 2 * border;
+    const TwipsRect cells{border, top, inner, height() - top - border};
+    // An editor that nobody works in stays over its cell.
+    if (flexGRID.bounds() != cells && editing_.editors().hasFocus()) BoxHide();
     gbrBORDER.move({{0}, {0}, width(), height()});
     picTOPBAR.move({border, border, inner, headerHeight()});
-    flexGRID.move({border, top, inner, height() - top - border});
+    flexGRID.move(cells);
+}
+
+void GridEdit::exitFocus() {
+    gbrBORDER.setFocused(false);
+    editing_.commit();
+}
+
+void GridEdit::FontUpdate() {
+    picTOPBAR.setFont(Font());
+    editing_.editors().setFont(Font());
+}
+
+void GridEdit::GridClear() {
+    editing_.commit();
+    flexGRID.Clear();
+}
+
+void GridEdit::GridShow() {
+    flexGRID.setVisible(true);
+    editing_.returnFocus();
 }
 
 void GridEdit::GridReset() {
+    editing_.commit();
     flexGRID.setVisible(false);
     flexGRID.Clear();
     attempt([&] { flexGRID.SetRows(1); });
@@ -147,18 +165,18 @@ void GridEdit::GridColr(OleColour& newcol) {
     flexGRID.setColours(colours);
 }
 
-void GridEdit::BoxHide() {
-    // A host that answers with what closes the editor is not told once more.
-    if (std::exchange(closing_, true)) return;
-    attempt([&] { ChangeEdited(); });
-    closing_ = false;
+void GridEdit::cboLIST_KeyDown(int16_t& keyCode, int16_t& shift) {
+    KeyEvent event{keyCode, shift, false};
+    editing_.editors().list().keyDown(event);
+    keyCode = event.code;
+    shift = event.shift;
 }
 
-void GridEdit::enterCell() {
-    const bool anotherRow = flexGRID.Row() != leftRow_;
-    attempt([&] { CellSelected(); });
-    if (anotherRow) attempt([&] { NewRowSelected(); });
-    BoxShow();
+void GridEdit::cboLIST_KeyUp(int16_t& keyCode, int16_t& shift) {
+    KeyEvent event{keyCode, shift, false};
+    editing_.editors().list().keyUp(event);
+    keyCode = event.code;
+    shift = event.shift;
 }
 
 void GridEdit::raiseMouse(const Event<int16_t&, int16_t&, float&, float&>& event, const MouseEvent& mouse) {

@@ -4,6 +4,7 @@
 
 #include "flexgrid/flex_grid.h"
 #include "framework/control.h"
+#include "grid/cell_editing.h"
 #include "grid/column_types.h"
 #include "grid/header_bar.h"
 #include "grid/icon_list.h"
@@ -80,9 +81,9 @@ public:
     void TopRowSet(int32_t row) { flexGRID.SetTopRow(row); }
 
     // The grid as a whole.
-    void FontUpdate() { picTOPBAR.setFont(Font()); }
+    void FontUpdate();
     void GridChange() {}  // for hosts of old; called after every change of structure
-    void GridClear() { flexGRID.Clear(); }
+    void GridClear();
     void GridColr(OleColour& newcol);
     void GridFocusShow() { flexGRID.takeFocus(); }
     void GridHide() { flexGRID.setVisible(false); }
@@ -92,7 +93,7 @@ public:
     void GridReset();
     void GridSave(const Text& path, const Text& header);
     void GridSetFocus(int32_t colno, int32_t rowno);
-    void GridShow() { flexGRID.setVisible(true); }
+    void GridShow();
     bool IsEven(int32_t number) const;
     int32_t MouseCol() const { return flexGRID.MouseCol(); }
     int32_t MouseRow() const { return flexGRID.MouseRow(); }
@@ -111,17 +112,16 @@ public:
     void GridColSort(int32_t colno);
     void GridColSortInitialDate();
 
-    // Editors over a cell. There are none yet, so that these have nothing to open, fill or steer; closing
-    // tells the host all the same.
-    void SetAllowGridEdit(bool) {}
-    void BoxHide();
-    void BoxSelect() {}
-    void BoxShow() {}
-    void cboLIST_KeyDown(int16_t&, int16_t&) {}
-    void cboLIST_KeyUp(int16_t&, int16_t&) {}
-    void ComboAdd(const Text&) {}
-    void ComboClear() {}
-    void ComboDel(int32_t) {}
+    // Editors over a cell.
+    void SetAllowGridEdit(bool allow) { editing_.allow(allow); }
+    void BoxHide() { editing_.hide(); }
+    void BoxSelect() { editing_.editors().selectText(); }
+    void BoxShow() { editing_.show(); }
+    void cboLIST_KeyDown(int16_t& keyCode, int16_t& shift);
+    void cboLIST_KeyUp(int16_t& keyCode, int16_t& shift);
+    void ComboAdd(const Text& item) { editing_.editors().list().add(item); }
+    void ComboClear() { editing_.editors().list().clear(); }
+    void ComboDel(int32_t index) { editing_.editors().list().remove(index); }
 
     // Events. X and Y are twips of the grid.
     Event<> CboBoxClick, CboClick, CellSelected, Change, ChangeEdited, ChangePost, Click, DblClick,
@@ -139,14 +139,15 @@ private:
     void loaded() override;
     void resize() override;
     void enterFocus() override { gbrBORDER.setFocused(true); }
-    void exitFocus() override { gbrBORDER.setFocused(false); }
+    void exitFocus() override;
+    KeyRoute route(const KeyEvent& event) override { return editing_.route(event, Control::route(event)); }
     void useAmbientFont(const FontRef& font) override;
 
     void connectChildren();
     void loadFont(const FontRef& font);
     void fontChanged();
     void goTo(int32_t rowno, int32_t colno);
-    void enterCell();
+    void addItem(const Text& text, int32_t rowno);
     void raiseMouse(const Event<int16_t&, int16_t&, float&, float&>& event, const MouseEvent& mouse);
     void showBusy(bool busy);
     // What the grid lies inside the control's edges by, and below the bar.
@@ -159,11 +160,10 @@ private:
     IconList imlTREELISTICONS;
 
     ColumnTypes types_;
+    CellEditing editing_;
     Text dragInfo_;
     bool showAlarm_ = false;
     int32_t mousePosn_ = 0;
-    bool closing_ = false;           // the host is being told that an editor closes
-    int32_t leftRow_ = -1;           // of the cell that a person is about to leave
     bool sortedDescending_ = false;  // at the last sort
     int32_t sortedCol_ = 0;          // the current column after it
     FontRef fontFromAmbient_;        // while it is the one shown, the container's changes are followed

@@ -51,6 +51,7 @@ void GridEdit::CellFontSet(int32_t rowno, int32_t colno, const Text& sFont, cons
     attempt([&] { flexGRID.SetCellFontBold(bold); });
     attempt([&] { flexGRID.SetCellFontStrikeThrough(strikeThru); });
     attempt([&] { flexGRID.SetCellForeColor(oleForeColor); });
+    editing_.editors().setTimeFont(flexGRID.Font());
 }
 
 void GridEdit::CellFormatSet(int32_t rowno, int32_t colno, const Text& sFont, const Text& size, bool bold,
@@ -72,7 +73,8 @@ Text GridEdit::CellTextRead(int32_t rowno, int32_t colno) const {
 
 void GridEdit::CellTextSet(int32_t rowno, int32_t colno, const Text& text) {
     goTo(rowno, colno);
-    flexGRID.SetText(text);
+    attempt([&] { flexGRID.SetText(text); });
+    editing_.cellWritten();
 }
 
 int32_t GridEdit::CellCurrentHeight() const {
@@ -113,6 +115,7 @@ void GridEdit::ColsSet(int32_t count) {
     constexpr int32_t lastAligned = 8;
     constexpr auto left = static_cast<int32_t>(CellAlignment::leftCentre);
     constexpr auto leftBottom = static_cast<int32_t>(CellAlignment::leftBottom);
+    editing_.commit();
     attempt([&] { flexGRID.SetCols(count); });
     for (int32_t col = 0; col <= lastAligned; ++col) flexGRID.SetColAlignment(col, left);
     // There is such a column only where the grid could not have so many.
@@ -121,6 +124,7 @@ void GridEdit::ColsSet(int32_t count) {
 }
 
 void GridEdit::ColumnVisible(int32_t colno, int32_t width, bool visible) {
+    editing_.commit();
     flexGRID.SetColWidth(colno, visible ? width : 0);
     picTOPBAR.invalidate();
 }
@@ -135,17 +139,23 @@ void GridEdit::RowAdd(const Text& text, int32_t rowno) {
     // So that the insertion does not flicker; the host hears of it meanwhile.
     flexGRID.setVisible(false);
     BoxHide();
-    attempt([&] { flexGRID.AddItem(text, rowno); });
+    addItem(text, rowno);
     flexGRID.SetRow(rowno);
     GridChange();
     attempt([&] { Change(); });
-    flexGRID.setVisible(true);
+    GridShow();
+}
+
+void GridEdit::addItem(const Text& text, int32_t rowno) {
+    attempt([&] {
+        if (flexGRID.AddItem(text, rowno)) editing_.rowInserted(rowno);
+    });
 }
 
 void GridEdit::RowAddQuick(const Text& text, int32_t rowno) {
-    attempt([&] { flexGRID.AddItem(text, rowno); });
+    addItem(text, rowno);
     flexGRID.SetRow(rowno);
-    flexGRID.setVisible(true);
+    GridShow();
 }
 
 void GridEdit::RowDel(int32_t rowno) {
@@ -154,7 +164,9 @@ void GridEdit::RowDel(int32_t rowno) {
         flexGRID.Clear();
         GridReset();
     } else {
-        attempt([&] { flexGRID.RemoveItem(rowno); });
+        attempt([&] {
+            if (flexGRID.RemoveItem(rowno)) editing_.rowRemoved(rowno);
+        });
     }
     GridChange();
     Change();
@@ -170,6 +182,7 @@ void GridEdit::RowsRefreshColors(int32_t& newColor) {
 }
 
 void GridEdit::RowsSet(int32_t count) {
+    editing_.commit();
     attempt([&] { flexGRID.SetRows(count); });
     GridChange();
     Change();

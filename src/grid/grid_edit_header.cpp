@@ -28,6 +28,7 @@ void GridEdit::BarHeaderSort() {
 
 // The rows are sorted by the current column; `colno` only says whether there is such a column.
 void GridEdit::GridColSort(int32_t colno) {
+    editing_.commit();
     // A column that was not sorted last is sorted in the direction of the last sort.
     if (flexGRID.Col() != sortedCol_) sortedDescending_ = !sortedDescending_;
     picTOPBAR.moveSortMark(flexGRID.Col());
@@ -42,6 +43,7 @@ void GridEdit::GridColSort(int32_t colno) {
 // The newest first, in grids that have their dates in the fifth column; as texts, like any other sort.
 void GridEdit::GridColSortInitialDate() {
     constexpr int32_t dateCol = 4;
+    editing_.commit();
     const bool hasDates = flexGRID.SetCol(dateCol);
     picTOPBAR.moveSortMark(flexGRID.Col());
     if (hasDates) {

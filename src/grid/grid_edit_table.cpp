@@ -19,8 +19,9 @@ const ControlTable& GridEdit::memberTable() {
                                                              u"A text of the host's own, for what is dragged")
             .property<&C::blnPUBSHOWALARM, &C::SetblnPUBSHOWALARM>(2, u"blnPUBSHOWALARM",
                                                                    u"A flag of the host's own")
-            .writeOnlyProperty<&C::SetAllowGridEdit>(3, u"AllowGridEdit",
-                                                     u"Whether editors open over the cells")
+            .writeOnlyProperty<&C::SetAllowGridEdit>(
+                3, u"AllowGridEdit",
+                u"Whether editors open over the cells, and keys add and delete rows; True at first")
             .method<&C::barCol>(4, u"barCol", u"Colours the header bar", {u"newcol"})
             .method<&C::BarColText>(5, u"BarColText", u"Colours the captions of the header bar", {u"newcol"})
             .property<&C::BarHeader, &C::SetBarHeader>(6, u"BarHeader", u"Show/hide the Grid Header")
@@ -39,12 +40,16 @@ const ControlTable& GridEdit::memberTable() {
                 u"Sorts by the column at which the header bar was last pressed, downwards at first and then in turn")
             .property<&C::BorderStyle, &C::SetBorderStyle>(13, u"BorderStyle", u"Show/hide the Grid Border")
             .method<&C::BoxHide>(
-                14, u"BoxHide", u"Closes the editor and keeps what it holds; raises ChangeEdited in any case")
+                14, u"BoxHide",
+                u"Closes the editor and keeps what it holds; raises ChangeEdited in any case, and Change and ChangePost where an editor was open")
             .method<&C::BoxSelect>(15, u"BoxSelect", u"Selects the text of the open editor")
-            .method<&C::BoxShow>(16, u"BoxShow", u"Opens the editor of the current cell")
-            .method<&C::cboLIST_KeyDown>(17, u"cboLIST_KeyDown",
-                                         u"Does what a key going down in the list editor does",
-                                         {u"KeyCode", u"Shift"})
+            .method<&C::BoxShow>(
+                16, u"BoxShow",
+                u"Opens the editor of the current cell and gives it the keyboard; raises Click when it has opened")
+            .method<&C::cboLIST_KeyDown>(
+                17, u"cboLIST_KeyDown",
+                u"Does what a key going down in the list editor does; a key that was used comes back as 0",
+                {u"KeyCode", u"Shift"})
             .method<&C::cboLIST_KeyUp>(18, u"cboLIST_KeyUp",
                                        u"Does what a key released in the list editor does",
                                        {u"KeyCode", u"Shift"})
@@ -116,7 +121,9 @@ const ControlTable& GridEdit::memberTable() {
                                        {u"colno", u"cWidth", u"cVISIBLE"})
             .method<&C::ColWidth>(46, u"ColWidth", u"Width of a column in twips; 200 and less are ignored",
                                   {u"colno", u"ColWidthVal"})
-            .method<&C::ComboAdd>(47, u"ComboAdd", u"Adds an item to the list of the list editor", {u"Item"})
+            .method<&C::ComboAdd>(
+                47, u"ComboAdd",
+                u"Adds an item to the list of the list editor, which all columns of lists share", {u"Item"})
             .method<&C::ComboClear>(48, u"ComboClear", u"Empties the list of the list editor")
             .method<&C::ComboDel>(49, u"ComboDel", u"Removes an item from the list of the list editor",
                                   {u"Index"})
@@ -172,26 +179,39 @@ const ControlTable& GridEdit::memberTable() {
             .method<&C::TopRowRead>(79, u"TopRowRead", u"The first row that shows")
             .method<&C::TopRowSet>(80, u"TopRowSet", u"Scrolls to a row", {u"NewValue"})
 
-            .event<&C::CboBoxClick>(1, u"CboBoxClick", u"The list editor was clicked")
-            .event<&C::CboClick>(2, u"CboClick", u"An item of the list editor was chosen")
+            .event<&C::CboBoxClick>(1, u"CboBoxClick",
+                                    u"The list editor was pressed with the mouse, before its list opens")
+            .event<&C::CboClick>(2, u"CboClick",
+                                 u"A person chose an item of the list editor, which is still open")
             .event<&C::CellSelected>(3, u"CellSelected", u"A person made another cell the current one")
-            .event<&C::Change>(4, u"Change", u"Cells, rows or columns have changed")
+            .event<&C::Change>(
+                4, u"Change",
+                u"Cells, rows or columns have changed; once for an edit, a paste, or what is taken back")
             .event<&C::ChangeEdited>(5, u"ChangeEdited", u"An editor closes, or was asked to")
-            .event<&C::ChangePost>(6, u"ChangePost", u"A cell has been edited, after Change")
-            .event<&C::Click>(7, u"Click", u"The grid was clicked")
-            .event<&C::DblClick>(8, u"DblClick", u"The grid was double-clicked")
-            .event<&C::DblClickExt>(9, u"DblClickExt", u"An editor was double-clicked")
-            .event<&C::DelRow>(10, u"DelRow", u"A person deleted a row")
-            .event<&C::KeyDown>(11, u"KeyDown", u"A key went down in the grid", {u"KeyCode", u"Shift"})
-            .event<&C::KeyPress>(12, u"KeyPress", u"A character was typed in the grid", {u"KeyAscii"})
-            .event<&C::KeyUp>(13, u"KeyUp", u"A key was released in the grid", {u"KeyCode", u"Shift"})
+            .event<&C::ChangePost>(
+                6, u"ChangePost",
+                u"Cells have been edited, after Change; GridSetFocus sends a person back to a cell")
+            .event<&C::Click>(7, u"Click", u"A cell was clicked, or an editor has opened")
+            .event<&C::DblClick>(8, u"DblClick", u"A cell without an open editor was double-clicked")
+            .event<&C::DblClickExt>(9, u"DblClickExt", u"The open editor was double-clicked")
+            .event<&C::DelRow>(10, u"DelRow", u"A person deleted a row, after Change")
+            .event<&C::KeyDown>(
+                11, u"KeyDown",
+                u"A key went down in the grid or an editor, which has done with it what editing does",
+                {u"KeyCode", u"Shift"})
+            .event<&C::KeyPress>(12, u"KeyPress", u"A character was typed in the grid or an editor",
+                                 {u"KeyAscii"})
+            .event<&C::KeyUp>(13, u"KeyUp", u"A key was released in the grid or an editor",
+                              {u"KeyCode", u"Shift"})
             .event<&C::MouseDown>(14, u"MouseDown", u"A mouse button went down on the grid",
                                   {u"Button", u"Shift", u"X", u"Y"})
             .event<&C::MouseMove>(15, u"MouseMove", u"The mouse moved over the grid",
                                   {u"Button", u"Shift", u"X", u"Y"})
             .event<&C::MouseUp>(16, u"MouseUp", u"A mouse button was released over the grid",
                                 {u"Button", u"Shift", u"X", u"Y"})
-            .event<&C::NewRow>(17, u"NewRow", u"A person added a row", {u"newno"})
+            .event<&C::NewRow>(17, u"NewRow",
+                               u"A person added a row, which is the current one; its number is 32767 at most",
+                               {u"newno"})
             .event<&C::SelChange>(18, u"SelChange", u"A person selected other cells")
             .event<&C::OLEDragDrop>(19, u"OLEDragDrop", u"Something was dropped on the grid",
                                     {u"Data", u"Effect", u"Button", u"Shift", u"X", u"Y"})

@@ -163,6 +163,10 @@ bool ControlObject::rightToLeft() {
     return site_.ambientFlag(DISPID_AMBIENT_RIGHTTOLEFT, false);
 }
 
+bool ControlObject::designMode() {
+    return !site_.ambientFlag(DISPID_AMBIENT_USERMODE, true);
+}
+
 void ControlObject::accessKeysChanged() {
     const Hold hold(*this);
     if (const auto site = site_.as<IOleControlSite>()) site->OnControlInfoChanged();

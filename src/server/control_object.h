@@ -64,6 +64,7 @@ private:
     void focusChanged(bool inside) override;
     bool offerKey(const KeyEvent& event) override;
     bool rightToLeft() override;
+    bool designMode() override;
     void accessKeysChanged() override;
 
     const module::Presence presence_;  // first, so that it outlives everything else here

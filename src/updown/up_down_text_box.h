@@ -59,6 +59,9 @@ public:
     void RefreshFont();
     int32_t ShiftColor(int32_t Color, int32_t amount, bool IsXP);
 
+    // For a control that hosts this one: what is typed next replaces the text.
+    void selectText() { txtUPDOWN.setSelection({0, static_cast<int32_t>(txtUPDOWN.text().size())}); }
+
     // Events.
     Event<> Change, Click, DblClick;
     Event<> DownClick, UpClick;  // before an increasing, before a decreasing step: the pairing is meant

@@ -11,20 +11,46 @@ namespace obk {
 namespace {
 
 constexpr int32_t arrowWidthAt96 = 17;
+constexpr int32_t typingPause = 1000;  // milliseconds
+
+bool startsWith(TextView text, TextView start) {
+    return text.size() >= start.size() && equalIgnoringCase(text.substr(0, start.size()), start);
+}
 
 }  // namespace
 
-DropList::DropList(Container& parent, Text name) : Widget(parent), name_(std::move(name)) {}
+DropList::DropList(Container& parent, Text name)
+    : Widget(parent), name_(std::move(name)), font_([this] { invalidate(); }) {}
+
+bool DropList::remove(int32_t item) {
+    if (item < 0 || item >= count()) return false;
+    items_.erase(items_.begin() + item);
+    if (selected_ == item)
+        selected_ = -1;
+    else if (selected_ > item)
+        --selected_;
+    return true;
+}
+
+void DropList::clear() {
+    items_.clear();
+    selected_ = -1;
+}
 
 bool DropList::select(int32_t item) {
     if (item < 0 || item >= count()) return false;
+    text_ = items_[static_cast<size_t>(item)];
     selected_ = item;
     invalidate();
     return true;
 }
 
-TextView DropList::text() const {
-    return selected_ < 0 ? TextView() : TextView(items_[static_cast<size_t>(selected_)]);
+void DropList::show(TextView text) {
+    text_ = text;
+    const auto found = std::find(items_.begin(), items_.end(), text);
+    selected_ = found == items_.end() ? -1 : static_cast<int32_t>(found - items_.begin());
+    typed_.clear();
+    invalidate();
 }
 
 void DropList::setLook(Look look) {
@@ -32,11 +58,26 @@ void DropList::setLook(Look look) {
     invalidate();
 }
 
+void DropList::setBackColour(OleColour colour) {
+    backColour_ = colour;
+    invalidate();
+}
+
+bool DropList::hasFocus() const {
+    const Surface* shownOn = surface();
+    return shownOn && shownOn->focusedOn(*this);
+}
+
+bool DropList::takeFocus() {
+    Surface* shownOn = surface();
+    return shownOn && enabled() && !pixelClip().empty() && shownOn->focus(*this);
+}
+
 void DropList::paint(Canvas& canvas, const PixelRect& bounds) {
     const auto colour = [this](SystemColour index) { return systemRgb(platform(), index); };
     const bool highContrast = platform().appearance().highContrast();
     const int32_t line = canvas.dpi().scaled(1);
-    canvas.fillRect(bounds, colour(SystemColour::window));
+    canvas.fillRect(bounds, highContrast ? colour(SystemColour::window) : rgb(backColour_));
     PixelRect arrow = bounds.inset(line);
     if (look_ == Look::classic && !highContrast) {
         canvas.frameEdges(bounds, line, colour(SystemColour::buttonShadow),
@@ -49,12 +90,13 @@ void DropList::paint(Canvas& canvas, const PixelRect& bounds) {
         const Rgb resting =
             highContrast ? colour(SystemColour::windowText)
                          : mixed(colour(SystemColour::buttonShadow), colour(SystemColour::window), 200);
-        canvas.frameRect(bounds, line, hot_ ? accent : resting);
+        canvas.frameRect(bounds, line, hot_ || hasFocus() ? accent : resting);
     }
     arrow.left = std::max(arrow.left, arrow.right - canvas.dpi().scaled(arrowWidthAt96));
     const Rgb ink = colour(enabled() ? SystemColour::windowText : SystemColour::greyText);
     drawArrow(canvas, arrow, ArrowDirection::down, ink);
     TextStyle style;
+    style.font = font_.description();
     style.colour = ink;
     const int32_t margin = canvas.dpi().scaled(4);
     canvas.drawText(text(), {bounds.left + margin, bounds.top, arrow.left, bounds.bottom}, style);
@@ -65,7 +107,9 @@ void DropList::mouse(const MouseEvent& event) {
     switch (event.kind) {
         case MouseEvent::Kind::down:
         case MouseEvent::Kind::doubleClick:
-            if (event.button == button::left) open();
+            if (event.button != button::left) break;
+            pressed();
+            open();
             break;
         case MouseEvent::Kind::move:
             hover(true);
@@ -84,17 +128,77 @@ void DropList::hover(bool inside) {
     invalidate();
 }
 
+void DropList::keyDown(KeyEvent& event) {
+    keyWentDown(event);
+    if (event.code == 0 || !enabled()) return;
+    const bool alt = event.shift == shift::alt;
+    const bool vertical = event.code == key::up || event.code == key::down;
+    if ((event.code == key::f4 && event.shift == 0) || (vertical && alt)) {
+        event.code = 0;
+        if (!event.repeated) open();
+        return;
+    }
+    if (event.shift != 0) return;
+    const int32_t before = selected_;
+    switch (event.code) {
+        case key::up:
+        case key::left:
+            choose(before < 0 ? count() - 1 : std::max(before - 1, 0));
+            break;
+        case key::down:
+        case key::right:
+            choose(std::min(before + 1, count() - 1));
+            break;
+        case key::home:
+            choose(0);
+            break;
+        case key::end:
+            choose(count() - 1);
+            break;
+        default:
+            return;
+    }
+    event.code = 0;
+}
+
+int16_t DropList::keyPress(int16_t character) {
+    constexpr int16_t firstPrintable = 32;
+    characterTyped(character);
+    if (character >= firstPrintable || character < 0) find(static_cast<char16_t>(character));
+    return character;
+}
+
+// One letter again and again goes through the items that begin with it, as do several the first time.
+void DropList::find(char16_t typed) {
+    const int32_t now = platform().clock().tickCount();
+    if (static_cast<uint32_t>(now) - static_cast<uint32_t>(typedAt_) >= typingPause) typed_.clear();
+    typedAt_ = now;
+    const bool again = typed_.size() == 1 && typed_[0] == typed;
+    if (!again) typed_ += typed;
+    // A longer beginning may be that of the item that is shown.
+    const int32_t first = std::max(selected_, 0) + (typed_.size() == 1 && selected_ >= 0 ? 1 : 0);
+    for (int32_t step = 0; step < count(); ++step) {
+        const int32_t item = (first + step) % count();
+        if (startsWith(items_[static_cast<size_t>(item)], typed_)) return choose(item);
+    }
+}
+
+void DropList::choose(int32_t item) {
+    if (item != selected_ && select(item)) chosen();
+}
+
 void DropList::open() {
     Surface* shownOn = surface();
     if (!shownOn) return;
     std::vector<MenuItem> menu;
-    for (const Text& item : items_) menu.push_back({item, true, item == text()});
+    for (const Text& item : items_)
+        menu.push_back({item, true, menu.size() == static_cast<size_t>(selected_)});
     const auto choice = shownOn->chooseFromMenu(menu, pixelBounds());
     if (choice && select(static_cast<int32_t>(*choice))) chosen();
 }
 
 void DropList::describe(std::vector<AccessibleItem>& items) const {
-    items.push_back({AccessibleItem::Role::button, name_, Text(text()), pixelBounds(), enabled(), false});
+    items.push_back({AccessibleItem::Role::button, name_, text_, pixelBounds(), enabled(), false});
 }
 
 }  // namespace obk

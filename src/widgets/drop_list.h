@@ -1,7 +1,8 @@
-// A field that shows one of a fixed list of texts; a press opens the list as a menu to choose from.
+// A field that shows one of a list of texts; a press or a key opens the list as a menu to choose from.
 #pragma once
 
 #include "base/event.h"
+#include "widgets/font_holder.h"
 #include "widgets/widget.h"
 
 #include <vector>
@@ -14,29 +15,58 @@ public:
     DropList(Container& parent, Text name);
 
     void add(Text item) { items_.push_back(std::move(item)); }
+    // False, and nothing changed, for a position that the list does not have. What is shown stays.
+    bool remove(int32_t item);
+    void clear();
+    const std::vector<Text>& items() const { return items_; }
     int32_t count() const { return static_cast<int32_t>(items_.size()); }
     // The position of the item that is shown; -1 for none.
     int32_t selected() const { return selected_; }
     // False, and nothing changed, for a position that the list does not have. Raises nothing.
     bool select(int32_t item);
-    // The item that is shown; empty for none.
-    TextView text() const;
+    // Shows a text, as an item if the list has it.
+    void show(TextView text);
+    const Text& text() const { return text_; }
     void setLook(Look look);
+    void setBackColour(OleColour colour);
+    void setFont(FontRef font) { font_.set(std::move(font)); }
+
+    bool hasFocus() const;
+    bool takeFocus() override;
+    Widget* focused() override { return hasFocus() ? this : nullptr; }
 
     void paint(Canvas& canvas, const PixelRect& bounds) override;
     void mouse(const MouseEvent& event) override;
+    // Arrows, Home and End choose an item, what is typed the next one that begins so; F4 and Alt with an
+    // arrow open the list.
+    void keyDown(KeyEvent& event) override;
+    void keyUp(KeyEvent& event) override { keyWentUp(event); }
+    int16_t keyPress(int16_t character) override;
+    void focusCameBelow() override { invalidate(); }
+    void focusWentBelow() override { invalidate(); }
     void describe(std::vector<AccessibleItem>& items) const override;
 
-    Event<> chosen;  // by the user, the item that is shown already among them
+    Event<> pressed;  // by the mouse, before the list opens
+    Event<> chosen;   // by the user, the item that is shown already among them
+    // Listeners may set `code` or the character to 0: the list then does nothing with it.
+    Event<KeyEvent&> keyWentDown, keyWentUp;
+    Event<int16_t&> characterTyped;
 
 private:
     void hover(bool inside);
     void open();
+    void choose(int32_t item);
+    void find(char16_t typed);
 
     Text name_;
     std::vector<Text> items_;
     int32_t selected_ = -1;
+    Text text_;
+    Text typed_;           // since the last pause
+    int32_t typedAt_ = 0;  // in ticks of the clock
     Look look_ = Look::flat;
+    OleColour backColour_{SystemColour::window};
+    FontHolder font_;
     bool hot_ = false;
 };
 

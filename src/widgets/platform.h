@@ -129,6 +129,8 @@ public:
     // Puts a text on the clipboard in place of what is there. False, and nothing changed, when another
     // program holds it.
     virtual bool putOnClipboard(NativeWindow owner, TextView text) = 0;
+    // The text on the clipboard; nothing when there is none, and when another program holds it.
+    virtual std::optional<Text> textOnClipboard(NativeWindow owner) = 0;
 };
 
 }  // namespace obk

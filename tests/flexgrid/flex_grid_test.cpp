@@ -123,7 +123,11 @@ TEST_F(FlexGridTest, KeysPassOverWhatIsHidden) {
 
 TEST_F(FlexGridTest, ListenersMayTakeKeysAndCells) {
     grid.takeFocus();
-    note(grid.leavingCell, "leaving");
+    bool leaves = true;
+    connections.push_back(grid.leavingCell.connect([&](bool& may) {
+        journal.push_back("leaving");
+        may = leaves;
+    }));
     note(grid.cellEntered, "entered");
     note(grid.selectionMoved, "selection");
     bool takes = true;
@@ -139,11 +143,16 @@ TEST_F(FlexGridTest, ListenersMayTakeKeysAndCells) {
     EXPECT_EQ(take(), (std::vector<std::string>{"key 40", "leaving", "entered", "selection"}));
     platform.pressKey(key::down, shift::shift);
     EXPECT_EQ(take(), (std::vector<std::string>{"key 40", "selection"}));
+    leaves = false;
+    platform.pressKey(key::down);
+    EXPECT_EQ(take(), (std::vector<std::string>{"key 40", "leaving"}));
+    EXPECT_EQ(grid.Row(), 1);
+    leaves = true;
     grid.SetRow(7);
     grid.SetTopRow(4);
     EXPECT_EQ(take(), std::vector<std::string>{}) << "what the host does is no news to it";
     // The rows are gone by the time the current cell should move.
-    connections.push_back(grid.leavingCell.connect([this] { grid.SetRows(0); }));
+    connections.push_back(grid.leavingCell.connect([this](bool&) { grid.SetRows(0); }));
     platform.pressKey(key::down);
     EXPECT_EQ(grid.Row(), -1);
     EXPECT_EQ(take(), (std::vector<std::string>{"key 40", "leaving"}));

@@ -1,79 +1,10 @@
-#include "grid/grid_edit.h"
-
-#include "support/control_fixture.h"
+#include "grid_edit_fixture.h"
 #include "support/failing_memory.h"
 
 #include <algorithm>
 
 namespace obk::test {
 namespace {
-
-using headless::DrawnItem;
-using Kind = MouseEvent::Kind;
-
-constexpr OleColour red(Rgb::of(255, 0, 0)), window(SystemColour::window);
-// At 96 DPI and in the usual font: border, caption bar, one row, one column, in pixels.
-constexpr int32_t border = 2, bar = 20, rowHeight = 18, colWidth = 64;
-
-class GridEditTest : public ControlFixture {
-protected:
-    void SetUp() override {
-        place(GridEdit::memberTable());
-        host.take();
-    }
-    GridEdit& grid() { return static_cast<GridEdit&>(*control); }
-    int32_t number(TextView member) { return std::get<int32_t>(call(member)); }
-    void size(int32_t rows, int32_t cols) {
-        call(u"RowsSet", {rows});
-        call(u"ColsSet", {cols});
-        host.take();
-    }
-    void set(int32_t row, int32_t col, const char16_t* text) { call(u"CellTextSet", {row, col, Text(text)}); }
-    std::string read(int32_t row, int32_t col) {
-        return toUtf8(std::get<Text>(call(u"CellTextRead", {row, col})));
-    }
-    std::string column(int32_t col) {
-        std::string texts;
-        for (int32_t row = 0; row < number(u"RowsCurrent"); ++row)
-            texts += (row == 0 ? "" : ",") + read(row, col);
-        return texts;
-    }
-    std::pair<int32_t, int32_t> current() { return {number(u"RowCurrent"), number(u"ColCurrent")}; }
-
-    // With a window of 400 x 200 pixels.
-    void show() {
-        activate({0, 0, 400, 200});
-        surface().paint();
-        host.take();
-    }
-    headless::HeadlessSurface& surface() { return *platform.surface(control->window()); }
-    static PixelPoint at(int32_t row, int32_t col) {
-        return {border + col * colWidth + 10, border + bar + row * rowHeight + 9};
-    }
-    std::vector<DrawnItem> drawn() {
-        control->root().invalidate();
-        return surface().paint().items();
-    }
-    Rgb colourAt(PixelPoint point) {
-        control->root().invalidate();
-        return surface().paint().colourAt(point);
-    }
-    // The text as it is drawn; an empty item where it is not.
-    DrawnItem drawnText(TextView text) {
-        const auto items = drawn();
-        const auto found = std::find_if(items.begin(), items.end(),
-                                        [text](const DrawnItem& item) { return item.text == text; });
-        return found == items.end() ? DrawnItem{} : *found;
-    }
-    bool gridShows() { return !drawnText(u"probe").text.empty(); }
-    void click(PixelPoint point, Kind first = Kind::down) {
-        platform.mouse(control->window(), {first, button::left, 0, point});
-        platform.mouse(control->window(), {Kind::up, button::left, 0, point});
-    }
-    void onEvent(const char* name, std::function<void()> act) {
-        host.on[name] = [act = std::move(act)](std::span<Value>) { act(); };
-    }
-};
 
 TEST_F(GridEditTest, ReadingACellLeavesTheCurrentOneAndWritingMovesIt) {
     size(5, 4);
@@ -324,14 +255,6 @@ TEST_F(GridEditTest, EverySecondRowIsColouredAndTheDrawingWaits) {
 TEST_F(GridEditTest, BorderAndCaptionBarMoveTheGrid) {
     size(5, 3);
     show();
-    // Where the first cell begins on the control, found by pressing.
-    const auto firstRowAt = [this] {
-        for (int32_t y = 0; y < 100; ++y) {
-            platform.mouse(control->window(), {Kind::move, 0, 0, {50, y}});
-            if (number(u"MouseRow") == 0) return y;
-        }
-        return -1;
-    };
     EXPECT_EQ(firstRowAt(), border + bar);
     put(u"BorderStyle", 0);
     EXPECT_EQ(firstRowAt(), bar);
@@ -395,6 +318,7 @@ TEST_F(GridEditTest, AFreshGridHasTheContainersFontAndFollowsIt) {
 
 TEST_F(GridEditTest, AClickTellsWhatHappenedInItsOrder) {
     size(5, 3);
+    put(u"AllowGridEdit", false);
     show();
     click(at(1, 0));
     EXPECT_EQ(host.take(), (Journal{"focus in", "MouseDown 1 0 150 405", "ChangeEdited", "CellSelected",
@@ -413,6 +337,7 @@ TEST_F(GridEditTest, AClickTellsWhatHappenedInItsOrder) {
 
 TEST_F(GridEditTest, KeysGoToTheHostFirst) {
     size(5, 3);
+    put(u"AllowGridEdit", false);
     show();
     call(u"GridFocusShow");
     EXPECT_EQ(host.take(), (Journal{"focus in"}));

@@ -175,6 +175,10 @@ TEST_P(PortConformance, ATextPutOnTheClipboardReplacesWhatIsThere) {
     second->perform(EditCommand::paste);
     EXPECT_EQ(secondClient.text, u"\xE9 after");
     EXPECT_TRUE(driver->platform().putOnClipboard(area->window(), u""));
+    EXPECT_EQ(driver->platform().textOnClipboard(area->window()), u"");
+    EXPECT_TRUE(driver->platform().putOnClipboard(area->window(), u"\xE9\r\nnext"));
+    EXPECT_EQ(driver->platform().textOnClipboard(area->window()), u"\xE9\r\nnext");
+    EXPECT_TRUE(driver->platform().putOnClipboard(area->window(), u""));
     second->setText(u"kept");
     second->setSelection({4, 0});
     second->perform(EditCommand::paste);
@@ -303,6 +307,20 @@ TEST_P(PortConformance, ASurfaceWithTheFocusGetsItsKeys) {
     driver->key('A');
     EXPECT_EQ(taken(),
               (Journal{"area.preTranslate 65", "area.keyDown 65", "area.keyPress 97", "area.keyUp 65"}));
+}
+
+TEST_P(PortConformance, WhatIsTypedFollowsTheFocusThatItsKeyMoves) {
+    for (const char* report : {"keyDown", "keyPress"}) {
+        openBoxes();
+        area->focus();
+        areaClient.on[report] = [this] { first->focus(); };
+        journal.clear();
+        driver->key('A');
+        EXPECT_EQ(firstClient.text, u"a") << report;
+        areaClient.on.clear();
+        first->setText(u"");
+        area.reset();
+    }
 }
 
 // Focus

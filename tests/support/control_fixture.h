@@ -28,6 +28,7 @@ public:
     bool offerKey(const KeyEvent& event) override;
     void viewChanged() override {}
     bool rightToLeft() override { return readsRightToLeft; }
+    bool designMode() override { return designs; }
 
     // What was told since the last look, one line each: "KeyDown 38 0", "changed Max".
     Journal take() { return std::exchange(journal, {}); }
@@ -38,6 +39,7 @@ public:
     FontRef font;
     bool takesKeys = false;
     bool readsRightToLeft = false;
+    bool designs = false;
     // Runs inside an event, by its name; may change the arguments, call the control, or let go of it.
     std::map<std::string, std::function<void(std::span<Value>)>> on;
     std::function<void(Twips, Twips)> onRequestSize;

@@ -135,7 +135,11 @@ void HeadlessPlatform::typeInto(HeadlessWindow& window, char16_t character) {
     const auto alive = window.client().keepAlive();
     if (!alive) return;
     const auto kept = static_cast<char16_t>(window.client().keyPress(static_cast<int16_t>(character)));
-    if (kept != 0 && find(id) == &window) window.characterEffect(kept);
+    if (kept == 0 || find(id) != &window) return;
+    // A surface that answers by giving the focus to a child leaves the character to that.
+    HeadlessWindow* const child = find(focus_);
+    if (child && child->parent() == &window) return typeInto(*child, kept);
+    window.characterEffect(kept);
 }
 
 void HeadlessPlatform::keyUp(int16_t code, int16_t shift) {

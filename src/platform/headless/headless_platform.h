@@ -37,6 +37,7 @@ public:
         clipboard_ = text;
         return true;
     }
+    std::optional<Text> textOnClipboard(NativeWindow) override { return clipboard_; }
 
     // What a person does. Keys go to the focused window; characters too, each with its key going down and up.
     void pressKey(int16_t code, int16_t shift = 0);

@@ -196,6 +196,8 @@ LRESULT ClientWindow::handle(const Message& message) {
             return dialogCode(message);
         case WM_SETFOCUS:
         case WM_KILLFOCUS: {
+            // A key that was used when it went down may have been released elsewhere.
+            if (message.code == WM_SETFOCUS) discardCharacter_ = false;
             const LRESULT result = defaultFor(message);
             if (listening()) {
                 if (message.code == WM_SETFOCUS) {
@@ -264,13 +266,22 @@ LRESULT ClientWindow::character(const Message& message) {
     if (discardCharacter_ && message.code != WM_IME_CHAR) return 0;
     // With Alt held it is no typed character but the name of a menu.
     if (message.code == WM_SYSCHAR || !listening()) return defaultFor(message);
+    if (const HWND inside = typedInto())
+        return SendMessageW(inside, message.code, message.wParam, message.lParam);
     const auto typed = static_cast<int16_t>(message.wParam);
     const int16_t answer = client_->keyPress(typed);
     if (answer == 0) return 0;
     Message passed = message;
     passed.code = WM_CHAR;
     passed.wParam = static_cast<uint16_t>(answer);
+    if (const HWND inside = typedInto())
+        return SendMessageW(inside, passed.code, passed.wParam, passed.lParam);
     return defaultFor(passed);
+}
+
+HWND ClientWindow::typedInto() const {
+    const HWND focus = GetFocus();
+    return window_ && focus && IsChild(window_, focus) ? focus : nullptr;
 }
 
 LRESULT ClientWindow::dialogCode(const Message& message) {

@@ -88,6 +88,8 @@ private:
     LRESULT keyDown(const Message& message);
     LRESULT keyUp(const Message& message);
     LRESULT character(const Message& message);
+    // A window inside this one that has got the focus since the key went down: what is typed is for it.
+    HWND typedInto() const;
     LRESULT mouse(const Message& message);
     LRESULT wheel(const Message& message);
     LRESULT contextMenu(const Message& message);

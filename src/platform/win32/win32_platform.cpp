@@ -185,4 +185,22 @@ bool Win32Platform::putOnClipboard(NativeWindow owner, TextView text) {
     return put;
 }
 
+std::optional<Text> Win32Platform::textOnClipboard(NativeWindow owner) {
+    if (!OpenClipboard(reinterpret_cast<HWND>(owner))) return std::nullopt;
+    struct Closing {
+        ~Closing() { CloseClipboard(); }
+    } closing;
+    // What is on it stays the clipboard's own.
+    const HANDLE memory = GetClipboardData(CF_UNICODETEXT);
+    const auto* const units = memory ? static_cast<const char16_t*>(GlobalLock(memory)) : nullptr;
+    if (!units) return std::nullopt;
+    struct Unlocking {
+        HANDLE memory;
+        ~Unlocking() { GlobalUnlock(memory); }
+    } unlocking{memory};
+    // Another program may have left out the terminating zero.
+    const TextView all(units, GlobalSize(memory) / sizeof(char16_t));
+    return Text(all.substr(0, all.find(u'\0')));
+}
+
 }  // namespace obk::win32

@@ -35,6 +35,7 @@ public:
     std::optional<size_t> chooseFromMenu(NativeWindow owner, std::span<const MenuItem> items,
                                          const PixelRect& beside) override;
     bool putOnClipboard(NativeWindow owner, TextView text) override;
+    std::optional<Text> textOnClipboard(NativeWindow owner) override;
 
     // For the host's calls of TranslateAccelerator: consults the control at most once for each message.
     KeyRouter& keys() { return environment_->keys(); }

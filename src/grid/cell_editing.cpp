@@ -1,0 +1,364 @@
+#include "grid/cell_editing.h"
+
+#include "base/attempt.h"
+#include "flexgrid/cell_movement.h"
+#include "flexgrid/cell_texts.h"
+#include "grid/cell_rules.h"
+#include "grid/cell_values.h"
+#include "grid/grid_edit.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace obk {
+
+namespace {
+
+// Makes a cell the current one for a scope, without anybody noticing.
+class VisitedCell {
+public:
+    VisitedCell(CurrentCellGrid& grid, CellAddress cell)
+        : grid_(grid), current_(grid.current()), corner_{grid.RowSel(), grid.ColSel()} {
+        grid_.Select(cell, cell);
+    }
+    VisitedCell(const VisitedCell&) = delete;
+    VisitedCell& operator=(const VisitedCell&) = delete;
+    ~VisitedCell() { grid_.Select(current_, corner_); }
+
+private:
+    CurrentCellGrid& grid_;
+    CellAddress current_, corner_;
+};
+
+}  // namespace
+
+CellEditing::CellEditing(GridEdit& control, FlexGrid& grid, const ColumnTypes& types)
+    : control_(control), grid_(grid), types_(types), editors_(control, grid), lastChange_(grid) {
+    connect();
+}
+
+void CellEditing::connect() {
+    const auto on = [this](auto& event, auto handler) {
+        connections_.push_back(event.connect(std::move(handler)));
+    };
+    on(grid_.keyWentDown, [this](KeyEvent& event) { keyDown(event, EditPlace::cells); });
+    on(grid_.keyWentUp, [this](KeyEvent& event) { control_.KeyUp(event.code, event.shift); });
+    on(grid_.characterTyped, [this](int16_t& character) { typed(character); });
+    on(grid_.leavingCell, [this](bool& leaves) {
+        leftRow_ = grid_.Row();
+        hide();
+        // A host that does not take what was typed has opened the editor again.
+        leaves = !editors_.isOpen();
+    });
+    on(grid_.cellEntered, [this] { entered(); });
+    on(grid_.selectionMoved, [this] { control_.SelChange(); });
+    on(grid_.clicked, [this] {
+        const bool one = grid_.current() == CellAddress{grid_.RowSel(), grid_.ColSel()};
+        // An editor that opens is told of as a click.
+        if (one) show();
+        if (!one || !editors_.isOpen()) control_.Click();
+    });
+    on(grid_.doubleClicked, [this] { control_.DblClick(); });
+    on(grid_.disturbed, [this] { commit(); });
+    on(grid_.scrolled, [this] { editors_.place(); });
+    on(grid_.laidOut, [this] { editors_.place(); });
+    on(editors_.keyWentDown, [this](KeyEvent& event) { keyDown(event, EditPlace::editor); });
+    on(editors_.keyWentUp, [this](KeyEvent& event) { control_.KeyUp(event.code, event.shift); });
+    on(editors_.characterTyped, [this](int16_t& character) { control_.KeyPress(character); });
+    on(editors_.doubleClicked, [this] { control_.DblClickExt(); });
+    on(editors_.listPressed, [this] { control_.CboBoxClick(); });
+    on(editors_.itemChosen, [this] { control_.CboClick(); });
+}
+
+bool CellEditing::editable() const {
+    return allowed_ && !control_.designMode();
+}
+
+bool CellEditing::onLastRow() const {
+    const auto below = movedBy(key::down, false, grid_.current(), grid_.view());
+    return !below || below->row == grid_.Row();
+}
+
+void CellEditing::allow(bool allowed) {
+    if (!allowed) commit();
+    allowed_ = allowed;
+}
+
+void CellEditing::show(Focus focus) {
+    // Whatever asks the host about an editor that closes goes on without one.
+    if (announcing_) return;
+    if (editors_.isOpen() && editors_.cell() != grid_.current()) hide();
+    // Where the host is being told of an editor, that one may have to stay for now.
+    if (!editors_.isOpen()) {
+        if (!editable()) return;
+        grid_.show(grid_.current());
+        if (!editors_.open(types_.type(grid_.Col()), grid_.current())) return;
+        editors_.selectText();
+        if (focus == Focus::take) editors_.takeFocus();
+        control_.Click();
+    } else if (editors_.cell() == grid_.current() && focus == Focus::take) {
+        editors_.takeFocus();
+    }
+}
+
+void CellEditing::hide() {
+    if (std::exchange(closing_, true)) return;
+    const bool open = editors_.isOpen();
+    announcing_ = true;
+    attempt([&] { control_.ChangeEdited(); });
+    announcing_ = false;
+    if (open && editors_.isOpen()) {
+        if (editors_.hasFocus()) grid_.takeFocus();
+        const CellAddress cell = editors_.cell();
+        const ColumnType type = editors_.type();
+        attempt([&] {
+            if (const auto text = editors_.close()) write(cell, type, *text);
+        });
+        attempt([&] { control_.Change(); });
+        attempt([&] { control_.ChangePost(); });
+        editors_.hideClosed();
+    }
+    closing_ = false;
+}
+
+void CellEditing::commit() {
+    if (editors_.isOpen()) hide();
+}
+
+void CellEditing::write(CellAddress cell, ColumnType type, const Text& text) {
+    if (!grid_.model().contains(cell)) return;
+    std::vector<LastChange::CellBefore> before{{cell, Text(grid_.model().text(cell))}};
+    const VisitedCell visited(grid_, cell);
+    if (before.front().text != text) {
+        grid_.SetText(text);
+        lastChange_.edited(std::move(before));
+    }
+    if (type != ColumnType::checkBox) return;
+    grid_.SetCellFontName(checkFontName);
+    grid_.SetCellFontSize(checkFontSize);
+}
+
+void CellEditing::returnFocus() {
+    if (control_.hasFocus() && !editors_.hasFocus() && !grid_.hasFocus()) grid_.takeFocus();
+}
+
+void CellEditing::rowInserted(int32_t row) {
+    const CellAddress cell = editors_.cell();
+    if (editors_.isOpen() && row <= cell.row) editors_.moveTo({cell.row + 1, cell.col});
+}
+
+void CellEditing::rowRemoved(int32_t row) {
+    const CellAddress cell = editors_.cell();
+    if (!editors_.isOpen() || row > cell.row) return;
+    editors_.moveTo({row < cell.row ? cell.row - 1 : -1, cell.col});
+}
+
+void CellEditing::cellWritten() {
+    if (editors_.isOpen() && editors_.cell() == grid_.current()) editors_.cellWritten();
+}
+
+KeyRoute CellEditing::route(const KeyEvent& event, KeyRoute usual) {
+    othersKey_ = editors_.hasFocus() && editors_.droppedDown() && event.code != key::tab;
+    if (usual != KeyRoute::container || !control_.hasFocus()) return usual;
+    const EditState state{editors_.hasFocus() ? EditPlace::editor : EditPlace::cells, editable(), false};
+    switch (editAction(event, state)) {
+        case EditAction::nextCell:
+            return neighbour(1) ? KeyRoute::child : usual;
+        case EditAction::previousCell:
+            return neighbour(-1) ? KeyRoute::child : usual;
+        case EditAction::commit:
+            // Otherwise a dialog may want to be cancelled.
+            return editors_.isOpen() ? KeyRoute::child : usual;
+        default:
+            return KeyRoute::child;
+    }
+}
+
+void CellEditing::keyDown(KeyEvent& event, EditPlace place) {
+    bool used = false;
+    if (!std::exchange(othersKey_, false)) {
+        const EditState state{place, editable(), onLastRow()};
+        used = act(editAction(event, state), event);
+    }
+    control_.KeyDown(event.code, event.shift);
+    if (used) event.code = 0;
+}
+
+void CellEditing::typed(int16_t& character) {
+    if (opensEditor(character) && !editors_.isOpen()) show();
+    // The character is the editor's, which tells of it, if that has the keyboard now.
+    if (!editors_.hasFocus()) control_.KeyPress(character);
+}
+
+bool CellEditing::act(EditAction action, const KeyEvent& event) {
+    switch (action) {
+        case EditAction::none:
+            return false;
+        case EditAction::open:
+            openFor(event);
+            return false;
+        case EditAction::openAtEnd:
+            show();
+            editors_.putCaretAtEnd();
+            return true;
+        case EditAction::commit:
+            hide();
+            return true;
+        case EditAction::goOn:
+            goOn();
+            return true;
+        case EditAction::addRow:
+            addRow(grid_.Rows());
+            return true;
+        case EditAction::addRowAndGoOn:
+            addRow(grid_.Rows());
+            show();
+            return true;
+        case EditAction::nextCell:
+        case EditAction::previousCell: {
+            const auto next = neighbour(action == EditAction::nextCell ? 1 : -1);
+            if (!next) return false;
+            grid_.goTo(*next);
+            show();
+            return true;
+        }
+        case EditAction::insertRow:
+            addRow(std::max(grid_.Row(), 0));
+            return true;
+        case EditAction::deleteRow:
+            deleteRow();
+            return true;
+        case EditAction::paste:
+            paste();
+            return true;
+        case EditAction::undo:
+            undo();
+            return true;
+    }
+    return false;
+}
+
+void CellEditing::openFor(const KeyEvent& event) {
+    const bool open = editors_.isOpen();
+    show();
+    if (!open && event.code == key::space) editors_.toggle();
+}
+
+void CellEditing::goOn() {
+    const auto below = movedBy(key::down, false, grid_.current(), grid_.view());
+    if (below && *below != grid_.current())
+        grid_.goTo(*below);
+    else
+        hide();
+    show();
+}
+
+void CellEditing::addRow(int32_t row) {
+    control_.RowAdd({}, row);
+    const CellAddress added = grid_.current();
+    if (grid_.model().contains(added)) grid_.show(added);
+    auto number = static_cast<int16_t>(std::min<int32_t>(row, INT16_MAX));
+    attempt([&] { control_.NewRow(number); });
+    leftRow_ = -1;
+    attempt([&] { entered(); });
+    attempt([&] { control_.SelChange(); });
+}
+
+void CellEditing::deleteRow() {
+    commit();
+    const int32_t row = grid_.Row();
+    if (row < 0) return;
+    LastChange::Row gone = lastChange_.rowNow(row);
+    control_.RowDel(row);
+    lastChange_.deleted(std::move(gone));
+    // The only row is emptied and the grid hidden; a person still needs it.
+    control_.GridShow();
+    control_.DelRow();
+}
+
+void CellEditing::paste() {
+    const Surface* shownOn = grid_.surface();
+    const NativeWindow owner = shownOn && shownOn->peer() ? shownOn->peer()->window() : 0;
+    const auto text = grid_.platform().textOnClipboard(owner);
+    const CellAddress start = grid_.current();
+    if (!text || text->empty() || !grid_.model().contains(start)) return;
+    int32_t cells = 0;
+    Text first;
+    eachCell(*text, [&](int32_t, int32_t, TextView cell) {
+        if (cells == 0) first = cell;
+        return ++cells < 2;
+    });
+    if (cells == 1) {
+        show();
+        if (editors_.isOpen()) editors_.paste(first);
+        return;
+    }
+    commit();
+    std::vector<LastChange::CellBefore> before;
+    const std::vector<Text>& items = editors_.list().items();
+    grid_.change([&](GridModel& model) {
+        eachCell(*text, [&](int32_t row, int32_t col, TextView pasted) {
+            const CellAddress cell{start.row + row, start.col + col};
+            if (cell.row >= model.rows()) return false;
+            if (cell.col >= model.cols()) return true;
+            const ColumnType type = types_.type(cell.col);
+            const auto own = cellText(type, pasted, items);
+            if (!own) return true;
+            before.push_back({cell, Text(model.text(cell))});
+            model.setText(cell, *own);
+            if (type == ColumnType::checkBox) {
+                model.setAttribute<&CellStyle::fontName>(cell, std::make_shared<const Text>(checkFontName));
+                model.setAttribute<&CellStyle::fontSize>(cell, checkFontSize);
+            }
+            return true;
+        });
+    });
+    if (before.empty()) return;
+    lastChange_.edited(std::move(before));
+    attempt([&] { control_.Change(); });
+    attempt([&] { control_.ChangePost(); });
+}
+
+void CellEditing::undo() {
+    commit();
+    switch (lastChange_.takeBack()) {
+        case LastChange::Undone::nothing:
+            break;
+        case LastChange::Undone::cells:
+            attempt([&] { control_.Change(); });
+            attempt([&] { control_.ChangePost(); });
+            break;
+        case LastChange::Undone::row:
+            grid_.show(grid_.current());
+            attempt([&] { control_.Change(); });
+            break;
+    }
+}
+
+std::optional<CellAddress> CellEditing::neighbour(int32_t step) const {
+    if (!editable()) return std::nullopt;
+    CellAddress cell = grid_.current();
+    if (!grid_.model().contains(cell)) return std::nullopt;
+    const auto shown = [this](int32_t col) {
+        return grid_.ColWidth(col) > 0 && types_.type(col) != ColumnType::readOnly;
+    };
+    const auto inRow = [&](int32_t from) -> std::optional<int32_t> {
+        for (int32_t col = from; col >= 0 && col < grid_.Cols(); col += step) {
+            if (shown(col)) return col;
+        }
+        return std::nullopt;
+    };
+    if (const auto col = inRow(cell.col + step)) return CellAddress{cell.row, *col};
+    const auto row = movedBy(step > 0 ? key::down : key::up, false, cell, grid_.view());
+    const auto col = inRow(step > 0 ? 0 : grid_.Cols() - 1);
+    if (!row || row->row == cell.row || !col) return std::nullopt;
+    return CellAddress{row->row, *col};
+}
+
+void CellEditing::entered() {
+    const bool anotherRow = grid_.Row() != leftRow_;
+    attempt([&] { control_.CellSelected(); });
+    if (anotherRow) attempt([&] { control_.NewRowSelected(); });
+}
+
+}  // namespace obk

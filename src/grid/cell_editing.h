@@ -1,0 +1,74 @@
+// How a person edits a grid's cells: what keys, presses and typing do, and what the host hears of it.
+#pragma once
+
+#include "grid/cell_editors.h"
+#include "grid/edit_session.h"
+#include "grid/last_change.h"
+
+namespace obk {
+
+class GridEdit;
+
+// Part of its control. Whatever a host does in an event, it is never told of itself once more.
+class CellEditing {
+public:
+    // All are borrowed.
+    CellEditing(GridEdit& control, FlexGrid& grid, const ColumnTypes& types);
+
+    CellEditors& editors() { return editors_; }
+    // Whether editors open at all. What an open one holds is kept.
+    void allow(bool allowed);
+
+    enum class Focus : uint8_t { take, leave };
+    // Opens the editor of the current cell, if it has one and none is open there already.
+    void show(Focus focus = Focus::take);
+    // Closes the open editor and keeps what it holds. The host hears of it in any case.
+    void hide();
+    // Only where an editor is open.
+    void commit();
+    // The keyboard is the grid's again, if it was the control's.
+    void returnFocus();
+
+    // An editor that a host has opened meanwhile goes along with its row.
+    void rowInserted(int32_t row);
+    void rowRemoved(int32_t row);
+    void cellWritten();
+
+    KeyRoute route(const KeyEvent& event, KeyRoute usual);
+
+private:
+    void connect();
+    void keyDown(KeyEvent& event, EditPlace place);
+    void typed(int16_t& character);
+    // Whether the key has done its work.
+    bool act(EditAction action, const KeyEvent& event);
+    void entered();
+    void write(CellAddress cell, ColumnType type, const Text& text);
+
+    void openFor(const KeyEvent& event);
+    void goOn();
+    void goToNeighbour(int32_t step);
+    void addRow(int32_t row);
+    void deleteRow();
+    void paste();
+    void undo();
+
+    bool editable() const;
+    bool onLastRow() const;
+    // The next cell in reading order which has an editor; nothing beyond the last one.
+    std::optional<CellAddress> neighbour(int32_t step) const;
+
+    GridEdit& control_;
+    FlexGrid& grid_;
+    const ColumnTypes& types_;
+    CellEditors editors_;
+    LastChange lastChange_;
+    bool allowed_ = true;
+    bool closing_ = false;     // the host is being told that an editor closes
+    bool announcing_ = false;  // and has not yet been told of its text
+    bool othersKey_ = false;   // the key under way is a dropped down calendar's
+    int32_t leftRow_ = -1;     // of the cell that a person is about to leave
+    std::vector<Connection> connections_;
+};
+
+}  // namespace obk

@@ -1,0 +1,86 @@
+// The editors over a grid's cells: one for each type of column that has one, at most one of them open.
+#pragma once
+
+#include "datecalendar/date_calendar.h"
+#include "flexgrid/flex_grid.h"
+#include "framework/hosted_control.h"
+#include "grid/column_types.h"
+#include "grid/grid_check.h"
+#include "updown/up_down_text_box.h"
+#include "widgets/drop_list.h"
+#include "widgets/text_box.h"
+
+namespace obk {
+
+// An open editor belongs to the cell that it was opened for, and stands over it, wherever the current cell
+// goes.
+class CellEditors {
+public:
+    // Both are borrowed; the editors are children of the grid, so that they show where its cells show.
+    CellEditors(Control& outer, FlexGrid& grid);
+
+    bool isOpen() const { return open_ != nullptr; }
+    ColumnType type() const { return type_; }
+    CellAddress cell() const { return cell_; }
+    bool hasFocus() const { return open_ && open_->focused(); }
+    bool takeFocus() { return open_ && open_->takeFocus(); }
+    // Whether the keys are a calendar's, which is dropped down.
+    bool droppedDown() const { return open_ == &dtpDATE && dtpDATE->droppedDown(); }
+
+    // Opens the editor of a type over a cell, with the cell's text. None may be open. False for a type that
+    // has none.
+    bool open(ColumnType type, CellAddress cell);
+    // Ends the editing. The cell's new text; nothing where it keeps what it has. What is typed into a date
+    // counts once the focus has left it. The editor shows until `hideClosed`.
+    std::optional<Text> close();
+    void hideClosed();
+    // Over its cell again, which may stand elsewhere; without its cell, the editor goes.
+    void place();
+    // The cell has moved along with its row.
+    void moveTo(CellAddress cell);
+    // The cell has another text now: it is shown, unless a person has changed the editor's.
+    void cellWritten();
+
+    // For the open editor, if it has what it takes.
+    void selectText();
+    void putCaretAtEnd();
+    void toggle();
+    void paste(TextView text);
+
+    void setFont(const FontRef& font);
+    void setTimeFont(const FontRef& font) { dtpTIME.setFont(font); }
+    void setLook(Look look);
+    DropList& list() { return cboLIST; }
+
+    // In the open editor. Listeners may set `code` or the character to 0: the editor then does nothing
+    // with it.
+    Event<KeyEvent&> keyWentDown, keyWentUp;
+    Event<int16_t&> characterTyped;
+    Event<> doubleClicked, listPressed, itemChosen;
+
+private:
+    void connectEditors();
+    Widget* editor(ColumnType type);
+    void load(TextView text);
+    Text value() const;
+    bool touched() const { return value() != loaded_; }
+
+    FlexGrid& grid_;
+    TextBox txtTEXTBOX;
+    Hosted<DateCalendar> dtpDATE;
+    Hosted<GridCheck> gchCHECKBOX;
+    DropList cboLIST;
+    Hosted<UpDownTextBox> udnLIST;
+    DropList dtpTIME;
+
+    Widget* open_ = nullptr;    // one of those above
+    Widget* closed_ = nullptr;  // still shows
+    ColumnType type_ = ColumnType::readOnly;
+    CellAddress cell_;
+    Text cellText_;  // when the editor was opened
+    Text loaded_;    // the value it had then
+    Text number_;    // as it was typed: leaving the number editor may cut it
+    std::vector<Connection> connections_;
+};
+
+}  // namespace obk

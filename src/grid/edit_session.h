@@ -1,0 +1,41 @@
+// Which key does what in a grid that is edited, whatever shows on the screen.
+#pragma once
+
+#include "widgets/input.h"
+
+#include <cstdint>
+
+namespace obk {
+
+// Where the keyboard is.
+enum class EditPlace : uint8_t { cells, editor };
+
+struct EditState {
+    EditPlace place = EditPlace::cells;
+    bool editable = true;    // editors may open, rows may come and go
+    bool onLastRow = false;  // also in a grid without rows
+};
+
+enum class EditAction : uint8_t {
+    none,           // the key is the cells' or the editor's own
+    open,           // the current cell's editor, which gets what is typed in place of its text
+    openAtEnd,      // the same, with the caret behind the text
+    commit,         // an open editor closes
+    goOn,           // an open editor closes, and that of the row below opens
+    addRow,         // behind the last row
+    addRowAndGoOn,  // an open editor closes, and that of a new row opens
+    nextCell,       // an open editor closes, and that of the next cell which has one opens
+    previousCell,
+    insertRow,  // before the current row
+    deleteRow,
+    paste,
+    undo,  // takes the last edit, paste or deleted row back
+};
+
+// Nothing cancels: whatever closes an editor keeps what it holds.
+EditAction editAction(const KeyEvent& event, const EditState& state);
+
+// Whether a character that no key has opened an editor for opens one: an input method's, say.
+bool opensEditor(int16_t character);
+
+}  // namespace obk

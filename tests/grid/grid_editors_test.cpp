@@ -1,0 +1,530 @@
+#include "grid_edit_fixture.h"
+
+#include "grid/cell_values.h"
+
+namespace obk::test {
+namespace {
+
+constexpr int32_t textCol = 0, dateCol = 1, fixedCol = 2, checkCol = 3, listCol = 4, numberCol = 5,
+                  timeCol = 6;
+
+// Every event but those of keys and of the mouse's way.
+Journal news(Journal journal) {
+    std::erase_if(journal, [](const std::string& line) {
+        return line.starts_with("Key") || line.starts_with("Mouse") || line.starts_with("changed") ||
+               line.starts_with("offered");
+    });
+    return journal;
+}
+
+const Journal edited{"ChangeEdited", "Change", "ChangePost"};
+
+// A grid with one column of each type, the first cell the current one.
+class GridEditorsTest : public GridEditTest {
+protected:
+    void SetUp() override {
+        GridEditTest::SetUp();
+        size(4, 7);
+        for (int32_t col = 0; col < 7; ++col) call(u"ColTypeSet", {col, col});
+        for (const char16_t* item : {u"oak", u"elm", u"ash"}) call(u"ComboAdd", {Text(item)});
+        platform.clock().setToday(std::chrono::year(2026) / 11 / 14);
+    }
+    void work() {
+        activate({0, 0, 600, 200});
+        surface().paint();
+        call(u"GridFocusShow");
+        host.take();
+    }
+    void goTo(int32_t row, int32_t col) {
+        call(u"RowSetFocus", {row});
+        call(u"ColSetFocus", {col});
+    }
+    Journal takeNews() { return news(host.take()); }
+    // What changed in the cell when it was typed into from the keyboard.
+    std::string typedInto(int32_t row, int32_t col, TextView keys) {
+        goTo(row, col);
+        platform.type(keys);
+        platform.pressKey(key::escape);
+        return read(row, col);
+    }
+    bool isOpen() {
+        host.take();
+        call(u"BoxHide");
+        return takeNews() == edited;
+    }
+};
+
+TEST_F(GridEditorsTest, WhatIsTypedOverACellOpensItsEditorAndIsKept) {
+    work();
+    set(0, 0, u"before");
+    set(1, 0, u"before");
+    set(0, numberCol, u"12");
+    set(0, dateCol, u"Mon 2 Feb 2026");
+    EXPECT_EQ(typedInto(0, textCol, u"x\u20ACy"), "x\xE2\x82\xACy");
+    EXPECT_EQ(takeNews(), (Journal{"Click", "ChangeEdited", "Change", "ChangePost"}));
+    EXPECT_EQ(typedInto(1, textCol, u"\u65E5"), "\xE6\x97\xA5") << "an input method's";
+    EXPECT_EQ(typedInto(1, textCol, u"\b"), "");
+    EXPECT_EQ(typedInto(0, dateCol, u"3 mar 2027"), "Wed 3 Mar 2027");
+    EXPECT_EQ(typedInto(0, dateCol, u"soon"), "soon");
+    EXPECT_EQ(typedInto(0, listCol, u"a"), "ash");
+    EXPECT_EQ(typedInto(0, listCol, u"el"), "elm");
+    EXPECT_EQ(typedInto(0, numberCol, u"7.5"), "7.5");
+    EXPECT_EQ(typedInto(1, numberCol, u"a99999999999"), "99999999999") << "no limit but the digits";
+    EXPECT_EQ(typedInto(0, timeCol, u"9:3"), "9:30:00 am");
+    EXPECT_EQ(typedInto(0, checkCol, u" "), "a");
+    EXPECT_EQ(typedInto(0, checkCol, u"  "), "a") << "turned over twice";
+    EXPECT_EQ(typedInto(0, checkCol, u" "), "");
+    host.take();
+    EXPECT_EQ(typedInto(0, fixedCol, u"x"), "");
+    EXPECT_EQ(takeNews(), Journal{"ChangeEdited"});
+}
+
+TEST_F(GridEditorsTest, AnEditorOpensWithItsCellAndLeavesWhatItCannotShow) {
+    work();
+    const char16_t* const texts[] = {u"two\r\nlines", u"Mon 2 Feb 2026", u"fixed", u"  a",
+                                     u"beech",        u"1234567890123",  u"9:15"};
+    for (int32_t col = 0; col < 7; ++col) {
+        set(2, col, texts[col]);
+        call(u"BoxShow");
+        platform.setFocus(0);
+        platform.setFocus(control->window());
+        EXPECT_EQ(read(2, col), toUtf8(texts[col])) << col;
+    }
+    host.take();
+    goTo(0, dateCol);
+    call(u"BoxShow");
+    call(u"BoxHide");
+    EXPECT_EQ(read(0, dateCol), "Sat 14 Nov 2026") << "an empty date cell opens with today";
+    EXPECT_EQ(takeNews(), (Journal{"Click", "ChangeEdited", "Change", "ChangePost"}));
+}
+
+TEST_F(GridEditorsTest, AScriptEditsWithoutAWindow) {
+    set(1, 0, u"oak");
+    call(u"BoxShow");
+    call(u"BoxShow");
+    EXPECT_EQ(host.take(), Journal{"Click"}) << "it is open already";
+    call(u"BoxHide");
+    EXPECT_EQ(host.take(), edited);
+    call(u"BoxHide");
+    EXPECT_EQ(host.take(), Journal{"ChangeEdited"});
+    goTo(2, fixedCol);
+    call(u"BoxShow");
+    EXPECT_FALSE(isOpen());
+    call(u"ColTypeSet", {fixedCol, 17});
+    call(u"BoxShow");
+    EXPECT_FALSE(isOpen());
+    EXPECT_EQ(platform.windowCount(), 0u);
+}
+
+TEST_F(GridEditorsTest, AnEditorStandsOverItsCellAtEveryScale) {
+    work();
+    for (const int32_t dotsPerInch : {96, 120, 144, 168, 192}) {
+        surface().setDpi(Dpi(dotsPerInch));
+        const Dpi dpi(dotsPerInch);
+        for (const auto& [style, header] : {std::pair(1, true), std::pair(0, true), std::pair(1, false)}) {
+            put(u"BorderStyle", style);
+            put(u"BarHeader", header);
+            goTo(1, textCol);
+            const int32_t first = firstRowAt();
+            call(u"BoxShow");
+            const auto pixels = [&](TextView member) { return dpi.toPixels(Twips{1.0 * number(member)}); };
+            const int32_t edge = style == 1 ? dpi.toPixels(Twips{30}) : 0;
+            const int32_t top = first + pixels(u"CellCurrentTop");
+            const auto* const shown = surface().childAt({10, top + 2});
+            ASSERT_TRUE(shown);
+            EXPECT_EQ(shown->bounds(), (PixelRect{edge, top, edge + pixels(u"CellCurrentWidth"),
+                                                  top + pixels(u"CellCurrentHeight")}))
+                << dotsPerInch;
+            call(u"BoxHide");
+        }
+    }
+}
+
+TEST_F(GridEditorsTest, KeysGoThroughTheCells) {
+    work();
+    platform.type(u"oak");
+    host.take();
+    platform.pressKey(key::enter);
+    EXPECT_EQ(takeNews(), (Journal{"ChangeEdited", "Change", "ChangePost", "CellSelected", "NewRowSelected",
+                                   "SelChange", "Click"}));
+    EXPECT_EQ(current(), std::pair(1, 0));
+    platform.type(u"elm");
+    platform.pressKey(key::tab);
+    EXPECT_EQ(current(), std::pair(1, dateCol));
+    EXPECT_EQ(column(0), "oak,elm,,");
+    platform.pressKey(key::tab);
+    EXPECT_EQ(current(), std::pair(1, checkCol)) << "the read-only column is passed over";
+    platform.pressKey(key::tab, shift::shift);
+    EXPECT_EQ(current(), std::pair(1, dateCol));
+    call(u"ColumnVisible", {textCol, 0, false});
+    platform.pressKey(key::tab, shift::shift);
+    EXPECT_EQ(current(), std::pair(0, timeCol)) << "a hidden column is passed over, and the row left";
+    platform.pressKey(key::tab);
+    EXPECT_EQ(current(), std::pair(1, dateCol));
+    EXPECT_TRUE(isOpen());
+    platform.pressKey(key::right);
+    EXPECT_EQ(current(), std::pair(1, fixedCol)) << "arrows move where no editor is open";
+    EXPECT_FALSE(isOpen());
+    platform.pressKey(key::f2);
+    platform.pressKey(key::enter);
+    EXPECT_EQ(current(), std::pair(2, fixedCol)) << "there is nothing to open, but a way";
+    EXPECT_FALSE(isOpen());
+}
+
+TEST_F(GridEditorsTest, TabLeavesTheGridAtItsEnds) {
+    work();
+    host.takesKeys = true;
+    goTo(3, timeCol);
+    platform.type(u"1");
+    host.take();
+    platform.pressKey(key::tab);
+    EXPECT_EQ(host.take().front(), "offered 9");
+    goTo(0, textCol);
+    platform.pressKey(key::tab, shift::shift);
+    EXPECT_EQ(current(), std::pair(0, textCol));
+    EXPECT_EQ(host.take().front(), "offered 9");
+    put(u"AllowGridEdit", false);
+    goTo(1, textCol);
+    host.take();
+    platform.pressKey(key::tab);
+    EXPECT_EQ(host.take().front(), "offered 9") << "there is nothing to go to";
+    host.take();
+    platform.pressKey(key::escape);
+    EXPECT_EQ(host.take().front(), "offered 27") << "a dialog may want to be cancelled";
+}
+
+TEST_F(GridEditorsTest, F2EditsWhatIsThereAndTypingReplacesIt) {
+    work();
+    set(0, 0, u"oak");
+    platform.pressKey(key::f2);
+    platform.type(u"en");
+    platform.pressKey(key::escape);
+    EXPECT_EQ(read(0, 0), "oaken");
+    call(u"BoxShow");
+    call(u"BoxSelect");
+    platform.type(u"elm");
+    platform.pressKey(key::deleteKey);
+    platform.pressKey(key::insert);
+    platform.pressKey(key::down);
+    EXPECT_EQ(number(u"RowsCurrent"), 4) << "in an editor these are its own";
+    platform.pressKey(key::enter);
+    EXPECT_EQ(column(0), "elm,,,");
+}
+
+TEST_F(GridEditorsTest, RowsComeAndGoByKeys) {
+    work();
+    goTo(3, 0);
+    host.take();
+    platform.pressKey(key::down);
+    EXPECT_EQ(takeNews(),
+              (Journal{"ChangeEdited", "Change", "NewRow 4", "CellSelected", "NewRowSelected", "SelChange"}));
+    EXPECT_EQ(current(), std::pair(4, 0));
+    EXPECT_FALSE(isOpen());
+    host.take();
+    platform.type(u"oak");
+    platform.pressKey(key::enter);
+    EXPECT_EQ(takeNews(), (Journal{"Click", "ChangeEdited", "Change", "ChangePost", "Change", "NewRow 5",
+                                   "CellSelected", "NewRowSelected", "SelChange", "Click"}));
+    EXPECT_EQ(current(), std::pair(5, 0));
+    platform.type(u"elm");
+    platform.pressKey(key::escape);
+    EXPECT_EQ(column(0), ",,,,oak,elm");
+    goTo(4, 0);
+    host.take();
+    platform.pressKey(key::insert);
+    EXPECT_EQ(takeNews(),
+              (Journal{"ChangeEdited", "Change", "NewRow 4", "CellSelected", "NewRowSelected", "SelChange"}));
+    EXPECT_EQ(column(0), ",,,,,oak,elm");
+    platform.pressKey(key::deleteKey);
+    EXPECT_EQ(takeNews(), (Journal{"ChangeEdited", "Change", "DelRow"}));
+    platform.pressKey(key::deleteKey);
+    EXPECT_EQ(column(0), ",,,,elm");
+    call(u"RowsSet", {1});
+    platform.pressKey(key::deleteKey);
+    set(0, 0, u"probe");
+    EXPECT_TRUE(gridShows()) << "a person goes on in the row that is left";
+    platform.type(u"x");
+    platform.pressKey(key::escape);
+    EXPECT_EQ(column(0), "x");
+}
+
+TEST_F(GridEditorsTest, AGridThatIsNotEditedStaysAsItIs) {
+    work();
+    set(3, 0, u"oak");
+    host.take();
+    platform.type(u"elm");
+    put(u"AllowGridEdit", false);
+    EXPECT_EQ(takeNews(), (Journal{"Click", "ChangeEdited", "Change", "ChangePost"}))
+        << "what is open is kept";
+    platform.setClipboard(u"1\t2");
+    for (const int16_t code : {key::f2, key::insert, key::deleteKey, key::down, int16_t{'X'}})
+        platform.pressKey(code);
+    platform.pressKey('V', shift::control);
+    platform.pressKey('Z', shift::control);
+    platform.pressKey(key::enter);
+    click(at(0, 0));
+    call(u"BoxShow");
+    EXPECT_FALSE(isOpen());
+    EXPECT_EQ(column(0), ",,,elm");
+    put(u"AllowGridEdit", true);
+    host.designs = true;
+    call(u"BoxShow");
+    EXPECT_FALSE(isOpen()) << "on a form that is being designed";
+}
+
+TEST_F(GridEditorsTest, WhateverDisturbsTheCellsKeepsTheEditorsTextFirst) {
+    work();
+    size(40, 7);
+    const std::vector<std::pair<const char*, std::function<void()>>> ways{
+        {"scroll", [&] { call(u"TopRowSet", {5}); }},
+        {"wheel",
+         [&] {
+             platform.wheel(control->window(), {-120, false, 0, at(1, 0)});
+         }},
+        {"another cell", [&] { click(at(2, 1)); }},
+        {"no cell",
+         [&] {
+             click({500, 60});
+         }},
+        {"column border",
+         [&] {
+             platform.mouse(control->window(), {Kind::down, button::left, 0, {border + colWidth, 60}});
+             platform.mouse(control->window(), {Kind::move, button::left, 0, {border + colWidth + 9, 60}});
+         }},
+        {"captions",
+         [&] {
+             click({50, 8});
+         }},
+        {"sort", [&] { call(u"GridColSort", {0}); }},
+        {"focus", [&] { platform.setFocus(0); }},
+        {"rows", [&] { call(u"RowsSet", {41}); }},
+        {"columns", [&] { call(u"ColsSet", {8}); }},
+        {"row",
+         [&] {
+             call(u"RowAdd", {Text(), 0});
+         }},
+        {"hidden column",
+         [&] {
+             call(u"ColumnVisible", {0, 900, true});
+         }},
+        {"size",
+         [&] {
+             control->setBounds({0, 0, 500, 150});
+         }},
+        {"window", [&] { control->deactivate(); }},
+    };
+    for (const auto& [name, disturb] : ways) {
+        if (!control->active()) activate({0, 0, 600, 200});
+        platform.mouse(control->window(), {Kind::up, button::left, 0, {300, 60}});
+        call(u"GridHide");
+        call(u"GridShow");
+        call(u"TopRowSet", {0});
+        call(u"GridClear");
+        goTo(1, 0);
+        call(u"GridFocusShow");
+        platform.type(u"oak");
+        host.take();
+        disturb();
+        Journal told = takeNews();
+        ASSERT_GE(told.size(), 3u) << name;
+        std::erase(told, "focus out");
+        told.resize(3);
+        EXPECT_EQ(told, edited) << name;
+        EXPECT_NE(column(0).find("oak"), std::string::npos) << name;
+    }
+}
+
+TEST_F(GridEditorsTest, AnEditorBelongsToTheCellItWasOpenedFor) {
+    work();
+    goTo(1, 0);
+    platform.type(u"oak");
+    set(3, 1, u"elsewhere");
+    call(u"BoxHide");
+    EXPECT_EQ(column(0), ",oak,,");
+    EXPECT_EQ(current(), std::pair(3, 1));
+    goTo(2, 0);
+    platform.type(u"elm");
+    call(u"RowAddQuick", {Text(u"quick"), 0});
+    call(u"BoxHide");
+    EXPECT_EQ(column(0), "quick,,oak,elm,") << "it has moved with its row";
+    call(u"BoxShow");
+    set(number(u"RowCurrent"), 0, u"host's");
+    call(u"BoxHide");
+    EXPECT_EQ(column(0), "host's,,oak,elm,") << "nobody has typed anything else";
+}
+
+TEST_F(GridEditorsTest, AClickOpensTheEditorOfItsCell) {
+    work();
+    click(at(1, textCol));
+    EXPECT_EQ(host.takeEvents(), (Journal{"MouseDown 1 0 150 405", "ChangeEdited", "CellSelected",
+                                          "NewRowSelected", "SelChange", "MouseUp 1 0 150 405", "Click"}));
+    EXPECT_TRUE(isOpen());
+    click(at(1, textCol));
+    EXPECT_TRUE(isOpen()) << "also in the current cell";
+    click(at(1, fixedCol));
+    EXPECT_EQ(takeNews(), (Journal{"ChangeEdited", "CellSelected", "SelChange", "Click"}));
+    EXPECT_FALSE(isOpen());
+    platform.mouse(control->window(), {Kind::down, button::left, 0, at(0, 0)});
+    platform.mouse(control->window(), {Kind::move, button::left, 0, at(2, 1)});
+    platform.mouse(control->window(), {Kind::up, button::left, 0, at(2, 1)});
+    EXPECT_FALSE(isOpen()) << "cells are being selected";
+    click(at(1, textCol));
+    host.take();
+    click(at(1, textCol), Kind::doubleClick);
+    EXPECT_EQ(takeNews(), Journal{"DblClickExt"});
+}
+
+TEST_F(GridEditorsTest, TheListTellsWhatIsChosen) {
+    work();
+    goTo(0, listCol);
+    call(u"BoxShow");
+    platform.answerMenu([](std::span<const MenuItem> items, const PixelRect&) {
+        return items.size() == 3 ? std::optional<size_t>(2) : std::nullopt;
+    });
+    host.take();
+    click(at(0, listCol));
+    EXPECT_EQ(takeNews(), (Journal{"CboBoxClick", "CboClick"}));
+    std::vector<Value> up{int16_t{key::up}, int16_t{0}};
+    call(u"cboLIST_KeyDown", up);
+    EXPECT_EQ(news(host.take()), Journal{"CboClick"});
+    call(u"BoxHide");
+    EXPECT_EQ(read(0, listCol), "elm");
+    call(u"ComboDel", {1});
+    call(u"ComboDel", {7});
+    EXPECT_EQ(typedInto(1, listCol, u"e"), "");
+    EXPECT_EQ(typedInto(1, listCol, u"o"), "oak");
+    call(u"ComboClear");
+    EXPECT_EQ(typedInto(1, listCol, u"a"), "oak");
+}
+
+TEST_F(GridEditorsTest, ACalendarHasTheKeysWhileItIsOpen) {
+    work();
+    set(0, dateCol, u"Mon 2 Feb 2026");
+    platform.pressKey(key::f2);
+    platform.pressKey(key::f4);
+    platform.pressKey(key::right);
+    host.take();
+    platform.pressKey(key::enter);
+    EXPECT_EQ(takeNews(), Journal{}) << "it picks the day";
+    EXPECT_EQ(current(), std::pair(0, dateCol));
+    platform.pressKey(key::enter);
+    EXPECT_EQ(read(0, dateCol), "Tue 3 Feb 2026");
+    EXPECT_EQ(current(), std::pair(1, dateCol));
+}
+
+TEST_F(GridEditorsTest, TheLastChangeIsTakenBack) {
+    work();
+    set(1, 0, u"oak");
+    platform.type(u"elm");
+    platform.pressKey(key::escape);
+    host.take();
+    platform.pressKey('Z', shift::control);
+    EXPECT_EQ(column(0), ",oak,,");
+    EXPECT_EQ(takeNews(), (Journal{"Change", "ChangePost"}));
+    platform.pressKey('Z', shift::control);
+    EXPECT_EQ(takeNews(), Journal{});
+    call(u"CellColorSetx", {red, 1, 1});
+    platform.pressKey(key::deleteKey);
+    EXPECT_EQ(column(0), ",,");
+    platform.pressKey('Z', shift::control);
+    EXPECT_EQ(column(0), ",oak,,");
+    EXPECT_EQ(colourAt(at(1, 1)), Rgb::of(255, 0, 0)) << "with all that its row had";
+    platform.pressKey(key::deleteKey);
+    call(u"RowAdd", {Text(u"new"), 0});
+    platform.pressKey('Z', shift::control);
+    EXPECT_EQ(column(0), "new,,,") << "the host has gone on";
+    call(u"RowsSet", {1});
+    platform.pressKey(key::deleteKey);
+    EXPECT_EQ(column(0), "");
+    platform.pressKey('Z', shift::control);
+    EXPECT_EQ(column(0), "new");
+}
+
+TEST_F(GridEditorsTest, APasteGoesThroughTheColumnTypes) {
+    work();
+    set(1, fixedCol, u"fixed");
+    set(2, numberCol, u"12");
+    goTo(1, 0);
+    platform.setClipboard(
+        u"\"a\ttab\"\t3 mar 2027\tlost\tTRUE\tELM\t7.5\t9:30 pm\tbeyond\r\n"
+        u"b\tno date\t\t0\tpine\tseven\t25:00\r\n");
+    surface().paint();
+    host.take();
+    platform.pressKey('V', shift::control);
+    EXPECT_EQ(takeNews(), (Journal{"Change", "ChangePost"}));
+    const auto row = [this](int32_t at) {
+        std::string texts;
+        for (int32_t col = 0; col < 7; ++col) texts += (col == 0 ? "" : "|") + read(at, col);
+        return texts;
+    };
+    EXPECT_EQ(row(1), "a\ttab|Wed 3 Mar 2027|fixed|a|elm|7.5|9:30:00 pm");
+    EXPECT_EQ(row(2), "b|||||12|") << "what a column does not take changes nothing";
+    platform.pressKey('Z', shift::control);
+    EXPECT_EQ(row(1), "||fixed||||");
+    EXPECT_EQ(row(2), "|||||12|");
+    platform.setClipboard(u"1\r\n2\r\n3\r\n4\r\n");
+    platform.pressKey(key::insert, shift::shift);
+    EXPECT_EQ(column(0), ",1,2,3") << "what is below the last row is left out";
+    goTo(0, 0);
+    platform.setClipboard(u"one value\r\n");
+    host.take();
+    platform.pressKey('V', shift::control);
+    EXPECT_EQ(takeNews(), Journal{"Click"}) << "it goes into the editor";
+    platform.type(u"s");
+    platform.pressKey(key::escape);
+    EXPECT_EQ(read(0, 0), "one values");
+}
+
+TEST_F(GridEditorsTest, TimesAreReadInTheUsualWays) {
+    EXPECT_EQ(timeList().size(), 48u);
+    EXPECT_EQ(timeList()[1], u"12:30:00 am");
+    EXPECT_EQ(timeList()[24], u"12:00:00 pm");
+    EXPECT_EQ(timeList().back(), u"11:30:00 pm");
+    const std::pair<const char16_t*, const char16_t*> rows[] = {
+        {u"0:05", u"12:05:00 am"},
+        {u"12:00 AM", u"12:00:00 am"},
+        {u" 21:30:15 ", u"9:30:15 pm"},
+        {u"9:30pm", u"9:30:00 pm"},
+        {u"24:00", nullptr},
+        {u"9:60", nullptr},
+        {u"9", nullptr},
+        {u"13:00 pm", nullptr},
+        {u"0:30 am", nullptr},
+        {u"9:30 o'clock", nullptr},
+        {u"9:", nullptr},
+    };
+    for (const auto& [text, time] : rows)
+        EXPECT_EQ(timeText(text), time ? std::optional(Text(time)) : std::nullopt) << toUtf8(text);
+}
+
+TEST_F(GridEditorsTest, AHostThatAnswersDoesNotRecurse) {
+    work();
+    const char* const events[] = {"ChangeEdited", "Change", "ChangePost"};
+    for (const char* event : events) {
+        goTo(1, 0);
+        platform.type(u"oak");
+        host.take();
+        host.on[event] = [this](std::span<Value>) {
+            call(u"BoxHide");
+            call(u"GridSave", {Text(u"f"), Text()});
+            call(u"CellTextSet", {0, 5, Text(u"1")});
+        };
+        call(u"BoxHide");
+        EXPECT_EQ(news(host.take()), edited) << event;
+        EXPECT_EQ(read(1, 0), "oak") << event;
+        host.on.clear();
+    }
+    // One that checks what was typed sends the person back.
+    onEvent("ChangePost", [this] { call(u"GridSetFocus", {0, 1}); });
+    goTo(1, 0);
+    platform.type(u"bad");
+    platform.pressKey(key::tab);
+    host.on.clear();
+    EXPECT_EQ(current(), std::pair(1, 0));
+    platform.type(u"good");
+    platform.pressKey(key::escape);
+    EXPECT_EQ(read(1, 0), "good");
+}
+
+}  // namespace
+}  // namespace obk::test
