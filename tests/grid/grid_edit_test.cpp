@@ -634,6 +634,27 @@ protected:
         platform.type(u"x");
         platform.click(shown, {50, 8});
         GridEdit& grid = static_cast<GridEdit&>(*kept);
+        grid.ComboAdd(u"oak");
+        for (int32_t col = 0; col < 3; ++col) {
+            grid.ColTypeSet(col, col + 3);
+            grid.GridSetFocus(col, 1);
+            platform.type(u" 1o");
+            platform.pressKey(key::down);
+            platform.pressKey(key::f4);
+            platform.click(shown, at(grid.RowCurrent(), col));
+            platform.mouse(shown, {Kind::doubleClick, button::left, 0, at(grid.RowCurrent(), col)});
+            platform.pressKey(key::tab);
+            platform.pressKey(key::enter);
+        }
+        platform.pressKey(key::escape);
+        grid.RowSetFocus(grid.RowsCurrent() - 1);
+        for (const int16_t code : {key::enter, key::escape, key::insert, key::deleteKey})
+            platform.pressKey(code);
+        platform.setClipboard(u"1\t1\r\n1\t1");
+        platform.pressKey('V', shift::control);
+        platform.pressKey('Z', shift::control);
+        platform.type(u"2");
+        platform.setFocus(0);
         grid.RowAdd(u"a\tb", 0);
         grid.RowDel(1);
         grid.RowsSet(4);
@@ -646,12 +667,14 @@ protected:
 INSTANTIATE_TEST_SUITE_P(Inside, GridEditReentryTest,
                          testing::Values("MouseDown", "MouseMove", "MouseUp", "ChangeEdited", "CellSelected",
                                          "NewRowSelected", "SelChange", "Click", "DblClick", "KeyDown",
-                                         "KeyPress", "KeyUp", "SortClick", "Change"),
+                                         "KeyPress", "KeyUp", "SortClick", "Change", "ChangePost", "NewRow",
+                                         "DelRow", "CboBoxClick", "CboClick", "DblClickExt"),
                          [](const auto& row) { return std::string(row.param); });
 
 TEST_P(GridEditReentryTest, TheHostMayLetGo) {
     size(5, 3);
     show();
+    platform.answerMenu([](std::span<const MenuItem>, const PixelRect&) { return std::optional<size_t>(0); });
     bool heard = false;
     onEvent(GetParam(), [&] {
         heard = true;
