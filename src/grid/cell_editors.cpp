@@ -180,7 +180,9 @@ std::optional<Text> CellEditors::close() {
 
 void CellEditors::hideClosed() {
     Widget* const widget = std::exchange(closed_, nullptr);
-    if (widget && widget != open_) widget->setVisible(false);
+    if (!widget || widget == open_) return;
+    if (widget == &dtpDATE && dtpDATE->droppedDown()) dtpDATE->HidePopUp();
+    widget->setVisible(false);
 }
 
 void CellEditors::place() {
