@@ -61,7 +61,11 @@ void CellEditors::connectEditors() {
     for (Event<>* twice : {&txtTEXTBOX.doubleClicked, &dtpDATE->DblClick, &udnLIST->DblClick})
         on(*twice, [this] { doubleClicked(); });
     on(txtTEXTBOX.wheelTurned, [this](const WheelEvent& event, bool& used) { used = grid_.wheel(event); });
-    on(cboLIST.pressed, [this] { listPressed(); });
+    on(dtpTIME.pressed, [this] { dtpTIME.takeFocus(); });
+    on(cboLIST.pressed, [this] {
+        cboLIST.takeFocus();
+        listPressed();
+    });
     on(cboLIST.chosen, [this] { itemChosen(); });
     on(udnLIST->Change, [this] {
         if (udnLIST.focused()) number_ = udnLIST->Text();

@@ -39,7 +39,7 @@ public:
     }
 
 private:
-    static constexpr int32_t deepest = 3, mostRows = 60, mostCols = 12;
+    static constexpr int32_t deepest = 3, mostRows = 60, mostCols = 7, mostCalled = 15;
     static constexpr PixelRect bounds{0, 0, 420, 200};
 
     int32_t below(int32_t limit) { return dice_(limit); }
@@ -88,12 +88,13 @@ private:
         switch (below(12)) {
             case 0:
             case 1:
-                return structure(*held);
             case 2:
+                return call(*held);
             case 3:
-                return members(*held);
+                held->SetAllowGridEdit(below(8) != 0);
+                return held->GridSetFocus(below(mostCols), below(mostRows / 4));
             case 4:
-                return whole(*held);
+                return surroundings(*held);
             case 5:
             case 6:
                 return mouse(*held);
@@ -105,8 +106,6 @@ private:
         }
     }
 
-    int32_t row() { return below(8) == 0 ? one({-1, INT32_MAX, INT32_MIN}) : below(mostRows / 4); }
-    int32_t col() { return below(12) == 0 ? one({-1, 10001, INT32_MAX}) : below(mostCols); }
     Text text() {
         return Text(one<TextView>({u"", u"oak", u"12", u"a", u"Mon 2 Feb 2026", u"9:30 am", u"a\tb\tc\td",
                                    u"two\r\nlines", u"1\t2\r\n3\t4\r\n", u"\"q\"\t\"\r\n\"\"\""}));
@@ -146,125 +145,69 @@ private:
                 return platform_.click(window, at);
         }
     }
-    void structure(GridEdit& grid) {
-        const int32_t rows = grid.RowsCurrent();
-        switch (below(14)) {
-            case 0:
-            case 1:
-                return rows < mostRows ? grid.RowAdd(text(), row()) : grid.RowsSet(3);
-            case 2:
-                return rows < mostRows ? grid.RowAddQuick(text(), row()) : grid.RowDel(0);
-            case 3:
-            case 4:
-                return grid.RowDel(row());
-            case 5:
-                return grid.RowsSet(below(10) == 0 ? 0 : below(20));
-            case 6:
-                return grid.ColAdd(one({300.0, 960.0, 0.0, 1e300}));
-            case 7:
-                return grid.ColDel();
-            case 8:
-                return grid.ColsSet(1 + below(mostCols));
-            case 9:
-                grid.GridReset();
-                return grid.GridShow();
-            case 10:
-                return grid.BarHeaderSort();
-            case 11:
-                return grid.GridColSort(col());
-            case 12:
-                grid.GridSave(u"f", text());
-                grid.GridLoad(u"f");
-                return grid.GridShow();
+    Value argument(ValueType type) {
+        switch (type) {
+            case ValueType::longInteger:
+                return below(30) == 0 ? INT32_MIN : below(mostCalled) - 1;
+            case ValueType::text:
+                return text();
+            case ValueType::doubleFloat:
+                return one({150.0, 400.0, 1500.0, 9000.0});
+            case ValueType::font:
+                return std::make_shared<SharedFont>(FontDescription{u"Tahoma", one({8.25, 14.0})});
             default:
-                return grid.GridClear();
+                return converted(Value(below(2)), type).value_or(Value());
         }
     }
-    void members(GridEdit& grid) {
-        int16_t code = one<int16_t>({key::down, key::up, key::enter, key::f4}), state = 0;
-        switch (below(16)) {
-            case 0:
-            case 1:
-                return grid.BoxShow();
-            case 2:
-                return grid.BoxHide();
-            case 3:
-                return grid.GridSetFocus(col(), row());
-            case 4:
-            case 5:
-                return grid.CellTextSet(row(), col(), text());
-            case 6:
-                return grid.CellChkSet(row(), col(), text());
-            case 7:
-                grid.RowSetFocus(row());
-                return grid.ColSetFocus(col());
-            case 8:
-                return grid.TopRowSet(row());
-            case 9:
-                return grid.ColTypeSet(col(), below(9) - 1);
-            case 10:
-                return below(2) == 0 ? grid.ComboAdd(text()) : grid.ComboDel(row());
-            case 11:
-                return grid.cboLIST_KeyDown(code, state);
-            case 12:
-                return grid.BoxSelect();
-            case 13:
-                return grid.ColumnVisible(col(), 900, below(3) != 0);
-            case 14:
-                return grid.ColWidth(col(), one({150.0, 400.0, 1500.0, 9000.0}));
-            default:
-                return grid.CellFontSet(row(), col(), u"Courier", u"14", true, false, OleColour());
+    // Any member of the table, as hosts call it.
+    void call(GridEdit& grid) {
+        if (grid.RowsCurrent() > mostRows) return grid.RowsSet(3);
+        const auto& members = grid.table().members;
+        const Member& member = members[static_cast<size_t>(below(static_cast<int32_t>(members.size())))];
+        Value result;
+        if (member.kind == MemberKind::property) {
+            if (member.put) putProperty(grid, member, argument(member.type));
+            return;
         }
+        std::vector<Value> arguments;
+        for (const Parameter& parameter : member.parameters) arguments.push_back(argument(parameter.type));
+        callMethod(grid, member, arguments, result);
+        // Nobody can work in a grid that stays hidden.
+        if (below(3) != 0) grid.GridShow();
     }
-    void whole(GridEdit& grid) {
-        switch (below(16)) {
+    void surroundings(GridEdit& grid) {
+        switch (below(10)) {
             case 0:
-                grid.GridHide();
-                return grid.GridShow();
-            case 1:
-                return grid.SetBorderStyle(below(2));
-            case 2:
-                return grid.SetBarHeader(below(2) == 0);
-            case 3:
                 return grid.setBounds({0, 0, below(3) == 0 ? below(600) : bounds.right, bounds.bottom});
-            case 4:
+            case 1:
                 return platform_.setDpi(grid.window(), Dpi(one({96, 120, 144, 168, 192})));
-            case 5:
+            case 2:
                 platform_.setFocus(0);
                 break;
-            case 6:
-                grid.SetAllowGridEdit(below(4) != 0);
-                break;
-            case 7:
+            case 3:
                 designs_ = below(6) == 0;
                 break;
-            case 8:
+            case 4:
                 return platform_.setClipboard(text());
-            case 9:
+            case 5:
                 return platform_.advance(std::chrono::milliseconds(below(1200)));
-            case 10:
+            case 6:
                 return platform_.stealCapture();
-            case 11: {
+            case 7:
                 grid.deactivate();
                 grid.activate(1, bounds);
                 break;
-            }
-            case 12:
-                grid.SetFont(std::make_shared<SharedFont>(FontDescription{u"Tahoma", one({8.25, 14.0})}));
-                break;
-            case 13: {
+            case 8: {
                 MemoryBag bag;
                 grid.save(bag);
                 return grid.load(bag);
             }
-            case 14:
+            default:
                 if (below(8) != 0) break;
                 // Another one, while this one may still be in the middle of an event.
                 grid.setHost(nullptr);
                 grid.deactivate();
                 return place();
-            default:
-                break;
         }
         grid.focus();
     }
