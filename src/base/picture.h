@@ -30,16 +30,32 @@ public:
     PixelSize size() const { return size_; }
     const std::vector<uint32_t>& pixels() const { return pixels_; }
 
+    // The same picture drawn for denser screens, where this one is drawn for 96 DPI; the smallest one first.
+    const std::vector<std::shared_ptr<const SharedPicture>>& denser() const { return denser_; }
+    void setDenser(std::vector<std::shared_ptr<const SharedPicture>> pictures) {
+        denser_ = std::move(pictures);
+    }
+
     Counterpart* counterpart() const { return counterpart_.get(); }
     void setCounterpart(std::unique_ptr<Counterpart> counterpart) { counterpart_ = std::move(counterpart); }
 
 private:
     PixelSize size_;
     std::vector<uint32_t> pixels_;
+    std::vector<std::shared_ptr<const SharedPicture>> denser_;
     std::unique_ptr<Counterpart> counterpart_;
 };
 
 // Null means "no picture".
 using PictureRef = std::shared_ptr<SharedPicture>;
+
+// What is drawn for a picture on one screen, and how large.
+struct ScreenPicture {
+    const SharedPicture& picture;
+    PixelSize size;
+};
+// As large as it is at 96 DPI. A picture that was drawn for denser screens too is not stretched to that size,
+// but keeps within it in whole multiples of its pixels, so that it is sharp everywhere.
+ScreenPicture onScreen(const SharedPicture& picture, Dpi dpi);
 
 }  // namespace obk

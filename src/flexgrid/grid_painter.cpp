@@ -139,11 +139,10 @@ void GridPainter::paintCell(CellAddress cell, const PixelRect& rect) {
     PixelRect content{rect.left, rect.top, rect.right - line_, rect.bottom - line_};
     content = content.moved(origin_.x, origin_.y);
     if (style->picture) {
-        const PixelSize size = style->picture->size();
-        const PixelSize shown{canvas_.dpi().scaled(size.width), canvas_.dpi().scaled(size.height)};
+        const auto [picture, shown] = onScreen(*style->picture, canvas_.dpi());
         const Placement at = placementOf(style->pictureAlignment.value_or(CellAlignment::leftCentre));
         const CanvasClip clip(canvas_, content);
-        canvas_.drawPicture(*style->picture, placed(shown, content, at));
+        canvas_.drawPicture(picture, placed(shown, content, at));
         // The text stands beside it.
         if (at.horizontal == HorizontalAlignment::left)
             content.left = std::min(content.right, content.left + shown.width);

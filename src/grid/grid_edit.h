@@ -7,6 +7,7 @@
 #include "grid/cell_editing.h"
 #include "grid/column_types.h"
 #include "grid/header_bar.h"
+#include "grid/icon_list.h"
 #include "widgets/decoration.h"
 
 namespace obk {
@@ -49,6 +50,7 @@ public:
                        bool strikeThru, OleColour oleForeColor);
     Text CellTextRead(int32_t rowno, int32_t colno) const;
     void CellTextSet(int32_t rowno, int32_t colno, const Text& text);
+    void CellSetIcon(int32_t colno, int32_t rowno, const Text& iconname);
     int32_t CellCurrentHeight() const;
     int32_t CellCurrentLeft() const;
     int32_t CellCurrentTop() const;
@@ -117,7 +119,6 @@ public:
     void BoxShow() { editing_.show(); }
     void cboLIST_KeyDown(int16_t& keyCode, int16_t& shift);
     void cboLIST_KeyUp(int16_t& keyCode, int16_t& shift);
-    void CellSetIcon(int32_t, int32_t, const Text&) {}
     void ComboAdd(const Text& item) { editing_.editors().list().add(item); }
     void ComboClear() { editing_.editors().list().clear(); }
     void ComboDel(int32_t index) { editing_.editors().list().remove(index); }
@@ -156,6 +157,7 @@ private:
     Frame gbrBORDER;
     FlexGrid flexGRID;
     HeaderBar picTOPBAR;
+    IconList imlTREELISTICONS;
 
     ColumnTypes types_;
     CellEditing editing_;

@@ -30,8 +30,10 @@ void RecordingCanvas::drawText(TextView text, const PixelRect& rect, const TextS
     add(DrawnItem::Kind::text, rect, style.colour, text, style);
 }
 
-void RecordingCanvas::drawPicture(const SharedPicture&, const PixelRect& rect) {
+void RecordingCanvas::drawPicture(const SharedPicture& picture, const PixelRect& rect) {
+    const size_t before = items_.size();
     add(DrawnItem::Kind::picture, rect, {});
+    if (items_.size() > before) items_.back().picture = &picture;
 }
 
 void RecordingCanvas::drawFocusRect(const PixelRect& rect) {

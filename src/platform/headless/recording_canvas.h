@@ -15,6 +15,7 @@ struct DrawnItem {
     Rgb colour;
     Text text;
     TextStyle style;  // of a text
+    const SharedPicture* picture = nullptr;
 };
 
 class RecordingCanvas : public Canvas {

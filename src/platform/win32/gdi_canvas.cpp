@@ -4,7 +4,7 @@
 #include "platform/win32/scaled_pixels.h"
 #include "platform/win32/text_conversion.h"
 
-#include <vector>
+#include <algorithm>
 
 namespace obk::win32 {
 
@@ -51,31 +51,29 @@ BITMAPINFO infoOf(PixelSize size) {
     return info;
 }
 
-UINT alignmentOf(const TextStyle& style) {
-    UINT format = 0;
-    switch (style.horizontal) {
+UINT alignmentOf(HorizontalAlignment alignment) {
+    switch (alignment) {
         case HorizontalAlignment::left:
-            format |= DT_LEFT;
-            break;
+            return DT_LEFT;
         case HorizontalAlignment::right:
-            format |= DT_RIGHT;
-            break;
+            return DT_RIGHT;
         case HorizontalAlignment::centre:
-            format |= DT_CENTER;
-            break;
+            return DT_CENTER;
     }
-    switch (style.vertical) {
+    return DT_LEFT;
+}
+
+// From the top of a place to the text in it.
+LONG verticalOffset(VerticalAlignment alignment, LONG freeHeight) {
+    switch (alignment) {
         case VerticalAlignment::top:
-            format |= DT_TOP;
-            break;
+            return 0;
         case VerticalAlignment::centre:
-            format |= DT_VCENTER;
-            break;
+            return freeHeight / 2;
         case VerticalAlignment::bottom:
-            format |= DT_BOTTOM;
-            break;
+            return freeHeight;
     }
-    return format;
+    return 0;
 }
 
 }  // namespace
@@ -119,15 +117,51 @@ void GdiCanvas::drawText(TextView text, const PixelRect& rect, const TextStyle& 
     if (text.empty() || rect.empty()) return;
     constexpr size_t longest = 8192;  // far beyond any line; the system measures no more in one call
     const auto wide = asWide(text).substr(0, longest);
-    UINT format = DT_SINGLELINE | alignmentOf(style);
+    selectFont(style.font);
+    SetTextColor(dc_, style.colour.value);
+    RECT area = toRect(rect);
+    const LONG top = area.top + verticalOffset(style.vertical, area.bottom - area.top - font_.height);
+    if (drawFitting(wide, area, top, style)) return;
+    UINT format = DT_SINGLELINE | alignmentOf(style.horizontal);
     if (style.ellipsis) format |= DT_END_ELLIPSIS;
     if (!style.showAccessKey) format |= DT_NOPREFIX;
     if (style.rightToLeft) format |= DT_RTLREADING;
-    const SharedGdiFont font = fonts_.get(style.font, dpi_);
-    const Selection selection(dc_, font.get());
-    SetTextColor(dc_, style.colour.value);
-    RECT area = toRect(rect);
+    // A line that is too high for its place is cut at both ends, not only at the lower one.
+    const int saved = top < area.top ? SaveDC(dc_) : 0;
+    if (saved) IntersectClipRect(dc_, area.left, area.top, area.right, area.bottom);
+    area.top = top;
     DrawTextW(dc_, wide.data(), static_cast<int>(wide.size()), &area, format);
+    if (saved) RestoreDC(dc_, saved);
+}
+
+// It stays selected: the next text is likely to have the same font, and selecting costs more than drawing.
+void GdiCanvas::selectFont(const FontDescription& font) {
+    const SharedGdiFont wanted = fonts_.get(font, dpi_);
+    if (!wanted || wanted == font_.font) return;
+    SelectObject(dc_, wanted.get());
+    TEXTMETRICW metrics{};
+    GetTextMetricsW(dc_, &metrics);
+    font_ = {wanted, metrics.tmHeight};
+}
+
+// A plain text that fits on its line, as most do, without the system's layout of lines, which takes several
+// times as long. False, and nothing drawn, for others.
+bool GdiCanvas::drawFitting(std::wstring_view text, const RECT& area, LONG top,
+                            const TextStyle& style) const {
+    const bool plain = !style.showAccessKey && !style.rightToLeft && !recorded_;
+    const auto isControl = [](wchar_t unit) { return unit < L' '; };
+    const auto length = static_cast<int>(text.size());
+    SIZE size{};
+    if (!plain || std::any_of(text.begin(), text.end(), isControl) ||
+        !GetTextExtentPoint32W(dc_, text.data(), length, &size))
+        return false;
+    const LONG freeWidth = area.right - area.left - size.cx;
+    if (freeWidth < 0) return false;
+    const LONG left = area.left + (style.horizontal == HorizontalAlignment::left     ? 0
+                                   : style.horizontal == HorizontalAlignment::centre ? freeWidth / 2
+                                                                                     : freeWidth);
+    return ExtTextOutW(dc_, left, top, ETO_CLIPPED, &area, text.data(), static_cast<UINT>(length), nullptr) !=
+           FALSE;
 }
 
 void GdiCanvas::drawPicture(const SharedPicture& picture, const PixelRect& rect) {
@@ -203,7 +237,7 @@ void GdiCanvas::drawFocusRect(const PixelRect& rect) {
 
 void GdiCanvas::pushClip(const PixelRect& rect) {
     SaveDC(dc_);
-    ++clips_;
+    fontsOutside_.push_back(font_);
     const RECT area = toRect(rect);
     if (rect.empty()) {
         IntersectClipRect(dc_, 0, 0, 0, 0);
@@ -213,9 +247,10 @@ void GdiCanvas::pushClip(const PixelRect& rect) {
 }
 
 void GdiCanvas::popClip() {
-    if (clips_ == 0) return;
-    --clips_;
+    if (fontsOutside_.empty()) return;
     RestoreDC(dc_, -1);
+    font_ = std::move(fontsOutside_.back());
+    fontsOutside_.pop_back();
 }
 
 PixelRect GdiCanvas::clipBounds() const {

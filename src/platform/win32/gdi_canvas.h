@@ -4,6 +4,8 @@
 #include "platform/win32/fonts.h"
 #include "widgets/canvas.h"
 
+#include <vector>
+
 namespace obk::win32 {
 
 class GdiCanvas final : public Canvas {
@@ -27,6 +29,13 @@ public:
     PixelRect clipBounds() const override;
 
 private:
+    struct SelectedFont {
+        SharedGdiFont font;  // held: it must not go while a context has it
+        LONG height = 0;     // of a line
+    };
+
+    void selectFont(const FontDescription& font);
+    bool drawFitting(std::wstring_view text, const RECT& area, LONG top, const TextStyle& style) const;
     void blend(const uint32_t* pixels, PixelSize size, const PixelRect& rect);
     void stampOpaque(const SharedPicture& picture, const PixelRect& rect);
 
@@ -35,7 +44,8 @@ private:
     FontCache ownFonts_;
     FontCache& fonts_;
     int savedState_;
-    int clips_ = 0;
+    SelectedFont font_;
+    std::vector<SelectedFont> fontsOutside_;  // of the clips that are open, from the outermost
     bool recorded_;  // a metafile or a printer: no blending, no colours that live in the context alone
 };
 

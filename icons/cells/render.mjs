@@ -1,0 +1,80 @@
+// Renders the catalogue's icons into the file that the server embeds: node render.mjs <set's icons.json> <output>
+//
+// All numbers are 32 bits, low byte first: the count of icons; where each one's record begins, and the last one
+// ends; the records. A record is its key (one byte of length, then ASCII) and its pictures, compressed (zlib):
+// premultiplied 0xAARRGGBB, row by row from the top, all sizes one after the other.
+import { execFileSync } from 'node:child_process';
+import { mkdtempSync, readdirSync, renameSync, rmSync, statSync, writeFileSync } from 'node:fs';
+import { tmpdir } from 'node:os';
+import { dirname, join } from 'node:path';
+import { fileURLToPath } from 'node:url';
+import { deflateSync } from 'node:zlib';
+import { pictureSource, placed, readCatalogue, svgDocument } from './catalogue.mjs';
+
+const sizes = [16, 24, 32];
+const columns = 16;
+const here = dirname(fileURLToPath(import.meta.url));
+const [set, output] = process.argv.slice(2);
+
+/** Build trees share the output: where another one has just made it, nothing is left to do. */
+function upToDate() {
+    const modified = (file) => statSync(file, { throwIfNoEntry: false })?.mtimeMs ?? 0;
+    const drawings = readdirSync(join(here, 'drawings')).map((name) => join('drawings', name));
+    const inputs = ['catalogue.txt', 'catalogue.mjs', 'render.mjs', 'drawings', ...drawings];
+    return modified(output) > Math.max(modified(set), ...inputs.map((name) => modified(join(here, name))));
+}
+
+/** The icons of one size, each as its premultiplied pixels. */
+function rendered(icons, source, size, folder) {
+    const [svg, png] = ['sheet.svg', 'sheet.png'].map((name) => join(folder, name));
+    const place = (index) => ({ x: (index % columns) * size, y: Math.floor(index / columns) * size, size });
+    const sheet = icons.map((icon, index) => placed(icon, source, `i${index}`, place(index))).join('');
+    writeFileSync(svg, svgDocument(columns * size, Math.ceil(icons.length / columns) * size, sheet));
+    // Without -u, documents beyond a size are refused.
+    execFileSync('rsvg-convert', ['--unlimited', svg, '--output', png]);
+    const rgba = execFileSync('convert', [png, '-depth', '8', 'RGBA:-'], { maxBuffer: 1 << 26 });
+    return icons.map((_, index) => {
+        const pixels = Buffer.alloc(size * size * 4);
+        for (let at = 0; at < size * size; ++at) {
+            const x = place(index).x + (at % size);
+            const y = place(index).y + Math.floor(at / size);
+            const from = (y * columns * size + x) * 4;
+            const alpha = rgba[from + 3];
+            [2, 1, 0].forEach((channel, position) => {
+                pixels[at * 4 + position] = Math.round((rgba[from + channel] * alpha) / 255);
+            });
+            pixels[at * 4 + 3] = alpha;
+        }
+        return pixels;
+    });
+}
+
+function packed(icons, pictures) {
+    const records = icons.map(({ key }, index) => Buffer.concat([
+        Buffer.from([key.length]),
+        Buffer.from(key, 'ascii'),
+        deflateSync(Buffer.concat(pictures.map((ofSize) => ofSize[index])), { level: 9 }),
+    ]));
+    const head = Buffer.alloc(4 * (records.length + 2));
+    let end = head.length;
+    head.writeUInt32LE(records.length, 0);
+    records.forEach((record, index) => {
+        head.writeUInt32LE(end, 4 * (index + 1));
+        end += record.length;
+    });
+    head.writeUInt32LE(end, 4 * (records.length + 1));
+    return Buffer.concat([head, ...records]);
+}
+
+if (!upToDate()) {
+    const icons = readCatalogue(join(here, 'catalogue.txt'));
+    const source = pictureSource(set, join(here, 'drawings'));
+    const folder = mkdtempSync(join(tmpdir(), 'cell-icons-'));
+    try {
+        const pictures = sizes.map((size) => rendered(icons, source, size, folder));
+        writeFileSync(`${output}.${process.pid}`, packed(icons, pictures));
+        renameSync(`${output}.${process.pid}`, output);
+    } finally {
+        rmSync(folder, { recursive: true });
+    }
+}

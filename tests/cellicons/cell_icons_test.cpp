@@ -1,0 +1,102 @@
+#include "cellicons/cell_icons.h"
+
+#include "cellicons/icon_names.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <string>
+
+namespace obk::test {
+namespace {
+
+int32_t channel(uint32_t pixel, int shift) {
+    return static_cast<int32_t>((pixel >> shift) & 0xFF);
+}
+
+// One size of an icon on white paper, three channels a pixel.
+std::vector<int32_t> onWhite(int32_t index, int32_t size) {
+    const cell_icons::Pixels pixels = cell_icons::pixels(index).value();
+    std::vector<int32_t> shown;
+    for (const uint32_t pixel : pixels.of(size)) {
+        const int32_t alpha = channel(pixel, 24);
+        for (const int shift : {16, 8, 0}) {
+            EXPECT_LE(channel(pixel, shift), alpha) << "is not premultiplied";
+            shown.push_back(channel(pixel, shift) + 255 - alpha);
+        }
+    }
+    return shown;
+}
+
+int32_t pixelDistance(const std::vector<int32_t>& left, const std::vector<int32_t>& right, size_t at) {
+    int32_t greatest = 0;
+    for (size_t part = at; part < at + 3; ++part)
+        greatest = std::max(greatest, std::abs(left[part] - right[part]));
+    return greatest;
+}
+
+// Whether two pictures differ by this much (of 255) in the mean of their pixels.
+bool apart(const std::vector<int32_t>& left, const std::vector<int32_t>& right, int32_t distance) {
+    const auto enough = static_cast<int32_t>(left.size() / 3) * distance;
+    int32_t sum = 0;
+    for (size_t at = 0; at < left.size() && sum < enough; at += 3) sum += pixelDistance(left, right, at);
+    return sum >= enough;
+}
+
+std::string name(int32_t index) {
+    return toUtf8(cell_icons::key(index));
+}
+
+TEST(CellIcons, KeysStandInTheOrderOfTheirNumbers) {
+    ASSERT_EQ(cell_icons::count(), 247);
+    Text keys;
+    std::map<std::string, int32_t> categories;
+    for (int32_t index = 1; index <= cell_icons::count(); ++index) {
+        const Text key = cell_icons::key(index);
+        EXPECT_EQ(cell_icons::indexOf(key), index) << toUtf8(key);
+        keys += (index == 1 ? u"" : u";") + key;
+        if (index > 5) ++categories[toUtf8(key.substr(0, key.find(u" - ")))];
+    }
+    EXPECT_EQ(keys, iconNames);
+    EXPECT_EQ(cell_icons::indexOf(u"Book - Blue"), 6);
+    EXPECT_EQ(cell_icons::indexOf(u"People - Man - Worker"), 247);
+    const std::map<std::string, int32_t> counts{{"Book", 10},    {"Books", 2},   {"Home", 43}, {"Food", 17},
+                                                {"Leisure", 36}, {"People", 41}, {"Tech", 22}, {"Work", 27},
+                                                {"Writing", 33}, {"Office", 11}};
+    EXPECT_EQ(categories, counts);
+}
+
+TEST(CellIcons, WhatIsNoKeyAndNoNumberFindsNothing) {
+    for (const TextView key :
+         {u"", u"book - blue", u"Book - Blue ", u" Book - Blue", u"Book", u"Work - Baggage Cart",
+          u"Home - Thermometer - Hot", u"Tech - Webcam", u"everywhere"})
+        EXPECT_FALSE(cell_icons::indexOf(key)) << toUtf8(key);
+    for (const int32_t index : {-1, 0, 248, INT32_MAX}) {
+        EXPECT_EQ(cell_icons::key(index), u"");
+        EXPECT_FALSE(cell_icons::pixels(index));
+    }
+    EXPECT_TRUE(cell_icons::pixels(1)->of(20).empty());
+    EXPECT_TRUE(cell_icons::Pixels().of(16).empty());
+}
+
+TEST(CellIcons, NoneIsBlankAndNoTwoLookAlike) {
+    constexpr int32_t leastDistance = 15;
+    for (const int32_t size : cell_icons::sizes) {
+        const std::vector<int32_t> paper(static_cast<size_t>(size * size) * 3, 255);
+        std::vector<std::vector<int32_t>> seen;
+        for (int32_t index = 1; index <= cell_icons::count(); ++index) {
+            const std::vector<int32_t> shown = onWhite(index, size);
+            ASSERT_EQ(shown.size(), paper.size());
+            EXPECT_TRUE(apart(shown, paper, leastDistance)) << name(index) << " hardly shows at " << size;
+            for (size_t other = 0; other < seen.size(); ++other) {
+                EXPECT_TRUE(apart(shown, seen[other], leastDistance))
+                    << name(index) << " looks like " << name(static_cast<int32_t>(other) + 1) << " at "
+                    << size;
+            }
+            seen.push_back(shown);
+        }
+    }
+}
+
+}  // namespace
+}  // namespace obk::test

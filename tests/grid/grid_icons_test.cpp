@@ -1,0 +1,143 @@
+#include "cellicons/cell_icons.h"
+#include "grid/grid_edit.h"
+#include "support/control_fixture.h"
+
+#include <algorithm>
+
+namespace obk::test {
+namespace {
+
+using headless::DrawnItem;
+
+constexpr Rgb green = Rgb::of(0, 200, 0);
+
+uint32_t opaque(Rgb colour) {
+    return 0xFF000000u | static_cast<uint32_t>(colour.red()) << 16 |
+           static_cast<uint32_t>(colour.green()) << 8 | colour.blue();
+}
+
+class GridIconsTest : public ControlFixture {
+protected:
+    void SetUp() override {
+        place(GridEdit::memberTable());
+        call(u"RowsSet", {3});
+        call(u"ColsSet", {3});
+        activate({0, 0, 800, 600});
+    }
+    void setIcon(int32_t col, int32_t row, const char16_t* name) {
+        call(u"CellSetIcon", {col, row, Text(name)});
+    }
+    std::string current() {
+        return toUtf8(decimalText(number(u"RowCurrent")) + u"," + decimalText(number(u"ColCurrent")));
+    }
+    int32_t number(TextView member) { return std::get<int32_t>(call(member)); }
+    // What is drawn of a kind, in its order.
+    std::vector<DrawnItem> drawn(DrawnItem::Kind kind) {
+        control->root().invalidate();
+        std::vector<DrawnItem> items = platform.surface(control->window())->paint().items();
+        std::erase_if(items, [kind](const DrawnItem& item) { return item.kind != kind; });
+        return items;
+    }
+    std::vector<DrawnItem> pictures() { return drawn(DrawnItem::Kind::picture); }
+};
+
+TEST_F(GridIconsTest, AnIconGoesToItsCellWhichBecomesTheCurrentOne) {
+    call(u"CellTextSet", {1, 2, Text(u"oak")});
+    setIcon(2, 1, u"Home - Garden - Tree");
+    EXPECT_EQ(current(), "1,2");
+    ASSERT_EQ(pictures().size(), 1u);
+    const auto texts = drawn(DrawnItem::Kind::text);
+    const auto oak =
+        std::find_if(texts.begin(), texts.end(), [](const DrawnItem& item) { return item.text == u"oak"; });
+    ASSERT_NE(oak, texts.end());
+    EXPECT_GE(oak->rect.left, pictures()[0].rect.right) << "the text stands beside it";
+    // A row or column that is not there: the current one stays in its place.
+    setIcon(1, -1, u"Home - House");
+    EXPECT_EQ(current(), "1,1");
+    setIcon(3, 0, u"Home - Jar");
+    EXPECT_EQ(current(), "0,1");
+    EXPECT_EQ(pictures().size(), 3u);
+}
+
+TEST_F(GridIconsTest, CellsWithOneIconShareItsPicture) {
+    setIcon(0, 0, u"Book - Red");
+    setIcon(1, 0, u"Book - Blue");
+    setIcon(2, 0, u"Book - Red");
+    const auto shown = pictures();
+    ASSERT_EQ(shown.size(), 3u);
+    EXPECT_EQ(shown[0].picture, shown[2].picture);
+    EXPECT_NE(shown[0].picture, shown[1].picture);
+    EXPECT_NE(shown[0].picture->pixels(), shown[1].picture->pixels());
+}
+
+TEST_F(GridIconsTest, AnUnknownNameShowsNoIcon) {
+    setIcon(1, 1, u"Book - Blue");
+    setIcon(1, 1, u"book - blue");
+    const auto shown = pictures();
+    ASSERT_EQ(shown.size(), 1u);
+    const std::vector<uint32_t>& pixels = shown[0].picture->pixels();
+    const uint32_t ground = opaque(Rgb::of(255, 255, 255));
+    EXPECT_TRUE(std::all_of(pixels.begin(), pixels.end(), [=](uint32_t pixel) { return pixel == ground; }));
+}
+
+TEST_F(GridIconsTest, TheScreenChoosesTheSizeAtEveryMoment) {
+    setIcon(1, 1, u"Book - Blue");
+    struct Row {
+        int32_t dpi, drawnFor, height;
+    };
+    // 250 % and more have whole multiples of what there is.
+    for (const Row& row : std::initializer_list<Row>{{96, 16, 16},
+                                                     {120, 16, 16},
+                                                     {144, 24, 24},
+                                                     {168, 24, 24},
+                                                     {192, 32, 32},
+                                                     {240, 32, 32},
+                                                     {288, 24, 48},
+                                                     {384, 32, 64}}) {
+        platform.setDpi(control->window(), Dpi(row.dpi));
+        const auto shown = pictures();
+        ASSERT_EQ(shown.size(), 1u) << row.dpi;
+        EXPECT_EQ(shown[0].picture->size(), (PixelSize{row.drawnFor * 9 / 8, row.drawnFor})) << row.dpi;
+        EXPECT_EQ(shown[0].rect.width(), row.height * 9 / 8) << row.dpi;
+        EXPECT_EQ(shown[0].rect.height(), row.height) << row.dpi;
+    }
+}
+
+TEST(IconList, AnIconLiesOverTheGroundBesideAMargin) {
+    IconList list;
+    EXPECT_EQ(list.count(), 247);
+    const TextView key = u"Home - Weather - Sunny";
+    const PictureRef picture = list.picture(key, green);
+    const cell_icons::Pixels drawn = cell_icons::pixels(cell_icons::indexOf(key).value()).value();
+    const auto icon = drawn.of(16);
+    ASSERT_EQ(picture->size(), (PixelSize{18, 16}));
+    for (size_t y = 0; y < 16; ++y) {
+        const uint32_t* const line = picture->pixels().data() + y * 18;
+        EXPECT_EQ(line[0], opaque(green));
+        EXPECT_EQ(line[1], opaque(green));
+        for (size_t x = 0; x < 16; ++x) {
+            for (const int shift : {24, 16, 8, 0}) {
+                const auto part = [shift](uint32_t pixel) {
+                    return static_cast<int32_t>((pixel >> shift) & 0xFF);
+                };
+                const uint32_t pixel = icon[y * 16 + x];
+                const double through = 1 - static_cast<double>(pixel >> 24) / 255;
+                EXPECT_NEAR(part(line[x + 2]), part(pixel) + part(opaque(green)) * through, 1)
+                    << x << "," << y;
+            }
+        }
+    }
+}
+
+TEST(IconList, AnotherGroundMakesAnotherPictureAndLeavesTheFirst) {
+    IconList list;
+    const PictureRef first = list.picture(u"Work - Lock", green);
+    const std::vector<uint32_t> before = first->pixels();
+    EXPECT_EQ(list.picture(u"Work - Lock", green), first);
+    const PictureRef other = list.picture(u"Work - Lock", Rgb());
+    EXPECT_NE(other->pixels(), before);
+    EXPECT_EQ(first->pixels(), before);
+}
+
+}  // namespace
+}  // namespace obk::test
