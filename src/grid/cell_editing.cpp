@@ -55,8 +55,7 @@ void CellEditing::connect() {
     on(grid_.clicked, [this] {
         const bool one = grid_.current() == CellAddress{grid_.RowSel(), grid_.ColSel()};
         // An editor that opens is told of as a click.
-        if (one) show();
-        if (!one || !editors_.isOpen()) control_.Click();
+        if (!one || !show()) control_.Click();
     });
     on(grid_.doubleClicked, [this] { control_.DblClick(); });
     on(grid_.disturbed, [this] { commit(); });
@@ -84,21 +83,23 @@ void CellEditing::allow(bool allowed) {
     allowed_ = allowed;
 }
 
-void CellEditing::show(Focus focus) {
+bool CellEditing::show(Focus focus) {
     // Whatever asks the host about an editor that closes goes on without one.
-    if (announcing_) return;
+    if (announcing_) return false;
     if (editors_.isOpen() && editors_.cell() != grid_.current()) hide();
-    // Where the host is being told of an editor, that one may have to stay for now.
-    if (!editors_.isOpen()) {
-        if (!editable()) return;
-        grid_.show(grid_.current());
-        if (!editors_.open(types_.type(grid_.Col()), grid_.current())) return;
-        editors_.selectText();
-        if (focus == Focus::take) editors_.takeFocus();
-        control_.Click();
-    } else if (editors_.cell() == grid_.current() && focus == Focus::take) {
-        editors_.takeFocus();
+    if (editors_.isOpen()) {
+        if (editors_.cell() == grid_.current() && focus == Focus::take) editors_.takeFocus();
+        return false;
     }
+    if (!editable()) return false;
+    grid_.show(grid_.current());
+    bool opened = false;
+    attempt([&] { opened = editors_.open(types_.type(grid_.Col()), grid_.current()); });
+    if (!opened) return false;
+    editors_.selectText();
+    if (focus == Focus::take) editors_.takeFocus();
+    control_.Click();
+    return true;
 }
 
 void CellEditing::hide() {
@@ -185,7 +186,7 @@ void CellEditing::keyDown(KeyEvent& event, EditPlace place) {
 }
 
 void CellEditing::typed(int16_t& character) {
-    if (opensEditor(character) && !editors_.isOpen()) show();
+    if (opensEditor(character)) show();
     // The character is the editor's, which tells of it, if that has the keyboard now.
     if (!editors_.hasFocus()) control_.KeyPress(character);
 }
@@ -239,9 +240,7 @@ bool CellEditing::act(EditAction action, const KeyEvent& event) {
 }
 
 void CellEditing::openFor(const KeyEvent& event) {
-    const bool open = editors_.isOpen();
-    show();
-    if (!open && event.code == key::space) editors_.toggle();
+    if (show() && event.code == key::space) editors_.toggle();
 }
 
 void CellEditing::goOn() {
@@ -254,9 +253,10 @@ void CellEditing::goOn() {
 }
 
 void CellEditing::addRow(int32_t row) {
+    const int32_t before = grid_.Rows();
     control_.RowAdd({}, row);
-    const CellAddress added = grid_.current();
-    if (grid_.model().contains(added)) grid_.show(added);
+    if (grid_.Rows() <= before) return;
+    grid_.show(grid_.current());
     auto number = static_cast<int16_t>(std::min<int32_t>(row, INT16_MAX));
     attempt([&] { control_.NewRow(number); });
     leftRow_ = -1;
@@ -296,21 +296,25 @@ void CellEditing::paste() {
     commit();
     std::vector<LastChange::CellBefore> before;
     const std::vector<Text>& items = editors_.list().items();
-    grid_.change([&](GridModel& model) {
-        eachCell(*text, [&](int32_t row, int32_t col, TextView pasted) {
-            const CellAddress cell{start.row + row, start.col + col};
-            if (cell.row >= model.rows()) return false;
-            if (cell.col >= model.cols()) return true;
-            const ColumnType type = types_.type(cell.col);
-            const auto own = cellText(type, pasted, items);
-            if (!own) return true;
-            before.push_back({cell, Text(model.text(cell))});
-            model.setText(cell, *own);
-            if (type == ColumnType::checkBox) {
-                model.setAttribute<&CellStyle::fontName>(cell, std::make_shared<const Text>(checkFontName));
-                model.setAttribute<&CellStyle::fontSize>(cell, checkFontSize);
-            }
-            return true;
+    // What memory has no room for is left out, and what was pasted before it can be taken back.
+    attempt([&] {
+        grid_.change([&](GridModel& model) {
+            eachCell(*text, [&](int32_t row, int32_t col, TextView pasted) {
+                const CellAddress cell{start.row + row, start.col + col};
+                if (cell.row >= model.rows()) return false;
+                if (cell.col >= model.cols()) return true;
+                const ColumnType type = types_.type(cell.col);
+                const auto own = cellText(type, pasted, items);
+                if (!own) return true;
+                before.push_back({cell, Text(model.text(cell))});
+                model.setText(cell, *own);
+                if (type == ColumnType::checkBox) {
+                    model.setAttribute<&CellStyle::fontName>(cell,
+                                                             std::make_shared<const Text>(checkFontName));
+                    model.setAttribute<&CellStyle::fontSize>(cell, checkFontSize);
+                }
+                return true;
+            });
         });
     });
     if (before.empty()) return;

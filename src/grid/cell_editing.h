@@ -20,8 +20,8 @@ public:
     void allow(bool allowed);
 
     enum class Focus : uint8_t { take, leave };
-    // Opens the editor of the current cell, if it has one and none is open there already.
-    void show(Focus focus = Focus::take);
+    // Opens the editor of the current cell. False where there is none, and for one that is open already.
+    bool show(Focus focus = Focus::take);
     // Closes the open editor and keeps what it holds. The host hears of it in any case.
     void hide();
     // Only where an editor is open.

@@ -61,7 +61,11 @@ void CellEditors::connectEditors() {
     for (Event<>* twice : {&txtTEXTBOX.doubleClicked, &dtpDATE->DblClick, &udnLIST->DblClick})
         on(*twice, [this] { doubleClicked(); });
     on(txtTEXTBOX.wheelTurned, [this](const WheelEvent& event, bool& used) { used = grid_.wheel(event); });
-    on(cboLIST.pressed, [this] { listPressed(); });
+    on(dtpTIME.pressed, [this] { dtpTIME.takeFocus(); });
+    on(cboLIST.pressed, [this] {
+        cboLIST.takeFocus();
+        listPressed();
+    });
     on(cboLIST.chosen, [this] { itemChosen(); });
     on(udnLIST->Change, [this] {
         if (udnLIST.focused()) number_ = udnLIST->Text();
@@ -180,7 +184,9 @@ std::optional<Text> CellEditors::close() {
 
 void CellEditors::hideClosed() {
     Widget* const widget = std::exchange(closed_, nullptr);
-    if (widget && widget != open_) widget->setVisible(false);
+    if (!widget || widget == open_) return;
+    if (widget == &dtpDATE && dtpDATE->droppedDown()) dtpDATE->HidePopUp();
+    widget->setVisible(false);
 }
 
 void CellEditors::place() {

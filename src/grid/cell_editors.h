@@ -20,6 +20,7 @@ public:
     CellEditors(Control& outer, FlexGrid& grid);
 
     bool isOpen() const { return open_ != nullptr; }
+    bool isOpen(ColumnType type) const { return open_ && type_ == type; }
     ColumnType type() const { return type_; }
     CellAddress cell() const { return cell_; }
     bool hasFocus() const { return open_ && open_->focused(); }

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace obk {
 
@@ -24,18 +25,39 @@ Text timeText(int32_t hour, int32_t minute, int32_t second) {
            (hour < hoursOfHalfDay ? u" am" : u" pm");
 }
 
-// Takes a number of one or two digits off the start.
-std::optional<int32_t> takeNumber(TextView& text) {
+// Takes a number of so many digits at most off the start.
+std::optional<int32_t> takeNumber(TextView& text, size_t most) {
     int32_t number = 0;
     size_t digits = 0;
-    for (; digits < text.size() && digits < 2 && text[digits] >= u'0' && text[digits] <= u'9'; ++digits)
+    for (; digits < text.size() && digits < most && text[digits] >= u'0' && text[digits] <= u'9'; ++digits)
         number = number * 10 + (text[digits] - u'0');
     text.remove_prefix(digits);
     return digits > 0 ? std::optional(number) : std::nullopt;
 }
 
+// "4.12.2026", "4/12/2026" and "2026-12-04".
+std::optional<Date> numericDate(TextView text) {
+    std::array<int32_t, 3> parts{};
+    const bool yearFirst = text.size() > 4 && text[4] == u'-';
+    const char16_t mark = yearFirst ? u'-' : text.find(u'/') == TextView::npos ? u'.' : u'/';
+    for (size_t part = 0; part < parts.size(); ++part) {
+        if (part > 0) {
+            if (text.empty() || text.front() != mark) return std::nullopt;
+            text.remove_prefix(1);
+        }
+        const auto number = takeNumber(text, part == (yearFirst ? 0u : 2u) ? 4 : 2);
+        if (!number) return std::nullopt;
+        parts[part] = *number;
+    }
+    if (!text.empty()) return std::nullopt;
+    if (yearFirst) std::swap(parts[0], parts[2]);
+    return std::chrono::year(parts[2]) / std::chrono::month(static_cast<unsigned>(parts[1])) /
+           std::chrono::day(static_cast<unsigned>(parts[0]));
+}
+
 std::optional<Text> dateCellText(TextView text) {
-    const auto date = dateFromText(text);
+    auto date = dateFromText(text);
+    if (!date) date = numericDate(text);
     return date ? dateText(*date) : std::nullopt;
 }
 
@@ -69,7 +91,7 @@ std::optional<Text> timeText(TextView text) {
             }
             text.remove_prefix(1);
         }
-        const auto number = takeNumber(text);
+        const auto number = takeNumber(text, 2);
         if (!number) return std::nullopt;
         parts[part] = *number;
     }

@@ -17,8 +17,9 @@ const std::vector<Text>& timeList();
 // day.
 std::optional<Text> timeText(TextView text);
 
-// The text that a cell of the type keeps of it; an empty one stays empty. Nothing for what is no such value,
-// for what `listItems` does not hold where it is a list's, and for a cell that cannot be edited.
+// The text that a cell of the type keeps of it; an empty one stays empty. Dates may be numbers too, day,
+// month and year or, with hyphens, year, month and day. Nothing for what is no such value, for what
+// `listItems` does not hold where it is a list's, and for a cell that cannot be edited.
 std::optional<Text> cellText(ColumnType type, TextView text, std::span<const Text> listItems);
 
 }  // namespace obk

@@ -68,10 +68,19 @@ EditAction editAction(const KeyEvent& event, const EditState& state) {
     if (rule == std::end(rules))
         return place == inCells && state.editable && isTyped(event) ? EditAction::open : EditAction::none;
     if (rule->changes && !state.editable) return EditAction::none;
-    if (rule->action == EditAction::addRow && !state.onLastRow) return EditAction::none;
-    if (rule->action == EditAction::goOn && state.onLastRow && state.editable)
-        return EditAction::addRowAndGoOn;
-    return rule->action;
+    // A key that is held adds and deletes one row.
+    switch (rule->action) {
+        case EditAction::goOn:
+            return state.onLastRow && state.editable && !event.repeated ? EditAction::addRowAndGoOn
+                                                                        : EditAction::goOn;
+        case EditAction::addRow:
+            return state.onLastRow && !event.repeated ? EditAction::addRow : EditAction::none;
+        case EditAction::insertRow:
+        case EditAction::deleteRow:
+            return event.repeated ? EditAction::none : rule->action;
+        default:
+            return rule->action;
+    }
 }
 
 bool opensEditor(int16_t character) {

@@ -136,6 +136,11 @@ void GridEdit::GridClear() {
     flexGRID.Clear();
 }
 
+void GridEdit::GridHide() {
+    editing_.commit();
+    flexGRID.setVisible(false);
+}
+
 void GridEdit::GridShow() {
     flexGRID.setVisible(true);
     editing_.returnFocus();
@@ -166,6 +171,7 @@ void GridEdit::GridColr(OleColour& newcol) {
 }
 
 void GridEdit::cboLIST_KeyDown(int16_t& keyCode, int16_t& shift) {
+    if (!editing_.editors().isOpen(ColumnType::list)) return;
     KeyEvent event{keyCode, shift, false};
     editing_.editors().list().keyDown(event);
     keyCode = event.code;
@@ -173,6 +179,7 @@ void GridEdit::cboLIST_KeyDown(int16_t& keyCode, int16_t& shift) {
 }
 
 void GridEdit::cboLIST_KeyUp(int16_t& keyCode, int16_t& shift) {
+    if (!editing_.editors().isOpen(ColumnType::list)) return;
     KeyEvent event{keyCode, shift, false};
     editing_.editors().list().keyUp(event);
     keyCode = event.code;

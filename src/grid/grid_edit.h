@@ -86,7 +86,7 @@ public:
     void GridClear();
     void GridColr(OleColour& newcol);
     void GridFocusShow() { flexGRID.takeFocus(); }
-    void GridHide() { flexGRID.setVisible(false); }
+    void GridHide();
     Text GridLoad(const Text& path);
     void GridRedraw(bool status) { flexGRID.SetRedraw(status); }
     void GridRefresh() { resize(); }

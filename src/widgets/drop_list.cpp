@@ -173,7 +173,7 @@ void DropList::find(char16_t typed) {
     const int32_t now = platform().clock().tickCount();
     if (static_cast<uint32_t>(now) - static_cast<uint32_t>(typedAt_) >= typingPause) typed_.clear();
     typedAt_ = now;
-    const bool again = typed_.size() == 1 && typed_[0] == typed;
+    const bool again = typed_.size() == 1 && upperAscii(typed_[0]) == upperAscii(typed);
     if (!again) typed_ += typed;
     // A longer beginning may be that of the item that is shown.
     const int32_t first = std::max(selected_, 0) + (typed_.size() == 1 && selected_ >= 0 ? 1 : 0);

@@ -67,6 +67,12 @@ TEST(EditSession, EachKeyHasOneMeaningInEachState) {
     }
 }
 
+TEST(EditSession, AHeldKeyAddsAndDeletesOneRow) {
+    const std::pair<int16_t, EditAction> rows[] = {
+        {key::enter, goOn}, {key::down, none}, {key::insert, none}, {key::deleteKey, none}, {'X', open}};
+    for (const auto& [code, action] : rows) EXPECT_EQ(editAction({code, 0, true}, lastRow), action) << code;
+}
+
 TEST(EditSession, WhatTypesNothingOpensNothing) {
     std::set<int16_t> opening;
     for (int16_t code = 1; code < 255; ++code) {

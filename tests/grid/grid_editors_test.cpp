@@ -475,6 +475,15 @@ TEST_F(GridEditorsTest, APasteGoesThroughTheColumnTypes) {
     EXPECT_EQ(read(0, 0), "one values");
 }
 
+TEST_F(GridEditorsTest, DatesAreReadInTheUsualWays) {
+    for (const char16_t* text :
+         {u"4.12.2026", u" 04/12/2026 ", u"2026-12-04", u"4 dec 2026", u"December 4, 2026"})
+        EXPECT_EQ(cellText(ColumnType::date, text, {}), u"Fri 4 Dec 2026") << toUtf8(text);
+    for (const char16_t* text : {u"31.4.2026", u"4.13.2026", u"4.12.26", u"4.12/2026", u"4.12.20261",
+                                 u"4.12.", u"2026-12-4x", u"2026-", u"0.0.0"})
+        EXPECT_EQ(cellText(ColumnType::date, text, {}), std::nullopt) << toUtf8(text);
+}
+
 TEST_F(GridEditorsTest, TimesAreReadInTheUsualWays) {
     EXPECT_EQ(timeList().size(), 48u);
     EXPECT_EQ(timeList()[1], u"12:30:00 am");

@@ -92,6 +92,7 @@ public:
     SurfacePlacement::Kind kind() const { return kind_; }
     void setDpi(Dpi dpi);
     HeadlessWindow* childAt(PixelPoint point) const;
+    const std::vector<HeadlessWindow*>& children() const { return children_; }
     void addChild(HeadlessWindow& child) { children_.push_back(&child); }
     void removeChild(HeadlessWindow& child) { std::erase(children_, &child); }
     const Text& toolTip() const { return toolTip_; }

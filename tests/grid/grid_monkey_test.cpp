@@ -1,0 +1,36 @@
+#include "support/grid_monkey.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <random>
+
+namespace obk::test {
+namespace {
+
+int32_t fromEnvironment(const char* name, int32_t otherwise) {
+    const char* const value = std::getenv(name);
+    return value ? std::atoi(value) : otherwise;
+}
+
+// A walk is the same whenever its seed is: OBK_MONKEY_SEED=7 OBK_MONKEY_STEPS=1000000 walks one of them for
+// long.
+TEST(GridMonkey, WalksThroughEditingWithoutHarm) {
+    constexpr int32_t seeds = 8;
+    const int32_t steps = fromEnvironment("OBK_MONKEY_STEPS", 2500);
+    const int32_t first = fromEnvironment("OBK_MONKEY_SEED", 1);
+    const int32_t last = std::getenv("OBK_MONKEY_SEED") ? first : first + seeds - 1;
+    for (int32_t seed = first; seed <= last; ++seed) {
+        std::mt19937 random(static_cast<uint32_t>(seed));
+        // The library's distributions differ between systems.
+        GridMonkey monkey(
+            [&](int32_t limit) { return static_cast<int32_t>(random() % static_cast<uint32_t>(limit)); });
+        for (int32_t step = 0; step < steps; ++step) {
+            const char* const broken = monkey.step();
+            ASSERT_EQ(broken, nullptr) << broken << ": seed " << seed << ", step " << step;
+        }
+    }
+}
+
+}  // namespace
+}  // namespace obk::test
