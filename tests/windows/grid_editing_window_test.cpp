@@ -233,6 +233,24 @@ TEST_F(GridEditing, OneValueIsPastedIntoTheEditorAndSeveralOverTheCells) {
     EXPECT_EQ(read(0, textCol), L"oak");
 }
 
+TEST_F(GridEditing, ADoubleClickIsOneAlsoWhereTheEditorHasComeInBetween) {
+    const UINT usual = GetDoubleClickTime();
+    SetDoubleClickTime(3000);
+    object().call(L"CellTextSet", {1, textCol, L"oak"});
+    const POINT text = middle(hosted, 1, textCol), fixed = middle(hosted, 0, readOnlyCol);
+    takeEvents();
+    person.click(face(), text.x, text.y);
+    person.click(face(), text.x, text.y);
+    EXPECT_NE(takeEvents().find(L"DblClickExt"), std::wstring::npos);
+    person.key(VK_ESCAPE);
+    person.click(face(), fixed.x, fixed.y);
+    person.click(face(), fixed.x, fixed.y);
+    const std::wstring told = takeEvents();
+    EXPECT_NE(told.find(L"DblClick"), std::wstring::npos);
+    EXPECT_EQ(told.find(L"DblClickExt"), std::wstring::npos);
+    SetDoubleClickTime(usual);
+}
+
 TEST_F(GridEditing, AHostDoesWhatItLikesInsideEveryEventOfAnEdit) {
     using Act = void (*)(HostedControl&);
     const std::pair<const char*, Act> acts[] = {

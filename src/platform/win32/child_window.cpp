@@ -63,7 +63,12 @@ LRESULT ChildWindow::passWheelOn(const Message& message) {
 }
 
 LRESULT ChildWindow::handle(const Message& message) {
-    const LRESULT result = ClientWindow::handle(message);
+    Message received = message;
+    if (message.code == WM_LBUTTONDOWN) {
+        const auto surface = surface_.lock();
+        if (surface && surface->endsDoubleClick()) received.code = WM_LBUTTONDBLCLK;
+    }
+    const LRESULT result = ClientWindow::handle(received);
     const bool released =
         message.code == WM_LBUTTONUP || message.code == WM_RBUTTONUP || message.code == WM_MBUTTONUP;
     const auto surface = released ? surface_.lock() : nullptr;

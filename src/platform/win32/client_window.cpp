@@ -2,6 +2,9 @@
 
 #include <windowsx.h>
 
+#include <algorithm>
+#include <iterator>
+
 namespace obk::win32 {
 
 namespace {
@@ -17,55 +20,41 @@ int16_t mouseShift(WPARAM keys) {
                                 (keys & MK_CONTROL ? shift::control : 0) | alt);
 }
 
+struct ButtonMessage {
+    UINT code;
+    MouseEvent::Kind kind;
+    int16_t button;
+};
+constexpr ButtonMessage buttonMessages[] = {
+    {WM_LBUTTONDOWN, MouseEvent::Kind::down, button::left},
+    {WM_RBUTTONDOWN, MouseEvent::Kind::down, button::right},
+    {WM_MBUTTONDOWN, MouseEvent::Kind::down, button::middle},
+    {WM_LBUTTONUP, MouseEvent::Kind::up, button::left},
+    {WM_RBUTTONUP, MouseEvent::Kind::up, button::right},
+    {WM_MBUTTONUP, MouseEvent::Kind::up, button::middle},
+    {WM_LBUTTONDBLCLK, MouseEvent::Kind::doubleClick, button::left},
+    {WM_RBUTTONDBLCLK, MouseEvent::Kind::doubleClick, button::right},
+    {WM_MBUTTONDBLCLK, MouseEvent::Kind::doubleClick, button::middle},
+};
+
+const ButtonMessage* buttonMessage(UINT code) {
+    const auto* const found = std::find_if(std::begin(buttonMessages), std::end(buttonMessages),
+                                           [code](const ButtonMessage& each) { return each.code == code; });
+    return found == std::end(buttonMessages) ? nullptr : found;
+}
+
 MouseEvent mouseEvent(const Message& message) {
-    using Kind = MouseEvent::Kind;
+    if (message.code == WM_MOUSELEAVE) {
+        POINT at{};
+        GetCursorPos(&at);
+        ScreenToClient(message.window, &at);
+        return {MouseEvent::Kind::leave, 0, shiftState(), {at.x, at.y}};
+    }
     MouseEvent event;
-    switch (message.code) {
-        case WM_LBUTTONDOWN:
-            event.kind = Kind::down;
-            event.button = button::left;
-            break;
-        case WM_RBUTTONDOWN:
-            event.kind = Kind::down;
-            event.button = button::right;
-            break;
-        case WM_MBUTTONDOWN:
-            event.kind = Kind::down;
-            event.button = button::middle;
-            break;
-        case WM_LBUTTONUP:
-            event.kind = Kind::up;
-            event.button = button::left;
-            break;
-        case WM_RBUTTONUP:
-            event.kind = Kind::up;
-            event.button = button::right;
-            break;
-        case WM_MBUTTONUP:
-            event.kind = Kind::up;
-            event.button = button::middle;
-            break;
-        case WM_LBUTTONDBLCLK:
-            event.kind = Kind::doubleClick;
-            event.button = button::left;
-            break;
-        case WM_RBUTTONDBLCLK:
-            event.kind = Kind::doubleClick;
-            event.button = button::right;
-            break;
-        case WM_MBUTTONDBLCLK:
-            event.kind = Kind::doubleClick;
-            event.button = button::middle;
-            break;
-        case WM_MOUSELEAVE: {
-            POINT at{};
-            GetCursorPos(&at);
-            ScreenToClient(message.window, &at);
-            return {Kind::leave, 0, shiftState(), {at.x, at.y}};
-        }
-        default:
-            event.button = static_cast<int16_t>(heldButtons(message.wParam));
-            break;
+    event.button = static_cast<int16_t>(heldButtons(message.wParam));
+    if (const ButtonMessage* of = buttonMessage(message.code)) {
+        event.kind = of->kind;
+        event.button = of->button;
     }
     event.shift = mouseShift(message.wParam);
     event.at = {GET_X_LPARAM(message.lParam), GET_Y_LPARAM(message.lParam)};
@@ -210,15 +199,6 @@ LRESULT ClientWindow::handle(const Message& message) {
         }
         case WM_MOUSEMOVE:
         case WM_MOUSELEAVE:
-        case WM_LBUTTONDOWN:
-        case WM_RBUTTONDOWN:
-        case WM_MBUTTONDOWN:
-        case WM_LBUTTONUP:
-        case WM_RBUTTONUP:
-        case WM_MBUTTONUP:
-        case WM_LBUTTONDBLCLK:
-        case WM_RBUTTONDBLCLK:
-        case WM_MBUTTONDBLCLK:
             return mouse(message);
         case WM_MOUSEWHEEL:
         case WM_MOUSEHWHEEL:
@@ -226,7 +206,7 @@ LRESULT ClientWindow::handle(const Message& message) {
         case WM_CONTEXTMENU:
             return contextMenu(message);
         default:
-            return defaultFor(message);
+            return buttonMessage(message.code) ? mouse(message) : defaultFor(message);
     }
 }
 

@@ -7,8 +7,11 @@
 #include "platform/win32/gdi_canvas.h"
 #include "platform/win32/handles.h"
 
+#include <windowsx.h>
+
 #include <oleacc.h>
 
+#include <cstdlib>
 #include <utility>
 
 namespace obk::win32 {
@@ -23,6 +26,12 @@ PixelRect clientArea(HWND window) {
     RECT area{};
     GetClientRect(window, &area);
     return fromRect(area);
+}
+
+// Of the message that is being handled, on the screen.
+POINT messagePosition() {
+    const DWORD position = GetMessagePos();
+    return {GET_X_LPARAM(position), GET_Y_LPARAM(position)};
 }
 
 }  // namespace
@@ -228,6 +237,16 @@ LRESULT SurfaceWindow::captureChanged(const Message& message) {
     return 0;
 }
 
+bool SurfaceWindow::endsDoubleClick() {
+    const auto first = std::exchange(lastPress_, std::nullopt);
+    if (!first) return false;
+    const POINT at = messagePosition();
+    const auto elapsed = static_cast<DWORD>(GetMessageTime() - first->time);
+    return elapsed <= GetDoubleClickTime() &&
+           std::abs(at.x - first->at.x) <= GetSystemMetrics(SM_CXDOUBLECLK) / 2 &&
+           std::abs(at.y - first->at.y) <= GetSystemMetrics(SM_CYDOUBLECLK) / 2;
+}
+
 void SurfaceWindow::childReleasedCapture() {
     const HWND window = hwnd();
     if (!wantsCapture_ || !window) return;
@@ -410,6 +429,9 @@ LRESULT SurfaceWindow::handle(const Message& message) {
             return defaultFor(message);
         case WM_CAPTURECHANGED:
             return captureChanged(message);
+        case WM_LBUTTONDOWN:
+            lastPress_ = Press{GetMessageTime(), messagePosition()};
+            return ClientWindow::handle(message);
         case WM_MOUSEACTIVATE:
             return kind_ == Kind::panel ? MA_NOACTIVATE : defaultFor(message);
         case WM_SETCURSOR:

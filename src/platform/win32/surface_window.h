@@ -9,6 +9,7 @@
 #include <unknwn.h>
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace obk::win32 {
@@ -43,6 +44,9 @@ public:
     void closeSilently(ClientWindow& child);
     // A child window's own capture has ended: the surface has it again if it had it before.
     void childReleasedCapture();
+    // Whether a press on a child is the second of a double click that began on the surface, where the child
+    // has come in between. The system counts the presses of each window by themselves.
+    bool endsDoubleClick();
     // A wheel that neither a child nor the surface uses goes to the host.
     LRESULT passWheelToHost(const Message& message);
 
@@ -82,6 +86,11 @@ private:
     bool releasing_ = false;
     bool acceptsDrops_ = false;
     Cursor cursor_ = Cursor::arrow;
+    struct Press {
+        LONG time;
+        POINT at;  // on the screen
+    };
+    std::optional<Press> lastPress_;  // of the left button
     std::vector<std::weak_ptr<ChildWindow>> children_;
     ToolTip toolTip_;
     HostWatch hostWatch_;             // while a panel shows
