@@ -1,8 +1,8 @@
 // Runs the tests in real windows: a single-threaded apartment, per-monitor DPI awareness, crashes reported
 // with module and offset, and a watchdog, because a window that waits for a person would hang for ever.
 #include <gtest/gtest.h>
-#include <windows.h>
 #include <ole2.h>
+#include <windows.h>
 
 #include <atomic>
 #include <cstdio>

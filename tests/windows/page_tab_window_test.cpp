@@ -265,7 +265,7 @@ TEST_F(PageTabWindow, AHostLetsGoOfTheControlInsideEveryEvent) {
 }
 
 TEST(PageTabResources, RebuildingAndScrollingLeavesNothing) {
-    const auto cycle = [] {
+    expectNothingIsLeft([] {
         HostedControl hosted(L"PageTab");
         hosted.activate({10, 10, 200, 36});
         for (const wchar_t* tabs : {longSet, L"a,b", L"", longSet}) {
@@ -273,11 +273,7 @@ TEST(PageTabResources, RebuildingAndScrollingLeavesNothing) {
             hosted.object().call(L"SetFont", {Variant(L"Tahoma"), Variant(L"10")});
             UpdateWindow(hosted.site.window());
         }
-    };
-    cycle();
-    const ResourceCount before = ResourceCount::now();
-    for (int i = 0; i < 10; ++i) cycle();
-    EXPECT_EQ(ResourceCount::now(), before);
+    });
 }
 
 }  // namespace

@@ -114,7 +114,8 @@ LRESULT CALLBACK countWheels(HWND window, UINT code, WPARAM wParam, LPARAM lPara
 BOOL CALLBACK findToolTip(HWND window, LPARAM found) {
     wchar_t name[50] = L"";
     GetClassNameW(window, name, 50);
-    if (std::wstring(name) == L"tooltips_class32" && IsWindowVisible(window)) *reinterpret_cast<HWND*>(found) = window;
+    if (std::wstring(name) == L"tooltips_class32" && IsWindowVisible(window))
+        *reinterpret_cast<HWND*>(found) = window;
     return TRUE;
 }
 
@@ -525,7 +526,7 @@ TEST(GdiCanvasTest, TextKeepsToItsRectangleAndItsAlignment) {
     style.horizontal = HorizontalAlignment::right;
     style.vertical = VerticalAlignment::bottom;
     const PixelRect rightBottom = inkOf(u"HHH", style, rect);
-    EXPECT_GE(rightBottom.right, 175); // glyphs keep some air beside them
+    EXPECT_GE(rightBottom.right, 175);  // glyphs keep some air beside them
     EXPECT_GE(rightBottom.bottom, 45);
     EXPECT_EQ(rightBottom.width(), leftTop.width());
     style.horizontal = HorizontalAlignment::centre;

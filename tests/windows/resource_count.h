@@ -1,10 +1,13 @@
 // Counts what a process has taken from the window system, to prove that nothing is left behind.
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <windows.h>
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <ostream>
 #include <set>
 
@@ -57,5 +60,14 @@ struct ResourceCount {
         return stream << count.windows << " windows, " << count.gdiObjects << " drawing objects";
     }
 };
+
+// That work which makes something and lets go of it ends with as much as it began with. What the system makes
+// once and keeps comes in the first turn, which does not count.
+inline void expectNothingIsLeft(const std::function<void()>& cycle) {
+    cycle();
+    const ResourceCount before = ResourceCount::now();
+    for (int turn = 0; turn < 10; ++turn) cycle();
+    EXPECT_EQ(ResourceCount::now(), before);
+}
 
 }  // namespace obk::testing_support
