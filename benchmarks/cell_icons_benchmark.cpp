@@ -20,10 +20,10 @@ void blit(std::span<const uint32_t> icon, uint32_t* to) {
 
 void setIcons(benchmark::State& state) {
     std::vector<Text> names;
-    std::vector<cell_icons::Pixels> icons;
+    std::vector<std::vector<uint32_t>> icons;
     for (int32_t index = 1; index <= cell_icons::count(); ++index) {
         names.push_back(cell_icons::key(index));
-        icons.push_back(*cell_icons::pixels(index));
+        icons.push_back(cell_icons::pixels(index, 16));
     }
     headless::HeadlessPlatform platform;
     const auto emptyGrid = [&platform] {
@@ -42,7 +42,7 @@ void setIcons(benchmark::State& state) {
     const double plain = measure([] { return std::vector<uint32_t>(iconCells * area); },
                                  [&](std::vector<uint32_t>& pictures) {
                                      for (size_t cell = 0; cell < iconCells; ++cell)
-                                         blit(icons[cell % icons.size()].of(16), &pictures[cell * area]);
+                                         blit(icons[cell % icons.size()], &pictures[cell * area]);
                                  });
     report(state, ours, plain);
 }

@@ -1,8 +1,8 @@
 // Renders the catalogue's icons into the file that the server embeds: node render.mjs <set's icons.json> <output>
 //
-// All numbers are 32 bits, low byte first: the count of icons; where each one's record begins, and the last one
-// ends; the records. A record is its key (one byte of length, then ASCII) and its pictures, compressed (zlib):
-// premultiplied 0xAARRGGBB, row by row from the top, all sizes one after the other.
+// All numbers are 32 bits, low byte first: the count of icons; where each icon's four parts begin, and where the last
+// one ends; the parts. They are its key (ASCII) and a picture of each size, compressed by itself (zlib):
+// premultiplied 0xAARRGGBB, row by row from the top.
 import { execFileSync } from 'node:child_process';
 import { mkdtempSync, readdirSync, renameSync, rmSync, statSync, writeFileSync } from 'node:fs';
 import { tmpdir } from 'node:os';
@@ -50,20 +50,20 @@ function rendered(icons, source, size, folder) {
 }
 
 function packed(icons, pictures) {
-    const records = icons.map(({ key }, index) => Buffer.concat([
-        Buffer.from([key.length]),
+    const parts = icons.flatMap(({ key }, index) => [
         Buffer.from(key, 'ascii'),
-        deflateSync(Buffer.concat(pictures.map((ofSize) => ofSize[index])), { level: 9 }),
-    ]));
-    const head = Buffer.alloc(4 * (records.length + 2));
-    let end = head.length;
-    head.writeUInt32LE(records.length, 0);
-    records.forEach((record, index) => {
-        head.writeUInt32LE(end, 4 * (index + 1));
-        end += record.length;
-    });
-    head.writeUInt32LE(end, 4 * (records.length + 1));
-    return Buffer.concat([head, ...records]);
+        ...pictures.map((ofSize) => deflateSync(ofSize[index], { level: 9 })),
+    ]);
+    const numbers = [icons.length];
+    let end = 4 * (parts.length + 2);
+    for (const part of parts) {
+        numbers.push(end);
+        end += part.length;
+    }
+    numbers.push(end);
+    const head = Buffer.alloc(4 * numbers.length);
+    numbers.forEach((number, index) => head.writeUInt32LE(number, 4 * index));
+    return Buffer.concat([head, ...parts]);
 }
 
 if (!upToDate()) {

@@ -1,10 +1,17 @@
 #include "base/picture.h"
 
+#include "base/attempt.h"
+
 namespace obk {
+
+const SharedPicture::Denser& SharedPicture::denser() const {
+    if (drawDenser_ && attempt([this] { denser_ = drawDenser_(); })) drawDenser_ = nullptr;
+    return denser_;
+}
 
 ScreenPicture onScreen(const SharedPicture& picture, Dpi dpi) {
     const PixelSize full{dpi.scaled(picture.size().width), dpi.scaled(picture.size().height)};
-    if (picture.denser().empty()) return {picture, full};
+    if (full == picture.size() || picture.denser().empty()) return {picture, full};
     const SharedPicture* best = &picture;
     PixelSize size = picture.size();
     const auto consider = [&](const SharedPicture& candidate) {

@@ -4,6 +4,7 @@
 #include "base/units.h"
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -31,10 +32,10 @@ public:
     const std::vector<uint32_t>& pixels() const { return pixels_; }
 
     // The same picture drawn for denser screens, where this one is drawn for 96 DPI; the smallest one first.
-    const std::vector<std::shared_ptr<const SharedPicture>>& denser() const { return denser_; }
-    void setDenser(std::vector<std::shared_ptr<const SharedPicture>> pictures) {
-        denser_ = std::move(pictures);
-    }
+    // `draw` is called when such a screen asks; what fails is tried again the next time.
+    using Denser = std::vector<std::shared_ptr<const SharedPicture>>;
+    void setDenser(std::function<Denser()> draw) { drawDenser_ = std::move(draw); }
+    const Denser& denser() const;
 
     Counterpart* counterpart() const { return counterpart_.get(); }
     void setCounterpart(std::unique_ptr<Counterpart> counterpart) { counterpart_ = std::move(counterpart); }
@@ -42,7 +43,8 @@ public:
 private:
     PixelSize size_;
     std::vector<uint32_t> pixels_;
-    std::vector<std::shared_ptr<const SharedPicture>> denser_;
+    mutable std::function<Denser()> drawDenser_;
+    mutable Denser denser_;
     std::unique_ptr<Counterpart> counterpart_;
 };
 

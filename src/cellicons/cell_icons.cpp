@@ -2,10 +2,11 @@
 
 #include <zlib.h>
 
+#include <algorithm>
 #include <cstring>
 #include <functional>
-#include <numeric>
-#include <string_view>
+#include <new>
+#include <span>
 #include <unordered_map>
 
 // What icons/cells/render.mjs writes, and says the layout of. By this very name, without a system's prefix.
@@ -15,26 +16,22 @@ namespace obk::cell_icons {
 
 namespace {
 
-constexpr int32_t pixelCount = std::accumulate(sizes.begin(), sizes.end(), 0,
-                                               [](int32_t sum, int32_t size) { return sum + size * size; });
+using Bytes = std::span<const unsigned char>;
 
-uint32_t number(int32_t at) {
+uint32_t number(size_t at) {
     uint32_t read = 0;
-    std::memcpy(&read, obkCellIcons + size_t{4} * static_cast<size_t>(at), sizeof read);
+    std::memcpy(&read, obkCellIcons + 4 * at, sizeof read);
     return read;
 }
 
-struct Record {
-    std::string_view key;
-    std::span<const unsigned char> packed;
-};
+// Of an icon that there is: part 0 is its key, the others are its pictures in the order of the sizes.
+Bytes part(int32_t index, size_t which) {
+    const size_t at = 1 + static_cast<size_t>(index - 1) * (1 + sizes.size()) + which;
+    return {obkCellIcons + number(at), obkCellIcons + number(at + 1)};
+}
 
-std::optional<Record> record(int32_t index) {
-    if (index < 1 || index > count()) return std::nullopt;
-    const unsigned char* const from = obkCellIcons + number(index);
-    const unsigned char* const end = obkCellIcons + number(index + 1);
-    const unsigned char* const key = from + 1;
-    return Record{{reinterpret_cast<const char*>(key), *from}, {key + *from, end}};
+bool contains(int32_t index) {
+    return index >= 1 && index <= count();
 }
 
 // Finds without making a text.
@@ -57,8 +54,9 @@ int32_t count() {
 }
 
 Text key(int32_t index) {
-    const auto found = record(index);
-    return found ? Text(found->key.begin(), found->key.end()) : Text();
+    if (!contains(index)) return {};
+    const Bytes key = part(index, 0);
+    return Text(key.begin(), key.end());
 }
 
 std::optional<int32_t> indexOf(TextView key) {
@@ -68,26 +66,17 @@ std::optional<int32_t> indexOf(TextView key) {
     return found->second;
 }
 
-std::span<const uint32_t> Pixels::of(int32_t size) const {
-    size_t from = 0;
-    for (const int32_t each : sizes) {
-        const auto area = static_cast<size_t>(each) * static_cast<size_t>(each);
-        if (each == size && from + area <= pixels_.size()) return std::span(pixels_).subspan(from, area);
-        from += area;
-    }
-    return {};
-}
-
-std::optional<Pixels> pixels(int32_t index) {
-    const auto found = record(index);
-    if (!found) return std::nullopt;
-    std::vector<uint32_t> unpacked(pixelCount);
-    uLongf length = pixelCount * sizeof(uint32_t);
-    const int result = uncompress(reinterpret_cast<Bytef*>(unpacked.data()), &length, found->packed.data(),
-                                  static_cast<uLong>(found->packed.size()));
-    // The pictures are part of the program: what is left to fail is memory.
-    if (result != Z_OK) return std::nullopt;
-    return Pixels(std::move(unpacked));
+std::vector<uint32_t> pixels(int32_t index, int32_t size) {
+    const auto found = std::find(sizes.begin(), sizes.end(), size);
+    if (!contains(index) || found == sizes.end()) return {};
+    const Bytes packed = part(index, 1 + static_cast<size_t>(found - sizes.begin()));
+    std::vector<uint32_t> unpacked(static_cast<size_t>(size) * static_cast<size_t>(size));
+    auto length = static_cast<uLongf>(unpacked.size() * sizeof(uint32_t));
+    // The pictures are part of the program: what can fail is memory.
+    if (uncompress(reinterpret_cast<Bytef*>(unpacked.data()), &length, packed.data(),
+                   static_cast<uLong>(packed.size())) != Z_OK)
+        throw std::bad_alloc();
+    return unpacked;
 }
 
 }  // namespace obk::cell_icons

@@ -6,7 +6,6 @@
 #include <array>
 #include <cstdint>
 #include <optional>
-#include <span>
 #include <vector>
 
 namespace obk::cell_icons {
@@ -21,19 +20,8 @@ Text key(int32_t index);
 // By its exact key; nothing for a key that no icon has.
 std::optional<int32_t> indexOf(TextView key);
 
-// One icon in all sizes.
-class Pixels {
-public:
-    Pixels() = default;
-    explicit Pixels(std::vector<uint32_t> pixels) : pixels_(std::move(pixels)) {}
-
-    // Premultiplied 0xAARRGGBB, row by row from the top. `size` is one of `sizes`.
-    std::span<const uint32_t> of(int32_t size) const;
-
-private:
-    std::vector<uint32_t> pixels_;  // one size after the other
-};
-// Unpacked at each call. Nothing where there is no such icon.
-std::optional<Pixels> pixels(int32_t index);
+// One icon in one of the sizes: premultiplied 0xAARRGGBB, row by row from the top. Unpacked at each call;
+// empty where there is no such icon or size.
+std::vector<uint32_t> pixels(int32_t index, int32_t size);
 
 }  // namespace obk::cell_icons

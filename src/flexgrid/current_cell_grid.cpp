@@ -122,6 +122,15 @@ bool CurrentCellGrid::SetCellPictureAlignment(int32_t alignment) {
     return known && setStyle<&CellStyle::pictureAlignment>(*known);
 }
 
+bool CurrentCellGrid::SetCellPicture(PictureRef picture, CellAlignment alignment) {
+    CellStyle style = *model_.style(current_);
+    style.picture = std::move(picture);
+    style.pictureAlignment = alignment;
+    if (!model_.setStyle(current_, style)) return false;
+    cellsChanged({current_.row, current_.col, current_.row, current_.col});
+    return true;
+}
+
 bool CurrentCellGrid::SetCellFontName(TextView name) {
     return setStyle<&CellStyle::fontName>(std::make_shared<const obk::Text>(name));
 }

@@ -63,6 +63,8 @@ public:
     bool SetCellFontStrikeThrough(bool strike) { return setStyle<&CellStyle::strikeThrough>(strike); }
     bool SetCellPicture(PictureRef picture) { return setStyle<&CellStyle::picture>(std::move(picture)); }
     bool SetCellPictureAlignment(int32_t alignment);
+    // Both at once.
+    bool SetCellPicture(PictureRef picture, CellAlignment alignment);
 
     // Twips; 0 hides, and stands for what is out of range.
     int32_t ColWidth(int32_t col) const;

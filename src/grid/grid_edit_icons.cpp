@@ -6,10 +6,11 @@ namespace obk {
 
 void GridEdit::CellSetIcon(int32_t colno, int32_t rowno, const Text& iconname) {
     goTo(rowno, colno);
-    attempt([&] { flexGRID.SetCellPictureAlignment(static_cast<int32_t>(CellAlignment::leftCentre)); });
     // A picture of its own ground, and not of the cell's: this is meant.
     const Rgb ground = flexGRID.rgb(flexGRID.BackColor());
-    attempt([&] { flexGRID.SetCellPicture(imlTREELISTICONS.picture(iconname, ground)); });
+    attempt([&] {
+        flexGRID.SetCellPicture(imlTREELISTICONS.picture(iconname, ground), CellAlignment::leftCentre);
+    });
 }
 
 }  // namespace obk

@@ -2,6 +2,8 @@
 
 #include "cellicons/cell_icons.h"
 
+#include <span>
+
 namespace obk {
 
 namespace {
@@ -22,13 +24,13 @@ uint32_t pixelOver(uint32_t pixel, Rgb ground) {
            channelOver(pixel, 0, ground.blue());
 }
 
-// Without pixels it is the ground alone.
-PictureRef pictureOver(Rgb ground, const cell_icons::Pixels& pixels, int32_t size) {
+// Icon 0 is the ground alone.
+PictureRef pictureOver(Rgb ground, int32_t icon, int32_t size) {
     const PixelSize whole{marginOf(size) + size, size};
     std::vector<uint32_t> drawn(static_cast<size_t>(whole.width * whole.height), pixelOver(0, ground));
     auto to = drawn.begin();
     int32_t x = 0;
-    for (const uint32_t pixel : pixels.of(size)) {
+    for (const uint32_t pixel : cell_icons::pixels(icon, size)) {
         if (x == 0) to += marginOf(size);
         *to++ = pixelOver(pixel, ground);
         x = (x + 1) % size;
@@ -36,18 +38,14 @@ PictureRef pictureOver(Rgb ground, const cell_icons::Pixels& pixels, int32_t siz
     return std::make_shared<SharedPicture>(whole, std::move(drawn));
 }
 
-PictureRef pictureInAllSizes(int32_t icon, Rgb ground) {
-    const cell_icons::Pixels pixels = cell_icons::pixels(icon).value_or(cell_icons::Pixels());
-    PictureRef usual;
-    std::vector<std::shared_ptr<const SharedPicture>> denser;
-    for (const int32_t size : cell_icons::sizes) {
-        PictureRef picture = pictureOver(ground, pixels, size);
-        if (usual)
-            denser.push_back(std::move(picture));
-        else
-            usual = std::move(picture);
-    }
-    usual->setDenser(std::move(denser));
+PictureRef pictureForAllScreens(Rgb ground, int32_t icon) {
+    PictureRef usual = pictureOver(ground, icon, cell_icons::sizes.front());
+    usual->setDenser([ground, icon] {
+        SharedPicture::Denser denser;
+        for (const int32_t size : std::span(cell_icons::sizes).subspan(1))
+            denser.push_back(pictureOver(ground, icon, size));
+        return denser;
+    });
     return usual;
 }
 
@@ -63,7 +61,7 @@ PictureRef IconList::picture(TextView key, Rgb ground) {
     pictures_.resize(static_cast<size_t>(count()) + 1);
     const int32_t icon = cell_icons::indexOf(key).value_or(0);
     PictureRef& picture = pictures_[static_cast<size_t>(icon)];
-    if (!picture) picture = pictureInAllSizes(icon, ground);
+    if (!picture) picture = pictureForAllScreens(ground, icon);
     return picture;
 }
 

@@ -16,9 +16,8 @@ int32_t channel(uint32_t pixel, int shift) {
 
 // One size of an icon on white paper, three channels a pixel.
 std::vector<int32_t> onWhite(int32_t index, int32_t size) {
-    const cell_icons::Pixels pixels = cell_icons::pixels(index).value();
     std::vector<int32_t> shown;
-    for (const uint32_t pixel : pixels.of(size)) {
+    for (const uint32_t pixel : cell_icons::pixels(index, size)) {
         const int32_t alpha = channel(pixel, 24);
         for (const int shift : {16, 8, 0}) {
             EXPECT_LE(channel(pixel, shift), alpha) << "is not premultiplied";
@@ -73,10 +72,9 @@ TEST(CellIcons, WhatIsNoKeyAndNoNumberFindsNothing) {
         EXPECT_FALSE(cell_icons::indexOf(key)) << toUtf8(key);
     for (const int32_t index : {-1, 0, 248, INT32_MAX}) {
         EXPECT_EQ(cell_icons::key(index), u"");
-        EXPECT_FALSE(cell_icons::pixels(index));
+        EXPECT_TRUE(cell_icons::pixels(index, 16).empty());
     }
-    EXPECT_TRUE(cell_icons::pixels(1)->of(20).empty());
-    EXPECT_TRUE(cell_icons::Pixels().of(16).empty());
+    for (const int32_t size : {-1, 0, 20, 48}) EXPECT_TRUE(cell_icons::pixels(1, size).empty());
 }
 
 TEST(CellIcons, NoneIsBlankAndNoTwoLookAlike) {

@@ -108,8 +108,7 @@ TEST(IconList, AnIconLiesOverTheGroundBesideAMargin) {
     EXPECT_EQ(list.count(), 247);
     const TextView key = u"Home - Weather - Sunny";
     const PictureRef picture = list.picture(key, green);
-    const cell_icons::Pixels drawn = cell_icons::pixels(cell_icons::indexOf(key).value()).value();
-    const auto icon = drawn.of(16);
+    const auto icon = cell_icons::pixels(cell_icons::indexOf(key).value(), 16);
     ASSERT_EQ(picture->size(), (PixelSize{18, 16}));
     for (size_t y = 0; y < 16; ++y) {
         const uint32_t* const line = picture->pixels().data() + y * 18;

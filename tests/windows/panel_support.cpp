@@ -63,7 +63,11 @@ void MenuKeys::answer() {
         last_ = nullptr;
         return;
     }
-    if (menu == last_) return;
+    if (menu == last_) {
+        // The next menu may well have the handle of the one before.
+        if (static_cast<size_t>(seen_) > keys_.size()) sendKey(VK_ESCAPE);
+        return;
+    }
     last_ = menu;
     place_ = windowRect(menu);
     const auto number = static_cast<size_t>(seen_++);
