@@ -73,9 +73,13 @@ bool CellEditing::editable() const {
     return allowed_ && !control_.designMode();
 }
 
-bool CellEditing::onLastRow() const {
-    const auto below = movedBy(key::down, false, grid_.current(), grid_.view());
-    return !below || below->row == grid_.Row();
+CellAddress CellEditing::place() const {
+    return editors_.hasFocus() ? editors_.cell() : grid_.current();
+}
+
+std::optional<int32_t> CellEditing::rowBeside(int16_t key) const {
+    const auto moved = movedBy(key, false, place(), grid_.view());
+    return moved && moved->row != place().row ? std::optional(moved->row) : std::nullopt;
 }
 
 void CellEditing::allow(bool allowed) {
@@ -175,10 +179,10 @@ KeyRoute CellEditing::route(const KeyEvent& event, KeyRoute usual) {
     }
 }
 
-void CellEditing::keyDown(KeyEvent& event, EditPlace place) {
+void CellEditing::keyDown(KeyEvent& event, EditPlace at) {
     bool used = false;
     if (!std::exchange(othersKey_, false)) {
-        const EditState state{place, editable(), onLastRow()};
+        const EditState state{at, editable(), !rowBeside(key::down)};
         used = act(editAction(event, state), event);
     }
     control_.KeyDown(event.code, event.shift);
@@ -196,7 +200,7 @@ bool CellEditing::act(EditAction action, const KeyEvent& event) {
         case EditAction::none:
             return false;
         case EditAction::open:
-            openFor(event);
+            if (show() && event.code == key::space) editors_.toggle();
             return false;
         case EditAction::openAtEnd:
             show();
@@ -205,23 +209,24 @@ bool CellEditing::act(EditAction action, const KeyEvent& event) {
         case EditAction::commit:
             hide();
             return true;
-        case EditAction::goOn:
-            goOn();
+        case EditAction::goOn: {
+            const auto below = rowBeside(key::down);
+            goOnTo(below ? CellAddress{*below, place().col} : place());
             return true;
+        }
         case EditAction::addRow:
             addRow(grid_.Rows());
             return true;
         case EditAction::addRowAndGoOn:
+            comeBack();
             addRow(grid_.Rows());
             show();
             return true;
         case EditAction::nextCell:
         case EditAction::previousCell: {
             const auto next = neighbour(action == EditAction::nextCell ? 1 : -1);
-            if (!next) return false;
-            grid_.goTo(*next);
-            show();
-            return true;
+            if (next) goOnTo(*next);
+            return next.has_value();
         }
         case EditAction::insertRow:
             addRow(std::max(grid_.Row(), 0));
@@ -239,16 +244,17 @@ bool CellEditing::act(EditAction action, const KeyEvent& event) {
     return false;
 }
 
-void CellEditing::openFor(const KeyEvent& event) {
-    if (show() && event.code == key::space) editors_.toggle();
+void CellEditing::comeBack() {
+    const CellAddress at = place();
+    grid_.Select(at, at);
 }
 
-void CellEditing::goOn() {
-    const auto below = movedBy(key::down, false, grid_.current(), grid_.view());
-    if (below && *below != grid_.current())
-        grid_.goTo(*below);
-    else
+void CellEditing::goOnTo(CellAddress cell) {
+    comeBack();
+    if (cell == grid_.current())
         hide();
+    else
+        grid_.goTo(cell);
     show();
 }
 
@@ -268,11 +274,13 @@ void CellEditing::deleteRow() {
     commit();
     const int32_t row = grid_.Row();
     if (row < 0) return;
+    const int32_t rows = grid_.Rows();
     LastChange::Row gone = lastChange_.rowNow(row);
     control_.RowDel(row);
-    lastChange_.deleted(std::move(gone));
     // The only row is emptied and the grid hidden; a person still needs it.
-    control_.GridShow();
+    if (gone.only) control_.GridShow();
+    // A host that was asked may have done something else.
+    if (gone.only || grid_.Rows() == rows - 1) lastChange_.deleted(std::move(gone));
     control_.DelRow();
 }
 
@@ -280,40 +288,40 @@ void CellEditing::paste() {
     const Surface* shownOn = grid_.surface();
     const NativeWindow owner = shownOn && shownOn->peer() ? shownOn->peer()->window() : 0;
     const auto text = grid_.platform().textOnClipboard(owner);
-    const CellAddress start = grid_.current();
-    if (!text || text->empty() || !grid_.model().contains(start)) return;
+    if (!text || text->empty()) return;
     int32_t cells = 0;
     Text first;
     eachCell(*text, [&](int32_t, int32_t, TextView cell) {
         if (cells == 0) first = cell;
         return ++cells < 2;
     });
-    if (cells == 1) {
-        show();
-        if (editors_.isOpen()) editors_.paste(first);
-        return;
-    }
+    if (cells > 1) return pasteCells(*text);
+    show();
+    if (editors_.isOpen()) editors_.paste(first);
+}
+
+void CellEditing::pasteCells(TextView text) {
     commit();
+    const CellAddress start = grid_.current();
+    if (!grid_.model().contains(start)) return;
     std::vector<LastChange::CellBefore> before;
-    const std::vector<Text>& items = editors_.list().items();
+    const auto put = [&](GridModel& model, CellAddress cell, TextView pasted) {
+        const ColumnType type = types_.type(cell.col);
+        const auto own = cellText(type, pasted, editors_.list().items());
+        if (!own) return;
+        before.push_back({cell, Text(model.text(cell))});
+        model.setText(cell, *own);
+        if (type != ColumnType::checkBox) return;
+        model.setAttribute<&CellStyle::fontName>(cell, std::make_shared<const Text>(checkFontName));
+        model.setAttribute<&CellStyle::fontSize>(cell, checkFontSize);
+    };
     // What memory has no room for is left out, and what was pasted before it can be taken back.
     attempt([&] {
         grid_.change([&](GridModel& model) {
-            eachCell(*text, [&](int32_t row, int32_t col, TextView pasted) {
+            eachCell(text, [&](int32_t row, int32_t col, TextView pasted) {
                 const CellAddress cell{start.row + row, start.col + col};
-                if (cell.row >= model.rows()) return false;
-                if (cell.col >= model.cols()) return true;
-                const ColumnType type = types_.type(cell.col);
-                const auto own = cellText(type, pasted, items);
-                if (!own) return true;
-                before.push_back({cell, Text(model.text(cell))});
-                model.setText(cell, *own);
-                if (type == ColumnType::checkBox) {
-                    model.setAttribute<&CellStyle::fontName>(cell,
-                                                             std::make_shared<const Text>(checkFontName));
-                    model.setAttribute<&CellStyle::fontSize>(cell, checkFontSize);
-                }
-                return true;
+                if (model.contains(cell)) put(model, cell, pasted);
+                return cell.row < model.rows();
             });
         });
     });
@@ -341,8 +349,7 @@ void CellEditing::undo() {
 
 std::optional<CellAddress> CellEditing::neighbour(int32_t step) const {
     if (!editable()) return std::nullopt;
-    CellAddress cell = grid_.current();
-    if (!grid_.model().contains(cell)) return std::nullopt;
+    const CellAddress cell = place();
     const auto shown = [this](int32_t col) {
         return grid_.ColWidth(col) > 0 && types_.type(col) != ColumnType::readOnly;
     };
@@ -352,11 +359,11 @@ std::optional<CellAddress> CellEditing::neighbour(int32_t step) const {
         }
         return std::nullopt;
     };
+    if (!grid_.model().contains(cell)) return std::nullopt;
     if (const auto col = inRow(cell.col + step)) return CellAddress{cell.row, *col};
-    const auto row = movedBy(step > 0 ? key::down : key::up, false, cell, grid_.view());
+    const auto row = rowBeside(step > 0 ? key::down : key::up);
     const auto col = inRow(step > 0 ? 0 : grid_.Cols() - 1);
-    if (!row || row->row == cell.row || !col) return std::nullopt;
-    return CellAddress{row->row, *col};
+    return row && col ? std::optional(CellAddress{*row, *col}) : std::nullopt;
 }
 
 void CellEditing::entered() {

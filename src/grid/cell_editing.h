@@ -38,23 +38,26 @@ public:
 
 private:
     void connect();
-    void keyDown(KeyEvent& event, EditPlace place);
+    void keyDown(KeyEvent& event, EditPlace at);
     void typed(int16_t& character);
     // Whether the key has done its work.
     bool act(EditAction action, const KeyEvent& event);
     void entered();
     void write(CellAddress cell, ColumnType type, const Text& text);
 
-    void openFor(const KeyEvent& event);
-    void goOn();
-    void goToNeighbour(int32_t step);
+    // The cell that keys are about: that of the editor they go to, wherever a host has moved the current one.
+    CellAddress place() const;
+    void comeBack();
+    void goOnTo(CellAddress cell);
     void addRow(int32_t row);
     void deleteRow();
     void paste();
+    void pasteCells(TextView text);
     void undo();
 
     bool editable() const;
-    bool onLastRow() const;
+    // The row that an arrow leads to; nothing at the ends.
+    std::optional<int32_t> rowBeside(int16_t key) const;
     // The next cell in reading order which has an editor; nothing beyond the last one.
     std::optional<CellAddress> neighbour(int32_t step) const;
 

@@ -179,7 +179,9 @@ TEST_F(GridEditorsTest, TabLeavesTheGridAtItsEnds) {
     host.take();
     platform.pressKey(key::tab);
     EXPECT_EQ(host.take().front(), "offered 9");
+    call(u"BoxHide");
     goTo(0, textCol);
+    host.take();
     platform.pressKey(key::tab, shift::shift);
     EXPECT_EQ(current(), std::pair(0, textCol));
     EXPECT_EQ(host.take().front(), "offered 9");
@@ -342,15 +344,22 @@ TEST_F(GridEditorsTest, AnEditorBelongsToTheCellItWasOpenedFor) {
     call(u"BoxHide");
     EXPECT_EQ(column(0), ",oak,,");
     EXPECT_EQ(current(), std::pair(3, 1));
+    goTo(0, 0);
+    platform.type(u"ash");
+    set(3, 1, u"elsewhere");
+    platform.pressKey(key::enter);
+    EXPECT_EQ(column(0), "ash,oak,,");
+    EXPECT_EQ(current(), std::pair(1, 0)) << "a person goes on from there";
+    call(u"GridClear");
     goTo(2, 0);
     platform.type(u"elm");
     call(u"RowAddQuick", {Text(u"quick"), 0});
     call(u"BoxHide");
-    EXPECT_EQ(column(0), "quick,,oak,elm,") << "it has moved with its row";
+    EXPECT_EQ(column(0), "quick,,,elm,") << "it has moved with its row";
     call(u"BoxShow");
     set(number(u"RowCurrent"), 0, u"host's");
     call(u"BoxHide");
-    EXPECT_EQ(column(0), "host's,,oak,elm,") << "nobody has typed anything else";
+    EXPECT_EQ(column(0), "host's,,,elm,") << "nobody has typed anything else";
 }
 
 TEST_F(GridEditorsTest, AClickOpensTheEditorOfItsCell) {

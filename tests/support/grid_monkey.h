@@ -214,7 +214,8 @@ private:
     bool designMode() override { return designs_; }
 
     const char* checked() {
-        GridEdit& grid = *grid_;
+        const auto held = grid_;
+        GridEdit& grid = *held;
         const int32_t rows = grid.RowsCurrent(), row = grid.RowCurrent();
         if (rows == 0 ? row != -1 : row < 0 || row >= rows) return "the current row is in the grid";
         if (grid.ColCurrent() < 0 || grid.ColCurrent() >= grid.ColsCurrent())
