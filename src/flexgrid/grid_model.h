@@ -49,13 +49,13 @@ public:
 
     // Valid until the next change of the grid.
     TextView text(CellAddress cell) const {
-        const PackedRow* row = contains(cell) ? rows_.at(cell.row) : nullptr;
+        const PackedRow* row = rows_.at(cell.row);
         return row ? row->text(cell.col) : TextView();
     }
     bool setText(CellAddress cell, TextView text);
 
     StyleRef style(CellAddress cell) const {
-        const PackedRow* row = contains(cell) ? rows_.at(cell.row) : nullptr;
+        const PackedRow* row = rows_.at(cell.row);
         return row ? row->style(cell.col) : StyleRef();
     }
     // Refused for a font size that is none (0 or less, more than `largestFont`) and for an empty font name.
