@@ -12,7 +12,7 @@ void CurrentCellGrid::change(const std::function<void(GridModel&)>& work) {
         CurrentCellGrid& grid;
         ~Settle() {
             grid.bringInside();
-            grid.placesChanged(0, 0);
+            grid.placesMoved(0, 0);
         }
     } settle{*this};
     work(model_);
@@ -35,7 +35,7 @@ bool CurrentCellGrid::SetRows(int32_t count) {
     const int32_t before = Rows();
     if (!model_.setRows(count)) return false;
     const bool moved = bringInside();
-    if (count != before) placesChanged(moved ? 0 : std::min(before, count), 0);
+    if (count != before) placesMoved(moved ? 0 : std::min(before, count), 0);
     return true;
 }
 
@@ -43,19 +43,17 @@ bool CurrentCellGrid::SetCols(int32_t count) {
     const int32_t before = Cols();
     if (!model_.setCols(count)) return false;
     const bool moved = bringInside();
-    if (count != before) placesChanged(0, moved ? 0 : std::min(before, count));
+    if (count != before) placesMoved(0, moved ? 0 : std::min(before, count));
     return true;
 }
 
 bool CurrentCellGrid::SetRow(int32_t row) {
-    const CellAddress cell{row, current_.col};
-    return Select(cell, cell);
+    return Select(CellAddress{row, current_.col});
 }
 
 bool CurrentCellGrid::SetCol(int32_t col) {
     // Also in a grid without rows, for the rows that come.
-    const CellAddress cell{current_.row, col};
-    return Select(cell, cell);
+    return Select(CellAddress{current_.row, col});
 }
 
 bool CurrentCellGrid::Select(CellAddress current, CellAddress corner) {
@@ -68,40 +66,40 @@ bool CurrentCellGrid::Select(CellAddress current, CellAddress corner) {
     const CellAddress currentBefore = current_;
     current_ = current;
     corner_ = corner;
-    selectionChanged(before, currentBefore);
+    if (watched_) selectionChanged(before, currentBefore);
     return true;
 }
 
 bool CurrentCellGrid::AddItem(TextView item, int32_t row) {
     if (!model_.addItem(item, row)) return false;
     if (current_.row < 0) bringInside();
-    placesChanged(row, 0);
+    placesMoved(row, 0);
     return true;
 }
 
 bool CurrentCellGrid::RemoveItem(int32_t row) {
     if (!model_.removeItem(row)) return false;
     const bool moved = bringInside();
-    placesChanged(moved ? 0 : row, 0);
+    placesMoved(moved ? 0 : row, 0);
     return true;
 }
 
 void CurrentCellGrid::Clear() {
     model_.clear();
-    cellsChanged({0, 0, Rows() - 1, Cols() - 1});
+    if (watched_) cellsChanged({0, 0, Rows() - 1, Cols() - 1});
 }
 
 bool CurrentCellGrid::Sort(int32_t setting) {
     if (setting != 1 && setting != 2) return false;
     const auto direction = setting == 1 ? SortDirection::ascending : SortDirection::descending;
     if (!model_.sort(current_.col, direction, 0, Rows() - 1)) return false;
-    placesChanged(0, 0);
+    placesMoved(0, 0);
     return true;
 }
 
 bool CurrentCellGrid::SetText(TextView text) {
     if (!model_.setText(current_, text)) return false;
-    cellsChanged({current_.row, current_.col, current_.row, current_.col});
+    currentCellChanged();
     return true;
 }
 
@@ -125,14 +123,14 @@ int32_t CurrentCellGrid::ColWidth(int32_t col) const {
 
 bool CurrentCellGrid::SetColWidth(int32_t col, int32_t twips) {
     if (!model_.setColWidth(col, twips)) return false;
-    placesChanged(0, col);
+    placesMoved(0, col);
     return true;
 }
 
 bool CurrentCellGrid::SetColAlignment(int32_t col, int32_t alignment) {
     const auto known = cellAlignment(alignment);
     if (!known || !model_.setColAlignment(col, *known)) return false;
-    cellsChanged({0, col, Rows() - 1, col});
+    if (watched_) cellsChanged({0, col, Rows() - 1, col});
     return true;
 }
 
@@ -142,7 +140,7 @@ int32_t CurrentCellGrid::RowHeight(int32_t row) const {
 
 bool CurrentCellGrid::SetRowHeight(int32_t row, int32_t twips) {
     if (!model_.setRowHeight(row, twips)) return false;
-    placesChanged(row, 0);
+    placesMoved(row, 0);
     return true;
 }
 

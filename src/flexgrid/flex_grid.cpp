@@ -55,6 +55,7 @@ bool FlexGrid::SetHighLight(int32_t setting) {
 void FlexGrid::SetRedraw(bool redraw) {
     if (redraw == redraw_) return;
     redraw_ = redraw;
+    setWatched(redraw_ && attached_);
     if (!redraw) return;
     layOut();
     invalidate();
@@ -83,7 +84,7 @@ void FlexGrid::scrollTo(ScrollOffset offset) {
     const GridView after = view();
     offset_ = after.offset();
     if (offset_ == before) return;
-    if (drawing()) {
+    if (watched()) {
         verticalBar_.setRange(after.verticalRange());
         horizontalBar_.setRange(after.horizontalRange());
         const PixelRect cells{0, 0, after.size().width, after.size().height};
@@ -143,17 +144,15 @@ bool FlexGrid::takeFocus() {
 }
 
 void FlexGrid::cellsChanged(const CellRange& cells) {
-    if (drawing()) invalidateCells(cells);
+    invalidateCells(cells);
 }
 
 void FlexGrid::selectionChanged(const CellRange& before, CellAddress) {
-    if (!drawing()) return;
     invalidateCells(before);
     invalidateCells(selection());
 }
 
 void FlexGrid::placesChanged(int32_t fromRow, int32_t fromCol) {
-    if (!drawing()) return;
     const GridView wanted = view();
     const bool same = offset_ == wanted.offset() && verticalBar_.visible() == wanted.verticalBar() &&
                       horizontalBar_.visible() == wanted.horizontalBar();
@@ -259,6 +258,7 @@ void FlexGrid::paint(Canvas& canvas, const PixelRect& bounds) {
 
 void FlexGrid::attach(SurfacePeer& peer) {
     attached_ = true;
+    setWatched(redraw_);
     Container::attach(peer);
     peer.acceptDrops();
     layOut();
@@ -267,6 +267,7 @@ void FlexGrid::attach(SurfacePeer& peer) {
 void FlexGrid::detach() {
     endDrag();
     attached_ = false;
+    setWatched(false);
     Container::detach();
 }
 

@@ -29,6 +29,12 @@ public:
     }
     // Null in a run of rows that nobody has touched, and for a row that is not there.
     RowHandle* touched(int32_t row) { return const_cast<RowHandle*>(find(row)); }
+    // Grids are mostly gone through row by row: has the rows after one ready when they are asked for.
+    void fetchAfter(int32_t row) const {
+        constexpr int32_t ahead = 4;
+        const RowHandle* const handle = row < size_ - ahead ? find(row + ahead) : nullptr;
+        if (handle) __builtin_prefetch(handle->get());
+    }
     // To write to it; heights are set with setHeight(). Rows are 0 to size() - 1 here and below.
     RowHandle& slot(int32_t row);
 
