@@ -160,14 +160,18 @@ void FlexGrid::placesChanged(int32_t fromRow, int32_t fromCol) {
     const PixelRect cells{0, 0, wanted.size().width, wanted.size().height};
     if (!same) return invalidate();
     const PixelPoint start = wanted.leftTop({fromRow, fromCol});
-    invalidateArea(PixelRect{start.x, start.y, cells.right, cells.bottom}.intersected(cells));
+    const int32_t reach = GridPainter::frameReach(dpi());
+    invalidateArea(PixelRect{start.x - reach, start.y - reach, cells.right, cells.bottom}.intersected(cells));
 }
 
 void FlexGrid::invalidateCells(const CellRange& cells) {
     const GridView shown = view();
     const CellRange visible = cells.intersected(shown.visible());
-    if (!visible.empty())
-        invalidateArea(shown.rect(visible).intersected({0, 0, shown.size().width, shown.size().height}));
+    if (visible.empty()) return;
+    PixelRect rect = shown.rect(visible);
+    rect.left -= GridPainter::frameReach(dpi());
+    rect.top -= GridPainter::frameReach(dpi());
+    invalidateArea(rect.intersected({0, 0, shown.size().width, shown.size().height}));
 }
 
 void FlexGrid::invalidateArea(const PixelRect& onWidget) {
