@@ -16,9 +16,9 @@ struct ColumnEntry {
     double width;  ///< twips
     long type;
 };
-constexpr ColumnEntry columns[] = {{L"", 330, 2},         {L"No.", 600, 2},       {L"Customer", 1650, 0},
-                                   {L"Article", 1350, 4}, {L"Delivery", 1500, 1}, {L"Time", 1000, 6},
-                                   {L"Pieces", 700, 5},   {L"Paid", 540, 3}};
+constexpr ColumnEntry columns[] = {{L"", 330, 2},         {L"No.", 540, 2},       {L"Customer", 1350, 0},
+                                   {L"Article", 1200, 4}, {L"Delivery", 1500, 1}, {L"Time", 1060, 6},
+                                   {L"Pieces", 540, 5},   {L"Paid", 400, 3}};
 constexpr const wchar_t* articles[] = {L"Writing desk", L"Bookcase", L"Dining chair", L"Sideboard", L"Lamp"};
 
 constexpr const wchar_t* orders[] = {

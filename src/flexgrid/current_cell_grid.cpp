@@ -13,7 +13,7 @@ void CurrentCellGrid::change(const std::function<void(GridModel&)>& work) {
         ~Settle() {
             ++grid.arrangement_;
             grid.bringInside();
-            grid.placesChanged(0, 0);
+            grid.placesMoved(0, 0);
         }
     } settle{*this};
     work(model_);
@@ -37,7 +37,7 @@ bool CurrentCellGrid::SetRows(int32_t count) {
     if (!model_.setRows(count)) return false;
     ++arrangement_;
     const bool moved = bringInside();
-    if (count != before) placesChanged(moved ? 0 : std::min(before, count), 0);
+    if (count != before) placesMoved(moved ? 0 : std::min(before, count), 0);
     return true;
 }
 
@@ -46,19 +46,17 @@ bool CurrentCellGrid::SetCols(int32_t count) {
     if (!model_.setCols(count)) return false;
     ++arrangement_;
     const bool moved = bringInside();
-    if (count != before) placesChanged(0, moved ? 0 : std::min(before, count));
+    if (count != before) placesMoved(0, moved ? 0 : std::min(before, count));
     return true;
 }
 
 bool CurrentCellGrid::SetRow(int32_t row) {
-    const CellAddress cell{row, current_.col};
-    return Select(cell, cell);
+    return Select(CellAddress{row, current_.col});
 }
 
 bool CurrentCellGrid::SetCol(int32_t col) {
     // Also in a grid without rows, for the rows that come.
-    const CellAddress cell{current_.row, col};
-    return Select(cell, cell);
+    return Select(CellAddress{current_.row, col});
 }
 
 bool CurrentCellGrid::Select(CellAddress current, CellAddress corner) {
@@ -71,7 +69,7 @@ bool CurrentCellGrid::Select(CellAddress current, CellAddress corner) {
     const CellAddress currentBefore = current_;
     current_ = current;
     corner_ = corner;
-    selectionChanged(before, currentBefore);
+    if (watched_) selectionChanged(before, currentBefore);
     return true;
 }
 
@@ -79,7 +77,7 @@ bool CurrentCellGrid::AddItem(TextView item, int32_t row) {
     if (!model_.addItem(item, row)) return false;
     ++arrangement_;
     if (current_.row < 0) bringInside();
-    placesChanged(row, 0);
+    placesMoved(row, 0);
     return true;
 }
 
@@ -87,14 +85,14 @@ bool CurrentCellGrid::RemoveItem(int32_t row) {
     if (!model_.removeItem(row)) return false;
     ++arrangement_;
     const bool moved = bringInside();
-    placesChanged(moved ? 0 : row, 0);
+    placesMoved(moved ? 0 : row, 0);
     return true;
 }
 
 void CurrentCellGrid::Clear() {
     model_.clear();
     ++arrangement_;
-    cellsChanged({0, 0, Rows() - 1, Cols() - 1});
+    if (watched_) cellsChanged({0, 0, Rows() - 1, Cols() - 1});
 }
 
 bool CurrentCellGrid::Sort(int32_t setting) {
@@ -102,13 +100,13 @@ bool CurrentCellGrid::Sort(int32_t setting) {
     const auto direction = setting == 1 ? SortDirection::ascending : SortDirection::descending;
     if (!model_.sort(current_.col, direction, 0, Rows() - 1)) return false;
     ++arrangement_;
-    placesChanged(0, 0);
+    placesMoved(0, 0);
     return true;
 }
 
 bool CurrentCellGrid::SetText(TextView text) {
     if (!model_.setText(current_, text)) return false;
-    cellsChanged({current_.row, current_.col, current_.row, current_.col});
+    currentCellChanged();
     return true;
 }
 
@@ -141,14 +139,14 @@ int32_t CurrentCellGrid::ColWidth(int32_t col) const {
 
 bool CurrentCellGrid::SetColWidth(int32_t col, int32_t twips) {
     if (!model_.setColWidth(col, twips)) return false;
-    placesChanged(0, col);
+    placesMoved(0, col);
     return true;
 }
 
 bool CurrentCellGrid::SetColAlignment(int32_t col, int32_t alignment) {
     const auto known = cellAlignment(alignment);
     if (!known || !model_.setColAlignment(col, *known)) return false;
-    cellsChanged({0, col, Rows() - 1, col});
+    if (watched_) cellsChanged({0, col, Rows() - 1, col});
     return true;
 }
 
@@ -158,7 +156,7 @@ int32_t CurrentCellGrid::RowHeight(int32_t row) const {
 
 bool CurrentCellGrid::SetRowHeight(int32_t row, int32_t twips) {
     if (!model_.setRowHeight(row, twips)) return false;
-    placesChanged(row, 0);
+    placesMoved(row, 0);
     return true;
 }
 

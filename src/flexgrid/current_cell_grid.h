@@ -37,6 +37,12 @@ public:
     int32_t ColSel() const { return corner_.col; }
     bool SetColSel(int32_t col) { return Select(current_, {corner_.row, col}); }
     bool Select(CellAddress current, CellAddress corner);
+    // Makes the selection one cell.
+    bool Select(CellAddress cell) {
+        if (watched_ || !model_.contains(cell)) return Select(cell, cell);
+        current_ = corner_ = cell;
+        return true;
+    }
     CellAddress current() const { return current_; }
     CellRange selection() const { return CellRange::between(current_, corner_); }
 
@@ -77,6 +83,9 @@ protected:
     CurrentCellGrid(int32_t rows, int32_t cols, Dpi dpi);
     ~CurrentCellGrid() = default;
 
+    // Whether what follows is told.
+    void setWatched(bool watched) { watched_ = watched; }
+    bool watched() const { return watched_; }
     // What has changed and may have to be drawn anew. Nothing may throw from here.
     virtual void cellsChanged(const CellRange& cells) = 0;
     virtual void selectionChanged(const CellRange& before, CellAddress currentBefore) = 0;
@@ -89,14 +98,21 @@ private:
     template <auto Attribute, typename Setting>
     bool setStyle(Setting&& setting) {
         if (!model_.setAttribute<Attribute>(current_, std::forward<Setting>(setting))) return false;
-        cellsChanged({current_.row, current_.col, current_.row, current_.col});
+        currentCellChanged();
         return true;
+    }
+    void currentCellChanged() {
+        if (watched_) cellsChanged(CellRange::between(current_, current_));
+    }
+    void placesMoved(int32_t fromRow, int32_t fromCol) {
+        if (watched_) placesChanged(fromRow, fromCol);
     }
     bool bringInside();
 
     GridModel model_;
     CellAddress current_, corner_;
     uint32_t arrangement_ = 0;
+    bool watched_ = false;
 };
 
 }  // namespace obk

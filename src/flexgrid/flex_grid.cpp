@@ -55,6 +55,7 @@ bool FlexGrid::SetHighLight(int32_t setting) {
 void FlexGrid::SetRedraw(bool redraw) {
     if (redraw == redraw_) return;
     redraw_ = redraw;
+    setWatched(redraw_ && attached_);
     if (!redraw) return;
     layOut();
     invalidate();
@@ -90,7 +91,7 @@ void FlexGrid::scrollTo(ScrollOffset offset) {
     const GridView after = view();
     offset_ = after.offset();
     if (offset_ == before) return;
-    if (drawing()) {
+    if (watched()) {
         verticalBar_.setRange(after.verticalRange());
         horizontalBar_.setRange(after.horizontalRange());
         const PixelRect cells{0, 0, after.size().width, after.size().height};
@@ -150,17 +151,15 @@ bool FlexGrid::takeFocus() {
 }
 
 void FlexGrid::cellsChanged(const CellRange& cells) {
-    if (drawing()) invalidateCells(cells);
+    invalidateCells(cells);
 }
 
 void FlexGrid::selectionChanged(const CellRange& before, CellAddress) {
-    if (!drawing()) return;
     invalidateCells(before);
     invalidateCells(selection());
 }
 
 void FlexGrid::placesChanged(int32_t fromRow, int32_t fromCol) {
-    if (!drawing()) return;
     const GridView wanted = view();
     const bool same = offset_ == wanted.offset() && verticalBar_.visible() == wanted.verticalBar() &&
                       horizontalBar_.visible() == wanted.horizontalBar();
@@ -168,14 +167,18 @@ void FlexGrid::placesChanged(int32_t fromRow, int32_t fromCol) {
     const PixelRect cells{0, 0, wanted.size().width, wanted.size().height};
     if (!same) return invalidate();
     const PixelPoint start = wanted.leftTop({fromRow, fromCol});
-    invalidateArea(PixelRect{start.x, start.y, cells.right, cells.bottom}.intersected(cells));
+    const int32_t reach = GridPainter::frameReach(dpi());
+    invalidateArea(PixelRect{start.x - reach, start.y - reach, cells.right, cells.bottom}.intersected(cells));
 }
 
 void FlexGrid::invalidateCells(const CellRange& cells) {
     const GridView shown = view();
     const CellRange visible = cells.intersected(shown.visible());
-    if (!visible.empty())
-        invalidateArea(shown.rect(visible).intersected({0, 0, shown.size().width, shown.size().height}));
+    if (visible.empty()) return;
+    PixelRect rect = shown.rect(visible);
+    rect.left -= GridPainter::frameReach(dpi());
+    rect.top -= GridPainter::frameReach(dpi());
+    invalidateArea(rect.intersected({0, 0, shown.size().width, shown.size().height}));
 }
 
 void FlexGrid::invalidateArea(const PixelRect& onWidget) {
@@ -267,6 +270,7 @@ void FlexGrid::paint(Canvas& canvas, const PixelRect& bounds) {
 
 void FlexGrid::attach(SurfacePeer& peer) {
     attached_ = true;
+    setWatched(redraw_);
     Container::attach(peer);
     peer.acceptDrops();
     layOut();
@@ -275,6 +279,7 @@ void FlexGrid::attach(SurfacePeer& peer) {
 void FlexGrid::detach() {
     endDrag();
     attached_ = false;
+    setWatched(false);
     Container::detach();
 }
 

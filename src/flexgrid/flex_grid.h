@@ -111,7 +111,6 @@ private:
     void selectionChanged(const CellRange& before, CellAddress currentBefore) override;
     void placesChanged(int32_t fromRow, int32_t fromCol) override;
 
-    bool drawing() const { return redraw_ && attached_; }
     void invalidateCells(const CellRange& cells);
     void invalidateArea(const PixelRect& onWidget);
     void layOut();

@@ -63,6 +63,13 @@ bool GridModel::setText(CellAddress cell, TextView text) {
     return true;
 }
 
+void GridModel::putStyle(RowHandle* row, CellAddress cell, StyleRef style) {
+    // A run of rows that nobody has touched stays one.
+    if (!row && !style) return;
+    rows_.fetchAfter(cell.row);
+    PackedRow::setStyle(row ? *row : rows_.slot(cell.row), cell.col, std::move(style), cols());
+}
+
 bool GridModel::setStyle(CellAddress cell, const CellStyle& style) {
     if (!contains(cell) || (style.fontName && style.fontName->empty())) return false;
     if (style.fontSize && !(*style.fontSize > 0 && *style.fontSize <= largestFont)) return false;

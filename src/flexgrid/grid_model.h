@@ -49,13 +49,13 @@ public:
 
     // Valid until the next change of the grid.
     TextView text(CellAddress cell) const {
-        const PackedRow* row = contains(cell) ? rows_.at(cell.row) : nullptr;
+        const PackedRow* row = rows_.at(cell.row);
         return row ? row->text(cell.col) : TextView();
     }
     bool setText(CellAddress cell, TextView text);
 
     StyleRef style(CellAddress cell) const {
-        const PackedRow* row = contains(cell) ? rows_.at(cell.row) : nullptr;
+        const PackedRow* row = rows_.at(cell.row);
         return row ? row->style(cell.col) : StyleRef();
     }
     // Refused for a font size that is none (0 or less, more than `largestFont`) and for an empty font name.
@@ -65,27 +65,18 @@ public:
     // One attribute of a cell's style: setAttribute<&CellStyle::bold>(cell, true). Refused as by setStyle().
     template <auto Attribute, typename Setting>
     bool setAttribute(CellAddress cell, Setting&& setting) {
-        if (!contains(cell)) return false;
-        constexpr bool small = SmallSetting<std::remove_cvref_t<Setting>>;
-        RowHandle* const row = rows_.touched(cell.row);
-        StyleRef* const place = row && *row ? (*row)->stylePlace(cell.col) : nullptr;
-        StyleTable::Transition transition;
-        if constexpr (small) {
-            transition = StyleTable::transition(place, &attributeMark<Attribute>, settingBits(setting));
-            if (auto known = styles_.after(transition)) {
-                if (place)
-                    *place = std::move(*known);
-                else
-                    putStyle(row, cell, std::move(*known));
-                return true;
-            }
+        if constexpr (SmallSetting<std::remove_cvref_t<Setting>>) {
+            RowHandle* const row = rows_.touched(cell.row);
+            StyleRef* const place = row && *row ? (*row)->stylePlace(cell.col) : nullptr;
+            const uint32_t bits = settingBits(setting);
+            if (place && styles_.repeat(*place, &attributeMark<Attribute>, bits)) return true;
+            return setSmallAttribute(cell, &attributeMark<Attribute>, bits,
+                                     [setting](CellStyle& style) { style.*Attribute = setting; });
+        } else {
+            CellStyle changed = *style(cell);
+            changed.*Attribute = std::forward<Setting>(setting);
+            return setStyle(cell, changed);
         }
-        const StyleRef from = place ? *place : StyleRef();  // held, for what is remembered of it
-        CellStyle changed = *from;
-        changed.*Attribute = std::forward<Setting>(setting);
-        if (!setStyle(cell, changed)) return false;
-        if constexpr (small) styles_.remember(transition, style(cell));
-        return true;
     }
     // How many different styles the cells have.
     size_t styleCount() const { return styles_.size(); }
@@ -104,11 +95,23 @@ private:
     template <auto Attribute>
     static constexpr char attributeMark{};
 
-    void putStyle(RowHandle* row, CellAddress cell, StyleRef style) {
-        // A run of rows that nobody has touched stays one.
-        if (!row && !style) return;
-        PackedRow::setStyle(row ? *row : rows_.slot(cell.row), cell.col, std::move(style), cols());
+    // One that cells were not set to one after another; `set` sets it.
+    template <typename Set>
+    bool setSmallAttribute(CellAddress cell, const void* attribute, uint32_t bits, Set&& set) {
+        if (!contains(cell)) return false;
+        const StyleRef from = style(cell);
+        StyleRef to = from;
+        if (styles_.repeat(to, attribute, bits)) {
+            putStyle(rows_.touched(cell.row), cell, std::move(to));
+            return true;
+        }
+        CellStyle changed = *from;
+        set(changed);
+        if (!setStyle(cell, changed)) return false;
+        styles_.remember(from, attribute, bits, style(cell));
+        return true;
     }
+    void putStyle(RowHandle* row, CellAddress cell, StyleRef style);
 
     StyleTable styles_;  // outlives the rows that refer to it
     RowSequence rows_;

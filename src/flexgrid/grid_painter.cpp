@@ -184,14 +184,17 @@ void GridPainter::paintLines(const PixelRect& cells) {
 void GridPainter::paintFrame() {
     if (!view_.grid().contains(marks_.current)) return;
     PixelRect rect = view_.rect(marks_.current);
-    if (rect.empty() || rect.intersected(clip_).empty()) return;
-    rect.right -= line_;
-    rect.bottom -= line_;
+    if (rect.empty()) return;
+    // On the lines and, with the focus, on what a row has above and below its text.
+    rect.left -= frameReach(canvas_.dpi());
+    rect.top -= frameReach(canvas_.dpi());
+    if (rect.intersected(clip_).empty()) return;
     rect = rect.moved(origin_.x, origin_.y);
-    // Two colours, so that it is seen on cells of every colour.
-    if (marks_.focused) canvas_.frameRect(rect, frameThickness(canvas_.dpi()), look_.focus);
-    const int32_t inside = marks_.focused ? frameThickness(canvas_.dpi()) : 0;
-    canvas_.frameRect(rect.inset(inside), line_, marks_.focused ? look_.window : look_.selectionBack);
+    canvas_.frameRect(rect, line_, marks_.focused ? look_.focus : look_.selectionBack);
+    if (!marks_.focused) return;
+    // Two colours on a cell of a colour of its own, so that it is seen on every one.
+    const bool usual = backColour(marks_.current, *view_.grid().style(marks_.current)) == look_.back;
+    canvas_.frameRect(rect.inset(line_), line_, usual ? look_.focus : look_.window);
 }
 
 }  // namespace obk

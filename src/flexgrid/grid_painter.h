@@ -44,8 +44,8 @@ public:
     // What the canvas's clip lets through.
     void paint();
 
-    // The frame around the current cell lies this much inside its edges.
-    static int32_t frameThickness(Dpi dpi) { return dpi.scaled(2); }
+    // The frame of the current cell lies on the lines around it, so this much above and left of the cell.
+    static int32_t frameReach(Dpi dpi) { return dpi.scaled(1); }
 
 private:
     void paintRow(int32_t row, int32_t top, int32_t bottom);

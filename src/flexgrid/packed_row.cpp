@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
-#include <functional>
 #include <new>
 #include <utility>
 
@@ -36,16 +35,15 @@ bool liesApart(TextView text) {
     return text.size() > PackedRow::longestInline;
 }
 
-// What a row's texts may take together; far more than a grid's columns need while long texts lie apart.
-constexpr size_t mostUnits = 0x3FFFFFFF;
-
 uint32_t unitsFor(TextView text) {
     return liesApart(text) ? addressUnits : static_cast<uint32_t>(text.size());
 }
 
-// Room that spares the next few growths their move.
-size_t grown(size_t needed, size_t present) {
-    return present == 0 ? needed : needed + needed / 8 + 8;
+// Places in it are counted in 32 bits.
+constexpr size_t longestItem = 0x7FFFFFFF;
+
+void release(ApartAddress address) {
+    if (--address->references == 0) delete address;
 }
 
 }  // namespace
@@ -60,9 +58,11 @@ PackedRow::~PackedRow() {
 }
 
 RowHandle PackedRow::make(size_t slots, size_t units) {
-    const size_t bytes = sizeof(PackedRow) + slots * sizeof(uint32_t) + units * sizeof(char16_t);
-    void* memory = ::operator new(bytes);
-    return RowHandle(new (memory) PackedRow(static_cast<uint32_t>(slots), static_cast<uint32_t>(units)));
+    static_assert(sizeof(Place) == placeUnits * sizeof(char16_t));
+    const size_t capacity = slots * placeUnits + units;
+    if (capacity > Place::mostUnits) throw std::bad_alloc();
+    void* memory = ::operator new(sizeof(PackedRow) + capacity * sizeof(char16_t));
+    return RowHandle(new (memory) PackedRow(slots, capacity));
 }
 
 RowHandle PackedRow::fromItem(TextView item, int32_t cols) {
@@ -73,7 +73,7 @@ RowHandle PackedRow::fromItem(TextView item, int32_t cols) {
     size_t room = few.size();
     size_t count = 0, longest = 0, start = 0;
     const auto limit = static_cast<size_t>(cols);
-    if (item.size() > mostUnits) throw std::bad_alloc();
+    if (item.size() > longestItem) throw std::bad_alloc();
     const char16_t* const units = item.data();
     const size_t size = item.size();
     for (size_t at = 0; count < limit; ++at) {
@@ -99,29 +99,30 @@ RowHandle PackedRow::fromItem(TextView item, int32_t cols) {
     const size_t used = count == 0 ? 0 : found[count - 1];
     if (used == 0 && count <= 1) return nullptr;
     RowHandle row = make(count, used);
-    std::memcpy(row->ends(), found, count * sizeof(uint32_t));
-    // The tab characters come along: they are the units between two texts.
-    std::memcpy(row->units(), units, used * sizeof(char16_t));
-    row->cells_ = static_cast<uint32_t>(count);
+    // The tab characters come along: a little room for each text.
+    const auto first = static_cast<uint32_t>(count * placeUnits);
+    std::memcpy(row->units() + first, units, used * sizeof(char16_t));
+    uint32_t from = 0;
+    for (size_t cell = 0; cell < count; from = found[cell++] + 1)
+        row->places()[cell] = Place(first + from, found[cell] - from);
+    row->cells_ = static_cast<uint16_t>(count);
     return row;
 }
 
 RowHandle PackedRow::fromTexts(std::span<const TextView> texts) {
     while (!texts.empty() && texts.back().empty()) texts = texts.first(texts.size() - 1);
     if (texts.empty()) return nullptr;
-    size_t units = texts.size() - 1;
+    size_t units = 0;
     for (const TextView text : texts) units += unitsFor(text);
-    if (units > mostUnits) throw std::bad_alloc();
     RowHandle row = make(texts.size(), units);
     struct Kept {
         TextView text;
         ApartAddress address = nullptr;
     };
     std::array<Kept, 2> recent;
-    uint32_t at = 0;
-    for (size_t cell = 0; cell < texts.size(); ++cell) {
-        const TextView text = texts[cell];
-        uint32_t flag = 0;
+    uint32_t start = row->usedEnd();
+    for (const TextView text : texts) {
+        uint32_t length = unitsFor(text);
         if (liesApart(text)) {
             const auto again = std::find_if(recent.begin(), recent.end(), [text](const Kept& kept) {
                 return kept.text.data() == text.data() && kept.text.size() == text.size();
@@ -129,28 +130,34 @@ RowHandle PackedRow::fromTexts(std::span<const TextView> texts) {
             if (again == recent.end()) recent = {Kept{text, new ApartText{Text(text), 0}}, recent[0]};
             const ApartAddress address = again == recent.end() ? recent[0].address : again->address;
             ++address->references;
-            putAddress(row->units() + at, address);
-            flag = apartBit;
+            putAddress(row->units() + start, address);
+            length = Place::apartLength;
         } else {
-            std::copy(text.begin(), text.end(), row->units() + at);
+            std::copy(text.begin(), text.end(), row->units() + start);
         }
-        at += unitsFor(text);
-        row->ends()[cell] = at | flag;
-        row->cells_ = static_cast<uint32_t>(cell + 1);  // what is made is released if the next one fails
-        if (cell + 1 < texts.size()) row->units()[at++] = 0;
+        row->places()[row->cells_++] = Place(start, length);  // released if the next one fails
+        start += unitsFor(text);
     }
     return row;
 }
 
-TextView PackedRow::apart(uint32_t start) const {
-    return addressAt(units() + start)->text;
+uint32_t PackedRow::heldUnits(Place place) {
+    return place.apart() ? addressUnits : place.length();
+}
+
+uint32_t PackedRow::usedEnd() const {
+    if (cells_ == 0) return slots_ * placeUnits;
+    const Place last = places()[cells_ - 1];
+    return last.start() + heldUnits(last);
+}
+
+TextView PackedRow::apart(Place place) const {
+    return addressAt(units() + place.start())->text;
 }
 
 void PackedRow::releaseApart(uint32_t firstCell) noexcept {
     for (uint32_t cell = firstCell; cell < cells_; ++cell) {
-        if ((ends()[cell] & apartBit) == 0) continue;
-        ApartAddress address = addressAt(units() + (ends()[cell] & placeBits) - addressUnits);
-        if (--address->references == 0) delete address;
+        if (places()[cell].apart()) release(addressAt(units() + places()[cell].start()));
     }
 }
 
@@ -159,89 +166,95 @@ PackedRow& PackedRow::ensured(RowHandle& row) {
     return *row;
 }
 
-// Moves the row to a larger place unless it has room enough.
-void PackedRow::reserve(RowHandle& row, size_t slots, size_t units) {
-    if (row && row->slots_ >= slots && row->capacity_ >= units) return;
-    if (units > mostUnits) throw std::bad_alloc();
-    const size_t newSlots = row ? std::max<size_t>(slots, row->slots_) : slots;
-    const size_t newUnits =
-        row && row->capacity_ >= units ? row->capacity_ : grown(units, row ? row->capacity_ : 0);
-    RowHandle larger = make(newSlots, newUnits);
+// Moves the texts after a cell's to make room in it, while the row has units left.
+bool PackedRow::widen(uint32_t cell, uint32_t count) noexcept {
+    if (cell + 1 >= cells_) return false;
+    const uint32_t next = places()[cell + 1].start(), used = usedEnd();
+    const uint32_t by = places()[cell].start() + count - next;
+    if (capacity_ - used < by) return false;
+    std::memmove(units() + next + by, units() + next, (used - next) * sizeof(char16_t));
+    for (uint32_t at = cell + 1; at < cells_; ++at) places()[at].move(by);
+    return true;
+}
+
+// Makes a cell beyond the last one, while the row has places and units left.
+bool PackedRow::append(uint32_t cell, uint32_t count) noexcept {
+    const uint32_t used = usedEnd();
+    if (cell < cells_ || cell >= slots_ || capacity_ - used < count) return false;
+    std::fill(places() + cells_, places() + cell + 1, Place(used, 0));
+    cells_ = static_cast<uint16_t>(cell + 1);
+    return true;
+}
+
+// Room for a cell's next text; the one that it has may go.
+void PackedRow::makeRoom(RowHandle& row, uint32_t cell, uint32_t count, int32_t cols) {
+    if (row && cell < row->cells_ && (row->hasRoom(cell, count) || row->widen(cell, count))) return;
+    if (row && row->append(cell, count)) return;
+    moveToLarger(row, cell, count, cols);
+}
+
+void PackedRow::moveToLarger(RowHandle& row, uint32_t cell, uint32_t count, int32_t cols) {
+    const uint32_t present = row ? row->cells_ : 0;
+    // Rows that are filled cell by cell grow by more than one place at a time, those that are written to by
+    // more than one text.
+    size_t slots = row ? row->slots_ : 0, units = count;
+    if (cell >= slots)
+        slots = std::max<size_t>(cell + 1, std::min<size_t>(static_cast<size_t>(cols), present * 2));
+    for (uint32_t at = 0; at < present; ++at) units += at == cell ? 0 : heldUnits(row->places()[at]);
+    RowHandle larger = make(slots, present == 0 ? units : units + units / 8 + 8);
+    uint32_t start = larger->usedEnd();
+    for (uint32_t at = 0; at < std::max(present, cell + 1); ++at) {
+        const Place from = at < present && at != cell ? row->places()[at] : Place(0, 0);
+        if (from.length() != 0)
+            std::memcpy(larger->units() + start, row->units() + from.start(),
+                        heldUnits(from) * sizeof(char16_t));
+        larger->places()[at] = Place(start, from.length());
+        start += at == cell ? count : heldUnits(from);
+    }
+    larger->cells_ = static_cast<uint16_t>(std::max(present, cell + 1));
     if (row) {
-        std::memcpy(larger->ends(), row->ends(), row->cells_ * sizeof(uint32_t));
-        std::memcpy(larger->units(), row->units(), row->used() * sizeof(char16_t));
         larger->height_ = row->height_;
-        larger->styled_ = std::exchange(row->styled_, 0);
+        larger->styled_ = std::exchange(row->styled_, uint16_t{0});
         larger->styles_ = std::move(row->styles_);
-        larger->cells_ = std::exchange(row->cells_, 0);
+        // What lies apart has moved along, but for what is replaced.
+        if (cell < present) std::swap(row->places()[0], row->places()[cell]);
+        row->cells_ = cell < present ? 1 : 0;
     }
     row = std::move(larger);
 }
 
-// Gives a cell's text another length; the units of the new text are the caller's to write.
-void PackedRow::replaceUnits(PackedRow& row, int32_t col, uint32_t count, uint32_t flag) noexcept {
-    uint32_t* const ends = row.ends();
-    const auto cell = static_cast<uint32_t>(col);
-    const uint32_t used = row.used();
-    const uint32_t start = cell == 0 ? 0 : (ends[cell - 1] & placeBits) + 1;
-    const uint32_t end = ends[cell] & placeBits;
-    const uint32_t newEnd = start + count;
-    if (newEnd != end) {
-        std::memmove(row.units() + newEnd, row.units() + end, (used - end) * sizeof(char16_t));
-        const uint32_t shift = newEnd - end;  // wraps, and so does the sum
-        for (uint32_t at = cell + 1; at < row.cells_; ++at) ends[at] += shift;
-    }
-    ends[cell] = newEnd | flag;
-}
-
 void PackedRow::setText(RowHandle& row, int32_t col, TextView text, int32_t cols) {
     const auto cell = static_cast<uint32_t>(col);
-    const uint32_t present = row ? row->cells_ : 0;
-    if (cell >= present && text.empty()) return;
-    const char16_t* const from = row ? row->units() : nullptr;
-    const bool within =
-        row && std::less_equal<>()(from, text.data()) && std::less<>()(text.data(), from + row->capacity_);
-    const bool wasApart = cell < present && (row->ends()[cell] & apartBit) != 0;
+    if (!row || cell >= row->cells_ || row->places()[cell].apart() || liesApart(text) ||
+        !row->hasRoom(cell, static_cast<uint32_t>(text.size())))
+        return replaceText(row, cell, text, cols);
+    Place& place = row->places()[cell];
+    std::char_traits<char16_t>::move(row->units() + place.start(), text.data(), text.size());
+    place.setLength(static_cast<uint32_t>(text.size()));
+}
+
+void PackedRow::replaceText(RowHandle& row, uint32_t cell, TextView text, int32_t cols) {
+    if (text.empty() && (!row || cell >= row->cells_)) return;
     // A text of this very row moves while it is written, and one that lay apart may go.
     std::unique_ptr<ApartText> apartText;
-    Text copy;
-    if (liesApart(text)) {
+    std::array<char16_t, longestInline> copy;
+    if (liesApart(text))
         apartText = std::make_unique<ApartText>(ApartText{Text(text), 1});
-    } else if (within || wasApart) {
-        copy.assign(text);
-        text = copy;
-    }
-
-    const uint32_t count = apartText ? addressUnits : static_cast<uint32_t>(text.size());
-    if (cell >= present) {
-        // Rows that are filled cell by cell grow by more than one place at a time.
-        const size_t wanted = std::min<size_t>(static_cast<size_t>(cols), size_t{present} * 2);
-        const size_t slots = std::max<size_t>(cell + size_t{1}, wanted);
-        const size_t added = cell + 1 - present;
-        const size_t separators = present == 0 ? added - 1 : added;
-        reserve(row, row && row->slots_ > cell ? row->slots_ : slots,
-                (row ? row->used() : 0) + separators + count);
-        uint32_t end = row->used();
-        for (uint32_t at = present; at <= cell; ++at) {
-            if (at > 0) row->units()[end++] = 0;
-            row->ends()[at] = end;
-        }
-        row->cells_ = cell + 1;
-    } else {
-        const uint32_t start = cell == 0 ? 0 : (row->ends()[cell - 1] & placeBits) + 1;
-        const uint32_t old = (row->ends()[cell] & placeBits) - start;
-        if (count > old) reserve(row, row->slots_, size_t{row->used()} + count - old);
-        if (wasApart) {
-            ApartAddress address = addressAt(row->units() + start);
-            if (--address->references == 0) delete address;
-        }
-    }
-    replaceUnits(*row, col, count, apartText ? apartBit : 0);
-    char16_t* const place = row->units() + (row->ends()[cell] & placeBits) - count;
-    if (apartText)
-        putAddress(place, apartText.release());
     else
-        std::copy(text.begin(), text.end(), place);
+        std::copy(text.begin(), text.end(), copy.begin());
+
+    const uint32_t count = unitsFor(text);
+    makeRoom(row, cell, count, cols);
+    Place& place = row->places()[cell];
+    char16_t* const at = row->units() + place.start();
+    if (place.apart()) release(addressAt(at));
+    if (apartText) {
+        putAddress(at, apartText.release());
+        place.setLength(Place::apartLength);
+    } else {
+        std::copy_n(copy.begin(), count, at);
+        place.setLength(count);
+    }
 }
 
 // None for a cell beyond the styled ones that stays without a style.
@@ -249,12 +262,13 @@ void PackedRow::makeRoomForStyle(RowHandle& row, int32_t col, const StyleRef& st
     if (!style) return;
     PackedRow& own = ensured(row);
     // A row is mostly styled from its first cell to its last.
-    const uint32_t wanted = std::min(static_cast<uint32_t>(cols), std::max(own.cells_, own.styled_ * 2));
+    const uint32_t wanted =
+        std::min(static_cast<uint32_t>(cols), std::max<uint32_t>(own.cells_, own.styled_ * 2u));
     const uint32_t count = std::max(static_cast<uint32_t>(col) + 1, wanted);
     auto larger = std::make_unique<StyleRef[]>(count);
     std::move(own.styles_.get(), own.styles_.get() + own.styled_, larger.get());
     own.styles_ = std::move(larger);
-    own.styled_ = count;
+    own.styled_ = static_cast<uint16_t>(count);
 }
 
 void PackedRow::setStyles(RowHandle& row, std::span<const StyleRef> styles) {
@@ -262,7 +276,7 @@ void PackedRow::setStyles(RowHandle& row, std::span<const StyleRef> styles) {
     std::copy(styles.begin(), styles.end(), own.get());
     PackedRow& styled = ensured(row);
     styled.styles_ = std::move(own);
-    styled.styled_ = static_cast<uint32_t>(styles.size());
+    styled.styled_ = static_cast<uint16_t>(styles.size());
 }
 
 void PackedRow::setHeight(RowHandle& row, int32_t height) {
@@ -275,7 +289,7 @@ void PackedRow::clear() noexcept {
 }
 
 void PackedRow::truncate(int32_t cols) noexcept {
-    const auto count = static_cast<uint32_t>(cols);
+    const auto count = static_cast<uint16_t>(cols);
     if (count < cells_) {
         releaseApart(count);
         cells_ = count;

@@ -1,8 +1,9 @@
-// One row of cells in one piece of memory: where each text ends, then the texts themselves.
+// One row of cells in one piece of memory: where each text is, then the texts themselves.
 #pragma once
 
 #include "base/text.h"
 #include "flexgrid/style_table.h"
+#include "flexgrid/text_place.h"
 
 #include <cstdint>
 #include <memory>
@@ -20,8 +21,10 @@ struct PackedRowDeleter {
 // Null stands for a row of empty cells without styles in the grid's own height.
 using RowHandle = std::unique_ptr<PackedRow, PackedRowDeleter>;
 
-// A text-only cell costs its text and six bytes. Texts too long to be moved about lie apart, shared where one
-// text fills several cells. Functions that make or grow a row change nothing when memory ends.
+// A text-only cell costs its text and six bytes. Texts stand in the order of their cells, and the room of one
+// goes on to the next, so that most can be replaced where they are. Texts too long to be moved about lie
+// apart, shared where one text fills several cells. Functions that make or grow a row change nothing when
+// memory ends.
 class PackedRow {
 public:
     static constexpr size_t longestInline = 200;
@@ -39,11 +42,10 @@ public:
 
     // Empty for a cell beyond those that were set. Valid until the row changes.
     TextView text(int32_t col) const {
-        if (static_cast<uint32_t>(col) >= cells_) return {};
-        const uint32_t start = col == 0 ? 0 : (ends()[col - 1] & placeBits) + 1;
-        const uint32_t end = ends()[col];
-        if ((end & apartBit) != 0) return apart(start);
-        return {units() + start, end - start};
+        const auto cell = static_cast<uint32_t>(col);
+        if (cell >= cells_) return {};
+        const Place place = places()[cell];
+        return place.apart() ? apart(place) : TextView{units() + place.start(), place.length()};
     }
     // `text` may lie in this row. `cols` is the grid's and bounds how far the row grows.
     static void setText(RowHandle& row, int32_t col, TextView text, int32_t cols);
@@ -75,32 +77,41 @@ public:
 private:
     friend struct PackedRowDeleter;
 
-    // An end is counted in units from the start of the texts, a unit between two of them. Where the bit is
-    // set, the text's place holds the address of a text that lies apart.
-    static constexpr uint32_t apartBit = 0x80000000u;
-    static constexpr uint32_t placeBits = ~apartBit;
+    using Place = TextPlace;
+    static_assert(longestInline < Place::apartLength);
 
-    PackedRow(uint32_t slots, uint32_t capacity) : slots_(slots), capacity_(capacity) {}
+    static constexpr uint32_t placeUnits = sizeof(Place) / sizeof(char16_t);
+
+    PackedRow(size_t slots, size_t capacity)
+        : capacity_(static_cast<uint32_t>(capacity)), slots_(static_cast<uint16_t>(slots)) {}
     static RowHandle make(size_t slots, size_t units);
     static PackedRow& ensured(RowHandle& row);
-    static void reserve(RowHandle& row, size_t slots, size_t units);
+    static void replaceText(RowHandle& row, uint32_t cell, TextView text, int32_t cols);
+    static void makeRoom(RowHandle& row, uint32_t cell, uint32_t count, int32_t cols);
+    static void moveToLarger(RowHandle& row, uint32_t cell, uint32_t count, int32_t cols);
     static void makeRoomForStyle(RowHandle& row, int32_t col, const StyleRef& style, int32_t cols);
-    static void replaceUnits(PackedRow& row, int32_t col, uint32_t count, uint32_t flag) noexcept;
+    bool hasRoom(uint32_t cell, uint32_t count) const {
+        return places()[cell].start() + count <=
+               (cell + 1u < cells_ ? places()[cell + 1].start() : capacity_);
+    }
+    bool widen(uint32_t cell, uint32_t count) noexcept;
+    bool append(uint32_t cell, uint32_t count) noexcept;
+    static uint32_t heldUnits(Place place);
+    uint32_t usedEnd() const;
 
-    uint32_t* ends() { return reinterpret_cast<uint32_t*>(this + 1); }
-    const uint32_t* ends() const { return reinterpret_cast<const uint32_t*>(this + 1); }
-    char16_t* units() { return reinterpret_cast<char16_t*>(ends() + slots_); }
-    const char16_t* units() const { return reinterpret_cast<const char16_t*>(ends() + slots_); }
-    uint32_t used() const { return cells_ == 0 ? 0 : ends()[cells_ - 1] & placeBits; }
-    TextView apart(uint32_t start) const;
+    Place* places() { return reinterpret_cast<Place*>(this + 1); }
+    const Place* places() const { return reinterpret_cast<const Place*>(this + 1); }
+    char16_t* units() { return reinterpret_cast<char16_t*>(this + 1); }
+    const char16_t* units() const { return reinterpret_cast<const char16_t*>(this + 1); }
+    TextView apart(Place place) const;
     void releaseApart(uint32_t firstCell) noexcept;
 
-    uint32_t cells_ = 0;  // those after it are empty
-    uint32_t slots_;      // cells there is room for
-    uint32_t capacity_;   // units there is room for
-    int32_t height_ = ownHeightNone;
-    uint32_t styled_ = 0;
     std::unique_ptr<StyleRef[]> styles_;
+    int32_t height_ = ownHeightNone;
+    uint32_t capacity_;    // units there is room for, those of the places included
+    uint16_t slots_;       // cells there is room for
+    uint16_t cells_ = 0;   // those after it are empty
+    uint16_t styled_ = 0;  // cells with room for a style
 };
 
 }  // namespace obk

@@ -17,7 +17,14 @@ int32_t pixelsOf(int32_t twips, Dpi dpi) {
 RowSequence::RowSequence(Dpi dpi, int32_t defaultHeight)
     : defaultHeight_(defaultHeight), defaultPixels_(pixelsOf(defaultHeight, dpi)), dpi_(dpi) {}
 
-size_t RowSequence::findBlock(int32_t row) const {
+const RowHandle* RowSequence::findElsewhere(int32_t row) const {
+    if (row < 0 || row >= size_) return nullptr;
+    const Block& block = blocks_[blockOf(row)];
+    return block.rows ? &block.row(row - block.first) : nullptr;
+}
+
+size_t RowSequence::blockOf(int32_t row) const {
+    if (static_cast<uint32_t>(row) < evenRows_) return static_cast<size_t>(row) / blockRows;
     const auto after =
         std::upper_bound(blocks_.begin(), blocks_.end(), row,
                          [](int32_t value, const Block& block) { return value < block.first; });
@@ -61,6 +68,12 @@ void RowSequence::renumber(size_t fromBlock) {
         first += block.count;
         top += pixels(block);
     }
+    evenBlocks_ = std::min(evenBlocks_, fromBlock);
+    while (evenBlocks_ < blocks_.size() && blocks_[evenBlocks_].rows &&
+           blocks_[evenBlocks_].first == static_cast<int32_t>(evenBlocks_) * blockRows)
+        ++evenBlocks_;
+    const Block* last = evenBlocks_ == 0 ? nullptr : &blocks_[evenBlocks_ - 1];
+    evenRows_ = last ? static_cast<uint32_t>(last->first + last->count) : 0;
 }
 
 // Two more blocks can be added without a failure.
@@ -222,6 +235,7 @@ size_t RowSequence::materialized(int32_t row) {
     }
     blocks_[index].rows = std::move(rows);
     blocks_[index].room = count;
+    renumber(index);
     return index;
 }
 

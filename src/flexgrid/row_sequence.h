@@ -22,21 +22,20 @@ public:
     RowSequence(Dpi dpi, int32_t defaultHeight);
 
     int32_t size() const { return size_; }
-    // Null for an empty row. Rows are 0 to size() - 1 here and below.
+    // Null for an empty row, and for one that is not there.
     const PackedRow* at(int32_t row) const {
-        const Block& block = blocks_[blockOf(row)];
-        return block.rows ? block.row(row - block.first).get() : nullptr;
+        const RowHandle* const handle = find(row);
+        return handle ? handle->get() : nullptr;
     }
-    // Null in a run of rows that nobody has touched.
-    RowHandle* touched(int32_t row) {
-        Block& block = blocks_[blockOf(row)];
-        if (!block.rows) return nullptr;
-        RowHandle* const handle = &block.row(row - block.first);
-        // Grids are mostly gone through row by row.
-        if (row - block.first + 1 < block.count) __builtin_prefetch(handle[1].get());
-        return handle;
+    // Null in a run of rows that nobody has touched, and for a row that is not there.
+    RowHandle* touched(int32_t row) { return const_cast<RowHandle*>(find(row)); }
+    // Grids are mostly gone through row by row: has the rows after one ready when they are asked for.
+    void fetchAfter(int32_t row) const {
+        constexpr int32_t ahead = 4;
+        const RowHandle* const handle = row < size_ - ahead ? find(row + ahead) : nullptr;
+        if (handle) __builtin_prefetch(handle->get());
     }
-    // To write to it; heights are set with setHeight().
+    // To write to it; heights are set with setHeight(). Rows are 0 to size() - 1 here and below.
     RowHandle& slot(int32_t row);
 
     // `row` is 0 to size(). False, and nothing changed, when there would be too many rows.
@@ -79,15 +78,13 @@ private:
         RowHandle& row(int32_t at) const { return rows[static_cast<size_t>(at)]; }
     };
 
-    size_t blockOf(int32_t row) const {
-        // A grid that was filled from the front has full blocks only.
-        const size_t guess = static_cast<size_t>(row) / blockRows;
-        if (guess < blocks_.size() &&
-            static_cast<uint32_t>(row - blocks_[guess].first) < static_cast<uint32_t>(blocks_[guess].count))
-            return guess;
-        return findBlock(row);
+    const RowHandle* find(int32_t row) const {
+        const auto number = static_cast<uint32_t>(row);
+        if (number >= evenRows_) return findElsewhere(row);
+        return &blocks_[number / blockRows].rows[number % blockRows];
     }
-    size_t findBlock(int32_t row) const;
+    const RowHandle* findElsewhere(int32_t row) const;
+    size_t blockOf(int32_t row) const;
     int32_t pixels(const PackedRow* row) const;
     int64_t pixels(const Block& block) const;
     void remeasure(size_t block);
@@ -100,6 +97,10 @@ private:
     void joinSmall(size_t block) noexcept;
 
     std::vector<Block> blocks_;
+    // The first blocks that are full, and the one after them: rows that are found by their number. All of
+    // them in a grid that was filled from the front.
+    size_t evenBlocks_ = 0;
+    uint32_t evenRows_ = 0;
     int32_t size_ = 0;
     int32_t defaultHeight_;
     int32_t defaultPixels_;

@@ -9,7 +9,7 @@ const CellStyle& StyleRef::unset() {
 
 void StyleRef::dropLast() const noexcept {
     StyleTable& table = *entry_->table;
-    table.memories_.fill({});
+    table.steps_.fill({});
     table.entries_.erase(table.entries_.find(entry_->style));
 }
 

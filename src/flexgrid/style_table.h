@@ -4,7 +4,7 @@
 #include "flexgrid/cell_style.h"
 
 #include <array>
-#include <optional>
+#include <cstddef>
 #include <unordered_set>
 #include <utility>
 
@@ -57,25 +57,18 @@ public:
 
     // Empty for a style in which nothing is set.
     StyleRef shared(const CellStyle& style);
-    // What a style becomes by one setting: cells that are set one after the other mostly go from and to the
-    // same few styles. `attribute` is any address that stands for what is set.
-    struct Transition {
-        const void* from = nullptr;
-        const void* attribute = nullptr;
-        uint32_t setting = 0;
-        friend bool operator==(const Transition&, const Transition&) = default;
-    };
-    static Transition transition(const StyleRef* from, const void* attribute, uint32_t setting) {
-        return {from ? from->entry_ : nullptr, attribute, setting};
+
+    // Makes of a style what it became by the same setting before: cells that are set one after the other
+    // mostly go from and to the same few styles. False, and nothing changed, where that is not remembered.
+    // `attribute` is any address that stands for what is set.
+    bool repeat(StyleRef& style, const void* attribute, uint32_t setting) {
+        const Step& step = steps_[place(style.entry_, attribute, setting)];
+        if (step.from != style.entry_ || step.attribute != attribute || step.setting != setting) return false;
+        style = step.to ? StyleRef(*step.to) : StyleRef();
+        return true;
     }
-    // Nothing where it is not remembered.
-    std::optional<StyleRef> after(const Transition& transition) const {
-        const Memory& memory = memories_[place(transition)];
-        if (memory.transition != transition) return std::nullopt;
-        return memory.to ? StyleRef(*memory.to) : StyleRef();
-    }
-    void remember(const Transition& transition, const StyleRef& to) {
-        memories_[place(transition)] = {transition, to.entry_};
+    void remember(const StyleRef& from, const void* attribute, uint32_t setting, const StyleRef& to) {
+        steps_[place(from.entry_, attribute, setting)] = {from.entry_, attribute, to.entry_, setting};
     }
     size_t size() const { return entries_.size(); }
 
@@ -99,21 +92,22 @@ private:
         }
     };
 
-    struct Memory {
-        Transition transition;
+    struct Step {
+        const StyleRef::Entry* from = nullptr;
+        const void* attribute = nullptr;
         const StyleRef::Entry* to = nullptr;
+        uint32_t setting = 0;
     };
-    static size_t place(const Transition& transition) {
-        const auto from = reinterpret_cast<uintptr_t>(transition.from);
-        const auto attribute = reinterpret_cast<uintptr_t>(transition.attribute);
-        const size_t mixed = from / 16 + attribute * 5 + transition.setting * size_t{0x9E3779B1u};
-        return (mixed ^ mixed >> 7 ^ mixed >> 17) % memoryCount;
+    static size_t place(const StyleRef::Entry* from, const void* attribute, uint32_t setting) {
+        const uintptr_t mixed = reinterpret_cast<uintptr_t>(from) / alignof(std::max_align_t) +
+                                reinterpret_cast<uintptr_t>(attribute) * 5 + (setting * 0x9E3779B1u >> 16);
+        return mixed % stepCount;
     }
 
-    static constexpr size_t memoryCount = 16;
+    static constexpr size_t stepCount = 16;
     std::unordered_set<StyleRef::Entry, Hash, Equal> entries_;
     // References to none of its styles: all are forgotten when one goes.
-    std::array<Memory, memoryCount> memories_{};
+    std::array<Step, stepCount> steps_{};
 };
 
 }  // namespace obk

@@ -17,7 +17,7 @@ int32_t wholeTwips(Twips length) {
 // Each half stands alone: where one is out of range the other moves all the same.
 void GridEdit::goTo(int32_t rowno, int32_t colno) {
     const CellAddress cell{rowno, colno};
-    if (flexGRID.Select(cell, cell)) return;
+    if (flexGRID.Select(cell)) return;
     flexGRID.SetCol(colno);
     flexGRID.SetRow(rowno);
 }

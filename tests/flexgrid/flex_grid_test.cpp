@@ -61,6 +61,27 @@ protected:
     std::vector<Connection> connections;
 };
 
+TEST_F(FlexGridTest, TheFrameOfTheCurrentCellCoversNoneOfItsText) {
+    grid.SetRow(3);
+    grid.SetCol(1);
+    grid.SetText(u"gjpqy");
+    for (const bool coloured : {false, true}) {
+        if (coloured) grid.SetCellBackColor(Rgb::of(0, 120, 215));
+        grid.takeFocus();
+        root.invalidate();
+        const auto items = peer().paint().items();
+        const auto isText = [](const DrawnItem& item) { return item.text == u"gjpqy"; };
+        const auto text = std::find_if(items.begin(), items.end(), isText);
+        ASSERT_NE(text, items.end());
+        const int32_t height = platform.appearance().metrics(text->style.font, Dpi(96)).height();
+        PixelRect letters = text->rect;
+        letters.top += (letters.height() - height) / 2;
+        letters.bottom = letters.top + height;
+        const auto covers = [&](const DrawnItem& item) { return !item.rect.intersected(letters).empty(); };
+        EXPECT_TRUE(std::none_of(std::next(text), items.end(), covers));
+    }
+}
+
 TEST_F(FlexGridTest, KeysMoveTheCurrentCellAndShowIt) {
     struct Row {
         int16_t key, shift;
@@ -360,16 +381,16 @@ TEST_F(FlexGridTest, PlacesOfTheCurrentCellFollowTheScrolling) {
     EXPECT_EQ(grid.view().rect(grid.current()).width(), 96);
 }
 
-// What a change makes the window paint anew, and what it moves.
+// What a change makes the window paint anew, and what it moves. The frame reaches a pixel out of its cell.
 TEST_F(FlexGridTest, OnlyWhatChangesIsPaintedAnew) {
     const PixelRect none{};
     const std::tuple<const char*, std::function<void()>, PixelRect> changes[] = {
-        {"a text", [&] { grid.SetText(u"x"); }, {64, 36, 128, 54}},
+        {"a text", [&] { grid.SetText(u"x"); }, {63, 35, 128, 54}},
         {"a text out of sight", [&] { grid.change([](GridModel&) {}); }, {0, 0, 300, 200}},
-        {"another current cell", [&] { grid.SetCol(2); }, {64, 36, 192, 54}},
-        {"a row that comes", [&] { grid.AddItem(u"y", 4); }, {0, 72, 283, 183}},
+        {"another current cell", [&] { grid.SetCol(2); }, {63, 35, 192, 54}},
+        {"a row that comes", [&] { grid.AddItem(u"y", 4); }, {0, 71, 283, 183}},
         {"a row below", [&] { grid.AddItem(u"y", 400); }, none},
-        {"a column's width", [&] { grid.SetColWidth(3, 975); }, {192, 0, 283, 183}},
+        {"a column's width", [&] { grid.SetColWidth(3, 975); }, {191, 0, 283, 183}},
         {"one row up", [&] { grid.SetTopRow(1); }, {0, 165, 283, 183}},
         {"suspended", [&] { grid.SetRedraw(false), grid.SetText(u"z"), grid.SetRow(9), grid.SetTopRow(3); },
          none},
