@@ -130,7 +130,9 @@ void buildOrderDesk(Scene& scene) {
     });
     scene.demonstration([&scene, &control] {
         if (!scene.form().enter(*control.site)) return;
-        control.object().call(L"GridSetFocus", {customerCol, 2});
+        control.object().call(L"ColSetFocus", {customerCol});
+        control.object().call(L"GridColSort", {customerCol});
+        control.object().call(L"GridSetFocus", {articleCol, 2});
     });
 }
 
