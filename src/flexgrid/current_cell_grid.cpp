@@ -13,7 +13,7 @@ void CurrentCellGrid::change(const std::function<void(GridModel&)>& work) {
         ~Settle() {
             ++grid.arrangement_;
             grid.bringInside();
-            grid.placesMoved(0, 0);
+            grid.placesChanged(0, 0);
         }
     } settle{*this};
     work(model_);
@@ -37,7 +37,7 @@ bool CurrentCellGrid::SetRows(int32_t count) {
     if (!model_.setRows(count)) return false;
     ++arrangement_;
     const bool moved = bringInside();
-    if (count != before) placesMoved(moved ? 0 : std::min(before, count), 0);
+    if (count != before) placesChanged(moved ? 0 : std::min(before, count), 0);
     return true;
 }
 
@@ -46,7 +46,7 @@ bool CurrentCellGrid::SetCols(int32_t count) {
     if (!model_.setCols(count)) return false;
     ++arrangement_;
     const bool moved = bringInside();
-    if (count != before) placesMoved(0, moved ? 0 : std::min(before, count));
+    if (count != before) placesChanged(0, moved ? 0 : std::min(before, count));
     return true;
 }
 
@@ -77,7 +77,7 @@ bool CurrentCellGrid::AddItem(TextView item, int32_t row) {
     if (!model_.addItem(item, row)) return false;
     ++arrangement_;
     if (current_.row < 0) bringInside();
-    placesMoved(row, 0);
+    placesChanged(row, 0);
     return true;
 }
 
@@ -85,7 +85,7 @@ bool CurrentCellGrid::RemoveItem(int32_t row) {
     if (!model_.removeItem(row)) return false;
     ++arrangement_;
     const bool moved = bringInside();
-    placesMoved(moved ? 0 : row, 0);
+    placesChanged(moved ? 0 : row, 0);
     return true;
 }
 
@@ -100,7 +100,7 @@ bool CurrentCellGrid::Sort(int32_t setting) {
     const auto direction = setting == 1 ? SortDirection::ascending : SortDirection::descending;
     if (!model_.sort(current_.col, direction, 0, Rows() - 1)) return false;
     ++arrangement_;
-    placesMoved(0, 0);
+    placesChanged(0, 0);
     return true;
 }
 
@@ -139,7 +139,7 @@ int32_t CurrentCellGrid::ColWidth(int32_t col) const {
 
 bool CurrentCellGrid::SetColWidth(int32_t col, int32_t twips) {
     if (!model_.setColWidth(col, twips)) return false;
-    placesMoved(0, col);
+    placesChanged(0, col);
     return true;
 }
 
@@ -156,7 +156,7 @@ int32_t CurrentCellGrid::RowHeight(int32_t row) const {
 
 bool CurrentCellGrid::SetRowHeight(int32_t row, int32_t twips) {
     if (!model_.setRowHeight(row, twips)) return false;
-    placesMoved(row, 0);
+    placesChanged(row, 0);
     return true;
 }
 

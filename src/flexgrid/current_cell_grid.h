@@ -83,7 +83,7 @@ protected:
     CurrentCellGrid(int32_t rows, int32_t cols, Dpi dpi);
     ~CurrentCellGrid() = default;
 
-    // Whether what follows is told.
+    // Whether cells and selection are told of.
     void setWatched(bool watched) { watched_ = watched; }
     bool watched() const { return watched_; }
     // What has changed and may have to be drawn anew. Nothing may throw from here.
@@ -103,9 +103,6 @@ private:
     }
     void currentCellChanged() {
         if (watched_) cellsChanged(CellRange::between(current_, current_));
-    }
-    void placesMoved(int32_t fromRow, int32_t fromCol) {
-        if (watched_) placesChanged(fromRow, fromCol);
     }
     bool bringInside();
 

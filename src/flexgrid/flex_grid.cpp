@@ -160,6 +160,9 @@ void FlexGrid::selectionChanged(const CellRange& before, CellAddress) {
 }
 
 void FlexGrid::placesChanged(int32_t fromRow, int32_t fromCol) {
+    if (!attached_) return;
+    // What stands over a cell is a window and shows all the time.
+    if (!redraw_) return laidOut();
     const GridView wanted = view();
     const bool same = offset_ == wanted.offset() && verticalBar_.visible() == wanted.verticalBar() &&
                       horizontalBar_.visible() == wanted.horizontalBar();

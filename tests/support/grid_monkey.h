@@ -49,6 +49,7 @@ private:
     }
 
     void place() {
+        telling_ = false;  // what the one before tells is another story
         auto made = GridEdit::memberTable().create(platform_);
         grid_ = std::static_pointer_cast<GridEdit>(made);
         grid_->setHost(this);
