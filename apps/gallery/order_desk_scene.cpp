@@ -16,9 +16,9 @@ struct ColumnEntry {
     double width;  ///< twips
     long type;
 };
-constexpr ColumnEntry columns[] = {{L"", 330, 2},         {L"No.", 540, 2},       {L"Customer", 1350, 0},
+constexpr ColumnEntry columns[] = {{L"", 330, 2},         {L"No.", 480, 2},       {L"Customer", 1300, 0},
                                    {L"Article", 1200, 4}, {L"Delivery", 1500, 1}, {L"Time", 1060, 6},
-                                   {L"Pieces", 540, 5},   {L"Paid", 400, 3}};
+                                   {L"Pieces", 600, 5},   {L"Paid", 450, 3}};
 constexpr const wchar_t* articles[] = {L"Writing desk", L"Bookcase", L"Dining chair", L"Sideboard", L"Lamp"};
 
 constexpr const wchar_t* orders[] = {
@@ -102,7 +102,10 @@ void buildOrderDesk(Scene& scene) {
                                 std::to_wstring(pieces) + L" pieces");
     };
     auto& events = control.site->events();
-    events.on(L"SortClick", [&control](container::EventCall&) { control.object().call(L"BarHeaderSort"); });
+    events.on(L"SortClick", [&control](container::EventCall&) {
+        control.object().call(L"BarHeaderSort");
+        dressAll(control.object());
+    });
     events.on(L"ChangePost", [&control, total](container::EventCall&) {
         dressAll(control.object());
         total();
@@ -132,6 +135,7 @@ void buildOrderDesk(Scene& scene) {
         if (!scene.form().enter(*control.site)) return;
         control.object().call(L"ColSetFocus", {customerCol});
         control.object().call(L"GridColSort", {customerCol});
+        dressAll(control.object());
         control.object().call(L"GridSetFocus", {articleCol, 2});
     });
 }
