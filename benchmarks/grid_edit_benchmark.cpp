@@ -99,5 +99,71 @@ BENCHMARK(paintFrame)
     ->UseManualTime()
     ->Unit(benchmark::kMillisecond);
 
+// A press on the caption of the number column, and a host that answers it, against the model's own sort; in
+// turns, so that both meet the same machine.
+void sortByACaption(benchmark::State& state) {
+    constexpr int32_t rows = 1000000, col = 5, usualWidth = 64;
+    const Data& data = dataOf(100000);
+    std::array<double, 5> ours{}, plain{};
+    for (size_t run = 0; run < ours.size(); ++run) {
+        auto grid = filled(data, rows);
+        grid->control->activate(1, {0, 0, 1280, 800});
+        const Connection answered = grid->edit.SortClick.connect([&grid] { grid->edit.BarHeaderSort(); });
+        const auto window = static_cast<NativeWindow>(grid->edit.hWnd());
+        double start = processorTime();
+        for (const auto kind : {MouseEvent::Kind::down, MouseEvent::Kind::up})
+            grid->platform.mouse(window, {kind, button::left, 0, {col * usualWidth + 20, 8}});
+        ours[run] = processorTime() - start;
+        grid->control->deactivate();
+        grid.reset();
+
+        GridModel model(0, cols, Dpi(96));
+        for (int32_t row = 0; row < rows; ++row)
+            model.addItem(data.items[static_cast<size_t>(row) % data.items.size()], row);
+        start = processorTime();
+        model.sort(col, SortDirection::ascending, 0, rows - 1);
+        plain[run] = processorTime() - start;
+    }
+    report(state, median(ours), median(plain));
+}
+BENCHMARK(sortByACaption)->Iterations(1)->UseManualTime()->Unit(benchmark::kMillisecond);
+
+// 10,000 cells of the clipboard and the one frame that shows them, against the same texts put into a model.
+void pasteCells(benchmark::State& state) {
+    constexpr int32_t rows = 1000, pastedCols = 10;
+    Text text;
+    for (int32_t row = 0; row < rows; ++row) {
+        for (int32_t col = 0; col < pastedCols; ++col)
+            text +=
+                u"pasted " + decimalText(row * pastedCols + col) + (col + 1 < pastedCols ? u"\t" : u"\r\n");
+    }
+    const double ours = measure(
+        [&] {
+            auto grid = filled(dataOf(1000), rows);
+            grid->control->activate(1, {0, 0, 1280, 800});
+            grid->platform.setClipboard(text);
+            grid->edit.GridFocusShow();
+            grid->edit.RowSetFocus(0);
+            grid->edit.ColSetFocus(0);
+            grid->platform.surface(static_cast<NativeWindow>(grid->edit.hWnd()))->paint();
+            return grid;
+        },
+        [&](std::unique_ptr<PlacedGrid>& grid) {
+            grid->platform.pressKey('V', shift::control);
+            headless::HeadlessSurface& surface =
+                *grid->platform.surface(static_cast<NativeWindow>(grid->edit.hWnd()));
+            surface.paint();
+            grid->control->deactivate();
+        });
+    const double plain = measure(
+        [&] { return std::make_unique<GridModel>(rows, cols, Dpi(96)); },
+        [&](std::unique_ptr<GridModel>& model) {
+            for (int32_t cell = 0; cell < rows * pastedCols; ++cell)
+                model->setText({cell / pastedCols, cell % pastedCols}, u"pasted " + decimalText(cell));
+        });
+    report(state, ours, plain);
+}
+BENCHMARK(pasteCells)->Iterations(1)->UseManualTime()->Unit(benchmark::kMillisecond);
+
 }  // namespace
 }  // namespace obk
