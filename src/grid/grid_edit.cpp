@@ -142,6 +142,8 @@ void GridEdit::GridHide() {
 }
 
 void GridEdit::GridShow() {
+    // Said after each row that a host fills in: only a hidden grid has lost the keyboard, and asking costs.
+    if (flexGRID.visible()) return;
     flexGRID.setVisible(true);
     editing_.returnFocus();
 }
