@@ -138,8 +138,7 @@ void TextBoxWindow::setSelection(TextSelection selection) {
     const int32_t start = std::clamp(selection.start, 0, length);
     const int32_t end = start + std::clamp(selection.length, 0, length - start);
     send(EM_SETSEL, static_cast<WPARAM>(start), end);
-    // Of a text that is selected whole, the beginning is what a person looks for.
-    if (start > 0 || end < length) send(EM_SCROLLCARET);
+    send(EM_SCROLLCARET);
 }
 
 TextSelection TextBoxWindow::selection() const {
