@@ -172,18 +172,10 @@ void GridEdit::GridColr(OleColour& newcol) {
     flexGRID.setColours(colours);
 }
 
-void GridEdit::cboLIST_KeyDown(int16_t& keyCode, int16_t& shift) {
+void GridEdit::listKey(void (DropList::*act)(KeyEvent&), int16_t& keyCode, int16_t& shift) {
     if (!editing_.editors().isOpen(ColumnType::list)) return;
     KeyEvent event{keyCode, shift, false};
-    editing_.editors().list().keyDown(event);
-    keyCode = event.code;
-    shift = event.shift;
-}
-
-void GridEdit::cboLIST_KeyUp(int16_t& keyCode, int16_t& shift) {
-    if (!editing_.editors().isOpen(ColumnType::list)) return;
-    KeyEvent event{keyCode, shift, false};
-    editing_.editors().list().keyUp(event);
+    (editing_.editors().list().*act)(event);
     keyCode = event.code;
     shift = event.shift;
 }

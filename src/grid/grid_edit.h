@@ -117,8 +117,8 @@ public:
     void BoxHide() { editing_.hide(); }
     void BoxSelect() { editing_.editors().selectText(); }
     void BoxShow() { editing_.show(); }
-    void cboLIST_KeyDown(int16_t& keyCode, int16_t& shift);
-    void cboLIST_KeyUp(int16_t& keyCode, int16_t& shift);
+    void cboLIST_KeyDown(int16_t& keyCode, int16_t& shift) { listKey(&DropList::keyDown, keyCode, shift); }
+    void cboLIST_KeyUp(int16_t& keyCode, int16_t& shift) { listKey(&DropList::keyUp, keyCode, shift); }
     void ComboAdd(const Text& item) { editing_.editors().list().add(item); }
     void ComboClear() { editing_.editors().list().clear(); }
     void ComboDel(int32_t index) { editing_.editors().list().remove(index); }
@@ -148,6 +148,7 @@ private:
     void fontChanged();
     void goTo(int32_t rowno, int32_t colno);
     void addItem(const Text& text, int32_t rowno);
+    void listKey(void (DropList::*act)(KeyEvent&), int16_t& keyCode, int16_t& shift);
     void raiseMouse(const Event<int16_t&, int16_t&, float&, float&>& event, const MouseEvent& mouse);
     void showBusy(bool busy);
     // What the grid lies inside the control's edges by, and below the bar.

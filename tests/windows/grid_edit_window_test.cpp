@@ -2,7 +2,6 @@
 // does, without a window.
 #include "container_probe_support.h"
 #include "person_support.h"
-#include "resource_count.h"
 #include "server_support.h"
 
 #include <gtest/gtest.h>
@@ -226,36 +225,6 @@ TEST_F(GridEditWindow, AMillionRowsAreFilledAndReachedAtOnce) {
     EXPECT_EQ(number(L"RowCurrent"), 999999);
 }
 
-TEST_F(GridEditWindow, AHostLetsGoOfTheControlInsideEveryEvent) {
-    for (const wchar_t* event :
-         {L"MouseDown", L"MouseMove", L"MouseUp", L"ChangeEdited", L"CellSelected", L"NewRowSelected",
-          L"SelChange", L"Click", L"DblClick", L"KeyDown", L"KeyPress", L"KeyUp", L"SortClick", L"Change"}) {
-        HostedControl doomed(L"GridEdit");
-        doomed.activate(place);
-        doomed.object().call(L"RowsSet", {50});
-        doomed.object().put(L"AllowGridEdit", false);
-        bool heard = false;
-        doomed.site.events().on(event, [&](container::EventCall&) {
-            heard = true;
-            doomed.site.close();
-        });
-        Person someone(doomed.loop, doomed.window.handle());
-        const HWND window = doomed.site.window();
-        const auto alive = [&] { return IsWindow(window) != FALSE; };
-        someone.click(window, 20, 60);
-        if (alive()) someone.click(window, 20, 60);
-        if (alive()) someone.click(window, 90, 100);
-        if (alive()) someone.key(VK_DOWN);
-        if (alive()) someone.key('X');
-        if (alive()) someone.click(window, 20, 8);
-        if (alive()) doomed.object().call(L"RowAdd", {L"a\tb", 0});
-        doomed.loop.pumpPending();
-        EXPECT_TRUE(heard) << event;
-        EXPECT_FALSE(alive()) << event;
-        EXPECT_EQ(GetCapture(), nullptr) << event;
-    }
-}
-
 // A file that is gone when the test is over.
 class TemporaryFile {
 public:
@@ -317,16 +286,6 @@ TEST(GridEditScript, ArgumentsLeftOutHaveTheirUsualValues) {
     for (size_t at = 2; at < 7; ++at) EXPECT_TRUE(font->arguments[at].optional) << at;
     EXPECT_TRUE(members.property(L"AllowGridEdit")->writable);
     EXPECT_FALSE(members.property(L"AllowGridEdit")->readable);
-}
-
-TEST(GridEditResources, FillingAndShowingLeavesNothing) {
-    expectNothingIsLeft([] {
-        HostedControl hosted(L"GridEdit");
-        hosted.activate(place);
-        hosted.object().call(L"RowsSet", {200});
-        for (long row = 0; row < 20; ++row) hosted.object().call(L"CellTextSet", {row, 0, L"text"});
-        hosted.loop.pumpPending();
-    });
 }
 
 }  // namespace

@@ -178,6 +178,46 @@ TEST_F(GridEditing, WhatIsTypedOpensTheEditorOverItsCellAndEveryWayOutKeepsIt) {
     }
 }
 
+TEST_F(GridEditing, EveryEditorKeepsItsValueWhicheverWayItIsLeft) {
+    object().call(L"RowsSet", {40});
+    const POINT elsewhere = middle(hosted, 3, readOnlyCol);
+    const std::function<void()> ways[] = {
+        [this] { person.key(VK_ESCAPE); },
+        [this] { person.key(VK_RETURN); },
+        [this] { person.key(VK_TAB); },
+        [&] { person.click(face(), elsewhere.x, elsewhere.y); },
+        [this] { object().call(L"TopRowSet", {1}); },
+        [this] { SetFocus(other), hosted.loop.pumpPending(); },
+    };
+    struct Edit {
+        Column col;
+        const wchar_t* typed;  // "v" is the Down key
+        const wchar_t* kept;
+    };
+    constexpr Edit edits[] = {{dateCol, L"4 dec 2026", L"Fri 4 Dec 2026"},
+                              {checkCol, L" ", L"a"},
+                              {listCol, L"b", L"Bookcase"},
+                              {numberCol, L"12.5", L"12.5"},
+                              {timeCol, L"vv", L"12:30:00 am"}};
+    for (const Edit& edit : edits) {
+        for (const auto& leave : ways) {
+            object().call(L"BoxHide");
+            object().call(L"TopRowSet", {0});
+            object().call(L"CellTextSet", {0, edit.col, L""});
+            object().call(L"GridFocusShow");
+            object().call(L"GridSetFocus", {edit.col, 0});
+            for (const wchar_t unit : std::wstring(edit.typed)) {
+                if (unit == L'v')
+                    person.key(VK_DOWN);
+                else
+                    person.type(std::wstring(1, unit));
+            }
+            leave();
+            EXPECT_EQ(read(0, edit.col), edit.kept) << edit.col << " way " << &leave - ways;
+        }
+    }
+}
+
 TEST_F(GridEditing, RowsComeAndGoAndTheLastChangeIsTakenBack) {
     click(2, textCol);
     person.type(L"last");
@@ -265,8 +305,9 @@ TEST_F(GridEditing, AHostDoesWhatItLikesInsideEveryEventOfAnEdit) {
          }},
         {"destroys the control", [](HostedControl& form) { form.site.close(); }},
     };
-    for (const wchar_t* event : {L"Click", L"KeyDown", L"KeyPress", L"KeyUp", L"ChangeEdited", L"Change",
-                                 L"ChangePost", L"CellSelected", L"NewRow", L"DelRow"}) {
+    for (const wchar_t* event : {L"MouseDown", L"MouseUp", L"Click", L"KeyDown", L"KeyPress", L"KeyUp",
+                                 L"ChangeEdited", L"Change", L"ChangePost", L"CellSelected",
+                                 L"NewRowSelected", L"SelChange", L"NewRow", L"DelRow", L"SortClick"}) {
         for (const auto& [name, act] : acts) {
             HostedControl form(L"GridEdit");
             fill(form);
@@ -285,6 +326,7 @@ TEST_F(GridEditing, AHostDoesWhatItLikesInsideEveryEventOfAnEdit) {
             for (const WORD code : {WORD{'X'}, WORD{VK_TAB}, WORD{VK_TAB}, WORD{VK_SPACE}, WORD{VK_RETURN},
                                     WORD{VK_ESCAPE}, WORD{VK_INSERT}, WORD{VK_DELETE}, WORD{VK_DOWN}})
                 key(code);
+            if (IsWindow(window)) someone.click(window, border + 20, border + 5);
             form.loop.pumpPending();
             EXPECT_TRUE(heard) << event << " " << name;
             EXPECT_EQ(GetCapture(), nullptr) << event << " " << name;
