@@ -197,6 +197,9 @@ TEST_F(FlexGridTest, PressesSelectAndClick) {
     EXPECT_EQ(take(), std::vector<std::string>{"double"});
     EXPECT_EQ(grid.MouseRow(), 103);
     EXPECT_EQ(grid.MouseCol(), 2);
+    mouse(Kind::doubleClick, {70, 5});
+    mouse(Kind::up, {70, 5});
+    EXPECT_EQ(take(), (std::vector<std::string>{"entered", "click"})) << "the first press was elsewhere";
     mouse(Kind::move, {150, 190});
     EXPECT_EQ(grid.MouseRow(), -1) << "on the scroll bar";
     grid.SetRows(2);
