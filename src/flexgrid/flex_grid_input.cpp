@@ -64,8 +64,9 @@ void FlexGrid::press(const MouseEvent& event) {
     }
     const CellAddress cell{shown.rowAt(event.at.y), shown.colAt(event.at.x)};
     if (cell.row < 0 || cell.col < 0) return disturbed();
-    // The first press may have gone elsewhere; then the second is one of its own.
-    if (twice && cell == CellAddress{RowSel(), ColSel()}) return doubleClicked();
+    // The first press made the cell one end of the selection. If it went elsewhere, the second is one of its
+    // own.
+    if (twice && (cell == current() || cell == CellAddress{RowSel(), ColSel()})) return doubleClicked();
     beginDrag(Drag::selection);
     select(cell, (event.shift & shift::shift) != 0);
 }
