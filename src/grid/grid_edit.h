@@ -150,7 +150,6 @@ private:
     void addItem(const Text& text, int32_t rowno);
     void listKey(void (DropList::*act)(KeyEvent&), int16_t& keyCode, int16_t& shift);
     void raiseMouse(const Event<int16_t&, int16_t&, float&, float&>& event, const MouseEvent& mouse);
-    void showBusy(bool busy);
     // What the grid lies inside the control's edges by, and below the bar.
     Twips borderOffset() const { return {BorderStyle() == 1 ? 30.0 : 0.0}; }
     Twips headerHeight() const { return BarHeader() ? picTOPBAR.naturalHeight() : Twips{}; }

@@ -2,7 +2,6 @@
 #include "base/attempt.h"
 #include "grid/grid_edit.h"
 #include "grid/grid_file_rows.h"
-#include "widgets/surface.h"
 
 namespace obk {
 
@@ -12,8 +11,8 @@ void GridEdit::GridSave(const Text& path, const Text& header) {
     flexGRID.SetRedraw(false);
     // One statement: the writer fails as a whole, before it has touched the file.
     attempt([&] {
-        BusySign busy(platform().clock(), [this](bool show) { showBusy(show); });
-        GridFileWriter file(platform().files(), path, busy);
+        BusySign sign(platform().clock(), [this](bool busy) { platform().showBusy(busy); });
+        GridFileWriter file(platform().files(), path, sign);
         file.writeHeader(flexGRID.Cols(), header);
         writeRows(flexGRID.model(), file);
         file.close();
@@ -34,8 +33,8 @@ Text GridEdit::GridLoad(const Text& path) {
     flexGRID.setVisible(false);
     // A grid of no rows stays hidden, as does one whose file cannot be read.
     attempt([&] {
-        BusySign busy(platform().clock(), [this](bool show) { showBusy(show); });
-        GridFileReader file(platform().files(), path, busy);
+        BusySign sign(platform().clock(), [this](bool busy) { platform().showBusy(busy); });
+        GridFileReader file(platform().files(), path, sign);
         GridFileHeader header = file.header();
         if (header.cols) attempt([&] { flexGRID.SetCols(*header.cols); });
         caption = std::move(header.caption);
@@ -49,11 +48,6 @@ Text GridEdit::GridLoad(const Text& path) {
     GridChange();
     FontUpdate();
     return caption;
-}
-
-void GridEdit::showBusy(bool busy) {
-    const Surface* shownOn = root().surface();
-    if (shownOn && shownOn->peer()) shownOn->peer()->setCursor(busy ? Cursor::wait : Cursor::arrow);
 }
 
 }  // namespace obk

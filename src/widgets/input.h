@@ -91,6 +91,6 @@ enum class KeyRoute {
     container,  // the control does not want it: dialog navigation, accelerators
 };
 
-enum class Cursor { arrow, text, hand, sizeColumn, wait };
+enum class Cursor { arrow, hand, sizeColumn };
 
 }  // namespace obk

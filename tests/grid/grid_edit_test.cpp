@@ -403,6 +403,18 @@ TEST_F(GridEditTest, FileAndCaptionGoThereAndBack) {
     EXPECT_EQ(call(u"GridLoad", {Text(u"orders.txt")}), Value(Text(u"rders")));
 }
 
+TEST_F(GridEditTest, ShowsThatAFileTakesLongerThanASecond) {
+    size(3000, 12);
+    using std::chrono::milliseconds;
+    for (const auto& [pace, signs] : {std::pair(milliseconds(1), std::vector<bool>()),
+                                      std::pair(milliseconds(400), std::vector{true, false, true, false})}) {
+        platform.clock().setPace(pace);
+        call(u"GridSave", {Text(u"orders.txt"), Text()});
+        call(u"GridLoad", {Text(u"orders.txt")});
+        EXPECT_EQ(platform.busySigns(), signs);
+    }
+}
+
 TEST_F(GridEditTest, CheckColumnsComeBackAsCheckMarksAndDoNotGrow) {
     size(1, 3);
     call(u"ColTypeSet", {2, 3});

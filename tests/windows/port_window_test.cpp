@@ -348,6 +348,10 @@ TEST_F(WindowTest, TheCursorFollowsTheSurface) {
     EXPECT_EQ(GetCursor(), LoadCursorW(nullptr, IDC_SIZEWE));
     area->setCursor(Cursor::hand);
     EXPECT_EQ(GetCursor(), LoadCursorW(nullptr, IDC_HAND));
+    driver.platform().showBusy(true);
+    EXPECT_EQ(GetCursor(), LoadCursorW(nullptr, IDC_WAIT));
+    driver.platform().showBusy(false);
+    EXPECT_EQ(GetCursor(), LoadCursorW(nullptr, IDC_HAND));
 }
 
 TEST_F(WindowTest, AToolTipShowsWhereTheMouseRests) {

@@ -35,7 +35,7 @@ private:
 
 int32_t ManualClock::tickCount() {
     const int32_t now = ticks_;
-    ticks_ = wrapped(ticks_, 1);
+    advance(pace_);
     return now;
 }
 

@@ -12,16 +12,19 @@ namespace obk::headless {
 
 class ManualClock : public Clock {
 public:
-    // Moves on by a millisecond each time it is read, so that loops which poll it end.
+    // Moves on each time it is read, so that loops which poll it end.
     int32_t tickCount() override;
     std::chrono::year_month_day today() override { return today_; }
 
     void setTickCount(int32_t ticks) { ticks_ = ticks; }
+    // By how much it moves on; at first one millisecond.
+    void setPace(std::chrono::milliseconds pace) { pace_ = pace; }
     void advance(std::chrono::milliseconds time);
     void setToday(std::chrono::year_month_day today) { today_ = today; }
 
 private:
     int32_t ticks_ = 1000;
+    std::chrono::milliseconds pace_{1};
     std::chrono::year_month_day today_{std::chrono::year{2026}, std::chrono::month{11}, std::chrono::day{14}};
 };
 

@@ -41,17 +41,11 @@ HCURSOR systemCursor(Cursor cursor) {
     switch (cursor) {
         case Cursor::arrow:
             break;
-        case Cursor::text:
-            name = IDC_IBEAM;
-            break;
         case Cursor::hand:
             name = IDC_HAND;
             break;
         case Cursor::sizeColumn:
             name = IDC_SIZEWE;
-            break;
-        case Cursor::wait:
-            name = IDC_WAIT;
             break;
     }
     return LoadCursorW(nullptr, name);

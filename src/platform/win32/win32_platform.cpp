@@ -171,6 +171,14 @@ std::optional<size_t> Win32Platform::chooseFromMenu(NativeWindow owner, std::spa
     return win32::chooseFromMenu(reinterpret_cast<HWND>(owner), items, beside);
 }
 
+// No message comes while the work lasts, so the cursor stays what it is made here.
+void Win32Platform::showBusy(bool busy) {
+    if (busy)
+        beforeBusy_ = SetCursor(LoadCursorW(nullptr, IDC_WAIT));
+    else
+        SetCursor(beforeBusy_);
+}
+
 bool Win32Platform::putOnClipboard(NativeWindow owner, TextView text) {
     UniqueGlobalMemory memory(GlobalAlloc(GMEM_MOVEABLE, (text.size() + 1) * sizeof(char16_t)));
     auto* const units = memory ? static_cast<char16_t*>(GlobalLock(memory.get())) : nullptr;
