@@ -195,7 +195,8 @@ TEST_F(DateCalendarWindow, WhatTakesItsPlaceClosesTheCalendarAndKeepsTheDate) {
     };
     for (const auto& [name, way] : ways) {
         ShowWindow(hosted.window.handle(), SW_SHOWNORMAL);
-        hosted.loop.pumpPending();
+        // The window system may still move the form, which would close what is opened then.
+        person.wait(std::chrono::milliseconds(100));
         SetFocus(edit);
         ASSERT_TRUE(open()) << name;
         way();
