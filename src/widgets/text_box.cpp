@@ -9,6 +9,7 @@ namespace obk {
 TextBox::TextBox(Container& parent)
     : Widget(parent), font_([this] {
           if (peer_) peer_->setFont(font_.description());
+          if (centred_) placed();
           invalidate();
           fontChanged();
       }) {}
@@ -63,6 +64,12 @@ void TextBox::setBackColour(OleColour colour) {
     showColours();
 }
 
+void TextBox::setCentred(bool centred) {
+    centred_ = centred;
+    placed();
+    invalidate();
+}
+
 void TextBox::setAccessibleName(Text name) {
     accessibleName_ = std::move(name);
     if (peer_) peer_->setAccessibleName(accessibleName_);
@@ -80,7 +87,7 @@ void TextBox::paint(Canvas& canvas, const PixelRect& bounds) {
     style.font = font_.description();
     style.colour = rgb(enabled() ? foreColour_ : OleColour(SystemColour::greyText));
     style.horizontal = horizontalAlignment();
-    style.vertical = VerticalAlignment::top;
+    style.vertical = centred_ ? VerticalAlignment::centre : VerticalAlignment::top;
     style.ellipsis = false;
     const int32_t margin = canvas.dpi().scaled(textMargin);
     canvas.drawText(text_, {bounds.left + margin, bounds.top, bounds.right - margin, bounds.bottom}, style);
@@ -109,8 +116,20 @@ void TextBox::detach() {
 void TextBox::placed() {
     // Each step may take the focus away, and who hears of that may close the window.
     if (peer_) peer_->setEnabled(enabled());
-    if (peer_) peer_->setBounds(pixelBounds(), pixelClip());
+    if (peer_) peer_->setBounds(lineBounds(), pixelClip());
     if (peer_) peer_->setVisible(!pixelClip().empty());
+}
+
+// Windows put their text at their top: one whose text is to be lower stands lower.
+PixelRect TextBox::lineBounds() const {
+    PixelRect bounds = pixelBounds();
+    if (centred_) {
+        const int32_t line = platform().appearance().metrics(font_.description(), dpi()).height();
+        const int32_t spare = std::max(bounds.height() - line, 0);
+        bounds.top += spare / 2;
+        bounds.bottom = bounds.top + std::min(line, bounds.height());
+    }
+    return bounds;
 }
 
 void TextBox::mouse(const MouseEvent& event) {

@@ -139,6 +139,9 @@ void TextBoxWindow::setSelection(TextSelection selection) {
     const int32_t end = start + std::clamp(selection.length, 0, length - start);
     send(EM_SETSEL, static_cast<WPARAM>(start), end);
     send(EM_SCROLLCARET);
+    // All of a text that is too long for the window: its beginning says more than its end.
+    if (start == 0 && end == length && static_cast<int16_t>(LOWORD(send(EM_POSFROMCHAR))) < 0)
+        send(EM_SETSEL, static_cast<WPARAM>(end), 0);
 }
 
 TextSelection TextBoxWindow::selection() const {
