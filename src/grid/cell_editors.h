@@ -1,20 +1,21 @@
 // The editors over a grid's cells: one for each type of column that has one, at most one of them open.
 #pragma once
 
-#include "datecalendar/date_calendar.h"
 #include "flexgrid/flex_grid.h"
-#include "framework/hosted_control.h"
+#include "grid/cell_editor.h"
 #include "grid/column_types.h"
-#include "grid/grid_check.h"
-#include "updown/up_down_text_box.h"
 #include "widgets/drop_list.h"
-#include "widgets/text_box.h"
+
+#include <map>
+#include <memory>
+#include <optional>
+#include <vector>
 
 namespace obk {
 
 // An open editor belongs to the cell that it was opened for, and stands over it, wherever the current cell
-// goes.
-class CellEditors {
+// goes. The events are those of the open editor.
+class CellEditors : public CellEditorEvents {
 public:
     // Both are borrowed; the editors are children of the grid, so that they show where its cells show.
     CellEditors(Control& outer, FlexGrid& grid);
@@ -23,10 +24,10 @@ public:
     bool isOpen(ColumnType type) const { return open_ && type_ == type; }
     ColumnType type() const { return type_; }
     CellAddress cell() const { return cell_; }
-    bool hasFocus() const { return open_ && open_->focused(); }
-    bool takeFocus() { return open_ && open_->takeFocus(); }
+    bool hasFocus() const { return open_ && open_->widget().focused(); }
+    bool takeFocus() { return open_ && open_->widget().takeFocus(); }
     // Whether the keys are a calendar's, which is dropped down.
-    bool droppedDown() const { return open_ == &dtpDATE && dtpDATE->droppedDown(); }
+    bool droppedDown() const { return open_ && open_->droppedDown(); }
 
     // Opens the editor of a type over a cell, with the cell's text. None may be open. False for a type that
     // has none.
@@ -43,9 +44,15 @@ public:
     void cellWritten();
 
     // For the open editor, if it has what it takes.
-    void selectText();
-    void putCaretAtEnd();
-    void toggle();
+    void selectText() {
+        if (open_) open_->selectText();
+    }
+    void putCaretAtEnd() {
+        if (open_) open_->putCaretAtEnd();
+    }
+    void toggle() {
+        if (open_) open_->toggle();
+    }
     void paste(TextView text);
 
     void setFont(const FontRef& font);
@@ -53,34 +60,22 @@ public:
     void setLook(Look look);
     DropList& list() { return cboLIST; }
 
-    // In the open editor. Listeners may set `code` or the character to 0: the editor then does nothing
-    // with it.
-    Event<KeyEvent&> keyWentDown, keyWentUp;
-    Event<int16_t&> characterTyped;
-    Event<> doubleClicked, listPressed, itemChosen;
+    Event<> listPressed, itemChosen;
 
 private:
-    void connectEditors();
-    Widget* editor(ColumnType type);
-    void load(TextView text);
-    Text value() const;
-    bool touched() const { return value() != loaded_; }
+    void load(CellEditor& editor);
 
     FlexGrid& grid_;
-    TextBox txtTEXTBOX;
-    Hosted<DateCalendar> dtpDATE;
-    Hosted<GridCheck> gchCHECKBOX;
     DropList cboLIST;
-    Hosted<UpDownTextBox> udnLIST;
     DropList dtpTIME;
+    std::map<ColumnType, std::unique_ptr<CellEditor>> editors_;
 
-    Widget* open_ = nullptr;    // one of those above
-    Widget* closed_ = nullptr;  // still shows
+    CellEditor* open_ = nullptr;    // one of those
+    CellEditor* closed_ = nullptr;  // still shows
     ColumnType type_ = ColumnType::readOnly;
     CellAddress cell_;
     Text cellText_;  // when the editor was opened
     Text loaded_;    // the value it had then
-    Text number_;    // as it was typed: leaving the number editor may cut it
     std::vector<Connection> connections_;
 };
 

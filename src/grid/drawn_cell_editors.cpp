@@ -1,0 +1,68 @@
+// The editors of cells that are plain widgets.
+#include "flexgrid/flex_grid.h"
+#include "grid/cell_editor.h"
+#include "widgets/drop_list.h"
+#include "widgets/text_box.h"
+
+namespace obk {
+
+namespace {
+
+class TextCellEditor final : public CellEditor {
+public:
+    TextCellEditor(const CellEditorEvents& events, FlexGrid& grid) : CellEditor(events), txtTEXTBOX(grid) {
+        txtTEXTBOX.setAccessibleName(u"Cell");
+        passOnKeys(txtTEXTBOX);
+        passOnDoubleClick(txtTEXTBOX.doubleClicked);
+        on(txtTEXTBOX.wheelTurned,
+           [&grid](const WheelEvent& event, bool& used) { used = grid.wheel(event); });
+    }
+
+    Widget& widget() override { return txtTEXTBOX; }
+    void load(TextView text, OleColour ground) override {
+        txtTEXTBOX.setBackColour(ground);
+        txtTEXTBOX.setText(text);
+    }
+    Text value() const override { return txtTEXTBOX.text(); }
+    void setFont(const FontRef& font) override { txtTEXTBOX.setFont(font); }
+    void selectText() override { txtTEXTBOX.setSelection({0, length()}); }
+    void putCaretAtEnd() override { txtTEXTBOX.setSelection({length(), 0}); }
+
+private:
+    int32_t length() const { return static_cast<int32_t>(txtTEXTBOX.text().size()); }
+
+    TextBox txtTEXTBOX;
+};
+
+// Of the items that a host has put into the list, or of times.
+class ListCellEditor final : public CellEditor {
+public:
+    ListCellEditor(const CellEditorEvents& events, DropList& list) : CellEditor(events), list_(list) {
+        passOnKeys(list_);
+        on(list_.pressed, [this] { list_.takeFocus(); });
+    }
+
+    Widget& widget() override { return list_; }
+    void load(TextView text, OleColour ground) override {
+        list_.setBackColour(ground);
+        list_.show(text);
+    }
+    Text value() const override { return list_.text(); }
+    void setFont(const FontRef& font) override { list_.setFont(font); }
+    void setLook(Look look) override { list_.setLook(look); }
+
+private:
+    DropList& list_;
+};
+
+}  // namespace
+
+std::unique_ptr<CellEditor> makeTextEditor(const CellEditorEvents& events, FlexGrid& grid) {
+    return std::make_unique<TextCellEditor>(events, grid);
+}
+
+std::unique_ptr<CellEditor> makeListEditor(const CellEditorEvents& events, DropList& list) {
+    return std::make_unique<ListCellEditor>(events, list);
+}
+
+}  // namespace obk

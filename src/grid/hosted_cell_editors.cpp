@@ -1,0 +1,116 @@
+// The editors of cells that are controls of their own.
+#include "datecalendar/date_calendar.h"
+#include "datecalendar/date_text.h"
+#include "grid/cell_editor.h"
+#include "grid/cell_rules.h"
+#include "grid/cell_values.h"
+#include "grid/grid_check.h"
+#include "updown/up_down_text_box.h"
+
+namespace obk {
+
+namespace {
+
+class DateCellEditor final : public CellEditor {
+public:
+    DateCellEditor(const CellEditorEvents& events, Control& outer, Container& grid)
+        : CellEditor(events), dtpDATE(outer, grid) {
+        dtpDATE->SetBorderStyle(0);
+        passOnKeys(dtpDATE);
+        passOnDoubleClick(dtpDATE->DblClick);
+    }
+
+    Widget& widget() override { return dtpDATE; }
+    void load(TextView text, OleColour ground) override {
+        dtpDATE->SetBackColor(ground);
+        const auto today = dateText(dtpDATE->platform().clock().today());
+        dtpDATE->SetText(Text(text.empty() && today ? *today : text).append(displayBlanks));
+    }
+    Text value() const override {
+        // What is no date is kept as it was typed, as the field itself does.
+        const Text shown = dtpDATE->Text();
+        return cellText(ColumnType::date, trimmed(shown), {}).value_or(Text(trimmed(shown)));
+    }
+    void setFont(const FontRef& font) override { dtpDATE->SetFont(font); }
+    void selectText() override { dtpDATE->selectText(); }
+    bool droppedDown() const override { return dtpDATE->droppedDown(); }
+    void closePanel() override {
+        if (dtpDATE->droppedDown()) dtpDATE->HidePopUp();
+    }
+
+private:
+    Hosted<DateCalendar> dtpDATE;
+};
+
+class CheckCellEditor final : public CellEditor {
+public:
+    CheckCellEditor(const CellEditorEvents& events, Control& outer, Container& grid)
+        : CellEditor(events), gchCHECKBOX(outer, grid) {
+        passOnKeys(gchCHECKBOX);
+    }
+
+    Widget& widget() override { return gchCHECKBOX; }
+    void load(TextView text, OleColour ground) override {
+        gchCHECKBOX.setAmbientBackColour(ground);
+        gchCHECKBOX->SetBackColor(ground);
+        gchCHECKBOX->SetValue(trimmed(text) == checkedText ? 1 : 0);
+    }
+    Text value() const override { return gchCHECKBOX->Value() == 1 ? Text(checkedText) : Text(); }
+    void toggle() override { gchCHECKBOX->SetValue(gchCHECKBOX->Value() == 0 ? 1 : 0); }
+
+private:
+    Hosted<GridCheck> gchCHECKBOX;
+};
+
+class NumberCellEditor final : public CellEditor {
+public:
+    NumberCellEditor(const CellEditorEvents& events, Control& outer, Container& grid)
+        : CellEditor(events), udnLIST(outer, grid) {
+        udnLIST->SetBorderStyle(0);
+        udnLIST->SetInterval(1);
+        udnLIST->SetMin(INT32_MIN);
+        udnLIST->SetMax(INT32_MAX);
+        udnLIST->SetAllowDecpoint(true);
+        passOnKeys(udnLIST);
+        passOnDoubleClick(udnLIST->DblClick);
+        on(udnLIST->Change, [this] {
+            if (udnLIST.focused()) number_ = udnLIST->Text();
+            udnLIST->SetAllowDecpoint(true);
+        });
+        // A step writes as many decimals as the number has, one at most; a decimal point can always be typed.
+        for (Event<>* step : {&udnLIST->UpClick, &udnLIST->DownClick})
+            on(*step,
+               [this] { udnLIST->SetAllowDecpoint(udnLIST->DecimalpointCheck(udnLIST->Text()) != 0); });
+    }
+
+    Widget& widget() override { return udnLIST; }
+    void load(TextView text, OleColour ground) override {
+        udnLIST->SetBackColor(ground);
+        udnLIST->SetText(Text(text));
+        number_ = udnLIST->Text();
+    }
+    Text value() const override { return number_; }
+    void setFont(const FontRef& font) override { udnLIST->SetFont(font); }
+    void selectText() override { udnLIST->selectText(); }
+
+private:
+    Text number_;  // as it was typed: leaving the editor may cut it
+    Hosted<UpDownTextBox> udnLIST;
+};
+
+}  // namespace
+
+std::unique_ptr<CellEditor> makeDateEditor(const CellEditorEvents& events, Control& outer, Container& grid) {
+    return std::make_unique<DateCellEditor>(events, outer, grid);
+}
+
+std::unique_ptr<CellEditor> makeCheckEditor(const CellEditorEvents& events, Control& outer, Container& grid) {
+    return std::make_unique<CheckCellEditor>(events, outer, grid);
+}
+
+std::unique_ptr<CellEditor> makeNumberEditor(const CellEditorEvents& events, Control& outer,
+                                             Container& grid) {
+    return std::make_unique<NumberCellEditor>(events, outer, grid);
+}
+
+}  // namespace obk
