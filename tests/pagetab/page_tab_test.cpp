@@ -450,44 +450,5 @@ TEST_F(PageTabTest, AHostMayRebuildTheTabsInsideEveryEvent) {
     EXPECT_EQ(text(u"ActiveTab"), "3");
 }
 
-TEST_F(PageTabTest, AHostMayLetGoInsideEveryEvent) {
-    for (const char* event :
-         {"Click", "Show", "MouseDown", "MouseDownback", "MouseMove", "MouseUp", "dlbClick"}) {
-        place(PageTab::memberTable());
-        activate({100, 100, 420, 125});
-        setTabs(u"a,b,c,d,e,f,g,h,i,j,k", 1);
-        bool gone = false;
-        host.on = {};
-        host.on[event] = [&](std::span<Value>) {
-            if (!std::exchange(gone, true)) release();
-        };
-        const PixelPoint at = on(2);
-        for (const Kind kind : {Kind::move, Kind::down, Kind::up, Kind::doubleClick, Kind::up})
-            mouse(kind, at);
-        mouse(Kind::down, {319, 1});
-        EXPECT_TRUE(gone || std::string(event) == "MouseDownback") << event;
-        if (control) release();
-        EXPECT_EQ(platform.windowCount(), 0u);
-        EXPECT_EQ(platform.capture(), 0u);
-    }
-}
-
-TEST_F(PageTabTest, StrangeTabStringsAreKeptAndShown) {
-    for (const Text& tabs : {Text(u"&&"), Text(100000, u'x'), Text(5000, u','), Text(u"\r\n\r\n"), Text(u"&"),
-                             Text(u"\xD800,\xDC00")}) {
-        put(u"ActiveTabs", tabs);
-        put(u"ActiveTab", 1);
-        EXPECT_EQ(get(u"ActiveTabs"), Value(tabs));
-        surface().paint();
-        mouse(Kind::move, on(1), 0);
-        MemoryBag saved;
-        control->save(saved);
-        const auto loaded = PageTab::memberTable().create(platform);
-        loaded->load(saved);
-        EXPECT_EQ(static_cast<PageTab&>(*loaded).ActiveTabs(), tabs);
-        EXPECT_EQ(static_cast<PageTab&>(*loaded).ActiveTabNameGet(1), strip().ActiveTabNameGet(1));
-    }
-}
-
 }  // namespace
 }  // namespace obk::test
