@@ -277,42 +277,27 @@ TEST_F(GridEditorsTest, AGridThatIsNotEditedStaysAsItIs) {
 TEST_F(GridEditorsTest, WhateverDisturbsTheCellsKeepsTheEditorsTextFirst) {
     work();
     size(40, 7);
-    const std::vector<std::pair<const char*, std::function<void()>>> ways{
+    const WheelEvent notch{-120, false, 0, at(1, 0)};
+    const MouseEvent press{Kind::down, button::left, 0, {border + colWidth, 60}},
+        drag{Kind::move, button::left, 0, {border + colWidth + 9, 60}};
+    const PixelPoint noCell{500, 60}, caption{50, 8};
+    const PixelRect smaller{0, 0, 500, 150};
+    const std::vector<Value> noText{Text(), 0}, hide{0, 900, true};
+    const std::pair<const char*, std::function<void()>> ways[] = {
         {"scroll", [&] { call(u"TopRowSet", {5}); }},
-        {"wheel",
-         [&] {
-             platform.wheel(control->window(), {-120, false, 0, at(1, 0)});
-         }},
+        {"wheel", [&] { platform.wheel(control->window(), notch); }},
         {"another cell", [&] { click(at(2, 1)); }},
-        {"no cell",
-         [&] {
-             click({500, 60});
-         }},
+        {"no cell", [&] { click(noCell); }},
         {"column border",
-         [&] {
-             platform.mouse(control->window(), {Kind::down, button::left, 0, {border + colWidth, 60}});
-             platform.mouse(control->window(), {Kind::move, button::left, 0, {border + colWidth + 9, 60}});
-         }},
-        {"captions",
-         [&] {
-             click({50, 8});
-         }},
+         [&] { platform.mouse(control->window(), press), platform.mouse(control->window(), drag); }},
+        {"captions", [&] { click(caption); }},
         {"sort", [&] { call(u"GridColSort", {0}); }},
         {"focus", [&] { platform.setFocus(0); }},
         {"rows", [&] { call(u"RowsSet", {41}); }},
         {"columns", [&] { call(u"ColsSet", {8}); }},
-        {"row",
-         [&] {
-             call(u"RowAdd", {Text(), 0});
-         }},
-        {"hidden column",
-         [&] {
-             call(u"ColumnVisible", {0, 900, true});
-         }},
-        {"size",
-         [&] {
-             control->setBounds({0, 0, 500, 150});
-         }},
+        {"row", [&] { call(u"RowAdd", noText); }},
+        {"hidden column", [&] { call(u"ColumnVisible", hide); }},
+        {"size", [&] { control->setBounds(smaller); }},
         {"window", [&] { control->deactivate(); }},
     };
     for (const auto& [name, disturb] : ways) {
