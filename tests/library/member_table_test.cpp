@@ -1,4 +1,5 @@
 // What holds for every control, found out by walking its member table.
+#include "library/class_facts.h"
 #include "library/library.h"
 #include "support/control_fixture.h"
 
@@ -308,8 +309,8 @@ TEST_P(MemberTableTest, SavingKeepsTheOrderAndTypesAndLeavesOutTheDefaults) {
     };
     auto row = saved.begin();
     for (const auto& [key, value] : bag.entries()) {
-        row =
-            std::find_if(row, saved.end(), [&, &key = key](size_t position) { return rowAt(position).writeKey == key; });
+        row = std::find_if(row, saved.end(),
+                           [&, &key = key](size_t position) { return rowAt(position).writeKey == key; });
         ASSERT_NE(row, saved.end()) << toUtf8(key) << " is out of order";
         EXPECT_EQ(typeOf(value), rowAt(*row).storedAs) << toUtf8(key);
     }
@@ -438,14 +439,10 @@ TEST_P(MemberTableTest, EveryMemberTakesEveryValueOrRefusesIt) {
 }
 
 TEST(LibraryTest, IdentifiersAndPicturesAreEachControlsOwn) {
-    std::set<std::vector<uint32_t>> guids;
-    const auto isNew = [&guids](const Guid& id) {
-        std::vector<uint32_t> parts{id.first, id.second, id.third};
-        parts.insert(parts.end(), id.rest.begin(), id.rest.end());
-        return guids.insert(parts).second;
-    };
-    EXPECT_TRUE(isNew({}));
+    std::set<Text> guids{guidDigits({})};
+    const auto isNew = [&guids](const Guid& id) { return guids.insert(guidDigits(id)).second; };
     EXPECT_TRUE(isNew(library().id));
+    for (const Enumeration* enumeration : library().enumerations) EXPECT_TRUE(isNew(enumeration->id));
     std::set<int32_t> pictures;
     for (const ControlTable* table : library().controls) {
         // What only other controls host is known by its table.
