@@ -483,21 +483,12 @@ TEST_F(GridEditorsTest, TimesAreReadInTheUsualWays) {
     EXPECT_EQ(timeList()[1], u"12:30:00 am");
     EXPECT_EQ(timeList()[24], u"12:00:00 pm");
     EXPECT_EQ(timeList().back(), u"11:30:00 pm");
-    const std::pair<const char16_t*, const char16_t*> rows[] = {
-        {u"0:05", u"12:05:00 am"},
-        {u"12:00 AM", u"12:00:00 am"},
-        {u" 21:30:15 ", u"9:30:15 pm"},
-        {u"9:30pm", u"9:30:00 pm"},
-        {u"24:00", nullptr},
-        {u"9:60", nullptr},
-        {u"9", nullptr},
-        {u"13:00 pm", nullptr},
-        {u"0:30 am", nullptr},
-        {u"9:30 o'clock", nullptr},
-        {u"9:", nullptr},
-    };
-    for (const auto& [text, time] : rows)
-        EXPECT_EQ(timeText(text), time ? std::optional(Text(time)) : std::nullopt) << toUtf8(text);
+    EXPECT_EQ(timeText(u"0:05"), u"12:05:00 am");
+    EXPECT_EQ(timeText(u"12:00 AM"), u"12:00:00 am");
+    EXPECT_EQ(timeText(u" 21:30:15 "), u"9:30:15 pm");
+    EXPECT_EQ(timeText(u"9:30pm"), u"9:30:00 pm");
+    for (const char16_t* text : {u"24:00", u"9:60", u"9", u"13:00 pm", u"0:30 am", u"9:30 o'clock", u"9:"})
+        EXPECT_EQ(timeText(text), std::nullopt) << toUtf8(text);
 }
 
 TEST_F(GridEditorsTest, AHostThatAnswersDoesNotRecurse) {

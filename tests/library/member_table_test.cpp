@@ -62,27 +62,12 @@ std::vector<Value> valuesOf(const Member& member) {
 
 // At the edges of every type, and beyond.
 std::vector<Value> extremes() {
-    std::vector<Value> values{Value(),
-                              true,
-                              false,
-                              uint8_t{0},
-                              uint8_t{255},
-                              int16_t{-32768},
-                              int16_t{32767},
-                              INT32_MIN,
-                              INT32_MAX,
-                              -1,
-                              46,
-                              190,
-                              0.5f,
-                              std::numeric_limits<float>::max(),
-                              1e308,
-                              -1e308,
-                              5e-324,
-                              infinity,
-                              -infinity,
-                              std::nan(""),
-                              2147483647.5};
+    std::vector<Value> values{Value(), true, false, 0.5f, std::numeric_limits<float>::max()};
+    for (const int32_t number : {INT32_MIN, INT32_MAX, -1, 46, 190}) values.emplace_back(number);
+    for (const int number : {-32768, 32767}) values.emplace_back(static_cast<int16_t>(number));
+    for (const int number : {0, 255}) values.emplace_back(static_cast<uint8_t>(number));
+    for (const double number : {1e308, -1e308, 5e-324, infinity, -infinity, std::nan(""), 2147483647.5})
+        values.emplace_back(number);
     for (const char16_t* text :
          {u"", u".", u"-", u"12", u"1e308", u"1e999", u"True", u"\xD800", u"a\r\nb", u"&H80000005"})
         values.emplace_back(Text(text));
