@@ -73,6 +73,12 @@ bool CurrentCellGrid::Select(CellAddress current, CellAddress corner) {
     return true;
 }
 
+void CurrentCellGrid::SelectByHalves(CellAddress cell) {
+    if (Select(cell)) return;
+    SetCol(cell.col);
+    SetRow(cell.row);
+}
+
 bool CurrentCellGrid::AddItem(TextView item, int32_t row) {
     if (!model_.addItem(item, row)) return false;
     ++arrangement_;
@@ -108,6 +114,15 @@ bool CurrentCellGrid::SetText(TextView text) {
     if (!model_.setText(current_, text)) return false;
     currentCellChanged();
     return true;
+}
+
+bool CurrentCellGrid::SetCellBackColor(OleColour colour) {
+    return setStyle<&CellStyle::backColour>(colour);
+}
+
+void CurrentCellGrid::colourAnew(CellAddress cell, OleColour colour) {
+    SelectByHalves(cell);
+    SetCellBackColor(colour);
 }
 
 bool CurrentCellGrid::SetCellAlignment(int32_t alignment) {

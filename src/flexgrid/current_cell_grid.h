@@ -40,9 +40,12 @@ public:
     // Makes the selection one cell.
     bool Select(CellAddress cell) {
         if (watched_ || !model_.contains(cell)) return Select(cell, cell);
-        current_ = corner_ = cell;
+        current_ = cell;
+        corner_ = cell;
         return true;
     }
+    // Each half stands alone: where one is out of range the other moves all the same.
+    void SelectByHalves(CellAddress cell);
     CellAddress current() const { return current_; }
     CellRange selection() const { return CellRange::between(current_, corner_); }
 
@@ -58,7 +61,15 @@ public:
     // Of the current cell. Texts are valid until the next change.
     TextView Text() const { return model_.text(current_); }
     bool SetText(TextView text);
-    bool SetCellBackColor(OleColour colour) { return setStyle<&CellStyle::backColour>(colour); }
+    bool SetCellBackColor(OleColour colour);
+    // The same for a cell that becomes the current one, by halves, at the least cost: hosts colour whole
+    // grids cell by cell.
+    void SetCellBackColor(CellAddress cell, OleColour colour) {
+        if (watched_ || !model_.repeatAttribute<&CellStyle::backColour>(cell, colour))
+            return colourAnew(cell, colour);
+        current_ = cell;
+        corner_ = cell;
+    }
     bool SetCellForeColor(OleColour colour) { return setStyle<&CellStyle::foreColour>(colour); }
     bool SetCellAlignment(int32_t alignment);
     bool SetCellFontName(TextView name);
@@ -104,6 +115,7 @@ private:
     void currentCellChanged() {
         if (watched_) cellsChanged(CellRange::between(current_, current_));
     }
+    void colourAnew(CellAddress cell, OleColour colour);
     bool bringInside();
 
     GridModel model_;

@@ -54,7 +54,7 @@ bool GridModel::sort(int32_t col, SortDirection direction, int32_t first, int32_
     return true;
 }
 
-bool GridModel::setText(CellAddress cell, TextView text) {
+bool GridModel::setLargerText(CellAddress cell, TextView text) {
     if (!contains(cell)) return false;
     RowHandle* row = rows_.touched(cell.row);
     // A run of rows that nobody has touched stays one.

@@ -52,7 +52,10 @@ public:
         const PackedRow* row = rows_.at(cell.row);
         return row ? row->text(cell.col) : TextView();
     }
-    bool setText(CellAddress cell, TextView text);
+    bool setText(CellAddress cell, TextView text) {
+        RowHandle* const row = rows_.touchedAtHand(cell.row);
+        return (row && *row && (*row)->setTextInPlace(cell.col, text)) || setLargerText(cell, text);
+    }
 
     StyleRef style(CellAddress cell) const {
         const PackedRow* row = rows_.at(cell.row);
@@ -66,17 +69,22 @@ public:
     template <auto Attribute, typename Setting>
     bool setAttribute(CellAddress cell, Setting&& setting) {
         if constexpr (SmallSetting<std::remove_cvref_t<Setting>>) {
-            RowHandle* const row = rows_.touched(cell.row);
-            StyleRef* const place = row && *row ? (*row)->stylePlace(cell.col) : nullptr;
-            const uint32_t bits = settingBits(setting);
-            if (place && styles_.repeat(*place, &attributeMark<Attribute>, bits)) return true;
-            return setSmallAttribute(cell, &attributeMark<Attribute>, bits,
+            if (repeatAttribute<Attribute>(cell, setting)) return true;
+            return setSmallAttribute(cell, &attributeMark<Attribute>, settingBits(setting),
                                      [setting](CellStyle& style) { style.*Attribute = setting; });
         } else {
             CellStyle changed = *style(cell);
             changed.*Attribute = std::forward<Setting>(setting);
             return setStyle(cell, changed);
         }
+    }
+    // The same for a cell that has a style already, from which others were changed in this way before; false,
+    // and nothing changed, for any other.
+    template <auto Attribute>
+    bool repeatAttribute(CellAddress cell, SmallSetting auto setting) {
+        RowHandle* const row = rows_.touchedAtHand(cell.row);
+        return row && *row &&
+               (*row)->repeatStyle(styles_, cell.col, &attributeMark<Attribute>, settingBits(setting));
     }
     // How many different styles the cells have.
     size_t styleCount() const { return styles_.size(); }
@@ -100,9 +108,8 @@ private:
     bool setSmallAttribute(CellAddress cell, const void* attribute, uint32_t bits, Set&& set) {
         if (!contains(cell)) return false;
         const StyleRef from = style(cell);
-        StyleRef to = from;
-        if (styles_.repeat(to, attribute, bits)) {
-            putStyle(rows_.touched(cell.row), cell, std::move(to));
+        if (const auto* step = styles_.remembered(from, attribute, bits)) {
+            putStyle(rows_.touched(cell.row), cell, StyleRef(step->to));
             return true;
         }
         CellStyle changed = *from;
@@ -111,6 +118,7 @@ private:
         styles_.remember(from, attribute, bits, style(cell));
         return true;
     }
+    bool setLargerText(CellAddress cell, TextView text);
     void putStyle(RowHandle* row, CellAddress cell, StyleRef style);
 
     StyleTable styles_;  // outlives the rows that refer to it

@@ -214,7 +214,6 @@ void PackedRow::moveToLarger(RowHandle& row, uint32_t cell, uint32_t count, int3
     larger->cells_ = static_cast<uint16_t>(std::max(present, cell + 1));
     if (row) {
         larger->height_ = row->height_;
-        larger->styled_ = std::exchange(row->styled_, uint16_t{0});
         larger->styles_ = std::move(row->styles_);
         // What lies apart has moved along, but for what is replaced.
         if (cell < present) std::swap(row->places()[0], row->places()[cell]);
@@ -224,13 +223,7 @@ void PackedRow::moveToLarger(RowHandle& row, uint32_t cell, uint32_t count, int3
 }
 
 void PackedRow::setText(RowHandle& row, int32_t col, TextView text, int32_t cols) {
-    const auto cell = static_cast<uint32_t>(col);
-    if (!row || cell >= row->cells_ || row->places()[cell].apart() || liesApart(text) ||
-        !row->hasRoom(cell, static_cast<uint32_t>(text.size())))
-        return replaceText(row, cell, text, cols);
-    Place& place = row->places()[cell];
-    std::char_traits<char16_t>::move(row->units() + place.start(), text.data(), text.size());
-    place.setLength(static_cast<uint32_t>(text.size()));
+    if (!row || !row->setTextInPlace(col, text)) replaceText(row, static_cast<uint32_t>(col), text, cols);
 }
 
 void PackedRow::replaceText(RowHandle& row, uint32_t cell, TextView text, int32_t cols) {
@@ -260,23 +253,25 @@ void PackedRow::replaceText(RowHandle& row, uint32_t cell, TextView text, int32_
 // None for a cell beyond the styled ones that stays without a style.
 void PackedRow::makeRoomForStyle(RowHandle& row, int32_t col, const StyleRef& style, int32_t cols) {
     if (!style) return;
-    PackedRow& own = ensured(row);
+    StylePlaces& own = ensured(row).styles_;
     // A row is mostly styled from its first cell to its last.
     const uint32_t wanted =
-        std::min(static_cast<uint32_t>(cols), std::max<uint32_t>(own.cells_, own.styled_ * 2u));
+        std::min(static_cast<uint32_t>(cols), std::max<uint32_t>(row->cells_, own.size() * 2));
     const uint32_t count = std::max(static_cast<uint32_t>(col) + 1, wanted);
-    auto larger = std::make_unique<StyleRef[]>(count);
-    std::move(own.styles_.get(), own.styles_.get() + own.styled_, larger.get());
-    own.styles_ = std::move(larger);
-    own.styled_ = static_cast<uint16_t>(count);
+    if (own.size() == 0)
+        own = StylePlaces(*style.entry()->table, count);
+    else
+        own.grow(count);
 }
 
 void PackedRow::setStyles(RowHandle& row, std::span<const StyleRef> styles) {
-    auto own = std::make_unique<StyleRef[]>(styles.size());
-    std::copy(styles.begin(), styles.end(), own.get());
-    PackedRow& styled = ensured(row);
-    styled.styles_ = std::move(own);
-    styled.styled_ = static_cast<uint16_t>(styles.size());
+    const auto styled =
+        std::find_if(styles.begin(), styles.end(), [](const StyleRef& style) { return bool(style); });
+    StylePlaces own;
+    if (styled != styles.end())
+        own = StylePlaces(*styled->entry()->table, static_cast<uint32_t>(styles.size()));
+    for (uint32_t cell = 0; cell < own.size(); ++cell) own.set(cell, styles[cell]);
+    ensured(row).styles_ = std::move(own);
 }
 
 void PackedRow::setHeight(RowHandle& row, int32_t height) {
@@ -294,9 +289,7 @@ void PackedRow::truncate(int32_t cols) noexcept {
         releaseApart(count);
         cells_ = count;
     }
-    for (uint32_t cell = count; cell < styled_; ++cell) styles_[cell] = {};
-    styled_ = std::min(styled_, count);
-    if (styled_ == 0) styles_.reset();
+    styles_.truncate(count);
 }
 
 }  // namespace obk

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "base/text.h"
-#include "flexgrid/style_table.h"
+#include "flexgrid/style_places.h"
 #include "flexgrid/text_place.h"
 
 #include <cstdint>
@@ -47,20 +47,35 @@ public:
         const Place place = places()[cell];
         return place.apart() ? apart(place) : TextView{units() + place.start(), place.length()};
     }
+    // Where the cell's text is now; false, and nothing changed, if it does not fit there. `text` may lie in
+    // this row.
+    bool setTextInPlace(int32_t col, TextView text) {
+        const auto cell = static_cast<uint32_t>(col);
+        if (cell >= cells_ || text.size() > longestInline) return false;
+        Place& place = places()[cell];
+        const auto length = static_cast<uint32_t>(text.size());
+        if (place.apart() || !hasRoom(cell, length)) return false;
+        std::char_traits<char16_t>::move(units() + place.start(), text.data(), length);
+        place.setLength(length);
+        return true;
+    }
     // `text` may lie in this row. `cols` is the grid's and bounds how far the row grows.
     static void setText(RowHandle& row, int32_t col, TextView text, int32_t cols);
 
     StyleRef style(int32_t col) const {
-        return static_cast<uint32_t>(col) < styled_ ? styles_[static_cast<uint32_t>(col)] : StyleRef();
+        return static_cast<uint32_t>(col) < styles_.size() ? styles_.at(static_cast<uint32_t>(col))
+                                                           : StyleRef();
     }
-    // Null for a cell beyond those that have room for a style.
-    StyleRef* stylePlace(int32_t col) {
-        return static_cast<uint32_t>(col) < styled_ ? &styles_[static_cast<uint32_t>(col)] : nullptr;
+    // As StylePlaces::repeat(); false also for a cell that never had a style.
+    bool repeatStyle(StyleTable& table, int32_t col, const void* attribute, uint32_t setting) {
+        return static_cast<uint32_t>(col) < styles_.size() &&
+               styles_.repeat(table, static_cast<uint32_t>(col), attribute, setting);
     }
     static void setStyle(RowHandle& row, int32_t col, StyleRef style, int32_t cols) {
-        if (!row || static_cast<uint32_t>(col) >= row->styled_) makeRoomForStyle(row, col, style, cols);
-        if (row && static_cast<uint32_t>(col) < row->styled_)
-            row->styles_[static_cast<uint32_t>(col)] = std::move(style);
+        if (!row || static_cast<uint32_t>(col) >= row->styles_.size())
+            makeRoomForStyle(row, col, style, cols);
+        if (row && static_cast<uint32_t>(col) < row->styles_.size())
+            row->styles_.set(static_cast<uint32_t>(col), std::move(style));
     }
     // Of the first cells, as many as there are styles, in place of those that the row had.
     static void setStyles(RowHandle& row, std::span<const StyleRef> styles);
@@ -83,7 +98,7 @@ private:
     static constexpr uint32_t placeUnits = sizeof(Place) / sizeof(char16_t);
 
     PackedRow(size_t slots, size_t capacity)
-        : capacity_(static_cast<uint32_t>(capacity)), slots_(static_cast<uint16_t>(slots)) {}
+        : slots_(static_cast<uint16_t>(slots)), capacity_(static_cast<uint32_t>(capacity)) {}
     static RowHandle make(size_t slots, size_t units);
     static PackedRow& ensured(RowHandle& row);
     static void replaceText(RowHandle& row, uint32_t cell, TextView text, int32_t cols);
@@ -106,12 +121,11 @@ private:
     TextView apart(Place place) const;
     void releaseApart(uint32_t firstCell) noexcept;
 
-    std::unique_ptr<StyleRef[]> styles_;
+    [[no_unique_address]] StylePlaces styles_;
+    uint16_t slots_;      // cells there is room for
+    uint16_t cells_ = 0;  // those after it are empty
+    uint32_t capacity_;   // units there is room for, those of the places included
     int32_t height_ = ownHeightNone;
-    uint32_t capacity_;    // units there is room for, those of the places included
-    uint16_t slots_;       // cells there is room for
-    uint16_t cells_ = 0;   // those after it are empty
-    uint16_t styled_ = 0;  // cells with room for a style
 };
 
 }  // namespace obk

@@ -29,6 +29,11 @@ public:
     }
     // Null in a run of rows that nobody has touched, and for a row that is not there.
     RowHandle* touched(int32_t row) { return const_cast<RowHandle*>(find(row)); }
+    // Null also for a row that has to be searched for.
+    RowHandle* touchedAtHand(int32_t row) {
+        const auto number = static_cast<uint32_t>(row);
+        return number < evenRows_ ? &blocks_[number / blockRows].rows[number % blockRows] : nullptr;
+    }
     // Grids are mostly gone through row by row: has the rows after one ready when they are asked for.
     void fetchAfter(int32_t row) const {
         constexpr int32_t ahead = 4;

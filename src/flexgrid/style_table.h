@@ -7,107 +7,129 @@
 #include <cstddef>
 #include <unordered_set>
 #include <utility>
+#include <vector>
 
 namespace obk {
 
 class StyleTable;
 
-// A place in a style table; the style goes with the last reference to it. Empty: nothing is set.
+// A style in a table, with its number there.
+struct StyleEntry {
+    CellStyle style;
+    StyleTable* table = nullptr;
+    mutable uint32_t number = 0;
+    mutable uint32_t references = 0;
+};
+
+// A style that a table keeps; it goes with the last reference to it. Empty: nothing is set.
 class StyleRef {
 public:
     StyleRef() = default;
-    StyleRef(const StyleRef& other) : entry_(other.entry_) { retain(); }
+    explicit StyleRef(const StyleEntry* entry) : entry_(entry) {
+        if (entry_) ++entry_->references;
+    }
+    StyleRef(const StyleRef& other) : StyleRef(other.entry_) {}
     StyleRef(StyleRef&& other) noexcept : entry_(std::exchange(other.entry_, nullptr)) {}
     StyleRef& operator=(StyleRef other) noexcept {
         std::swap(entry_, other.entry_);
         return *this;
     }
     ~StyleRef() {
-        if (entry_ && --entry_->references == 0) dropLast();
+        if (entry_ && --entry_->references == 0) drop();
     }
 
     const CellStyle& operator*() const { return entry_ ? entry_->style : unset(); }
     const CellStyle* operator->() const { return &**this; }
     explicit operator bool() const { return entry_ != nullptr; }
+    const StyleEntry* entry() const { return entry_; }
+    // Leaves its reference to the caller, and takes over one that was left.
+    const StyleEntry* release() { return std::exchange(entry_, nullptr); }
+    static StyleRef adopted(const StyleEntry* entry) {
+        StyleRef style;
+        style.entry_ = entry;
+        return style;
+    }
 
 private:
-    friend class StyleTable;
-    struct Entry {
-        CellStyle style;
-        StyleTable* table = nullptr;
-        mutable uint32_t references = 0;
-    };
-
-    explicit StyleRef(const Entry& entry) : entry_(&entry) { retain(); }
     static const CellStyle& unset();
-    void retain() const {
-        if (entry_) ++entry_->references;
-    }
-    void dropLast() const noexcept;
+    void drop() const noexcept;
 
-    const Entry* entry_ = nullptr;
+    const StyleEntry* entry_ = nullptr;
 };
 
-// The styles that a grid's cells have, each one once. Outlives its references.
+// The styles that a grid's cells have, each one once and with a number. Outlives its references.
 class StyleTable {
 public:
+    static constexpr uint32_t noStyle = 0;  // the number of a style in which nothing is set
+
     StyleTable() = default;
     StyleTable(const StyleTable&) = delete;
     StyleTable& operator=(const StyleTable&) = delete;
 
     // Empty for a style in which nothing is set.
     StyleRef shared(const CellStyle& style);
+    size_t size() const { return entries_.size(); }
+    // Null for `noStyle`.
+    const StyleEntry* numbered(uint32_t number) const { return numbered_[number]; }
 
-    // Makes of a style what it became by the same setting before: cells that are set one after the other
-    // mostly go from and to the same few styles. False, and nothing changed, where that is not remembered.
-    // `attribute` is any address that stands for what is set.
-    bool repeat(StyleRef& style, const void* attribute, uint32_t setting) {
-        const Step& step = steps_[place(style.entry_, attribute, setting)];
-        if (step.from != style.entry_ || step.attribute != attribute || step.setting != setting) return false;
-        style = step.to ? StyleRef(*step.to) : StyleRef();
-        return true;
+    // Cells that are set one after the other mostly go from and to the same few styles: what a style became
+    // by the same setting before. Null where that is not remembered. `attribute` is any address that stands
+    // for what is set.
+    struct Step {
+        const void* attribute = nullptr;
+        const StyleEntry* from = nullptr;  // none for `noStyle`
+        const StyleEntry* to = nullptr;
+        uint32_t fromNumber = noStyle;
+        uint32_t setting = 0;
+
+        bool is(uint32_t start, const void* which, uint32_t what) const {
+            return fromNumber == start && attribute == which && setting == what;
+        }
+    };
+    const Step* remembered(uint32_t from, const void* attribute, uint32_t setting) {
+        if (latest_->is(from, attribute, setting)) return latest_;
+        const Step& step = steps_[place(from, attribute, setting)];
+        if (!step.is(from, attribute, setting)) return nullptr;
+        return latest_ = &step;
+    }
+    const Step* remembered(const StyleRef& from, const void* attribute, uint32_t setting) {
+        return remembered(numberOf(from), attribute, setting);
     }
     void remember(const StyleRef& from, const void* attribute, uint32_t setting, const StyleRef& to) {
-        steps_[place(from.entry_, attribute, setting)] = {from.entry_, attribute, to.entry_, setting};
+        const uint32_t start = numberOf(from);
+        steps_[place(start, attribute, setting)] = {attribute, from.entry(), to.entry(), start, setting};
     }
-    size_t size() const { return entries_.size(); }
 
 private:
     friend class StyleRef;
     struct Hash {
         using is_transparent = void;
         size_t operator()(const CellStyle& style) const noexcept { return style.hash(); }
-        size_t operator()(const StyleRef::Entry& entry) const noexcept { return (*this)(entry.style); }
+        size_t operator()(const StyleEntry& entry) const noexcept { return (*this)(entry.style); }
     };
     struct Equal {
         using is_transparent = void;
-        bool operator()(const StyleRef::Entry& left, const StyleRef::Entry& right) const {
+        bool operator()(const StyleEntry& left, const StyleEntry& right) const {
             return left.style == right.style;
         }
-        bool operator()(const CellStyle& left, const StyleRef::Entry& right) const {
-            return left == right.style;
-        }
-        bool operator()(const StyleRef::Entry& left, const CellStyle& right) const {
-            return left.style == right;
-        }
+        bool operator()(const CellStyle& left, const StyleEntry& right) const { return left == right.style; }
+        bool operator()(const StyleEntry& left, const CellStyle& right) const { return left.style == right; }
     };
 
-    struct Step {
-        const StyleRef::Entry* from = nullptr;
-        const void* attribute = nullptr;
-        const StyleRef::Entry* to = nullptr;
-        uint32_t setting = 0;
-    };
-    static size_t place(const StyleRef::Entry* from, const void* attribute, uint32_t setting) {
-        const uintptr_t mixed = reinterpret_cast<uintptr_t>(from) / alignof(std::max_align_t) +
-                                reinterpret_cast<uintptr_t>(attribute) * 5 + (setting * 0x9E3779B1u >> 16);
-        return mixed % stepCount;
+    static uint32_t numberOf(const StyleRef& style) { return style ? style.entry()->number : noStyle; }
+    static size_t place(uint32_t from, const void* attribute, uint32_t setting) {
+        return (from + reinterpret_cast<uintptr_t>(attribute) * 5 + (setting * 0x9E3779B1u >> 16)) %
+               stepCount;
     }
+    void drop(const StyleEntry& entry) noexcept;
 
     static constexpr size_t stepCount = 16;
-    std::unordered_set<StyleRef::Entry, Hash, Equal> entries_;
+    std::unordered_set<StyleEntry, Hash, Equal> entries_;
+    std::vector<const StyleEntry*> numbered_{nullptr};
+    std::vector<uint32_t> freeNumbers_;  // has room for all of them
     // References to none of its styles: all are forgotten when one goes.
     std::array<Step, stepCount> steps_{};
+    const Step* latest_ = steps_.data();
 };
 
 }  // namespace obk

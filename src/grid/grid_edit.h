@@ -146,7 +146,7 @@ private:
     void connectChildren();
     void loadFont(const FontRef& font);
     void fontChanged();
-    void goTo(int32_t rowno, int32_t colno);
+    void goTo(int32_t rowno, int32_t colno) { flexGRID.SelectByHalves({rowno, colno}); }
     void addItem(const Text& text, int32_t rowno);
     void listKey(void (DropList::*act)(KeyEvent&), int16_t& keyCode, int16_t& shift);
     void raiseMouse(const Event<int16_t&, int16_t&, float&, float&>& event, const MouseEvent& mouse);

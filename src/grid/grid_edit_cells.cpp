@@ -14,14 +14,6 @@ int32_t wholeTwips(Twips length) {
 
 }  // namespace
 
-// Each half stands alone: where one is out of range the other moves all the same.
-void GridEdit::goTo(int32_t rowno, int32_t colno) {
-    const CellAddress cell{rowno, colno};
-    if (flexGRID.Select(cell)) return;
-    flexGRID.SetCol(colno);
-    flexGRID.SetRow(rowno);
-}
-
 void GridEdit::CellChkSet(int32_t row, int32_t col, const Text& value) {
     CellTextSet(row, col, checkText(value));
 }
@@ -33,8 +25,7 @@ OleColour GridEdit::CellColorReadx(int32_t rowno, int32_t colno) {
 }
 
 void GridEdit::CellColorSetx(OleColour colour, int32_t rowno, int32_t colno) {
-    goTo(rowno, colno);
-    flexGRID.SetCellBackColor(colour);
+    flexGRID.SetCellBackColor({rowno, colno}, colour);
 }
 
 void GridEdit::CellEnabledSet(int32_t rowno, int32_t colno, bool strikeThru, OleColour oleForeColor) {

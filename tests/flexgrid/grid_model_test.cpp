@@ -2,6 +2,7 @@
 
 #include "flexgrid/plain_grid.h"
 #include "support/failing_memory.h"
+#include "support/from_environment.h"
 
 #include <gtest/gtest.h>
 
@@ -170,7 +171,8 @@ void step(GridModel& grid, PlainGrid& plain, Random& random, int32_t mostRows) {
     }
 }
 
-// Grids of few rows meet every edge often, those of thousands have many blocks of rows.
+// Grids of few rows meet every edge often, those of thousands have many blocks of rows. A walk is the same
+// whenever its seed is: OBK_GRID_TIMES=20 walks each of them twenty times as far.
 class RandomOperations : public ::testing::TestWithParam<std::tuple<int, int, int>> {};
 
 TEST_P(RandomOperations, KeepAGridLikeASimpleOne) {
@@ -178,7 +180,8 @@ TEST_P(RandomOperations, KeepAGridLikeASimpleOne) {
     Random random(static_cast<uint64_t>(seed));
     GridModel grid(3, 5, dpi);
     PlainGrid plain(3, 5, dpi);
-    for (int count = 0; count < steps; ++count) {
+    const int32_t most = steps * test::fromEnvironment("OBK_GRID_TIMES", 1);
+    for (int32_t count = 0; count < most; ++count) {
         ASSERT_NO_FATAL_FAILURE(step(grid, plain, random, mostRows)) << "step " << count;
         if (count % (mostRows * 40) == 0) {
             ASSERT_NO_FATAL_FAILURE(expectEqual(grid, plain)) << "step " << count;

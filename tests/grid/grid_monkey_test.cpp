@@ -1,4 +1,5 @@
 #include "support/grid_monkey.h"
+#include "support/from_environment.h"
 
 #include <gtest/gtest.h>
 
@@ -7,11 +8,6 @@
 
 namespace obk::test {
 namespace {
-
-int32_t fromEnvironment(const char* name, int32_t otherwise) {
-    const char* const value = std::getenv(name);
-    return value ? std::atoi(value) : otherwise;
-}
 
 // A walk is the same whenever its seed is: OBK_MONKEY_SEED=7 OBK_MONKEY_STEPS=1000000 walks one of them for
 // long.
