@@ -1,4 +1,5 @@
 // Saving and loading through bags, streams and storages, also of what nobody wrote properly.
+#include "../support/kept_properties.h"
 #include "server_support.h"
 
 #include "container/property_bag_text.h"
@@ -11,7 +12,6 @@
 
 #include <functional>
 #include <map>
-#include <set>
 
 namespace obk {
 namespace {
@@ -22,28 +22,6 @@ using container::Dispatch;
 using container::PropertyBagText;
 using container::StoredFont;
 using container::Variant;
-
-// By contract these do not come back with a form.
-bool comesBack(const std::wstring& className, const std::wstring& name) {
-    static const std::set<std::pair<std::wstring, std::wstring>> exceptions{
-        {L"ButtonPalette", L"bMOUSEPOSLOC"},
-        {L"ButtonPalette", L"bPOSITIONDEFAULT"},
-        {L"ButtonPalette", L"MaskHLightColor"},
-        {L"ButtonPalette", L"MousePosn"},
-        {L"DateCalendar", L"bMOUSEPOSLOC"},
-        {L"DateCalendar", L"bPOSITIONDEFAULT"},
-        {L"DateCalendar", L"BorderStyle"},
-        {L"DateCalendar", L"MousePosn"},
-        {L"DateCalendar", L"Text"},
-        {L"GridEdit", L"mstrDragInfo"},
-        {L"GridEdit", L"blnPUBSHOWALARM"},
-        {L"GridEdit", L"MousePosn"},
-        {L"PageTab", L"PageColor"},
-        {L"PageTab", L"PageMainColor"},
-        {L"PageTab", L"TabColor"},
-        {L"PageTab", L"strPUBSKINCOLORPAGE"}};
-    return !exceptions.contains({className, name});
-}
 
 ComPtr<IPicture> makePicture(int width, int height) {
     const HDC screen = GetDC(nullptr);
@@ -73,7 +51,9 @@ std::map<std::wstring, std::wstring> stateOf(IUnknown* control) {
     std::map<std::wstring, std::wstring> state;
     const container::TypeMembers members = container::TypeMembers::of(control);
     for (const auto& member : members.properties()) {
-        if (!member.readable || !member.writable || !comesBack(members.className(), member.name)) continue;
+        if (!member.readable || !member.writable ||
+            !test::comesBack(container::toUtf8(members.className()), container::toUtf8(member.name)))
+            continue;
         const Variant value = Dispatch(control).value(member.number);
         const ComPtr<IUnknown> object(value.toObject().get());
         const auto font = container::describeFont(object.get());
