@@ -242,39 +242,6 @@ TEST_F(ButtonPaletteWindow, TwoButtonsOpenedOneAfterTheOtherDoNotDisturbEachOthe
     EXPECT_EQ(GetCapture(), nullptr);
 }
 
-TEST_F(ButtonPaletteWindow, AHostLetsGoOfTheControlInsideEveryEvent) {
-    for (const wchar_t* event : {L"Change", L"Click", L"FocusHidden", L"MouseOut", L"MouseDown", L"MouseUp",
-                                 L"FocusLost", L"KeyDown", L"ChangeCustom"}) {
-        const ChooserAnswer answer(RGB(9, 9, 9));
-        HostedControl doomed(L"ButtonPalette");
-        const HWND field = doomed.window.addEdit(270);
-        doomed.activate({10, 10, 85, 33});
-        doomed.site.events().on(event, [&](container::EventCall&) { doomed.site.close(); });
-        Person someone(doomed.loop, doomed.window.handle());
-        const HWND face = doomed.site.window();
-        const auto alive = [&] { return IsWindow(face) != FALSE; };
-        const auto pressPanel = [&](POINT at) {
-            if (const HWND panel = alive() ? openPanel() : nullptr) someone.click(panel, at.x, at.y);
-        };
-        someone.click(face, 20, 10);
-        pressPanel(cellAt(8));
-        if (alive()) someone.moveTo(face, 22, 12);
-        if (alive()) doomed.object().call(L"ShowPopUp");
-        if (const HWND panel = alive() ? openPanel() : nullptr) {
-            const RECT area = windowRect(panel);
-            pressPanel({(area.right - area.left) / 2, area.bottom - area.top - 17});
-        }
-        if (alive()) SetForegroundWindow(doomed.window.handle());
-        if (alive()) SetFocus(face);
-        if (alive()) someone.key(VK_DOWN);
-        if (alive()) SetFocus(field);
-        doomed.loop.pumpPending();
-        EXPECT_FALSE(alive()) << event;
-        EXPECT_FALSE(openPanel()) << event;
-        EXPECT_EQ(GetCapture(), nullptr) << event;
-    }
-}
-
 TEST_F(ButtonPaletteWindow, AHostLetsGoOfTheControlWhileTheChooserIsOpen) {
     const HWND panel = open();
     ASSERT_TRUE(panel);
