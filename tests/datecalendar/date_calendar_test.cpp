@@ -29,14 +29,6 @@ protected:
     }
     std::string date() { return toUtf8(toText(get(u"Text")).value_or(u"?")); }
     NativeWindow surface() { return control->window(); }
-    headless::HeadlessSurface* panel() {
-        for (const NativeWindow id : platform.windows()) {
-            headless::HeadlessSurface* found = platform.surface(id);
-            if (found && found->kind() == SurfacePlacement::Kind::panel) return found;
-        }
-        return nullptr;
-    }
-    bool open() { return panel() && panel()->visible(); }
     void openOn(const char16_t* date) {
         put(u"Text", Text(date));
         call(u"ShowPopUp");
@@ -50,12 +42,7 @@ protected:
         const PixelRect rect = Dpi().toPixels(cellBounds(cell));
         press({rect.left + 5, rect.top + 5});
     }
-    std::vector<AccessibleItem> days() {
-        std::vector<AccessibleItem> found = panel()->surfaceClient().accessibleItems();
-        std::erase_if(found,
-                      [](const AccessibleItem& item) { return item.role != AccessibleItem::Role::listItem; });
-        return found;
-    }
+    std::vector<AccessibleItem> days() { return parts(*panel(), AccessibleItem::Role::listItem); }
     // The chosen day with its month, as screen readers hear it: "14 November, 2026".
     std::string chosen() {
         for (const AccessibleItem& day : days()) {
@@ -71,9 +58,6 @@ protected:
             EXPECT_NE(found, items.end()) << toUtf8(caption);
             return std::optional(static_cast<size_t>(found - items.begin()));
         });
-    }
-    Rgb system(SystemColour index) {
-        return *platform.appearance().systemColour(static_cast<uint8_t>(index));
     }
     // A line of a cell's pixels that no text or bar touches.
     Rgb fillOf(int32_t cell) {

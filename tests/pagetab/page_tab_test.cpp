@@ -25,27 +25,14 @@ protected:
         put(u"ActiveTab", active);
         host.take();
     }
-    std::vector<AccessibleItem> tabs() {
-        std::vector<AccessibleItem> found = surface().surfaceClient().accessibleItems();
-        std::erase_if(found,
-                      [](const AccessibleItem& item) { return item.role != AccessibleItem::Role::pageTab; });
-        return found;
-    }
-    // The middle of a tab, as far as it shows.
-    PixelPoint on(int32_t tab) {
-        const PixelRect rect = tabs().at(static_cast<size_t>(tab) - 1).bounds;
-        return {(rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2};
-    }
-    bool shows(int32_t tab) { return !tabs().at(static_cast<size_t>(tab) - 1).bounds.empty(); }
-    std::vector<AccessibleItem> buttons() {
-        std::vector<AccessibleItem> found = surface().surfaceClient().accessibleItems();
-        std::erase_if(found,
-                      [](const AccessibleItem& item) { return item.role != AccessibleItem::Role::button; });
-        return found;
-    }
-    PixelPoint middle(const AccessibleItem& item) {
+    std::vector<AccessibleItem> tabs() { return parts(surface(), AccessibleItem::Role::pageTab); }
+    std::vector<AccessibleItem> buttons() { return parts(surface(), AccessibleItem::Role::button); }
+    static PixelPoint middle(const AccessibleItem& item) {
         return {(item.bounds.left + item.bounds.right) / 2, (item.bounds.top + item.bounds.bottom) / 2};
     }
+    // The middle of a tab, as far as it shows.
+    PixelPoint on(int32_t tab) { return middle(tabs().at(static_cast<size_t>(tab) - 1)); }
+    bool shows(int32_t tab) { return !tabs().at(static_cast<size_t>(tab) - 1).bounds.empty(); }
     void mouse(Kind kind, PixelPoint at, int16_t mouseButton = button::left) {
         if (control) platform.mouse(control->window(), {kind, mouseButton, 0, at});
     }

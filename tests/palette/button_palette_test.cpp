@@ -18,15 +18,6 @@ protected:
     }
     ButtonPalette& button() { return static_cast<ButtonPalette&>(*control); }
     NativeWindow surface() { return control->window(); }
-    // The panel is the only surface besides the control's own.
-    headless::HeadlessSurface* panel() {
-        for (NativeWindow id = 1; id < 100; ++id) {
-            headless::HeadlessSurface* found = platform.surface(id);
-            if (found && found->kind() == SurfacePlacement::Kind::panel) return found;
-        }
-        return nullptr;
-    }
-    bool open() { return panel() && panel()->visible(); }
     void show() {
         call(u"ShowPopUp");
         ASSERT_TRUE(open());
@@ -431,9 +422,6 @@ TEST_F(ButtonPaletteTest, TheHoverFrameAndTheChosenSwatchAreDrawnApart) {
     ColourPalette cells(enQUILLPalette::QP24X8);
     const PixelRect hovered = cells.baseCells()[8].rect;
     const PixelRect chosen = cells.baseCells()[7].rect;  // EARTH RED
-    const auto system = [this](SystemColour index) {
-        return *platform.appearance().systemColour(static_cast<uint8_t>(index));
-    };
     EXPECT_EQ(drawn.colourAt({hovered.left - 1, hovered.top + 5}), system(SystemColour::highlight));
     EXPECT_EQ(drawn.colourAt({chosen.left - 1, chosen.top + 5}), system(SystemColour::windowText));
     EXPECT_EQ(drawn.colourAt({hovered.right, hovered.top + 5}), system(SystemColour::highlight));

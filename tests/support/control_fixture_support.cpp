@@ -75,4 +75,18 @@ Value ControlFixture::call(TextView name, std::vector<Value> arguments) {
     return result;
 }
 
+headless::HeadlessSurface* ControlFixture::panel() const {
+    for (const NativeWindow id : platform.windows()) {
+        headless::HeadlessSurface* const found = platform.surface(id);
+        if (found && found->kind() == SurfacePlacement::Kind::panel) return found;
+    }
+    return nullptr;
+}
+
+std::vector<AccessibleItem> ControlFixture::parts(headless::HeadlessSurface& of, AccessibleItem::Role role) {
+    std::vector<AccessibleItem> found = of.surfaceClient().accessibleItems();
+    std::erase_if(found, [role](const AccessibleItem& item) { return item.role != role; });
+    return found;
+}
+
 }  // namespace obk::test
