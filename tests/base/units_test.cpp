@@ -11,31 +11,18 @@ TEST(DpiTest, TwipsBecomeTheNearestPixelHalvesAwayFromZero) {
         double twips;
         int32_t pixels;
     };
+    constexpr double infinity = std::numeric_limits<double>::infinity();
+    constexpr int32_t most = 1 << 30;
     const Row rows[] = {
-        {96, 0, 0},
-        {96, 7.4, 0},
-        {96, 7.5, 1},
-        {96, -7.5, -1},
-        {96, 22.5, 2},
-        {96, 1440, 96},
-        {120, 12, 1},
-        {120, 18, 2},
-        {120, 30, 3},
-        {144, 15, 2},
-        {168, 8.57, 1},
-        {168, 60, 7},
-        {192, 7.5, 1},
-        {192, 3.74, 0},
-        {288, -2.5, -1},
-        {0, 15, 1},
-        {-5, 15, 1},
-        {96, 1e300, 1 << 30},
-        {96, -1e300, -(1 << 30)},
-        {96, std::numeric_limits<double>::quiet_NaN(), 0},
-        {96, std::numeric_limits<double>::infinity(), 1 << 30},
+        {96, 0, 0},     {96, 7.4, 0}, {96, 7.5, 1},      {96, -7.5, -1},       {96, 22.5, 2},
+        {96, 1440, 96}, {120, 12, 1}, {120, 18, 2},      {120, 30, 3},         {144, 15, 2},
+        {168, 8.57, 1}, {168, 60, 7}, {192, 7.5, 1},     {192, 3.74, 0},       {288, -2.5, -1},
+        {0, 15, 1},     {-5, 15, 1},  {96, 1e300, most}, {96, infinity, most},
     };
     for (const Row& row : rows)
         EXPECT_EQ(Dpi(row.dpi).toPixels(Twips{row.twips}), row.pixels) << row.twips << " at " << row.dpi;
+    EXPECT_EQ(Dpi(96).toPixels(Twips{-1e300}), -most);
+    EXPECT_EQ(Dpi(96).toPixels(Twips{std::numeric_limits<double>::quiet_NaN()}), 0);
 }
 
 TEST(DpiTest, PixelsComeBackFromTwipsAtEveryScale) {

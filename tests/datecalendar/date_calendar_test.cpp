@@ -29,14 +29,6 @@ protected:
     }
     std::string date() { return toUtf8(toText(get(u"Text")).value_or(u"?")); }
     NativeWindow surface() { return control->window(); }
-    headless::HeadlessSurface* panel() {
-        for (const NativeWindow id : platform.windows()) {
-            headless::HeadlessSurface* found = platform.surface(id);
-            if (found && found->kind() == SurfacePlacement::Kind::panel) return found;
-        }
-        return nullptr;
-    }
-    bool open() { return panel() && panel()->visible(); }
     void openOn(const char16_t* date) {
         put(u"Text", Text(date));
         call(u"ShowPopUp");
@@ -50,12 +42,7 @@ protected:
         const PixelRect rect = Dpi().toPixels(cellBounds(cell));
         press({rect.left + 5, rect.top + 5});
     }
-    std::vector<AccessibleItem> days() {
-        std::vector<AccessibleItem> found = panel()->surfaceClient().accessibleItems();
-        std::erase_if(found,
-                      [](const AccessibleItem& item) { return item.role != AccessibleItem::Role::listItem; });
-        return found;
-    }
+    std::vector<AccessibleItem> days() { return parts(*panel(), AccessibleItem::Role::listItem); }
     // The chosen day with its month, as screen readers hear it: "14 November, 2026".
     std::string chosen() {
         for (const AccessibleItem& day : days()) {
@@ -71,9 +58,6 @@ protected:
             EXPECT_NE(found, items.end()) << toUtf8(caption);
             return std::optional(static_cast<size_t>(found - items.begin()));
         });
-    }
-    Rgb system(SystemColour index) {
-        return *platform.appearance().systemColour(static_cast<uint8_t>(index));
     }
     // A line of a cell's pixels that no text or bar touches.
     Rgb fillOf(int32_t cell) {
@@ -549,79 +533,6 @@ TEST_F(DateCalendarTest, EverythingThatTakesThePanelsPlaceHidesIt) {
     }
     call(u"ShowPopUp");
     EXPECT_EQ(platform.windowCount(), 0u) << "without a place on the screen there is no panel";
-}
-
-// The host takes the control away, or closes its window, inside each of the events.
-class DateReentryTest : public DateCalendarTest, public testing::WithParamInterface<const char*> {
-protected:
-    void useEverything() {
-        const auto step = [this](const std::function<void()>& what) {
-            if (control) what();
-        };
-        answerMenuBy(u"&Today");
-        step([this] { control->focus(); });
-        step([this] { platform.click(surface(), icon); });
-        step([this] { pressCell(20); });
-        step([this] { platform.click(surface(), field, button::right); });
-        step([this] { platform.pressKey(key::f4); });
-        step([this] { press(todayButton); });
-        step([this] { platform.pressKey(key::enter); });
-        step([this] { call(u"ShowPopUp"); });
-        step([this] { press(clearButton); });
-        step([this] { platform.setFocus(0); });
-        step([this] { control->deactivate(); });
-    }
-};
-
-INSTANTIATE_TEST_SUITE_P(Inside, DateReentryTest,
-                         testing::Values("Click", "DateUpdated", "FocusHidden", "FocusLost", "KeyDown",
-                                         "KeyUp", "MouseDown", "MouseMove", "MouseOut", "MouseUp", "PopUp"),
-                         [](const auto& row) { return std::string(row.param); });
-
-TEST_P(DateReentryTest, TheHostMayLetGoOfTheControl) {
-    host.on[GetParam()] = [this](std::span<Value>) {
-        if (control) release();
-    };
-    useEverything();
-    EXPECT_EQ(control, nullptr);
-    EXPECT_EQ(platform.windowCount(), 0u);
-    EXPECT_EQ(platform.timerCount(), 0u);
-    EXPECT_EQ(platform.capture(), 0u);
-}
-
-TEST_P(DateReentryTest, TheHostMayChangeTheDateOpenHideAndCloseTheWindow) {
-    for (const bool closes : {false, true}) {
-        if (!control->active()) activate({100, 100, 241, 121});
-        int depth = 0;
-        host.on[GetParam()] = [&](std::span<Value>) {
-            if (++depth > 3) return;
-            put(u"Text", Text(u"Fri 13 Nov 2026"));
-            call(u"ShowPopUp");
-            if (depth % 2 == 0) call(u"HidePopUp");
-            if (closes) control->deactivate();
-        };
-        useEverything();
-        EXPECT_GT(depth, 0);
-        EXPECT_EQ(platform.windowCount(), 0u);
-        EXPECT_EQ(platform.capture(), 0u);
-        host.on.clear();
-    }
-}
-
-TEST_F(DateCalendarTest, TheHostMayTakeTheControlAwayWhileAMenuIsOpen) {
-    const auto letGo = [this](std::span<const MenuItem>, const PixelRect&) {
-        release();
-        return std::optional<size_t>(0);
-    };
-    openOn(u"Sat 14 Nov 2026");
-    platform.answerMenu(letGo);
-    press(monthList);
-    EXPECT_EQ(control, nullptr);
-    place(DateCalendar::memberTable());
-    activate({100, 100, 241, 121});
-    platform.click(surface(), field, button::right);
-    EXPECT_EQ(control, nullptr);
-    EXPECT_EQ(platform.windowCount(), 0u);
 }
 
 }  // namespace

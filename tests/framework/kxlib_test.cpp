@@ -97,16 +97,9 @@ struct ColoursTest : testing::Test {
 TEST_F(ColoursTest, TranslationKnowsRgbAndSystemColours) {
     appearance.setSystemColour(SystemColour::buttonShadow, Rgb::of(1, 2, 3));
     const std::pair<uint32_t, int32_t> rows[] = {
-        {0, 0},
-        {0x00FFFFFF, 0xFFFFFF},
-        {0x02123456, 0x123456},
-        {0x80000010, 0x030201},
-        {0x80000005, 0xFFFFFF},
-        {0x800000FF, -1},
-        {0x80000110, -1},
-        {0x01000001, -1},
-        {0x40000000, -1},
-        {0xFFFFFFFF, -1},
+        {0x00000000, 0},        {0x00FFFFFF, 0xFFFFFF}, {0x02123456, 0x123456}, {0x80000010, 0x030201},
+        {0x80000005, 0xFFFFFF}, {0x800000FF, -1},       {0x80000110, -1},       {0x01000001, -1},
+        {0x40000000, -1},       {0xFFFFFFFF, -1},
     };
     for (const auto& [colour, rgb] : rows)
         EXPECT_EQ(TranslateOleColor(appearance, OleColour(colour)), rgb) << std::hex << colour;

@@ -1,5 +1,4 @@
 #include "grid_edit_fixture.h"
-#include "support/failing_memory.h"
 
 #include <algorithm>
 
@@ -366,11 +365,6 @@ TEST_F(GridEditTest, WhatIsDroppedOnTheCellsIsTheHosts) {
     call(u"GridHide");
     EXPECT_EQ(drop(at(2, 1), any), drop_effect::none);
     EXPECT_EQ(host.take(), Journal{});
-    call(u"GridShow");
-    host.on["OLEDragDrop"] = [&](std::span<Value>) { release(); };
-    const NativeWindow shown = control->window();
-    platform.drop(shown, {data, any, button::left, 0, at(2, 1)});
-    EXPECT_EQ(platform.windowCount(), 0u);
 }
 
 TEST_F(GridEditTest, FileAndCaptionGoThereAndBack) {
@@ -467,29 +461,6 @@ TEST_F(GridEditTest, FilesThatCannotBeOpenedChangeWhatIsSaid) {
     EXPECT_TRUE(gridShows());
     EXPECT_EQ(column(0), "probe,c");
     EXPECT_EQ(column(1), "b,c");
-}
-
-TEST_F(GridEditTest, MemoryThatEndsInALoadLeavesAWholeGrid) {
-    std::string file = "\"2|Part\"\r\n";
-    for (int row = 0; row < 3000; ++row) file += "\"cell\"\r\n\"" + std::to_string(row) + "\"\r\n";
-    const Text path = u"part.txt";
-    platform.files().put(path, file);
-    show();
-    bool cut = false;
-    for (uint64_t allowed = 0; allowed < 4000; allowed += 97) {
-        {
-            const FailingMemory memory(allowed);
-            grid().GridLoad(path);
-        }
-        const int32_t rows = grid().RowsCurrent();
-        cut = cut || (rows > 0 && rows < 3000);
-        EXPECT_EQ(grid().RowCurrent(), rows > 0 ? 0 : -1) << allowed;
-        if (rows > 0) {
-            EXPECT_EQ(read(rows - 1, 1), std::to_string(rows - 1));
-        }
-        surface().paint();
-    }
-    EXPECT_TRUE(cut);
 }
 
 TEST_F(GridEditTest, CaptionsStandOverTheirColumns) {
@@ -609,97 +580,6 @@ TEST_F(GridEditTest, EverythingThatClosesAnEditorSaysSoOnce) {
     host.take();
     call(u"GridSetFocus", {2, 1});
     EXPECT_EQ(current(), std::pair(1, 2)) << "the column comes first";
-}
-
-// A host that lets go of the control, or takes its cells away, inside each event of a working day.
-class GridEditReentryTest : public GridEditTest, public testing::WithParamInterface<const char*> {
-protected:
-    void workOn() {
-        const std::shared_ptr<Control> kept = control;
-        const auto point = [](int32_t row) { return at(row, 1); };
-        const NativeWindow shown = control->window();
-        const auto click = [&](PixelPoint to) {
-            platform.mouse(shown, {Kind::down, button::left, 0, to});
-            platform.mouse(shown, {Kind::move, button::left, 0, {to.x, to.y + 40}});
-            platform.mouse(shown, {Kind::up, button::left, 0, to});
-        };
-        click(point(2));
-        platform.mouse(shown, {Kind::doubleClick, button::left, 0, point(2)});
-        platform.mouse(shown, {Kind::up, button::left, 0, point(2)});
-        platform.pressKey(key::down);
-        platform.type(u"x");
-        platform.click(shown, {50, 8});
-        GridEdit& grid = static_cast<GridEdit&>(*kept);
-        grid.ComboAdd(u"oak");
-        for (int32_t col = 0; col < 3; ++col) {
-            grid.ColTypeSet(col, col + 3);
-            grid.GridSetFocus(col, 1);
-            platform.type(u" 1o");
-            platform.pressKey(key::down);
-            platform.pressKey(key::f4);
-            platform.click(shown, at(grid.RowCurrent(), col));
-            platform.mouse(shown, {Kind::doubleClick, button::left, 0, at(grid.RowCurrent(), col)});
-            platform.pressKey(key::tab);
-            platform.pressKey(key::enter);
-        }
-        platform.pressKey(key::escape);
-        grid.RowSetFocus(grid.RowsCurrent() - 1);
-        for (const int16_t code : {key::enter, key::escape, key::insert, key::deleteKey})
-            platform.pressKey(code);
-        platform.setClipboard(u"1\t1\r\n1\t1");
-        platform.pressKey('V', shift::control);
-        platform.pressKey('Z', shift::control);
-        platform.type(u"2");
-        platform.setFocus(0);
-        grid.RowAdd(u"a\tb", 0);
-        grid.RowDel(1);
-        grid.RowsSet(4);
-        grid.GridSave(u"day.txt", u"Day");
-        grid.GridLoad(u"day.txt");
-        grid.BarHeaderSort();
-    }
-};
-
-INSTANTIATE_TEST_SUITE_P(Inside, GridEditReentryTest,
-                         testing::Values("MouseDown", "MouseMove", "MouseUp", "ChangeEdited", "CellSelected",
-                                         "NewRowSelected", "SelChange", "Click", "DblClick", "KeyDown",
-                                         "KeyPress", "KeyUp", "SortClick", "Change", "ChangePost", "NewRow",
-                                         "DelRow", "CboBoxClick", "CboClick", "DblClickExt"),
-                         [](const auto& row) { return std::string(row.param); });
-
-TEST_P(GridEditReentryTest, TheHostMayLetGo) {
-    size(5, 3);
-    show();
-    platform.answerMenu([](std::span<const MenuItem>, const PixelRect&) { return std::optional<size_t>(0); });
-    bool heard = false;
-    onEvent(GetParam(), [&] {
-        heard = true;
-        if (control) release();
-    });
-    workOn();
-    EXPECT_TRUE(heard);
-    EXPECT_EQ(platform.windowCount(), 0u);
-}
-
-TEST_P(GridEditReentryTest, TheHostMayTakeTheCellsAway) {
-    size(5, 3);
-    show();
-    int depth = 0;
-    onEvent(GetParam(), [&] {
-        if (++depth < 4) {
-            call(u"GridReset");
-            call(u"RowsSet", {0});
-            call(u"ColDel");
-            call(u"GridShow");
-            set(0, 0, u"x");
-        }
-        --depth;
-    });
-    workOn();
-    surface().paint();
-    const int32_t rows = number(u"RowsCurrent");
-    EXPECT_LT(number(u"RowCurrent"), std::max(rows, 1));
-    EXPECT_LT(number(u"ColCurrent"), number(u"ColsCurrent"));
 }
 
 }  // namespace

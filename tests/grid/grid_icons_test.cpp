@@ -1,13 +1,8 @@
 #include "cellicons/cell_icons.h"
-#include "grid/grid_edit.h"
-#include "support/control_fixture.h"
-
-#include <algorithm>
+#include "grid_edit_fixture.h"
 
 namespace obk::test {
 namespace {
-
-using headless::DrawnItem;
 
 constexpr Rgb green = Rgb::of(0, 200, 0);
 
@@ -16,46 +11,34 @@ uint32_t opaque(Rgb colour) {
            static_cast<uint32_t>(colour.green()) << 8 | colour.blue();
 }
 
-class GridIconsTest : public ControlFixture {
+class GridIconsTest : public GridEditTest {
 protected:
     void SetUp() override {
-        place(GridEdit::memberTable());
-        call(u"RowsSet", {3});
-        call(u"ColsSet", {3});
+        GridEditTest::SetUp();
+        size(3, 3);
         activate({0, 0, 800, 600});
     }
     void setIcon(int32_t col, int32_t row, const char16_t* name) {
         call(u"CellSetIcon", {col, row, Text(name)});
     }
-    std::string current() {
-        return toUtf8(decimalText(number(u"RowCurrent")) + u"," + decimalText(number(u"ColCurrent")));
-    }
-    int32_t number(TextView member) { return std::get<int32_t>(call(member)); }
-    // What is drawn of a kind, in its order.
-    std::vector<DrawnItem> drawn(DrawnItem::Kind kind) {
-        control->root().invalidate();
-        std::vector<DrawnItem> items = platform.surface(control->window())->paint().items();
-        std::erase_if(items, [kind](const DrawnItem& item) { return item.kind != kind; });
+    std::vector<DrawnItem> pictures() {
+        std::vector<DrawnItem> items = drawn();
+        std::erase_if(items, [](const DrawnItem& item) { return item.kind != DrawnItem::Kind::picture; });
         return items;
     }
-    std::vector<DrawnItem> pictures() { return drawn(DrawnItem::Kind::picture); }
 };
 
 TEST_F(GridIconsTest, AnIconGoesToItsCellWhichBecomesTheCurrentOne) {
-    call(u"CellTextSet", {1, 2, Text(u"oak")});
+    set(1, 2, u"oak");
     setIcon(2, 1, u"Home - Garden - Tree");
-    EXPECT_EQ(current(), "1,2");
+    EXPECT_EQ(current(), std::pair(1, 2));
     ASSERT_EQ(pictures().size(), 1u);
-    const auto texts = drawn(DrawnItem::Kind::text);
-    const auto oak =
-        std::find_if(texts.begin(), texts.end(), [](const DrawnItem& item) { return item.text == u"oak"; });
-    ASSERT_NE(oak, texts.end());
-    EXPECT_GE(oak->rect.left, pictures()[0].rect.right) << "the text stands beside it";
+    EXPECT_GE(drawnText(u"oak").rect.left, pictures()[0].rect.right) << "the text stands beside it";
     // A row or column that is not there: the current one stays in its place.
     setIcon(1, -1, u"Home - House");
-    EXPECT_EQ(current(), "1,1");
+    EXPECT_EQ(current(), std::pair(1, 1));
     setIcon(3, 0, u"Home - Jar");
-    EXPECT_EQ(current(), "0,1");
+    EXPECT_EQ(current(), std::pair(0, 1));
     EXPECT_EQ(pictures().size(), 3u);
 }
 

@@ -25,27 +25,14 @@ protected:
         put(u"ActiveTab", active);
         host.take();
     }
-    std::vector<AccessibleItem> tabs() {
-        std::vector<AccessibleItem> found = surface().surfaceClient().accessibleItems();
-        std::erase_if(found,
-                      [](const AccessibleItem& item) { return item.role != AccessibleItem::Role::pageTab; });
-        return found;
-    }
-    // The middle of a tab, as far as it shows.
-    PixelPoint on(int32_t tab) {
-        const PixelRect rect = tabs().at(static_cast<size_t>(tab) - 1).bounds;
-        return {(rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2};
-    }
-    bool shows(int32_t tab) { return !tabs().at(static_cast<size_t>(tab) - 1).bounds.empty(); }
-    std::vector<AccessibleItem> buttons() {
-        std::vector<AccessibleItem> found = surface().surfaceClient().accessibleItems();
-        std::erase_if(found,
-                      [](const AccessibleItem& item) { return item.role != AccessibleItem::Role::button; });
-        return found;
-    }
-    PixelPoint middle(const AccessibleItem& item) {
+    std::vector<AccessibleItem> tabs() { return parts(surface(), AccessibleItem::Role::pageTab); }
+    std::vector<AccessibleItem> buttons() { return parts(surface(), AccessibleItem::Role::button); }
+    static PixelPoint middle(const AccessibleItem& item) {
         return {(item.bounds.left + item.bounds.right) / 2, (item.bounds.top + item.bounds.bottom) / 2};
     }
+    // The middle of a tab, as far as it shows.
+    PixelPoint on(int32_t tab) { return middle(tabs().at(static_cast<size_t>(tab) - 1)); }
+    bool shows(int32_t tab) { return !tabs().at(static_cast<size_t>(tab) - 1).bounds.empty(); }
     void mouse(Kind kind, PixelPoint at, int16_t mouseButton = button::left) {
         if (control) platform.mouse(control->window(), {kind, mouseButton, 0, at});
     }
@@ -448,45 +435,6 @@ TEST_F(PageTabTest, AHostMayRebuildTheTabsInsideEveryEvent) {
     platform.click(control->window(), on(2));
     EXPECT_EQ(events()[1], "Click b");
     EXPECT_EQ(text(u"ActiveTab"), "3");
-}
-
-TEST_F(PageTabTest, AHostMayLetGoInsideEveryEvent) {
-    for (const char* event :
-         {"Click", "Show", "MouseDown", "MouseDownback", "MouseMove", "MouseUp", "dlbClick"}) {
-        place(PageTab::memberTable());
-        activate({100, 100, 420, 125});
-        setTabs(u"a,b,c,d,e,f,g,h,i,j,k", 1);
-        bool gone = false;
-        host.on = {};
-        host.on[event] = [&](std::span<Value>) {
-            if (!std::exchange(gone, true)) release();
-        };
-        const PixelPoint at = on(2);
-        for (const Kind kind : {Kind::move, Kind::down, Kind::up, Kind::doubleClick, Kind::up})
-            mouse(kind, at);
-        mouse(Kind::down, {319, 1});
-        EXPECT_TRUE(gone || std::string(event) == "MouseDownback") << event;
-        if (control) release();
-        EXPECT_EQ(platform.windowCount(), 0u);
-        EXPECT_EQ(platform.capture(), 0u);
-    }
-}
-
-TEST_F(PageTabTest, StrangeTabStringsAreKeptAndShown) {
-    for (const Text& tabs : {Text(u"&&"), Text(100000, u'x'), Text(5000, u','), Text(u"\r\n\r\n"), Text(u"&"),
-                             Text(u"\xD800,\xDC00")}) {
-        put(u"ActiveTabs", tabs);
-        put(u"ActiveTab", 1);
-        EXPECT_EQ(get(u"ActiveTabs"), Value(tabs));
-        surface().paint();
-        mouse(Kind::move, on(1), 0);
-        MemoryBag saved;
-        control->save(saved);
-        const auto loaded = PageTab::memberTable().create(platform);
-        loaded->load(saved);
-        EXPECT_EQ(static_cast<PageTab&>(*loaded).ActiveTabs(), tabs);
-        EXPECT_EQ(static_cast<PageTab&>(*loaded).ActiveTabNameGet(1), strip().ActiveTabNameGet(1));
-    }
 }
 
 }  // namespace

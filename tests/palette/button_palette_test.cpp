@@ -18,15 +18,6 @@ protected:
     }
     ButtonPalette& button() { return static_cast<ButtonPalette&>(*control); }
     NativeWindow surface() { return control->window(); }
-    // The panel is the only surface besides the control's own.
-    headless::HeadlessSurface* panel() {
-        for (NativeWindow id = 1; id < 100; ++id) {
-            headless::HeadlessSurface* found = platform.surface(id);
-            if (found && found->kind() == SurfacePlacement::Kind::panel) return found;
-        }
-        return nullptr;
-    }
-    bool open() { return panel() && panel()->visible(); }
     void show() {
         call(u"ShowPopUp");
         ASSERT_TRUE(open());
@@ -57,17 +48,6 @@ protected:
 };
 
 using Kind = MouseEvent::Kind;
-
-TEST_F(ButtonPaletteTest, AFreshButtonHasTheValuesOfAFreshPlacement) {
-    EXPECT_EQ(control->width(), Twips{1125});
-    EXPECT_EQ(text(u"Caption"), "   Button");
-    EXPECT_EQ(text(u"Palette"), "4");
-    EXPECT_EQ(get(u"BackColor"), Value(OleColour(Rgb::of(240, 240, 240))));
-    EXPECT_EQ(get(u"ForeColor"), Value(OleColour(Rgb{})));
-    EXPECT_EQ(text(u"Text"), "EARTH RED");
-    EXPECT_EQ(text(u"ActiveText"), "");
-    EXPECT_EQ(get(u"bPOSITIONDEFAULT"), Value(true));
-}
 
 TEST_F(ButtonPaletteTest, AClickOpensThePanelBelowAndASecondOneClosesIt) {
     platform.mouse(surface(), {Kind::down, button::left, 0, {20, 10}});
@@ -324,12 +304,10 @@ TEST_F(ButtonPaletteTest, LosingTheFocusHidesThePanelAndTellsBothLosses) {
 }
 
 TEST_F(ButtonPaletteTest, EverythingThatTakesThePanelsPlaceHidesIt) {
-    const std::vector<std::pair<const char*, std::function<void()>>> ways{
+    const PixelRect moved{120, 100, 195, 123};
+    const std::pair<const char*, std::function<void()>> ways[] = {
         {"the host's window moved", [this] { platform.moveHost(); }},
-        {"the control moved",
-         [this] {
-             control->setBounds({120, 100, 195, 123});
-         }},
+        {"the control moved", [&] { control->setBounds(moved); }},
         {"the capture was taken", [this] { platform.stealCapture(); }},
         {"disabled", [this] { put(u"Enabled", false); }},
         {"another scale", [this] { platform.setDpi(panel()->id(), Dpi(144)); }},
@@ -444,9 +422,6 @@ TEST_F(ButtonPaletteTest, TheHoverFrameAndTheChosenSwatchAreDrawnApart) {
     ColourPalette cells(enQUILLPalette::QP24X8);
     const PixelRect hovered = cells.baseCells()[8].rect;
     const PixelRect chosen = cells.baseCells()[7].rect;  // EARTH RED
-    const auto system = [this](SystemColour index) {
-        return *platform.appearance().systemColour(static_cast<uint8_t>(index));
-    };
     EXPECT_EQ(drawn.colourAt({hovered.left - 1, hovered.top + 5}), system(SystemColour::highlight));
     EXPECT_EQ(drawn.colourAt({chosen.left - 1, chosen.top + 5}), system(SystemColour::windowText));
     EXPECT_EQ(drawn.colourAt({hovered.right, hovered.top + 5}), system(SystemColour::highlight));
@@ -511,87 +486,6 @@ TEST_F(ButtonPaletteTest, MaskedPixelsOfAPictureAreLeftOut) {
     put(u"PictureVisible", false);
     EXPECT_EQ(pictures(), 0);
     EXPECT_EQ(get(u"Picture"), Value(PictureRef(picture))) << "the host's own picture stays what it was";
-}
-
-// The host takes the control away, or does other things, inside each of the events of a pick.
-class ReentryTest : public ButtonPaletteTest, public testing::WithParamInterface<const char*> {};
-
-INSTANTIATE_TEST_SUITE_P(Inside, ReentryTest,
-                         testing::Values("Change", "Click", "FocusHidden", "MouseOut", "FocusLost", "MouseUp",
-                                         "MouseDown", "KeyDown", "ChangeCustom"),
-                         [](const auto& row) { return std::string(row.param); });
-
-TEST_P(ReentryTest, TheHostMayLetGoOfTheControl) {
-    platform.answerColour([](const ColourQuestion&) { return std::optional(Rgb{1}); });
-    host.on[GetParam()] = [this](std::span<Value>) {
-        if (control) release();
-    };
-    const auto step = [this](const std::function<void()>& what) {
-        if (control) what();
-    };
-    step([this] { control->focus(); });
-    step([this] { platform.click(surface(), {5, 5}); });
-    step([this] {
-        if (open()) pick(cell(8));
-    });
-    step([this] { platform.mouse(surface(), {Kind::move, 0, 0, {6, 6}}); });
-    step([this] { call(u"ShowPopUp"); });
-    step([this] {
-        if (open()) onPanel(Kind::down, {panelSize().width / 2, panelSize().height - 17});
-    });
-    step([this] { platform.pressKey(key::down); });
-    step([this] { platform.pressKey(key::home); });
-    step([this] { platform.pressKey(key::space); });
-    step([this] { platform.setFocus(0); });
-    EXPECT_EQ(control, nullptr);
-    EXPECT_EQ(platform.windowCount(), 0u);
-    EXPECT_EQ(platform.capture(), 0u);
-}
-
-TEST_P(ReentryTest, TheHostMayChangeThePaletteHideThePanelAndCloseTheWindow) {
-    for (const bool closes : {false, true}) {
-        if (!control->active()) activate({100, 100, 175, 123});
-        int depth = 0;
-        host.on[GetParam()] = [&](std::span<Value>) {
-            if (++depth > 3) return;
-            put(u"Palette", depth % 2 == 0 ? 11 : 6);
-            call(u"ShowPopUp");
-            call(u"HidePopUp");
-            put(u"Color", OleColour(Rgb{0x112233}));
-            if (closes) control->deactivate();
-        };
-        control->focus();
-        platform.click(surface(), {5, 5});
-        if (open()) pick(cell(8));
-        if (control->active()) platform.mouse(surface(), {Kind::move, 0, 0, {6, 6}});
-        call(u"ShowPopUp");
-        if (open()) onPanel(Kind::down, cell(8));
-        if (open()) onPanel(Kind::move, cell(9));
-        if (open()) onPanel(Kind::up, cell(9));
-        platform.pressKey(key::down);
-        platform.setFocus(0);
-        call(u"HidePopUp");
-        EXPECT_FALSE(open());
-        EXPECT_TRUE(platform.capture() == 0 || platform.capture() == surface());
-        host.on.clear();
-        control->deactivate();
-    }
-}
-
-TEST_F(ButtonPaletteTest, EveryButtonTypeLooksTheSame) {
-    const auto drawn = [this] {
-        const auto canvas = platform.surface(surface())->paint();
-        std::vector<std::pair<int, PixelRect>> parts;
-        for (const auto& item : canvas.items()) parts.emplace_back(static_cast<int>(item.kind), item.rect);
-        return parts;
-    };
-    const auto first = drawn();
-    EXPECT_FALSE(first.empty());
-    for (int32_t type = 2; type <= 14; ++type) {
-        put(u"ButtonType", type);
-        EXPECT_EQ(drawn(), first) << type;
-        EXPECT_EQ(get(u"ButtonType"), Value(type));
-    }
 }
 
 }  // namespace

@@ -155,7 +155,7 @@ public:
     void checkPressed() override { said("checkPressed"); }
 };
 
-class AreaClient final : public RecordingClient<SurfaceClient> {
+class AreaClient : public RecordingClient<SurfaceClient> {
 public:
     using RecordingClient::RecordingClient;
     void paint(Canvas& canvas, const PixelRect& dirty) override {

@@ -58,6 +58,14 @@ protected:
     CallStatus put(TextView name, const Value& value);
     Value call(TextView name, std::vector<Value> arguments = {});
     std::string text(TextView name) { return toUtf8(toText(get(name)).value_or(u"?")); }
+    // The panel that the control drops down; null before it was first shown.
+    headless::HeadlessSurface* panel() const;
+    bool open() const { return panel() && panel()->visible(); }
+    // The parts of a surface that have a role for screen readers.
+    static std::vector<AccessibleItem> parts(headless::HeadlessSurface& of, AccessibleItem::Role role);
+    Rgb system(SystemColour index) {
+        return *platform.appearance().systemColour(static_cast<uint8_t>(index));
+    }
 
     headless::HeadlessPlatform platform;
     JournalHost host;

@@ -2,12 +2,10 @@
 
 namespace obk::test {
 
-void JournalHost::raise(const Member& event, std::span<Value> arguments)
-{
+void JournalHost::raise(const Member& event, std::span<Value> arguments) {
     const std::string name = toUtf8(event.name);
     std::string line = name;
-    for (const Value& argument : arguments)
-        line += " " + toUtf8(toText(argument).value_or(u"?"));
+    for (const Value& argument : arguments) line += " " + toUtf8(toText(argument).value_or(u"?"));
     journal.push_back(line);
     if (const auto handler = on.find(name); handler != on.end()) {
         const auto run = handler->second;
@@ -15,53 +13,48 @@ void JournalHost::raise(const Member& event, std::span<Value> arguments)
     }
 }
 
-void JournalHost::propertyChanged(const Member* property)
-{
+void JournalHost::propertyChanged(const Member* property) {
     journal.push_back("changed " + (property ? toUtf8(property->name) : "?"));
 }
 
-void JournalHost::requestSize(Twips width, Twips height)
-{
-    journal.push_back("size " + toUtf8(textFromNumber(width.value)) + " " + toUtf8(textFromNumber(height.value)));
-    if (onRequestSize)
-        onRequestSize(width, height);
+void JournalHost::requestSize(Twips width, Twips height) {
+    journal.push_back("size " + toUtf8(textFromNumber(width.value)) + " " +
+                      toUtf8(textFromNumber(height.value)));
+    if (onRequestSize) onRequestSize(width, height);
 }
 
-bool JournalHost::offerKey(const KeyEvent& event)
-{
+bool JournalHost::offerKey(const KeyEvent& event) {
     journal.push_back("offered " + std::to_string(event.code));
     return takesKeys;
 }
 
-Journal JournalHost::takeEvents()
-{
+Journal JournalHost::takeEvents() {
     Journal events = take();
-    std::erase_if(events, [](const std::string& line) { return line.find_first_of("abcdefghijklmnopqrstuvwxyz") == 0; });
+    std::erase_if(events, [](const std::string& line) {
+        return line.find_first_of("abcdefghijklmnopqrstuvwxyz") == 0;
+    });
     return events;
 }
 
-void ControlFixture::place(const ControlTable& table)
-{
-    platform.registry().setString(u"SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion", u"CurrentVersion", "6.3");
+void ControlFixture::place(const ControlTable& table) {
+    platform.registry().setString(u"SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion", u"CurrentVersion",
+                                  "6.3");
     control = table.create(platform);
     control->setHost(&host);
     control->initNew();
 }
 
-void ControlFixture::activate(const PixelRect& bounds)
-{
+void ControlFixture::activate(const PixelRect& bounds) {
     ASSERT_TRUE(control->activate(1000, bounds));
 }
 
-void ControlFixture::release()
-{
+void ControlFixture::release() {
     control->setHost(nullptr);
     control->deactivate();
     control.reset();
 }
 
-Value ControlFixture::get(TextView name)
-{
+Value ControlFixture::get(TextView name) {
     Value value;
     const Member* member = control->table().member(name);
     if (!member || getProperty(*control, *member, value) != CallStatus::done)
@@ -69,14 +62,12 @@ Value ControlFixture::get(TextView name)
     return value;
 }
 
-CallStatus ControlFixture::put(TextView name, const Value& value)
-{
+CallStatus ControlFixture::put(TextView name, const Value& value) {
     const Member* member = control->table().member(name);
     return member ? putProperty(*control, *member, value) : CallStatus::noSuchMember;
 }
 
-Value ControlFixture::call(TextView name, std::vector<Value> arguments)
-{
+Value ControlFixture::call(TextView name, std::vector<Value> arguments) {
     Value result;
     const Member* member = control->table().member(name);
     if (!member || callMethod(*control, *member, arguments, result) != CallStatus::done)
@@ -84,4 +75,18 @@ Value ControlFixture::call(TextView name, std::vector<Value> arguments)
     return result;
 }
 
-} // namespace obk::test
+headless::HeadlessSurface* ControlFixture::panel() const {
+    for (const NativeWindow id : platform.windows()) {
+        headless::HeadlessSurface* const found = platform.surface(id);
+        if (found && found->kind() == SurfacePlacement::Kind::panel) return found;
+    }
+    return nullptr;
+}
+
+std::vector<AccessibleItem> ControlFixture::parts(headless::HeadlessSurface& of, AccessibleItem::Role role) {
+    std::vector<AccessibleItem> found = of.surfaceClient().accessibleItems();
+    std::erase_if(found, [role](const AccessibleItem& item) { return item.role != role; });
+    return found;
+}
+
+}  // namespace obk::test

@@ -67,31 +67,15 @@ private:
     int seen_ = 0;
 };
 
-class ButtonPaletteWindow : public ::testing::Test {
+class ButtonPaletteWindow : public PersonAtControl {
 protected:
-    ButtonPaletteWindow() {
-        hosted.activate({10, 10, 85, 33});
-        other = hosted.window.addEdit(270);
-        hosted.form.add(other);
-    }
-    container::Dispatch object() const { return hosted.object(); }
-    HWND button() const { return hosted.site.window(); }
+    ButtonPaletteWindow() : PersonAtControl(L"ButtonPalette", {10, 10, 85, 33}) {}
+    HWND button() const { return face(); }
     long colour() const { return object().value(L"Color").toLong().value_or(-1); }
-    std::wstring takeEvents() { return hosted.takeEvents(); }
-    HWND open() {
-        object().call(L"ShowPopUp");
-        hosted.loop.pumpPending();
-        takeEvents();
-        return openPanel();
-    }
     void placeForm(int x, int y) {
         SetWindowPos(hosted.window.handle(), nullptr, x, y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
         hosted.loop.pumpPending();
     }
-
-    HostedControl hosted{L"ButtonPalette"};
-    HWND other = nullptr;
-    Person person{hosted.loop, hosted.window.handle()};
 };
 
 TEST_F(ButtonPaletteWindow, AClickDropsThePanelAndAPressAndReleaseChooses) {
@@ -114,23 +98,6 @@ TEST_F(ButtonPaletteWindow, AClickDropsThePanelAndAPressAndReleaseChooses) {
     EXPECT_FALSE(openPanel());
     EXPECT_EQ(GetCapture(), nullptr);
     EXPECT_EQ(colour(), colourOf(8));
-}
-
-TEST_F(ButtonPaletteWindow, ADragTellsEachSwatchAndAReleaseOutsideGoesBack) {
-    const HWND panel = open();
-    ASSERT_TRUE(panel);
-    const long before = colour();
-    person.moveTo(panel, cellAt(8).x, cellAt(8).y);
-    person.press();
-    person.moveTo(panel, cellAt(20).x, cellAt(20).y);
-    person.moveTo(panel, cellAt(40).x, cellAt(40).y);
-    EXPECT_EQ(takeEvents(), L"Change Change Change");
-    const RECT area = windowRect(panel);
-    person.moveTo(panel, area.right - area.left + 20, 30);
-    person.release();
-    EXPECT_EQ(takeEvents(), L"FocusHidden Change");
-    EXPECT_EQ(colour(), before);
-    EXPECT_EQ(GetCapture(), nullptr);
 }
 
 TEST_F(ButtonPaletteWindow, APressElsewhereOnlyCloses) {
@@ -274,39 +241,6 @@ TEST_F(ButtonPaletteWindow, TwoButtonsOpenedOneAfterTheOtherDoNotDisturbEachOthe
     EXPECT_EQ(GetCapture(), panel);
     second.close();
     EXPECT_EQ(GetCapture(), nullptr);
-}
-
-TEST_F(ButtonPaletteWindow, AHostLetsGoOfTheControlInsideEveryEvent) {
-    for (const wchar_t* event : {L"Change", L"Click", L"FocusHidden", L"MouseOut", L"MouseDown", L"MouseUp",
-                                 L"FocusLost", L"KeyDown", L"ChangeCustom"}) {
-        const ChooserAnswer answer(RGB(9, 9, 9));
-        HostedControl doomed(L"ButtonPalette");
-        const HWND field = doomed.window.addEdit(270);
-        doomed.activate({10, 10, 85, 33});
-        doomed.site.events().on(event, [&](container::EventCall&) { doomed.site.close(); });
-        Person someone(doomed.loop, doomed.window.handle());
-        const HWND face = doomed.site.window();
-        const auto alive = [&] { return IsWindow(face) != FALSE; };
-        const auto pressPanel = [&](POINT at) {
-            if (const HWND panel = alive() ? openPanel() : nullptr) someone.click(panel, at.x, at.y);
-        };
-        someone.click(face, 20, 10);
-        pressPanel(cellAt(8));
-        if (alive()) someone.moveTo(face, 22, 12);
-        if (alive()) doomed.object().call(L"ShowPopUp");
-        if (const HWND panel = alive() ? openPanel() : nullptr) {
-            const RECT area = windowRect(panel);
-            pressPanel({(area.right - area.left) / 2, area.bottom - area.top - 17});
-        }
-        if (alive()) SetForegroundWindow(doomed.window.handle());
-        if (alive()) SetFocus(face);
-        if (alive()) someone.key(VK_DOWN);
-        if (alive()) SetFocus(field);
-        doomed.loop.pumpPending();
-        EXPECT_FALSE(alive()) << event;
-        EXPECT_FALSE(openPanel()) << event;
-        EXPECT_EQ(GetCapture(), nullptr) << event;
-    }
 }
 
 TEST_F(ButtonPaletteWindow, AHostLetsGoOfTheControlWhileTheChooserIsOpen) {

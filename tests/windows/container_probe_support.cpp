@@ -47,9 +47,6 @@ private:
     bool events_;
 };
 
-constexpr int pixelsPerInch = 96;
-constexpr int himetricPerInch = 2540;
-
 }  // namespace
 
 ProbeControl::ProbeControl(ProbeManner manner) : manner_(manner) {
@@ -117,17 +114,12 @@ HRESULT ProbeControl::DoVerb(LONG verb, LPMSG, IOleClientSite*, LONG, HWND paren
 }
 
 HRESULT ProbeControl::SetExtent(DWORD, SIZEL* size) {
-    if (manner_.fixedSize.cx) return E_FAIL;
     extent_ = *size;
     return S_OK;
 }
 
 HRESULT ProbeControl::GetExtent(DWORD, SIZEL* size) {
     *size = extent_;
-    if (manner_.fixedSize.cx) {
-        *size = {MulDiv(manner_.fixedSize.cx, himetricPerInch, pixelsPerInch),
-                 MulDiv(manner_.fixedSize.cy, himetricPerInch, pixelsPerInch)};
-    }
     return S_OK;
 }
 
@@ -157,14 +149,7 @@ HRESULT ProbeControl::UIDeactivate() {
 }
 
 HRESULT ProbeControl::SetObjectRects(LPCRECT place, LPCRECT) {
-    ++resizes;
     rectangle = *place;
-    if (manner_.fixedSize.cx && resizes < 50) {
-        // Asks again each time, without looking whether it has its way already: containers meet this.
-        RECT own = {place->left, place->top, place->left + manner_.fixedSize.cx,
-                    place->top + manner_.fixedSize.cy};
-        inPlaceSite()->OnPosRectChange(&own);
-    }
     return S_OK;
 }
 

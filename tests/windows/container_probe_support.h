@@ -18,8 +18,6 @@ struct ProbeManner {
     DWORD status = OLEMISC_INSIDEOUT | OLEMISC_ACTIVATEWHENVISIBLE;
     /// Takes the focus when it is UI activated.
     bool focusable = true;
-    /// Insists on this size in pixels whenever it is given another one; 0 takes any.
-    SIZE fixedSize = {0, 0};
 };
 
 extern const IID probeEvents;
@@ -37,7 +35,6 @@ public:
     std::string journal() const;
     HWND window = nullptr;
     RECT rectangle = {};
-    int resizes = 0;
     std::vector<DISPID> ambientChanges;
     container::ComPtr<IOleClientSite> site;
     /// What TranslateAccelerator answers S_OK to.

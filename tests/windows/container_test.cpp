@@ -321,21 +321,6 @@ TEST(EventSink, WritesTextBooleansAndVariantsThrough) {
     VariantClear(&slot);
 }
 
-TEST(EventSink, SurvivesBeingDisconnectedByItsOwnHandler) {
-    auto probe = ComPtr<ProbeControl>(new ProbeControl);
-    ComPtr<EventSink> sink = new EventSink;
-    ASSERT_EQ(sink->connect(static_cast<IOleObject*>(probe.get())), S_OK);
-    int handled = 0;
-    sink->on(1, [&](EventCall&) {
-        ++handled;
-        sink->disconnect();
-        sink.reset();
-    });
-    probe->raise(1, {});
-    EXPECT_EQ(handled, 1);
-    EXPECT_EQ(probe->raise(1, {}), E_UNEXPECTED) << "nobody listens any more";
-}
-
 // --- Sites -----------------------------------------------------------------------------------------
 
 struct OneSite {
@@ -386,23 +371,6 @@ TEST(ControlSite, ClosesInOrderAndReleasesTheControl) {
         EXPECT_EQ(ProbeControl::alive, 1) << "only the test's own reference is left";
     }
     EXPECT_EQ(ProbeControl::alive, 0);
-}
-
-TEST(ControlSite, KeepsTheSizeThatAControlInsistsOnWithoutALoop) {
-    OneSite one({OLEMISC_INSIDEOUT, true, {12, 14}});
-    one.site->activate({10, 20, 210, 120});
-    const RECT first = one.site->position();
-    EXPECT_EQ(first.right - first.left, 12);
-    EXPECT_EQ(first.bottom - first.top, 14);
-    one.probe->resizes = 0;
-    one.site->moveTo({50, 60, 350, 360});
-    const RECT moved = one.site->position();
-    EXPECT_EQ(moved.left, 50);
-    EXPECT_EQ(moved.top, 60);
-    EXPECT_EQ(moved.right, 62);
-    EXPECT_EQ(moved.bottom, 74);
-    EXPECT_TRUE(EqualRect(&one.probe->rectangle, &moved));
-    EXPECT_LE(one.probe->resizes, 2);
 }
 
 TEST(ControlSite, HonoursARectangleThatTheControlAsksFor) {
@@ -645,22 +613,6 @@ TEST(TypeMembers, DescribesValuesAsAPersonEditsThem) {
     EXPECT_EQ(narrow(keyPress->signature()), "KeyPress(KeyAscii)");
     EXPECT_TRUE(keyPress->arguments[0].type.byReference);
     EXPECT_EQ(members.event(keyPress->number), &*keyPress);
-}
-
-TEST(MessageLoop, DeliversTypedKeysAndLetsTheContainerDiscardThem) {
-    testing_support::HostedControl hosted(L"UpDownTextBox");
-    hosted.activate();
-    hosted.object().put(L"Text", L"");
-    ASSERT_EQ(hosted.site.uiActivate(), S_OK);
-    const HWND field = GetFocus();
-    ASSERT_TRUE(hosted.site.holdsWindow(field));
-    hosted.site.events().on(L"KeyPress", [](EventCall& call) {
-        if (call.value(0).toLong() == L'2') call.set(0, 0L);
-    });
-    for (const WPARAM character : {L'1', L'2', L'3'}) PostMessageW(field, WM_CHAR, character, 1);
-    const auto typed = [&] { return hosted.site.events().count(L"KeyPress") == 3; };
-    ASSERT_TRUE(hosted.loop.pumpUntil(typed));
-    EXPECT_EQ(narrow(hosted.object().value(L"Text").toText()), "13");
 }
 
 TEST(MessageLoop, GivesUpWaitingAtItsDeadline) {

@@ -16,28 +16,13 @@ using container::Variant;
 constexpr RECT place{10, 10, 410, 250};
 constexpr int border = 2;
 
-class GridEditWindow : public ::testing::Test {
+class GridEditWindow : public PersonAtControl {
 protected:
-    GridEditWindow() {
-        hosted.activate(place);
+    GridEditWindow() : PersonAtControl(L"GridEdit", place) {
         // The cells alone; how they are edited is told apart.
         object().put(L"AllowGridEdit", false);
-        other = hosted.window.addEdit(270);
-        hosted.form.add(other);
         fill(100);
         hosted.loop.pumpPending();
-    }
-    container::Dispatch object() const { return hosted.object(); }
-    HWND face() const { return hosted.site.window(); }
-    long number(const wchar_t* member) const {
-        Variant answer;
-        object().call(member, {}, &answer);
-        return answer.toLong().value_or(-999);
-    }
-    std::wstring read(long row, long col) const {
-        Variant text;
-        object().call(L"CellTextRead", {row, col}, &text);
-        return text.toText();
     }
     void fill(long rows) const {
         object().call(L"GridRedraw", {false});
@@ -71,7 +56,6 @@ protected:
         ADD_FAILURE() << "no row shows";
         return 0;
     }
-    std::wstring takeEvents() { return hosted.takeEvents(); }
     static std::wstring clipboardText() {
         std::wstring text;
         if (!OpenClipboard(nullptr)) return text;
@@ -82,10 +66,6 @@ protected:
         CloseClipboard();
         return text;
     }
-
-    HostedControl hosted{L"GridEdit"};
-    HWND other = nullptr;
-    Person person{hosted.loop, hosted.window.handle()};
 };
 
 TEST_F(GridEditWindow, AClickMakesACellTheCurrentOneAndTellsTheHost) {
@@ -149,31 +129,6 @@ TEST_F(GridEditWindow, ADraggedBorderSizesAColumnAndASelectionScrollsAtTheEdge) 
     EXPECT_EQ(number(L"RowCurrent"), 1);
 }
 
-TEST_F(GridEditWindow, APressOnACaptionSortsByItsColumn) {
-    hosted.site.events().on(L"SortClick", [this](container::EventCall&) { object().call(L"BarHeaderSort"); });
-    object().call(L"BarHeaderCaptionSet", {1, L"Left"});
-    takeEvents();
-    person.click(face(), border + 80, border + 6);
-    EXPECT_EQ(takeEvents(), L"ChangeEdited SortClick ChangeEdited");
-    EXPECT_EQ(read(0, 1), L"1");
-    person.click(face(), border + 80, border + 6);
-    EXPECT_EQ(read(0, 1), L"100");
-}
-
-TEST_F(GridEditWindow, ABorderIsDraggedInTheCaptionBar) {
-    object().call(L"ColSetFocus", {0});
-    const long before = number(L"CellCurrentWidth");
-    const auto edge = static_cast<int>(before / 15);
-    takeEvents();
-    person.moveTo(face(), border + edge - 1, border + 6);
-    person.press();
-    person.moveTo(face(), border + edge + 24, border + 6);
-    person.release();
-    EXPECT_EQ(number(L"CellCurrentWidth"), before + 25 * 15);
-    EXPECT_EQ(GetCapture(), nullptr);
-    EXPECT_EQ(takeEvents(), L"");
-}
-
 // What a drag asks: it goes on until the button is let go.
 class DragSource final : public container::ComObject<IDropSource> {
 public:
@@ -212,17 +167,6 @@ TEST_F(GridEditWindow, ADropTellsTheHostWhatWasDroppedAndWhere) {
     EXPECT_EQ(told[4].toLong(), (target.x - border + 1) * 15);
     EXPECT_EQ(told[5].toLong(), (target.y - top) * 15);
     EXPECT_EQ(number(L"MouseRow"), 3);
-}
-
-TEST_F(GridEditWindow, AMillionRowsAreFilledAndReachedAtOnce) {
-    object().call(L"RowsSet", {1000000});
-    object().call(L"TopRowSet", {999000});
-    hosted.loop.pumpPending();
-    const POINT there = cell(999003, 10);
-    person.click(face(), there.x, there.y);
-    EXPECT_EQ(number(L"RowCurrent"), 999003);
-    person.key(VK_END, MOD_CONTROL);
-    EXPECT_EQ(number(L"RowCurrent"), 999999);
 }
 
 // A file that is gone when the test is over.

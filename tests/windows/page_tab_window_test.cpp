@@ -10,7 +10,6 @@
 
 #include <algorithm>
 #include <iterator>
-#include <utility>
 
 namespace obk {
 namespace {
@@ -22,16 +21,10 @@ using container::Variant;
 constexpr const wchar_t* longSet =
     L"Tab 1,Tab 2,Tab 3,Tab 4,Tab 5,Tab 6,Tab 7,Tab 8,Tab 9,Tab 10,Tab 11,Tab 12";
 
-class PageTabWindow : public ::testing::Test {
+class PageTabWindow : public PersonAtControl {
 protected:
-    PageTabWindow() {
-        hosted.activate({10, 10, 330, 36});
-        other = hosted.window.addEdit(270);
-        hosted.form.add(other);
-        setTabs(L"Home,&Help,Video", 1);
-    }
-    container::Dispatch object() const { return hosted.object(); }
-    HWND strip() const { return hosted.site.window(); }
+    PageTabWindow() : PersonAtControl(L"PageTab", {10, 10, 330, 36}) { setTabs(L"Home,&Help,Video", 1); }
+    HWND strip() const { return face(); }
     long active() const { return object().value(L"ActiveTab").toLong().value_or(-1); }
     void setTabs(const wchar_t* tabs, long index) {
         object().put(L"ActiveTabs", tabs);
@@ -56,7 +49,7 @@ protected:
                                    reinterpret_cast<void**>(found.put()));
         return found;
     }
-    // Where a part shows, in the strip's client area; empty where it does not.
+    // Where a part that shows is, in the strip's client area.
     RECT placeOf(long part) const {
         VARIANT child{};
         child.vt = VT_I4;
@@ -65,15 +58,11 @@ protected:
         accessible()->accLocation(&left, &top, &width, &height, child);
         RECT place{left, top, left + width, top + height};
         MapWindowPoints(nullptr, strip(), reinterpret_cast<POINT*>(&place), 2);
-        return width > 0 && height > 0 ? place : RECT{};
+        return place;
     }
     POINT middleOf(long part) const {
         const RECT place = placeOf(part);
         return {(place.left + place.right) / 2, (place.top + place.bottom) / 2};
-    }
-    bool shows(long tab) const {
-        const RECT place = placeOf(tab);
-        return IsRectEmpty(&place) == FALSE;
     }
     void clickTab(long tab) {
         const POINT at = middleOf(tab);
@@ -86,10 +75,6 @@ protected:
         ReleaseDC(strip(), dc);
         return colour;
     }
-
-    HostedControl hosted{L"PageTab"};
-    HWND other = nullptr;
-    Person person{hosted.loop, hosted.window.handle()};
 };
 
 TEST_F(PageTabWindow, APressChoosesTheTabAndTakesTheFocus) {
@@ -163,34 +148,6 @@ TEST_F(PageTabWindow, AnAccessKeyCallsItsTabFromTheWholeForm) {
     EXPECT_EQ(info.cAccel, 0);
 }
 
-TEST_F(PageTabWindow, TabsScrollByHeldButtonsAndTheWheel) {
-    setTabs(longSet, 1);
-    ASSERT_TRUE(shows(1));
-    ASSERT_FALSE(shows(12));
-    const long forward = 14;  // after twelve tabs and the button that goes back
-    const POINT at = middleOf(forward);
-    person.moveTo(strip(), at.x, at.y);
-    person.press();
-    EXPECT_FALSE(shows(1));
-    EXPECT_TRUE(person.waitFor([&] { return shows(12); })) << "held";
-    person.release();
-    EXPECT_EQ(takeEvents(), L"") << "scrolling is no choice";
-    person.moveTo(strip(), 60, 12);
-    person.turnWheel(360);
-    EXPECT_TRUE(person.waitFor([&] { return !shows(12); }));
-    object().put(L"ActiveTab", 12L);
-    EXPECT_TRUE(shows(12));
-}
-
-TEST_F(PageTabWindow, AHostThatIsDraggedNarrowerKeepsTheActiveTabInView) {
-    setTabs(longSet, 6);
-    for (int width = 700; width >= 60; width -= 40) {
-        hosted.site.moveTo({10, 10, 10 + width, 36});
-        hosted.loop.pumpPending();
-        EXPECT_TRUE(shows(6)) << width;
-    }
-}
-
 TEST_F(PageTabWindow, TheTabUnderTheMouseIsHighlightedUntilItLeaves) {
     const POINT below{placeOf(2).left + 3, placeOf(2).bottom - 4};
     const COLORREF quiet = pixel(below);
@@ -231,37 +188,6 @@ TEST_F(PageTabWindow, ARightToLeftFormHasItsTabsAtTheRight) {
     GetClientRect(strip(), &client);
     EXPECT_EQ(placeOf(1).right, client.right - before.left);
     EXPECT_GT(placeOf(1).left, placeOf(2).left);
-}
-
-TEST_F(PageTabWindow, AHostRebuildsTheTabsInsideClick) {
-    bool rebuilt = false;
-    hosted.site.events().on(L"Click", [&](container::EventCall&) {
-        if (!std::exchange(rebuilt, true)) object().put(L"ActiveTabs", L"x,y");
-    });
-    clickTab(3);
-    EXPECT_EQ(takeEvents(), L"MouseDown Click(Video) Show MouseUp");
-    EXPECT_EQ(object().value(L"ActiveTabs").toText(), L"x,y");
-    EXPECT_FALSE(shows(3));
-    person.key(VK_HOME);
-    EXPECT_EQ(takeEvents(), L"Click(x) Show");
-    EXPECT_EQ(active(), 1);
-    EXPECT_EQ(GetCapture(), nullptr);
-}
-
-TEST_F(PageTabWindow, AHostLetsGoOfTheControlInsideEveryEvent) {
-    for (const wchar_t* event : {L"Click", L"Show", L"MouseDown", L"MouseMove", L"MouseUp"}) {
-        HostedControl doomed(L"PageTab");
-        doomed.activate({10, 10, 330, 36});
-        doomed.object().put(L"ActiveTabs", L"Home,Help,Video");
-        doomed.site.events().on(event, [&](container::EventCall&) { doomed.site.close(); });
-        Person someone(doomed.loop, doomed.window.handle());
-        const HWND face = doomed.site.window();
-        someone.moveTo(face, 20, 12);
-        if (IsWindow(face)) someone.click(face, 22, 12);
-        doomed.loop.pumpPending();
-        EXPECT_FALSE(IsWindow(face)) << event;
-        EXPECT_EQ(GetCapture(), nullptr) << event;
-    }
 }
 
 TEST(PageTabResources, RebuildingAndScrollingLeavesNothing) {

@@ -1,5 +1,7 @@
 #include "person_support.h"
 
+#include "panel_support.h"
+
 #include <gtest/gtest.h>
 
 namespace obk::testing_support {
@@ -125,6 +127,25 @@ void Person::turnWheel(int delta) {
     input.mi.dwFlags = MOUSEEVENTF_WHEEL;
     input.mi.mouseData = static_cast<DWORD>(delta);
     send(input, WM_MOUSEWHEEL);
+}
+
+PersonAtControl::PersonAtControl(const wchar_t* className, const RECT& bounds) : hosted(className) {
+    hosted.activate(bounds);
+    other = hosted.window.addEdit(270);
+    hosted.form.add(other);
+}
+
+long PersonAtControl::number(const wchar_t* method) const {
+    container::Variant answer;
+    object().call(method, {}, &answer);
+    return answer.toLong().value_or(-999);
+}
+
+HWND PersonAtControl::open() {
+    object().call(L"ShowPopUp");
+    hosted.loop.pumpPending();
+    takeEvents();
+    return openPanel();
 }
 
 }  // namespace obk::testing_support

@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "container/message_loop.h"
+#include "server_support.h"
 
 namespace obk::testing_support {
 
@@ -37,6 +38,24 @@ private:
     void sendKey(WORD code, bool down);
 
     container::MessageLoop& loop_;
+};
+
+// A form with one control that shows, another field below it, and someone at the keyboard.
+class PersonAtControl : public ::testing::Test {
+protected:
+    PersonAtControl(const wchar_t* className, const RECT& bounds);
+
+    container::Dispatch object() const { return hosted.object(); }
+    HWND face() const { return hosted.site.window(); }
+    std::wstring takeEvents() { return hosted.takeEvents(); }
+    // What a method answers; -999 for no number.
+    long number(const wchar_t* method) const;
+    // Drops the control's panel down and forgets what it told; null when there is none.
+    HWND open();
+
+    HostedControl hosted;
+    HWND other = nullptr;
+    Person person{hosted.loop, hosted.window.handle()};
 };
 
 }  // namespace obk::testing_support

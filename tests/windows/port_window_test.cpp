@@ -1,5 +1,6 @@
 // What only real windows have: resources, messages of dialogs and screen readers, manifests of the window
 // system.
+#include "pixels_support.h"
 #include "platform/win32/gdi_canvas.h"
 #include "platform/win32/text_conversion.h"
 #include "resource_count.h"
@@ -39,54 +40,6 @@ protected:
     TextClient boxClient{journal, "box"};
     std::unique_ptr<SurfacePeer> area;
     std::unique_ptr<TextBoxPeer> box;
-};
-
-// A 32-bit picture in memory with a device context.
-class Pixels {
-public:
-    Pixels(int width, int height) : width_(width), height_(height), dc_(CreateCompatibleDC(nullptr)) {
-        BITMAPINFO info{};
-        info.bmiHeader = {sizeof info.bmiHeader, width, -height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
-        bitmap_ = CreateDIBSection(dc_, &info, DIB_RGB_COLORS, &bits_, nullptr, 0);
-        previous_ = SelectObject(dc_, bitmap_);
-    }
-    Pixels(const Pixels&) = delete;
-    Pixels& operator=(const Pixels&) = delete;
-    ~Pixels() {
-        SelectObject(dc_, previous_);
-        DeleteObject(bitmap_);
-        DeleteDC(dc_);
-    }
-    HDC dc() const { return dc_; }
-    // 0xRRGGBB
-    uint32_t at(int x, int y) const {
-        GdiFlush();
-        return static_cast<const uint32_t*>(bits_)[y * width_ + x] & 0xFFFFFF;
-    }
-    void clear(uint32_t colour) {
-        GdiFlush();
-        std::fill_n(static_cast<uint32_t*>(bits_), width_ * height_, colour);
-    }
-    // The smallest rectangle around everything that is not `background`.
-    PixelRect ink(uint32_t background) const {
-        PixelRect found{width_, height_, 0, 0};
-        for (int y = 0; y < height_; ++y) {
-            for (int x = 0; x < width_; ++x) {
-                if (at(x, y) == background) continue;
-                found = {std::min(found.left, x), std::min(found.top, y), std::max(found.right, x + 1),
-                         std::max(found.bottom, y + 1)};
-            }
-        }
-        return found;
-    }
-
-private:
-    int width_;
-    int height_;
-    HDC dc_;
-    HBITMAP bitmap_ = nullptr;
-    HGDIOBJ previous_ = nullptr;
-    void* bits_ = nullptr;
 };
 
 constexpr uint32_t white = 0xFFFFFF;
@@ -377,7 +330,7 @@ TEST_F(WindowTest, ATextBoxHasTheColoursItIsGiven) {
     box->setColours(Rgb::of(255, 0, 0), Rgb::of(10, 20, 30));
     box->setText(u"MMMM");
     driver.settle();
-    Pixels pixels(100, 20);
+    DrawnPixels pixels(100, 20);
     for (const bool readOnly : {false, true}) {
         box->setReadOnly(readOnly);
         UpdateWindow(boxWindow());
@@ -385,23 +338,14 @@ TEST_F(WindowTest, ATextBoxHasTheColoursItIsGiven) {
         BitBlt(pixels.dc(), 0, 0, 100, 20, dc, 0, 0, SRCCOPY);
         ReleaseDC(boxWindow(), dc);
         EXPECT_EQ(pixels.at(95, 15), 0x0A141Eu) << readOnly;
-        int red = 0;
-        for (int y = 0; y < 20; ++y)
-            for (int x = 0; x < 100; ++x) red += pixels.at(x, y) == 0xFF0000;
-        EXPECT_GT(red, 20) << readOnly;
+        EXPECT_GT(pixels.colours(pixels.all())[0xFF0000], 20) << readOnly;
     }
 }
 
 TEST_F(WindowTest, AChangeOfTheSystemsLookIsToldOnceToAll) {
-    class LookClient : public port::RecordingClient<SurfaceClient> {
-    public:
-        using RecordingClient::RecordingClient;
-        void paint(Canvas&, const PixelRect&) override {}
-        void captureLost() override {}
-        void dpiChanged(Dpi) override {}
+    struct LookClient : AreaClient {
+        using AreaClient::AreaClient;
         void appearanceChanged() override { said("appearanceChanged"); }
-        void hostMoved() override {}
-        std::vector<AccessibleItem> accessibleItems() override { return {}; }
     };
     LookClient first(journal, "first");
     LookClient second(journal, "second");
@@ -484,7 +428,7 @@ TEST(RegistryTest, ReadsBytesAsTheSystemKeepsThem) {
 // The canvas
 
 TEST(GdiCanvasTest, FillsWholePixelsWithinItsClips) {
-    Pixels pixels(40, 30);
+    DrawnPixels pixels(40, 30);
     pixels.clear(white);
     {
         win32::GdiCanvas canvas(pixels.dc(), Dpi(96));
@@ -513,7 +457,7 @@ TEST(GdiCanvasTest, FillsWholePixelsWithinItsClips) {
 }
 
 TEST(GdiCanvasTest, TextKeepsToItsRectangleAndItsAlignment) {
-    Pixels pixels(200, 60);
+    DrawnPixels pixels(200, 60);
     const auto inkOf = [&](TextView text, const TextStyle& style, const PixelRect& rect) {
         pixels.clear(white);
         win32::GdiCanvas canvas(pixels.dc(), Dpi(96));
@@ -560,7 +504,7 @@ SharedPicture fourPixels() {
 }
 
 TEST(GdiCanvasTest, PicturesBlendAndStretch) {
-    Pixels pixels(20, 20);
+    DrawnPixels pixels(20, 20);
     pixels.clear(white);
     win32::GdiCanvas canvas(pixels.dc(), Dpi(96));
     canvas.drawPicture(fourPixels(), {0, 0, 2, 2});
@@ -593,7 +537,7 @@ TEST(GdiCanvasTest, AMetafileKeepsColoursTextAndHoles) {
         canvas.drawPicture(fourPixels(), {0, 30, 2, 32});
     }
     const HENHMETAFILE file = CloseEnhMetaFile(recording);
-    Pixels pixels(60, 40);
+    DrawnPixels pixels(60, 40);
     pixels.clear(white);
     ENHMETAHEADER header{};
     GetEnhMetaFileHeader(file, sizeof header, &header);
@@ -603,20 +547,13 @@ TEST(GdiCanvasTest, AMetafileKeepsColoursTextAndHoles) {
     PlayEnhMetaFile(pixels.dc(), file, &place);
     DeleteEnhMetaFile(file);
     EXPECT_EQ(pixels.at(3, 3), 0xC86432u);
-    int blue = 0;
-    int red = 0;
-    for (int y = 0; y < 40; ++y) {
-        for (int x = 0; x < 60; ++x) {
-            blue += pixels.at(x, y) == 0x0000FF;
-            red += pixels.at(x, y) == 0xFF0000;
-        }
-    }
-    EXPECT_GT(blue, 10);
-    EXPECT_GE(red, 1);
+    auto colours = pixels.colours(pixels.all());
+    EXPECT_GT(colours[0x0000FF], 10);
+    EXPECT_GE(colours[0xFF0000], 1);
 }
 
 TEST(GdiCanvasTest, LeavesTheContextAsItWas) {
-    Pixels pixels(20, 20);
+    DrawnPixels pixels(20, 20);
     const HGDIOBJ font = GetCurrentObject(pixels.dc(), OBJ_FONT);
     SetTextColor(pixels.dc(), RGB(1, 2, 3));
     SetBkMode(pixels.dc(), OPAQUE);
@@ -639,14 +576,9 @@ TEST(GdiCanvasTest, LeavesTheContextAsItWas) {
 
 // Screen readers
 
-class AccessibleClient final : public port::RecordingClient<SurfaceClient> {
+class AccessibleClient final : public AreaClient {
 public:
-    using RecordingClient::RecordingClient;
-    void paint(Canvas&, const PixelRect&) override {}
-    void captureLost() override {}
-    void dpiChanged(Dpi) override {}
-    void appearanceChanged() override {}
-    void hostMoved() override {}
+    using AreaClient::AreaClient;
     std::vector<AccessibleItem> accessibleItems() override {
         using Role = AccessibleItem::Role;
         return {{Role::client, u"Amount", u"7", {0, 0, 200, 120}},

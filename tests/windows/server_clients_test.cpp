@@ -120,34 +120,5 @@ TEST(ServerClients, TheSystemsContainerShowsEveryControl) {
     FreeLibrary(library);
 }
 
-TEST(ServerClients, AManifestBesideTheFileReplacesRegistration) {
-    CLSID id{};
-    ASSERT_NE(CLSIDFromProgID(L"OBKCTRLS.UpDownTextBox", &id), S_OK) << "registered by somebody";
-    std::wstring manifest = serverFile();
-    manifest.replace(manifest.rfind(L'.'), std::wstring::npos, L".manifest");
-    ACTCTXW description{};
-    description.cbSize = sizeof description;
-    description.lpSource = manifest.c_str();
-    const HANDLE context = CreateActCtxW(&description);
-    ASSERT_NE(context, INVALID_HANDLE_VALUE) << GetLastError();
-    ULONG_PTR cookie = 0;
-    ASSERT_TRUE(ActivateActCtx(context, &cookie));
-    for (const std::wstring& name : serverClasses()) {
-        for (const wchar_t* version : {L"", L".1"}) {
-            ComPtr<IUnknown> control;
-            EXPECT_EQ(CLSIDFromProgID((L"OBKCTRLS." + name + version).c_str(), &id), S_OK)
-                << container::toUtf8(name);
-            EXPECT_EQ(
-                CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, __uuidof(IUnknown), control.putVoid()),
-                S_OK);
-            // The class goes by another identifier there, which the system made up for the context.
-            EXPECT_EQ(container::TypeMembers::of(control.get()).className(), name);
-        }
-    }
-    DeactivateActCtx(0, cookie);
-    ReleaseActCtx(context);
-    CoFreeUnusedLibraries();
-}
-
 }  // namespace
 }  // namespace obk

@@ -263,40 +263,30 @@ TEST_F(ServerDispatch, ANumberIsTakenFromEveryAutomationTypeThatHoldsOne) {
     const ComPtr<IDispatch> object(new DefaultValueObject(Variant(L"7")));
     VARIANT inner = Variant(7.0).detach();
 
-    const std::vector<Variant> sevens{plain(VT_I1, i1),
-                                      plain(VT_UI1, ui1),
-                                      plain(VT_I2, i2),
-                                      plain(VT_UI2, ui2),
-                                      plain(VT_I4, i4),
-                                      plain(VT_UI4, ui4),
-                                      plain(VT_INT, i4),
-                                      plain(VT_UINT, ui4),
-                                      plain(VT_I8, i8),
-                                      plain(VT_UI8, ui8),
-                                      plain(VT_R4, r4),
-                                      plain(VT_R8, r8),
-                                      plain(VT_CY, currency),
-                                      plain(VT_DATE, r8),
-                                      Variant(text.view()),
-                                      Variant(decimal),
-                                      object.get(),
-                                      reference(VT_I1, i1),
-                                      reference(VT_UI1, ui1),
-                                      reference(VT_I2, i2),
-                                      reference(VT_UI2, ui2),
-                                      reference(VT_I4, i4),
-                                      reference(VT_UI4, ui4),
-                                      reference(VT_INT, i4),
-                                      reference(VT_UINT, ui4),
-                                      reference(VT_I8, i8),
-                                      reference(VT_UI8, ui8),
-                                      reference(VT_R4, r4),
-                                      reference(VT_R8, r8),
-                                      reference(VT_CY, currency),
-                                      reference(VT_DATE, r8),
-                                      reference(VT_BSTR, bstr),
-                                      reference(VT_DECIMAL, V_DECIMAL(&decimal)),
-                                      reference(VT_VARIANT, inner)};
+    std::vector<Variant> sevens{Variant(text.view()),
+                                Variant(decimal),
+                                object.get(),
+                                reference(VT_BSTR, bstr),
+                                reference(VT_DECIMAL, V_DECIMAL(&decimal)),
+                                reference(VT_VARIANT, inner)};
+    const auto both = [&sevens](VARTYPE type, auto& value) {
+        sevens.push_back(plain(type, value));
+        sevens.push_back(reference(type, value));
+    };
+    both(VT_I1, i1);
+    both(VT_UI1, ui1);
+    both(VT_I2, i2);
+    both(VT_UI2, ui2);
+    both(VT_I4, i4);
+    both(VT_UI4, ui4);
+    both(VT_INT, i4);
+    both(VT_UINT, ui4);
+    both(VT_I8, i8);
+    both(VT_UI8, ui8);
+    both(VT_R4, r4);
+    both(VT_R8, r8);
+    both(VT_CY, currency);
+    both(VT_DATE, r8);
     for (const Variant& seven : sevens) {
         putOn(L"Max", 0L);
         putOn(L"Interval", 0.0);

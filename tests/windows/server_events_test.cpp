@@ -80,15 +80,6 @@ TEST_F(ServerEvents, ASinkMayLeaveWhileItIsCalled) {
     third->disconnect();
 }
 
-TEST_F(ServerEvents, AHandlerMaySetTheSamePropertyAgain) {
-    int depth = 0;
-    hosted.site.events().on(L"Change", [&](EventCall&) {
-        if (++depth < 4) hosted.object().put(L"Text", std::to_wstring(depth));
-    });
-    hosted.object().put(L"Text", L"0");
-    EXPECT_EQ(textOf(hosted), L"3");
-}
-
 TEST_F(ServerEvents, TheHostMayEndTheControlInItsOwnEvent) {
     LoadedServer server;
     for (const bool typed : {false, true}) {
@@ -133,20 +124,6 @@ TEST_F(ServerEvents, EverySetterNotifiesUnderItsPropertyEvenWithoutAChange) {
         EXPECT_EQ(hosted.object().put(member.number, value), S_OK);
         EXPECT_EQ(hosted.site.changes().countChanged(member.number), 1u) << member.number;
     }
-}
-
-TEST_F(ServerEvents, LoadingIsNoNews) {
-    const auto stored = hosted.site.query<IPersistStreamInit>();
-    hosted.site.changes().clear();
-    hosted.site.events().clearJournal();
-    ComPtr<IStream> stream;
-    ASSERT_EQ(CreateStreamOnHGlobal(nullptr, TRUE, stream.put()), S_OK);
-    ASSERT_EQ(stored->Save(stream.get(), TRUE), S_OK);
-    stream->Seek({}, STREAM_SEEK_SET, nullptr);
-    ASSERT_EQ(stored->Load(stream.get()), S_OK);
-    EXPECT_TRUE(hosted.site.changes().changed().empty());
-    EXPECT_TRUE(hosted.site.events().journal().empty());
-    EXPECT_EQ(stored->IsDirty(), S_FALSE);
 }
 
 TEST_F(ServerEvents, EveryClassHasAnEventInterfaceAlsoAnEmptyOne) {

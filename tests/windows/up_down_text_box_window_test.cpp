@@ -10,17 +10,13 @@ namespace {
 using namespace testing_support;
 using container::Variant;
 
-class UpDownTextBoxWindow : public ::testing::Test {
+class UpDownTextBoxWindow : public PersonAtControl {
 protected:
-    UpDownTextBoxWindow() {
+    UpDownTextBoxWindow() : PersonAtControl(L"UpDownTextBox", {10, 10, 110, 31}) {
         object().put(L"Interval", 1.0);
         object().put(L"Max", 50);
-        hosted.activate({10, 10, 110, 31});
-        edit = GetWindow(hosted.site.window(), GW_CHILD);
-        other = hosted.window.addEdit(60);
-        hosted.form.add(other);
+        edit = GetWindow(face(), GW_CHILD);
     }
-    container::Dispatch object() const { return hosted.object(); }
     std::wstring text() const {
         Variant value = object().value(L"Text");
         return V_VT(&value.get()) == VT_BSTR ? V_BSTR(&value.get()) : L"?";
@@ -30,11 +26,6 @@ protected:
         wchar_t buffer[64]{};
         GetWindowTextW(edit, buffer, 64);
         return buffer;
-    }
-    std::wstring takeEvents() {
-        std::wstring names = hosted.site.events().names();
-        hosted.site.events().clearJournal();
-        return names;
     }
     void enter() {
         person.click(edit, 20, 8);
@@ -48,10 +39,7 @@ protected:
         return area;
     }
 
-    HostedControl hosted{L"UpDownTextBox"};
     HWND edit = nullptr;
-    HWND other = nullptr;
-    Person person{hosted.loop, hosted.window.handle()};
 };
 
 TEST_F(UpDownTextBoxWindow, TypingIsFilteredAndReported) {
@@ -67,17 +55,6 @@ TEST_F(UpDownTextBoxWindow, TypingIsFilteredAndReported) {
     }
     EXPECT_EQ(typed, (std::vector<short>{'1', 0, '2', '.', 0, '5', 0}));
     EXPECT_EQ(hosted.site.events().count(L"Change"), 4u);
-}
-
-TEST_F(UpDownTextBoxWindow, AHostChangesOrDiscardsWhatIsTyped) {
-    hosted.site.events().on(L"KeyPress", [](container::EventCall& call) {
-        Variant typed = call.value(0);
-        if (V_I2(&typed.get()) == '1') call.set(0, short{'9'});
-        if (V_I2(&typed.get()) == '2') call.set(0, short{0});
-    });
-    enter();
-    person.type(L"123");
-    EXPECT_EQ(text(), L"93");
 }
 
 TEST_F(UpDownTextBoxWindow, TheClipboardWorksInAFilteredField) {
@@ -155,44 +132,6 @@ TEST_F(UpDownTextBoxWindow, ADisabledFieldTakesNeitherKeysNorPresses) {
     object().put(L"Enabled", true);
     person.click(hosted.site.window(), surface().right - 8, 5);
     EXPECT_EQ(text(), L"6");
-}
-
-TEST_F(UpDownTextBoxWindow, TheFieldFollowsTheSizeOfTheControl) {
-    const auto fieldWidth = [&] {
-        RECT area{};
-        GetClientRect(edit, &area);
-        return area.right;
-    };
-    EXPECT_EQ(fieldWidth(), 100 - 24);
-    hosted.site.moveTo({10, 10, 210, 41});
-    EXPECT_EQ(fieldWidth(), 200 - 24);
-    hosted.site.moveTo({10, 10, 30, 31});
-    EXPECT_EQ(fieldWidth(), 200 - 24);  // no room: the width stays as it was
-}
-
-TEST_F(UpDownTextBoxWindow, TheTextOutlivesItsWindow) {
-    enter();
-    person.type(L"31");
-    EXPECT_EQ(hosted.site.deactivate(), S_OK);
-    EXPECT_EQ(text(), L"31");
-    hosted.activate({10, 10, 110, 31});
-    edit = GetWindow(hosted.site.window(), GW_CHILD);
-    EXPECT_EQ(shown(), L"31");
-}
-
-TEST_F(UpDownTextBoxWindow, AHostLetsGoOfTheControlInsideEveryEvent) {
-    for (const wchar_t* event : {L"Change", L"KeyDown", L"KeyPress", L"MouseDown", L"DownClick", L"KeyUp"}) {
-        HostedControl doomed(L"UpDownTextBox");
-        doomed.object().put(L"Interval", 1.0);
-        doomed.activate({10, 100, 110, 121});
-        doomed.site.events().on(event, [&](container::EventCall&) { doomed.site.close(); });
-        Person someone(doomed.loop, doomed.window.handle());
-        const HWND field = GetWindow(doomed.site.window(), GW_CHILD);
-        someone.click(field, 10, 8);
-        if (IsWindow(field)) someone.key('7');
-        if (IsWindow(field)) someone.key(VK_UP);
-        EXPECT_FALSE(IsWindow(field)) << event;
-    }
 }
 
 }  // namespace

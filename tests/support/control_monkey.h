@@ -1,0 +1,260 @@
+// A person and a host who do with a control whatever the dice say.
+#pragma once
+
+#include "framework/control.h"
+#include "framework/control_table.h"
+#include "platform/headless/headless_platform.h"
+#include "platform/headless/headless_windows.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace obk::test {
+
+class ControlMonkey : protected ControlHost {
+public:
+    // Any number from 0 to one less than the argument.
+    using Dice = std::function<int32_t(int32_t)>;
+
+    ControlMonkey(const ControlTable& table, Dice dice) : table_(table), dice_(std::move(dice)) {
+        platform_.registry().setString(u"SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion", u"CurrentVersion",
+                                       "6.3");
+        platform_.answerMenu([this](std::span<const MenuItem> items, const PixelRect&) {
+            hear("asking");
+            return std::optional(static_cast<size_t>(below(static_cast<int32_t>(items.size()) + 1)));
+        });
+        platform_.answerColour([this](const ColourQuestion&) {
+            hear("asking");
+            return below(2) == 0 ? std::nullopt : std::optional(Rgb{1});
+        });
+    }
+    ControlMonkey(const ControlMonkey&) = delete;
+    ControlMonkey& operator=(const ControlMonkey&) = delete;
+    virtual ~ControlMonkey() {
+        hears = [](const std::string&) {};
+        letGo();
+    }
+
+    // What the host does inside its events, by their names, and while a menu or a chooser is "asking".
+    // Without it, whatever the dice say.
+    std::function<void(const std::string& name)> hears;
+
+    // Nothing here holds the control while the window system is at work: that is for that to do. A host that
+    // calls a member holds what it calls.
+    virtual void act() {
+        if (!control_) return place();
+        switch (below(12)) {
+            case 0:
+            case 1:
+            case 2:
+                return callMember();
+            case 3:
+                return surroundings();
+            case 4:
+            case 5:
+            case 6:
+            case 7:
+                return mouse();
+            case 8:
+                return platform_.type(
+                    one<TextView>({u"1", u"x", u" ", u"7.5", u"o", u"\u65E5", u"\b", u"1 mar 2026"}));
+            default:
+                return key();
+        }
+    }
+
+    // A new control in its window; the one before, which may still be in the middle of an event, is let go.
+    void place() {
+        letGo();
+        const auto made = control_ = table_.create(platform_);
+        made->initNew();
+        prepare(*made);
+        made->setHost(this);
+        made->activate(1, bounds);
+        made->focus();
+    }
+    void letGo() {
+        if (!control_) return;
+        control_->setHost(nullptr);
+        control_->deactivate();
+        control_.reset();
+    }
+    void closeWindow() {
+        const auto held = control_;
+        held->deactivate();
+    }
+    void openAnotherWindow() {
+        const auto held = control_;
+        held->deactivate();
+        if (control_ == held) held->activate(1, bounds);
+    }
+    void load() {
+        const auto held = control_;
+        MemoryBag bag;
+        if (below(2) == 0) held->save(bag);
+        held->load(bag);
+    }
+    // Any member of the table, as hosts call it.
+    void callMember() {
+        const auto held = control_;
+        const auto& members = table_.members;
+        if (members.empty()) return;
+        const Member& member = members[static_cast<size_t>(below(static_cast<int32_t>(members.size())))];
+        if (member.kind == MemberKind::property) {
+            if (member.put) putProperty(*held, member, argument(member.type));
+            return;
+        }
+        Value result;
+        std::vector<Value> arguments;
+        for (const Parameter& parameter : member.parameters) arguments.push_back(argument(parameter.type));
+        callMethod(*held, member, arguments, result);
+    }
+
+    // What is left of a control that was let go; null for nothing.
+    const char* leftOver() const {
+        if (platform_.windowCount() != 0) return "a window is left";
+        if (platform_.timerCount() != 0) return "a timer is left";
+        return platform_.capture() != 0 ? "the capture is left" : nullptr;
+    }
+
+protected:
+    static constexpr PixelRect bounds{0, 0, 420, 200};
+
+    int32_t below(int32_t limit) { return dice_(limit); }
+    template <typename T>
+    T one(std::initializer_list<T> of) {
+        return *(of.begin() + below(static_cast<int32_t>(of.size())));
+    }
+    // Gives a new control something to work on.
+    virtual void prepare(Control&) {}
+
+    void raise(const Member& event, std::span<Value> arguments) override {
+        hear(toUtf8(event.name));
+        if (!arguments.empty() && below(20) == 0) arguments[0] = int16_t{0};
+    }
+    void propertyChanged(const Member*) override {}
+    FontRef ambientFont() override { return nullptr; }
+    void requestSize(Twips, Twips) override {}
+    void focusChanged(bool) override { hear("focus"); }
+    bool offerKey(const KeyEvent&) override { return below(4) == 0; }
+    void viewChanged() override {}
+    bool designMode() override { return designs_; }
+
+    headless::HeadlessPlatform platform_;
+    std::shared_ptr<Control> control_;
+
+private:
+    static constexpr int32_t deepest = 3;
+
+    void hear(const std::string& name) {
+        if (hears) return hears(name);
+        if (depth_ >= deepest || below(6) != 0) return;
+        ++depth_;
+        act();
+        --depth_;
+    }
+    Text text() {
+        return Text(one<TextView>({u"", u"oak", u"12", u"a", u"Mon 2 Feb 2026", u"9:30 am", u"a\tb\tc\td",
+                                   u"two\r\nlines", u"1\t2\r\n3\t4\r\n", u"\"q\"\t\"\r\n\"\"\""}));
+    }
+    Value argument(ValueType type) {
+        switch (type) {
+            case ValueType::longInteger:
+                return below(30) == 0 ? INT32_MIN : below(15) - 1;
+            case ValueType::text:
+                return text();
+            case ValueType::doubleFloat:
+                return one({150.0, 400.0, 1500.0, 9000.0});
+            case ValueType::font:
+                return std::make_shared<SharedFont>(FontDescription{u"Tahoma", one({8.25, 14.0})});
+            default:
+                return converted(Value(below(2)), type).value_or(Value());
+        }
+    }
+    void key() {
+        const int16_t code = below(4) == 0
+                                 ? static_cast<int16_t>(1 + below(254))
+                                 : one<int16_t>({key::enter,     key::enter,  key::tab,  key::escape,
+                                                 key::space,     key::f2,     key::f4,   key::insert,
+                                                 key::deleteKey, key::menu,   key::down, key::up,
+                                                 key::left,      key::right,  key::home, key::end,
+                                                 key::pageDown,  key::pageUp, 'V',       'Z'});
+        const int16_t state = code == 'V' || code == 'Z' ? shift::control
+                              : below(4) == 0            ? static_cast<int16_t>(below(8))
+                                                         : int16_t{0};
+        if (below(10) == 0)
+            platform_.keyDown(code, state, below(2) == 0);
+        else
+            platform_.pressKey(code, state);
+    }
+    void mouse() {
+        using Kind = MouseEvent::Kind;
+        NativeWindow window = control_->window();
+        for (const NativeWindow id : platform_.windows()) {
+            const headless::HeadlessSurface* const panel = platform_.surface(id);
+            if (panel && panel->kind() == SurfacePlacement::Kind::panel && panel->visible()) window = id;
+        }
+        const headless::HeadlessSurface* const surface = platform_.surface(window);
+        if (!surface) return;
+        // Often where it was last, at the edges, where buttons are, and a little outside.
+        const PixelRect& area = surface->bounds();
+        if (below(2) == 0) at_ = {below(area.width() + 40) - 20, below(area.height() + 40) - 20};
+        if (below(4) == 0) at_.y = one({5, 15, area.height() - 17});
+        const int16_t pressed = one({button::left, button::left, button::left, button::right});
+        const auto state = static_cast<int16_t>(below(4) == 0 ? below(8) : 0);
+        switch (below(6)) {
+            case 0:
+                return platform_.wheel(window, {one({-120, 120, 30}), below(4) == 0, state, at_});
+            case 1:
+                platform_.drop(window, {std::make_shared<OpaqueObject>(), 7, button::left, state, at_});
+                return;
+            case 2:
+                return platform_.click(window, at_, pressed);
+            case 3:
+                platform_.click(window, at_, pressed);
+                return platform_.mouse(window, {Kind::doubleClick, pressed, state, at_});
+            default:
+                return platform_.mouse(
+                    window, {one({Kind::down, Kind::move, Kind::up, Kind::doubleClick, Kind::leave}), pressed,
+                             state, at_});
+        }
+    }
+    void surroundings() {
+        switch (below(10)) {
+            case 0: {
+                const auto held = control_;
+                return held->setBounds({0, 0, below(3) == 0 ? below(600) : bounds.right, bounds.bottom});
+            }
+            case 1:
+                return platform_.setDpi(control_->window(), Dpi(one({96, 120, 144, 168, 192})));
+            case 2:
+                return platform_.setFocus(below(2) == 0 ? 0 : control_->window());
+            case 3:
+                designs_ = below(6) == 0;
+                return;
+            case 4:
+                return platform_.setClipboard(text());
+            case 5:
+                return platform_.advance(std::chrono::milliseconds(below(1200)));
+            case 6:
+                return platform_.stealCapture();
+            case 7:
+                return openAnotherWindow();
+            case 8:
+                return load();
+            default:
+                if (below(8) == 0) place();
+        }
+    }
+
+    const ControlTable& table_;
+    Dice dice_;
+    PixelPoint at_;
+    int32_t depth_ = 0;
+    bool designs_ = false;
+};
+
+}  // namespace obk::test
