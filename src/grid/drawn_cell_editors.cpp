@@ -12,6 +12,8 @@ class TextCellEditor final : public CellEditor {
 public:
     TextCellEditor(const CellEditorEvents& events, FlexGrid& grid) : CellEditor(events), txtTEXTBOX(grid) {
         txtTEXTBOX.setAccessibleName(u"Cell");
+        // As the cell's own text, which stands above the grid's line.
+        txtTEXTBOX.centreAbove(1);
         passOnKeys(txtTEXTBOX);
         passOnDoubleClick(txtTEXTBOX.doubleClicked);
         on(txtTEXTBOX.wheelTurned,

@@ -9,7 +9,7 @@ namespace obk {
 TextBox::TextBox(Container& parent)
     : Widget(parent), font_([this] {
           if (peer_) peer_->setFont(font_.description());
-          if (centred_) placed();
+          if (roomBelow_) placed();
           invalidate();
           fontChanged();
       }) {}
@@ -64,8 +64,8 @@ void TextBox::setBackColour(OleColour colour) {
     showColours();
 }
 
-void TextBox::setCentred(bool centred) {
-    centred_ = centred;
+void TextBox::centreAbove(int32_t room) {
+    roomBelow_ = room;
     placed();
     invalidate();
 }
@@ -87,10 +87,11 @@ void TextBox::paint(Canvas& canvas, const PixelRect& bounds) {
     style.font = font_.description();
     style.colour = rgb(enabled() ? foreColour_ : OleColour(SystemColour::greyText));
     style.horizontal = horizontalAlignment();
-    style.vertical = centred_ ? VerticalAlignment::centre : VerticalAlignment::top;
+    style.vertical = VerticalAlignment::top;
     style.ellipsis = false;
     const int32_t margin = canvas.dpi().scaled(textMargin);
-    canvas.drawText(text_, {bounds.left + margin, bounds.top, bounds.right - margin, bounds.bottom}, style);
+    const PixelRect line = lineIn(bounds);
+    canvas.drawText(text_, {line.left + margin, line.top, line.right - margin, line.bottom}, style);
 }
 
 void TextBox::attach(SurfacePeer& peer) {
@@ -116,19 +117,16 @@ void TextBox::detach() {
 void TextBox::placed() {
     // Each step may take the focus away, and who hears of that may close the window.
     if (peer_) peer_->setEnabled(enabled());
-    if (peer_) peer_->setBounds(lineBounds(), pixelClip());
+    if (peer_) peer_->setBounds(lineIn(pixelBounds()), pixelClip());
     if (peer_) peer_->setVisible(!pixelClip().empty());
 }
 
 // Windows put their text at their top: one whose text is to be lower stands lower.
-PixelRect TextBox::lineBounds() const {
-    PixelRect bounds = pixelBounds();
-    if (centred_) {
-        const int32_t line = platform().appearance().metrics(font_.description(), dpi()).height();
-        const int32_t spare = std::max(bounds.height() - line, 0);
-        bounds.top += spare / 2;
-        bounds.bottom = bounds.top + std::min(line, bounds.height());
-    }
+PixelRect TextBox::lineIn(PixelRect bounds) const {
+    if (!roomBelow_) return bounds;
+    const int32_t line = platform().appearance().metrics(font_.description(), dpi()).height();
+    bounds.top += std::max((bounds.height() - dpi().scaled(*roomBelow_) - line) / 2, 0);
+    bounds.bottom = std::min(bounds.top + line, bounds.bottom);
     return bounds;
 }
 

@@ -35,8 +35,8 @@ public:
     const FontRef& font() const { return font_.font(); }
     void setFont(FontRef font) { font_.set(std::move(font)); }
     void setAccessibleName(Text name);
-    // The text in the middle of the height; at first it is at the top.
-    void setCentred(bool centred);
+    // The text in the middle of the height above some room (pixels at 96 DPI); at first it is at the top.
+    void centreAbove(int32_t room);
 
     bool hasFocus() const { return peer_ && peer_->hasFocus(); }
     bool takeFocus() override;
@@ -78,7 +78,7 @@ private:
 
     HorizontalAlignment horizontalAlignment() const;
     void showColours();
-    PixelRect lineBounds() const;
+    PixelRect lineIn(PixelRect bounds) const;
 
     Text text_;
     TextSelection selection_;  // while there is no window
@@ -89,7 +89,7 @@ private:
     int32_t maxLength_ = 0;
     uint8_t alignment_ = 0;
     bool pressed_ = false;
-    bool centred_ = false;
+    std::optional<int32_t> roomBelow_;  // none: at the top
     std::unique_ptr<TextBoxPeer> peer_;
 };
 

@@ -207,6 +207,40 @@ TEST_F(GridEditing, EveryEditorKeepsItsValueWhicheverWayItIsLeft) {
     }
 }
 
+TEST_F(GridEditing, ATextStandsWhereItIsWhenItsEditorOpens) {
+    object().call(L"CellTextSet", {1L, static_cast<long>(textCol), L"HHHH"});
+    const POINT cell = middle(hosted, 1, textCol);
+    object().call(L"RowSetFocus", {2});
+    UpdateWindow(face());
+    // The first letter's edges, on the control; the caret is further to the right.
+    const auto letter = [&](HWND window) {
+        POINT origin{};
+        MapWindowPoints(window, face(), &origin, 1);
+        const HDC dc = GetDC(window);
+        RECT ink{LONG_MAX, LONG_MAX, 0, 0};
+        for (LONG y = cell.y - 7; y < cell.y + 7; ++y) {
+            for (LONG x = cell.x - colWidth / 2 + 1; x < cell.x - colWidth / 2 + 9; ++x) {
+                if (GetPixel(dc, x - origin.x, y - origin.y) != 0) continue;
+                ink = {std::min(ink.left, x), std::min(ink.top, y), std::max(ink.right, x),
+                       std::max(ink.bottom, y)};
+            }
+        }
+        ReleaseDC(window, dc);
+        return ink;
+    };
+    const RECT before = letter(face());
+    EXPECT_LT(before.top, before.bottom);
+    click(1, textCol);
+    ASSERT_EQ(openWindows().size(), 1u);
+    const HWND editor = openWindows()[0];
+    SendMessageW(editor, EM_SETSEL, 4, 4);
+    UpdateWindow(editor);
+    const RECT after = letter(editor);
+    EXPECT_EQ(after.top, before.top);
+    EXPECT_EQ(after.bottom, before.bottom);
+    EXPECT_NEAR(after.left, before.left, 1);
+}
+
 TEST_F(GridEditing, ADoubleClickIsOneAlsoWhereTheEditorHasComeInBetween) {
     const UINT usual = GetDoubleClickTime();
     SetDoubleClickTime(3000);

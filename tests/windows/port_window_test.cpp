@@ -292,6 +292,17 @@ TEST_F(WindowTest, ThePressOnAPanelActivatesNothing) {
     EXPECT_EQ(GetWindow(areaWindow(), GW_OWNER), driver.hostWindow());
 }
 
+TEST_F(WindowTest, AllOfATextTooLongShowsItsBeginning) {
+    open();
+    for (const TextView text : {TextView(u"short"), TextView(u"Thu 26 Nov 2026, late in the afternoon")}) {
+        const auto length = static_cast<int32_t>(text.size());
+        box->setText(text);
+        box->setSelection({0, length});
+        EXPECT_GE(static_cast<int16_t>(LOWORD(SendMessageW(boxWindow(), EM_POSFROMCHAR, 0, 0))), 0);
+        EXPECT_EQ(box->selection(), (TextSelection{0, length}));
+    }
+}
+
 TEST_F(WindowTest, TheCursorFollowsTheSurface) {
     open();
     area->setCursor(Cursor::sizeColumn);
