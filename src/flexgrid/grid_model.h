@@ -84,7 +84,8 @@ public:
     bool repeatAttribute(CellAddress cell, SmallSetting auto setting) {
         RowHandle* const row = rows_.touchedAtHand(cell.row);
         return row && *row &&
-               (*row)->repeatStyle(styles_, cell.col, &attributeMark<Attribute>, settingBits(setting));
+               (*row)->repeatStyle(styles_.steps(), cell.col, &attributeMark<Attribute>,
+                                   settingBits(setting));
     }
     // How many different styles the cells have.
     size_t styleCount() const { return styles_.size(); }
@@ -107,15 +108,16 @@ private:
     template <typename Set>
     bool setSmallAttribute(CellAddress cell, const void* attribute, uint32_t bits, Set&& set) {
         if (!contains(cell)) return false;
-        const StyleRef from = style(cell);
-        if (const auto* step = styles_.remembered(from, attribute, bits)) {
-            putStyle(rows_.touched(cell.row), cell, StyleRef(step->to));
+        RowHandle* const row = rows_.touched(cell.row);
+        const StyleRef from = row && *row ? (*row)->style(cell.col) : StyleRef();
+        if (const auto* step = styles_.steps().find(from.number(), attribute, bits)) {
+            putStyle(row, cell, StyleRef(step->to));
             return true;
         }
         CellStyle changed = *from;
         set(changed);
         if (!setStyle(cell, changed)) return false;
-        styles_.remember(from, attribute, bits, style(cell));
+        styles_.steps().remember(from.entry(), attribute, bits, style(cell).entry());
         return true;
     }
     bool setLargerText(CellAddress cell, TextView text);

@@ -67,9 +67,9 @@ public:
                                                            : StyleRef();
     }
     // As StylePlaces::repeat(); false also for a cell that never had a style.
-    bool repeatStyle(StyleTable& table, int32_t col, const void* attribute, uint32_t setting) {
+    bool repeatStyle(StyleSteps& steps, int32_t col, const void* attribute, uint32_t setting) {
         return static_cast<uint32_t>(col) < styles_.size() &&
-               styles_.repeat(table, static_cast<uint32_t>(col), attribute, setting);
+               styles_.repeat(steps, static_cast<uint32_t>(col), attribute, setting);
     }
     static void setStyle(RowHandle& row, int32_t col, StyleRef style, int32_t cols) {
         if (!row || static_cast<uint32_t>(col) >= row->styles_.size())

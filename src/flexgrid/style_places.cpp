@@ -8,25 +8,21 @@ namespace obk {
 StylePlaces::StylePlaces(StyleTable& table, uint32_t count)
     : block_(new (::operator new(sizeof(Block) + count * sizeof(uint32_t))) Block{&table}),
       count_(static_cast<uint16_t>(count)) {
-    std::fill_n(numbers(), count, StyleTable::noStyle);
-}
-
-StylePlaces::~StylePlaces() {
-    truncate(0);
+    std::fill_n(numbers(), count, StyleEntry::none);
 }
 
 void StylePlaces::set(uint32_t cell, StyleRef style) noexcept {
     // The cell's reference goes with this one.
     const StyleRef before = StyleRef::adopted(block_->table->numbered(numbers()[cell]));
-    const StyleEntry* const entry = style.release();
-    numbers()[cell] = entry ? entry->number : StyleTable::noStyle;
+    numbers()[cell] = style.number();
+    static_cast<void>(style.release());
 }
 
 void StylePlaces::grow(uint32_t count) {
     StylePlaces larger(*block_->table, count);
     std::copy_n(numbers(), count_, larger.numbers());
     // The references have moved along.
-    std::fill_n(numbers(), count_, StyleTable::noStyle);
+    std::fill_n(numbers(), count_, StyleEntry::none);
     *this = std::move(larger);
 }
 

@@ -21,16 +21,18 @@ public:
         std::swap(count_, other.count_);
         return *this;
     }
-    ~StylePlaces();
+    ~StylePlaces() {
+        if (block_) truncate(0);
+    }
 
     uint32_t size() const { return count_; }
     StyleRef at(uint32_t cell) const { return StyleRef(block_->table->numbered(numbers()[cell])); }
     void set(uint32_t cell, StyleRef style) noexcept;
-    // What `set` with the style that the table remembers for the cell's would do. False, and nothing changed,
-    // if there is none, or if this is the last cell with its style. The table is the one that was given.
-    bool repeat(StyleTable& table, uint32_t cell, const void* attribute, uint32_t setting) {
+    // A step of the table's that a cell went before this one. False, and nothing changed, if it is not
+    // remembered, or if this is the last cell with its style.
+    bool repeat(StyleSteps& steps, uint32_t cell, const void* attribute, uint32_t setting) {
         uint32_t& number = numbers()[cell];
-        const StyleTable::Step* const step = table.remembered(number, attribute, setting);
+        const StyleSteps::Step* const step = steps.find(number, attribute, setting);
         if (!step) return false;
         if (step->from) {
             if (step->from->references == 1) return false;

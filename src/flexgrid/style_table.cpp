@@ -29,7 +29,7 @@ StyleRef StyleTable::shared(const CellStyle& style) {
 }
 
 void StyleTable::drop(const StyleEntry& entry) noexcept {
-    steps_.fill({});
+    steps_.forget();
     numbered_[entry.number] = nullptr;
     freeNumbers_.push_back(entry.number);
     entries_.erase(entries_.find(entry.style));
