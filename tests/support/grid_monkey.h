@@ -4,7 +4,7 @@
 #include "framework/control.h"
 #include "grid/grid_edit.h"
 #include "platform/headless/headless_platform.h"
-#include "platform/headless/headless_windows.h"
+#include "platform/headless/headless_surface.h"
 
 #include <algorithm>
 #include <functional>
