@@ -2,6 +2,7 @@
 #pragma once
 
 #include "framework/control.h"
+#include "framework/member_call.h"
 #include "grid/grid_edit.h"
 #include "platform/headless/headless_platform.h"
 #include "platform/headless/headless_surface.h"
