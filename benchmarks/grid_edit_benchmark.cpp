@@ -3,7 +3,7 @@
 #include "grid/grid_edit.h"
 #include "grid_data.h"
 #include "platform/headless/headless_platform.h"
-#include "platform/headless/headless_windows.h"
+#include "platform/headless/headless_surface.h"
 
 namespace obk {
 namespace {

@@ -1,6 +1,7 @@
 // Bags out of raw bytes, and bags with keys that a control knows: it loads them, and what it saves it loads
 // and saves again alike.
 #include "framework/control.h"
+#include "framework/member_call.h"
 #include "fuzz_values.h"
 #include "library/library.h"
 #include "platform/headless/headless_platform.h"

@@ -3,7 +3,7 @@
 #include "datecalendar/date_calendar.h"
 #include "fuzz_values.h"
 #include "platform/headless/headless_platform.h"
-#include "platform/headless/headless_windows.h"
+#include "platform/headless/headless_surface.h"
 
 namespace obk::fuzz {
 namespace {

@@ -1,10 +1,11 @@
 // A session with a control: late-bound calls made from its table, keys, presses, wheel, focus, time and
 // windows that come and go, with a host that does the same inside events and may let go at any moment.
 #include "framework/control.h"
+#include "framework/member_call.h"
 #include "fuzz_values.h"
 #include "library/library.h"
 #include "platform/headless/headless_platform.h"
-#include "platform/headless/headless_windows.h"
+#include "platform/headless/headless_surface.h"
 
 namespace obk::fuzz {
 namespace {

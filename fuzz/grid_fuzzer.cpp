@@ -3,7 +3,7 @@
 #include "flexgrid/flex_grid.h"
 #include "fuzz_values.h"
 #include "platform/headless/headless_platform.h"
-#include "platform/headless/headless_windows.h"
+#include "platform/headless/headless_surface.h"
 #include "widgets/surface.h"
 
 #include <optional>

@@ -4,7 +4,7 @@
 #include "fuzz_values.h"
 #include "pagetab/page_tab.h"
 #include "platform/headless/headless_platform.h"
-#include "platform/headless/headless_windows.h"
+#include "platform/headless/headless_surface.h"
 
 namespace obk::fuzz {
 namespace {

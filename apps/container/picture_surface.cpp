@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-#include "container/com_ptr.h"
+#include "container/com_object.h"
 
 namespace obk::container {
 

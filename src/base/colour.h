@@ -39,7 +39,6 @@ enum class SystemColour : uint8_t {
     light3d = 22,
     infoText = 23,
     infoBackground = 24,
-    hotLight = 26,
 };
 
 // Either an RGB value or, with the high bit set, a system colour's index in the low byte.

@@ -5,8 +5,9 @@
 #include "framework/control_host.h"
 #include "framework/control_table.h"
 #include "framework/member_token.h"
+#include "framework/property_bag.h"
+#include "widgets/container.h"
 #include "widgets/surface.h"
-#include "widgets/widget.h"
 
 #include <memory>
 #include <vector>

@@ -3,7 +3,7 @@
 
 #include "framework/control.h"
 #include "framework/control_host.h"
-#include "widgets/widget.h"
+#include "widgets/container.h"
 
 #include <memory>
 

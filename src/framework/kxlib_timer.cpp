@@ -20,8 +20,9 @@ void kxlib_TIMER::SetInterval(int32_t Interval) {
 }
 
 void kxlib_TIMER::poll() {
+    const std::weak_ptr<void> alive = alive_;
     // Blocking and busy on purpose: a handler ends the wait.
-    while (enabled_) {
+    while (!alive.expired() && enabled_) {
         if (startTick_ == 0) startTick_ = clock_.tickCount();
         int32_t elapsed = 0;
         if (__builtin_sub_overflow(clock_.tickCount(), startTick_, &elapsed)) return;

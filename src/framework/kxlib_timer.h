@@ -5,6 +5,7 @@
 #include "widgets/platform.h"
 
 #include <cstdint>
+#include <memory>
 
 namespace obk {
 
@@ -22,7 +23,7 @@ public:
     // Below 1: the interval becomes 0 and the timer stops. Otherwise an enabled timer polls as above.
     void SetInterval(int32_t Interval);
 
-    Event<> OnTimer;
+    Event<> OnTimer;  // a listener may destroy the timer
 
 private:
     void poll();
@@ -31,6 +32,7 @@ private:
     bool enabled_ = false;
     int32_t interval_ = 450;
     int32_t startTick_ = 0;  // 0: the period has not begun
+    std::shared_ptr<void> alive_ = std::make_shared<char>();
 };
 
 }  // namespace obk

@@ -60,13 +60,14 @@ public:
         for (char16_t& unit : text) unit = number<uint16_t>();
         return text;
     }
+    // Nothing also for a value that is whole and useless, after which the next one can be read.
     std::optional<Value> value();
     bool failed() const { return failed_; }
     bool atEnd() const { return bytes_.empty(); }
 
 private:
     PictureRef picture();
-    FontRef font();
+    std::optional<Value> font();
 
     std::span<const std::byte> bytes_;
     bool failed_ = false;
@@ -111,8 +112,8 @@ void Writer::value(const Value& value) {
         value);
 }
 
-FontRef Reader::font() {
-    if (number<uint8_t>() == 0) return nullptr;
+std::optional<Value> Reader::font() {
+    if (number<uint8_t>() == 0) return FontRef();
     FontDescription font;
     font.name = text();
     font.size = std::bit_cast<double>(number<uint64_t>());
@@ -122,10 +123,10 @@ FontRef Reader::font() {
     font.italic = (styles & 1) != 0;
     font.underline = (styles & 2) != 0;
     font.strikethrough = (styles & 4) != 0;
-    // A size that no font can have is damage like any other.
+    // No font can have another size, whatever a host has set: the control takes its default.
     constexpr double largestSize = 8192;
-    if (!(font.size > 0 && font.size <= largestSize)) failed_ = true;
-    return failed_ ? nullptr : std::make_shared<SharedFont>(std::move(font));
+    if (!(font.size > 0 && font.size <= largestSize)) return std::nullopt;
+    return std::make_shared<SharedFont>(std::move(font));
 }
 
 PictureRef Reader::picture() {
@@ -145,7 +146,7 @@ PictureRef Reader::picture() {
 std::optional<Value> Reader::value() {
     const auto type = number<uint8_t>();
     if (failed_) return std::nullopt;
-    Value value;
+    std::optional<Value> value = Value();
     switch (static_cast<ValueType>(type)) {
         case ValueType::empty:
             break;
@@ -182,7 +183,7 @@ std::optional<Value> Reader::value() {
         default:
             failed_ = true;
     }
-    return failed_ ? std::nullopt : std::optional<Value>(std::move(value));
+    return failed_ ? std::nullopt : std::move(value);
 }
 
 }  // namespace
@@ -224,8 +225,8 @@ std::optional<MemoryBag> MemoryBag::parsed(std::span<const std::byte> bytes) {
     for (auto left = reader.number<uint32_t>(); left > 0; --left) {
         Text key = reader.text();
         std::optional<Value> value = reader.value();
-        if (!value) return std::nullopt;
-        bag.entries_.emplace_back(std::move(key), std::move(*value));
+        if (reader.failed()) return std::nullopt;
+        if (value) bag.entries_.emplace_back(std::move(key), std::move(*value));
     }
     if (reader.failed() || !reader.atEnd()) return std::nullopt;
     return bag;

@@ -31,7 +31,8 @@ public:
     const std::vector<Entry>& entries() const { return entries_; }
 
     // The bag as bytes and back. Bytes from anywhere are safe: damaged ones give nothing, and no more memory
-    // is taken than they warrant. Fonts are written by description and pictures by their pixels.
+    // is taken than they warrant. Fonts are written by description and pictures by their pixels. A font whose
+    // size cannot be is missing from the bag; all else is read.
     std::vector<std::byte> serialized() const;
     static std::optional<MemoryBag> parsed(std::span<const std::byte> bytes);
 

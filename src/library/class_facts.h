@@ -2,7 +2,7 @@
 // expect.
 #pragma once
 
-#include "framework/control_table.h"
+#include "library/library.h"
 
 namespace obk {
 

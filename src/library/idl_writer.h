@@ -1,7 +1,7 @@
 // Prints the interface definition of the library: the contract with every host, made from the member tables.
 #pragma once
 
-#include "framework/control_table.h"
+#include "library/library.h"
 
 #include <string>
 

@@ -27,4 +27,11 @@ const Library& library() {
     return library;
 }
 
+const ControlTable* Library::control(TextView controlName) const {
+    const auto found = std::find_if(
+        controls.begin(), controls.end(),
+        [controlName](const ControlTable* table) { return equalIgnoringCase(table->name, controlName); });
+    return found == controls.end() ? nullptr : *found;
+}
+
 }  // namespace obk

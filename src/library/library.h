@@ -5,6 +5,19 @@
 
 namespace obk {
 
+// A library is the set of its public controls' tables.
+struct Library {
+    Text name;
+    Text description;
+    Guid id;
+    uint16_t majorVersion = 1, minorVersion = 0;
+    std::vector<const ControlTable*> controls;  // in the order of the type library, private ones included
+    std::vector<const Enumeration*> enumerations;
+
+    // Without regard to case; null when there is none.
+    const ControlTable* control(TextView controlName) const;
+};
+
 const Library& library();
 
 }  // namespace obk

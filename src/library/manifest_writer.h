@@ -1,7 +1,7 @@
 // Prints the manifest with which an application uses the controls without any registration.
 #pragma once
 
-#include "framework/control_table.h"
+#include "library/library.h"
 
 #include <string>
 

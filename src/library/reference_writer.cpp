@@ -1,5 +1,6 @@
 #include "library/reference_writer.h"
 
+#include "framework/member_call.h"
 #include "library/class_facts.h"
 
 #include <algorithm>

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "framework/control.h"
+#include "library/library.h"
 
 #include <string>
 

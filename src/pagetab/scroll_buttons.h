@@ -2,9 +2,9 @@
 #pragma once
 
 #include "base/event.h"
+#include "widgets/container.h"
 #include "widgets/drawn_button.h"
 #include "widgets/timer.h"
-#include "widgets/widget.h"
 
 #include <vector>
 

@@ -22,6 +22,7 @@ ButtonPalette::ButtonPalette(Platform& platform)
       barPALETTE(*this, root()),
       panel_(*this),
       picDROPDOWNPANEL(*this, panel_.root()),
+      chooser_(panel_, picDROPDOWNPANEL),
       cTIMER(platform.clock()) {
     barPALETTE.setTakesMouse(false);
     panel_.setAccessibleName(u"Colors");
@@ -59,20 +60,16 @@ void ButtonPalette::initProperties() {
     cmdMAINBTN.state.textColour = systemColour(SystemColour::buttonText);
     fontFromAmbient_ = ambientFont();
     cmdMAINBTN.font.set(fontFromAmbient_);
-    picDROPDOWNPANEL.setPalette(enQUILLPalette::QP24X8);
-    picDROPDOWNPANEL.chooseBaseFor(firstColour);
-    const PaletteCell& first = picDROPDOWNPANEL.palette().nearestCell(firstColour);
-    choice_.setSelected(first, first.Color);
+    chooser_.setPalette(enQUILLPalette::QP24X8, firstColour);
     cmdMAINBTN.setEnabled(true);
     cmdMAINBTN.state.caption = u"   Button";  // the blanks keep clear of the swatch
     showBackground();
-    showSelection();
 }
 
 void ButtonPalette::loaded() {
     showBackground();
     barPALETTE.setEnabled(Enabled());
-    showSelection();
+    chooser_.showChoice();
 }
 
 void ButtonPalette::connectChildren() {
@@ -86,8 +83,12 @@ void ButtonPalette::connectChildren() {
         refresh();
     });
     on(cmdMAINBTN.fontChanged, [this] { PropertyChanged<&ButtonPalette::Font>(); });
-    on(picDROPDOWNPANEL.mouseReported, [this](const MouseEvent& event) { panelMouse(event); });
-    on(panel_.mouseElsewhere, [this](const MouseEvent& event) { panelMouse(event); });
+    on(picDROPDOWNPANEL.mouseReported, [this](const MouseEvent& event) { chooser_.mouse(event); });
+    on(panel_.mouseElsewhere, [this](const MouseEvent& event) { chooser_.mouse(event); });
+    on(chooser_.closing, [this] { HidePopUp(); });
+    on(chooser_.activeChanged, [this] { activeChanged(); });
+    on(chooser_.chosen, [this](PaletteChoice::Outcome outcome) { chosen(outcome); });
+    on(chooser_.moreColoursAsked, [this] { chooseCustomColour(); });
     on(panel_.dismissed, [this] { HidePopUp(); });
     on(panel_.appearanceChanged, [this] {
         if (panel_.visible()) HidePopUp();
@@ -129,8 +130,7 @@ void ButtonPalette::SetCaption(const obk::Text& Caption) {
 
 void ButtonPalette::SetColor(OleColour Color) {
     loadColor(Color);
-    choice_.setColour(Color);
-    showSelection();
+    chooser_.setColour(Color);
     resize();
     PropertyChanged<&ButtonPalette::Color>();
 }
@@ -240,132 +240,14 @@ void ButtonPalette::ShowPopUp() {
     refresh();
 }
 
-void ButtonPalette::UserControl_Click() {
-    if (lastButton_ == button::left && Enabled()) {
-        if (popupEnabled_) {
-            if (panel_.visible())
-                HidePopUp();
-            else
-                ShowPopUp();
-        } else {
-            if (panel_.visible()) HidePopUp();
-            attempt([&] { PopUp(); });
-        }
-        attempt([&] { Click(); });
-    }
-    releaseOwnCapture();
-    mouseOver_ = true;
-    refresh();
-}
-
-void ButtonPalette::UserControl_ExitFocus() {
-    mouseHeld_ = false;
-    attempt([&] { FocusLost(); });
-    int16_t mouseButton = button::left;
-    int16_t shiftState = 0;
-    float x = 0;
-    float y = 0;
-    attempt([&] { MouseUp(mouseButton, shiftState, x, y); });
-}
-
-void ButtonPalette::UserControlMouseOut(int16_t& Button, int16_t& Shift, float& X, float& Y) {
-    const Dpi dpi = root().dpi();
-    const auto right = static_cast<float>(dpi.toPixels(width()));
-    const auto bottom = static_cast<float>(dpi.toPixels(height()));
-    // A condition that cannot be computed is false: no place at all is not outside.
-    if (X < 0 || X > right || Y < 0 || Y > bottom) {
-        mouseOver_ = false;
-        cmdMAINBTN.state.hot = false;
-        releaseOwnCapture();
-        refresh();
-    } else {
-        cmdMAINBTN.state.hot = Enabled() && !panel_.visible();
-        SetTheme();
-        // An open panel keeps the mouse: it has to see the press that closes it.
-        Surface* shownOn = cmdMAINBTN.surface();
-        if (shownOn && Enabled() && !panel_.visible()) shownOn->capture(cmdMAINBTN);
-        mouseOver_ = true;
-    }
-    attempt([&] { MouseOut(Button, Shift, X, Y); });
-}
-
 void ButtonPalette::resize() {
     cmdMAINBTN.move({{0}, {0}, width(), height()});
     barPALETTE.move(ButtonFace::arrowPlace(width(), height(), barPALETTE->width(), barPALETTE->height()));
     refresh();
 }
 
-void ButtonPalette::enterFocus() {
-    cmdMAINBTN.state.focused = true;
-    refresh();
-}
-
-void ButtonPalette::exitFocus() {
-    cmdMAINBTN.state.focused = false;
-    refresh();
-    // Two kinds of loss arrive, as hosts know it: the button's own, and the whole control's.
-    if (panel_.visible()) HidePopUp();
-    attempt([&] { FocusLost(); });
-    UserControl_ExitFocus();
-}
-
 void ButtonPalette::useAmbientFont(const FontRef& font) {
     if (fontFromAmbient_ && Font() == fontFromAmbient_) fontFromAmbient_->setDescription(font->description());
-}
-
-KeyRoute ButtonPalette::route(const KeyEvent& event) {
-    const bool wanted = (event.code == key::escape && panel_.visible()) ||
-                        (event.code == key::enter && picDROPDOWNPANEL.walking());
-    return wanted && hasFocus() ? KeyRoute::child : Control::route(event);
-}
-
-void ButtonPalette::surfaceKeyDown(KeyEvent& event) {
-    if (!Enabled()) return;
-    if (walkKey(event)) {
-        // The key was the panel's: the button does nothing with it, nor with its release.
-        attempt([&] { KeyDown(event.code, event.shift); });
-        lastKeyDown_ = 0;
-        return;
-    }
-    // A key that is held must not open and close the panel again and again.
-    if ((event.code == key::pageDown || event.code == key::down) && event.shift == 0 && !event.repeated)
-        UserControl_Click();
-    else if (event.code == key::escape)
-        HidePopUp();
-    attempt([&] { KeyDown(event.code, event.shift); });
-    lastKeyDown_ = event.code;
-    if (event.code == key::space)
-        press(button::left, shift::shift, 1, 1);
-    else if (event.code == key::left || event.code == key::up)
-        offerToContainer({key::tab, shift::shift, false});
-}
-
-void ButtonPalette::surfaceKeyUp(KeyEvent& event) {
-    if (!Enabled()) return;
-    SetTheme();
-    if (event.code == key::space && lastKeyDown_ == key::space) {
-        release(button::left, shift::shift, 1, 1);
-        lastButton_ = button::left;
-        UserControl_Click();
-    }
-    attempt([&] { KeyUp(event.code, event.shift); });
-}
-
-bool ButtonPalette::walkKey(const KeyEvent& event) {
-    if (!panel_.visible() || event.shift != 0) return false;
-    const bool walking = picDROPDOWNPANEL.walking();
-    if (walking && (event.code == key::enter || event.code == key::space)) {
-        const PixelPoint at = picDROPDOWNPANEL.walkPoint();
-        panelPress(button::left, at);
-        // On the strip the press has already closed the panel.
-        if (panel_.visible()) panelRelease(at);
-        return true;
-    }
-    const bool begins = event.code == key::right || event.code == key::home || event.code == key::end;
-    if ((!walking && !begins) || !picDROPDOWNPANEL.walk(event.code)) return false;
-    // Like a press on a base colour, so that its shades can be reached.
-    if (const auto cell = picDROPDOWNPANEL.walkCell()) picDROPDOWNPANEL.becomeBase(*cell);
-    return true;
 }
 
 AccessibleItem ButtonPalette::describeSurface() const {
@@ -379,9 +261,7 @@ AccessibleItem ButtonPalette::describeSurface() const {
 }
 
 void ButtonPalette::loadSelectedColor(OleColour colour) {
-    const Rgb rgb = root().rgb(colour);
-    picDROPDOWNPANEL.chooseBaseFor(rgb);
-    choice_.setSelected(picDROPDOWNPANEL.palette().nearestCell(rgb), colour);
+    chooser_.choose(colour, root().rgb(colour));
 }
 
 void ButtonPalette::loadToolTip(const obk::Text& text) {
@@ -394,14 +274,8 @@ void ButtonPalette::loadColor(OleColour colour) {
 }
 
 void ButtonPalette::loadPalette(int32_t palette) {
-    const auto known = paletteFromNumber(palette);
-    if (!known) return;
-    picDROPDOWNPANEL.setPalette(*known);
-    const Rgb rgb = root().rgb(choice_.colour());
-    picDROPDOWNPANEL.chooseBaseFor(rgb);
-    const PaletteCell& nearest = picDROPDOWNPANEL.palette().nearestCell(rgb);
-    choice_.setSelected(nearest, nearest.Color);
-    showSelection();
+    if (const auto known = paletteFromNumber(palette))
+        chooser_.setPalette(*known, root().rgb(selectedColor()));
 }
 
 void ButtonPalette::refresh() {
@@ -418,181 +292,38 @@ void ButtonPalette::showBackground() {
     refresh();
 }
 
-void ButtonPalette::buttonMouse(const MouseEvent& event) {
-    if (!Enabled()) return;
-    Surface* shownOn = cmdMAINBTN.surface();
-    auto x = static_cast<float>(event.at.x);
-    auto y = static_cast<float>(event.at.y);
-    int16_t mouseButton = event.button;
-    int16_t shiftState = event.shift;
-    switch (event.kind) {
-        case MouseEvent::Kind::down:
-            pressed_ = event.button == button::left;
-            if (shownOn) shownOn->capture(cmdMAINBTN);
-            if (event.button == button::left) cmdMAINBTN.takeFocus();
-            refresh();
-            press(mouseButton, shiftState, x, y);
-            break;
-        case MouseEvent::Kind::up: {
-            // A press that began elsewhere, on the open panel above all, is no click of the button.
-            const bool inside = cmdMAINBTN.surface() && cmdMAINBTN.hitTest(event.at) != nullptr;
-            const bool ofThisButton = event.button == lastButton_ && cmdMAINBTN.surface() &&
-                                      cmdMAINBTN.surface()->captured(cmdMAINBTN);
-            const bool clicked = inside && ofThisButton && (pressed_ || event.button != button::left);
-            pressed_ = false;
-            releaseOwnCapture();
-            refresh();
-            release(mouseButton, shiftState, x, y);
-            if (clicked && Enabled()) UserControl_Click();
-            break;
-        }
-        case MouseEvent::Kind::move:
-            if (shownOn && shownOn->peer()) shownOn->peer()->setToolTip(cmdMAINBTN.pixelBounds(), toolTip_);
-            if (!cmdMAINBTN.state.hot && !panel_.visible() && cmdMAINBTN.hitTest(event.at)) {
-                cmdMAINBTN.state.hot = true;
-                refresh();
-            }
-            if (!mouseHeld_) UserControlMouseOut(mouseButton, shiftState, x, y);
-            attempt([&] { MouseMove(mouseButton, shiftState, x, y); });
-            break;
-        case MouseEvent::Kind::doubleClick:
-            if (lastButton_ == button::left) {
-                pressed_ = event.button == button::left;
-                if (shownOn) shownOn->capture(cmdMAINBTN);
-                refresh();
-                press(button::left, 0, 1, 1);
-            }
-            attempt([&] { DblClick(); });
-            break;
-        case MouseEvent::Kind::leave:
-            cmdMAINBTN.state.hot = false;
-            refresh();
-            break;
-    }
-}
-
-void ButtonPalette::press(int16_t mouseButton, int16_t shift, float x, float y) {
-    lastButton_ = mouseButton;
-    mouseHeld_ = mouseButton != button::right;
-    attempt([&] { MouseDown(mouseButton, shift, x, y); });
-}
-
-void ButtonPalette::release(int16_t mouseButton, int16_t shift, float x, float y) {
-    mouseHeld_ = false;
-    attempt([&] { MouseUp(mouseButton, shift, x, y); });
-}
-
-void ButtonPalette::releaseOwnCapture() {
-    if (Surface* shownOn = cmdMAINBTN.surface()) shownOn->releaseCapture(cmdMAINBTN);
-}
-
-void ButtonPalette::panelMouse(const MouseEvent& event) {
-    if (!panel_.visible()) return;
-    switch (event.kind) {
-        case MouseEvent::Kind::down:
-        case MouseEvent::Kind::doubleClick:
-            panelPress(event.button, event.at);
-            break;
-        case MouseEvent::Kind::move:
-            panelMove(event.button, event.at);
-            break;
-        case MouseEvent::Kind::up:
-            panelRelease(event.at);
-            break;
-        case MouseEvent::Kind::leave:
-            picDROPDOWNPANEL.setStripHot(false);
-            break;
-    }
-}
-
-void ButtonPalette::panelPress(int16_t mouseButton, PixelPoint at) {
-    // Where the point lies is settled before any host hears of it: a host may change the palette meanwhile.
-    const bool inside = picDROPDOWNPANEL.holds(at);
-    const bool onStrip = picDROPDOWNPANEL.belowStripTop(at);
-    const bool beyondEdge = picDROPDOWNPANEL.beyondStripEdge(at);
-    if (inside) {
-        // The capture of the opening goes; that of a drag comes, so that a release outside is seen.
-        panel_.renewCapture();
-        if (const auto cell = picDROPDOWNPANEL.cellAt(at)) {
-            panelMove(mouseButton, at);
-            setActiveCell(*cell);
-            picDROPDOWNPANEL.becomeBase(*cell);
-        }
-    } else {
-        HidePopUp();
-    }
-    if (onStrip) {
-        if (beyondEdge)
-            HidePopUp();
-        else
-            chooseCustomColour();
-    }
-}
-
-void ButtonPalette::panelMove(int16_t mouseButton, PixelPoint at) {
-    const bool leftDown = (mouseButton & button::left) != 0;
-    const auto cell = picDROPDOWNPANEL.cellAt(at);
-    picDROPDOWNPANEL.setStripHot(picDROPDOWNPANEL.holds(at) && picDROPDOWNPANEL.belowStripTop(at) &&
-                                 !picDROPDOWNPANEL.beyondStripEdge(at));
-    if (cell) {
-        if (leftDown) setActiveCell(*cell);
-        if (panel_.visible()) picDROPDOWNPANEL.hover(*cell);
-        if (leftDown) picDROPDOWNPANEL.becomeBase(*cell);
-    }
-}
-
-void ButtonPalette::panelRelease(PixelPoint at) {
-    const bool inside = picDROPDOWNPANEL.holds(at);
-    const auto cell = picDROPDOWNPANEL.cellAt(at);
-    HidePopUp();
-    if (cell) {
-        HidePopUp();
-        selectCell(*cell, cell->Color);
-    } else if (!inside) {
-        selectCell(choice_.selected(), choice_.colour());
-    }
-}
-
-void ButtonPalette::setActiveCell(const PaletteCell& cell) {
-    if (!choice_.activate(cell)) return;
+void ButtonPalette::activeChanged() {
     PropertyChanged<&ButtonPalette::ActiveColor>();
     PropertyChanged<&ButtonPalette::ActiveText>();
-    int32_t colour = asLong(choice_.active().Color);
+    int32_t colour = asLong(ActiveColor());
     attempt([&] { Change(colour); });
 }
 
-void ButtonPalette::selectCell(const PaletteCell& cell, OleColour colour) {
-    const PaletteChoice::Outcome outcome = choice_.select(cell, colour);
-    if (outcome == PaletteChoice::Outcome::nothing) return;
-    int32_t told = asLong(colour);
+void ButtonPalette::chosen(PaletteChoice::Outcome outcome) {
+    const OleColour colour = selectedColor();
     if (outcome == PaletteChoice::Outcome::changed) {
-        showSelection();
         PropertyChanged<&ButtonPalette::selectedColor>();
         PropertyChanged<&ButtonPalette::Text>();
         if (Color() != colour) loadColor(colour);
         attempt([&] { Click(); });
     }
+    int32_t told = asLong(colour);
     attempt([&] { Change(told); });
 }
 
 void ButtonPalette::chooseCustomColour() {
-    HidePopUp();
     const OleColour start = Color();
     const Surface* shownOn = root().surface();
     const NativeWindow owner = shownOn && shownOn->peer() ? shownOn->peer()->window() : 0;
-    std::optional<Rgb> chosen;
-    attempt([&] { chosen = platform().chooseColour(owner, {root().rgb(start), true, u"Custom"}); });
+    std::optional<Rgb> picked;
+    attempt([&] { picked = platform().chooseColour(owner, {root().rgb(start), true, u"Custom"}); });
     // What was cancelled answers the colour it started from, and the host hears of that all the same.
-    const OleColour colour = chosen ? OleColour(*chosen) : start;
+    const OleColour colour = picked ? OleColour(*picked) : start;
     loadColor(colour);
     PropertyChanged<&ButtonPalette::selectedColor>();
     PropertyChanged<&ButtonPalette::Text>();
     int32_t told = asLong(colour);
     attempt([&] { ChangeCustom(told); });
-}
-
-void ButtonPalette::showSelection() {
-    picDROPDOWNPANEL.setSelected(choice_.selected(), choice_.selectedIsExact());
 }
 
 }  // namespace obk

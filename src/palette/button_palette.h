@@ -7,7 +7,7 @@
 #include "framework/pop_up_panel.h"
 #include "palette/button_arrow.h"
 #include "palette/button_face.h"
-#include "palette/palette_choice.h"
+#include "palette/colour_chooser.h"
 #include "palette/palette_panel.h"
 
 namespace obk {
@@ -20,8 +20,8 @@ public:
     const ControlTable& table() const override { return memberTable(); }
 
     // Properties; what they mean stands in the table.
-    OleColour ActiveColor() const { return choice_.active().Color; }
-    obk::Text ActiveText() const { return choice_.active().Name(); }
+    OleColour ActiveColor() const { return chooser_.choice().active().Color; }
+    obk::Text ActiveText() const { return chooser_.choice().active().Name(); }
     OleColour BackColor() const { return backColor_; }
     void SetBackColor(OleColour BackColor);
     bool BackcolorCustom() const { return backcolorCustom_; }
@@ -61,7 +61,7 @@ public:
     void SetPopupEnabled(bool PopupEnabled);
     bool ShowButtonColor() const { return cmdMAINBTN.state.showsSwatch; }
     void SetShowButtonColor(bool ShowButtonColor);
-    obk::Text Text() const { return choice_.selected().Name(); }
+    obk::Text Text() const { return chooser_.choice().selected().Name(); }
 
     // Methods.
     void HidePopUp();
@@ -93,7 +93,7 @@ private:
     AccessibleItem describeSurface() const override;
 
     // Persisted without a property.
-    OleColour selectedColor() const { return choice_.colour(); }
+    OleColour selectedColor() const { return chooser_.choice().colour(); }
     void loadSelectedColor(OleColour colour);
     obk::Text toolTip() const { return toolTip_; }
     void loadToolTip(const obk::Text& text);
@@ -107,25 +107,19 @@ private:
     void press(int16_t mouseButton, int16_t shift, float x, float y);
     void release(int16_t mouseButton, int16_t shift, float x, float y);
     void releaseOwnCapture();
-    bool walkKey(const KeyEvent& event);
 
-    void panelMouse(const MouseEvent& event);
-    void panelPress(int16_t mouseButton, PixelPoint at);
-    void panelMove(int16_t mouseButton, PixelPoint at);
-    void panelRelease(PixelPoint at);
-    void setActiveCell(const PaletteCell& cell);
-    void selectCell(const PaletteCell& cell, OleColour colour);
+    void activeChanged();
+    void chosen(PaletteChoice::Outcome outcome);
     void chooseCustomColour();
-    void showSelection();
     PopUpSide firstSide() const { return positionDefault_ ? PopUpSide::below : PopUpSide::above; }
 
     ButtonFace cmdMAINBTN;
     Hosted<ButtonArrow> barPALETTE;
     PopUpPanel panel_;
     PalettePanel picDROPDOWNPANEL;
+    ColourChooser chooser_;
     kxlib_TIMER cTIMER;
 
-    PaletteChoice choice_;
     OleColour backColor_{SystemColour::buttonFace};
     bool backcolorCustom_ = false;
     int32_t buttonType_ = 1;

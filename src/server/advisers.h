@@ -1,7 +1,7 @@
 // Who wants to hear that a control is saved, closed, or looks different.
 #pragma once
 
-#include "server/com_ptr.h"
+#include "com/com_ptr.h"
 
 #include <windows.h>
 

@@ -1,6 +1,7 @@
 #include "server/browsing_parts.h"
 
 #include "framework/control.h"
+#include "framework/member_call.h"
 
 #include "server/control_object.h"
 #include "server/variant_value.h"

@@ -4,7 +4,7 @@
 #include "base/font.h"
 #include "widgets/input.h"
 
-#include "server/com_ptr.h"
+#include "com/com_ptr.h"
 
 #include <windows.h>
 
@@ -20,7 +20,7 @@ public:
     const ComPtr<IOleClientSite>& get() const { return site_; }
     template <typename Interface>
     ComPtr<Interface> as() const {
-        return site_.as<Interface>();
+        return site_.query<Interface>();
     }
 
     // The container's font; the same shared font as long as the container names the same object.

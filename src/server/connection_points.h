@@ -3,7 +3,7 @@
 
 #include "framework/control_table.h"
 
-#include "server/com_ptr.h"
+#include "com/com_ptr.h"
 #include "server/part.h"
 
 #include <ocidl.h>

@@ -3,6 +3,7 @@
 
 #include "framework/control_host.h"
 #include "framework/control_table.h"
+#include "framework/property_bag.h"
 #include "platform/win32/win32_platform.h"
 
 #include "server/advisers.h"

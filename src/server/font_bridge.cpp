@@ -108,7 +108,7 @@ class FontCounterpart final : public SharedFont::Counterpart {
 public:
     explicit FontCounterpart(ComPtr<IFont> object)
         : object_(std::move(object)), listener_(new FontListener(object_)) {
-        const auto points = object_.as<IConnectionPointContainer>();
+        const auto points = object_.query<IConnectionPointContainer>();
         if (points && SUCCEEDED(points->FindConnectionPoint(__uuidof(IPropertyNotifySink), point_.put())) &&
             FAILED(point_->Advise(listener_.get(), &cookie_)))
             point_.reset();
@@ -118,7 +118,7 @@ public:
         if (point_) point_->Unadvise(cookie_);
     }
     void follow(const FontRef& font) { listener_->follow(font); }
-    ComPtr<IDispatch> dispatch() const { return object_.as<IDispatch>(); }
+    ComPtr<IDispatch> dispatch() const { return object_.query<IDispatch>(); }
 
     void apply(const FontDescription& description) override {
         if (listener_->quiet) return;  // the change came from there
@@ -170,7 +170,7 @@ ComPtr<IDispatch> objectFromFont(const FontRef& font) {
     ComPtr<IFont> object;
     if (FAILED(OleCreateFontIndirect(&wanted, __uuidof(IFont), object.putVoid()))) return nullptr;
     join(font, object);
-    return object.as<IDispatch>();
+    return object.query<IDispatch>();
 }
 
 }  // namespace obk::server

@@ -3,7 +3,7 @@
 
 #include "base/font.h"
 
-#include "server/com_ptr.h"
+#include "com/com_ptr.h"
 
 #include <windows.h>
 

@@ -3,7 +3,7 @@
 
 #include "base/units.h"
 
-#include "server/com_ptr.h"
+#include "com/com_ptr.h"
 
 #include <windows.h>
 

@@ -1,7 +1,7 @@
 #include "server/late_binding.h"
 
 #include "base/attempt.h"
-
+#include "framework/member_call.h"
 #include "server/system_text.h"
 #include "server/variant_value.h"
 

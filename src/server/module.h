@@ -1,7 +1,7 @@
 // The server as a whole: its file, what keeps it loaded, and what its objects share.
 #pragma once
 
-#include "server/com_ptr.h"
+#include "com/com_ptr.h"
 
 #include <windows.h>
 

@@ -1,7 +1,7 @@
 // Saving and loading: through a container's property bag, a stream, or a storage.
 #pragma once
 
-#include "server/com_ptr.h"
+#include "com/com_ptr.h"
 #include "server/part.h"
 
 #include <ocidl.h>

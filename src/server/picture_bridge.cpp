@@ -16,7 +16,7 @@ constexpr int himetricPerInch = 2540;
 class PictureCounterpart final : public SharedPicture::Counterpart {
 public:
     explicit PictureCounterpart(ComPtr<IPicture> object) : object_(std::move(object)) {}
-    ComPtr<IDispatch> dispatch() const { return object_.as<IDispatch>(); }
+    ComPtr<IDispatch> dispatch() const { return object_.query<IDispatch>(); }
 
 private:
     ComPtr<IPicture> object_;
@@ -138,7 +138,7 @@ ComPtr<IDispatch> objectFromPicture(const PictureRef& picture) {
         return nullptr;
     }
     picture->setCounterpart(std::make_unique<PictureCounterpart>(object));
-    return object.as<IDispatch>();
+    return object.query<IDispatch>();
 }
 
 }  // namespace obk::server

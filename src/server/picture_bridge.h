@@ -3,7 +3,7 @@
 
 #include "base/picture.h"
 
-#include "server/com_ptr.h"
+#include "com/com_ptr.h"
 
 #include <windows.h>
 

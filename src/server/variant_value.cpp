@@ -1,7 +1,7 @@
 #include "server/variant_value.h"
 
+#include "com/com_ptr.h"
 #include "platform/win32/native_object.h"
-#include "server/com_ptr.h"
 #include "server/font_bridge.h"
 #include "server/picture_bridge.h"
 #include "server/system_text.h"

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "base/event.h"
+#include "widgets/check_box_peer.h"
 #include "widgets/widget.h"
 
 #include <memory>

@@ -1,8 +1,8 @@
 // Widgets that only draw: frames, labels, horizontal lines.
 #pragma once
 
+#include "widgets/container.h"
 #include "widgets/font_holder.h"
-#include "widgets/widget.h"
 
 namespace obk {
 

@@ -33,8 +33,9 @@ int64_t ScrollThumb::positionAt(int32_t at, int32_t track, const ScrollRange& ra
 }
 
 ScrollBar::ScrollBar(Container& parent, Direction direction)
-    : Widget(parent), direction_(direction), repeatTimer_(*this) {
-    repeatConnection_ = repeatTimer_.ticked.connect([this] { repeat(); });
+    // Asked each time: pages end where the thumb has come to the mouse.
+    : Widget(parent), direction_(direction), held_(*this, [this] { return partAt(mouse_); }) {
+    acted_ = held_.acted.connect([this](Part part) { act(part); });
 }
 
 void ScrollBar::setRange(ScrollRange range) {
@@ -112,8 +113,8 @@ void ScrollBar::paint(Canvas& canvas, const PixelRect& bounds) {
 void ScrollBar::paintArrow(Canvas& canvas, const PixelRect& rect, Part part) const {
     const auto colour = [this](SystemColour index) { return systemRgb(platform(), index); };
     const int32_t line = canvas.dpi().scaled(1);
-    const bool down = pressed_ == part && hovered_ == part;
-    const bool hot = hovered_ == part && !pressed_;
+    const bool down = held_.part() == part && hovered_ == part;
+    const bool hot = hovered_ == part && !held_.part();
     const bool usable = enabled() && range_.last() > 0;
     Rgb ink = colour(usable ? SystemColour::buttonText : SystemColour::greyText);
     if (platform().appearance().highContrast()) {
@@ -140,8 +141,8 @@ void ScrollBar::paintArrow(Canvas& canvas, const PixelRect& rect, Part part) con
 void ScrollBar::paintThumb(Canvas& canvas, const PixelRect& rect) const {
     const auto colour = [this](SystemColour index) { return systemRgb(platform(), index); };
     const int32_t line = canvas.dpi().scaled(1);
-    const bool down = pressed_ == Part::thumb;
-    const bool hot = hovered_ == Part::thumb && !pressed_;
+    const bool down = held_.part() == Part::thumb;
+    const bool hot = hovered_ == Part::thumb && !held_.part();
     if (platform().appearance().highContrast()) {
         canvas.fillRect(rect, colour(down || hot ? SystemColour::highlight : SystemColour::buttonFace));
         canvas.frameRect(rect, line, colour(SystemColour::windowText));
@@ -176,7 +177,7 @@ void ScrollBar::mouse(const MouseEvent& event) {
                 hovered_ = part;
                 invalidate();
             }
-            if (pressed_ == Part::thumb) drag();
+            if (held_.part() == Part::thumb) drag();
             break;
         case MouseEvent::Kind::up:
             if (event.button == button::left) release();
@@ -189,15 +190,10 @@ void ScrollBar::mouse(const MouseEvent& event) {
 }
 
 void ScrollBar::press(Part part) {
-    pressed_ = hovered_ = part;
-    invalidate();
-    if (Surface* shownOn = surface()) shownOn->capture(*this);
-    if (part == Part::thumb) {
-        drag_ = {along(mouse_) - arrowLength(area()) - thumb(area(), dpi()).first, range_.position};
-        return;
-    }
-    repeatTimer_.start(platform().appearance().metrics().repeatDelay);
-    act();
+    hovered_ = part;
+    if (part != Part::thumb) return held_.press(part);
+    held_.hold(part);
+    drag_ = {along(mouse_) - arrowLength(area()) - thumb(area(), dpi()).first, range_.position};
 }
 
 void ScrollBar::drag() {
@@ -211,8 +207,8 @@ void ScrollBar::drag() {
         thumb(own, dpi()).positionAt(along(mouse_) - arrow - drag_.grip, length(own) - 2 * arrow, range_));
 }
 
-void ScrollBar::act() {
-    switch (*pressed_) {
+void ScrollBar::act(Part part) {
+    switch (part) {
         case Part::back:
             return stepped(Step::lineBack);
         case Part::forward:
@@ -226,20 +222,8 @@ void ScrollBar::act() {
     }
 }
 
-void ScrollBar::repeat() {
-    if (!pressed_) return repeatTimer_.stop();
-    repeatTimer_.start(platform().appearance().metrics().repeatInterval);
-    // Pages end where the thumb has come to the mouse.
-    if (partAt(mouse_) == pressed_) act();
-}
-
 void ScrollBar::release() {
-    if (!pressed_) return;
-    repeatTimer_.stop();
-    pressed_.reset();
-    hovered_ = partAt(mouse_);
-    invalidate();
-    if (Surface* shownOn = surface()) shownOn->releaseCapture(*this);
+    if (held_.release()) hovered_ = partAt(mouse_);
 }
 
 void ScrollBar::detach() {
@@ -248,7 +232,7 @@ void ScrollBar::detach() {
 }
 
 void ScrollBar::placed() {
-    if (pressed_ && (!enabled() || pixelClip().empty())) release();
+    if (held_.lost()) release();
 }
 
 void ScrollBar::describe(std::vector<AccessibleItem>& items) const {
@@ -261,7 +245,7 @@ void ScrollBar::describe(std::vector<AccessibleItem>& items) const {
                          {},
                          partRect(part, own, dpi()),
                          enabled() && range_.last() > 0,
-                         pressed_ == part});
+                         held_.part() == part});
     }
 }
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "base/event.h"
-#include "widgets/timer.h"
+#include "widgets/held_part.h"
 #include "widgets/widget.h"
 
 #include <optional>
@@ -75,18 +75,17 @@ private:
     void paintThumb(Canvas& canvas, const PixelRect& rect) const;
     void press(Part part);
     void drag();
-    void act();
-    void repeat();
+    void act(Part part);
     void release();
 
     Direction direction_;
     Look look_ = Look::flat;
     ScrollRange range_;
-    std::optional<Part> pressed_, hovered_;
+    HeldPart<Part> held_;
+    std::optional<Part> hovered_;
     Drag drag_{};
     PixelPoint mouse_;
-    Timer repeatTimer_;
-    Connection repeatConnection_;
+    Connection acted_;
 };
 
 }  // namespace obk

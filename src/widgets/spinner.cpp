@@ -8,8 +8,8 @@
 
 namespace obk {
 
-Spinner::Spinner(Container& parent) : Widget(parent), repeatTimer_(*this) {
-    repeatConnection_ = repeatTimer_.ticked.connect([this] { repeat(); });
+Spinner::Spinner(Container& parent) : Widget(parent), held_(*this, [this] { return hovered_; }) {
+    acted_ = held_.acted.connect([this](Part part) { step(part); });
 }
 
 bool Spinner::setBuddyAlignment(int32_t alignment) {
@@ -52,8 +52,8 @@ void Spinner::paint(Canvas& canvas, const PixelRect& bounds) {
 void Spinner::paintPart(Canvas& canvas, const PixelRect& bounds, Part part) const {
     const auto colour = [this](SystemColour index) { return systemRgb(platform(), index); };
     const PixelRect rect = partRect(part, bounds, canvas.dpi());
-    const bool down = pressed_ == part && pressedInside_;
-    const bool hot = enabled() && !pressed_ && hovered_ == part;
+    const bool down = held_.part() == part && hovered_ == part;
+    const bool hot = enabled() && !held_.part() && hovered_ == part;
     const bool highContrast = platform().appearance().highContrast();
     const int32_t line = canvas.dpi().scaled(1);
     Rgb arrow = colour(enabled() ? SystemColour::buttonText : SystemColour::greyText);
@@ -106,17 +106,13 @@ void Spinner::mouse(const MouseEvent& event) {
             if (event.button == button::left && part) press(*part);
             break;
         case MouseEvent::Kind::move:
-            if (pressed_ && pressedInside_ != (part == pressed_)) {
-                pressedInside_ = part == pressed_;
-                invalidate();
-            }
             if (hovered_ != part) {
                 hovered_ = part;
                 invalidate();
             }
             break;
         case MouseEvent::Kind::up:
-            if (event.button == button::left) release();
+            if (event.button == button::left) held_.release();
             break;
         case MouseEvent::Kind::leave:
             hovered_.reset();
@@ -141,25 +137,8 @@ bool Spinner::wheel(const WheelEvent& event) {
 }
 
 void Spinner::press(Part part) {
-    pressed_ = part;
-    pressedInside_ = true;
-    invalidate();
-    if (Surface* shownOn = surface()) shownOn->capture(*this);
-    repeatTimer_.start(platform().appearance().metrics().repeatDelay);
-    step(part);
-}
-
-void Spinner::release() {
-    repeatTimer_.stop();
-    pressed_.reset();
-    invalidate();
-    if (Surface* shownOn = surface()) shownOn->releaseCapture(*this);
-}
-
-void Spinner::repeat() {
-    if (!pressed_) return;
-    repeatTimer_.start(platform().appearance().metrics().repeatInterval);
-    if (pressedInside_) step(*pressed_);
+    hovered_ = part;
+    held_.press(part);
 }
 
 void Spinner::step(Part part) {
@@ -169,17 +148,13 @@ void Spinner::step(Part part) {
         decreased();
 }
 
-void Spinner::captureLost() {
-    release();
-}
-
 void Spinner::detach() {
-    release();
+    held_.release();
     hovered_.reset();
 }
 
 void Spinner::placed() {
-    if (pressed_ && (!enabled() || pixelClip().empty())) release();
+    if (held_.lost()) held_.release();
 }
 
 void Spinner::describe(std::vector<AccessibleItem>& items) const {
@@ -190,7 +165,7 @@ void Spinner::describe(std::vector<AccessibleItem>& items) const {
                          {},
                          partRect(part, own, dpi()),
                          enabled(),
-                         pressed_ == part});
+                         held_.part() == part});
     }
 }
 

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "base/event.h"
-#include "widgets/timer.h"
+#include "widgets/held_part.h"
 #include "widgets/widget.h"
 
 #include <optional>
@@ -32,7 +32,7 @@ public:
     void paint(Canvas& canvas, const PixelRect& bounds) override;
     void mouse(const MouseEvent& event) override;
     bool wheel(const WheelEvent& event) override;
-    void captureLost() override;
+    void captureLost() override { held_.release(); }
     void detach() override;
     void placed() override;
     void describe(std::vector<AccessibleItem>& items) const override;
@@ -48,17 +48,13 @@ private:
     void paintPart(Canvas& canvas, const PixelRect& bounds, Part part) const;
     void step(Part part);
     void press(Part part);
-    void release();
-    void repeat();
 
     uint8_t buddyAlignment_ = 0;
     Look look_ = Look::flat;
-    std::optional<Part> pressed_;
+    HeldPart<Part> held_;
     std::optional<Part> hovered_;
-    bool pressedInside_ = false;
     int32_t wheelRest_ = 0;  // of fine-grained wheels, until it makes a notch
-    Timer repeatTimer_;
-    Connection repeatConnection_;
+    Connection acted_;
 };
 
 }  // namespace obk

@@ -1,7 +1,8 @@
 // A window's portable side: routes what the window system reports to the widgets of one root container.
 #pragma once
 
-#include "widgets/widget.h"
+#include "widgets/container.h"
+#include "widgets/surface_peer.h"
 
 #include <memory>
 

@@ -4,6 +4,7 @@
 
 #include "base/event.h"
 #include "widgets/font_holder.h"
+#include "widgets/text_box_peer.h"
 #include "widgets/widget.h"
 
 #include <memory>

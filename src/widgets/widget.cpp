@@ -1,5 +1,6 @@
 #include "widgets/widget.h"
 
+#include "widgets/container.h"
 #include "widgets/surface.h"
 
 #include <algorithm>
@@ -100,84 +101,5 @@ bool Widget::wheel(const WheelEvent&) {
 void Widget::attach(SurfacePeer&) {}
 void Widget::detach() {}
 void Widget::describe(std::vector<AccessibleItem>&) const {}
-
-Container::~Container() {
-    // What lives on without this container is a root again.
-    for (Widget* child : children_) child->parent_ = nullptr;
-}
-
-void Container::adopt(Container& root) {
-    root.parent_ = this;
-    children_.push_back(&root);
-    root.placed();
-}
-
-bool Container::holdsFocus() const {
-    return std::any_of(children_.begin(), children_.end(),
-                       [](Widget* child) { return child->focused() != nullptr; });
-}
-
-void Container::SetBackColor(OleColour colour) {
-    backColour_ = colour;
-    invalidate();
-}
-
-void Container::paint(Canvas& canvas, const PixelRect& bounds) {
-    canvas.fillRect(bounds, rgb(backColour_));
-    paintChildren(canvas, bounds);
-}
-
-void Container::paintChildren(Canvas& canvas, const PixelRect& bounds) {
-    for (Widget* child : children_) {
-        if (!child->visible()) continue;
-        const PixelRect at = canvas.dpi().toPixels(child->bounds()).moved(bounds.left, bounds.top);
-        const PixelRect shown = at.intersected(bounds);
-        if (shown.empty()) continue;
-        const CanvasClip clip(canvas, shown);
-        child->paint(canvas, at);
-    }
-}
-
-Widget* Container::hitTest(PixelPoint point) {
-    if (!Widget::hitTest(point)) return nullptr;
-    for (auto child = children_.rbegin(); child != children_.rend(); ++child) {
-        const PixelRect at = dpi().toPixels((*child)->bounds());
-        if (Widget* hit = (*child)->hitTest({point.x - at.left, point.y - at.top})) return hit;
-    }
-    return this;
-}
-
-void Container::attach(SurfacePeer& peer) {
-    for (Widget* child : children_) child->attach(peer);
-}
-
-void Container::detach() {
-    for (Widget* child : children_) child->detach();
-}
-
-void Container::placed() {
-    for (Widget* child : children_) child->placed();
-}
-
-void Container::appearanceChanged() {
-    for (Widget* child : children_) child->appearanceChanged();
-}
-
-void Container::describe(std::vector<AccessibleItem>& items) const {
-    for (const Widget* child : children_) {
-        if (child->visible()) child->describe(items);
-    }
-}
-
-Widget* Container::focused() {
-    for (Widget* child : children_) {
-        if (Widget* found = child->focused()) return found;
-    }
-    return nullptr;
-}
-
-bool Container::takeFocus() {
-    return std::any_of(children_.begin(), children_.end(), [](Widget* child) { return child->takeFocus(); });
-}
 
 }  // namespace obk

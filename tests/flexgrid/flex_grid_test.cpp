@@ -1,7 +1,7 @@
 #include "flexgrid/flex_grid.h"
 
 #include "platform/headless/headless_platform.h"
-#include "platform/headless/headless_windows.h"
+#include "platform/headless/headless_surface.h"
 #include "support/pixel_canvas.h"
 #include "widgets/surface.h"
 #include "widgets/text_box.h"

@@ -190,6 +190,19 @@ TEST_F(PollingTimerTest, AnotherIntervalInAHandlerPollsInsideIt) {
     EXPECT_EQ(timer.Interval(), 7);
 }
 
+TEST_F(PollingTimerTest, AHandlerMayDestroyTheTimerThatPolls) {
+    auto own = std::make_unique<kxlib_TIMER>(clock);
+    const Connection handler = own->OnTimer.connect([&] {
+        if (++ticks == 1)
+            own->SetInterval(7);  // polls inside the poll, and comes back to one whose timer is gone
+        else
+            own.reset();
+    });
+    own->SetEnabled(true);
+    EXPECT_EQ(ticks, 2);
+    EXPECT_FALSE(own);
+}
+
 TEST_F(PollingTimerTest, AnElapsedTimeBeyond32BitsEndsTheLoop) {
     const Connection handler = timer.OnTimer.connect([&] {
         ++ticks;

@@ -1,4 +1,5 @@
 #include "grid/grid_check.h"
+#include "platform/headless/headless_check_box.h"
 #include "support/control_fixture.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 #include "palette/button_palette.h"
 
-#include "platform/headless/headless_windows.h"
+#include "platform/headless/headless_surface.h"
 #include "support/control_fixture.h"
 
 namespace obk::test {

@@ -1,8 +1,10 @@
 // Drives one platform as a person would, and writes down what its clients are told.
 #pragma once
 
-#include "widgets/peers.h"
+#include "widgets/check_box_peer.h"
 #include "widgets/platform.h"
+#include "widgets/surface_peer.h"
+#include "widgets/text_box_peer.h"
 
 #include <chrono>
 #include <functional>

@@ -1,5 +1,5 @@
 #include "platform/headless/headless_platform.h"
-#include "platform/headless/headless_windows.h"
+#include "platform/headless/headless_surface.h"
 #include "port_conformance.h"
 
 #include <optional>

@@ -3,8 +3,9 @@
 
 #include "framework/control.h"
 #include "framework/control_table.h"
+#include "framework/member_call.h"
 #include "platform/headless/headless_platform.h"
-#include "platform/headless/headless_windows.h"
+#include "platform/headless/headless_surface.h"
 
 #include <gtest/gtest.h>
 

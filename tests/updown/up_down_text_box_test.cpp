@@ -1,5 +1,6 @@
 #include "updown/up_down_text_box.h"
 
+#include "platform/headless/headless_text_box.h"
 #include "support/control_fixture.h"
 
 namespace obk::test {

@@ -1,6 +1,7 @@
 #include "widgets/drop_list.h"
 
 #include "platform/headless/headless_platform.h"
+#include "widgets/container.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #include "widgets/scroll_bar.h"
 
 #include "platform/headless/headless_platform.h"
-#include "platform/headless/headless_windows.h"
+#include "platform/headless/headless_surface.h"
 #include "widgets/surface.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 #include "widgets/surface.h"
 
 #include "platform/headless/headless_platform.h"
-#include "platform/headless/headless_windows.h"
+#include "platform/headless/headless_surface.h"
 #include "widgets/decoration.h"
 #include "widgets/text_box.h"
 

@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "container/com_ptr.h"
+#include "container/com_object.h"
 #include "container/variant.h"
 
 namespace obk::testing_support {

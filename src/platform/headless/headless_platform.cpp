@@ -1,6 +1,7 @@
 #include "platform/headless/headless_platform.h"
 
-#include "platform/headless/headless_windows.h"
+#include "platform/headless/headless_surface.h"
+#include "platform/headless/headless_timer.h"
 
 #include <algorithm>
 #include <utility>

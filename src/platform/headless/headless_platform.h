@@ -3,8 +3,8 @@
 
 #include "platform/headless/headless_machine.h"
 #include "platform/headless/memory_file_system.h"
-#include "widgets/peers.h"
 #include "widgets/platform.h"
+#include "widgets/surface_peer.h"
 
 #include <functional>
 #include <map>

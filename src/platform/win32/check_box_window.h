@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/win32/child_window.h"
+#include "widgets/check_box_peer.h"
 
 #include <memory>
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/win32/environment.h"
-#include "widgets/peers.h"
+#include "widgets/peer_client.h"
 
 #include <windows.h>
 

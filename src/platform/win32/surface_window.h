@@ -5,6 +5,7 @@
 #include "platform/win32/display.h"
 #include "platform/win32/host_watch.h"
 #include "platform/win32/tool_tip.h"
+#include "widgets/surface_peer.h"
 
 #include <unknwn.h>
 

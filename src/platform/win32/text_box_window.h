@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/win32/child_window.h"
+#include "widgets/text_box_peer.h"
 
 #include <memory>
 

@@ -6,8 +6,8 @@
 #include "platform/win32/environment.h"
 #include "platform/win32/file_system.h"
 #include "platform/win32/machine.h"
-#include "widgets/peers.h"
 #include "widgets/platform.h"
+#include "widgets/surface_peer.h"
 
 #include <windows.h>
 

@@ -5,9 +5,10 @@
 
 #include <unknwn.h>
 
+#include <cstddef>
 #include <utility>
 
-namespace obk::server {
+namespace obk {
 
 template <typename Interface>
 class ComPtr {
@@ -56,25 +57,26 @@ public:
     }
     void** putVoid() { return reinterpret_cast<void**>(put()); }
 
-    // Empty when the object has no such interface.
+    // Another interface of the same object, empty when it is not offered.
     template <typename Other>
-    ComPtr<Other> as() const {
-        return query<Other>(object_);
-    }
-    template <typename Other>
-    static ComPtr<Other> query(IUnknown* object) {
-        ComPtr<Other> result;
-        if (object && FAILED(object->QueryInterface(__uuidof(Other), result.putVoid()))) result.detach();
-        return result;
-    }
+    ComPtr<Other> query() const;
 
 private:
     Interface* object_ = nullptr;
 };
 
+// Likewise of any object; null has none.
 template <typename Interface>
 ComPtr<Interface> query(IUnknown* object) {
-    return ComPtr<Interface>::template query<Interface>(object);
+    ComPtr<Interface> result;
+    if (object && FAILED(object->QueryInterface(__uuidof(Interface), result.putVoid()))) result.detach();
+    return result;
 }
 
-}  // namespace obk::server
+template <typename Interface>
+template <typename Other>
+ComPtr<Other> ComPtr<Interface>::query() const {
+    return obk::query<Other>(object_);
+}
+
+}  // namespace obk

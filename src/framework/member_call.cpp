@@ -1,0 +1,47 @@
+#include "framework/member_call.h"
+
+#include "base/attempt.h"
+
+namespace obk {
+
+CallStatus getProperty(Control& control, const Member& member, Value& value) {
+    if (!member.get) return CallStatus::noSuchMember;
+    attempt([&] { member.get(control, value); });
+    return CallStatus::done;
+}
+
+CallStatus putProperty(Control& control, const Member& member, const Value& value) {
+    if (!member.put) return CallStatus::noSuchMember;
+    if (typeOf(value) == member.type) {
+        attempt([&] { member.put(control, value); });
+        return CallStatus::done;
+    }
+    std::optional<Value> own;
+    attempt([&] { own = converted(value, member.type); });
+    if (!own) return CallStatus::wrongArgumentType;
+    attempt([&] { member.put(control, *own); });
+    return CallStatus::done;
+}
+
+CallStatus callMethod(Control& control, const Member& member, std::span<Value> arguments, Value& result) {
+    if (!member.call) return CallStatus::noSuchMember;
+    if (arguments.size() != member.parameters.size()) return CallStatus::wrongArgumentCount;
+    CallStatus status = CallStatus::done;
+    attempt([&] {
+        for (size_t at = 0; at < arguments.size(); ++at) {
+            const Parameter& parameter = member.parameters[at];
+            const bool leftOut = typeOf(arguments[at]) == ValueType::empty && parameter.usual;
+            std::optional<Value> own = converted(leftOut ? *parameter.usual : arguments[at], parameter.type);
+            if (!own) {
+                status = CallStatus::wrongArgumentType;
+                return;
+            }
+            arguments[at] = std::move(*own);
+        }
+        result = *converted(Value(), member.type);  // what a failing call answers
+        member.call(control, arguments, result);
+    });
+    return status;
+}
+
+}  // namespace obk

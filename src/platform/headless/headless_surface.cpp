@@ -1,0 +1,116 @@
+#include "platform/headless/headless_surface.h"
+
+#include "platform/headless/headless_check_box.h"
+#include "platform/headless/headless_text_box.h"
+
+#include <algorithm>
+
+namespace obk::headless {
+
+HeadlessSurface::HeadlessSurface(HeadlessPlatform& platform, SurfaceClient& client,
+                                 const SurfacePlacement& placement)
+    : HeadlessWindow(platform, client, nullptr),
+      surfaceClient_(client),
+      kind_(placement.kind),
+      dpi_(platform.appearance().systemDpi()) {
+    bounds_ = clip_ = placement.bounds;
+    visible_ = kind_ == SurfacePlacement::Kind::control;
+    invalidate(area());
+}
+
+HeadlessSurface::~HeadlessSurface() {
+    releaseCapture();
+    for (HeadlessWindow* child : children_) child->orphan();
+}
+
+bool HeadlessSurface::canTakeFocus() const {
+    // The focus in a panel would take it from the host's window.
+    return kind_ == SurfacePlacement::Kind::control && HeadlessWindow::canTakeFocus();
+}
+
+void HeadlessSurface::setBounds(const PixelRect& bounds) {
+    const PixelRect before = area();
+    bounds_ = clip_ = bounds;
+    if (area() != before) invalidate(area());
+}
+
+void HeadlessSurface::setVisible(bool visible) {
+    if (visible && !visible_) invalidate(area());
+    visible_ = visible;
+    if (!visible && hasFocus()) platform_.setFocus(0);
+}
+
+void HeadlessSurface::setEnabled(bool enabled) {
+    enabled_ = enabled;
+    if (!enabled && hasFocus()) platform_.setFocus(0);
+}
+
+void HeadlessSurface::update() {
+    if (visible_ && kind_ != SurfacePlacement::Kind::parked && !invalid_.intersected(area()).empty()) paint();
+}
+
+void HeadlessSurface::invalidate(const PixelRect& rect) {
+    if (rect.empty()) return;
+    invalid_ = invalid_.empty()
+                   ? rect
+                   : PixelRect{std::min(invalid_.left, rect.left), std::min(invalid_.top, rect.top),
+                               std::max(invalid_.right, rect.right), std::max(invalid_.bottom, rect.bottom)};
+}
+
+void HeadlessSurface::scroll(const PixelRect& rect, int32_t x, int32_t y) {
+    const PixelRect moved = rect.intersected(area());
+    if (moved.empty()) return;
+    scrolled_.push_back({moved, x, y});
+    // What waits to be painted moves along, and what comes in from outside is new.
+    invalidate(invalid_.intersected(moved).moved(x, y).intersected(moved));
+    const PixelRect kept = moved.moved(x, y).intersected(moved);
+    if (kept.empty()) return invalidate(moved);
+    if (x != 0)
+        invalidate(
+            {x > 0 ? moved.left : kept.right, moved.top, x > 0 ? kept.left : moved.right, moved.bottom});
+    if (y != 0)
+        invalidate(
+            {moved.left, y > 0 ? moved.top : kept.bottom, moved.right, y > 0 ? kept.top : moved.bottom});
+}
+
+void HeadlessSurface::releaseCapture() {
+    if (platform_.capture_ == id()) platform_.capture_ = 0;
+}
+
+void HeadlessSurface::focus() {
+    if (canTakeFocus()) platform_.setFocus(id());
+}
+
+std::unique_ptr<TextBoxPeer> HeadlessSurface::createTextBox(TextBoxClient& client) {
+    return std::make_unique<HeadlessTextBox>(platform_, client, *this);
+}
+
+std::unique_ptr<CheckBoxPeer> HeadlessSurface::createCheckBox(CheckBoxClient& client) {
+    return std::make_unique<HeadlessCheckBox>(platform_, client, *this);
+}
+
+RecordingCanvas HeadlessSurface::paint() {
+    RecordingCanvas canvas(dpi_, area());
+    const auto alive = surfaceClient_.keepAlive();
+    const PixelRect dirty = invalid_.empty() ? area() : invalid_.intersected(area());
+    invalid_ = {};
+    if (alive) surfaceClient_.paint(canvas, dirty);
+    return canvas;
+}
+
+void HeadlessSurface::setDpi(Dpi dpi) {
+    dpi_ = dpi;
+    const auto alive = surfaceClient_.keepAlive();
+    surfaceClient_.dpiChanged(dpi);
+}
+
+HeadlessWindow* HeadlessSurface::childAt(PixelPoint point) const {
+    const auto found =
+        std::find_if(children_.rbegin(), children_.rend(), [point](const HeadlessWindow* child) {
+            return child->visible() && child->enabled() &&
+                   child->bounds().intersected(child->clip()).contains(point);
+        });
+    return found == children_.rend() ? nullptr : *found;
+}
+
+}  // namespace obk::headless

@@ -1,0 +1,36 @@
+// The text edit window in memory: typing, selecting, undoing.
+#pragma once
+
+#include "platform/headless/headless_child.h"
+#include "widgets/text_box_peer.h"
+
+namespace obk::headless {
+
+class HeadlessTextBox : public HeadlessChildPeer<TextBoxPeer> {
+public:
+    HeadlessTextBox(HeadlessPlatform& platform, TextBoxClient& client, HeadlessSurface& parent);
+
+    void setText(TextView text) override;
+    void setSelection(TextSelection selection) override;
+    TextSelection selection() const override { return selection_; }
+    void setAlignment(HorizontalAlignment) override {}
+    void setMaxLength(int32_t length) override { maxLength_ = length; }
+    void setReadOnly(bool readOnly) override { readOnly_ = readOnly; }
+    void perform(EditCommand command) override;
+
+    void keyEffect(const KeyEvent& event) override;
+    void characterEffect(char16_t character) override;
+
+private:
+    void replaceSelection(TextView text);
+    void report();
+
+    TextBoxClient& textClient_;
+    Text text_;
+    Text undoText_;
+    TextSelection selection_;
+    int32_t maxLength_ = 0;
+    bool readOnly_ = false;
+};
+
+}  // namespace obk::headless

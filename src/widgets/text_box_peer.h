@@ -1,0 +1,44 @@
+// The port's text edit window.
+#pragma once
+
+#include "widgets/canvas.h"
+#include "widgets/child_peer.h"
+#include "widgets/peer_client.h"
+
+#include <cstdint>
+
+namespace obk {
+
+struct TextSelection {
+    int32_t start = 0, length = 0;  // UTF-16 units
+    friend bool operator==(TextSelection, TextSelection) = default;
+};
+
+enum class EditCommand { undo, cut, copy, paste, selectAll };
+
+class TextBoxClient : public PeerClient {
+public:
+    // Every change of the window's text, whoever made it; may report a text that is not new.
+    virtual void textChanged(Text text) = 0;
+
+protected:
+    ~TextBoxClient() = default;
+};
+
+// The air at both sides of an edit's text, in pixels at 96 DPI.
+constexpr int32_t textMargin = 2;
+
+// A single-line text edit window without border. Starts empty, enabled, visible, left aligned.
+class TextBoxPeer : public ChildPeer {
+public:
+    virtual void setText(TextView text) = 0;
+    virtual void setSelection(TextSelection selection) = 0;
+    virtual TextSelection selection() const = 0;
+    virtual void setAlignment(HorizontalAlignment alignment) = 0;
+    // What a person may type or paste; 0 is no limit. Does not shorten the present text.
+    virtual void setMaxLength(int32_t length) = 0;
+    virtual void setReadOnly(bool readOnly) = 0;
+    virtual void perform(EditCommand command) = 0;
+};
+
+}  // namespace obk
