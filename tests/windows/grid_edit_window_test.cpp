@@ -197,21 +197,5 @@ TEST(GridEditScript, AFileIsSavedAndLoadedWithoutAWindow) {
     EXPECT_EQ(caption.toText(), L"");
 }
 
-TEST(GridEditScript, ArgumentsLeftOutHaveTheirUsualValues) {
-    const LoadedServer server;
-    const auto control = server.create(L"GridEdit");
-    const container::Dispatch grid(control.get());
-    EXPECT_EQ(grid.call(L"CellEnabledSet", {1, 1}), S_OK);
-    EXPECT_EQ(grid.call(L"CellFontSet", {1, 1, L"Arial", L"10"}), S_OK);
-    const auto members = container::TypeMembers::of(control.get());
-    const container::Member* font = members.method(L"CellFontSet");
-    ASSERT_TRUE(font);
-    ASSERT_EQ(font->arguments.size(), 7u);
-    EXPECT_FALSE(font->arguments[1].optional);
-    for (size_t at = 2; at < 7; ++at) EXPECT_TRUE(font->arguments[at].optional) << at;
-    EXPECT_TRUE(members.property(L"AllowGridEdit")->writable);
-    EXPECT_FALSE(members.property(L"AllowGridEdit")->readable);
-}
-
 }  // namespace
 }  // namespace obk
