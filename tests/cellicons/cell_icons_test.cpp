@@ -1,7 +1,5 @@
 #include "cellicons/cell_icons.h"
 
-#include "cellicons/icon_names.h"
-
 #include <gtest/gtest.h>
 
 #include <map>
@@ -46,6 +44,13 @@ std::string name(int32_t index) {
     return toUtf8(cell_icons::key(index));
 }
 
+// Another number for any other text, in practice (FNV-1a).
+uint64_t digest(TextView text) {
+    uint64_t number = 14695981039346656037u;
+    for (const char16_t unit : text) number = (number ^ unit) * 1099511628211u;
+    return number;
+}
+
 TEST(CellIcons, KeysStandInTheOrderOfTheirNumbers) {
     ASSERT_EQ(cell_icons::count(), 247);
     Text keys;
@@ -56,7 +61,8 @@ TEST(CellIcons, KeysStandInTheOrderOfTheirNumbers) {
         keys += (index == 1 ? u"" : u";") + key;
         if (index > 5) ++categories[toUtf8(key.substr(0, key.find(u" - ")))];
     }
-    EXPECT_EQ(keys, iconNames);
+    EXPECT_EQ(digest(keys), 0x35a6a50407a8434fu)
+        << "hosts know the icons by these keys, and by their numbers";
     EXPECT_EQ(cell_icons::indexOf(u"Book - Blue"), 6);
     EXPECT_EQ(cell_icons::indexOf(u"People - Man - Worker"), 247);
     const std::map<std::string, int32_t> counts{{"Book", 10},    {"Books", 2},   {"Home", 43}, {"Food", 17},

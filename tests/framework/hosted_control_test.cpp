@@ -255,12 +255,7 @@ TEST(PopUpPlacement, GoesBelowElseAboveElseBesideAndStaysWholeOnTheMonitor) {
         {"to the left", {620, 280, 695, 303}, {200, 500}, screen, PopUpSide::below, {420, 100}},
         {"nowhere beside it", {300, 280, 500, 303}, {700, 500}, screen, PopUpSide::below, {100, 100}},
         {"larger than the monitor", {300, 280, 500, 303}, {900, 700}, screen, PopUpSide::below, {0, 0}},
-        {"negative coordinates",
-         {-1000, -150, -925, -127},
-         {200, 150},
-         left,
-         PopUpSide::below,
-         {-1000, -127}},
+        {"negative", {-1000, -150, -925, -127}, {200, 150}, left, PopUpSide::below, {-1000, -127}},
         {"negative, at the right", {-80, 500, -5, 523}, {200, 150}, left, PopUpSide::below, {-200, 350}},
     };
     for (const Case& row : cases) {

@@ -17,6 +17,7 @@ class BusyMonkey final : public ControlMonkey {
 public:
     using ControlMonkey::ControlMonkey;
     bool gone() const { return !control_; }
+    bool shows() const { return control_ && control_->active(); }
     void callMembers() {
         const auto held = control_;
         for (int call = 0; call < 8 && control_; ++call) callMember();
@@ -73,6 +74,9 @@ TEST_P(ReentryTest, TheHostMayDoAnythingInsideEveryEvent) {
                 monkey.place();
                 for (int step = 0; step < 60 && !monkey.gone() && !happened; ++step) monkey.act();
                 times += happened;
+                if (happened && act == &Monkey::openAnotherWindow) {
+                    EXPECT_TRUE(monkey.shows());
+                }
                 for (int step = 0; step < 5 && !monkey.gone(); ++step) monkey.act();
                 monkey.letGo();
                 ASSERT_EQ(monkey.leftOver(), nullptr) << monkey.leftOver();

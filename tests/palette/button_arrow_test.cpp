@@ -72,21 +72,6 @@ TEST_F(ButtonArrowTest, TheContainerMayLetGoWhileItIsAskedForASize) {
     EXPECT_EQ(platform.windowCount(), 0u);
 }
 
-TEST_F(ButtonArrowTest, EnabledColDoesNothing) {
-    activate({0, 0, 12, 14});
-    const auto drawn = [this] {
-        std::vector<PixelRect> rects;
-        for (const headless::DrawnItem& item : platform.surface(control->window())->paint().items())
-            rects.push_back(item.rect);
-        return rects;
-    };
-    const auto before = drawn();
-    host.take();
-    for (const bool value : {true, false}) call(u"EnabledCol", {value});
-    EXPECT_EQ(host.take(), Journal{});
-    EXPECT_EQ(drawn(), before);
-}
-
 TEST_F(ButtonArrowTest, TheArrowStandsInTheMiddleAndPointsDownAtEveryScale) {
     for (const int32_t dpi : {96, 120, 144, 168, 192, 288}) {
         const PixelRect all{0, 0, Dpi(dpi).toPixels(Twips{185}), Dpi(dpi).toPixels(Twips{210})};

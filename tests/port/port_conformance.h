@@ -10,6 +10,8 @@
 
 namespace obk::port {
 
+using std::chrono::milliseconds;
+
 class PortConformance : public testing::TestWithParam<DriverFactory> {
 protected:
     PortConformance() : driver(GetParam()()) {}
@@ -42,6 +44,10 @@ protected:
         journal.clear();
     }
     Journal taken() { return std::exchange(journal, {}); }
+    // Of a control that lives.
+    std::unique_ptr<TimerPeer> createTimer(std::function<void()> tick) {
+        return driver->platform().createTimer([] { return std::make_shared<int>(0); }, std::move(tick));
+    }
 
     static constexpr PixelPoint overFirst{20, 20};
     static constexpr PixelPoint overSecond{20, 50};
@@ -743,10 +749,8 @@ TEST_P(PortConformance, AControlThatIsGoingHearsNothing) {
 // Timers
 
 TEST_P(PortConformance, ATimerTicksUntilItIsStopped) {
-    using std::chrono::milliseconds;
     int ticks = 0;
-    const auto timer =
-        driver->platform().createTimer([] { return std::make_shared<int>(0); }, [&] { ++ticks; });
+    const auto timer = createTimer([&] { ++ticks; });
     driver->pass(milliseconds(60));
     EXPECT_EQ(ticks, 0);
     timer->start(milliseconds(20));
@@ -759,10 +763,8 @@ TEST_P(PortConformance, ATimerTicksUntilItIsStopped) {
 }
 
 TEST_P(PortConformance, StartingARunningTimerBeginsANewPeriod) {
-    using std::chrono::milliseconds;
     int ticks = 0;
-    const auto timer =
-        driver->platform().createTimer([] { return std::make_shared<int>(0); }, [&] { ++ticks; });
+    const auto timer = createTimer([&] { ++ticks; });
     for (int i = 0; i < 6; ++i) {
         timer->start(milliseconds(200));
         driver->pass(milliseconds(50));
@@ -773,16 +775,11 @@ TEST_P(PortConformance, StartingARunningTimerBeginsANewPeriod) {
 }
 
 TEST_P(PortConformance, ATickMayStopRestartOrDestroyItsTimer) {
-    using std::chrono::milliseconds;
     std::unique_ptr<TimerPeer> timer;
     int ticks = 0;
     const auto run = [&](const std::function<void()>& action) {
         ticks = 0;
-        timer = driver->platform().createTimer([] { return std::make_shared<int>(0); },
-                                               [&ticks, action] {
-                                                   ++ticks;
-                                                   action();
-                                               });
+        timer = createTimer([&ticks, action] { ++ticks, action(); });
         timer->start(milliseconds(10));
         driver->pass(milliseconds(100));
         return ticks;
@@ -795,8 +792,8 @@ TEST_P(PortConformance, ATickMayStopRestartOrDestroyItsTimer) {
 TEST_P(PortConformance, ATimerOfAControlThatIsGoingTicksNoMore) {
     int ticks = 0;
     const auto timer = driver->platform().createTimer([] { return nullptr; }, [&] { ++ticks; });
-    timer->start(std::chrono::milliseconds(10));
-    driver->pass(std::chrono::milliseconds(60));
+    timer->start(milliseconds(10));
+    driver->pass(milliseconds(60));
     EXPECT_EQ(ticks, 0);
 }
 

@@ -4,7 +4,7 @@
 #include "framework/control.h"
 #include "framework/control_table.h"
 #include "platform/headless/headless_platform.h"
-#include "platform/headless/headless_windows.h"
+#include "platform/headless/headless_surface.h"
 
 #include <functional>
 #include <memory>

@@ -360,10 +360,7 @@ TEST_F(UpDownTextBoxTest, WhateverEndsAPressEndsTheRepeating) {
         {"capture stolen", [this] { platform.stealCapture(); }},
         {"disabled", [this] { put(u"Enabled", false); }},
         {"deactivated", [this] { control->deactivate(); }},
-        {"without room",
-         [this] {
-             control->setBounds({0, 0, 0, 0});
-         }},
+        {"without room", [this] { control->setBounds(PixelRect()); }},
         {"destroyed", [this] { release(); }},
     };
     for (const auto& [how, end] : ends) {

@@ -110,25 +110,6 @@ TEST_F(GridEditWindow, TheWheelScrolls) {
     EXPECT_EQ(number(L"TopRowRead"), 0);
 }
 
-TEST_F(GridEditWindow, ADraggedBorderSizesAColumnAndASelectionScrollsAtTheEdge) {
-    object().call(L"ColSetFocus", {0});
-    const long before = number(L"CellCurrentWidth");
-    const POINT inFirst = cell(1, 10);
-    const auto edge = static_cast<int>(before / 15);
-    person.moveTo(face(), border + edge - 1, inFirst.y);
-    person.press();
-    person.moveTo(face(), border + edge + 39, inFirst.y);
-    person.release();
-    EXPECT_EQ(number(L"CellCurrentWidth"), before + 40 * 15);
-    person.moveTo(face(), inFirst.x, inFirst.y);
-    person.press();
-    person.moveTo(face(), inFirst.x, place.bottom - place.top + 30);
-    EXPECT_TRUE(person.waitFor([&] { return number(L"TopRowRead") > 5; }));
-    person.release();
-    EXPECT_EQ(GetCapture(), nullptr);
-    EXPECT_EQ(number(L"RowCurrent"), 1);
-}
-
 // What a drag asks: it goes on until the button is let go.
 class DragSource final : public container::ComObject<IDropSource> {
 public:
@@ -214,22 +195,6 @@ TEST(GridEditScript, AFileIsSavedAndLoadedWithoutAWindow) {
     }
     EXPECT_EQ(grid.call(L"GridLoad", {L"Z:\\no such folder\\orders.txt"}, &caption), S_OK);
     EXPECT_EQ(caption.toText(), L"");
-}
-
-TEST(GridEditScript, ArgumentsLeftOutHaveTheirUsualValues) {
-    const LoadedServer server;
-    const auto control = server.create(L"GridEdit");
-    const container::Dispatch grid(control.get());
-    EXPECT_EQ(grid.call(L"CellEnabledSet", {1, 1}), S_OK);
-    EXPECT_EQ(grid.call(L"CellFontSet", {1, 1, L"Arial", L"10"}), S_OK);
-    const auto members = container::TypeMembers::of(control.get());
-    const container::Member* font = members.method(L"CellFontSet");
-    ASSERT_TRUE(font);
-    ASSERT_EQ(font->arguments.size(), 7u);
-    EXPECT_FALSE(font->arguments[1].optional);
-    for (size_t at = 2; at < 7; ++at) EXPECT_TRUE(font->arguments[at].optional) << at;
-    EXPECT_TRUE(members.property(L"AllowGridEdit")->writable);
-    EXPECT_FALSE(members.property(L"AllowGridEdit")->readable);
 }
 
 }  // namespace

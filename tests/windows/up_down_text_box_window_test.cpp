@@ -69,23 +69,6 @@ TEST_F(UpDownTextBoxWindow, TheClipboardWorksInAFilteredField) {
     EXPECT_EQ(text(), L"7");
 }
 
-TEST_F(UpDownTextBoxWindow, KeysAndWheelStep) {
-    object().put(L"Text", L"5");
-    enter();
-    person.key(VK_UP);
-    EXPECT_EQ(takeEvents(), L"DownClick Change KeyDown KeyUp");
-    person.key(VK_NEXT);
-    EXPECT_EQ(takeEvents(), L"UpClick Change KeyDown KeyUp");
-    EXPECT_EQ(shown(), L"5");
-    person.turnWheel(WHEEL_DELTA * 2);
-    EXPECT_EQ(text(), L"7");
-    object().put(L"AllowArrowKeys", false);
-    person.turnWheel(WHEEL_DELTA);
-    EXPECT_EQ(text(), L"7");
-    person.key(VK_DOWN);
-    EXPECT_EQ(text(), L"6");
-}
-
 TEST_F(UpDownTextBoxWindow, AHeldSpinnerButtonRepeatsUntilItIsReleased) {
     object().put(L"Text", L"5");
     person.moveTo(hosted.site.window(), surface().right - 8, 5);
@@ -118,20 +101,6 @@ TEST_F(UpDownTextBoxWindow, LeavingTheFieldHoldsItsRange) {
     EXPECT_EQ(text(), L"50");
     person.key(VK_TAB, MOD_SHIFT);
     EXPECT_TRUE(person.waitFor([&] { return GetFocus() == edit; }));
-}
-
-TEST_F(UpDownTextBoxWindow, ADisabledFieldTakesNeitherKeysNorPresses) {
-    object().put(L"Text", L"5");
-    object().put(L"Enabled", false);
-    EXPECT_FALSE(IsWindowEnabled(edit));
-    takeEvents();
-    person.click(edit, 10, 8);
-    person.click(hosted.site.window(), surface().right - 8, 5);
-    EXPECT_EQ(takeEvents(), L"");
-    EXPECT_EQ(text(), L"5");
-    object().put(L"Enabled", true);
-    person.click(hosted.site.window(), surface().right - 8, 5);
-    EXPECT_EQ(text(), L"6");
 }
 
 }  // namespace
