@@ -183,6 +183,10 @@ TEST_F(PageTabTest, NamesSelectExactlyAndTheLastOneWins) {
     for (const int32_t index : {-1, 5, INT32_MAX}) put(u"ActiveTab", index);
     EXPECT_EQ(host.take(), Journal{}) << "there is no such tab";
     EXPECT_EQ(call(u"ActiveTabNameGet", {4}), Value(Text(u"home")));
+    put(u"ActiveTab", 0);
+    EXPECT_EQ(host.take(), (Journal{"changed ActiveTab"}));
+    surface().paint();
+    EXPECT_EQ(text(u"ActiveTab"), "0") << "none is active";
 }
 
 TEST_F(PageTabTest, AddedTabsAreTrimmedNamedAndActiveAndNotPartOfTheTabString) {
