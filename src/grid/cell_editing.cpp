@@ -117,7 +117,8 @@ void CellEditing::hide() {
         const CellAddress cell = editors_.cell();
         const ColumnType type = editors_.type();
         attempt([&] {
-            if (const auto text = editors_.close()) write(cell, type, *text);
+            const auto text = editors_.close();
+            write(cell, type, text);
         });
         attempt([&] { control_.Change(); });
         attempt([&] { control_.ChangePost(); });
@@ -130,15 +131,16 @@ void CellEditing::commit() {
     if (editors_.isOpen()) hide();
 }
 
-void CellEditing::write(CellAddress cell, ColumnType type, const Text& text) {
-    if (!grid_.model().contains(cell)) return;
+void CellEditing::write(CellAddress cell, ColumnType type, const std::optional<Text>& text) {
+    if (!grid_.model().contains(cell) || (!text && type != ColumnType::checkBox)) return;
     std::vector<LastChange::CellBefore> before{{cell, Text(grid_.model().text(cell))}};
     const VisitedCell visited(grid_, cell);
-    if (before.front().text != text) {
-        grid_.SetText(text);
+    if (text && before.front().text != *text) {
+        grid_.SetText(*text);
         lastChange_.edited(std::move(before));
     }
     if (type != ColumnType::checkBox) return;
+    // Also of a cell that keeps its text: what was a letter is a mark from now on.
     grid_.SetCellFontName(checkFontName);
     grid_.SetCellFontSize(checkFontSize);
 }
@@ -288,7 +290,10 @@ void CellEditing::paste() {
     const Surface* shownOn = grid_.surface();
     const NativeWindow owner = shownOn && shownOn->peer() ? shownOn->peer()->window() : 0;
     const auto text = grid_.platform().textOnClipboard(owner);
-    if (!text || text->empty()) return;
+    if (!text || text->empty()) {
+        show();
+        return;
+    }
     int32_t cells = 0;
     Text first;
     eachCell(*text, [&](int32_t, int32_t, TextView cell) {

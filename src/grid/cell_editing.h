@@ -43,7 +43,7 @@ private:
     // Whether the key has done its work.
     bool act(EditAction action, const KeyEvent& event);
     void entered();
-    void write(CellAddress cell, ColumnType type, const Text& text);
+    void write(CellAddress cell, ColumnType type, const std::optional<Text>& text);
 
     // The cell that keys are about: that of the editor they go to, wherever a host has moved the current one.
     CellAddress place() const;

@@ -38,6 +38,7 @@ struct KeyRange {
 
 // Keys that move, command, or only change others: everything else is typed.
 constexpr KeyRange notTyped[] = {
+    {3, 3},                    // Cancel
     {12, 12},                  // Clear
     {16, 20},                  // Shift, Ctrl, Alt, Pause, Caps Lock
     {key::pageUp, key::down},  // with End, Home and the arrows

@@ -132,6 +132,7 @@ void HeaderBar::mouse(const MouseEvent& event) {
     switch (event.kind) {
         case MouseEvent::Kind::down:
         case MouseEvent::Kind::doubleClick:
+            pressedAt_ = dpi().toTwips(event.at.x);
             if (event.button == button::left && enabled()) press(event);
             break;
         case MouseEvent::Kind::up: {
@@ -153,7 +154,6 @@ void HeaderBar::mouse(const MouseEvent& event) {
 }
 
 void HeaderBar::press(const MouseEvent& event) {
-    pressedAt_ = dpi().toTwips(event.at.x);
     border_ = grid_.columnBorderAt(event.at.x);
     if (border_ >= 0 && event.kind == MouseEvent::Kind::doubleClick) return fit(border_);
     borderRest_ = grid_.view().leftTop({0, border_ + 1}).x - event.at.x;

@@ -464,6 +464,10 @@ TEST_F(GridEditorsTest, APasteGoesThroughTheColumnTypes) {
     platform.pressKey(key::insert, shift::shift);
     EXPECT_EQ(column(0), ",1,2,3") << "what is below the last row is left out";
     goTo(0, 0);
+    platform.setClipboard(u"");
+    platform.pressKey('V', shift::control);
+    EXPECT_TRUE(isOpen()) << "with nothing to paste it is a key like others";
+    platform.pressKey(key::escape);
     platform.setClipboard(u"one value\r\n");
     host.take();
     platform.pressKey('V', shift::control);

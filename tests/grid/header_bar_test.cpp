@@ -118,6 +118,10 @@ TEST_F(HeaderBarTest, AClickIsAPressAndItsReleaseOnTheBar) {
     mouse(Kind::up, border + 10);
     EXPECT_EQ(host.takeEvents(), (Journal{"ChangeEdited", "SortClick"}));
     EXPECT_EQ(call(u"BarHeaderColumn"), Value(1));
+    host.takeEvents();
+    platform.click(control->window(), {border + 10, border + 5}, button::right);
+    EXPECT_EQ(host.takeEvents(), Journal{}) << "another button only leaves where it was pressed";
+    EXPECT_EQ(call(u"BarHeaderColumn"), Value(0));
 }
 
 TEST_F(HeaderBarTest, TheCaptionBelowTheMouseStandsOut) {

@@ -3,6 +3,7 @@
 
 #include "framework/control.h"
 #include "framework/control_table.h"
+#include "framework/member_call.h"
 #include "platform/headless/headless_platform.h"
 #include "platform/headless/headless_surface.h"
 
