@@ -1,7 +1,7 @@
 // Late-bound calls on a control, against what the system's own automation needs for an equal dual interface.
 #include "dispatch_benchmark.h"
 
-#include "container/com_ptr.h"
+#include "container/com_object.h"
 
 #include <windows.h>
 
