@@ -17,7 +17,8 @@ constexpr const wchar_t* blanks = L"        ";
 // November 2026 begins on a Sunday, the last column of its first row.
 constexpr int32_t firstCellOfNovember2026 = 13;
 // Where a press meets the panel's children, in pixels at 96 DPI.
-constexpr POINT monthList{40, 16}, previousMonth{36, 39}, nextMonth{158, 39}, nextYear{178, 39};
+constexpr POINT monthList{40, 16}, yearsOn{180, 16}, previousMonth{36, 39}, nextMonth{158, 39},
+    nextYear{178, 39}, clearButton{97, 209}, closeButton{159, 209};
 
 class DateCalendarWindow : public PersonAtControl {
 protected:
@@ -89,6 +90,23 @@ TEST_F(DateCalendarWindow, MonthsAndYearsAreTurnedByButtonsWheelAndList) {
     EXPECT_EQ(date(), std::wstring(L"Mon 1 Feb 2027") + blanks);
 }
 
+TEST_F(DateCalendarWindow, AHeldYearArrowRunsUntilItIsReleased) {
+    enter();
+    const HWND panel = open();
+    ASSERT_TRUE(panel);
+    person.moveTo(panel, yearsOn.x, yearsOn.y);
+    person.press();
+    person.wait(std::chrono::milliseconds(1500));
+    person.release();
+    EXPECT_EQ(GetCapture(), panel);
+    person.key(VK_RETURN);
+    const std::wstring chosen = date();
+    const int year = _wtoi(chosen.substr(chosen.find(L"20", 7)).c_str());
+    EXPECT_GE(year, 2028) << chosen;
+    EXPECT_LE(year, 2060) << chosen;
+    EXPECT_EQ(GetCapture(), nullptr);
+}
+
 TEST_F(DateCalendarWindow, TheKeyboardDropsTheCalendarWalksAndChooses) {
     enter();
     person.key(VK_DOWN, MOD_ALT);
@@ -138,6 +156,35 @@ TEST_F(DateCalendarWindow, TheQuickDatesAreAMenuForMouseAndKeys) {
         EXPECT_EQ(date(), blanks) << "dismissed";
     }
     EXPECT_EQ(GetCapture(), nullptr);
+}
+
+TEST_F(DateCalendarWindow, WhatTakesItsPlaceClosesTheCalendarAndKeepsTheDate) {
+    const std::pair<const char*, std::function<void()>> ways[] = {
+        {"a press elsewhere", [&] { person.click(other, 5, 5); }},
+        {"its close button", [&] { pressPanel(closeButton); }},
+        {"the focus goes elsewhere", [&] { SetFocus(other); }},
+        {"the form is minimised", [&] { ShowWindow(hosted.window.handle(), SW_MINIMIZE); }},
+        {"another window takes the capture", [&] { SetCapture(hosted.window.handle()); }},
+    };
+    for (const auto& [name, way] : ways) {
+        ShowWindow(hosted.window.handle(), SW_SHOWNORMAL);
+        // The window system may still move the form, which would close what is opened then.
+        person.wait(std::chrono::milliseconds(100));
+        SetFocus(edit);
+        ASSERT_TRUE(open()) << name;
+        way();
+        hosted.loop.pumpPending();
+        EXPECT_FALSE(openPanel()) << name;
+        EXPECT_NE(takeEvents().find(L"FocusHidden"), std::wstring::npos) << name;
+        EXPECT_EQ(date(), std::wstring(L"Fri 20 Nov 2026") + blanks) << name;
+        EXPECT_NE(GetCapture(), face()) << name;
+        if (GetCapture()) ReleaseCapture();
+    }
+    SetForegroundWindow(hosted.window.handle());
+    ASSERT_TRUE(open());
+    pressPanel(clearButton);
+    EXPECT_EQ(takeEvents(), L"DateUpdated FocusHidden");
+    EXPECT_EQ(date(), blanks);
 }
 
 TEST_F(DateCalendarWindow, AHostLetsGoOfTheControlInsideEveryEvent) {

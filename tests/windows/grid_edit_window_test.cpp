@@ -24,6 +24,11 @@ protected:
         fill(100);
         hosted.loop.pumpPending();
     }
+    std::wstring read(long row, long col) const {
+        Variant text;
+        object().call(L"CellTextRead", {row, col}, &text);
+        return text.toText();
+    }
     void fill(long rows) const {
         object().call(L"GridRedraw", {false});
         object().call(L"ColsSet", {3});
@@ -110,6 +115,50 @@ TEST_F(GridEditWindow, TheWheelScrolls) {
     EXPECT_EQ(number(L"TopRowRead"), 0);
 }
 
+TEST_F(GridEditWindow, ADraggedBorderSizesAColumnAndASelectionScrollsAtTheEdge) {
+    object().call(L"ColSetFocus", {0});
+    const long before = number(L"CellCurrentWidth");
+    const POINT inFirst = cell(1, 10);
+    const auto edge = static_cast<int>(before / 15);
+    person.moveTo(face(), border + edge - 1, inFirst.y);
+    person.press();
+    person.moveTo(face(), border + edge + 39, inFirst.y);
+    person.release();
+    EXPECT_EQ(number(L"CellCurrentWidth"), before + 40 * 15);
+    person.moveTo(face(), inFirst.x, inFirst.y);
+    person.press();
+    person.moveTo(face(), inFirst.x, place.bottom - place.top + 30);
+    EXPECT_TRUE(person.waitFor([&] { return number(L"TopRowRead") > 5; }));
+    person.release();
+    EXPECT_EQ(GetCapture(), nullptr);
+    EXPECT_EQ(number(L"RowCurrent"), 1);
+}
+
+TEST_F(GridEditWindow, APressOnACaptionSortsByItsColumn) {
+    hosted.site.events().on(L"SortClick", [this](container::EventCall&) { object().call(L"BarHeaderSort"); });
+    object().call(L"BarHeaderCaptionSet", {1, L"Left"});
+    takeEvents();
+    person.click(face(), border + 80, border + 6);
+    EXPECT_EQ(takeEvents(), L"ChangeEdited SortClick ChangeEdited");
+    EXPECT_EQ(read(0, 1), L"1");
+    person.click(face(), border + 80, border + 6);
+    EXPECT_EQ(read(0, 1), L"100");
+}
+
+TEST_F(GridEditWindow, ABorderIsDraggedInTheCaptionBar) {
+    object().call(L"ColSetFocus", {0});
+    const long before = number(L"CellCurrentWidth");
+    const auto edge = static_cast<int>(before / 15);
+    takeEvents();
+    person.moveTo(face(), border + edge - 1, border + 6);
+    person.press();
+    person.moveTo(face(), border + edge + 24, border + 6);
+    person.release();
+    EXPECT_EQ(number(L"CellCurrentWidth"), before + 25 * 15);
+    EXPECT_EQ(GetCapture(), nullptr);
+    EXPECT_EQ(takeEvents(), L"");
+}
+
 // What a drag asks: it goes on until the button is let go.
 class DragSource final : public container::ComObject<IDropSource> {
 public:
@@ -148,6 +197,17 @@ TEST_F(GridEditWindow, ADropTellsTheHostWhatWasDroppedAndWhere) {
     EXPECT_EQ(told[4].toLong(), (target.x - border + 1) * 15);
     EXPECT_EQ(told[5].toLong(), (target.y - top) * 15);
     EXPECT_EQ(number(L"MouseRow"), 3);
+}
+
+TEST_F(GridEditWindow, AMillionRowsAreFilledAndReachedAtOnce) {
+    object().call(L"RowsSet", {1000000});
+    object().call(L"TopRowSet", {999000});
+    hosted.loop.pumpPending();
+    const POINT there = cell(999003, 10);
+    person.click(face(), there.x, there.y);
+    EXPECT_EQ(number(L"RowCurrent"), 999003);
+    person.key(VK_END, MOD_CONTROL);
+    EXPECT_EQ(number(L"RowCurrent"), 999999);
 }
 
 // A file that is gone when the test is over.

@@ -207,6 +207,61 @@ TEST_F(GridEditing, EveryEditorKeepsItsValueWhicheverWayItIsLeft) {
     }
 }
 
+TEST_F(GridEditing, RowsComeAndGoAndTheLastChangeIsTakenBack) {
+    click(2, textCol);
+    person.type(L"last");
+    person.key(VK_RETURN);
+    EXPECT_EQ(number(L"RowsCurrent"), 4) << "Enter on the last row adds one";
+    EXPECT_EQ(current(), std::pair(3L, static_cast<long>(textCol)));
+    person.key(VK_ESCAPE);
+    takeEvents();
+    person.key(VK_DELETE);
+    EXPECT_EQ(number(L"RowsCurrent"), 3);
+    EXPECT_NE(takeEvents().find(L"Change DelRow"), std::wstring::npos);
+    person.key('Z', MOD_CONTROL);
+    EXPECT_EQ(number(L"RowsCurrent"), 4);
+    person.key(VK_UP);
+    person.key(VK_INSERT);
+    EXPECT_EQ(read(3, textCol), L"last");
+    EXPECT_NE(takeEvents().find(L"NewRow"), std::wstring::npos);
+    object().put(L"AllowGridEdit", false);
+    person.type(L"x");
+    person.key(VK_DELETE);
+    EXPECT_EQ(number(L"RowsCurrent"), 5);
+    EXPECT_TRUE(openWindows().empty());
+}
+
+void putOnClipboard(HWND owner, std::wstring_view text) {
+    ASSERT_TRUE(OpenClipboard(owner));
+    EmptyClipboard();
+    const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, (text.size() + 1) * sizeof(wchar_t));
+    auto* const units = static_cast<wchar_t*>(GlobalLock(memory));
+    std::copy(text.begin(), text.end(), units);
+    units[text.size()] = 0;
+    GlobalUnlock(memory);
+    SetClipboardData(CF_UNICODETEXT, memory);
+    CloseClipboard();
+}
+
+TEST_F(GridEditing, OneValueIsPastedIntoTheEditorAndSeveralOverTheCells) {
+    click(0, textCol);
+    person.key(VK_ESCAPE);
+    putOnClipboard(hosted.window.handle(), L"oak\t4 dec 2026\tx\t1\r\nash\tnot a date\ty\t0\r\n");
+    person.key('V', MOD_CONTROL);
+    EXPECT_EQ(
+        read(0, textCol) + L"," + read(0, dateCol) + L"," + read(0, readOnlyCol) + L"," + read(0, checkCol),
+        L"oak,Fri 4 Dec 2026,fixed,a");
+    EXPECT_EQ(read(1, textCol) + L"," + read(1, dateCol) + L"," + read(1, checkCol), L"ash,,");
+    EXPECT_TRUE(openWindows().empty());
+    putOnClipboard(hosted.window.handle(), L"elm");
+    person.key('V', MOD_CONTROL);
+    ASSERT_EQ(openWindows().size(), 1u);
+    person.key(VK_ESCAPE);
+    EXPECT_EQ(read(0, textCol), L"elm");
+    person.key('Z', MOD_CONTROL);
+    EXPECT_EQ(read(0, textCol), L"oak");
+}
+
 TEST_F(GridEditing, ATextStandsWhereItIsWhenItsEditorOpens) {
     object().call(L"CellTextSet", {1L, static_cast<long>(textCol), L"HHHH"});
     const POINT cell = middle(hosted, 1, textCol);

@@ -64,6 +64,10 @@ protected:
         const RECT place = placeOf(part);
         return {(place.left + place.right) / 2, (place.top + place.bottom) / 2};
     }
+    bool shows(long tab) const {
+        const RECT place = placeOf(tab);
+        return IsRectEmpty(&place) == FALSE;
+    }
     void clickTab(long tab) {
         const POINT at = middleOf(tab);
         person.click(strip(), at.x, at.y);
@@ -146,6 +150,25 @@ TEST_F(PageTabWindow, AnAccessKeyCallsItsTabFromTheWholeForm) {
     setTabs(L"Home", 1);
     ASSERT_EQ(control->GetControlInfo(&info), S_OK);
     EXPECT_EQ(info.cAccel, 0);
+}
+
+TEST_F(PageTabWindow, TabsScrollByHeldButtonsAndTheWheel) {
+    setTabs(longSet, 1);
+    ASSERT_TRUE(shows(1));
+    ASSERT_FALSE(shows(12));
+    const long forward = 14;  // after twelve tabs and the button that goes back
+    const POINT at = middleOf(forward);
+    person.moveTo(strip(), at.x, at.y);
+    person.press();
+    EXPECT_FALSE(shows(1));
+    EXPECT_TRUE(person.waitFor([&] { return shows(12); })) << "held";
+    person.release();
+    EXPECT_EQ(takeEvents(), L"") << "scrolling is no choice";
+    person.moveTo(strip(), 60, 12);
+    person.turnWheel(360);
+    EXPECT_TRUE(person.waitFor([&] { return !shows(12); }));
+    object().put(L"ActiveTab", 12L);
+    EXPECT_TRUE(shows(12));
 }
 
 TEST_F(PageTabWindow, TheTabUnderTheMouseIsHighlightedUntilItLeaves) {

@@ -57,6 +57,17 @@ TEST_F(UpDownTextBoxWindow, TypingIsFilteredAndReported) {
     EXPECT_EQ(hosted.site.events().count(L"Change"), 4u);
 }
 
+TEST_F(UpDownTextBoxWindow, AHostChangesOrDiscardsWhatIsTyped) {
+    hosted.site.events().on(L"KeyPress", [](container::EventCall& call) {
+        Variant typed = call.value(0);
+        if (V_I2(&typed.get()) == '1') call.set(0, short{'9'});
+        if (V_I2(&typed.get()) == '2') call.set(0, short{0});
+    });
+    enter();
+    person.type(L"123");
+    EXPECT_EQ(text(), L"93");
+}
+
 TEST_F(UpDownTextBoxWindow, TheClipboardWorksInAFilteredField) {
     object().put(L"Text", L"42");
     enter();
@@ -67,6 +78,23 @@ TEST_F(UpDownTextBoxWindow, TheClipboardWorksInAFilteredField) {
     EXPECT_EQ(text(), L"42");
     person.key('Z', MOD_CONTROL);
     EXPECT_EQ(text(), L"7");
+}
+
+TEST_F(UpDownTextBoxWindow, KeysAndWheelStep) {
+    object().put(L"Text", L"5");
+    enter();
+    person.key(VK_UP);
+    EXPECT_EQ(takeEvents(), L"DownClick Change KeyDown KeyUp");
+    person.key(VK_NEXT);
+    EXPECT_EQ(takeEvents(), L"UpClick Change KeyDown KeyUp");
+    EXPECT_EQ(shown(), L"5");
+    person.turnWheel(WHEEL_DELTA * 2);
+    EXPECT_EQ(text(), L"7");
+    object().put(L"AllowArrowKeys", false);
+    person.turnWheel(WHEEL_DELTA);
+    EXPECT_EQ(text(), L"7");
+    person.key(VK_DOWN);
+    EXPECT_EQ(text(), L"6");
 }
 
 TEST_F(UpDownTextBoxWindow, AHeldSpinnerButtonRepeatsUntilItIsReleased) {
