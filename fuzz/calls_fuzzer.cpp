@@ -79,7 +79,7 @@ private:
         }
     }
     void focusChanged(bool) override { reenter(); }
-    bool offerKey(const KeyEvent&) override {
+    bool offerToContainer(const KeyEvent&) override {
         reenter();
         return input_.ConsumeBool();
     }

@@ -44,7 +44,7 @@ private:
     static constexpr int deepest = 3;
     static constexpr int32_t mostCompared = 400;  // rows
 
-    KeyRoute route(const KeyEvent&) override { return KeyRoute::child; }
+    KeyRoute preTranslate(const KeyEvent&) override { return KeyRoute::child; }
     bool offerToContainer(const KeyEvent&) override { return false; }
     void focusEntered() override {}
     void focusLeft() override {}

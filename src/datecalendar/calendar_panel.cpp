@@ -1,5 +1,6 @@
 #include "datecalendar/calendar_panel.h"
 
+#include "base/scoped_value.h"
 #include "widgets/drawing.h"
 
 #include <algorithm>
@@ -13,19 +14,6 @@ namespace {
 constexpr int32_t monthsOfYear = 12;
 constexpr Twips panelWidth{2910};
 constexpr Twips panelHeight{3405};
-
-// Set for a scope.
-class Busy {
-public:
-    explicit Busy(bool& flag) : flag_(flag), before_(std::exchange(flag, true)) {}
-    Busy(const Busy&) = delete;
-    Busy& operator=(const Busy&) = delete;
-    ~Busy() { flag_ = before_; }
-
-private:
-    bool& flag_;
-    bool before_;
-};
 
 DrawnButton::Face arrows(TextView name, ArrowDirection direction, int32_t count) {
     return {Text(name), direction, count};
@@ -136,7 +124,7 @@ void CalendarPanel::CalendarUpdate() {
     const auto month = shownMonth();
     const auto layout = month ? monthLayout(*month) : std::nullopt;
     if (!layout) return;
-    const Busy busy(blnCALENDARBUSY);
+    const ScopedFlag busy(blnCALENDARBUSY);
     const Date today = platform().clock().today();
     lngFIRSTCELL = layout->firstCell;
     lngDAYSINMONTH = layout->days;
@@ -164,7 +152,7 @@ void CalendarPanel::placeCurrentDate(YearMonth shown) {
 
 void CalendarPanel::showMonth(YearMonth month) {
     {
-        const Busy busy(blnCALENDARBUSY);
+        const ScopedFlag busy(blnCALENDARBUSY);
         cboMONTH.select(static_cast<int32_t>(unsigned{month.month()}) - 1);
         udnYEAR->SetText(yearText(int{month.year()}));
     }
@@ -174,7 +162,7 @@ void CalendarPanel::showMonth(YearMonth month) {
 void CalendarPanel::readMonthAndYear(TextView text) {
     constexpr size_t yearLength = 4;
     {
-        const Busy busy(blnCALENDARBUSY);
+        const ScopedFlag busy(blnCALENDARBUSY);
         if (const auto month = monthMentioned(text))
             cboMONTH.select(static_cast<int32_t>(unsigned{*month}) - 1);
         const TextView last = text.substr(text.size() - std::min(text.size(), yearLength));
@@ -263,17 +251,13 @@ bool CalendarPanel::walk(const KeyEvent& event) {
 void CalendarPanel::rest() {
     tmrUP.stop();
     tmrDOWN.stop();
-    wheelRest_ = 0;
+    wheel_.forget();
 }
 
 bool CalendarPanel::wheel(const WheelEvent& event) {
-    constexpr int32_t notch = 120;
     if (event.horizontal) return false;
-    if ((event.delta > 0) != (wheelRest_ > 0)) wheelRest_ = 0;
-    wheelRest_ += std::clamp<int32_t>(event.delta, INT16_MIN, INT16_MAX);
-    const int32_t notches = wheelRest_ / notch;
-    wheelRest_ -= notches * notch;
-    for (int32_t left = std::abs(notches); left > 0; --left) turnBy(notches > 0 ? -1 : 1);
+    wheel_.turn(event.delta);
+    while (const int32_t notch = wheel_.take()) turnBy(-notch);
     return true;
 }
 
@@ -283,9 +267,7 @@ void CalendarPanel::paint(Canvas& canvas, const PixelRect& bounds) {
     const int32_t line = canvas.dpi().scaled(1);
     const bool highContrast = platform().appearance().highContrast();
     if (look_ == Look::classic && !highContrast) {
-        canvas.frameEdges(bounds, line, colour(SystemColour::light3d), colour(SystemColour::darkShadow3d));
-        canvas.frameEdges(bounds.inset(line), line, colour(SystemColour::buttonHighlight),
-                          colour(SystemColour::buttonShadow));
+        drawPanelEdges(platform(), canvas, bounds);
     } else {
         canvas.frameRect(bounds, line,
                          colour(highContrast ? SystemColour::windowText : SystemColour::buttonShadow));

@@ -8,6 +8,7 @@
 #include "updown/up_down_text_box.h"
 #include "widgets/decoration.h"
 #include "widgets/drop_list.h"
+#include "widgets/wheel_notches.h"
 
 namespace obk {
 
@@ -67,7 +68,7 @@ private:
     int32_t lngFIRSTCELL = cellColumns;
     bool blnCALENDARBUSY = false;
     Look look_ = Look::flat;
-    int32_t wheelRest_ = 0;  // of fine-grained wheels, until it makes a notch
+    WheelNotches wheel_;
     std::vector<Connection> connections_;
 };
 

@@ -84,8 +84,7 @@ void DateCalendar::connectChildren() {
         used = panel_.visible() && picDROPDOWNPANEL.wheel(event);
     });
     on(txtfraBORDER.fontChanged, [this] {
-        // A host that changes the container's font in place has a font of its own from then on.
-        if (txtfraBORDER.font() == fontFromAmbient_) fontFromAmbient_.reset();
+        followedFont_.changed();
         PropertyChanged<&DateCalendar::Font>();
     });
     const auto menuAsked = [this](const Widget& asked) {
@@ -215,11 +214,8 @@ void DateCalendar::UserControl_Click() {
 void DateCalendar::UserControl_ExitFocus() {
     mouseHeld_ = false;
     attempt([&] { FocusLost(); });
-    int16_t mouseButton = button::left;
-    int16_t shiftState = 0;
-    float x = 0;
-    float y = 0;
-    attempt([&] { MouseUp(mouseButton, shiftState, x, y); });
+    MouseArguments nowhere{button::left};
+    attempt([&] { nowhere.raise(MouseUp); });
 }
 
 void DateCalendar::UserControlMouseOut(int16_t& Button, int16_t& Shift, float& X, float& Y) {
@@ -256,16 +252,12 @@ void DateCalendar::exitFocus() {
 }
 
 void DateCalendar::useAmbientFont(const FontRef& font) {
-    if (!fontFromAmbient_ || txtfraBORDER.font() != fontFromAmbient_) return;
-    const FontRef followed = std::exchange(fontFromAmbient_, nullptr);
-    followed->setDescription(font->description());
-    fontFromAmbient_ = followed;
+    followedFont_.follow(font, txtfraBORDER.font());
 }
 
 void DateCalendar::loadFont(const FontRef& font) {
     txtfraBORDER.setFont(font);
-    // A font that a bag holds differs from the container's, or it would not have been written.
-    if (font && font->description() == ambientFont()->description()) fontFromAmbient_ = font;
+    followedFont_.took(font, ambientFont());
 }
 
 void DateCalendar::loadTypedText(const obk::Text& text) {
@@ -273,9 +265,9 @@ void DateCalendar::loadTypedText(const obk::Text& text) {
     strTYPEDTEXT = text;
 }
 
-KeyRoute DateCalendar::route(const KeyEvent& event) {
+KeyRoute DateCalendar::preTranslate(const KeyEvent& event) {
     const bool wanted = panel_.visible() && (event.code == key::escape || event.code == key::enter);
-    return wanted && hasFocus() ? KeyRoute::child : Control::route(event);
+    return wanted && hasFocus() ? KeyRoute::child : Control::preTranslate(event);
 }
 
 AccessibleItem DateCalendar::describeSurface() const {
@@ -393,36 +385,21 @@ void DateCalendar::release(const Widget& on, const MouseEvent& event) {
 
 void DateCalendar::moveMouse(const Widget& on, const MouseEvent& event) {
     if (!mouseHeld_) {
-        const PixelRect at = on.pixelBounds();
-        const PixelRect own = root().pixelBounds();
-        const Dpi dpi = root().dpi();
-        int16_t mouseButton = event.button;
-        int16_t shiftState = event.shift;
-        auto x = static_cast<float>(dpi.toTwips(event.at.x + at.left - own.left).value);
-        auto y = static_cast<float>(dpi.toTwips(event.at.y + at.top - own.top).value);
-        UserControlMouseOut(mouseButton, shiftState, x, y);
+        MouseArguments at = MouseArguments::inTwips(event, on, root());
+        UserControlMouseOut(at.Button, at.Shift, at.X, at.Y);
     }
     raiseMouse(MouseMove, on, event);
 }
 
 void DateCalendar::leaveMouse() {
     if (!mouseOver_ || mouseHeld_) return;
-    int16_t mouseButton = 0;
-    int16_t shiftState = 0;
-    float x = -1;
-    float y = -1;
-    UserControlMouseOut(mouseButton, shiftState, x, y);
+    MouseArguments outside{0, 0, -1, -1};
+    UserControlMouseOut(outside.Button, outside.Shift, outside.X, outside.Y);
 }
 
 void DateCalendar::raiseMouse(const MouseRaised& event, const Widget& on, const MouseEvent& mouse) {
-    const PixelRect at = on.pixelBounds();
-    const PixelRect own = root().pixelBounds();
-    const Dpi dpi = root().dpi();
-    int16_t mouseButton = mouse.button;
-    int16_t shiftState = mouse.shift;
-    auto x = static_cast<float>(dpi.toTwips(mouse.at.x + at.left - own.left).value);
-    auto y = static_cast<float>(dpi.toTwips(mouse.at.y + at.top - own.top).value);
-    attempt([&] { event(mouseButton, shiftState, x, y); });
+    MouseArguments arguments = MouseArguments::inTwips(mouse, on, root());
+    attempt([&] { arguments.raise(event); });
 }
 
 void DateCalendar::showIcon() {

@@ -5,6 +5,8 @@
 #include "datecalendar/calendar_icon.h"
 #include "datecalendar/calendar_panel.h"
 #include "framework/control.h"
+#include "framework/followed_font.h"
+#include "framework/mouse_arguments.h"
 #include "framework/pop_up_panel.h"
 #include "widgets/decoration.h"
 #include "widgets/text_box.h"
@@ -61,8 +63,6 @@ public:
     Event<> PopUp;
 
 private:
-    using MouseRaised = Event<int16_t&, int16_t&, float&, float&>;
-
     void initialize() override;
     void initProperties() override;
     void loaded() override;
@@ -70,7 +70,7 @@ private:
     void enterFocus() override;
     void exitFocus() override;
     void useAmbientFont(const FontRef& font) override;
-    KeyRoute route(const KeyEvent& event) override;
+    KeyRoute preTranslate(const KeyEvent& event) override;
     AccessibleItem describeSurface() const override;
 
     // Persisted without a property.
@@ -116,8 +116,8 @@ private:
     bool positionDefault_ = true;
     bool focusRect_ = true;
     obk::Text toolTip_;
-    FontRef fontFromAmbient_;  // while it is the one shown, the container's changes are followed
-    bool mouseHeld_ = false;   // a mouse button is down on the field: no hover tracking
+    FollowedFont followedFont_;
+    bool mouseHeld_ = false;  // a mouse button is down on the field: no hover tracking
     bool mouseOver_ = false;
     bool pressed_ = false;  // since a press on the icon, until its release
     std::vector<Connection> connections_;

@@ -153,7 +153,7 @@ void Control::requestSize(Twips width, Twips height) {
     if (host_) host_->requestSize(width, height);
 }
 
-KeyRoute Control::route(const KeyEvent& event) {
+KeyRoute Control::preTranslate(const KeyEvent& event) {
     switch (event.code) {
         case key::tab:
         case key::enter:
@@ -182,7 +182,7 @@ void Control::accessKeysChanged() {
 }
 
 bool Control::offerToContainer(const KeyEvent& event) {
-    return host_ && host_->offerKey(event);
+    return host_ && host_->offerToContainer(event);
 }
 
 void Control::focusEntered() {

@@ -48,7 +48,8 @@ public:
     void setBounds(const PixelRect& bounds);  // while active; pixels of the parent
     // The control's window; made, invisible, when a host asks before activation. 0 when the system refuses.
     NativeWindow window();
-    KeyRoute preTranslate(const KeyEvent& event) { return route(event); }
+    // By default the focused child gets the keys, but those that move through a dialog.
+    KeyRoute preTranslate(const KeyEvent& event) override;
     // Letters that call the control, with Alt, from wherever the keyboard is on its form; upper case.
     virtual Text accessKeys() const { return {}; }
     virtual void useAccessKey(char16_t) {}
@@ -95,8 +96,6 @@ protected:
 
     // Shift+Tab and the like, on behalf of the user. Whether the container used it.
     bool offerToContainer(const KeyEvent& event) override;
-    // By default the focused child gets the keys, but those that move through a dialog.
-    KeyRoute route(const KeyEvent& event) override;
     AccessibleItem describeSurface() const override;
 
 private:

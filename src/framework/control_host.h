@@ -28,7 +28,7 @@ public:
     // The focus came into the control's scope, or left it.
     virtual void focusChanged(bool inside) = 0;
     // A key that the control does not want, Tab above all; whether the container used it.
-    virtual bool offerKey(const KeyEvent& event) = 0;
+    virtual bool offerToContainer(const KeyEvent& event) = 0;
     // How the control looks has changed.
     virtual void viewChanged() = 0;
     virtual bool rightToLeft() { return false; }

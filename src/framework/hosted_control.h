@@ -40,7 +40,7 @@ private:
     FontRef ambientFont() override { return outer_.ambientFont(); }
     void requestSize(Twips width, Twips height) override;
     void focusChanged(bool inside) override;
-    bool offerKey(const KeyEvent& event) override { return outer_.offerToContainer(event); }
+    bool offerToContainer(const KeyEvent& event) override { return outer_.offerToContainer(event); }
     void viewChanged() override {}
     bool rightToLeft() override { return outer_.rightToLeft(); }
     bool designMode() override { return outer_.designMode(); }

@@ -61,7 +61,7 @@ private:
     // The control has no window any more.
     void close();
 
-    KeyRoute route(const KeyEvent& event) override { return owner_.route(event); }
+    KeyRoute preTranslate(const KeyEvent& event) override { return owner_.preTranslate(event); }
     bool offerToContainer(const KeyEvent& event) override { return owner_.offerToContainer(event); }
     void focusEntered() override { owner_.focusEntered(); }
     void focusLeft() override { owner_.focusLeft(); }

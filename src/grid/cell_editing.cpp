@@ -164,18 +164,18 @@ void CellEditing::cellWritten() {
     if (editors_.isOpen() && editors_.cell() == grid_.current()) editors_.cellWritten();
 }
 
-KeyRoute CellEditing::route(const KeyEvent& event, KeyRoute usual) {
+KeyRoute CellEditing::preTranslate(const KeyEvent& event, KeyRoute otherwise) {
     othersKey_ = editors_.hasFocus() && editors_.droppedDown() && event.code != key::tab;
-    if (usual != KeyRoute::container || !control_.hasFocus()) return usual;
+    if (otherwise != KeyRoute::container || !control_.hasFocus()) return otherwise;
     const EditState state{editors_.hasFocus() ? EditPlace::editor : EditPlace::cells, editable(), false};
     switch (editAction(event, state)) {
         case EditAction::nextCell:
-            return neighbour(1) ? KeyRoute::child : usual;
+            return neighbour(1) ? KeyRoute::child : otherwise;
         case EditAction::previousCell:
-            return neighbour(-1) ? KeyRoute::child : usual;
+            return neighbour(-1) ? KeyRoute::child : otherwise;
         case EditAction::commit:
             // Otherwise a dialog may want to be cancelled.
-            return editors_.isOpen() ? KeyRoute::child : usual;
+            return editors_.isOpen() ? KeyRoute::child : otherwise;
         default:
             return KeyRoute::child;
     }

@@ -34,7 +34,7 @@ public:
     void rowRemoved(int32_t row);
     void cellWritten();
 
-    KeyRoute route(const KeyEvent& event, KeyRoute usual);
+    KeyRoute preTranslate(const KeyEvent& event, KeyRoute otherwise);
 
 private:
     void connect();

@@ -78,24 +78,19 @@ void GridEdit::loadFont(const FontRef& font) {
     if (!font) return;
     flexGRID.SetFont(font);
     fontConnection_ = flexGRID.Font()->changed.connect([this] { fontChanged(); });
-    // A font that a bag holds differs from the container's, or it would not have been written.
-    fontFromAmbient_ = font->description() == ambientFont()->description() ? font : nullptr;
+    followedFont_.took(font, ambientFont());
     FontUpdate();
     resize();
 }
 
 void GridEdit::fontChanged() {
-    // A host that changes the container's font in place has a font of its own from then on.
-    if (Font() == fontFromAmbient_) fontFromAmbient_.reset();
+    followedFont_.changed();
     resize();
     PropertyChanged<&GridEdit::Font>();
 }
 
 void GridEdit::useAmbientFont(const FontRef& font) {
-    if (!fontFromAmbient_ || Font() != fontFromAmbient_) return;
-    const FontRef followed = std::exchange(fontFromAmbient_, nullptr);
-    followed->setDescription(font->description());
-    fontFromAmbient_ = followed;
+    followedFont_.follow(font, Font());
 }
 
 // What a press with the left button at the grid's left top corner does, but that it takes no focus.
@@ -180,13 +175,8 @@ void GridEdit::listKey(void (DropList::*act)(KeyEvent&), int16_t& keyCode, int16
     shift = event.shift;
 }
 
-void GridEdit::raiseMouse(const Event<int16_t&, int16_t&, float&, float&>& event, const MouseEvent& mouse) {
-    int16_t mouseButton = mouse.button;
-    int16_t shiftState = mouse.shift;
-    const Dpi dpi = root().dpi();
-    auto x = static_cast<float>(dpi.toTwips(mouse.at.x).value);
-    auto y = static_cast<float>(dpi.toTwips(mouse.at.y).value);
-    event(mouseButton, shiftState, x, y);
+void GridEdit::raiseMouse(const MouseRaised& event, const MouseEvent& mouse) {
+    MouseArguments::inTwips(mouse, root().dpi()).raise(event);
 }
 
 }  // namespace obk

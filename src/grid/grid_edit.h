@@ -4,6 +4,8 @@
 
 #include "flexgrid/flex_grid.h"
 #include "framework/control.h"
+#include "framework/followed_font.h"
+#include "framework/mouse_arguments.h"
 #include "grid/cell_editing.h"
 #include "grid/column_types.h"
 #include "grid/header_bar.h"
@@ -140,7 +142,9 @@ private:
     void resize() override;
     void enterFocus() override { gbrBORDER.setFocused(true); }
     void exitFocus() override;
-    KeyRoute route(const KeyEvent& event) override { return editing_.route(event, Control::route(event)); }
+    KeyRoute preTranslate(const KeyEvent& event) override {
+        return editing_.preTranslate(event, Control::preTranslate(event));
+    }
     void useAmbientFont(const FontRef& font) override;
 
     void connectChildren();
@@ -149,7 +153,7 @@ private:
     void goTo(int32_t rowno, int32_t colno) { flexGRID.SelectByHalves({rowno, colno}); }
     void addItem(const Text& text, int32_t rowno);
     void listKey(void (DropList::*act)(KeyEvent&), int16_t& keyCode, int16_t& shift);
-    void raiseMouse(const Event<int16_t&, int16_t&, float&, float&>& event, const MouseEvent& mouse);
+    void raiseMouse(const MouseRaised& event, const MouseEvent& mouse);
     // What the grid lies inside the control's edges by, and below the bar.
     Twips borderOffset() const { return {BorderStyle() == 1 ? 30.0 : 0.0}; }
     Twips headerHeight() const { return BarHeader() ? picTOPBAR.naturalHeight() : Twips{}; }
@@ -166,7 +170,7 @@ private:
     int32_t mousePosn_ = 0;
     bool sortedDescending_ = false;  // at the last sort
     int32_t sortedCol_ = 0;          // the current column after it
-    FontRef fontFromAmbient_;        // while it is the one shown, the container's changes are followed
+    FollowedFont followedFont_;
     Connection fontConnection_;
     std::vector<Connection> connections_;
 };

@@ -48,14 +48,12 @@ void PageTab::exitFocus() {
 }
 
 void PageTab::useAmbientFont(const FontRef& font) {
-    if (fontFromAmbient_ && this->font() == fontFromAmbient_)
-        fontFromAmbient_->setDescription(font->description());
+    followedFont_.follow(font, this->font());
 }
 
 void PageTab::loadFont(const FontRef& font) {
     strip_.font.set(font);
-    // A font that a bag holds differs from the container's, or it would not have been written.
-    if (font && font->description() == ambientFont()->description()) fontFromAmbient_ = font;
+    followedFont_.took(font, ambientFont());
 }
 
 void PageTab::SetlngSELECTEDPAGECOLOR(int32_t lngSELECTEDPAGECOLOR) {
@@ -191,12 +189,8 @@ void PageTab::showPieces(TabStrip::Pieces pieces) {
 
 template <typename Raised, typename... More>
 void PageTab::raiseMouse(const Raised& event, const MouseEvent& mouse, More... more) {
-    const Dpi dpi = root().dpi();
-    int16_t mouseButton = mouse.button;
-    int16_t shiftState = mouse.shift;
-    auto x = static_cast<float>(dpi.toTwips(mouse.at.x).value);
-    auto y = static_cast<float>(dpi.toTwips(mouse.at.y).value);
-    attempt([&] { event(mouseButton, shiftState, x, y, more...); });
+    MouseArguments arguments = MouseArguments::inTwips(mouse, root().dpi());
+    attempt([&] { arguments.raise(event, more...); });
 }
 
 void PageTab::stripMouse(const MouseEvent& event) {
@@ -273,11 +267,11 @@ std::optional<int32_t> PageTab::walkTarget(const KeyEvent& event) const {
     }
 }
 
-KeyRoute PageTab::route(const KeyEvent& event) {
+KeyRoute PageTab::preTranslate(const KeyEvent& event) {
     if (hasFocus() && walkTarget(event)) return KeyRoute::child;
     // What is called with Alt, and is none of the tabs, is the form's.
     if ((event.shift & shift::alt) != 0) return KeyRoute::container;
-    return Control::route(event);
+    return Control::preTranslate(event);
 }
 
 void PageTab::surfaceKeyDown(KeyEvent& event) {

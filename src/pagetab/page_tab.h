@@ -2,6 +2,8 @@
 #pragma once
 
 #include "framework/control.h"
+#include "framework/followed_font.h"
+#include "framework/mouse_arguments.h"
 #include "pagetab/tab_set.h"
 #include "pagetab/tab_strip.h"
 
@@ -63,7 +65,7 @@ private:
     void enterFocus() override;
     void exitFocus() override;
     void useAmbientFont(const FontRef& font) override;
-    KeyRoute route(const KeyEvent& event) override;
+    KeyRoute preTranslate(const KeyEvent& event) override;
     void surfaceKeyDown(KeyEvent& event) override;
     int16_t surfaceKeyPress(int16_t character) override;
     AccessibleItem describeSurface() const override;
@@ -106,7 +108,7 @@ private:
     Text strTABCOLOR;
     Text pageColours_;
     OleColour clrPAGEMAIN{SystemColour::buttonFace};
-    FontRef fontFromAmbient_;  // while it is the one shown, the container's changes are followed
+    FollowedFont followedFont_;
     Connection mouse_;
 };
 

@@ -45,16 +45,10 @@ void ScrollButtons::place(const PixelRect& rect, bool moreLeft, bool moreRight) 
 }
 
 bool ScrollButtons::wheel(const WheelEvent& event) {
-    constexpr int32_t notch = 120;
     if (!visible()) return false;
     // Away from the user is back to the left, as a page turns up.
-    const int32_t delta = std::clamp<int32_t>(event.delta, INT16_MIN, INT16_MAX);
-    const int32_t towards = event.horizontal ? delta : -delta;
-    if ((towards > 0) != (wheelRest_ > 0)) wheelRest_ = 0;
-    wheelRest_ += towards;
-    const int32_t tabs = wheelRest_ / notch;
-    wheelRest_ -= tabs * notch;
-    if (tabs != 0) scrolled(tabs);
+    wheel_.turn(event.horizontal ? event.delta : -event.delta);
+    if (const int32_t tabs = wheel_.takeAll()) scrolled(tabs);
     return true;
 }
 

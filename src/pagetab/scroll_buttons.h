@@ -5,6 +5,7 @@
 #include "widgets/container.h"
 #include "widgets/drawn_button.h"
 #include "widgets/timer.h"
+#include "widgets/wheel_notches.h"
 
 #include <vector>
 
@@ -30,7 +31,7 @@ private:
 
     DrawnButton left_, right_;
     int32_t direction_ = 0;  // of the held button
-    int32_t wheelRest_ = 0;  // of fine-grained wheels, until it makes a notch
+    WheelNotches wheel_;
     Timer repeatTimer_;
     std::vector<Connection> connections_;
 };

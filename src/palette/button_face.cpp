@@ -88,10 +88,7 @@ void ButtonFace::paintEdges(Canvas& canvas, const PixelRect& bounds) const {
             canvas.frameRect(edge, line, colour(SystemColour::buttonShadow));
             return;
         }
-        canvas.frameEdges(edge, line, colour(SystemColour::buttonHighlight),
-                          colour(SystemColour::darkShadow3d));
-        canvas.frameEdges(edge.inset(line), line, colour(SystemColour::light3d),
-                          colour(SystemColour::buttonShadow));
+        drawRaisedEdges(platform(), canvas, edge);
         return;
     }
     const Rgb face = rgb(state.background);

@@ -58,8 +58,9 @@ void ButtonPalette::initProperties() {
     buttonType_ = 1;
     backColor_ = systemColour(SystemColour::buttonFace);
     cmdMAINBTN.state.textColour = systemColour(SystemColour::buttonText);
-    fontFromAmbient_ = ambientFont();
-    cmdMAINBTN.font.set(fontFromAmbient_);
+    const FontRef ambient = ambientFont();
+    cmdMAINBTN.font.set(ambient);
+    followedFont_.took(ambient, ambient);
     chooser_.setPalette(enQUILLPalette::QP24X8, firstColour);
     cmdMAINBTN.setEnabled(true);
     cmdMAINBTN.state.caption = u"   Button";  // the blanks keep clear of the swatch
@@ -82,7 +83,10 @@ void ButtonPalette::connectChildren() {
         cmdMAINBTN.state.hot = false;
         refresh();
     });
-    on(cmdMAINBTN.fontChanged, [this] { PropertyChanged<&ButtonPalette::Font>(); });
+    on(cmdMAINBTN.fontChanged, [this] {
+        followedFont_.changed();
+        PropertyChanged<&ButtonPalette::Font>();
+    });
     on(picDROPDOWNPANEL.mouseReported, [this](const MouseEvent& event) { chooser_.mouse(event); });
     on(panel_.mouseElsewhere, [this](const MouseEvent& event) { chooser_.mouse(event); });
     on(chooser_.closing, [this] { HidePopUp(); });
@@ -247,7 +251,7 @@ void ButtonPalette::resize() {
 }
 
 void ButtonPalette::useAmbientFont(const FontRef& font) {
-    if (fontFromAmbient_ && Font() == fontFromAmbient_) fontFromAmbient_->setDescription(font->description());
+    followedFont_.follow(font, Font());
 }
 
 AccessibleItem ButtonPalette::describeSurface() const {

@@ -2,8 +2,10 @@
 #pragma once
 
 #include "framework/control.h"
+#include "framework/followed_font.h"
 #include "framework/hosted_control.h"
 #include "framework/kxlib_timer.h"
+#include "framework/mouse_arguments.h"
 #include "framework/pop_up_panel.h"
 #include "palette/button_arrow.h"
 #include "palette/button_face.h"
@@ -87,7 +89,7 @@ private:
     void enterFocus() override;
     void exitFocus() override;
     void useAmbientFont(const FontRef& font) override;
-    KeyRoute route(const KeyEvent& event) override;
+    KeyRoute preTranslate(const KeyEvent& event) override;
     void surfaceKeyDown(KeyEvent& event) override;
     void surfaceKeyUp(KeyEvent& event) override;
     AccessibleItem describeSurface() const override;
@@ -126,7 +128,7 @@ private:
     bool popupEnabled_ = true;
     bool positionDefault_ = true;
     obk::Text toolTip_;
-    FontRef fontFromAmbient_;  // while it is the one shown, the container's changes are followed
+    FollowedFont followedFont_;
 
     bool mouseHeld_ = false;  // a mouse button is down on the button: no hover tracking
     bool mouseOver_ = false;

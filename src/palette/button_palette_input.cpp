@@ -25,11 +25,8 @@ void ButtonPalette::UserControl_Click() {
 void ButtonPalette::UserControl_ExitFocus() {
     mouseHeld_ = false;
     attempt([&] { FocusLost(); });
-    int16_t mouseButton = button::left;
-    int16_t shiftState = 0;
-    float x = 0;
-    float y = 0;
-    attempt([&] { MouseUp(mouseButton, shiftState, x, y); });
+    MouseArguments nowhere{button::left};
+    attempt([&] { nowhere.raise(MouseUp); });
 }
 
 void ButtonPalette::UserControlMouseOut(int16_t& Button, int16_t& Shift, float& X, float& Y) {
@@ -67,10 +64,10 @@ void ButtonPalette::exitFocus() {
     UserControl_ExitFocus();
 }
 
-KeyRoute ButtonPalette::route(const KeyEvent& event) {
+KeyRoute ButtonPalette::preTranslate(const KeyEvent& event) {
     const bool wanted = (event.code == key::escape && panel_.visible()) ||
                         (event.code == key::enter && picDROPDOWNPANEL.walking());
-    return wanted && hasFocus() ? KeyRoute::child : Control::route(event);
+    return wanted && hasFocus() ? KeyRoute::child : Control::preTranslate(event);
 }
 
 void ButtonPalette::surfaceKeyDown(KeyEvent& event) {

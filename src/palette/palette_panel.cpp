@@ -253,9 +253,7 @@ void PalettePanel::paint(Canvas& canvas, const PixelRect& bounds) {
     const int32_t line = canvas.dpi().scaled(1);
     canvas.fillRect(bounds, colour(ground()));
     if (classic()) {
-        canvas.frameEdges(bounds, line, colour(SystemColour::light3d), colour(SystemColour::darkShadow3d));
-        canvas.frameEdges(bounds.inset(line), line, colour(SystemColour::buttonHighlight),
-                          colour(SystemColour::buttonShadow));
+        drawPanelEdges(platform(), canvas, bounds);
     } else {
         canvas.frameRect(bounds, line,
                          colour(platform().appearance().highContrast() ? SystemColour::windowText

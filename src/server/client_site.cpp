@@ -49,7 +49,7 @@ void ClientSite::focusChanged(bool inside) const {
     if (const auto site = as<IOleControlSite>()) site->OnFocus(inside ? TRUE : FALSE);
 }
 
-bool ClientSite::offerKey(const MSG& message) const {
+bool ClientSite::offerToContainer(const MSG& message) const {
     const auto site = as<IOleControlSite>();
     MSG offered = message;
     return site && site->TranslateAccelerator(&offered, keyModifiers()) == S_OK;

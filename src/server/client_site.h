@@ -29,7 +29,7 @@ public:
 
     void focusChanged(bool inside) const;
     // Whether the container used a key that the control does not want.
-    bool offerKey(const MSG& message) const;
+    bool offerToContainer(const MSG& message) const;
 
 private:
     ComPtr<IOleClientSite> site_;

@@ -145,7 +145,7 @@ void ControlObject::focusChanged(bool inside) {
     site_.focusChanged(inside);
 }
 
-bool ControlObject::offerKey(const KeyEvent& event) {
+bool ControlObject::offerToContainer(const KeyEvent& event) {
     const Hold hold(*this);
     MSG message{};
     message.hwnd = GetFocus();
@@ -156,7 +156,7 @@ bool ControlObject::offerKey(const KeyEvent& event) {
                          << 16 |
                      (event.repeated ? wasDown : 0) | 1;
     message.time = static_cast<DWORD>(GetMessageTime());
-    return site_.offerKey(message);
+    return site_.offerToContainer(message);
 }
 
 bool ControlObject::rightToLeft() {

@@ -63,7 +63,7 @@ private:
     FontRef ambientFont() override;
     void requestSize(Twips width, Twips height) override;
     void focusChanged(bool inside) override;
-    bool offerKey(const KeyEvent& event) override;
+    bool offerToContainer(const KeyEvent& event) override;
     bool rightToLeft() override;
     bool designMode() override;
     void accessKeysChanged() override;

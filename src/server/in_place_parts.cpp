@@ -79,7 +79,7 @@ HRESULT ActiveObjectPart::TranslateAccelerator(LPMSG message) {
                 DispatchMessageW(message);
                 return S_OK;
             case KeyRoute::container:
-                return object_.site().offerKey(*message) ? S_OK : S_FALSE;
+                return object_.site().offerToContainer(*message) ? S_OK : S_FALSE;
         }
         return S_FALSE;
     });

@@ -54,8 +54,7 @@ void UpDownTextBox::connectChildren() {
     on(txtUPDOWN.focusWent, [this] { checkRange(pattern()); });
     on(txtUPDOWN.wheelTurned, [this](const WheelEvent& event, bool& used) { used = udnCTRL.wheel(event); });
     on(txtUPDOWN.fontChanged, [this] {
-        // A host that changes the container's font in place has a font of its own from then on.
-        if (txtUPDOWN.font() == fontFromAmbient_) fontFromAmbient_.reset();
+        followedFont_.changed();
         cboHEIGHT.setFont(txtUPDOWN.font()->description());
         resize();
         PropertyChanged<&UpDownTextBox::Font>();
@@ -224,16 +223,12 @@ void UpDownTextBox::exitFocus() {
 }
 
 void UpDownTextBox::useAmbientFont(const FontRef& font) {
-    if (!fontFromAmbient_ || txtUPDOWN.font() != fontFromAmbient_) return;
-    const FontRef followed = std::exchange(fontFromAmbient_, nullptr);
-    followed->setDescription(font->description());
-    fontFromAmbient_ = followed;
+    followedFont_.follow(font, txtUPDOWN.font());
 }
 
 void UpDownTextBox::loadFont(const FontRef& font) {
     txtUPDOWN.setFont(font);
-    // A font that a bag holds differs from the container's, or it would not have been written.
-    if (font && font->description() == ambientFont()->description()) fontFromAmbient_ = font;
+    followedFont_.took(font, ambientFont());
 }
 
 void UpDownTextBox::keyDown(KeyEvent& event) {
@@ -300,14 +295,8 @@ Pattern UpDownTextBox::pattern() const {
     return allowDecpoint_ ? Pattern::onePlace : Pattern::whole;
 }
 
-void UpDownTextBox::raiseMouse(const Event<int16_t&, int16_t&, float&, float&>& event,
-                               const MouseEvent& mouse) {
-    int16_t mouseButton = mouse.button;
-    int16_t shiftState = mouse.shift;
-    const Dpi dpi = root().dpi();
-    auto x = static_cast<float>(dpi.toTwips(mouse.at.x).value);
-    auto y = static_cast<float>(dpi.toTwips(mouse.at.y).value);
-    event(mouseButton, shiftState, x, y);
+void UpDownTextBox::raiseMouse(const MouseRaised& event, const MouseEvent& mouse) {
+    MouseArguments::inTwips(mouse, root().dpi()).raise(event);
 }
 
 }  // namespace obk

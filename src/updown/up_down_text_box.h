@@ -3,6 +3,8 @@
 #pragma once
 
 #include "framework/control.h"
+#include "framework/followed_font.h"
+#include "framework/mouse_arguments.h"
 #include "updown/numeric_entry.h"
 #include "widgets/decoration.h"
 #include "widgets/spinner.h"
@@ -88,7 +90,7 @@ private:
     void loadEnabled(bool enabled) { udnCTRL.setEnabled(enabled); }
     void loadFont(const FontRef& font);
     numeric_entry::Pattern pattern() const;
-    void raiseMouse(const Event<int16_t&, int16_t&, float&, float&>& event, const MouseEvent& mouse);
+    void raiseMouse(const MouseRaised& event, const MouseEvent& mouse);
 
     Frame txtBORDER;
     Container picfraBOX;
@@ -101,7 +103,7 @@ private:
     // one.
     double interval_ = 0;
     bool allowDecpoint_ = false;
-    FontRef fontFromAmbient_;  // while it is the one shown, the container's changes are followed
+    FollowedFont followedFont_;
     std::vector<Connection> connections_;
 };
 

@@ -97,12 +97,12 @@ void CheckBox::focusLost() {
 
 KeyRoute CheckBox::preTranslate(const KeyEvent& event) {
     Surface* shownOn = surface();
-    return shownOn ? shownOn->route(event) : KeyRoute::child;
+    return shownOn ? shownOn->preTranslate(event) : KeyRoute::child;
 }
 
 bool CheckBox::offerToContainer(const KeyEvent& event) {
     Surface* shownOn = surface();
-    return shownOn && shownOn->offerChildKey(event);
+    return shownOn && shownOn->offerToContainer(event);
 }
 
 void CheckBox::checkPressed() {

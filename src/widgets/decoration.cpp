@@ -34,10 +34,7 @@ void Frame::paint(Canvas& canvas, const PixelRect& bounds) {
     const int32_t line = canvas.dpi().scaled(1);
     const bool highContrast = platform().appearance().highContrast();
     if (look_ == Look::classic && !highContrast) {
-        canvas.frameEdges(bounds, line, colour(SystemColour::buttonShadow),
-                          colour(SystemColour::buttonHighlight));
-        canvas.frameEdges(bounds.inset(line), line, colour(SystemColour::darkShadow3d),
-                          colour(SystemColour::light3d));
+        drawSunkenEdges(platform(), canvas, bounds);
         return;
     }
     // One line; the focus colours it, and high contrast keeps the full colours of the system.

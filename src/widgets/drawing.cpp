@@ -36,6 +36,37 @@ void drawCheckMark(Canvas& canvas, const PixelRect& square, Rgb colour) {
     canvas.fillPolygon(points, colour);
 }
 
+namespace {
+
+// Left and top, then right and bottom, of the outer line and of the inner one.
+void drawEdges(Platform& platform, Canvas& canvas, const PixelRect& rect,
+               const std::array<SystemColour, 4>& colours) {
+    const int32_t line = canvas.dpi().scaled(1);
+    const auto colour = [&](size_t at) { return systemRgb(platform, colours[at]); };
+    canvas.frameEdges(rect, line, colour(0), colour(1));
+    canvas.frameEdges(rect.inset(line), line, colour(2), colour(3));
+}
+
+}  // namespace
+
+void drawRaisedEdges(Platform& platform, Canvas& canvas, const PixelRect& rect) {
+    drawEdges(platform, canvas, rect,
+              {SystemColour::buttonHighlight, SystemColour::darkShadow3d, SystemColour::light3d,
+               SystemColour::buttonShadow});
+}
+
+void drawSunkenEdges(Platform& platform, Canvas& canvas, const PixelRect& rect) {
+    drawEdges(platform, canvas, rect,
+              {SystemColour::buttonShadow, SystemColour::buttonHighlight, SystemColour::darkShadow3d,
+               SystemColour::light3d});
+}
+
+void drawPanelEdges(Platform& platform, Canvas& canvas, const PixelRect& rect) {
+    drawEdges(platform, canvas, rect,
+              {SystemColour::light3d, SystemColour::darkShadow3d, SystemColour::buttonHighlight,
+               SystemColour::buttonShadow});
+}
+
 Rgb mixed(Rgb first, Rgb second, int32_t share) {
     const auto channel = [share](uint8_t one, uint8_t other) {
         return static_cast<uint8_t>(mixedChannel(one, other, share));

@@ -15,6 +15,12 @@ void drawArrow(Canvas& canvas, const PixelRect& rect, ArrowDirection direction, 
 // A check mark that fills a square, so that no font has to have it.
 void drawCheckMark(Canvas& canvas, const PixelRect& square, Rgb colour);
 
+// The edges of the classic look, two lines each: what stands out, such as a button that is not pressed; what
+// lies deeper, such as a field; and the border of a panel that lies above a window.
+void drawRaisedEdges(Platform& platform, Canvas& canvas, const PixelRect& rect);
+void drawSunkenEdges(Platform& platform, Canvas& canvas, const PixelRect& rect);
+void drawPanelEdges(Platform& platform, Canvas& canvas, const PixelRect& rect);
+
 // `share` (0 to 255) out of 255 of `first`, the rest of `second`.
 Rgb mixed(Rgb first, Rgb second, int32_t share);
 

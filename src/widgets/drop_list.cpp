@@ -80,10 +80,7 @@ void DropList::paint(Canvas& canvas, const PixelRect& bounds) {
     canvas.fillRect(bounds, highContrast ? colour(SystemColour::window) : rgb(backColour_));
     PixelRect arrow = bounds.inset(line);
     if (look_ == Look::classic && !highContrast) {
-        canvas.frameEdges(bounds, line, colour(SystemColour::buttonShadow),
-                          colour(SystemColour::buttonHighlight));
-        canvas.frameEdges(bounds.inset(line), line, colour(SystemColour::darkShadow3d),
-                          colour(SystemColour::light3d));
+        drawSunkenEdges(platform(), canvas, bounds);
         arrow = arrow.inset(line);
     } else {
         const Rgb accent = colour(SystemColour::highlight);

@@ -148,10 +148,7 @@ void ScrollBar::paintThumb(Canvas& canvas, const PixelRect& rect) const {
         canvas.frameRect(rect, line, colour(SystemColour::windowText));
     } else if (look_ == Look::classic) {
         canvas.fillRect(rect, colour(SystemColour::buttonFace));
-        canvas.frameEdges(rect, line, colour(SystemColour::buttonHighlight),
-                          colour(SystemColour::darkShadow3d));
-        canvas.frameEdges(rect.inset(line), line, colour(SystemColour::light3d),
-                          colour(SystemColour::buttonShadow));
+        drawRaisedEdges(platform(), canvas, rect);
     } else {
         const Rgb shadow = colour(SystemColour::buttonShadow);
         const Rgb resting = mixed(shadow, colour(SystemColour::buttonFace), 130);

@@ -122,16 +122,12 @@ void Spinner::mouse(const MouseEvent& event) {
 }
 
 bool Spinner::wheel(const WheelEvent& event) {
-    constexpr int32_t notch = 120;
     if (!AllowArrowKeys || !enabled() || event.horizontal) return false;
-    if ((event.delta > 0) != (wheelRest_ > 0)) wheelRest_ = 0;
-    wheelRest_ += std::clamp<int32_t>(event.delta, INT16_MIN, INT16_MAX);
+    wheel_.turn(event.delta);
     // A listener may turn the wheel again, disable the spinner or take the wheel from it between two notches.
-    while (std::abs(wheelRest_) >= notch) {
-        const Part part = wheelRest_ > 0 ? Part::up : Part::down;
-        wheelRest_ -= part == Part::up ? notch : -notch;
-        step(part);
-        if (!AllowArrowKeys || !enabled()) wheelRest_ = 0;
+    while (const int32_t notch = wheel_.take()) {
+        step(notch > 0 ? Part::up : Part::down);
+        if (!AllowArrowKeys || !enabled()) wheel_.forget();
     }
     return true;
 }

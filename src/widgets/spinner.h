@@ -4,6 +4,7 @@
 
 #include "base/event.h"
 #include "widgets/held_part.h"
+#include "widgets/wheel_notches.h"
 #include "widgets/widget.h"
 
 #include <optional>
@@ -53,7 +54,7 @@ private:
     Look look_ = Look::flat;
     HeldPart<Part> held_;
     std::optional<Part> hovered_;
-    int32_t wheelRest_ = 0;  // of fine-grained wheels, until it makes a notch
+    WheelNotches wheel_;
     Connection acted_;
 };
 

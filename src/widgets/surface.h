@@ -11,7 +11,7 @@ namespace obk {
 // Whoever a surface belongs to: a control, or the pop-up panel of one.
 class SurfaceOwner {
 public:
-    virtual KeyRoute route(const KeyEvent& event) = 0;
+    virtual KeyRoute preTranslate(const KeyEvent& event) = 0;
     virtual bool offerToContainer(const KeyEvent& event) = 0;
     // The focus is in the surface or its children, or is in none of them any more; told again and again.
     virtual void focusEntered() = 0;
@@ -74,8 +74,8 @@ public:
     void childFocusGained(Widget& child);
     // Before the child tells its own listeners: the control as a whole is left first.
     void childFocusLost(Widget& child);
-    KeyRoute route(const KeyEvent& event) { return owner_.route(event); }
-    bool offerChildKey(const KeyEvent& event) { return owner_.offerToContainer(event); }
+    KeyRoute preTranslate(const KeyEvent& event) override { return owner_.preTranslate(event); }
+    bool offerToContainer(const KeyEvent& event) override { return owner_.offerToContainer(event); }
 
 private:
     std::shared_ptr<void> keepAlive() override;
@@ -87,8 +87,6 @@ private:
     int16_t keyPress(int16_t character) override;
     void focusGained() override;
     void focusLost() override;
-    KeyRoute preTranslate(const KeyEvent& event) override { return owner_.route(event); }
-    bool offerToContainer(const KeyEvent& event) override { return owner_.offerToContainer(event); }
     void paint(Canvas& canvas, const PixelRect& dirty) override;
     void captureLost() override;
     bool takesDrop(PixelPoint at) override { return dropTarget(at) != nullptr; }

@@ -226,12 +226,12 @@ void TextBox::focusLost() {
 
 KeyRoute TextBox::preTranslate(const KeyEvent& event) {
     Surface* shownOn = surface();
-    return shownOn ? shownOn->route(event) : KeyRoute::child;
+    return shownOn ? shownOn->preTranslate(event) : KeyRoute::child;
 }
 
 bool TextBox::offerToContainer(const KeyEvent& event) {
     Surface* shownOn = surface();
-    return shownOn && shownOn->offerChildKey(event);
+    return shownOn && shownOn->offerToContainer(event);
 }
 
 void TextBox::textChanged(Text text) {

@@ -27,7 +27,7 @@ protected:
         EXPECT_TRUE(surface.open({SurfacePlacement::Kind::control, 1000, {0, 0, 300, 200}}));
         peer().paint();
     }
-    KeyRoute route(const KeyEvent&) override { return KeyRoute::child; }
+    KeyRoute preTranslate(const KeyEvent&) override { return KeyRoute::child; }
     bool offerToContainer(const KeyEvent&) override { return false; }
     void focusEntered() override {}
     void focusLeft() override {}

@@ -26,7 +26,7 @@ public:
     FontRef ambientFont() override { return font; }
     void requestSize(Twips width, Twips height) override;
     void focusChanged(bool inside) override { journal.push_back(inside ? "focus in" : "focus out"); }
-    bool offerKey(const KeyEvent& event) override;
+    bool offerToContainer(const KeyEvent& event) override;
     void viewChanged() override {}
     bool rightToLeft() override { return readsRightToLeft; }
     bool designMode() override { return designs; }

@@ -23,7 +23,7 @@ void JournalHost::requestSize(Twips width, Twips height) {
     if (onRequestSize) onRequestSize(width, height);
 }
 
-bool JournalHost::offerKey(const KeyEvent& event) {
+bool JournalHost::offerToContainer(const KeyEvent& event) {
     journal.push_back("offered " + std::to_string(event.code));
     return takesKeys;
 }

@@ -140,7 +140,7 @@ protected:
     FontRef ambientFont() override { return nullptr; }
     void requestSize(Twips, Twips) override {}
     void focusChanged(bool) override { hear("focus"); }
-    bool offerKey(const KeyEvent&) override { return below(4) == 0; }
+    bool offerToContainer(const KeyEvent&) override { return below(4) == 0; }
     void viewChanged() override {}
     bool designMode() override { return designs_; }
 

@@ -45,7 +45,7 @@ protected:
         bar.setRange({100, 20, 0});
         EXPECT_TRUE(surface.open({SurfacePlacement::Kind::control, 1000, {0, 0, 100, 134}}));
     }
-    KeyRoute route(const KeyEvent&) override { return KeyRoute::child; }
+    KeyRoute preTranslate(const KeyEvent&) override { return KeyRoute::child; }
     bool offerToContainer(const KeyEvent&) override { return false; }
     void focusEntered() override {}
     void focusLeft() override {}

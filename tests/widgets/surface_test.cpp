@@ -64,7 +64,7 @@ protected:
         c.move({{150}, {150}, {900}, {900}});
         EXPECT_TRUE(surface.open({SurfacePlacement::Kind::control, 1000, {0, 0, 100, 60}}));
     }
-    KeyRoute route(const KeyEvent&) override { return KeyRoute::child; }
+    KeyRoute preTranslate(const KeyEvent&) override { return KeyRoute::child; }
     bool offerToContainer(const KeyEvent&) override { return false; }
     void focusEntered() override { journal.push_back("entered"); }
     void focusLeft() override { journal.push_back("left"); }

@@ -213,8 +213,8 @@ LRESULT ClientWindow::handle(const Message& message) {
 LRESULT ClientWindow::keyDown(const Message& message) {
     discardCharacter_ = false;
     if (!listening()) return defaultFor(message);
-    const auto ask = [this](const KeyEvent& event) { return client_->preTranslate(event); };
-    const KeyRouter::Delivered delivered = environment_->keys().deliver(asMsg(message), ask);
+    const auto preTranslate = [this](const KeyEvent& event) { return client_->preTranslate(event); };
+    const KeyRouter::Delivered delivered = environment_->keys().deliver(asMsg(message), preTranslate);
     KeyEvent event = keyEvent(message.wParam, message.lParam);
     bool used = delivered.route == KeyRoute::handled;
     if (delivered.route == KeyRoute::container && !delivered.offered && listening())
@@ -268,8 +268,8 @@ LRESULT ClientWindow::dialogCode(const Message& message) {
     const auto* asked = reinterpret_cast<const MSG*>(message.lParam);
     LRESULT wanted = DLGC_WANTCHARS | DLGC_WANTARROWS | (defaultFor(message) & DLGC_HASSETSEL);
     if (!asked || !isKeyDown(asked->message) || !listening()) return wanted;
-    const auto ask = [this](const KeyEvent& event) { return client_->preTranslate(event); };
-    const KeyRoute route = environment_->keys().routeFromDialog(*asked, ask);
+    const auto preTranslate = [this](const KeyEvent& event) { return client_->preTranslate(event); };
+    const KeyRoute route = environment_->keys().routeFromDialog(*asked, preTranslate);
     if (route != KeyRoute::container) return wanted | DLGC_WANTMESSAGE;
     return wanted & ~DLGC_WANTARROWS;
 }

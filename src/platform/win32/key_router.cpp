@@ -26,10 +26,10 @@ bool KeyRouter::answered(const MSG& message) const {
            known.lParam == message.lParam && known.time == message.time;
 }
 
-KeyRoute KeyRouter::route(const MSG& message, const Ask& ask, bool byHost) {
+KeyRoute KeyRouter::route(const MSG& message, const PreTranslate& preTranslate, bool byHost) {
     if (!answered(message)) {
         answer_.reset();
-        const KeyRoute route = ask(keyEvent(message.wParam, message.lParam));
+        const KeyRoute route = preTranslate(keyEvent(message.wParam, message.lParam));
         // Asking may have run a message loop that put another key here.
         answer_ = Answer{message, {route, false}};
     }
@@ -37,13 +37,13 @@ KeyRoute KeyRouter::route(const MSG& message, const Ask& ask, bool byHost) {
     return answer_->delivered.route;
 }
 
-KeyRouter::Delivered KeyRouter::deliver(const MSG& message, const Ask& ask) {
+KeyRouter::Delivered KeyRouter::deliver(const MSG& message, const PreTranslate& preTranslate) {
     if (answered(message)) {
         const Delivered delivered = answer_->delivered;
         answer_.reset();
         return delivered;
     }
-    return {ask(keyEvent(message.wParam, message.lParam)), false};
+    return {preTranslate(keyEvent(message.wParam, message.lParam)), false};
 }
 
 }  // namespace obk::win32

@@ -19,27 +19,31 @@ int16_t shiftState();
 // asks the control; its answer waits for the others.
 class KeyRouter {
 public:
-    using Ask = std::function<KeyRoute(const KeyEvent&)>;
+    using PreTranslate = std::function<KeyRoute(const KeyEvent&)>;
 
     // For the host's loop (its call of TranslateAccelerator): a key which the control does not want is the
     // host's to use from here on, and its window does not offer it again.
-    KeyRoute routeFromHost(const MSG& message, const Ask& ask) { return route(message, ask, true); }
+    KeyRoute routeFromHost(const MSG& message, const PreTranslate& preTranslate) {
+        return route(message, preTranslate, true);
+    }
     // For a dialog that asks what the window wants.
-    KeyRoute routeFromDialog(const MSG& message, const Ask& ask) { return route(message, ask, false); }
+    KeyRoute routeFromDialog(const MSG& message, const PreTranslate& preTranslate) {
+        return route(message, preTranslate, false);
+    }
 
     struct Delivered {
         KeyRoute route = KeyRoute::child;
         bool offered = false;  // the host has seen that the control does not want it
     };
     // For the window that got the message.
-    Delivered deliver(const MSG& message, const Ask& ask);
+    Delivered deliver(const MSG& message, const PreTranslate& preTranslate);
 
 private:
     struct Answer {
         MSG message{};
         Delivered delivered;
     };
-    KeyRoute route(const MSG& message, const Ask& ask, bool byHost);
+    KeyRoute route(const MSG& message, const PreTranslate& preTranslate, bool byHost);
     bool answered(const MSG& message) const;
 
     std::optional<Answer> answer_;
