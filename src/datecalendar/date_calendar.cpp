@@ -100,8 +100,8 @@ void DateCalendar::connectChildren() {
     on(picfraICON.menuAsked, menuAsked(picfraICON));
     on(picfraICON.mouseReported, [this](const MouseEvent& event) { iconMouse(event); });
     on(picfraICON.captureTaken, [this] {
-        pressed_ = false;
-        mouseHeld_ = false;
+        drop_.pressed = false;
+        drop_.mouseHeld = false;
         showIcon();
     });
 }
@@ -160,7 +160,7 @@ void DateCalendar::SetFont(const FontRef& Font) {
 }
 
 void DateCalendar::SetPopupEnabled(bool PopupEnabled) {
-    popupEnabled_ = PopupEnabled;
+    drop_.popupEnabled = PopupEnabled;
     PropertyChanged<&DateCalendar::PopupEnabled>();
 }
 
@@ -180,13 +180,13 @@ void DateCalendar::HidePopUp() {
         picDROPDOWNPANEL.rest();
         showIcon();
     }
-    mouseHeld_ = false;
+    drop_.mouseHeld = false;
     attempt([&] { FocusHidden(); });
 }
 
 void DateCalendar::ShowPopUp() {
     if (panel_.visible()) return;
-    if (!popupEnabled_) {
+    if (!drop_.popupEnabled) {
         attempt([&] { PopUp(); });
         return;
     }
@@ -196,7 +196,7 @@ void DateCalendar::ShowPopUp() {
         const auto date = dateFromText(trimmed(strDATETEXT).substr(weekdayAndBlank));
         picDROPDOWNPANEL.showDate(date.value());
     });
-    panel_.show(picDROPDOWNPANEL.size(panel_.dpi()), positionDefault_ ? PopUpSide::below : PopUpSide::above);
+    panel_.show(picDROPDOWNPANEL.size(panel_.dpi()), drop_.firstSide());
     showIcon();
 }
 
@@ -204,24 +204,21 @@ void DateCalendar::UserControl_Click() {
     if (!Enabled()) return;
     if (panel_.visible())
         HidePopUp();
-    else if (popupEnabled_)
+    else if (drop_.popupEnabled)
         ShowPopUp();
     attempt([&] { PopUp(); });
     attempt([&] { Click(); });
-    mouseOver_ = true;
+    drop_.mouseOver = true;
 }
 
 void DateCalendar::UserControl_ExitFocus() {
-    mouseHeld_ = false;
-    attempt([&] { FocusLost(); });
-    MouseArguments nowhere{button::left};
-    attempt([&] { nowhere.raise(MouseUp); });
+    drop_.leave(FocusLost, MouseUp);
 }
 
 void DateCalendar::UserControlMouseOut(int16_t& Button, int16_t& Shift, float& X, float& Y) {
     // The capture of the mouse, by which such a control would see it leave, would keep the text box from its
     // own mouse; the window system tells of the leaving instead.
-    mouseOver_ =
+    drop_.mouseOver =
         !(X < 0 || X > static_cast<float>(width().value) || Y < 0 || Y > static_cast<float>(height().value));
     attempt([&] { MouseOut(Button, Shift, X, Y); });
 }
@@ -342,7 +339,7 @@ void DateCalendar::iconMouse(const MouseEvent& event) {
         case MouseEvent::Kind::down:
         case MouseEvent::Kind::doubleClick:
             if (event.button == button::left) {
-                pressed_ = true;
+                drop_.pressed = true;
                 if (shownOn) shownOn->capture(picfraICON);
                 txtfraBORDER.takeFocus();
                 showIcon();
@@ -352,9 +349,9 @@ void DateCalendar::iconMouse(const MouseEvent& event) {
             break;
         case MouseEvent::Kind::up: {
             const PixelRect own = picfraICON.pixelBounds();
-            const bool click = pressed_ && event.button == button::left &&
+            const bool click = drop_.pressed && event.button == button::left &&
                                PixelRect{0, 0, own.width(), own.height()}.contains(event.at);
-            if (event.button == button::left) pressed_ = false;
+            if (event.button == button::left) drop_.pressed = false;
             if (shownOn) shownOn->releaseCapture(picfraICON);
             showIcon();
             release(picfraICON, event);
@@ -374,17 +371,17 @@ void DateCalendar::iconMouse(const MouseEvent& event) {
 }
 
 void DateCalendar::press(const Widget& on, const MouseEvent& event) {
-    mouseHeld_ = event.button != button::right;
+    drop_.mouseHeld = event.button != button::right;
     raiseMouse(MouseDown, on, event);
 }
 
 void DateCalendar::release(const Widget& on, const MouseEvent& event) {
-    mouseHeld_ = false;
+    drop_.mouseHeld = false;
     raiseMouse(MouseUp, on, event);
 }
 
 void DateCalendar::moveMouse(const Widget& on, const MouseEvent& event) {
-    if (!mouseHeld_) {
+    if (!drop_.mouseHeld) {
         MouseArguments at = MouseArguments::inTwips(event, on, root());
         UserControlMouseOut(at.Button, at.Shift, at.X, at.Y);
     }
@@ -392,7 +389,7 @@ void DateCalendar::moveMouse(const Widget& on, const MouseEvent& event) {
 }
 
 void DateCalendar::leaveMouse() {
-    if (!mouseOver_ || mouseHeld_) return;
+    if (!drop_.mouseOver || drop_.mouseHeld) return;
     MouseArguments outside{0, 0, -1, -1};
     UserControlMouseOut(outside.Button, outside.Shift, outside.X, outside.Y);
 }
@@ -403,7 +400,7 @@ void DateCalendar::raiseMouse(const MouseRaised& event, const Widget& on, const 
 }
 
 void DateCalendar::showIcon() {
-    picfraICON.setPressed(pressed_ || panel_.visible());
+    picfraICON.setPressed(drop_.pressed || panel_.visible());
 }
 
 }  // namespace obk

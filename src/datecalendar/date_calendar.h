@@ -5,6 +5,7 @@
 #include "datecalendar/calendar_icon.h"
 #include "datecalendar/calendar_panel.h"
 #include "framework/control.h"
+#include "framework/drop_down_state.h"
 #include "framework/followed_font.h"
 #include "framework/mouse_arguments.h"
 #include "framework/pop_up_panel.h"
@@ -23,20 +24,20 @@ public:
     // Properties; what they mean stands in the table.
     OleColour BackColor() const { return txtfraBORDER.backColour(); }
     void SetBackColor(OleColour BackColor);
-    bool bMOUSEPOSLOC() const { return mouseOver_; }
-    void SetbMOUSEPOSLOC(bool bMOUSEPOSLOC) { mouseOver_ = bMOUSEPOSLOC; }
+    bool bMOUSEPOSLOC() const { return drop_.mouseOver; }
+    void SetbMOUSEPOSLOC(bool bMOUSEPOSLOC) { drop_.mouseOver = bMOUSEPOSLOC; }
     int32_t BorderStyle() const { return fraBORDER.borderStyle(); }
     void SetBorderStyle(int32_t BorderStyle);
-    bool bPOSITIONDEFAULT() const { return positionDefault_; }
-    void SetbPOSITIONDEFAULT(bool bPOSITIONDEFAULT) { positionDefault_ = bPOSITIONDEFAULT; }
+    bool bPOSITIONDEFAULT() const { return drop_.positionDefault; }
+    void SetbPOSITIONDEFAULT(bool bPOSITIONDEFAULT) { drop_.positionDefault = bPOSITIONDEFAULT; }
     bool Enabled() const { return txtfraBORDER.enabled(); }
     void SetEnabled(bool Enabled);
     FontRef Font() const { return txtfraBORDER.font(); }
     void SetFont(const FontRef& Font);
     int32_t hWnd() { return static_cast<int32_t>(window()); }
-    bool MousePosn() const { return mouseOver_; }
-    void SetMousePosn(bool MousePosn) { mouseOver_ = MousePosn; }
-    bool PopupEnabled() const { return popupEnabled_; }
+    bool MousePosn() const { return drop_.mouseOver; }
+    void SetMousePosn(bool MousePosn) { drop_.mouseOver = MousePosn; }
+    bool PopupEnabled() const { return drop_.popupEnabled; }
     void SetPopupEnabled(bool PopupEnabled);
     obk::Text Text() const;
     void SetText(const obk::Text& Text);
@@ -112,14 +113,10 @@ private:
     PopUpPanel panel_;
     CalendarPanel picDROPDOWNPANEL;
 
-    bool popupEnabled_ = true;
-    bool positionDefault_ = true;
     bool focusRect_ = true;
+    DropDownState drop_;
     obk::Text toolTip_;
     FollowedFont followedFont_;
-    bool mouseHeld_ = false;  // a mouse button is down on the field: no hover tracking
-    bool mouseOver_ = false;
-    bool pressed_ = false;  // since a press on the icon, until its release
     std::vector<Connection> connections_;
 };
 

@@ -43,7 +43,7 @@ void ButtonPalette::initialize() {
     showBackground();
     resize();
     // So the first hover is not tracked: only a release, a hiding or the focus going sets it free.
-    mouseHeld_ = true;
+    drop_.mouseHeld = true;
 }
 
 void ButtonPalette::initProperties() {
@@ -53,7 +53,7 @@ void ButtonPalette::initProperties() {
     };
     setSize({1125}, height());
     setSize(width(), {345});
-    positionDefault_ = true;
+    drop_.positionDefault = true;
     cmdMAINBTN.state.showsFocus = true;
     buttonType_ = 1;
     backColor_ = systemColour(SystemColour::buttonFace);
@@ -79,7 +79,7 @@ void ButtonPalette::connectChildren() {
     };
     on(cmdMAINBTN.mouseReported, [this](const MouseEvent& event) { buttonMouse(event); });
     on(cmdMAINBTN.captureTaken, [this] {
-        pressed_ = false;
+        drop_.pressed = false;
         cmdMAINBTN.state.hot = false;
         refresh();
     });
@@ -112,11 +112,11 @@ void ButtonPalette::SetBackcolorCustom(bool BackcolorCustom) {
 }
 
 void ButtonPalette::SetbMOUSEPOSLOC(bool bMOUSEPOSLOC) {
-    mouseOver_ = bMOUSEPOSLOC;
+    drop_.mouseOver = bMOUSEPOSLOC;
 }
 
 void ButtonPalette::SetbPOSITIONDEFAULT(bool bPOSITIONDEFAULT) {
-    positionDefault_ = bPOSITIONDEFAULT;
+    drop_.positionDefault = bPOSITIONDEFAULT;
 }
 
 void ButtonPalette::SetButtonType(int32_t ButtonType) {
@@ -143,7 +143,7 @@ void ButtonPalette::SetEnabled(bool Enabled) {
     cmdMAINBTN.setEnabled(Enabled);
     barPALETTE.setEnabled(Enabled);
     if (!Enabled) {
-        pressed_ = false;
+        drop_.pressed = false;
         cmdMAINBTN.state.hot = false;
         releaseOwnCapture();
     }
@@ -177,12 +177,12 @@ void ButtonPalette::SetMaskHLightColor(OleColour MaskHLightColor) {
 }
 
 void ButtonPalette::SetMousePosn(bool MousePosn) {
-    mouseOver_ = MousePosn;
+    drop_.mouseOver = MousePosn;
 }
 
 void ButtonPalette::SetPalette(int32_t Palette) {
     loadPalette(Palette);
-    if (panel_.visible()) panel_.resize(picDROPDOWNPANEL.layOut(panel_.dpi()), firstSide());
+    if (panel_.visible()) panel_.resize(picDROPDOWNPANEL.layOut(panel_.dpi()), drop_.firstSide());
     PropertyChanged<&ButtonPalette::Palette>();
 }
 
@@ -205,7 +205,7 @@ void ButtonPalette::SetPictureVisible(bool PictureVisible) {
 }
 
 void ButtonPalette::SetPopupEnabled(bool PopupEnabled) {
-    popupEnabled_ = PopupEnabled;
+    drop_.popupEnabled = PopupEnabled;
     PropertyChanged<&ButtonPalette::PopupEnabled>();
 }
 
@@ -222,7 +222,7 @@ void ButtonPalette::HidePopUp() {
         cTIMER.SetEnabled(false);
         refresh();
     }
-    mouseHeld_ = false;
+    drop_.mouseHeld = false;
     attempt([&] { FocusHidden(); });
 }
 
@@ -240,7 +240,7 @@ void ButtonPalette::ShowPopUp() {
     picDROPDOWNPANEL.endWalk();
     const PixelSize size = picDROPDOWNPANEL.layOut(panel_.dpi());
     cmdMAINBTN.state.hot = false;
-    panel_.show(size, firstSide());
+    panel_.show(size, drop_.firstSide());
     refresh();
 }
 
@@ -283,7 +283,7 @@ void ButtonPalette::loadPalette(int32_t palette) {
 }
 
 void ButtonPalette::refresh() {
-    cmdMAINBTN.state.pressed = pressed_ || panel_.visible();
+    cmdMAINBTN.state.pressed = drop_.pressed || panel_.visible();
     barPALETTE.setAmbientBackColour(cmdMAINBTN.ground());
     cmdMAINBTN.show();
 }

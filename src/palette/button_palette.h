@@ -2,6 +2,7 @@
 #pragma once
 
 #include "framework/control.h"
+#include "framework/drop_down_state.h"
 #include "framework/followed_font.h"
 #include "framework/hosted_control.h"
 #include "framework/kxlib_timer.h"
@@ -28,9 +29,9 @@ public:
     void SetBackColor(OleColour BackColor);
     bool BackcolorCustom() const { return backcolorCustom_; }
     void SetBackcolorCustom(bool BackcolorCustom);
-    bool bMOUSEPOSLOC() const { return mouseOver_; }
+    bool bMOUSEPOSLOC() const { return drop_.mouseOver; }
     void SetbMOUSEPOSLOC(bool bMOUSEPOSLOC);
-    bool bPOSITIONDEFAULT() const { return positionDefault_; }
+    bool bPOSITIONDEFAULT() const { return drop_.positionDefault; }
     void SetbPOSITIONDEFAULT(bool bPOSITIONDEFAULT);
     int32_t ButtonType() const { return buttonType_; }
     void SetButtonType(int32_t ButtonType);
@@ -49,7 +50,7 @@ public:
     int32_t hWnd() { return static_cast<int32_t>(window()); }
     OleColour MaskHLightColor() const { return cmdMAINBTN.state.mask; }
     void SetMaskHLightColor(OleColour MaskHLightColor);
-    bool MousePosn() const { return mouseOver_; }
+    bool MousePosn() const { return drop_.mouseOver; }
     void SetMousePosn(bool MousePosn);
     int32_t Palette() const { return static_cast<int32_t>(picDROPDOWNPANEL.kind()); }
     void SetPalette(int32_t Palette);
@@ -59,7 +60,7 @@ public:
     void SetPictureDisabled(const PictureRef& PictureDisabled);
     bool PictureVisible() const { return cmdMAINBTN.state.showsPicture; }
     void SetPictureVisible(bool PictureVisible);
-    bool PopupEnabled() const { return popupEnabled_; }
+    bool PopupEnabled() const { return drop_.popupEnabled; }
     void SetPopupEnabled(bool PopupEnabled);
     bool ShowButtonColor() const { return cmdMAINBTN.state.showsSwatch; }
     void SetShowButtonColor(bool ShowButtonColor);
@@ -113,7 +114,6 @@ private:
     void activeChanged();
     void chosen(PaletteChoice::Outcome outcome);
     void chooseCustomColour();
-    PopUpSide firstSide() const { return positionDefault_ ? PopUpSide::below : PopUpSide::above; }
 
     ButtonFace cmdMAINBTN;
     Hosted<ButtonArrow> barPALETTE;
@@ -125,14 +125,10 @@ private:
     OleColour backColor_{SystemColour::buttonFace};
     bool backcolorCustom_ = false;
     int32_t buttonType_ = 1;
-    bool popupEnabled_ = true;
-    bool positionDefault_ = true;
+    DropDownState drop_;
     obk::Text toolTip_;
     FollowedFont followedFont_;
 
-    bool mouseHeld_ = false;  // a mouse button is down on the button: no hover tracking
-    bool mouseOver_ = false;
-    bool pressed_ = false;  // since a press on the button, until its release
     int16_t lastButton_ = button::left;
     int16_t lastKeyDown_ = 0;
     std::vector<Connection> connections_;

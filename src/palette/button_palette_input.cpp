@@ -6,7 +6,7 @@ namespace obk {
 
 void ButtonPalette::UserControl_Click() {
     if (lastButton_ == button::left && Enabled()) {
-        if (popupEnabled_) {
+        if (drop_.popupEnabled) {
             if (panel_.visible())
                 HidePopUp();
             else
@@ -18,15 +18,12 @@ void ButtonPalette::UserControl_Click() {
         attempt([&] { Click(); });
     }
     releaseOwnCapture();
-    mouseOver_ = true;
+    drop_.mouseOver = true;
     refresh();
 }
 
 void ButtonPalette::UserControl_ExitFocus() {
-    mouseHeld_ = false;
-    attempt([&] { FocusLost(); });
-    MouseArguments nowhere{button::left};
-    attempt([&] { nowhere.raise(MouseUp); });
+    drop_.leave(FocusLost, MouseUp);
 }
 
 void ButtonPalette::UserControlMouseOut(int16_t& Button, int16_t& Shift, float& X, float& Y) {
@@ -35,7 +32,7 @@ void ButtonPalette::UserControlMouseOut(int16_t& Button, int16_t& Shift, float& 
     const auto bottom = static_cast<float>(dpi.toPixels(height()));
     // A condition that cannot be computed is false: no place at all is not outside.
     if (X < 0 || X > right || Y < 0 || Y > bottom) {
-        mouseOver_ = false;
+        drop_.mouseOver = false;
         cmdMAINBTN.state.hot = false;
         releaseOwnCapture();
         refresh();
@@ -45,7 +42,7 @@ void ButtonPalette::UserControlMouseOut(int16_t& Button, int16_t& Shift, float& 
         // An open panel keeps the mouse: it has to see the press that closes it.
         Surface* shownOn = cmdMAINBTN.surface();
         if (shownOn && Enabled() && !panel_.visible()) shownOn->capture(cmdMAINBTN);
-        mouseOver_ = true;
+        drop_.mouseOver = true;
     }
     attempt([&] { MouseOut(Button, Shift, X, Y); });
 }
@@ -111,7 +108,7 @@ void ButtonPalette::buttonMouse(const MouseEvent& event) {
     int16_t shiftState = event.shift;
     switch (event.kind) {
         case MouseEvent::Kind::down:
-            pressed_ = event.button == button::left;
+            drop_.pressed = event.button == button::left;
             if (shownOn) shownOn->capture(cmdMAINBTN);
             if (event.button == button::left) cmdMAINBTN.takeFocus();
             refresh();
@@ -122,8 +119,8 @@ void ButtonPalette::buttonMouse(const MouseEvent& event) {
             const bool inside = cmdMAINBTN.surface() && cmdMAINBTN.hitTest(event.at) != nullptr;
             const bool ofThisButton = event.button == lastButton_ && cmdMAINBTN.surface() &&
                                       cmdMAINBTN.surface()->captured(cmdMAINBTN);
-            const bool clicked = inside && ofThisButton && (pressed_ || event.button != button::left);
-            pressed_ = false;
+            const bool clicked = inside && ofThisButton && (drop_.pressed || event.button != button::left);
+            drop_.pressed = false;
             releaseOwnCapture();
             refresh();
             release(mouseButton, shiftState, x, y);
@@ -136,12 +133,12 @@ void ButtonPalette::buttonMouse(const MouseEvent& event) {
                 cmdMAINBTN.state.hot = true;
                 refresh();
             }
-            if (!mouseHeld_) UserControlMouseOut(mouseButton, shiftState, x, y);
+            if (!drop_.mouseHeld) UserControlMouseOut(mouseButton, shiftState, x, y);
             attempt([&] { MouseMove(mouseButton, shiftState, x, y); });
             break;
         case MouseEvent::Kind::doubleClick:
             if (lastButton_ == button::left) {
-                pressed_ = event.button == button::left;
+                drop_.pressed = event.button == button::left;
                 if (shownOn) shownOn->capture(cmdMAINBTN);
                 refresh();
                 press(button::left, 0, 1, 1);
@@ -157,12 +154,12 @@ void ButtonPalette::buttonMouse(const MouseEvent& event) {
 
 void ButtonPalette::press(int16_t mouseButton, int16_t shift, float x, float y) {
     lastButton_ = mouseButton;
-    mouseHeld_ = mouseButton != button::right;
+    drop_.mouseHeld = mouseButton != button::right;
     attempt([&] { MouseDown(mouseButton, shift, x, y); });
 }
 
 void ButtonPalette::release(int16_t mouseButton, int16_t shift, float x, float y) {
-    mouseHeld_ = false;
+    drop_.mouseHeld = false;
     attempt([&] { MouseUp(mouseButton, shift, x, y); });
 }
 
