@@ -48,6 +48,7 @@ const ControlTable& DateCalendar::memberTable() {
                                              {u"Button", u"Shift", u"X", u"Y"})
 
             .event<&C::Change>(1, u"Change", u"Never raised")
+            .neverRaised()
             .event<&C::Click>(2, u"Click", u"The field was clicked")
             .event<&C::DateUpdated>(3, u"DateUpdated",
                                     u"The user changed the date, or ended the editing of its text")
@@ -58,6 +59,7 @@ const ControlTable& DateCalendar::memberTable() {
                                 u"A key went down; it has had its effect on the calendar already",
                                 {u"KeyCode", u"Shift"})
             .event<&C::KeyPress>(8, u"KeyPress", u"Never raised", {u"KeyAscii"})
+            .neverRaised()
             .event<&C::KeyUp>(9, u"KeyUp", u"A key was released", {u"KeyCode", u"Shift"})
             .event<&C::MouseDown>(10, u"MouseDown", u"A mouse button went down on the field",
                                   {u"Button", u"Shift", u"X", u"Y"})

@@ -93,14 +93,21 @@ void ControlTable::indexNotifications() {
     }
 }
 
-void ControlTable::overrideNotification(int32_t number, Text persistedName) {
-    overrides_.push_back({number, std::move(persistedName)});
-}
-
 void ControlTable::complete() {
     const auto ascending = [](const Member& left, const Member& right) { return left.number < right.number; };
     std::sort(members.begin(), members.end(), ascending);
     std::sort(events.begin(), events.end(), ascending);
+    for (PersistedValue& value : persisted) value.property = memberByToken(value.token);
+    if (saved.empty()) {
+        for (size_t position = 0; position < persisted.size(); ++position) {
+            if (persisted[position].get) saved.push_back(position);
+        }
+    }
+    indexNames();
+    indexNotifications();
+}
+
+void ControlTable::indexNames() {
     names_.assign(std::bit_ceil(members.size() * 2 + 1), {0, 0});
     const size_t mask = names_.size() - 1;
     for (size_t position = 0; position < members.size(); ++position) {

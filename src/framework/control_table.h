@@ -13,8 +13,11 @@ namespace obk {
 
 class Platform;
 
+// Made by a TableBuilder, complete and checked; nothing changes it afterwards.
 class ControlTable {
 public:
+    ControlTable(ControlTable&&) = default;
+
     Text name;  // "UpDownTextBox"; the programmatic identifier is made from it
     Text help;
     Guid classId, interfaceId, eventInterfaceId;
@@ -43,13 +46,16 @@ public:
     // called often. Null for a token of no property.
     const Member* notifiedByToken(const void* token) const;
 
-    // Finishes a table: sorts, links persisted values to their properties, builds the indexes.
-    void complete();
-    void overrideNotification(int32_t number, Text name);
-    // The last step, after persisted values and overrides.
-    void indexNotifications();
+    // What is wrong with the rows: nothing, or a class that must not be offered to hosts.
+    std::vector<Text> faults;
 
 private:
+    friend class TableRows;
+    ControlTable() = default;
+    void complete();
+    void indexNames();
+    void indexNotifications();
+
     struct NameIndex {
         uint32_t hash;
         uint32_t position;

@@ -32,8 +32,8 @@ struct Enumeration {
 struct Parameter {
     Text name;
     ValueType type = ValueType::empty;
-    bool byReference = false;    // what the callee changes, the caller sees
-    std::optional<Value> usual;  // of an argument that may be left out, as may all after it
+    bool byReference = false;           // what the callee changes, the caller sees
+    std::optional<Value> defaultValue;  // of an argument that may be left out, as may all after it
 };
 
 enum class MemberKind : uint8_t { property, method, event };
@@ -48,6 +48,7 @@ struct Member {
     ValueType type = ValueType::empty;         // of a property's value or a method's result; empty: no result
     const Enumeration* enumeration = nullptr;  // the values of a longInteger that has names
     std::vector<Parameter> parameters;
+    bool neverRaised = false;     // an event that hosts know and that nothing raises
     bool putByReference = false;  // a font or picture, which hosts put with "Set" as well
     const void* token = nullptr;  // which C++ member this is; see memberToken
 

@@ -6,7 +6,7 @@
 #include "framework/value_type_of.h"
 
 #include <array>
-#include <initializer_list>
+#include <iterator>
 #include <tuple>
 #include <type_traits>
 #include <utility>
@@ -16,11 +16,15 @@ namespace obk {
 // An argument's name, and the value that it has where a host leaves it out.
 struct ParameterName {
     ParameterName(const char16_t* own) : name(own) {}
-    ParameterName(const char16_t* own, Value usually) : name(own), usual(std::move(usually)) {}
+    ParameterName(const char16_t* own, Value otherwise) : name(own), defaultValue(std::move(otherwise)) {}
 
     TextView name;
-    std::optional<Value> usual;
+    std::optional<Value> defaultValue;
 };
+
+// As many names as a member has parameters; the compiler counts them.
+template <size_t Count>
+using ParameterNames = const ParameterName (&)[Count];
 
 namespace detail {
 
@@ -28,20 +32,28 @@ template <typename T>
 Parameter parameterOf(const ParameterName& name) {
     constexpr bool byReference =
         std::is_lvalue_reference_v<T> && !std::is_const_v<std::remove_reference_t<T>>;
-    return {Text(name.name), valueTypeOf<T>(), byReference, name.usual};
+    return {Text(name.name), valueTypeOf<T>(), byReference, name.defaultValue};
 }
 
 template <typename... Arguments>
-std::vector<Parameter> parametersOf(std::initializer_list<ParameterName> names) {
-    auto name = names.begin();
+std::vector<Parameter> parametersOf() {
+    static_assert(sizeof...(Arguments) == 0, "the parameters of this member have no names");
+    return {};
+}
+
+template <typename... Arguments, size_t Count>
+std::vector<Parameter> parametersOf(ParameterNames<Count> names) {
+    static_assert(sizeof...(Arguments) == Count, "each parameter has one name");
+    auto name = std::begin(names);
     return {parameterOf<Arguments>(*name++)...};
 }
 
 template <auto Function, typename C, typename Result, typename... Arguments>
 struct MethodOf {
     static constexpr ValueType resultType = valueTypeOf<Result>();
-    static std::vector<Parameter> parameters(std::initializer_list<ParameterName> names) {
-        return parametersOf<Arguments...>(names);
+    template <typename... Names>
+    static std::vector<Parameter> parameters(const Names&... names) {
+        return parametersOf<Arguments...>(names...);
     }
     static void call(Control& control, std::span<Value> arguments, Value& result) {
         invoke(static_cast<C&>(control), arguments, result, std::index_sequence_for<Arguments...>());
@@ -100,8 +112,9 @@ struct EventRow;
 
 template <typename C, typename... Arguments, Event<Arguments...> C::*Field>
 struct EventRow<C, Field> {
-    static std::vector<Parameter> parameters(std::initializer_list<ParameterName> names) {
-        return parametersOf<Arguments...>(names);
+    template <typename... Names>
+    static std::vector<Parameter> parameters(const Names&... names) {
+        return parametersOf<Arguments...>(names...);
     }
     static Connection connect(Control& control, std::function<void(std::span<Value>)> raise) {
         return (static_cast<C&>(control).*Field).connect([raise = std::move(raise)](Arguments... arguments) {

@@ -30,8 +30,9 @@ CallStatus callMethod(Control& control, const Member& member, std::span<Value> a
     attempt([&] {
         for (size_t at = 0; at < arguments.size(); ++at) {
             const Parameter& parameter = member.parameters[at];
-            const bool leftOut = typeOf(arguments[at]) == ValueType::empty && parameter.usual;
-            std::optional<Value> own = converted(leftOut ? *parameter.usual : arguments[at], parameter.type);
+            const bool leftOut = typeOf(arguments[at]) == ValueType::empty && parameter.defaultValue;
+            std::optional<Value> own =
+                converted(leftOut ? *parameter.defaultValue : arguments[at], parameter.type);
             if (!own) {
                 status = CallStatus::wrongArgumentType;
                 return;

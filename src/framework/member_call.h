@@ -9,7 +9,7 @@ namespace obk {
 enum class CallStatus : uint8_t { done, noSuchMember, wrongArgumentCount, wrongArgumentType };
 
 // Arguments come in the declared order and are converted by the rules of Value; one that is an empty value
-// counts as left out and takes its usual value, or its type's zero. Never throws.
+// counts as left out and takes its default value, or its type's zero. Never throws.
 CallStatus getProperty(Control& control, const Member& member, Value& value);
 CallStatus putProperty(Control& control, const Member& member, const Value& value);
 CallStatus callMethod(Control& control, const Member& member, std::span<Value> arguments, Value& result);

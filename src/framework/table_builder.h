@@ -6,7 +6,6 @@
 #include "framework/member_token.h"
 #include "framework/table_rows.h"
 
-#include <initializer_list>
 #include <type_traits>
 
 namespace obk {
@@ -73,24 +72,24 @@ public:
         return *this;
     }
     template <auto Function>
-    TableBuilder& method(int32_t number, TextView name, TextView help,
-                         std::initializer_list<ParameterName> parameters = {}) {
-        using Row = detail::Method<Function>;
-        Member& row = rows_.addMember(MemberKind::method, number, name, help);
-        row.type = Row::resultType;
-        row.parameters = Row::parameters(parameters);
-        row.call = &Row::call;
-        row.token = memberToken<Function>();
-        return *this;
+    TableBuilder& method(int32_t number, TextView name, TextView help) {
+        return addMethod<Function>(number, name, help);
+    }
+    template <auto Function, size_t Count>
+    TableBuilder& method(int32_t number, TextView name, TextView help, ParameterNames<Count> parameters) {
+        return addMethod<Function>(number, name, help, parameters);
     }
     template <auto Field>
-    TableBuilder& event(int32_t number, TextView name, TextView help,
-                        std::initializer_list<ParameterName> parameters = {}) {
-        using Row = detail::EventRow<C, Field>;
-        Member& row = rows_.addEvent(number, name, help);
-        row.parameters = Row::parameters(parameters);
-        row.token = memberToken<Field>();
-        row.connect = &Row::connect;
+    TableBuilder& event(int32_t number, TextView name, TextView help) {
+        return addEvent<Field>(number, name, help);
+    }
+    template <auto Field, size_t Count>
+    TableBuilder& event(int32_t number, TextView name, TextView help, ParameterNames<Count> parameters) {
+        return addEvent<Field>(number, name, help, parameters);
+    }
+    // The event of the row before is declared for hosts that know it, and nothing raises it.
+    TableBuilder& neverRaised() {
+        rows_.table.events.back().neverRaised = true;
         return *this;
     }
 
@@ -137,13 +136,32 @@ public:
 
     // Changes of a property that are notified neither under its key nor under its name.
     TableBuilder& notifiedAs(int32_t number, TextView name) {
-        rows_.table.overrideNotification(number, Text(name));
+        rows_.addNotification(number, name);
         return *this;
     }
 
     ControlTable build() { return rows_.finished(); }
 
 private:
+    template <auto Function, typename... Names>
+    TableBuilder& addMethod(int32_t number, TextView name, TextView help, const Names&... names) {
+        using Row = detail::Method<Function>;
+        Member& row = rows_.addMember(MemberKind::method, number, name, help);
+        row.type = Row::resultType;
+        row.parameters = Row::parameters(names...);
+        row.call = &Row::call;
+        row.token = memberToken<Function>();
+        return *this;
+    }
+    template <auto Field, typename... Names>
+    TableBuilder& addEvent(int32_t number, TextView name, TextView help, const Names&... names) {
+        using Row = detail::EventRow<C, Field>;
+        Member& row = rows_.addEvent(number, name, help);
+        row.parameters = Row::parameters(names...);
+        row.token = memberToken<Field>();
+        row.connect = &Row::connect;
+        return *this;
+    }
     template <auto Getter>
     Member& readable(int32_t number, TextView name, TextView help, const Enumeration* enumeration) {
         Member& row = rows_.addMember(MemberKind::property, number, name, help);

@@ -1,6 +1,8 @@
 #include "framework/table_rows.h"
 
 #include <algorithm>
+#include <cstdio>
+#include <cstdlib>
 #include <utility>
 
 namespace obk {
@@ -47,18 +49,56 @@ PersistedValue& TableRows::repeatPersisted() {
 void TableRows::addSaved(const void* token) {
     const auto row = std::find_if(table.persisted.begin(), table.persisted.end(),
                                   [token](const PersistedValue& value) { return value.token == token; });
-    table.saved.push_back(static_cast<size_t>(row - table.persisted.begin()));
+    const auto position = static_cast<size_t>(row - table.persisted.begin());
+    if (row == table.persisted.end() || !row->get)
+        unknown_.push_back(u"place " + decimalText(static_cast<int64_t>(table.saved.size())));
+    else
+        table.saved.push_back(position);
+}
+
+void TableRows::addNotification(int32_t number, TextView name) {
+    table.overrides_.push_back({number, Text(name)});
+}
+
+std::vector<Text> TableRows::faults() const {
+    std::vector<Text> found;
+    const auto check = [&found](const std::vector<Member>& rows) {
+        for (auto row = rows.begin(); row != rows.end(); ++row) {
+            const auto fault = [&](TextView what) { found.push_back(row->name + u": " + Text(what)); };
+            if (row->number < 1) fault(u"its number is below 1");
+            if (row->name.empty()) fault(u"a row without a name");
+            if (std::any_of(rows.begin(), row, [&](const Member& at) { return at.number == row->number; }))
+                fault(u"its number stands twice");
+            if (std::any_of(rows.begin(), row,
+                            [&](const Member& at) { return equalIgnoringCase(at.name, row->name); }))
+                fault(u"its name stands twice");
+            bool mayBeLeftOut = false;
+            for (const Parameter& parameter : row->parameters) {
+                if (parameter.name.empty()) fault(u"a parameter without a name");
+                if (mayBeLeftOut && !parameter.defaultValue) fault(u"a default is missing");
+                mayBeLeftOut = parameter.defaultValue.has_value();
+            }
+        }
+    };
+    check(table.members);
+    check(table.events);
+    for (const Text& place : unknown_) found.push_back(u"the order of saving: nothing is saved for " + place);
+    for (const auto& notified : table.overrides_) {
+        if (std::none_of(table.members.begin(), table.members.end(),
+                         [&](const Member& at) { return at.number == notified.number; }))
+            found.push_back(notified.name + u": notified for no property");
+    }
+    return found;
 }
 
 ControlTable TableRows::finished() {
+    table.faults = faults();
+#ifndef _WIN32
+    for (const Text& fault : table.faults)
+        std::fprintf(stderr, "The table of %s: %s\n", toUtf8(table.name).c_str(), toUtf8(fault).c_str());
+    if (!table.faults.empty()) std::abort();
+#endif
     table.complete();
-    for (PersistedValue& value : table.persisted) value.property = table.memberByToken(value.token);
-    if (table.saved.empty()) {
-        for (size_t position = 0; position < table.persisted.size(); ++position) {
-            if (table.persisted[position].get) table.saved.push_back(position);
-        }
-    }
-    table.indexNotifications();
     return std::move(table);
 }
 

@@ -18,6 +18,8 @@ class TableRows {
 public:
     ControlTable table;
 
+    TableRows() = default;
+
     Member& addMember(MemberKind kind, int32_t number, TextView name, TextView help);
     Member& addEvent(int32_t number, TextView name, TextView help);
     PersistedValue& addPersisted(const Persist& row, ValueType type);
@@ -25,8 +27,19 @@ public:
     PersistedValue& repeatPersisted();
     // The next one in an order of saving of its own.
     void addSaved(const void* token);
-    // The table with its indexes; the rows are gone then.
+    // Changes of the property with this number are notified under another name.
+    void addNotification(int32_t number, TextView name);
+
+    // What must not be offered to hosts: numbers or names that are missing or given twice, an argument that
+    // must be given behind one that may be left out, an order of saving or a notification of something
+    // unknown.
+    std::vector<Text> faults() const;
+    // The table with its indexes; the rows are gone then. One with a fault ends a native program, which is a
+    // test or a tool; a server goes on without the class.
     ControlTable finished();
+
+private:
+    std::vector<Text> unknown_;  // what an order of saving names and no row has
 };
 
 }  // namespace obk

@@ -70,7 +70,8 @@ Text miscellaneousStatusNames(const ControlTable& table) {
 
 std::vector<const ControlTable*> publicControls(const Library& library) {
     std::vector<const ControlTable*> controls = library.controls;
-    std::erase_if(controls, [](const ControlTable* table) { return table->isPrivate; });
+    std::erase_if(controls,
+                  [](const ControlTable* table) { return table->isPrivate || !table->faults.empty(); });
     return controls;
 }
 

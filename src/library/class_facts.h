@@ -20,7 +20,8 @@ uint32_t miscellaneousStatus(const ControlTable& table);
 // The same by the names that manifests use, separated by commas.
 Text miscellaneousStatusNames(const ControlTable& table);
 
-// The controls that containers can create, in the library's order.
+// The controls that containers can create, in the library's order: none that others host only, and none whose
+// table has a fault.
 std::vector<const ControlTable*> publicControls(const Library& library);
 
 // "D8CFD887-69FC-498C-8C1C-8A9F2D8431FB"

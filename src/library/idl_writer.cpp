@@ -153,10 +153,10 @@ private:
         for (const Parameter& parameter : member.parameters) {
             if (!list.empty()) list += u", ";
             list += parameter.byReference ? u"[in, out" : u"[in";
-            if (parameter.usual) list += u", defaultvalue(" + constant(*parameter.usual) + u")";
+            if (parameter.defaultValue) list += u", defaultvalue(" + constant(*parameter.defaultValue) + u")";
             list += u"] ";
-            // widl can give no usual value to a type with a name; to hosts a colour is a Long.
-            const bool plain = parameter.usual && parameter.type == ValueType::colour;
+            // widl can give no default value to a type with a name; to hosts a colour is a Long.
+            const bool plain = parameter.defaultValue && parameter.type == ValueType::colour;
             list += typeName(plain ? ValueType::longInteger : parameter.type);
             list += parameter.byReference ? u"* " : u" ";
             list += parameter.name;

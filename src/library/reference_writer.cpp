@@ -200,7 +200,7 @@ private:
             text += at == 0 ? u"" : u", ";
             text += parameter.byReference ? u"ByRef " : u"";
             text += parameter.name + u" As " + typeName(parameter.type);
-            if (parameter.usual) text += u" = " + valueText(*parameter.usual);
+            if (parameter.defaultValue) text += u" = " + valueText(*parameter.defaultValue);
         }
         return text + u")";
     }

@@ -116,6 +116,7 @@ const ControlTable& ButtonPalette::memberTable() {
             .event<&C::KeyDown>(7, u"KeyDown", u"A key went down; it has had its effect on the panel already",
                                 {u"KeyCode", u"Shift"})
             .event<&C::KeyPress>(8, u"KeyPress", u"Never raised", {u"KeyAscii"})
+            .neverRaised()
             .event<&C::KeyUp>(9, u"KeyUp", u"A key was released", {u"KeyCode", u"Shift"})
             .event<&C::MouseDown>(10, u"MouseDown", u"A mouse button, or Space, went down on the button",
                                   {u"Button", u"Shift", u"X", u"Y"})
