@@ -1,6 +1,6 @@
 // Any text as a date: what is read is a day of the calendar, and writes and reads back as itself.
 #include "datecalendar/month_layout.h"
-#include "datecalendar/quick_dates.h"
+#include "datecalendar/quick_menu.h"
 #include "fuzz_values.h"
 
 using namespace obk;
@@ -19,7 +19,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const auto layout = monthLayout(date->year() / date->month());
     const auto day = static_cast<int32_t>(unsigned{date->day()});
     fuzz::require(layout && layout->dayAt(layout->firstCell + day - 1) == day, "every day has a cell");
-    for (uint8_t which = 0; which <= static_cast<uint8_t>(QuickDate::firstOfNextMonth); ++which)
-        fuzz::require(quickDate(static_cast<QuickDate>(which), *date).ok(), "quick dates are dates");
+    for (size_t line = 0; line <= quickMenu().size(); ++line) {
+        const auto quick = quickMenuText(line, *date);
+        fuzz::require(!quick || quick->empty() || dateFromText(*quick), "quick dates are dates");
+    }
     return 0;
 }

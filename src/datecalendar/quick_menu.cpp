@@ -6,31 +6,48 @@ namespace obk {
 
 namespace {
 
+using std::chrono::days;
+using std::chrono::sys_days;
+
+template <int Days>
+Date in(sys_days today) {
+    return today + days(Days);
+}
+
+// Never today.
+template <unsigned Weekday>
+Date next(sys_days today) {
+    const days ahead = std::chrono::weekday(Weekday) - std::chrono::weekday(today);
+    return today + (ahead == days(0) ? days(7) : ahead);
+}
+
+Date firstOfNextMonth(sys_days today) {
+    const Date date(today);
+    return (date.year() / date.month() + std::chrono::months(1)) / 1;
+}
+
 struct Line {
-    enum class Kind : uint8_t { date, clear, separator };
-    TextView caption;
-    Kind kind = Kind::separator;
-    QuickDate date = QuickDate::today;
+    TextView caption;                        // none: a separator
+    Date (*date)(sys_days today) = nullptr;  // null: what is written is empty
 };
 
-constexpr Line separator{};
-constexpr auto date = Line::Kind::date;
+constexpr unsigned sunday = 0, monday = 1, saturday = 6;
 
 // Each access key once.
 constexpr std::array lines{
-    Line{u"&Today", date, QuickDate::today},
-    Line{u"To&morrow", date, QuickDate::tomorrow},
-    Line{u"&Saturday", date, QuickDate::saturday},
-    Line{u"S&unday", date, QuickDate::sunday},
-    separator,
-    Line{u"&Next week", date, QuickDate::nextWeek},
-    Line{u"In two &weeks", date, QuickDate::inTwoWeeks},
-    Line{u"Next m&onth", date, QuickDate::nextMonth},
-    separator,
-    Line{u"&First day of next week", date, QuickDate::firstOfNextWeek},
-    Line{u"First &day of next month", date, QuickDate::firstOfNextMonth},
-    separator,
-    Line{u"&Clear", Line::Kind::clear},
+    Line{u"&Today", in<0>},
+    Line{u"To&morrow", in<1>},
+    Line{u"&Saturday", next<saturday>},
+    Line{u"S&unday", next<sunday>},
+    Line{},
+    Line{u"&Next week", in<7>},
+    Line{u"In two &weeks", in<14>},
+    Line{u"Next m&onth", in<28>},  // and not the same day of the next month: it is meant
+    Line{},
+    Line{u"&First day of next week", next<monday>},
+    Line{u"First &day of next month", firstOfNextMonth},
+    Line{},
+    Line{u"&Clear"},
 };
 
 }  // namespace
@@ -42,17 +59,10 @@ std::vector<MenuItem> quickMenu() {
 }
 
 std::optional<Text> quickMenuText(size_t position, const Date& today) {
-    if (position >= lines.size()) return std::nullopt;
-    const Line& line = lines[position];
-    switch (line.kind) {
-        case Line::Kind::date:
-            return dateText(quickDate(line.date, today));
-        case Line::Kind::clear:
-            return Text();
-        case Line::Kind::separator:
-            break;
-    }
-    return std::nullopt;
+    if (position >= lines.size() || lines[position].caption.empty()) return std::nullopt;
+    const auto date = lines[position].date;
+    if (!date) return Text();
+    return today.ok() ? dateText(date(today)) : std::nullopt;
 }
 
 }  // namespace obk

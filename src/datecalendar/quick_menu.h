@@ -1,7 +1,7 @@
 // The menu of quick dates: its lines, and what each of them stands for.
 #pragma once
 
-#include "datecalendar/quick_dates.h"
+#include "datecalendar/date_text.h"
 #include "widgets/platform.h"
 
 #include <vector>

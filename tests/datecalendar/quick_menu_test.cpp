@@ -1,4 +1,4 @@
-#include "datecalendar/quick_dates.h"
+#include "datecalendar/quick_menu.h"
 
 #include <gtest/gtest.h>
 
@@ -54,19 +54,29 @@ Date date(int year, unsigned month, unsigned day) {
     return std::chrono::year(year) / std::chrono::month(month) / std::chrono::day(day);
 }
 
-TEST(QuickDatesTest, EveryCommandGivesTheDateOfTheTable) {
+// The positions of the commands that give a date; between them stand separators.
+constexpr size_t commands[] = {0, 1, 2, 3, 5, 6, 7, 9, 10};
+constexpr size_t clear = 12;
+
+TEST(QuickMenuTest, EveryCommandGivesTheDateOfTheTable) {
     for (const Row& row : table) {
         const Date today = dateFromText(row[0]).value();
         for (size_t at = 0; at < row.size(); ++at)
-            EXPECT_EQ(dateText(quickDate(static_cast<QuickDate>(at), today)), row[at])
-                << toUtf8(row[0]) << ", command " << at;
+            EXPECT_EQ(quickMenuText(commands[at], today), row[at]) << toUtf8(row[0]) << ", command " << at;
     }
 }
 
-TEST(QuickDatesTest, BeyondTheLastYearThereIsNoDateText) {
-    EXPECT_EQ(dateText(quickDate(QuickDate::tomorrow, date(9999, 12, 31))), std::nullopt);
-    EXPECT_EQ(dateText(quickDate(QuickDate::firstOfNextMonth, date(9999, 12, 1))), std::nullopt);
-    EXPECT_EQ(dateText(quickDate(QuickDate::saturday, date(2026, 2, 29))), std::nullopt);
+TEST(QuickMenuTest, ClearGivesTheEmptyTextAndSeparatorsGiveNothing) {
+    const Date today = date(2026, 11, 14);
+    EXPECT_EQ(quickMenuText(clear, today), u"");
+    for (const size_t none : {4, 8, 11, 13, 100}) EXPECT_EQ(quickMenuText(none, today), std::nullopt) << none;
+    EXPECT_EQ(quickMenu().size(), 13u);
+}
+
+TEST(QuickMenuTest, WhatIsNoDateOrBeyondTheLastYearHasNoText) {
+    EXPECT_EQ(quickMenuText(1, date(9999, 12, 31)), std::nullopt);
+    EXPECT_EQ(quickMenuText(10, date(9999, 12, 1)), std::nullopt);
+    EXPECT_EQ(quickMenuText(2, date(2026, 2, 29)), std::nullopt);
 }
 
 }  // namespace
