@@ -18,7 +18,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     fuzz::require(monthMentioned(*written) == date->month(), "a date text mentions its month alone");
     const auto layout = monthLayout(date->year() / date->month());
     const auto day = static_cast<int32_t>(unsigned{date->day()});
-    fuzz::require(layout && layout->dayAt(layout->firstCell + day - 1) == day, "every day has a cell");
+    fuzz::require(layout && layout->dayAt(layout->lngFIRSTCELL + day - 1) == day, "every day has a cell");
     for (size_t line = 0; line <= quickMenu().size(); ++line) {
         const auto quick = quickMenuText(line, *date);
         fuzz::require(!quick || quick->empty() || dateFromText(*quick), "quick dates are dates");

@@ -1,17 +1,13 @@
 #include "datecalendar/calendar_panel.h"
 
-#include "base/scoped_value.h"
 #include "widgets/drawing.h"
 
-#include <algorithm>
-#include <cstdlib>
 #include <utility>
 
 namespace obk {
 
 namespace {
 
-constexpr int32_t monthsOfYear = 12;
 constexpr Twips panelWidth{2910};
 constexpr Twips panelHeight{3405};
 
@@ -21,10 +17,10 @@ DrawnButton::Face arrows(TextView name, ArrowDirection direction, int32_t count)
 
 }  // namespace
 
-CalendarPanel::CalendarPanel(Control& outer, Container& parent, const Text& committed)
+CalendarPanel::CalendarPanel(Control& outer, Container& parent, const CalendarModel& model)
     : Container(parent),
-      committed_(committed),
-      lblDAYNO(*this),
+      model_(model),
+      lblDAYNO(*this, model.filled()),
       lblCURRENTDATE(*this),
       cboMONTH(*this, u"Month"),
       udnYEAR(outer, *this),
@@ -51,8 +47,7 @@ CalendarPanel::CalendarPanel(Control& outer, Container& parent, const Text& comm
     udnYEAR->SetMin(firstYear);
     layOut();
     connectChildren();
-    const Date today = platform().clock().today();
-    showMonth(today.year() / today.month());
+    refresh();
 }
 
 void CalendarPanel::layOut() {
@@ -76,37 +71,27 @@ void CalendarPanel::connectChildren() {
     const auto on = [this](auto& event, auto handler) {
         connections_.push_back(event.connect(std::move(handler)));
     };
-    on(cboMONTH.chosen, [this] { CalendarUpdate(); });
-    on(udnYEAR->Change, [this] {
-        if (!blnCALENDARBUSY) CalendarUpdate();
-    });
-    on(cmdimgYEARBACK.clicked, [this] { turnBy(-monthsOfYear); });
-    on(cmdimgYEARNEXT.clicked, [this] { turnBy(monthsOfYear); });
-    on(cmdimgMONTHPREV.clicked, [this] { turnBy(-1); });
-    on(cmdimgMONTHNEXT.clicked, [this] { turnBy(1); });
-    on(tmrUP.stepped, [this] { turnBy(-monthsOfYear); });
-    on(tmrDOWN.stepped, [this] { turnBy(monthsOfYear); });
-    on(lblDAYNO.clicked, [this](int32_t cell) {
-        lngDAY = cell - lngFIRSTCELL + 1;
-        dayChosen();
-    });
-    on(cmdTODAY.clicked, [this] {
-        chooseToday();
-        todayChosen();
-    });
+    on(cboMONTH.chosen,
+       [this] { monthChosen(std::chrono::month(static_cast<unsigned>(cboMONTH.selected() + 1))); });
+    on(udnYEAR->Change, [this] { yearTyped(udnYEAR->Text()); });
+    on(cmdimgYEARBACK.clicked, [this] { monthsTurned(-monthsOfYear); });
+    on(cmdimgYEARNEXT.clicked, [this] { monthsTurned(monthsOfYear); });
+    on(cmdimgMONTHPREV.clicked, [this] { monthsTurned(-1); });
+    on(cmdimgMONTHNEXT.clicked, [this] { monthsTurned(1); });
+    on(tmrUP.stepped, [this] { monthsTurned(-monthsOfYear); });
+    on(tmrDOWN.stepped, [this] { monthsTurned(monthsOfYear); });
+    on(lblDAYNO.clicked, [this](int32_t cell) { cellChosen(cell); });
+    on(cmdTODAY.clicked, [this] { todayPressed(); });
     on(cmdCLEAR.clicked, [this] { clearPressed(); });
     on(cmdCLOSE.clicked, [this] { closePressed(); });
-}
-
-std::vector<DrawnButton*> CalendarPanel::buttons() {
-    return {&imgUP,          &imgDOWN,  &cmdimgYEARBACK, &cmdimgMONTHPREV, &cmdimgMONTHNEXT,
-            &cmdimgYEARNEXT, &cmdTODAY, &cmdCLEAR,       &cmdCLOSE};
 }
 
 void CalendarPanel::setLook(Look look) {
     look_ = look;
     cboMONTH.setLook(look);
-    for (DrawnButton* each : buttons()) each->setLook(look);
+    for (DrawnButton* each : {&imgUP, &imgDOWN, &cmdimgYEARBACK, &cmdimgMONTHPREV, &cmdimgMONTHNEXT,
+                              &cmdimgYEARNEXT, &cmdTODAY, &cmdCLEAR, &cmdCLOSE})
+        each->setLook(look);
     invalidate();
 }
 
@@ -114,138 +99,14 @@ PixelSize CalendarPanel::size(Dpi dpi) const {
     return {dpi.toPixels(panelWidth), dpi.toPixels(panelHeight)};
 }
 
-std::optional<YearMonth> CalendarPanel::shownMonth() const {
-    const auto year = yearFromText(udnYEAR->Text());
-    if (!year || cboMONTH.selected() < 0) return std::nullopt;
-    return std::chrono::year(*year) / std::chrono::month(static_cast<unsigned>(cboMONTH.selected() + 1));
-}
-
-void CalendarPanel::CalendarUpdate() {
-    const auto month = shownMonth();
-    const auto layout = month ? monthLayout(*month) : std::nullopt;
-    if (!layout) return;
-    const ScopedFlag busy(blnCALENDARBUSY);
-    const Date today = platform().clock().today();
-    lngFIRSTCELL = layout->firstCell;
-    lngDAYSINMONTH = layout->days;
-    if (lngDAY > lngDAYSINMONTH) lngDAY = 1;
-    if (lngDAY < 1) lngDAY = static_cast<int32_t>(unsigned{today.day()});
-    const Text heading = Text(cboMONTH.text()) + u", " + udnYEAR->Text();
-    lblMONTHYEAR.setCaption(heading);
-    lblDAYNO.show(*layout, heading);
-    const bool isThisMonth = *month == today.year() / today.month();
-    lblDAYNO.mark(lngDAY, isThisMonth ? static_cast<int32_t>(unsigned{today.day()}) : 0);
-    placeCurrentDate(*month);
-}
-
-void CalendarPanel::placeCurrentDate(YearMonth shown) {
-    // The month is looked for at the start of the text, where the texts of this control have the weekday: of
-    // theirs the frame shows from the opening of the panel until the first refill. Hosts know it so.
-    const TextView text = trimmed(committed_);
-    const bool mentioned = text.substr(0, 3).find(monthAbbreviation(shown.month())) != Text::npos;
-    const auto committed = mentioned ? dateFromText(text) : std::nullopt;
-    const bool sameYear = committed && udnYEAR->Text().find(yearText(int{committed->year()})) != Text::npos;
-    lblCURRENTDATE.setVisible(sameYear);
-    if (sameYear)
-        lblCURRENTDATE.moveOnto(lngFIRSTCELL + static_cast<int32_t>(unsigned{committed->day()}) - 1);
-}
-
-void CalendarPanel::showMonth(YearMonth month) {
-    {
-        const ScopedFlag busy(blnCALENDARBUSY);
-        cboMONTH.select(static_cast<int32_t>(unsigned{month.month()}) - 1);
-        udnYEAR->SetText(yearText(int{month.year()}));
-    }
-    CalendarUpdate();
-}
-
-void CalendarPanel::readMonthAndYear(TextView text) {
-    constexpr size_t yearLength = 4;
-    {
-        const ScopedFlag busy(blnCALENDARBUSY);
-        if (const auto month = monthMentioned(text))
-            cboMONTH.select(static_cast<int32_t>(unsigned{*month}) - 1);
-        const TextView last = text.substr(text.size() - std::min(text.size(), yearLength));
-        if (const auto year = yearFromText(last)) udnYEAR->SetText(yearText(*year));
-    }
-    // By the calendar, until the refill counts as this panel does.
-    if (const auto month = shownMonth()) lngDAYSINMONTH = daysInMonth(*month);
-    CalendarUpdate();
-}
-
-void CalendarPanel::showDate(const Date& date) {
-    lngDAY = static_cast<int32_t>(unsigned{date.day()});
-    showMonth(date.year() / date.month());
-    lblCURRENTDATE.moveOnto(lngFIRSTCELL + lngDAY - 1);
-    lblCURRENTDATE.setVisible(true);
-}
-
-void CalendarPanel::chooseToday() {
-    const Date today = platform().clock().today();
-    lngDAY = static_cast<int32_t>(unsigned{today.day()});
-    showMonth(today.year() / today.month());
-}
-
-std::optional<Text> CalendarPanel::chosenText() const {
-    const auto month = shownMonth();
-    if (!month || lngDAY < 1) return std::nullopt;
-    return dateText(*month / std::chrono::day(static_cast<unsigned>(lngDAY)));
-}
-
-void CalendarPanel::turnBy(int32_t months) {
-    const auto from = shownMonth();
-    if (const auto to = from ? turned(*from, months) : std::nullopt) showMonth(*to);
-}
-
-bool CalendarPanel::walk(const KeyEvent& event) {
-    const bool byYear = event.shift == shift::control;
-    const bool turns = event.code == key::pageUp || event.code == key::pageDown;
-    if (event.shift != 0 && !(byYear && turns)) return false;
-    const auto month = shownMonth();
-    if (!month) return false;
-    std::optional<ShownDay> to;
-    const ShownDay from{*month, lngDAY};
-    const auto turnedTo = [&](int32_t months) -> std::optional<ShownDay> {
-        const auto other = turned(*month, byYear ? months * monthsOfYear : months);
-        // A shorter month has its last day for those it lacks.
-        return other ? std::optional(ShownDay{*other, std::min(lngDAY, daysShown(*other))}) : std::nullopt;
-    };
-    switch (event.code) {
-        case key::left:
-            to = moved(from, -1);
-            break;
-        case key::right:
-            to = moved(from, 1);
-            break;
-        case key::up:
-            to = moved(from, -cellColumns);
-            break;
-        case key::down:
-            to = moved(from, cellColumns);
-            break;
-        case key::home:
-            to = {*month, 1};
-            break;
-        case key::end:
-            to = {*month, daysShown(*month)};
-            break;
-        case key::pageUp:
-            to = turnedTo(-1);
-            break;
-        case key::pageDown:
-            to = turnedTo(1);
-            break;
-        default:
-            return false;
-    }
-    // At the ends of time the key has no effect, on the text below neither.
-    if (!to) return true;
-    const bool framed = lblCURRENTDATE.visible() && to->month == *month;
-    lngDAY = to->day;
-    showMonth(to->month);
-    // A walk inside a month takes nothing away from it.
-    lblCURRENTDATE.setVisible(framed || lblCURRENTDATE.visible());
-    return true;
+void CalendarPanel::refresh() {
+    const FilledMonth& month = model_.filled();
+    cboMONTH.select(static_cast<int32_t>(unsigned{model_.month()}) - 1);
+    udnYEAR->SetText(model_.year());
+    lblMONTHYEAR.setCaption(month.heading);
+    lblDAYNO.refresh();
+    lblCURRENTDATE.setVisible(month.framed != 0);
+    if (month.framed != 0) lblCURRENTDATE.moveOnto(month.layout.cellOf(month.framed));
 }
 
 void CalendarPanel::rest() {
@@ -257,7 +118,7 @@ void CalendarPanel::rest() {
 bool CalendarPanel::wheel(const WheelEvent& event) {
     if (event.horizontal) return false;
     wheel_.turn(event.delta);
-    while (const int32_t notch = wheel_.take()) turnBy(-notch);
+    while (const int32_t notch = wheel_.take()) monthsTurned(-notch);
     return true;
 }
 

@@ -12,7 +12,7 @@ namespace {
 
 constexpr Twips lineHeight{285};
 constexpr Twips iconWidth{315};
-constexpr TextView usualToolTip = u"Calendar: click here or press F4. Quick dates: right click.";
+constexpr TextView defaultToolTip = u"Calendar: click here or press F4. Quick dates: right click.";
 
 Text shownAs(TextView date) {
     return Text(date).append(displayBlanks);
@@ -22,12 +22,13 @@ Text shownAs(TextView date) {
 
 DateCalendar::DateCalendar(Platform& platform)
     : Control(platform),
+      model_([&platform] { return platform.clock().today(); }),
       fraBORDER(root()),
       picfraBOX(root()),
       picfraICON(picfraBOX),
       txtfraBORDER(picfraBOX),
       panel_(*this),
-      picDROPDOWNPANEL(*this, panel_.root(), strDATETEXT) {
+      picDROPDOWNPANEL(*this, panel_.root(), model_) {
     panel_.setAccessibleName(u"Calendar");
     txtfraBORDER.setAccessibleName(u"Date");
     picfraBOX.SetBackColor(SystemColour::window);
@@ -47,27 +48,27 @@ void DateCalendar::initProperties() {
 }
 
 void DateCalendar::loaded() {
-    if (trimmed(strDATETEXT).empty()) {
+    if (model_.date().empty()) {
         // An empty date shows an empty field whatever was stored, and yet is stored again as it was.
-        const obk::Text stored = strTYPEDTEXT;
+        const obk::Text stored = model_.typed();
         attempt([&] { txtfraBORDER.setText({}); });
-        strTYPEDTEXT = stored;
+        attempt([&] { model_.type(stored); });
         const Date today = platform().clock().today();
-        attempt([&] { picDROPDOWNPANEL.showMonth(today.year() / today.month()); });
+        attempt([&] { model_.show(today.year() / today.month()); });
         return;
     }
-    const auto date = dateFromText(strDATETEXT);
+    const auto date = dateFromText(model_.date());
     const auto text = date ? dateText(*date) : std::nullopt;
     if (!text) return;
     attempt([&] { txtfraBORDER.setText(shownAs(*text)); });
-    attempt([&] { picDROPDOWNPANEL.showMonth(date->year() / date->month()); });
+    attempt([&] { model_.show(date->year() / date->month()); });
 }
 
 void DateCalendar::connectChildren() {
     const auto on = [this](auto& event, auto handler) {
         connections_.push_back(event.connect(std::move(handler)));
     };
-    on(txtfraBORDER.changed, [this] { strTYPEDTEXT = trimmed(txtfraBORDER.text()); });
+    on(txtfraBORDER.changed, [this] { model_.type(trimmed(txtfraBORDER.text())); });
     on(txtfraBORDER.keyWentDown, [this](KeyEvent& event) { keyDown(event); });
     on(txtfraBORDER.keyWentUp, [this](KeyEvent& event) { attempt([&] { KeyUp(event.code, event.shift); }); });
     on(txtfraBORDER.mousePressed, [this](const MouseEvent& event) { press(txtfraBORDER, event); });
@@ -90,10 +91,8 @@ void DateCalendar::connectChildren() {
     const auto menuAsked = [this](const Widget& asked) {
         return [this, &asked](std::optional<PixelPoint> at, bool& shown) {
             shown = true;
-            PixelRect beside = asked.pixelBounds();
-            if (at)
-                beside = {beside.left + at->x, beside.top + at->y, beside.left + at->x, beside.top + at->y};
-            openQuickMenu(beside);
+            const PixelRect place = asked.pixelBounds();
+            openQuickMenu(at ? PixelRect{at->x, at->y, at->x, at->y}.moved(place.left, place.top) : place);
         };
     };
     on(txtfraBORDER.menuAsked, menuAsked(txtfraBORDER));
@@ -119,13 +118,23 @@ void DateCalendar::connectPanel() {
             event.kind == MouseEvent::Kind::down || event.kind == MouseEvent::Kind::doubleClick;
         if (presses && panel_.visible()) HidePopUp();
     });
-    on(picDROPDOWNPANEL.dayChosen, [this] { pickDay(); });
-    on(picDROPDOWNPANEL.todayChosen, [this] {
-        if (const auto text = picDROPDOWNPANEL.chosenText()) commit(shownAs(*text));
+    on(model_.changed, [this] { picDROPDOWNPANEL.refresh(); });
+    on(picDROPDOWNPANEL.monthChosen, [this](std::chrono::month month) { model_.chooseMonth(month); });
+    on(picDROPDOWNPANEL.yearTyped, [this](TextView year) { model_.typeYear(year); });
+    on(picDROPDOWNPANEL.monthsTurned, [this](int32_t months) { model_.turn(months); });
+    on(picDROPDOWNPANEL.cellChosen, [this](int32_t cell) {
+        model_.chooseCell(cell);
+        pickDay();
+    });
+    on(picDROPDOWNPANEL.todayPressed, [this] {
+        attemptSequence([&] {
+            model_.chooseToday();
+            write(shownAs(model_.chosenText()));
+        });
     });
     on(picDROPDOWNPANEL.clearPressed, [this] {
         // Unlike the menu's command it leaves the text that is shown.
-        strDATETEXT.clear();
+        model_.commit({});
         attempt([&] { DateUpdated(); });
         HidePopUp();
     });
@@ -165,11 +174,11 @@ void DateCalendar::SetPopupEnabled(bool PopupEnabled) {
 }
 
 obk::Text DateCalendar::Text() const {
-    return shownAs(trimmed(strDATETEXT));
+    return shownAs(model_.date());
 }
 
 void DateCalendar::SetText(const obk::Text& Text) {
-    attempt([&] { strDATETEXT = trimmed(Text); });
+    attempt([&] { model_.commit(trimmed(Text)); });
     attempt([&] { txtfraBORDER.setText(shownAs(trimmed(Text))); });
     PropertyChanged<&DateCalendar::Text>();
 }
@@ -190,12 +199,7 @@ void DateCalendar::ShowPopUp() {
         attempt([&] { PopUp(); });
         return;
     }
-    attemptSequence([&] {
-        constexpr size_t weekdayAndBlank = 4;
-        if (trimmed(strDATETEXT).empty()) strDATETEXT = dateText(platform().clock().today()).value();
-        const auto date = dateFromText(trimmed(strDATETEXT).substr(weekdayAndBlank));
-        picDROPDOWNPANEL.showDate(date.value());
-    });
+    attemptSequence([&] { model_.showDate(); });
     panel_.show(picDROPDOWNPANEL.size(panel_.dpi()), drop_.firstSide());
     showIcon();
 }
@@ -243,7 +247,7 @@ void DateCalendar::exitFocus() {
     fraBORDER.setFocused(false);
     // The end of editing: what was typed is the date, whatever it is.
     HidePopUp();
-    attempt([&] { strDATETEXT = txtfraBORDER.text(); });
+    attempt([&] { model_.commit(txtfraBORDER.text()); });
     attempt([&] { DateUpdated(); });
     UserControl_ExitFocus();
 }
@@ -259,7 +263,7 @@ void DateCalendar::loadFont(const FontRef& font) {
 
 void DateCalendar::loadTypedText(const obk::Text& text) {
     attempt([&] { txtfraBORDER.setText(text); });
-    strTYPEDTEXT = text;
+    attempt([&] { model_.type(text); });
 }
 
 KeyRoute DateCalendar::preTranslate(const KeyEvent& event) {
@@ -269,26 +273,27 @@ KeyRoute DateCalendar::preTranslate(const KeyEvent& event) {
 
 AccessibleItem DateCalendar::describeSurface() const {
     AccessibleItem item = Control::describeSurface();
-    item.value = trimmed(strDATETEXT);
+    item.value = model_.date();
     item.enabled = Enabled();
     return item;
 }
 
-void DateCalendar::commit(const obk::Text& shown) {
-    attemptSequence([&] {
-        txtfraBORDER.setText(shown);
-        strDATETEXT = txtfraBORDER.text();
-        DateUpdated();
-    });
+void DateCalendar::write(const obk::Text& shown) {
+    txtfraBORDER.setText(shown);
+    commitShown();
 }
 
 void DateCalendar::pickDay() {
     attemptSequence([&] {
-        txtfraBORDER.setText(shownAs(picDROPDOWNPANEL.chosenText().value()));
+        txtfraBORDER.setText(shownAs(model_.chosenText()));
         HidePopUp();
-        strDATETEXT = txtfraBORDER.text();
-        DateUpdated();
+        commitShown();
     });
+}
+
+void DateCalendar::commitShown() {
+    model_.commit(txtfraBORDER.text());
+    DateUpdated();
 }
 
 void DateCalendar::openQuickMenu(const PixelRect& beside) {
@@ -297,7 +302,7 @@ void DateCalendar::openQuickMenu(const PixelRect& beside) {
     if (panel_.visible()) HidePopUp();
     const auto chosen = shownOn->chooseFromMenu(quickMenu(), beside);
     const auto text = chosen ? quickMenuText(*chosen, platform().clock().today()) : std::nullopt;
-    if (text) commit(text->empty() ? *text : shownAs(*text));
+    if (text) attemptSequence([&] { write(text->empty() ? *text : shownAs(*text)); });
 }
 
 void DateCalendar::keyDown(KeyEvent& event) {
@@ -329,7 +334,7 @@ bool DateCalendar::actOn(const KeyEvent& event) {
         if (!event.repeated) pickDay();
         return true;
     }
-    return picDROPDOWNPANEL.walk(event);
+    return model_.walk(event);
 }
 
 void DateCalendar::iconMouse(const MouseEvent& event) {
@@ -361,7 +366,7 @@ void DateCalendar::iconMouse(const MouseEvent& event) {
         case MouseEvent::Kind::move:
             if (shownOn && shownOn->peer())
                 shownOn->peer()->setToolTip(picfraICON.pixelBounds(),
-                                            toolTip_.empty() ? usualToolTip : TextView(toolTip_));
+                                            toolTip_.empty() ? defaultToolTip : TextView(toolTip_));
             moveMouse(picfraICON, event);
             break;
         case MouseEvent::Kind::leave:

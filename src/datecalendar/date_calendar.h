@@ -3,6 +3,7 @@
 #pragma once
 
 #include "datecalendar/calendar_icon.h"
+#include "datecalendar/calendar_model.h"
 #include "datecalendar/calendar_panel.h"
 #include "framework/control.h"
 #include "framework/drop_down_state.h"
@@ -43,10 +44,10 @@ public:
     void SetText(const obk::Text& Text);
 
     // Methods.
-    void CalendarUpdate() { picDROPDOWNPANEL.CalendarUpdate(); }
+    void CalendarUpdate() { model_.CalendarUpdate(); }
     void HidePopUp();
     void ShowPopUp();
-    void subNEWDATE() { picDROPDOWNPANEL.readMonthAndYear(trimmed(strDATETEXT)); }
+    void subNEWDATE() { model_.subNEWDATE(); }
     void UserControl_Click();
     void UserControl_ExitFocus();
     void UserControlMouseOut(int16_t& Button, int16_t& Shift, float& X, float& Y);
@@ -75,7 +76,7 @@ private:
     AccessibleItem describeSurface() const override;
 
     // Persisted without a property.
-    const obk::Text& typedText() const { return strTYPEDTEXT; }
+    const obk::Text& typedText() const { return model_.typed(); }
     void loadTypedText(const obk::Text& text);
     obk::Text toolTip() const { return toolTip_; }
     void loadToolTip(const obk::Text& text) { toolTip_ = text; }
@@ -90,8 +91,10 @@ private:
 
     void connectChildren();
     void connectPanel();
-    void commit(const obk::Text& shown);
     void pickDay();
+    // Steps of commands that end at their first failure.
+    void write(const obk::Text& shown);
+    void commitShown();
     void openQuickMenu(const PixelRect& beside);
     void keyDown(KeyEvent& event);
     bool actOn(const KeyEvent& event);
@@ -103,9 +106,7 @@ private:
     void raiseMouse(const MouseRaised& event, const Widget& on, const MouseEvent& mouse);
     void showIcon();
 
-    // The committed date, with the blanks that are shown after it where it was read back.
-    obk::Text strDATETEXT;
-    obk::Text strTYPEDTEXT;  // what the text box was last changed to, or loaded with
+    CalendarModel model_;
     Frame fraBORDER;
     Container picfraBOX;
     CalendarIcon picfraICON;

@@ -86,7 +86,8 @@ const ControlTable& DateCalendar::memberTable() {
                 {u"FORECOLOR", SystemRgbDefault{SystemColour::buttonText}})
             .persisted<&C::fillColor, &C::loadFillColor>(
                 {u"FILLCOLOR", SystemRgbDefault{SystemColour::buttonFace}})
-            // Hosts of old find the colour of the chosen day in their forms; it was never read.
+            // The colour of the chosen day, for hosts that look for it in a form; the system says what it is,
+            // so loading passes over it.
             .savedOnly<&C::selectedColor>({u"SELECTEDCOLOR", OleColour(Rgb{2})})
             .build();
     return table;

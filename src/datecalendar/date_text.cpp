@@ -70,10 +70,6 @@ TextView weekdayName(std::chrono::weekday weekday) {
     return weekday.ok() ? weekdayNames[weekday.c_encoding()] : TextView();
 }
 
-TextView weekdayAbbreviation(std::chrono::weekday weekday) {
-    return weekdayName(weekday).substr(0, abbreviationLength);
-}
-
 Text yearText(int32_t year) {
     constexpr size_t width = 4;
     Text text = decimalText(year);
@@ -88,7 +84,8 @@ std::optional<int32_t> yearFromText(TextView text) {
 
 std::optional<Text> dateText(const Date& date) {
     if (!writable(date)) return std::nullopt;
-    Text text(weekdayAbbreviation(std::chrono::weekday(std::chrono::sys_days(date))));
+    const std::chrono::weekday weekday{std::chrono::sys_days(date)};
+    Text text(weekdayName(weekday).substr(0, abbreviationLength));
     text += u' ';
     text += decimalText(unsigned{date.day()});
     text += u' ';

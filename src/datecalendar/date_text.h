@@ -18,12 +18,11 @@ constexpr int32_t lastYear = 9999;
 // What a date text is followed by wherever it is shown or handed to a host.
 constexpr TextView displayBlanks = u"        ";
 
-// "January"; empty for what is no month. Abbreviations are the first three letters of the names.
+// "January"; empty for what is no month. Its abbreviation is the first three letters.
 TextView monthName(std::chrono::month month);
 TextView monthAbbreviation(std::chrono::month month);
 // "Saturday"; empty for what is no weekday.
 TextView weekdayName(std::chrono::weekday weekday);
-TextView weekdayAbbreviation(std::chrono::weekday weekday);
 
 // Four digits.
 Text yearText(int32_t year);

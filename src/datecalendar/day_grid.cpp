@@ -7,29 +7,20 @@
 
 namespace obk {
 
-void DayGrid::show(const MonthLayout& layout, Text heading) {
-    layout_ = layout;
-    heading_ = std::move(heading);
-    pressedDay_ = 0;
-    hovered_ = 0;
-    invalidate();
-}
-
-void DayGrid::mark(int32_t chosen, int32_t today) {
-    chosen_ = chosen;
-    today_ = today;
+void DayGrid::refresh() {
+    detach();
     invalidate();
 }
 
 int32_t DayGrid::dayAt(PixelPoint point) const {
     const auto cell = cellAt(point, dpi());
-    return cell ? layout_.dayAt(*cell) : 0;
+    return cell ? month_.layout.dayAt(*cell) : 0;
 }
 
 void DayGrid::paint(Canvas& canvas, const PixelRect& bounds) {
     paintWeekdays(canvas, bounds);
     for (int32_t cell = 0; cell < cellCount; ++cell) {
-        if (const int32_t day = layout_.dayAt(cell))
+        if (const int32_t day = month_.layout.dayAt(cell))
             paintDay(canvas, canvas.dpi().toPixels(cellBounds(cell)).moved(bounds.left, bounds.top), day);
     }
 }
@@ -49,7 +40,7 @@ void DayGrid::paintDay(Canvas& canvas, const PixelRect& cell, int32_t day) const
     const int32_t line = canvas.dpi().scaled(1);
     const Rgb accent = colour(SystemColour::highlight);
     const Rgb ground = colour(SystemColour::window);
-    const bool chosen = day == chosen_;
+    const bool chosen = day == month_.chosen;
     const bool highContrast = platform().appearance().highContrast();
     Rgb fill = chosen ? accent : ground;
     if (day == hovered_ && !chosen && !highContrast) fill = mixed(accent, ground, 50);
@@ -59,7 +50,7 @@ void DayGrid::paintDay(Canvas& canvas, const PixelRect& cell, int32_t day) const
     style.colour = colour(chosen ? SystemColour::highlightText : SystemColour::windowText);
     style.horizontal = HorizontalAlignment::centre;
     canvas.drawText(decimalText(day), cell, style);
-    if (day != today_) return;
+    if (day != month_.today) return;
     const PixelRect bar{cell.left + 4 * line, cell.bottom - 3 * line, cell.right - 4 * line,
                         cell.bottom - line};
     canvas.fillRect(bar, chosen ? style.colour : accent);
@@ -81,7 +72,7 @@ void DayGrid::mouse(const MouseEvent& event) {
             if (event.button != button::left || pressedDay_ == 0) break;
             const bool same = std::exchange(pressedDay_, 0) == day;
             if (Surface* shownOn = surface()) shownOn->releaseCapture(*this);
-            if (same) clicked(layout_.firstCell + day - 1);
+            if (same) clicked(month_.layout.cellOf(day));
             break;
         }
         case MouseEvent::Kind::leave:
@@ -103,11 +94,11 @@ void DayGrid::detach() {
 
 void DayGrid::describe(std::vector<AccessibleItem>& items) const {
     const PixelRect own = pixelBounds();
-    for (int32_t day = 1; day <= layout_.days; ++day) {
-        const PixelRect place = dpi().toPixels(cellBounds(layout_.firstCell + day - 1));
-        items.push_back({AccessibleItem::Role::listItem, decimalText(day) + u" " + heading_,
-                         day == today_ ? Text(u"today") : Text(), place.moved(own.left, own.top), true,
-                         day == chosen_});
+    for (int32_t day = 1; day <= month_.layout.lngDAYSINMONTH; ++day) {
+        const PixelRect place = dpi().toPixels(cellBounds(month_.layout.cellOf(day)));
+        items.push_back({AccessibleItem::Role::listItem, decimalText(day) + u" " + month_.heading,
+                         day == month_.today ? Text(u"today") : Text(), place.moved(own.left, own.top), true,
+                         day == month_.chosen});
     }
 }
 

@@ -12,12 +12,11 @@ namespace obk {
 // Covers the whole panel, so that the cells stand where `cellBounds` has them.
 class DayGrid final : public Widget {
 public:
-    explicit DayGrid(Container& parent) : Widget(parent) {}
+    // `month` is borrowed; only its cells with a day can be chosen.
+    DayGrid(Container& parent, const FilledMonth& month) : Widget(parent), month_(month) {}
 
-    // Only cells with a day can be chosen. `heading` names the month for screen readers.
-    void show(const MonthLayout& layout, Text heading);
-    // Days of the month shown; 0 for none.
-    void mark(int32_t chosen, int32_t today);
+    // After a change of the month.
+    void refresh();
 
     void paint(Canvas& canvas, const PixelRect& bounds) override;
     void mouse(const MouseEvent& event) override;
@@ -33,10 +32,7 @@ private:
     void paintDay(Canvas& canvas, const PixelRect& cell, int32_t day) const;
     void hover(int32_t day);
 
-    MonthLayout layout_;
-    Text heading_;
-    int32_t chosen_ = 0;
-    int32_t today_ = 0;
+    const FilledMonth& month_;
     int32_t hovered_ = 0;
     int32_t pressedDay_ = 0;
 };

@@ -1,5 +1,7 @@
 #include "datecalendar/month_layout.h"
 
+#include <algorithm>
+
 namespace obk {
 
 namespace {
@@ -11,19 +13,13 @@ bool inRange(YearMonth month) {
 }  // namespace
 
 int32_t MonthLayout::dayAt(int32_t cell) const {
-    const int32_t day = cell - firstCell + 1;
-    return day >= 1 && day <= days ? day : 0;
-}
-
-int32_t daysInMonth(YearMonth month) {
-    if (!month.ok()) return 0;
-    const auto last = (month / std::chrono::last).day();
-    return static_cast<int32_t>(unsigned{last});
+    const int32_t day = cell - lngFIRSTCELL + 1;
+    return day >= 1 && day <= lngDAYSINMONTH ? day : 0;
 }
 
 int32_t daysShown(YearMonth month) {
     if (month.month() == std::chrono::February) return int{month.year()} % 4 == 0 ? 29 : 28;
-    return daysInMonth(month);
+    return static_cast<int32_t>(unsigned{(month / std::chrono::last).day()});
 }
 
 std::optional<MonthLayout> monthLayout(YearMonth month) {
@@ -35,7 +31,7 @@ std::optional<MonthLayout> monthLayout(YearMonth month) {
 
 std::optional<YearMonth> turned(YearMonth from, int32_t months) {
     if (!inRange(from)) return std::nullopt;
-    constexpr int32_t most = 12 * (lastYear - firstYear + 1);
+    constexpr int32_t most = monthsOfYear * (lastYear - firstYear + 1);
     if (months < -most || months > most) return std::nullopt;
     const YearMonth to = from + std::chrono::months(months);
     return inRange(to) ? std::optional(to) : std::nullopt;
@@ -52,6 +48,11 @@ std::optional<ShownDay> moved(const ShownDay& from, int32_t by) {
         return after ? std::optional(ShownDay{*after, day - daysShown(from.month)}) : std::nullopt;
     }
     return ShownDay{from.month, day};
+}
+
+std::optional<ShownDay> turned(const ShownDay& from, int32_t months) {
+    const auto to = turned(from.month, months);
+    return to ? std::optional(ShownDay{*to, std::min(from.day, daysShown(*to))}) : std::nullopt;
 }
 
 TwipsRect cellBounds(int32_t cell) {

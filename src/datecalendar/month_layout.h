@@ -12,18 +12,27 @@ using YearMonth = std::chrono::year_month;
 constexpr int32_t cellColumns = 7;
 constexpr int32_t cellRows = 8;
 constexpr int32_t cellCount = cellColumns * cellRows;
+constexpr int32_t monthsOfYear = 12;
 
 struct MonthLayout {
-    int32_t firstCell = cellColumns;  // of day 1: 7 to 13
-    int32_t days = 31;
+    int32_t lngFIRSTCELL = cellColumns;  // of day 1: 7 to 13
+    int32_t lngDAYSINMONTH = 31;
 
     // 0 for a cell without a day.
     int32_t dayAt(int32_t cell) const;
+    int32_t cellOf(int32_t day) const { return lngFIRSTCELL + day - 1; }
     friend bool operator==(const MonthLayout&, const MonthLayout&) = default;
 };
 
-// By the calendar. 0 for what is no month.
-int32_t daysInMonth(YearMonth month);
+// A month as it is shown; days that are marked are 0 for none.
+struct FilledMonth {
+    MonthLayout layout;
+    Text heading;  // "November, 2026"
+    int32_t chosen = 0;
+    int32_t today = 0;
+    int32_t framed = 0;  // the committed date's
+};
+
 // As the panel shows it: every year that 4 divides has a 29 February there, 1900 and 2100 too. It is meant.
 int32_t daysShown(YearMonth month);
 // Nothing for what is no month, or outside the years of date texts.
@@ -41,6 +50,9 @@ struct ShownDay {
 // `by` days on from a day that is shown, over the ends of the months as the panel shows them; at most a month
 // at a time. Nothing beyond the years of date texts.
 std::optional<ShownDay> moved(const ShownDay& from, int32_t by);
+
+// The same day of another month, or the last one of a month that lacks it.
+std::optional<ShownDay> turned(const ShownDay& from, int32_t months);
 
 // Where a cell is in the panel, in twips.
 TwipsRect cellBounds(int32_t cell);

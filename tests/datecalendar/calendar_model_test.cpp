@@ -1,0 +1,258 @@
+#include "datecalendar/calendar_model.h"
+
+#include "base/attempt.h"
+
+#include <gtest/gtest.h>
+
+namespace obk::test {
+namespace {
+
+Date date(int year, unsigned month, unsigned day) {
+    return std::chrono::year(year) / std::chrono::month(month) / std::chrono::day(day);
+}
+
+class CalendarModelTest : public ::testing::Test {
+protected:
+    void openOn(const char16_t* text) {
+        model.commit(text);
+        model.showDate();
+    }
+    // The chosen day as it is marked: "14 November, 2026".
+    std::string chosen() const {
+        return std::to_string(model.filled().chosen) + " " + toUtf8(model.filled().heading);
+    }
+    std::string month() const { return toUtf8(model.filled().heading); }
+    int32_t framed() const { return model.filled().framed; }
+    bool press(int16_t code, int16_t shift = 0) { return model.walk({code, shift, false}); }
+
+    Date today = date(2026, 11, 14);
+    CalendarModel model{[this] { return today; }};
+};
+
+TEST_F(CalendarModelTest, AtFirstItShowsTodaysMonthAndDay) {
+    EXPECT_EQ(chosen(), "14 November, 2026");
+    EXPECT_EQ(model.filled().today, 14);
+    EXPECT_EQ(framed(), 0);
+    EXPECT_EQ(model.date(), u"");
+    // Another day begins while the calendar stands: the mark follows, the choice does not.
+    today = date(2026, 11, 15);
+    model.CalendarUpdate();
+    EXPECT_EQ(chosen(), "14 November, 2026");
+    EXPECT_EQ(model.filled().today, 15);
+    model.turn(12);
+    EXPECT_EQ(model.filled().today, 0);
+}
+
+TEST_F(CalendarModelTest, TurningWrapsMonthsAndADayThatAMonthLacksBecomesTheFirst) {
+    struct Row {
+        const char16_t* from;
+        int32_t months;
+        const char* to;
+    };
+    for (const Row& row :
+         {Row{u"Thu 31 Dec 2026", 1, "31 January, 2027"}, Row{u"Thu 1 Jan 2026", -1, "1 December, 2025"},
+          Row{u"Sat 31 Oct 2026", 1, "1 November, 2026"}, Row{u"Mon 30 Mar 2026", -1, "1 February, 2026"},
+          Row{u"Thu 29 Feb 2024", 12, "1 February, 2025"}, Row{u"Sun 29 Mar 2099", -1, "1 February, 2099"},
+          Row{u"Mon 29 Mar 2100", -1, "29 February, 2100"}, Row{u"Sat 14 Nov 2026", -12, "14 November, 2025"},
+          Row{u"Fri 31 Dec 9999", 1, "31 December, 9999"}, Row{u"Fri 31 Dec 9999", 12, "31 December, 9999"},
+          Row{u"Fri 1 Jan 0100", -1, "1 January, 0100"}, Row{u"Fri 1 Jan 0100", -12, "1 January, 0100"}}) {
+        openOn(row.from);
+        model.turn(row.months);
+        EXPECT_EQ(chosen(), row.to) << toUtf8(row.from);
+    }
+}
+
+TEST_F(CalendarModelTest, KeysWalkByDaysWeeksMonthsAndYears) {
+    struct Row {
+        const char16_t* from;
+        int16_t code, shift;
+        const char* to;
+    };
+    for (const Row& row : {Row{u"Sat 31 Jan 2026", key::right, 0, "1 February, 2026"},
+                           Row{u"Sun 1 Feb 2026", key::left, 0, "31 January, 2026"},
+                           Row{u"Sat 28 Feb 2026", key::up, 0, "21 February, 2026"},
+                           Row{u"Sat 28 Feb 2026", key::down, 0, "7 March, 2026"},
+                           Row{u"Sat 7 Mar 2026", key::end, 0, "31 March, 2026"},
+                           Row{u"Sat 7 Mar 2026", key::home, 0, "1 March, 2026"},
+                           Row{u"Sat 31 Jan 2026", key::pageDown, 0, "28 February, 2026"},
+                           Row{u"Tue 31 Mar 2026", key::pageUp, 0, "28 February, 2026"},
+                           Row{u"Thu 29 Feb 2024", key::pageDown, shift::control, "28 February, 2025"},
+                           Row{u"Sat 28 Feb 2026", key::pageUp, shift::control, "28 February, 2025"},
+                           // At the ends of time a key is taken and has no effect.
+                           Row{u"Fri 31 Dec 9999", key::right, 0, "31 December, 9999"},
+                           Row{u"Fri 31 Dec 9999", key::pageDown, 0, "31 December, 9999"},
+                           Row{u"Fri 1 Jan 0100", key::up, 0, "1 January, 0100"}}) {
+        openOn(row.from);
+        EXPECT_TRUE(press(row.code, row.shift));
+        EXPECT_EQ(chosen(), row.to) << toUtf8(row.from) << " " << row.code;
+    }
+    openOn(u"Sat 14 Nov 2026");
+    const KeyEvent others[] = {{key::left, shift::shift},
+                               {key::left, shift::control},
+                               {key::pageUp, shift::shift},
+                               {key::space},
+                               {int16_t{key::down + 1}},
+                               {key::enter},
+                               {key::pageDown, shift::control | shift::alt}};
+    for (const KeyEvent& other : others) EXPECT_FALSE(model.walk(other)) << other.code << " " << other.shift;
+    EXPECT_EQ(chosen(), "14 November, 2026");
+}
+
+TEST_F(CalendarModelTest, TheFrameStaysUntilTheFirstRefillAndWhileKeysWalkInsideTheMonth) {
+    openOn(u"Mon 9 Nov 2026");
+    EXPECT_EQ(framed(), 9);
+    press(key::right);
+    EXPECT_EQ(framed(), 9);
+    EXPECT_EQ(chosen(), "10 November, 2026");
+    model.CalendarUpdate();
+    EXPECT_EQ(framed(), 0);
+    press(key::right);
+    EXPECT_EQ(framed(), 0);
+    openOn(u"Mon 9 Nov 2026");
+    press(key::pageDown);
+    EXPECT_EQ(framed(), 0);
+    press(key::pageUp);
+    EXPECT_EQ(framed(), 0) << "it does not come back with the month";
+    openOn(u"Mon 9 Nov 2026");
+    press(key::pageUp, shift::control);
+    EXPECT_EQ(framed(), 0);
+}
+
+TEST_F(CalendarModelTest, ATextThatBeginsWithTheMonthKeepsTheFrame) {
+    model.commit(u"Nov 11, 2026");
+    model.CalendarUpdate();
+    EXPECT_EQ(framed(), 11);
+    model.turn(1);
+    EXPECT_EQ(framed(), 0);
+    model.turn(-1);
+    EXPECT_EQ(framed(), 11);
+    press(key::home);
+    EXPECT_EQ(framed(), 11);
+    model.turn(12);
+    EXPECT_EQ(framed(), 0) << "the year is compared, too";
+    model.typeYear(u" 2026");
+    EXPECT_EQ(framed(), 11);
+    model.commit(u"Nov whenever, 2026");
+    model.CalendarUpdate();
+    EXPECT_EQ(framed(), 0);
+    model.commit(u"Jan 7, 0101");
+    model.show(std::chrono::year(101) / 1);
+    EXPECT_EQ(framed(), 7);
+    model.typeYear(u"101");
+    EXPECT_EQ(framed(), 0) << "as text";
+    // While the calendar is open a host may change the date; the next walk shows it.
+    openOn(u"Mon 9 Nov 2026");
+    model.commit(u"Nov 11, 2026");
+    press(key::right);
+    EXPECT_EQ(framed(), 11);
+}
+
+TEST_F(CalendarModelTest, WhatIsNoYearLeavesTheDaysAndNothingTurnsOrIsChosen) {
+    openOn(u"Sat 31 Oct 2026");
+    for (const char16_t* none : {u"", u"20", u"10000", u"20.6", u"next"}) {
+        model.typeYear(none);
+        EXPECT_EQ(model.year(), none);
+        model.turn(1);
+        model.chooseMonth(std::chrono::February);
+        EXPECT_FALSE(press(key::right));
+        model.CalendarUpdate();
+        EXPECT_EQ(chosen(), "31 October, 2026");
+        EXPECT_EQ(model.month(), std::chrono::February);
+        EXPECT_THROW(model.chosenText(), StatementFailed);
+    }
+    // The year that comes next fills the month that was chosen meanwhile.
+    model.typeYear(u"2028");
+    EXPECT_EQ(chosen(), "1 February, 2028");
+    EXPECT_EQ(model.filled().layout, (MonthLayout{8, 29}));
+}
+
+TEST_F(CalendarModelTest, TheYearIsShownAsItWasTypedUntilTheCalendarWritesIt) {
+    model.typeYear(u"101");
+    EXPECT_EQ(month(), "November, 101");
+    model.turn(1);
+    EXPECT_EQ(month(), "December, 0101");
+    EXPECT_EQ(model.year(), u"0101");
+}
+
+TEST_F(CalendarModelTest, AnEchoOfTheYearDuringARefillIsNotTyped) {
+    int told = 0;
+    const Connection echo = model.changed.connect([&] {
+        ++told;
+        model.typeYear(u"1999");
+    });
+    model.turn(1);
+    EXPECT_EQ(month(), "December, 2026");
+    EXPECT_EQ(told, 1);
+}
+
+TEST_F(CalendarModelTest, EveryGestureAndCommandTellsThatItChanged) {
+    const std::pair<const char*, std::function<void()>> ways[] = {
+        {"CalendarUpdate", [&] { model.CalendarUpdate(); }},
+        {"subNEWDATE", [&] { model.subNEWDATE(); }},
+        {"show", [&] { model.show(std::chrono::year(2030) / 2); }},
+        {"open", [&] { model.showDate(); }},
+        {"month", [&] { model.chooseMonth(std::chrono::May); }},
+        {"year", [&] { model.typeYear(u"2020"); }},
+        {"turn", [&] { model.turn(1); }},
+        {"walk", [&] { press(key::left); }},
+        {"today", [&] { model.chooseToday(); }},
+    };
+    int told = 0;
+    const Connection connection = model.changed.connect([&] { ++told; });
+    for (const auto& [name, way] : ways) {
+        told = 0;
+        way();
+        EXPECT_EQ(told, 1) << name;
+    }
+}
+
+TEST_F(CalendarModelTest, SubNewDateReadsMonthAndYearOutOfAnyText) {
+    struct Row {
+        const char16_t* text;
+        const char* month;
+    };
+    for (const Row& row : {Row{u"Tue 3 Feb 2032", "February, 2032"}, Row{u"august 1987", "August, 1987"},
+                           Row{u"nothing", "August, 1987"}, Row{u"may be 99", "May, 1987"},
+                           Row{u"1999", "May, 1999"}, Row{u"", "May, 1999"}, Row{u"99", "May, 1999"},
+                           Row{u"Sat 14 Nov 2026        ", "November, 2026"}}) {
+        model.commit(row.text);
+        model.subNEWDATE();
+        EXPECT_EQ(month(), row.month) << toUtf8(row.text);
+    }
+    EXPECT_EQ(chosen(), "14 November, 2026") << "of the day it reads nothing";
+}
+
+TEST_F(CalendarModelTest, OpeningShowsTheDateBehindItsWeekdayAndTakesTodayForAnEmptyOne) {
+    model.commit(u"   ");
+    model.showDate();
+    EXPECT_EQ(model.date(), u"Sat 14 Nov 2026");
+    EXPECT_EQ(framed(), 14);
+    openOn(u"Thu 29 Feb 2024");
+    for (const char16_t* none : {u"x", u"Feb", u"Nov 14, 2025", u"Wed 31 Nov 2026", u"14 Nov 2026"}) {
+        model.commit(none);
+        EXPECT_THROW(model.showDate(), StatementFailed) << toUtf8(none);
+        EXPECT_EQ(chosen(), "29 February, 2024") << toUtf8(none);
+        EXPECT_EQ(model.date(), none);
+    }
+    model.commit(u"");
+    today = date(10000, 1, 1);
+    EXPECT_THROW(model.showDate(), StatementFailed);
+    EXPECT_EQ(model.date(), u"");
+}
+
+TEST_F(CalendarModelTest, ADayOfTheMonthShownBecomesADateTextUnlessOnlyTheCalendarKnowsIt) {
+    openOn(u"Wed 28 Feb 1900");
+    model.chooseCell(model.filled().layout.cellOf(1));
+    EXPECT_EQ(model.chosenText(), u"Thu 1 Feb 1900");
+    model.chooseCell(model.filled().layout.cellOf(29));
+    EXPECT_THROW(model.chosenText(), StatementFailed);
+    EXPECT_TRUE(press(key::right));
+    EXPECT_EQ(model.chosenText(), u"Thu 1 Mar 1900");
+    EXPECT_EQ(model.date(), u"Wed 28 Feb 1900") << "a choice commits nothing";
+    model.chooseToday();
+    EXPECT_EQ(model.chosenText(), u"Sat 14 Nov 2026");
+    EXPECT_EQ(chosen(), "14 November, 2026");
+}
+
+}  // namespace
+}  // namespace obk::test
