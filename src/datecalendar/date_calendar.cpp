@@ -1,6 +1,7 @@
 #include "datecalendar/date_calendar.h"
 
 #include "base/attempt.h"
+#include "base/scoped_value.h"
 #include "datecalendar/quick_menu.h"
 #include "framework/kxlib_system.h"
 
@@ -86,7 +87,7 @@ void DateCalendar::connectChildren() {
     });
     on(txtfraBORDER.fontChanged, [this] {
         followedFont_.changed();
-        PropertyChanged<&DateCalendar::Font>();
+        if (!settingFont_) PropertyChanged<&DateCalendar::Font>();
     });
     const auto menuAsked = [this](const Widget& asked) {
         return [this, &asked](std::optional<PixelPoint> at, bool& shown) {
@@ -155,7 +156,7 @@ void DateCalendar::SetBorderStyle(int32_t BorderStyle) {
 
 void DateCalendar::SetEnabled(bool Enabled) {
     // A field that the user cannot reach any more drops nothing down either.
-    if (!Enabled && panel_.visible()) HidePopUp();
+    if (!Enabled && panel_.visible()) attempt([&] { HidePopUp(); });
     fraBORDER.setEnabled(Enabled);
     picfraICON.setEnabled(Enabled);
     txtfraBORDER.setEnabled(Enabled);
@@ -163,9 +164,11 @@ void DateCalendar::SetEnabled(bool Enabled) {
 }
 
 void DateCalendar::SetFont(const FontRef& Font) {
-    const bool another = Font && Font != txtfraBORDER.font();
-    txtfraBORDER.setFont(Font);  // another font notifies by its change
-    if (!another) PropertyChanged<&DateCalendar::Font>();
+    {
+        const ScopedFlag setting(settingFont_);
+        attempt([&] { txtfraBORDER.setFont(Font); });
+    }
+    PropertyChanged<&DateCalendar::Font>();
 }
 
 void DateCalendar::SetPopupEnabled(bool PopupEnabled) {

@@ -115,6 +115,7 @@ private:
     CalendarPanel picDROPDOWNPANEL;
 
     bool focusRect_ = true;
+    bool settingFont_ = false;
     DropDownState drop_;
     obk::Text toolTip_;
     FollowedFont followedFont_;

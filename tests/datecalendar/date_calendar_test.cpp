@@ -463,6 +463,18 @@ TEST_F(DateCalendarTest, LoadingShowsNothingForAnEmptyDateAndKeepsWhatWasStored)
     other->deactivate();
 }
 
+TEST_F(DateCalendarTest, SettingAFontIsToldOnceWhicheverItIs) {
+    const auto font = std::make_shared<SharedFont>();
+    for (const FontRef& each : {font, font, FontRef()}) {
+        put(u"Font", each);
+        EXPECT_EQ(host.take(), Journal{"changed Font"});
+    }
+    FontDescription bold = font->description();
+    bold.weight = 700;
+    font->setDescription(bold);
+    EXPECT_EQ(host.take(), Journal{"changed Font"}) << "so is a change of the font that is shown";
+}
+
 TEST_F(DateCalendarTest, StoredColoursAndToolTipHaveTheirEffect) {
     MemoryBag bag;
     bag.write(u"FILLCOLOR", OleColour(Rgb{0x112233}));
