@@ -18,7 +18,7 @@ struct ColumnEntry {
 };
 constexpr ColumnEntry columns[] = {{L"", 330, 2},         {L"No.", 480, 2},       {L"Customer", 1300, 0},
                                    {L"Article", 1200, 4}, {L"Delivery", 1500, 1}, {L"Time", 1060, 6},
-                                   {L"Qty", 600, 5},   {L"Paid", 450, 3}};
+                                   {L"Qty", 600, 5},      {L"Paid", 450, 3}};
 constexpr const wchar_t* articles[] = {L"Writing desk", L"Bookcase", L"Dining chair", L"Sideboard", L"Lamp"};
 
 constexpr const wchar_t* orders[] = {
