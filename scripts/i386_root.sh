@@ -4,12 +4,13 @@
 #
 #   scripts/i386_root.sh possible            whether this machine allows it; says why not
 #   scripts/i386_root.sh make                makes it if it is not there
-#   scripts/i386_root.sh run <command...>    runs a command in it, with this folder bound in, read-only
+#   scripts/i386_root.sh run <command...>    runs a command in it, with this folder bound in, read-only but for build/logs
 # shellcheck source=lib.sh
 . "$(dirname "$0")/lib.sh"
 
 # A new number here makes everybody's root anew.
 edition=1
+# shellcheck source=/dev/null
 codename=$(. /etc/os-release && printf '%s' "$VERSION_CODENAME")
 directory=$cache/i386-$codename-$edition
 
@@ -30,6 +31,7 @@ possible() {
 
 # The mirror that this machine itself uses, trusted for the main archive.
 mirror() {
+    # shellcheck disable=SC2016  # apt's own variables
     apt-get indextargets --format '$(ORIGIN) $(COMPONENT) $(CODENAME) $(REPO_URI)' 'Created-By: Packages' |
         awk -v codename="$codename" '$1 == "Debian" && $2 == "main" && $3 == codename {print $4; exit}'
 }
@@ -89,12 +91,15 @@ case ${1:-} in
         mount -t proc proc "$directory/proc"
         mount --rbind /dev "$directory/dev"
         mount -t tmpfs tmpfs "$directory/tmp"
-        mkdir -p "$directory/tmp/.X11-unix" "$directory$root"
+        mkdir -p "$directory/tmp/.X11-unix" "$directory$root" "$logs"
         [ ! -d /tmp/.X11-unix ] || mount --bind /tmp/.X11-unix "$directory/tmp/.X11-unix"
         mount --bind "$root" "$directory$root"
         mount -o remount,bind,ro "$directory$root"
+        # Where reports of tests are written.
+        mount --bind "$logs" "$directory$logs"
         environment=(HOME=/root LANG=C.UTF-8 PATH=/usr/sbin:/usr/bin:/sbin:/bin "DISPLAY=${DISPLAY:-}")
         while IFS= read -r variable; do environment+=("$variable"); done < <(env | grep -E '^(GTEST_|OBK_|WINEDEBUG=)')
+        # shellcheck disable=SC2016  # of the shell in the root
         chroot "$directory" env -i "${environment[@]}" bash -c 'cd "$0" && exec "$@"' "$root" "$@" &
         child=$!
         # As the first process of its namespace this one gets only the signals it asks for.

@@ -32,31 +32,17 @@ trap 'exit 130' INT TERM HUP
 "$root/scripts/setup.sh" test
 rm -rf "$results"
 mkdir -p "$results"
+"$root/tests/scripts/count_tests_test.sh" || fail "the tests would be counted wrongly"
 
 # note <leg> <passed> <failed> <skipped> <text>: what one leg came to.
 note() { printf '%s %s %s %s\n' "$2" "$3" "$4" "$5" >"$results/$1"; }
 
-# count_tests <leg> <log> <status> <seconds>: reads googletest's own report. A test that was announced and
-# never reported has failed, and so has a run of no test, a skipped test and a disabled one.
+# count_tests <leg> <log> <status> <seconds>: from GoogleTest's own report beside the log.
 count_tests() {
-    local leg=$1 log=$2 status=$3 took=$4
-    tr -d '\r' <"$log" | awk -v status="$status" -v took="$took" '
-        /\[==========\] Running [0-9]+ test/ { for (i = 1; i <= NF; i++) if ($i == "Running") announced = $(i + 1) }
-        /\[ RUN      \]/                     { last = $NF }
-        /\[       OK \]/                     { ok++ }
-        /\[  FAILED  \].*\([0-9]+ ms\)$/     { bad++; names = names " " $4 }
-        /\[  SKIPPED \].*\([0-9]+ ms\)$/     { bad++; names = names " " $4 "(skipped)" }
-        /YOU HAVE [0-9]+ DISABLED TEST/      { for (i = 1; i <= NF; i++) if ($i == "HAVE") off = $(i + 1) }
-        END {
-            if (off) { bad += off; names = names " " off "_disabled" }
-            if (announced == 0) { bad++; names = names " no_test_was_run" }
-            else if (ok + bad - off < announced) { bad += announced - ok - bad + off; names = names " ended_in_" last }
-            if (status != 0 && bad == 0) { bad++; names = names " status_" status }
-            text = took " s"
-            if (names) text = text ";" names
-            printf "%d %d 0 %s\n", ok, bad, text
-        }' >"$results/$leg"
-    if [ "$(cut -d' ' -f2 "$results/$leg")" -ne 0 ]; then
+    local leg=$1 log=$2 status=$3 took=$4 good bad names
+    read -r good bad names < <("$root/scripts/count_tests.sh" "${log%.log}.xml" "$log" "$status")
+    note "$leg" "$good" "$bad" 0 "$took s${names:+; $names}"
+    if [ "$bad" -ne 0 ]; then
         say "--- $leg: $log"
         tr -d '\r' <"$log" | grep -vE '\[(       OK | RUN      |----------)\]' | tail -n 120 |
             case $leg in
@@ -67,11 +53,14 @@ count_tests() {
     fi
 }
 
-# run_tests <leg> <seconds> <command...>: a test executable, its log and its count.
+# run_tests <leg> <seconds> <command...>: a test executable, its log, its report and its count.
 run_tests() {
-    local leg=$1 seconds=$2 start=$SECONDS status=0
+    local leg=$1 seconds=$2 start=$SECONDS status=0 report=$logs/$1.xml
     shift 2
-    timeout -k 10 "$seconds" "$@" --gtest_color=no --gtest_filter="$filter" >"$logs/$leg.log" 2>&1 || status=$?
+    rm -f "$report"
+    case $leg in windows-*) report=$(windows_path "$report") ;; esac
+    timeout -k 10 "$seconds" "$@" --gtest_color=no --gtest_filter="$filter" --gtest_output="xml:$report" \
+        >"$logs/$leg.log" 2>&1 || status=$?
     count_tests "$leg" "$logs/$leg.log" "$status" "$((SECONDS - start))"
 }
 

@@ -4,7 +4,7 @@
 #   scripts/wine.sh [--display] <x64|x86> <seconds> <program> [argument...]
 #
 # --display uses $DISPLAY. A .sh program is run by bash and calls wine itself. x86 runs in the 32-bit root
-# (scripts/i386_root.sh), which sees this folder, read-only, under the same name.
+# (scripts/i386_root.sh), which sees this folder, read-only but for build/logs, under the same name.
 # shellcheck source=lib.sh
 . "$(dirname "$0")/lib.sh"
 
