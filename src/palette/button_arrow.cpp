@@ -1,5 +1,6 @@
 #include "palette/button_arrow.h"
 
+#include "base/scoped_value.h"
 #include "framework/kxlib_system.h"
 #include "framework/table_builder.h"
 #include "framework/value.h"
@@ -16,8 +17,7 @@ constexpr Twips fixedHeight{210};
 ButtonArrow::ButtonArrow(Platform& platform) : Control(platform), lblARROW(root()) {}
 
 void ButtonArrow::initialize() {
-    // Read and compared as every control does that adapts to the system's look; this one has nothing to
-    // adapt.
+    // Read and compared, though this control has nothing that depends on the system.
     [[maybe_unused]] const bool newerSystem = leadingNumber(GetWindowsVersion(platform())) >= 4.99;
     fixSize();
 }
@@ -28,7 +28,8 @@ void ButtonArrow::EnabledCol(bool) {
 
 void ButtonArrow::fixSize() {
     if (fixingSize_) return;
-    fixingSize_ = true;  // a container that answers with yet another size is not asked again
+    const ScopedFlag fixing(
+        fixingSize_);  // a container that answers with yet another size is not asked again
     const Dpi dpi = root().dpi();
     const bool wrongOnScreen = dpi.toPixels(width()) != dpi.toPixels(fixedWidth) ||
                                dpi.toPixels(height()) != dpi.toPixels(fixedHeight);
@@ -37,7 +38,6 @@ void ButtonArrow::fixSize() {
     // Whole pixels that already show the fixed size are left alone, or the two sides would ask for ever.
     if (wrongOnScreen) requestSize(fixedWidth, fixedHeight);
     setSize(fixedWidth, fixedHeight);
-    fixingSize_ = false;
 }
 
 const ControlTable& ButtonArrow::memberTable() {
