@@ -1,5 +1,6 @@
 #include "palette/button_face.h"
 
+#include "framework/kxlib_system.h"
 #include "widgets/drawing.h"
 #include "widgets/surface.h"
 
@@ -17,26 +18,21 @@ constexpr int32_t gap = 2;  // between swatch, picture and caption
 
 }  // namespace
 
-ButtonFace::ButtonFace(Container& parent)
-    : Widget(parent), font([this] {
+ButtonFace::ButtonFace(Container& parent, const ButtonState& state)
+    : Widget(parent), state_(state), look_(lookOfSystem(platform())), font_([this] {
           invalidate();
           fontChanged();
       }) {}
-
-void ButtonFace::show() {
-    invalidate();
-}
 
 Rgb ButtonFace::colour(SystemColour index) const {
     return systemRgb(platform(), index);
 }
 
 Rgb ButtonFace::ground() const {
-    const Rgb background = rgb(state.background);
-    if (state.look == Look::classic || !enabled() || platform().appearance().highContrast())
-        return background;
-    if (state.pressed) return mixed(colour(SystemColour::highlight), background, 80);
-    return state.hot ? mixed(colour(SystemColour::highlight), background, 30) : background;
+    const Rgb background = rgb(state_.background);
+    if (look_ == Look::classic || !enabled() || platform().appearance().highContrast()) return background;
+    if (state_.down) return mixed(colour(SystemColour::highlight), background, 80);
+    return state_.hot ? mixed(colour(SystemColour::highlight), background, 30) : background;
 }
 
 TwipsRect ButtonFace::arrowPlace(Twips width, Twips height, Twips arrowWidth, Twips arrowHeight) {
@@ -58,43 +54,43 @@ void ButtonFace::paint(Canvas& canvas, const PixelRect& bounds) {
     paintEdges(canvas, bounds);
     PixelRect content = bounds.inset(dpi.scaled(inset));
     content.right = bounds.right - dpi.scaled(arrowZone) - dpi.scaled(gap);
-    const int32_t shift = state.look == Look::classic && state.pressed ? dpi.scaled(1) : 0;
+    const int32_t shift = look_ == Look::classic && state_.down ? dpi.scaled(1) : 0;
     content = content.moved(shift, shift);
     content = paintSwatch(canvas, content);
     content = paintPicture(canvas, content);
     paintCaption(canvas, content);
     paintSeparator(canvas, bounds);
-    if (state.focused && state.showsFocus && enabled()) canvas.drawFocusRect(bounds.inset(dpi.scaled(3)));
+    if (state_.focused && state_.FocusRect && enabled()) canvas.drawFocusRect(bounds.inset(dpi.scaled(3)));
 }
 
 void ButtonFace::paintEdges(Canvas& canvas, const PixelRect& bounds) const {
     const int32_t line = canvas.dpi().scaled(1);
     if (platform().appearance().highContrast()) {
-        const bool strong = enabled() && (state.hot || state.focused || state.pressed);
+        const bool strong = enabled() && (state_.hot || state_.focused || state_.down);
         canvas.frameRect(bounds, strong ? 2 * line : line,
                          colour(strong      ? SystemColour::highlight
                                 : enabled() ? SystemColour::buttonText
                                             : SystemColour::greyText));
         return;
     }
-    if (state.look == Look::classic) {
+    if (look_ == Look::classic) {
         PixelRect edge = bounds;
-        if (state.focused && enabled()) {
+        if (state_.focused && enabled()) {
             // The default button of a form: a dark line around it.
             canvas.frameRect(edge, line, colour(SystemColour::windowText));
             edge = edge.inset(line);
         }
-        if (state.pressed) {
+        if (state_.down) {
             canvas.frameRect(edge, line, colour(SystemColour::buttonShadow));
             return;
         }
         drawRaisedEdges(platform(), canvas, edge);
         return;
     }
-    const Rgb face = rgb(state.background);
+    const Rgb face = rgb(state_.background);
     if (!enabled()) {
         canvas.frameRect(bounds, line, mixed(colour(SystemColour::buttonShadow), face, 110));
-    } else if (state.hot || state.focused || state.pressed) {
+    } else if (state_.hot || state_.focused || state_.down) {
         canvas.frameRect(bounds, line, colour(SystemColour::highlight));
     } else {
         canvas.frameRect(bounds, line, colour(SystemColour::buttonShadow));
@@ -102,11 +98,11 @@ void ButtonFace::paintEdges(Canvas& canvas, const PixelRect& bounds) const {
 }
 
 PixelRect ButtonFace::paintSwatch(Canvas& canvas, const PixelRect& content) const {
-    if (!state.showsSwatch || content.empty()) return content;
+    if (!state_.ShowButtonColor || content.empty()) return content;
     const Dpi dpi = canvas.dpi();
     PixelRect swatch = content.inset(dpi.scaled(1));
     swatch.right = swatch.left + dpi.scaled(swatchWidth);
-    const Rgb shown = rgb(state.swatch);
+    const Rgb shown = rgb(state_.ButtonColor);
     const Rgb face = ground();
     canvas.fillRect(swatch, enabled() ? shown : mixed(shown, face, 110));
     canvas.frameRect(swatch, dpi.scaled(1),
@@ -118,9 +114,9 @@ PixelRect ButtonFace::paintSwatch(Canvas& canvas, const PixelRect& content) cons
 }
 
 PixelRect ButtonFace::paintPicture(Canvas& canvas, const PixelRect& content) {
-    if (!state.showsPicture || content.empty()) return content;
-    const bool standsIn = !enabled() && !state.pictureDisabled;
-    const PictureRef& source = enabled() || standsIn ? state.picture : state.pictureDisabled;
+    if (!state_.PictureVisible || content.empty()) return content;
+    const bool standsIn = !enabled() && !state_.PictureDisabled;
+    const PictureRef& source = enabled() || standsIn ? state_.Picture : state_.PictureDisabled;
     if (!source) return content;
     const PictureRef picture = prepared(source, standsIn);
     const Dpi dpi = canvas.dpi();
@@ -141,14 +137,14 @@ PixelRect ButtonFace::paintPicture(Canvas& canvas, const PixelRect& content) {
 }
 
 const PictureRef& ButtonFace::prepared(const PictureRef& source, bool grey) {
-    const Rgb mask = rgb(state.mask);
+    const Rgb mask = rgb(state_.MaskHLightColor);
     if (prepared_.source == source && prepared_.mask == mask && prepared_.grey == grey)
         return prepared_.picture;
     prepared_ = {source, mask, grey, source};
     // A picture that is not made of pixels (a metafile) is drawn as it is.
     std::vector<uint32_t> pixels = source->pixels();
     if (pixels.empty()) return prepared_.picture;
-    const Rgb face = rgb(state.background);
+    const Rgb face = rgb(state_.background);
     for (uint32_t& pixel : pixels) {
         const Rgb own = Rgb::of(static_cast<uint8_t>(pixel >> 16), static_cast<uint8_t>(pixel >> 8),
                                 static_cast<uint8_t>(pixel));
@@ -174,23 +170,23 @@ void ButtonFace::paintSeparator(Canvas& canvas, const PixelRect& bounds) const {
     const PixelRect dark{left, bounds.top + dpi.scaled(inset), left + line,
                          bounds.bottom - dpi.scaled(inset)};
     canvas.fillRect(dark, colour(enabled() ? SystemColour::buttonShadow : SystemColour::greyText));
-    if (state.look == Look::classic && !platform().appearance().highContrast())
+    if (look_ == Look::classic && !platform().appearance().highContrast())
         canvas.fillRect(dark.moved(line, 0), colour(SystemColour::buttonHighlight));
 }
 
 void ButtonFace::paintCaption(Canvas& canvas, const PixelRect& content) const {
     if (content.empty()) return;
     TextStyle style;
-    style.font = font.description();
+    style.font = font_.description();
     style.horizontal = HorizontalAlignment::centre;
     style.showAccessKey = true;
-    style.colour = rgb(enabled() ? state.textColour : OleColour(SystemColour::greyText));
+    style.colour = rgb(enabled() ? state_.ForeColor : OleColour(SystemColour::greyText));
     // Blanks that set the caption off are the first to go where there is no room for them.
-    const TextView caption = state.caption;
+    const TextView caption = state_.Caption;
     const bool fits =
         platform().appearance().measure(caption, style.font, canvas.dpi()).width <= content.width();
     const TextView shown = fits ? caption : trimmed(caption);
-    if (!enabled() && state.look == Look::classic && !platform().appearance().highContrast()) {
+    if (!enabled() && look_ == Look::classic && !platform().appearance().highContrast()) {
         TextStyle light = style;
         light.colour = colour(SystemColour::buttonHighlight);
         canvas.drawText(shown, content.moved(canvas.dpi().scaled(1), canvas.dpi().scaled(1)), light);

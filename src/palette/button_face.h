@@ -1,7 +1,7 @@
 // How ButtonPalette's button looks: its parts, their places and its states in both looks.
 #pragma once
 
-#include "base/event.h"
+#include "palette/palette_model.h"
 #include "widgets/font_holder.h"
 #include "widgets/widget.h"
 
@@ -10,25 +10,11 @@ namespace obk {
 // Takes the mouse and the keyboard for the whole button and draws all of it but the arrow.
 class ButtonFace final : public Widget {
 public:
-    explicit ButtonFace(Container& parent);
+    // `state` is borrowed and outlives the widget; whoever changes it invalidates.
+    ButtonFace(Container& parent, const ButtonState& state);
 
-    // What is shown; call `show` after changing any of it.
-    struct State {
-        Look look = Look::flat;
-        Text caption;
-        OleColour background{SystemColour::buttonFace};
-        OleColour textColour{SystemColour::buttonText};
-        OleColour swatch;
-        OleColour mask{SystemColour::buttonFace};  // pixels of this colour are left out of the pictures
-        PictureRef picture, pictureDisabled;
-        bool showsSwatch = true;
-        bool showsPicture = false;
-        bool showsFocus = true;  // the focus rectangle, while the button has the focus
-        bool hot = false, pressed = false, focused = false;
-    };
-    State state;
-    void show();
-    FontHolder font;
+    const FontRef& font() const { return font_.font(); }
+    void setFont(const FontRef& font) { font_.set(font); }
 
     // The ground between the edges in the present state, on which the arrow stands.
     Rgb ground() const;
@@ -61,6 +47,10 @@ private:
         PictureRef picture;
     };
     const PictureRef& prepared(const PictureRef& source, bool grey);
+
+    const ButtonState& state_;
+    const Look look_;
+    FontHolder font_;
     Prepared prepared_;
 };
 

@@ -2,7 +2,6 @@
 
 #include "base/attempt.h"
 #include "framework/colours.h"
-#include "framework/kxlib_system.h"
 
 namespace obk {
 
@@ -10,40 +9,55 @@ namespace {
 
 constexpr Rgb firstColour{2};  // what a new button's selection is nearest to
 
-int32_t asLong(OleColour colour) {
-    return static_cast<int32_t>(colour.value);
-}
-
 }  // namespace
 
 ButtonPalette::ButtonPalette(Platform& platform)
     : Control(platform),
-      cmdMAINBTN(root()),
+      cmdMAINBTN(root(), button_),
       barPALETTE(*this, root()),
       panel_(*this),
-      picDROPDOWNPANEL(*this, panel_.root()),
-      chooser_(panel_, picDROPDOWNPANEL),
+      picDROPDOWNPANEL(*this, panel_.root(), model_),
       cTIMER(platform.clock()) {
     barPALETTE.setTakesMouse(false);
     panel_.setAccessibleName(u"Colors");
-    // It ticks nobody: its polling would stop the host. Hosts of old knew it, and it stays as it was.
+    // Hosts know of it, but nothing starts it: the captured mouse tells what polling could find out.
     cTIMER.SetInterval(450);
-    connectChildren();
+
+    const auto on = [this](auto& event, auto handler) {
+        connections_.push_back(event.connect(std::move(handler)));
+    };
+    on(model_.buttonChanged, [this] {
+        barPALETTE.setAmbientBackColour(cmdMAINBTN.ground());
+        cmdMAINBTN.invalidate();
+    });
+    on(model_.panelChanged, [this] { picDROPDOWNPANEL.invalidate(); });
+    on(model_.cellsChanged, [this](const PixelRect& place) { picDROPDOWNPANEL.showCells(place); });
+    on(model_.stripChanged, [this] { picDROPDOWNPANEL.showStrip(); });
+    on(cmdMAINBTN.mouseReported, [this](const MouseEvent& event) { buttonMouse(event); });
+    on(cmdMAINBTN.captureTaken, [this] {
+        model_.drop.pressed = false;
+        model_.set(&ButtonState::hot, false);
+        refresh();
+    });
+    on(cmdMAINBTN.fontChanged, [this] {
+        followedFont_.changed();
+        PropertyChanged<&ButtonPalette::Font>();
+    });
+    on(picDROPDOWNPANEL.mouseReported, [this](const MouseEvent& event) { panelMouse(event); });
+    on(panel_.mouseElsewhere, [this](const MouseEvent& event) { panelMouse(event); });
+    on(panel_.dismissed, [this] { HidePopUp(); });
+    on(panel_.appearanceChanged, [this] {
+        if (panel_.visible()) HidePopUp();
+    });
 }
 
 void ButtonPalette::initialize() {
-    const Look look = lookOfSystem(platform());
-    cmdMAINBTN.state.look = look;
-    picDROPDOWNPANEL.setLook(look);
     setSize({1125}, {345});
-    lastButton_ = button::left;
-    SetTheme();
-    backColor_ =
-        Rgb{static_cast<uint32_t>(TranslateOleColor(platform().appearance(), SystemColour::buttonFace))};
-    showBackground();
+    model_.set(&ButtonState::BackColor, buttonFace());
+    model_.showBackground(buttonFace());
     resize();
     // So the first hover is not tracked: only a release, a hiding or the focus going sets it free.
-    drop_.mouseHeld = true;
+    model_.drop.mouseHeld = true;
 }
 
 void ButtonPalette::initProperties() {
@@ -53,88 +67,56 @@ void ButtonPalette::initProperties() {
     };
     setSize({1125}, height());
     setSize(width(), {345});
-    drop_.positionDefault = true;
-    cmdMAINBTN.state.showsFocus = true;
-    buttonType_ = 1;
-    backColor_ = systemColour(SystemColour::buttonFace);
-    cmdMAINBTN.state.textColour = systemColour(SystemColour::buttonText);
+    model_.drop.positionDefault = true;
+    model_.set(&ButtonState::FocusRect, true);
+    model_.set(&ButtonState::ButtonType, 1);
+    model_.set(&ButtonState::BackColor, systemColour(SystemColour::buttonFace));
+    model_.set(&ButtonState::ForeColor, systemColour(SystemColour::buttonText));
     const FontRef ambient = ambientFont();
-    cmdMAINBTN.font.set(ambient);
+    cmdMAINBTN.setFont(ambient);
     followedFont_.took(ambient, ambient);
-    chooser_.setPalette(enQUILLPalette::QP24X8, firstColour);
+    model_.setPalette(enQUILLPalette::QP24X8, firstColour);
     cmdMAINBTN.setEnabled(true);
-    cmdMAINBTN.state.caption = u"   Button";  // the blanks keep clear of the swatch
-    showBackground();
+    model_.set(&ButtonState::Caption, u"   Button");  // the blanks keep clear of the swatch
+    model_.showBackground(buttonFace());
 }
 
 void ButtonPalette::loaded() {
-    showBackground();
+    model_.showBackground(buttonFace());
     barPALETTE.setEnabled(Enabled());
-    chooser_.showChoice();
 }
 
-void ButtonPalette::connectChildren() {
-    const auto on = [this](auto& event, auto handler) {
-        connections_.push_back(event.connect(std::move(handler)));
-    };
-    on(cmdMAINBTN.mouseReported, [this](const MouseEvent& event) { buttonMouse(event); });
-    on(cmdMAINBTN.captureTaken, [this] {
-        drop_.pressed = false;
-        cmdMAINBTN.state.hot = false;
-        refresh();
-    });
-    on(cmdMAINBTN.fontChanged, [this] {
-        followedFont_.changed();
-        PropertyChanged<&ButtonPalette::Font>();
-    });
-    on(picDROPDOWNPANEL.mouseReported, [this](const MouseEvent& event) { chooser_.mouse(event); });
-    on(panel_.mouseElsewhere, [this](const MouseEvent& event) { chooser_.mouse(event); });
-    on(chooser_.closing, [this] { HidePopUp(); });
-    on(chooser_.activeChanged, [this] { activeChanged(); });
-    on(chooser_.chosen, [this](PaletteChoice::Outcome outcome) { chosen(outcome); });
-    on(chooser_.moreColoursAsked, [this] { chooseCustomColour(); });
-    on(panel_.dismissed, [this] { HidePopUp(); });
-    on(panel_.appearanceChanged, [this] {
-        if (panel_.visible()) HidePopUp();
-    });
+template <auto Getter, typename T>
+void ButtonPalette::put(T ButtonState::*place, const T& value) {
+    attempt([&] { model_.set(place, value); });
+    PropertyChanged<Getter>();
 }
 
 void ButtonPalette::SetBackColor(OleColour BackColor) {
-    backColor_ = BackColor;
-    showBackground();
+    model_.set(&ButtonState::BackColor, BackColor);
+    model_.showBackground(buttonFace());
     PropertyChanged<&ButtonPalette::BackColor>();
 }
 
 void ButtonPalette::SetBackcolorCustom(bool BackcolorCustom) {
-    backcolorCustom_ = BackcolorCustom;
-    showBackground();
+    model_.set(&ButtonState::BackcolorCustom, BackcolorCustom);
+    model_.showBackground(buttonFace());
     PropertyChanged<&ButtonPalette::BackcolorCustom>();
 }
 
-void ButtonPalette::SetbMOUSEPOSLOC(bool bMOUSEPOSLOC) {
-    drop_.mouseOver = bMOUSEPOSLOC;
-}
-
-void ButtonPalette::SetbPOSITIONDEFAULT(bool bPOSITIONDEFAULT) {
-    drop_.positionDefault = bPOSITIONDEFAULT;
-}
-
 void ButtonPalette::SetButtonType(int32_t ButtonType) {
-    buttonType_ = ButtonType;
+    model_.set(&ButtonState::ButtonType, ButtonType);
     resize();
     PropertyChanged<&ButtonPalette::ButtonType>();
     resize();
 }
 
 void ButtonPalette::SetCaption(const obk::Text& Caption) {
-    attempt([&] { cmdMAINBTN.state.caption = Caption; });
-    refresh();
-    PropertyChanged<&ButtonPalette::Caption>();
+    put<&ButtonPalette::Caption>(&ButtonState::Caption, Caption);
 }
 
 void ButtonPalette::SetColor(OleColour Color) {
-    loadColor(Color);
-    chooser_.setColour(Color);
+    model_.setColor(Color);
     resize();
     PropertyChanged<&ButtonPalette::Color>();
 }
@@ -143,8 +125,8 @@ void ButtonPalette::SetEnabled(bool Enabled) {
     cmdMAINBTN.setEnabled(Enabled);
     barPALETTE.setEnabled(Enabled);
     if (!Enabled) {
-        drop_.pressed = false;
-        cmdMAINBTN.state.hot = false;
+        model_.drop.pressed = false;
+        model_.set(&ButtonState::hot, false);
         releaseOwnCapture();
     }
     refresh();
@@ -153,94 +135,72 @@ void ButtonPalette::SetEnabled(bool Enabled) {
 }
 
 void ButtonPalette::SetFocusRect(bool FocusRect) {
-    cmdMAINBTN.state.showsFocus = FocusRect;
-    refresh();
-    PropertyChanged<&ButtonPalette::FocusRect>();
+    put<&ButtonPalette::FocusRect>(&ButtonState::FocusRect, FocusRect);
 }
 
 void ButtonPalette::SetFont(const FontRef& Font) {
-    const bool another = Font && Font != cmdMAINBTN.font.font();
-    cmdMAINBTN.font.set(Font);  // another font notifies by its change
-    if (!another) PropertyChanged<&ButtonPalette::Font>();
+    const bool another = Font && Font != cmdMAINBTN.font();
+    // Another font notifies by its change.
+    const bool set = attempt([&] { cmdMAINBTN.setFont(Font); });
+    if (!another || !set) PropertyChanged<&ButtonPalette::Font>();
 }
 
 void ButtonPalette::SetForeColor(OleColour ForeColor) {
-    cmdMAINBTN.state.textColour = ForeColor;
-    refresh();
-    PropertyChanged<&ButtonPalette::ForeColor>();
+    put<&ButtonPalette::ForeColor>(&ButtonState::ForeColor, ForeColor);
 }
 
 void ButtonPalette::SetMaskHLightColor(OleColour MaskHLightColor) {
-    cmdMAINBTN.state.mask = MaskHLightColor;
-    refresh();
-    PropertyChanged<&ButtonPalette::MaskHLightColor>();
-}
-
-void ButtonPalette::SetMousePosn(bool MousePosn) {
-    drop_.mouseOver = MousePosn;
+    put<&ButtonPalette::MaskHLightColor>(&ButtonState::MaskHLightColor, MaskHLightColor);
 }
 
 void ButtonPalette::SetPalette(int32_t Palette) {
-    loadPalette(Palette);
-    if (panel_.visible()) panel_.resize(picDROPDOWNPANEL.layOut(panel_.dpi()), drop_.firstSide());
+    attempt([&] { loadPalette(Palette); });
+    if (panel_.visible()) attempt([&] { panel_.resize(layOutPanel(), model_.drop.firstSide()); });
     PropertyChanged<&ButtonPalette::Palette>();
 }
 
 void ButtonPalette::SetPicture(const PictureRef& Picture) {
-    cmdMAINBTN.state.picture = Picture;
-    refresh();
-    PropertyChanged<&ButtonPalette::Picture>();
+    put<&ButtonPalette::Picture>(&ButtonState::Picture, Picture);
 }
 
 void ButtonPalette::SetPictureDisabled(const PictureRef& PictureDisabled) {
-    cmdMAINBTN.state.pictureDisabled = PictureDisabled;
-    refresh();
-    PropertyChanged<&ButtonPalette::PictureDisabled>();
+    put<&ButtonPalette::PictureDisabled>(&ButtonState::PictureDisabled, PictureDisabled);
 }
 
 void ButtonPalette::SetPictureVisible(bool PictureVisible) {
-    cmdMAINBTN.state.showsPicture = PictureVisible;
-    refresh();
-    PropertyChanged<&ButtonPalette::PictureVisible>();
+    put<&ButtonPalette::PictureVisible>(&ButtonState::PictureVisible, PictureVisible);
 }
 
 void ButtonPalette::SetPopupEnabled(bool PopupEnabled) {
-    drop_.popupEnabled = PopupEnabled;
+    model_.drop.popupEnabled = PopupEnabled;
     PropertyChanged<&ButtonPalette::PopupEnabled>();
 }
 
 void ButtonPalette::SetShowButtonColor(bool ShowButtonColor) {
-    cmdMAINBTN.state.showsSwatch = ShowButtonColor;
-    refresh();
-    PropertyChanged<&ButtonPalette::ShowButtonColor>();
+    put<&ButtonPalette::ShowButtonColor>(&ButtonState::ShowButtonColor, ShowButtonColor);
 }
 
 void ButtonPalette::HidePopUp() {
     if (panel_.visible()) {
         panel_.hide();
-        picDROPDOWNPANEL.endWalk();
+        model_.endWalk();
         cTIMER.SetEnabled(false);
         refresh();
     }
-    drop_.mouseHeld = false;
+    model_.drop.mouseHeld = false;
     attempt([&] { FocusHidden(); });
 }
 
 void ButtonPalette::SetTheme() {
-    // The reverse of what loading shows, as it has always been: a custom background shows until the first
-    // repaint, and the face of a button afterwards.
-    cmdMAINBTN.state.background = backcolorCustom_ ? OleColour(Rgb{static_cast<uint32_t>(TranslateOleColor(
-                                                         platform().appearance(), SystemColour::buttonFace))})
-                                                   : backColor_;
-    refresh();
+    model_.repaintBackground(buttonFace());
 }
 
 void ButtonPalette::ShowPopUp() {
     if (panel_.visible()) return;
-    picDROPDOWNPANEL.endWalk();
-    const PixelSize size = picDROPDOWNPANEL.layOut(panel_.dpi());
-    cmdMAINBTN.state.hot = false;
-    panel_.show(size, drop_.firstSide());
+    model_.endWalk();
+    const PixelSize size = layOutPanel();
+    model_.set(&ButtonState::hot, false);
+    panel_.show(size, model_.drop.firstSide());
     refresh();
 }
 
@@ -257,77 +217,32 @@ void ButtonPalette::useAmbientFont(const FontRef& font) {
 AccessibleItem ButtonPalette::describeSurface() const {
     AccessibleItem item = Control::describeSurface();
     item.role = AccessibleItem::Role::button;
-    if (const TextView caption = trimmed(cmdMAINBTN.state.caption); !caption.empty()) item.name = caption;
+    if (const TextView caption = trimmed(button_.Caption); !caption.empty()) item.name = caption;
     item.value = Text();
     item.enabled = Enabled();
     item.pressed = panel_.visible();
     return item;
 }
 
-void ButtonPalette::loadSelectedColor(OleColour colour) {
-    chooser_.choose(colour, root().rgb(colour));
-}
-
 void ButtonPalette::loadToolTip(const obk::Text& text) {
-    attempt([&] { toolTip_ = text; });
-}
-
-void ButtonPalette::loadColor(OleColour colour) {
-    cmdMAINBTN.state.swatch = colour;
-    refresh();
+    attempt([&] { model_.set(&ButtonState::ToolTip, text); });
 }
 
 void ButtonPalette::loadPalette(int32_t palette) {
-    if (const auto known = paletteFromNumber(palette))
-        chooser_.setPalette(*known, root().rgb(selectedColor()));
+    if (const auto known = paletteFromNumber(palette)) model_.setPalette(*known, root().rgb(selectedColor()));
+}
+
+Rgb ButtonPalette::buttonFace() const {
+    return {static_cast<uint32_t>(TranslateOleColor(platform().appearance(), SystemColour::buttonFace))};
 }
 
 void ButtonPalette::refresh() {
-    cmdMAINBTN.state.pressed = drop_.pressed || panel_.visible();
-    barPALETTE.setAmbientBackColour(cmdMAINBTN.ground());
-    cmdMAINBTN.show();
+    model_.set(&ButtonState::down, model_.drop.pressed || panel_.visible());
 }
 
-void ButtonPalette::showBackground() {
-    cmdMAINBTN.state.background = backcolorCustom_
-                                      ? backColor_
-                                      : OleColour(Rgb{static_cast<uint32_t>(TranslateOleColor(
-                                            platform().appearance(), SystemColour::buttonFace))});
-    refresh();
-}
-
-void ButtonPalette::activeChanged() {
-    PropertyChanged<&ButtonPalette::ActiveColor>();
-    PropertyChanged<&ButtonPalette::ActiveText>();
-    int32_t colour = asLong(ActiveColor());
-    attempt([&] { Change(colour); });
-}
-
-void ButtonPalette::chosen(PaletteChoice::Outcome outcome) {
-    const OleColour colour = selectedColor();
-    if (outcome == PaletteChoice::Outcome::changed) {
-        PropertyChanged<&ButtonPalette::selectedColor>();
-        PropertyChanged<&ButtonPalette::Text>();
-        if (Color() != colour) loadColor(colour);
-        attempt([&] { Click(); });
-    }
-    int32_t told = asLong(colour);
-    attempt([&] { Change(told); });
-}
-
-void ButtonPalette::chooseCustomColour() {
-    const OleColour start = Color();
-    const Surface* shownOn = root().surface();
-    const NativeWindow owner = shownOn && shownOn->peer() ? shownOn->peer()->window() : 0;
-    std::optional<Rgb> picked;
-    attempt([&] { picked = platform().chooseColour(owner, {root().rgb(start), true, u"Custom"}); });
-    // What was cancelled answers the colour it started from, and the host hears of that all the same.
-    const OleColour colour = picked ? OleColour(*picked) : start;
-    loadColor(colour);
-    PropertyChanged<&ButtonPalette::selectedColor>();
-    PropertyChanged<&ButtonPalette::Text>();
-    int32_t told = asLong(colour);
-    attempt([&] { ChangeCustom(told); });
+PixelSize ButtonPalette::layOutPanel() {
+    model_.setScale(panel_.dpi());
+    return picDROPDOWNPANEL.layOut();
 }
 
 }  // namespace obk

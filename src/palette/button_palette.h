@@ -2,7 +2,6 @@
 #pragma once
 
 #include "framework/control.h"
-#include "framework/drop_down_state.h"
 #include "framework/followed_font.h"
 #include "framework/hosted_control.h"
 #include "framework/kxlib_timer.h"
@@ -10,7 +9,6 @@
 #include "framework/pop_up_panel.h"
 #include "palette/button_arrow.h"
 #include "palette/button_face.h"
-#include "palette/colour_chooser.h"
 #include "palette/palette_panel.h"
 
 namespace obk {
@@ -23,48 +21,48 @@ public:
     const ControlTable& table() const override { return memberTable(); }
 
     // Properties; what they mean stands in the table.
-    OleColour ActiveColor() const { return chooser_.choice().active().Color; }
-    obk::Text ActiveText() const { return chooser_.choice().active().Name(); }
-    OleColour BackColor() const { return backColor_; }
+    OleColour ActiveColor() const { return model_.ActiveCell().Color; }
+    obk::Text ActiveText() const { return model_.ActiveCell().Name(); }
+    OleColour BackColor() const { return button_.BackColor; }
     void SetBackColor(OleColour BackColor);
-    bool BackcolorCustom() const { return backcolorCustom_; }
+    bool BackcolorCustom() const { return button_.BackcolorCustom; }
     void SetBackcolorCustom(bool BackcolorCustom);
-    bool bMOUSEPOSLOC() const { return drop_.mouseOver; }
-    void SetbMOUSEPOSLOC(bool bMOUSEPOSLOC);
-    bool bPOSITIONDEFAULT() const { return drop_.positionDefault; }
-    void SetbPOSITIONDEFAULT(bool bPOSITIONDEFAULT);
-    int32_t ButtonType() const { return buttonType_; }
+    bool bMOUSEPOSLOC() const { return model_.drop.mouseOver; }
+    void SetbMOUSEPOSLOC(bool bMOUSEPOSLOC) { model_.drop.mouseOver = bMOUSEPOSLOC; }
+    bool bPOSITIONDEFAULT() const { return model_.drop.positionDefault; }
+    void SetbPOSITIONDEFAULT(bool bPOSITIONDEFAULT) { model_.drop.positionDefault = bPOSITIONDEFAULT; }
+    int32_t ButtonType() const { return button_.ButtonType; }
     void SetButtonType(int32_t ButtonType);
-    obk::Text Caption() const { return cmdMAINBTN.state.caption; }
+    obk::Text Caption() const { return button_.Caption; }
     void SetCaption(const obk::Text& Caption);
-    OleColour Color() const { return cmdMAINBTN.state.swatch; }
+    OleColour Color() const { return button_.ButtonColor; }
     void SetColor(OleColour Color);
     bool Enabled() const { return cmdMAINBTN.enabled(); }
     void SetEnabled(bool Enabled);
-    bool FocusRect() const { return cmdMAINBTN.state.showsFocus; }
+    bool FocusRect() const { return button_.FocusRect; }
     void SetFocusRect(bool FocusRect);
-    FontRef Font() const { return cmdMAINBTN.font.font(); }
+    FontRef Font() const { return cmdMAINBTN.font(); }
     void SetFont(const FontRef& Font);
-    OleColour ForeColor() const { return cmdMAINBTN.state.textColour; }
+    OleColour ForeColor() const { return button_.ForeColor; }
     void SetForeColor(OleColour ForeColor);
     int32_t hWnd() { return static_cast<int32_t>(window()); }
-    OleColour MaskHLightColor() const { return cmdMAINBTN.state.mask; }
+    OleColour MaskHLightColor() const { return button_.MaskHLightColor; }
     void SetMaskHLightColor(OleColour MaskHLightColor);
-    bool MousePosn() const { return drop_.mouseOver; }
-    void SetMousePosn(bool MousePosn);
-    int32_t Palette() const { return static_cast<int32_t>(picDROPDOWNPANEL.kind()); }
+    bool MousePosn() const { return model_.drop.mouseOver; }
+    void SetMousePosn(bool MousePosn) { model_.drop.mouseOver = MousePosn; }
+    int32_t Palette() const { return static_cast<int32_t>(model_.palette().kind()); }
     void SetPalette(int32_t Palette);
-    PictureRef Picture() const { return cmdMAINBTN.state.picture; }
+    PictureRef Picture() const { return button_.Picture; }
     void SetPicture(const PictureRef& Picture);
-    PictureRef PictureDisabled() const { return cmdMAINBTN.state.pictureDisabled; }
+    PictureRef PictureDisabled() const { return button_.PictureDisabled; }
     void SetPictureDisabled(const PictureRef& PictureDisabled);
-    bool PictureVisible() const { return cmdMAINBTN.state.showsPicture; }
+    bool PictureVisible() const { return button_.PictureVisible; }
     void SetPictureVisible(bool PictureVisible);
-    bool PopupEnabled() const { return drop_.popupEnabled; }
+    bool PopupEnabled() const { return model_.drop.popupEnabled; }
     void SetPopupEnabled(bool PopupEnabled);
-    bool ShowButtonColor() const { return cmdMAINBTN.state.showsSwatch; }
+    bool ShowButtonColor() const { return button_.ShowButtonColor; }
     void SetShowButtonColor(bool ShowButtonColor);
-    obk::Text Text() const { return chooser_.choice().selected().Name(); }
+    obk::Text Text() const { return model_.SelectedCell().Name(); }
 
     // Methods.
     void HidePopUp();
@@ -96,41 +94,45 @@ private:
     AccessibleItem describeSurface() const override;
 
     // Persisted without a property.
-    OleColour selectedColor() const { return chooser_.choice().colour(); }
-    void loadSelectedColor(OleColour colour);
-    obk::Text toolTip() const { return toolTip_; }
+    OleColour selectedColor() const { return model_.SelectedCell().Color; }
+    void loadSelectedColor(OleColour colour) { model_.loadSelected(colour, root().rgb(colour)); }
+    obk::Text toolTip() const { return button_.ToolTip; }
     void loadToolTip(const obk::Text& text);
-    void loadColor(OleColour colour);
+    void loadColor(OleColour colour) { model_.set(&ButtonState::ButtonColor, colour); }
     void loadPalette(int32_t palette);
 
-    void connectChildren();
+    // The steps of a setter: what fails of the first, a copy for want of memory, does not keep the container
+    // from hearing of it.
+    template <auto Getter, typename T>
+    void put(T ButtonState::*place, const T& value);
+    Rgb buttonFace() const;
     void refresh();
-    void showBackground();
+    PixelSize layOutPanel();
+
+    // The button.
     void buttonMouse(const MouseEvent& event);
-    void press(int16_t mouseButton, int16_t shift, float x, float y);
-    void release(int16_t mouseButton, int16_t shift, float x, float y);
+    void press(MouseArguments at);
+    void release(MouseArguments at);
     void releaseOwnCapture();
 
-    void activeChanged();
-    void chosen(PaletteChoice::Outcome outcome);
+    // The open panel.
+    void panelMouse(const MouseEvent& event);
+    bool panelKeyDown(const KeyEvent& event);
+    void panelPress(int16_t mouseButton, PixelPoint at);
+    void panelMove(int16_t mouseButton, const PalettePanel::Spot& spot);
+    void panelRelease(PixelPoint at);
+    void activate(const PaletteCell& cell);
+    void select(const PaletteCell& cell);
     void chooseCustomColour();
 
+    PaletteModel model_;
+    const ButtonState& button_ = model_.button();
     ButtonFace cmdMAINBTN;
     Hosted<ButtonArrow> barPALETTE;
     PopUpPanel panel_;
     PalettePanel picDROPDOWNPANEL;
-    ColourChooser chooser_;
     kxlib_TIMER cTIMER;
-
-    OleColour backColor_{SystemColour::buttonFace};
-    bool backcolorCustom_ = false;
-    int32_t buttonType_ = 1;
-    DropDownState drop_;
-    obk::Text toolTip_;
     FollowedFont followedFont_;
-
-    int16_t lastButton_ = button::left;
-    int16_t lastKeyDown_ = 0;
     std::vector<Connection> connections_;
 };
 

@@ -1,12 +1,12 @@
-// What the mouse, the keys and the focus do to the palette button.
+// What the mouse, the keys and the focus do to the button; the keys of its open panel come this way, too.
 #include "base/attempt.h"
 #include "palette/button_palette.h"
 
 namespace obk {
 
 void ButtonPalette::UserControl_Click() {
-    if (lastButton_ == button::left && Enabled()) {
-        if (drop_.popupEnabled) {
+    if (model_.LastButton == button::left && Enabled()) {
+        if (model_.drop.popupEnabled) {
             if (panel_.visible())
                 HidePopUp();
             else
@@ -18,12 +18,12 @@ void ButtonPalette::UserControl_Click() {
         attempt([&] { Click(); });
     }
     releaseOwnCapture();
-    drop_.mouseOver = true;
+    model_.drop.mouseOver = true;
     refresh();
 }
 
 void ButtonPalette::UserControl_ExitFocus() {
-    drop_.leave(FocusLost, MouseUp);
+    model_.drop.leave(FocusLost, MouseUp);
 }
 
 void ButtonPalette::UserControlMouseOut(int16_t& Button, int16_t& Shift, float& X, float& Y) {
@@ -32,29 +32,26 @@ void ButtonPalette::UserControlMouseOut(int16_t& Button, int16_t& Shift, float& 
     const auto bottom = static_cast<float>(dpi.toPixels(height()));
     // A condition that cannot be computed is false: no place at all is not outside.
     if (X < 0 || X > right || Y < 0 || Y > bottom) {
-        drop_.mouseOver = false;
-        cmdMAINBTN.state.hot = false;
+        model_.drop.mouseOver = false;
+        model_.set(&ButtonState::hot, false);
         releaseOwnCapture();
-        refresh();
     } else {
-        cmdMAINBTN.state.hot = Enabled() && !panel_.visible();
+        model_.set(&ButtonState::hot, Enabled() && !panel_.visible());
         SetTheme();
         // An open panel keeps the mouse: it has to see the press that closes it.
         Surface* shownOn = cmdMAINBTN.surface();
         if (shownOn && Enabled() && !panel_.visible()) shownOn->capture(cmdMAINBTN);
-        drop_.mouseOver = true;
+        model_.drop.mouseOver = true;
     }
     attempt([&] { MouseOut(Button, Shift, X, Y); });
 }
 
 void ButtonPalette::enterFocus() {
-    cmdMAINBTN.state.focused = true;
-    refresh();
+    model_.set(&ButtonState::focused, true);
 }
 
 void ButtonPalette::exitFocus() {
-    cmdMAINBTN.state.focused = false;
-    refresh();
+    model_.set(&ButtonState::focused, false);
     // Two kinds of loss arrive, as hosts know it: the button's own, and the whole control's.
     if (panel_.visible()) HidePopUp();
     attempt([&] { FocusLost(); });
@@ -62,17 +59,17 @@ void ButtonPalette::exitFocus() {
 }
 
 KeyRoute ButtonPalette::preTranslate(const KeyEvent& event) {
-    const bool wanted = (event.code == key::escape && panel_.visible()) ||
-                        (event.code == key::enter && picDROPDOWNPANEL.walking());
+    const bool wanted =
+        (event.code == key::escape && panel_.visible()) || (event.code == key::enter && model_.walking());
     return wanted && hasFocus() ? KeyRoute::child : Control::preTranslate(event);
 }
 
 void ButtonPalette::surfaceKeyDown(KeyEvent& event) {
     if (!Enabled()) return;
-    if (chooser_.keyDown(event)) {
+    if (panelKeyDown(event)) {
         // The key was the panel's: the button does nothing with it, nor with its release.
         attempt([&] { KeyDown(event.code, event.shift); });
-        lastKeyDown_ = 0;
+        model_.LastKeyDown = 0;
         return;
     }
     // A key that is held must not open and close the panel again and again.
@@ -81,9 +78,9 @@ void ButtonPalette::surfaceKeyDown(KeyEvent& event) {
     else if (event.code == key::escape)
         HidePopUp();
     attempt([&] { KeyDown(event.code, event.shift); });
-    lastKeyDown_ = event.code;
+    model_.LastKeyDown = event.code;
     if (event.code == key::space)
-        press(button::left, shift::shift, 1, 1);
+        press({button::left, shift::shift, 1, 1});
     else if (event.code == key::left || event.code == key::up)
         offerToContainer({key::tab, shift::shift, false});
 }
@@ -91,9 +88,9 @@ void ButtonPalette::surfaceKeyDown(KeyEvent& event) {
 void ButtonPalette::surfaceKeyUp(KeyEvent& event) {
     if (!Enabled()) return;
     SetTheme();
-    if (event.code == key::space && lastKeyDown_ == key::space) {
-        release(button::left, shift::shift, 1, 1);
-        lastButton_ = button::left;
+    if (event.code == key::space && model_.LastKeyDown == key::space) {
+        release({button::left, shift::shift, 1, 1});
+        model_.LastButton = button::left;
         UserControl_Click();
     }
     attempt([&] { KeyUp(event.code, event.shift); });
@@ -102,65 +99,61 @@ void ButtonPalette::surfaceKeyUp(KeyEvent& event) {
 void ButtonPalette::buttonMouse(const MouseEvent& event) {
     if (!Enabled()) return;
     Surface* shownOn = cmdMAINBTN.surface();
-    auto x = static_cast<float>(event.at.x);
-    auto y = static_cast<float>(event.at.y);
-    int16_t mouseButton = event.button;
-    int16_t shiftState = event.shift;
+    MouseArguments at = MouseArguments::inPixels(event);
     switch (event.kind) {
         case MouseEvent::Kind::down:
-            drop_.pressed = event.button == button::left;
+            model_.drop.pressed = event.button == button::left;
             if (shownOn) shownOn->capture(cmdMAINBTN);
             if (event.button == button::left) cmdMAINBTN.takeFocus();
             refresh();
-            press(mouseButton, shiftState, x, y);
+            press(at);
             break;
         case MouseEvent::Kind::up: {
             // A press that began elsewhere, on the open panel above all, is no click of the button.
-            const bool inside = cmdMAINBTN.surface() && cmdMAINBTN.hitTest(event.at) != nullptr;
-            const bool ofThisButton = event.button == lastButton_ && cmdMAINBTN.surface() &&
-                                      cmdMAINBTN.surface()->captured(cmdMAINBTN);
-            const bool clicked = inside && ofThisButton && (drop_.pressed || event.button != button::left);
-            drop_.pressed = false;
+            const bool inside = shownOn && cmdMAINBTN.hitTest(event.at);
+            const bool ofThisButton =
+                event.button == model_.LastButton && shownOn && shownOn->captured(cmdMAINBTN);
+            const bool clicked =
+                inside && ofThisButton && (model_.drop.pressed || event.button != button::left);
+            model_.drop.pressed = false;
             releaseOwnCapture();
             refresh();
-            release(mouseButton, shiftState, x, y);
+            release(at);
             if (clicked && Enabled()) UserControl_Click();
             break;
         }
         case MouseEvent::Kind::move:
-            if (shownOn && shownOn->peer()) shownOn->peer()->setToolTip(cmdMAINBTN.pixelBounds(), toolTip_);
-            if (!cmdMAINBTN.state.hot && !panel_.visible() && cmdMAINBTN.hitTest(event.at)) {
-                cmdMAINBTN.state.hot = true;
-                refresh();
-            }
-            if (!drop_.mouseHeld) UserControlMouseOut(mouseButton, shiftState, x, y);
-            attempt([&] { MouseMove(mouseButton, shiftState, x, y); });
+            if (shownOn && shownOn->peer())
+                shownOn->peer()->setToolTip(cmdMAINBTN.pixelBounds(), button_.ToolTip);
+            if (!button_.hot && !panel_.visible() && cmdMAINBTN.hitTest(event.at))
+                model_.set(&ButtonState::hot, true);
+            if (!model_.drop.mouseHeld) UserControlMouseOut(at.Button, at.Shift, at.X, at.Y);
+            attempt([&] { at.raise(MouseMove); });
             break;
         case MouseEvent::Kind::doubleClick:
-            if (lastButton_ == button::left) {
-                drop_.pressed = event.button == button::left;
+            if (model_.LastButton == button::left) {
+                model_.drop.pressed = event.button == button::left;
                 if (shownOn) shownOn->capture(cmdMAINBTN);
                 refresh();
-                press(button::left, 0, 1, 1);
+                press({button::left, 0, 1, 1});
             }
             attempt([&] { DblClick(); });
             break;
         case MouseEvent::Kind::leave:
-            cmdMAINBTN.state.hot = false;
-            refresh();
+            model_.set(&ButtonState::hot, false);
             break;
     }
 }
 
-void ButtonPalette::press(int16_t mouseButton, int16_t shift, float x, float y) {
-    lastButton_ = mouseButton;
-    drop_.mouseHeld = mouseButton != button::right;
-    attempt([&] { MouseDown(mouseButton, shift, x, y); });
+void ButtonPalette::press(MouseArguments at) {
+    model_.LastButton = at.Button;
+    model_.drop.mouseHeld = at.Button != button::right;
+    attempt([&] { at.raise(MouseDown); });
 }
 
-void ButtonPalette::release(int16_t mouseButton, int16_t shift, float x, float y) {
-    drop_.mouseHeld = false;
-    attempt([&] { MouseUp(mouseButton, shift, x, y); });
+void ButtonPalette::release(MouseArguments at) {
+    model_.drop.mouseHeld = false;
+    attempt([&] { at.raise(MouseUp); });
 }
 
 void ButtonPalette::releaseOwnCapture() {

@@ -129,6 +129,18 @@ PaletteCell makeCell(bool isBase, const Hls& hls, bool isHue, TextView prefix, T
     return {isBase, {}, rgbFromHls(hls), hls, isHue, prefix, name};
 }
 
+// Column by column from `origin` on, `rows` to a column.
+void layOutColumns(std::span<PaletteCell> cells, int32_t rows, PixelPoint origin,
+                   const PaletteGeometry& geometry) {
+    int32_t i = 0;
+    for (PaletteCell& cell : cells) {
+        const int32_t left = origin.x + i / rows * geometry.pitch();
+        const int32_t top = origin.y + i % rows * geometry.pitch();
+        cell.rect = {left, top, left + geometry.CellSize, top + geometry.CellSize};
+        ++i;
+    }
+}
+
 }  // namespace
 
 std::optional<enQUILLPalette> paletteFromNumber(int32_t number) {
@@ -137,18 +149,19 @@ std::optional<enQUILLPalette> paletteFromNumber(int32_t number) {
 }
 
 ColourPalette::ColourPalette(enQUILLPalette palette)
-    : palette_(palette), geometry_(bases[static_cast<size_t>(palette)].geometry) {
+    : kind_(palette), geometry_(bases[static_cast<size_t>(palette)].geometry) {
     const BaseLists& lists = bases[static_cast<size_t>(palette)];
-    baseCells_.reserve(lists.hues.size() * lists.luminances.size() + lists.greys.size());
+    cells_.reserve(lists.hues.size() * lists.luminances.size() + lists.greys.size());
     for (const int16_t hue : lists.hues) {
         const TextView name = nameOf(hueNames, hue);
         for (const int16_t luminance : lists.luminances)
-            baseCells_.push_back(
+            cells_.push_back(
                 makeCell(true, {hue, luminance, 240}, true, nameOf(luminancePrefixes, luminance), name));
     }
     for (const int16_t grey : lists.greys)
-        baseCells_.push_back(makeCell(true, {0, grey, 0}, false, {}, nameOf(greyNames, grey)));
-    layOutBase();
+        cells_.push_back(makeCell(true, {0, grey, 0}, false, {}, nameOf(greyNames, grey)));
+    baseCount_ = cells_.size();
+    layOut();
 }
 
 PaletteGeometry PaletteGeometry::scaled(Dpi dpi) const {
@@ -156,37 +169,31 @@ PaletteGeometry PaletteGeometry::scaled(Dpi dpi) const {
 }
 
 void ColourPalette::setScale(Dpi dpi) {
-    dpi_ = dpi;
-    layOutBase();
-    layOutShades();
+    scale_ = dpi;
+    layOut();
 }
 
 int32_t ColourPalette::margin() const {
-    return dpi_.scaled(marginAt96);
+    return scale_.scaled(marginAt96);
 }
 
-void ColourPalette::layOutBase() {
-    layOutCells(baseCells_, true, geometry_.Rows, {margin(), margin()}, geometry_.scaled(dpi_));
-}
-
-void ColourPalette::layOutShades() {
-    const PaletteGeometry scaled = geometry_.scaled(dpi_);
-    const int32_t left = scaled.pitch() * scaled.Columns + dpi_.scaled(blockDistanceAt96) + scaled.CellGap;
-    if (!shadeCells_.empty()) layOutCells(shadeCells_, true, shadeGrid().height, {left, margin()}, scaled);
-}
-
-PixelSize ColourPalette::shadeGrid() const {
-    const ShadeLists* lists = shadesOf(palette_);
-    if (!lists) return {};
-    return {static_cast<int32_t>(lists->saturations.size()), static_cast<int32_t>(lists->luminances.size())};
+void ColourPalette::layOut() {
+    const PaletteGeometry scaled = geometry_.scaled(scale_);
+    const std::span<PaletteCell> all(cells_);
+    layOutColumns(all.first(baseCount_), scaled.Rows, {margin(), margin()}, scaled);
+    const ShadeLists* lists = shadesOf(kind_);
+    if (!lists) return;
+    const int32_t left = scaled.pitch() * scaled.Columns + scale_.scaled(blockDistanceAt96) + scaled.CellGap;
+    layOutColumns(all.subspan(baseCount_), static_cast<int32_t>(lists->luminances.size()), {left, margin()},
+                  scaled);
 }
 
 void ColourPalette::buildShades(const PaletteCell& base) {
-    const ShadeLists* lists = shadesOf(palette_);
+    const ShadeLists* lists = shadesOf(kind_);
     if (!lists) return;
     const size_t rows = lists->luminances.size();
-    std::vector<PaletteCell> cells;
-    cells.reserve(lists->saturations.size() * rows);
+    std::vector<PaletteCell> cells(cells_.begin(), cells_.begin() + static_cast<ptrdiff_t>(baseCount_));
+    cells.reserve(baseCount_ + lists->saturations.size() * rows);
     for (size_t column = 0; column < lists->saturations.size(); ++column) {
         for (size_t row = 0; row < rows; ++row) {
             const int16_t luminance = lists->luminances[row];
@@ -203,37 +210,25 @@ void ColourPalette::buildShades(const PaletteCell& base) {
     }
     // The block of white ends in black, whatever the steps would give.
     if (!base.IsHue) cells.back() = makeCell(false, {base.hls.hue, 0, 0}, false, {}, nameOf(greyNames, 0));
-    shadeCells_ = std::move(cells);
-    layOutShades();
+    cells_ = std::move(cells);
+    layOut();
 }
 
 const PaletteCell* ColourPalette::hitTest(PixelPoint point) const {
-    for (const auto& cells : {baseCells(), shadeCells()}) {
-        const auto hit = std::find_if(cells.begin(), cells.end(),
-                                      [point](const PaletteCell& cell) { return cell.rect.contains(point); });
-        if (hit != cells.end()) return &*hit;
-    }
-    return nullptr;
+    const auto hit = std::find_if(cells_.begin(), cells_.end(),
+                                  [point](const PaletteCell& cell) { return cell.rect.contains(point); });
+    return hit == cells_.end() ? nullptr : &*hit;
 }
 
 const PaletteCell& ColourPalette::nearestCell(Rgb color) const {
     const Hls wanted = hlsFromRgb(color);
-    const PaletteCell* best = &baseCells_.front();
-    int32_t bestDistance = 720;
-    const auto search = [&](std::span<const PaletteCell> cells) {
-        for (const PaletteCell& cell : cells) {
-            const int32_t distance = std::abs(cell.hls.hue - wanted.hue) +
-                                     std::abs(cell.hls.luminance - wanted.luminance) +
-                                     std::abs(cell.hls.saturation - wanted.saturation);
-            if (distance < bestDistance) {
-                bestDistance = distance;
-                best = &cell;
-            }
-        }
+    const auto distance = [&wanted](const PaletteCell& cell) {
+        return std::abs(cell.hls.hue - wanted.hue) + std::abs(cell.hls.luminance - wanted.luminance) +
+               std::abs(cell.hls.saturation - wanted.saturation);
     };
-    search(baseCells_);
-    if (bestDistance != 0) search(shadeCells_);
-    return *best;
+    return *std::min_element(cells_.begin(), cells_.end(), [&](const auto& one, const auto& other) {
+        return distance(one) < distance(other);
+    });
 }
 
 const PaletteCell& ColourPalette::baseCell(Rgb color) const {
@@ -241,7 +236,7 @@ const PaletteCell& ColourPalette::baseCell(Rgb color) const {
     const bool hueWanted = wanted.saturation != 0;
     const PaletteCell* best = nullptr;
     int32_t bestDistance = 240;
-    for (const PaletteCell& cell : baseCells_) {
+    for (const PaletteCell& cell : baseCells()) {
         if (cell.IsHue != hueWanted) continue;
         const int32_t distance =
             hueWanted ? std::abs(cell.hls.hue - wanted.hue) : std::abs(cell.hls.luminance - wanted.luminance);
@@ -252,19 +247,6 @@ const PaletteCell& ColourPalette::baseCell(Rgb color) const {
         }
     }
     return *best;
-}
-
-void layOutCells(std::span<PaletteCell> cells, bool columnMajor, int32_t count, PixelPoint origin,
-                 const PaletteGeometry& geometry) {
-    int32_t i = 0;
-    for (PaletteCell& cell : cells) {
-        const int32_t along = i / count * geometry.pitch();
-        const int32_t across = i % count * geometry.pitch();
-        const int32_t left = origin.x + (columnMajor ? along : across);
-        const int32_t top = origin.y + (columnMajor ? across : along);
-        cell.rect = {left, top, left + geometry.CellSize, top + geometry.CellSize};
-        ++i;
-    }
 }
 
 }  // namespace obk

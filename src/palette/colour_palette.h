@@ -36,7 +36,7 @@ std::optional<enQUILLPalette> paletteFromNumber(int32_t number);
 struct PaletteCell {
     bool isBase = false;  // false for the cells of a shade block
     PixelRect rect;       // in the panel, in its pixels
-    Rgb Color;
+    OleColour Color;      // of a palette's cells: what `hls` gives
     Hls hls;
     bool IsHue = false;   // false for a grey
     TextView namePrefix;  // of the luminance, with its blank; literals, as is the name
@@ -44,6 +44,9 @@ struct PaletteCell {
 
     // "DARK RED".
     Text Name() const { return Text(namePrefix) += baseName; }
+    // Whether both stand for the same swatch of a palette, at whatever scale and with whatever colour.
+    bool standsFor(const PaletteCell& other) const { return isBase == other.isBase && hls == other.hls; }
+    friend bool operator==(const PaletteCell&, const PaletteCell&) = default;
 };
 
 // The swatch grid of a panel; sizes in pixels at 96 DPI.
@@ -61,41 +64,39 @@ class ColourPalette {
 public:
     explicit ColourPalette(enQUILLPalette palette);
 
+    enQUILLPalette kind() const { return kind_; }
     const PaletteGeometry& geometry() const { return geometry_; }
     // The scale in which the cells' places are given; 96 DPI at first.
+    Dpi scale() const { return scale_; }
     void setScale(Dpi dpi);
     // From the panel's edge to the cells, in pixels.
     int32_t margin() const;
+    // The base cells, then the shade block.
+    std::span<const PaletteCell> cells() const { return cells_; }
     // Hue by hue, each from its first luminance to its last, then the greys.
-    std::span<const PaletteCell> baseCells() const { return baseCells_; }
+    std::span<const PaletteCell> baseCells() const { return cells().first(baseCount_); }
     // Column by column; empty in a flat palette and before the first block is built.
-    std::span<const PaletteCell> shadeCells() const { return shadeCells_; }
-    PixelSize shadeGrid() const;  // columns and rows of the block; none in a flat palette
+    std::span<const PaletteCell> shadeCells() const { return cells().subspan(baseCount_); }
 
-    // Replaces the block by the shades of a base cell. Does nothing in a flat palette.
+    // Replaces the block by the shades of a base cell; cells that were given out are none any more. Does
+    // nothing in a flat palette.
     void buildShades(const PaletteCell& base);
 
     // The first base cell, else the first shade cell, whose rectangle holds the point; null in the gaps.
     const PaletteCell* hitTest(PixelPoint point) const;
-    // The cell that differs least in the sum of hue, luminance and saturation; the first of equals. Shades
-    // are consulted only when no base cell fits exactly.
+    // The cell that differs least in the sum of hue, luminance and saturation; the first of equals.
     const PaletteCell& nearestCell(Rgb color) const;
     // The base cell nearest in hue, or for a grey the one nearest in luminance among the greys.
     const PaletteCell& baseCell(Rgb color) const;
 
 private:
-    void layOutBase();
-    void layOutShades();
+    void layOut();
 
-    enQUILLPalette palette_;
+    enQUILLPalette kind_;
     PaletteGeometry geometry_;
-    Dpi dpi_;
-    std::vector<PaletteCell> baseCells_;
-    std::vector<PaletteCell> shadeCells_;
+    Dpi scale_;
+    std::vector<PaletteCell> cells_;
+    size_t baseCount_ = 0;
 };
-
-// Places cells from `origin` on, `count` to a column (or to a row, when not `columnMajor`).
-void layOutCells(std::span<PaletteCell> cells, bool columnMajor, int32_t count, PixelPoint origin,
-                 const PaletteGeometry& geometry);
 
 }  // namespace obk

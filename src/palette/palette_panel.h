@@ -1,55 +1,36 @@
-// What ButtonPalette's panel holds: the swatches, the frames of the chosen and of the hovered one, and the
+// What ButtonPalette's panel shows: the swatches, the frames of the chosen and of the hovered one, and the
 // strip for more colours.
 #pragma once
 
-#include "base/event.h"
 #include "framework/hosted_control.h"
 #include "pagetab/lns.h"
-#include "palette/colour_palette.h"
-
-#include <optional>
+#include "palette/palette_model.h"
 
 namespace obk {
 
 class PalettePanel final : public Container {
 public:
-    // Fills `parent`, the root of the panel of `outer`.
-    PalettePanel(Control& outer, Container& parent);
+    // Fills `parent`, the root of the panel of `outer`. The model is borrowed and outlives the widget.
+    PalettePanel(Control& outer, Container& parent, const PaletteModel& model);
 
-    void setLook(Look look) { look_ = look; }
-    const ColourPalette& palette() const { return palette_; }
-    enQUILLPalette kind() const { return kind_; }
-    void setPalette(enQUILLPalette palette);
-    // The shade block of a shade palette: that of a base cell, unless one of the same hue is shown already,
-    // or that of the base cell for any colour. A flat palette has none.
-    void becomeBase(const PaletteCell& cell);
-    void chooseBaseFor(Rgb colour);
-    // Places everything at a scale; the size the panel needs, in pixels.
-    PixelSize layOut(Dpi dpi);
+    // Places everything at the model's scale; the size the panel needs, in pixels.
+    PixelSize layOut();
 
-    // Points are in pixels of the panel as it was laid out last.
-    bool holds(PixelPoint point) const;
-    // No cell outside the panel, nor in the gaps.
-    std::optional<PaletteCell> cellAt(PixelPoint point) const;
-    bool belowStripTop(PixelPoint point) const { return point.y >= stripTop_; }
-    // Beyond the line that runs a little inside the left, right or bottom edge.
-    bool beyondStripEdge(PixelPoint point) const;
-
-    // The frame of the swatch under the mouse or under the walk of the keys, and its tool tip.
-    void hover(const PaletteCell& cell);
-    void clearHover();
-    void setSelected(const PaletteCell& cell, bool shown);
-    void setStripHot(bool hot);
-
-    // A walk of the hover frame by the keys, begun by Right, Home or End.
-    bool walking() const { return walking_; }
-    // Moves, or begins a walk; false for a key that does neither.
-    bool walk(int16_t keyCode);
-    void endWalk();
-    // The middle of what the walk has come to.
+    // What lies at a point, in pixels of the panel as it was laid out last.
+    struct Spot {
+        std::optional<PaletteCell> cell;  // none outside the panel, nor in the gaps
+        bool inside = false;
+        bool belowStripTop = false;    // wherever that is on the screen
+        bool beyondStripEdge = false;  // outside a line a little inside the left, right and bottom edges
+        bool onStrip() const { return inside && belowStripTop && !beyondStripEdge; }
+    };
+    Spot spotAt(PixelPoint point) const;
+    // The middle of what the walk of the keys has come to.
     PixelPoint walkPoint() const;
-    // The swatch that the walk has come to; nothing on the strip.
-    const std::optional<PaletteCell>& walkCell() const { return walkCell_; }
+
+    // The model has changed there.
+    void showCells(const PixelRect& place);
+    void showStrip();
 
     void paint(Canvas& canvas, const PixelRect& bounds) override;
     Widget* hitTest(PixelPoint point) override { return Widget::hitTest(point); }
@@ -60,31 +41,19 @@ public:
     Event<const MouseEvent&> mouseReported;
 
 private:
-    void buildShades(const PaletteCell& base);
     bool classic() const;  // three-dimensional edges on the face of buttons
     SystemColour ground() const;
     PixelRect customRect() const;  // of the caption "More colors"
     void paintCell(Canvas& canvas, const PaletteCell& cell, PixelPoint origin) const;
-    void paintFrames(Canvas& canvas, PixelPoint origin) const;
+    void paintHoverFrame(Canvas& canvas, PixelPoint origin) const;
     void paintStrip(Canvas& canvas, PixelPoint origin) const;
-    bool isSelected(const PaletteCell& cell) const;
-    const PaletteCell* neighbour(const PaletteCell& from, int16_t keyCode) const;
-    void walkTo(const PaletteCell* cell);
     void invalidatePart(const PixelRect& rect);
 
-    enQUILLPalette kind_ = enQUILLPalette::QP24X8;
-    ColourPalette palette_{enQUILLPalette::QP24X8};
-    PaletteCell base_;  // whose shades the block holds
+    const PaletteModel& model_;
+    const Look look_;
     Hosted<lns> linCUSTOM;
-    Look look_ = Look::flat;
-    Dpi scale_;
     PixelSize size_;
     int32_t stripTop_ = 0;
-    PixelRect hoverFrame_;
-    std::optional<PaletteCell> selected_;
-    bool stripHot_ = false;
-    bool walking_ = false;
-    std::optional<PaletteCell> walkCell_;
 };
 
 }  // namespace obk

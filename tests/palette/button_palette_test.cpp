@@ -2,6 +2,7 @@
 
 #include "platform/headless/headless_surface.h"
 #include "support/control_fixture.h"
+#include "support/failing_memory.h"
 
 namespace obk::test {
 namespace {
@@ -183,11 +184,6 @@ TEST_F(ButtonPaletteTest, AWalkMovesTheFrameAndChoosesLikeAPressAndRelease) {
     show();
     platform.pressKey(key::home);  // PASTEL RED
     EXPECT_EQ(host.takeEvents(), (Journal{"KeyDown 36 0", "KeyUp 36 0"}));
-    platform.pressKey(key::right);  // PASTEL COPPER
-    platform.pressKey(key::down);   // BARLEY COPPER
-    platform.pressKey(key::left);   // BARLEY RED
-    platform.pressKey(key::left);   // no further
-    platform.pressKey(key::up);     // PASTEL RED
     platform.pressKey(key::pageDown);
     platform.pressKey(key::right);  // EARTH COPPER
     EXPECT_TRUE(open());
@@ -280,17 +276,18 @@ TEST_F(ButtonPaletteTest, AnotherPaletteWhileOpenResizesThePanelAndKeepsTheNeare
     EXPECT_EQ(text(u"Text"), "RED");
 }
 
-TEST_F(ButtonPaletteTest, WhiteAfterRedKeepsTheShadesOfRed) {
+TEST_F(ButtonPaletteTest, APressOrADragOverABaseColourBringsItsShades) {
     put(u"Palette", shades8x4x4);
     show();
-    onPanel(Kind::down, cell(7, shades8x4x4));  // WHITE: hue 0, as red
+    onPanel(Kind::down, cell(3, shades8x4x4), button::right);  // GREEN
+    onPanel(Kind::move, cell(4, shades8x4x4), 0);
     onPanel(Kind::up, cell(8, shades8x4x4));
-    EXPECT_EQ(text(u"Text"), "BARLEY RED");
+    EXPECT_EQ(text(u"Text"), "BARLEY GREEN") << "moving without a button brings none";
     show();
-    onPanel(Kind::down, cell(3, shades8x4x4));  // GREEN
+    onPanel(Kind::down, cell(3, shades8x4x4));
     onPanel(Kind::move, cell(7, shades8x4x4));
     onPanel(Kind::up, cell(9, shades8x4x4));
-    EXPECT_EQ(text(u"Text"), "CHROME") << "after another hue white has greys";
+    EXPECT_EQ(text(u"Text"), "CHROME") << "of white";
 }
 
 TEST_F(ButtonPaletteTest, LosingTheFocusHidesThePanelAndTellsBothLosses) {
@@ -468,6 +465,30 @@ TEST_F(ButtonPaletteTest, TheAsymmetriesOfStoredFormsAreKept) {
     EXPECT_EQ(get(u"BackColor"), Value(OleColour(Rgb::of(240, 240, 240))));
     platform.mouse(surface(), {Kind::move, 0, 0, {5, 5}});
     EXPECT_EQ(platform.surface(surface())->toolTip(), u"Choose an ink");
+}
+
+// Told without a memory of its own.
+struct CountingHost : JournalHost {
+    void propertyChanged(const Member*) override { ++told; }
+    int told = 0;
+};
+
+TEST_F(ButtonPaletteTest, ASetterThatFindsNoMemoryTellsTheContainerAllTheSame) {
+    show();
+    CountingHost counting;
+    control->setHost(&counting);
+    const auto failures = [&counting](auto set) {
+        const int failed = failAtEveryAllocation(set, [&] { EXPECT_EQ(std::exchange(counting.told, 0), 1); });
+        EXPECT_EQ(std::exchange(counting.told, 0), 1);
+        return failed;
+    };
+    const Text caption(100, u'x');
+    EXPECT_GE(failures([&] { button().SetCaption(caption); }), 1);
+    EXPECT_GE(failures([&] { button().SetPalette(shades8x4x4); }), 2);
+    const auto font = std::make_shared<SharedFont>();
+    EXPECT_GE(failures([&] { button().SetFont(font); }), 1);
+    control->setHost(&host);
+    EXPECT_EQ(text(u"Palette"), "6");
 }
 
 TEST_F(ButtonPaletteTest, MaskedPixelsOfAPictureAreLeftOut) {
