@@ -73,6 +73,7 @@ can_open_windows() {
 # the rest running: timeout puts its program into a group of its own.
 end_tree() {
     local child
+    # shellcheck disable=SC2013  # numbers on one line
     for child in $(cat "/proc/$1/task/$1/children" 2>/dev/null); do end_tree "$child"; done
     kill -TERM "$1" 2>/dev/null || true
 }

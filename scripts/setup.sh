@@ -1,7 +1,7 @@
 #!/bin/bash
 # Installs the Debian packages and the icon set where they are missing, and nothing else. Safe to repeat.
 #
-#   scripts/setup.sh [build] [run] [test] [bench]      (without a word: all of it)
+#   scripts/setup.sh [build] [run] [test] [check] [bench]      (without a word: all of it)
 # shellcheck source=lib.sh
 . "$(dirname "$0")/lib.sh"
 
@@ -13,17 +13,19 @@ packages_build=(cmake ninja-build "${packages_icons[@]}"
 # fonts-wine: without it every face becomes another, and nothing measured is true.
 packages_run=("${packages_build[@]}" wine wine64 fonts-wine xvfb xauth xdotool)
 packages_test=("${packages_run[@]}" g++ googletest zlib1g-dev clang libclang-rt-14-dev llvm debootstrap)
+packages_check=("${packages_build[@]}" googletest libbenchmark-dev clang clang-format clang-tidy git shellcheck)
 packages_bench=("${packages_run[@]}" g++ googletest zlib1g-dev libbenchmark-dev)
 
 wanted=()
-for purpose in "${@:-build run test bench}"; do
+for purpose in "${@:-build run test check bench}"; do
     for word in $purpose; do
         case $word in
             build) wanted+=("${packages_build[@]}") ;;
             run) wanted+=("${packages_run[@]}") ;;
             test) wanted+=("${packages_test[@]}") ;;
+            check) wanted+=("${packages_check[@]}") ;;
             bench) wanted+=("${packages_bench[@]}") ;;
-            *) fail "unknown purpose '$word' (build, run, test, bench)" ;;
+            *) fail "unknown purpose '$word' (build, run, test, check, bench)" ;;
         esac
     done
 done
