@@ -12,17 +12,17 @@ namespace obk {
 
 namespace {
 
-std::atomic<SkippedObserver> observer{nullptr};
+std::atomic<SkippedObserver> currentObserver{nullptr};
 
 }  // namespace
 
-SkippedObserver observeSkipped(SkippedObserver told) noexcept {
-    return observer.exchange(told);
+SkippedObserver observeSkipped(SkippedObserver observer) noexcept {
+    return currentObserver.exchange(observer);
 }
 
 void detail::tellSkipped(const Place& place) noexcept {
     using Cause = SkippedStatement::Cause;
-    const SkippedObserver told = observer.load(std::memory_order_relaxed);
+    const SkippedObserver told = currentObserver.load(std::memory_order_relaxed);
     if (!told) return;
     const auto tell = [&](Cause cause, const char* reason) { told({place, cause, reason}); };
     try {

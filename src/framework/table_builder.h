@@ -96,7 +96,7 @@ public:
     // Persisted values follow in the order of loading and saving. `Loader` is what loading calls: the setter,
     // unless putting a property does more than loading it may.
     template <auto Getter, auto Loader>
-    TableBuilder& persisted(Persist row) {
+    TableBuilder& persisted(const Persist& row) {
         savedOnly<Getter>(row);
         rows_.table.persisted.back().load = &detail::PropertyWrite<Loader>::put;
         return *this;
@@ -104,7 +104,7 @@ public:
 
     // A property whose reading by a host does more than saving it may.
     template <auto Property, auto Getter, auto Loader>
-    TableBuilder& persistedOf(Persist row) {
+    TableBuilder& persistedOf(const Persist& row) {
         persisted<Getter, Loader>(row);
         rows_.table.persisted.back().token = memberToken<Property>();
         return *this;
@@ -119,7 +119,7 @@ public:
 
     // A value that is saved and never read back.
     template <auto Getter>
-    TableBuilder& savedOnly(Persist row) {
+    TableBuilder& savedOnly(const Persist& row) {
         PersistedValue& value =
             rows_.addPersisted(row, detail::valueTypeOf<typename detail::PropertyRead<Getter>::Type>());
         value.get = &detail::PropertyRead<Getter>::getConst;

@@ -47,7 +47,7 @@ protected:
         platform.wheel(surface.peer()->window(), {delta, horizontal, shift, {50, 50}});
     }
     void pass(int milliseconds) { platform.advance(std::chrono::milliseconds(milliseconds)); }
-    void note(Event<>& event, std::string name) {
+    void note(Event<>& event, const std::string& name) {
         connections.push_back(event.connect([this, name] { journal.push_back(name); }));
     }
     std::vector<std::string> take() { return std::exchange(journal, {}); }
