@@ -51,6 +51,8 @@ protected:
 using Kind = MouseEvent::Kind;
 
 TEST_F(ButtonPaletteTest, AClickOpensThePanelBelowAndASecondOneClosesIt) {
+    const auto ground = [this] { return platform.surface(surface())->paint().colourAt({50, 3}); };
+    const Rgb closed = ground();
     platform.mouse(surface(), {Kind::down, button::left, 0, {20, 10}});
     platform.mouse(surface(), {Kind::up, button::left, 0, {20, 10}});
     EXPECT_EQ(host.takeEvents(), (Journal{"MouseDown 1 0 20 10", "MouseUp 1 0 20 10", "Click"}));
@@ -58,6 +60,7 @@ TEST_F(ButtonPaletteTest, AClickOpensThePanelBelowAndASecondOneClosesIt) {
     EXPECT_EQ(panel()->bounds().left, 100);
     EXPECT_EQ(panel()->bounds().top, 123);
     EXPECT_EQ(platform.capture(), panel()->id());
+    EXPECT_NE(ground(), closed) << "it looks pressed as long as the panel is open";
     // The press falls outside the panel, which has the mouse; its release on the button is no click.
     platform.mouse(surface(), {Kind::down, button::left, 0, {20, 10}});
     platform.mouse(surface(), {Kind::up, button::left, 0, {20, 10}});
@@ -244,6 +247,10 @@ TEST_F(ButtonPaletteTest, TheStripAsksForAColourOfOnesOwn) {
     EXPECT_EQ(host.take(), (Journal{"FocusHidden", "changed ?", "changed Text", "ChangeCustom 197121"}));
     EXPECT_EQ(get(u"Color"), Value(OleColour(Rgb::of(1, 2, 3))));
     EXPECT_EQ(text(u"Text"), "EARTH RED") << "the chosen swatch stays";
+    show();
+    onPanel(Kind::down, {1, 1});
+    onPanel(Kind::up, {-1, 1});
+    EXPECT_EQ(host.takeEvents(), (Journal{"FocusHidden", "Change 1971210"})) << "as does its colour";
     // Cancelled: everything runs with the colour it started from, be it one by reference.
     put(u"Color", OleColour(SystemColour::highlight));
     show();
@@ -399,6 +406,7 @@ TEST_F(ButtonPaletteTest, ThePanelScalesInWholePixelsWithEqualCells) {
 }
 
 TEST_F(ButtonPaletteTest, SwatchesAreNamedInToolTipsAndForScreenReaders) {
+    ASSERT_TRUE(control->focus());
     show();
     onPanel(Kind::move, cell(8), 0);
     EXPECT_EQ(panel()->toolTip(), u"PASTEL COPPER");
@@ -410,6 +418,10 @@ TEST_F(ButtonPaletteTest, SwatchesAreNamedInToolTipsAndForScreenReaders) {
     EXPECT_EQ(own[0].role, AccessibleItem::Role::button);
     EXPECT_EQ(own[0].name, u"Button");
     EXPECT_EQ(own[0].value, u"EARTH RED");
+    platform.pressKey(key::home);
+    EXPECT_EQ(panel()->toolTip(), u"PASTEL COPPER") << "where the mouse is, not where the keys are";
+    call(u"HidePopUp");
+    EXPECT_EQ(panel()->toolTip(), u"");
 }
 
 TEST_F(ButtonPaletteTest, TheHoverFrameAndTheChosenSwatchAreDrawnApart) {
