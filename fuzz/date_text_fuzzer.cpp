@@ -1,5 +1,6 @@
-// Any text as a date: what is read is a day of the calendar, and writes and reads back as itself.
-#include "datecalendar/month_layout.h"
+// Any text as a date: what is read is a day of the calendar, and writes and reads back as itself. As a year
+// and as a host's text it leaves the calendar on a month with a chosen day.
+#include "datecalendar/calendar_model.h"
 #include "datecalendar/quick_menu.h"
 #include "fuzz_values.h"
 
@@ -8,8 +9,13 @@ using namespace obk;
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     Text text;
     for (size_t at = 0; at < size; ++at) text += static_cast<char16_t>(data[at]);
-    monthMentioned(text);
-    yearFromText(text);
+    CalendarModel model([] { return std::chrono::year(2026) / 11 / 14; });
+    model.commit(text);
+    model.typeYear(text);
+    model.subNEWDATE();
+    const FilledMonth& month = model.filled();
+    fuzz::require(month.chosen >= 1 && month.chosen <= month.layout.lngDAYSINMONTH, "a day is chosen");
+    fuzz::require(month.framed >= 0 && month.framed <= month.layout.lngDAYSINMONTH, "a day is framed");
     const auto date = dateFromText(text);
     if (!date) return 0;
     fuzz::require(date->ok(), "a date of the calendar");

@@ -15,7 +15,7 @@ public:
     // `today` is asked whenever it matters which day it is.
     explicit CalendarModel(std::function<Date()> today);
 
-    // The committed date is a text, whatever that says. Blanks around it are kept, and nobody reads them.
+    // The committed date is a text, whatever that says. Blanks around it are kept, and read by nobody.
     void commit(TextView text) { strDATETEXT = text; }
     TextView date() const { return trimmed(strDATETEXT); }
     // What the text box was last changed to, or loaded with.
@@ -50,7 +50,7 @@ public:
     void chooseCell(int32_t cell);
     void chooseToday();
 
-    Event<> changed;  // what `month`, `year` and `filled` tell, perhaps
+    Event<> changed;  // perhaps, what `month`, `year` and `filled` tell
 
 private:
     std::optional<YearMonth> shownMonth() const;

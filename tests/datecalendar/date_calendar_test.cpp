@@ -259,6 +259,8 @@ TEST_F(DateCalendarTest, TheButtonsTurnMonthsAndYears) {
                                      {previousYear, "31 December, 2026"}}) {
         press(button);
         EXPECT_EQ(chosen(), to);
+        EXPECT_EQ(parts(*panel(), AccessibleItem::Role::staticText).front().name,
+                  Text(days().front().name.substr(2)));
     }
 }
 
@@ -393,6 +395,7 @@ TEST_F(DateCalendarTest, TheWheelTurnsMonthsByWholeNotches) {
 
 TEST_F(DateCalendarTest, MarksShowTheChosenDayTodayAndTheCommittedDate) {
     const Rgb accent = system(SystemColour::highlight);
+    ASSERT_TRUE(control->focus());
     openOn(u"Mon 9 Nov 2026");
     constexpr int32_t first = 13;  // of November 2026
     EXPECT_EQ(fillOf(first + 8), accent);
@@ -400,7 +403,10 @@ TEST_F(DateCalendarTest, MarksShowTheChosenDayTodayAndTheCommittedDate) {
     const PixelRect today = Dpi().toPixels(cellBounds(first + 13));
     EXPECT_EQ(panel()->paint().colourAt({today.left + 12, today.bottom - 2}), accent);
     EXPECT_EQ(edgeOf(first + 8), system(SystemColour::windowText));
-    platform.pressKey(key::escape);
+    platform.pressKey(key::right);
+    EXPECT_EQ(fillOf(first + 9), accent) << "painted again";
+    platform.pressKey(key::left);
+    EXPECT_EQ(fillOf(first + 8), accent);
     // The frame goes with the first refill, for a text that begins with its weekday.
     call(u"CalendarUpdate");
     EXPECT_EQ(edgeOf(first + 8), accent);
@@ -459,6 +465,10 @@ TEST_F(DateCalendarTest, LoadingShowsNothingForAnEmptyDateAndKeepsWhatWasStored)
     control->save(again = {});
     EXPECT_EQ(again.read(u"TEXT", ValueType::text), Value(Text(u"Thu 5 Mar 2020")));
     EXPECT_EQ(date(), "mar 5 2020" + blanks);
+    activate({100, 100, 241, 121});
+    call(u"ShowPopUp");
+    EXPECT_EQ(month(), "March, 2020");
+    control->deactivate();
     control.swap(other);
     other->deactivate();
 }
