@@ -50,7 +50,7 @@ public:
     void chooseCell(int32_t cell);
     void chooseToday();
 
-    Event<> changed;  // perhaps, what `month`, `year` and `filled` tell
+    Event<> changed;  // `month`, `year` and `filled` may be others now
 
 private:
     std::optional<YearMonth> shownMonth() const;

