@@ -13,7 +13,7 @@ packages_build=(cmake ninja-build "${packages_icons[@]}"
 # fonts-wine: without it every face becomes another, and nothing measured is true.
 packages_run=("${packages_build[@]}" wine wine64 fonts-wine xvfb xauth xdotool)
 packages_test=("${packages_run[@]}" g++ googletest zlib1g-dev clang libclang-rt-14-dev llvm debootstrap)
-packages_check=("${packages_build[@]}" googletest libbenchmark-dev clang clang-format clang-tidy git shellcheck)
+packages_check=("${packages_build[@]}" g++ googletest zlib1g-dev libbenchmark-dev clang clang-format clang-tidy git shellcheck)
 packages_bench=("${packages_run[@]}" g++ googletest zlib1g-dev libbenchmark-dev)
 
 wanted=()
