@@ -229,7 +229,7 @@ TEST_P(MemberTableTest, MembersAreNumberedWithoutGapsAndFoundByNameInAnyCase) {
 
 TEST_P(MemberTableTest, EveryPropertyComesBackFromABagAndFromItsBytes) {
     const auto loadedFrom = [this](MemoryBag bag) {
-        const auto made = another();
+        auto made = another();
         made->load(bag);
         return made;
     };

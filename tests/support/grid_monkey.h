@@ -24,7 +24,7 @@ private:
     std::shared_ptr<GridEdit> grid() const { return std::static_pointer_cast<GridEdit>(control_); }
     void prepare(Control& control) override {
         telling_ = false;  // what the one before tells is another story
-        GridEdit& grid = static_cast<GridEdit&>(control);
+        auto& grid = static_cast<GridEdit&>(control);
         grid.ColsSet(cols);
         grid.RowsSet(5);
         for (int32_t col = 0; col < cols; ++col) grid.ColTypeSet(col, col);
