@@ -99,8 +99,9 @@ done
 # tidy_unit <unit>: its findings, one a line. Files that do not agree in one piece are read one by one.
 tidy_unit() {
     local unit=$1 command report=$1.report include number=0 part
-    if [ "$all" = no ] && [ "$(date +%s)" -ge "$tidy_until" ]; then
-        touch "$unit.left"
+    too_late() { [ "$all" = no ] && [ "$(date +%s)" -ge "$tidy_until" ]; }
+    if too_late; then
+        cp "$unit" "$unit.left"
         return
     fi
     command=$(awk -F'\t' -v unit="$unit" '$1 == unit { print $2; exit }' "$tidy/commands")
@@ -121,6 +122,10 @@ tidy_unit() {
     if grep -q ': error: ' "$report"; then
         : >"$report"
         while IFS= read -r include; do
+            if too_late; then
+                printf '%s\n' "$include" >>"$unit.left"
+                continue
+            fi
             number=$((number + 1)) part=${unit%.cpp}-$number.cpp
             printf '%s\n' "$include" >"$part"
             read_unit "$part" >>"$report"
@@ -134,10 +139,7 @@ say "clang-tidy: $((${#wanted[@]} - ${#unread[@]})) files in ${#units[@]} pieces
 # shellcheck disable=SC2016  # of the shells that xargs starts
 [ "${#units[@]}" -eq 0 ] || printf '%s\0' "${units[@]}" | xargs -0 -n 1 -P "$jobs" bash -c 'tidy_unit "$1"' tidy_unit
 
-left=0
-for unit in "${units[@]}"; do
-    [ ! -e "$unit.left" ] || left=$((left + unit_size[$unit]))
-done
+left=$(find "$tidy/units" -name '*.left' -exec cat {} + | wc -l)
 # A header is named by the link it was included through, once for each piece that includes it.
 found=$(find "$tidy/units" -name '*.report' -exec cat {} + |
     sed -E "\\,^$tidy/units/.*bugprone-suspicious-include,d; s,^$tidy/[^/]+/include/obk_container/,apps/,; s,^$tidy/[^/]+/include/[^/]+/,src/,; s,^$root/,," |
