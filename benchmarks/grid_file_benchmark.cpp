@@ -77,8 +77,8 @@ GridPointer filledGrid() {
 
 void save(const GridModel& grid, File& file) {
     StillClock clock;
-    BusySign busy(clock, [](bool) {});
-    GridFileWriter writer(file, u"", busy);
+    WaitCursor waitCursor(clock, [](bool) {});
+    GridFileWriter writer(file, u"", waitCursor);
     writer.writeHeader(grid.cols(), u"Orders");
     writeRows(grid, writer);
     writer.close();
@@ -117,8 +117,8 @@ void loadRows(benchmark::State& state) {
     const ColumnTypes types;
     StillClock clock;
     const double ours = measure(emptyGrid, [&](GridPointer& grid) {
-        BusySign busy(clock, [](bool) {});
-        GridFileReader reader(file, u"", busy);
+        WaitCursor waitCursor(clock, [](bool) {});
+        GridFileReader reader(file, u"", waitCursor);
         grid->setCols(*reader.header().cols);
         readRows(*grid, reader, types);
     });

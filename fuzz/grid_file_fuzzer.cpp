@@ -19,8 +19,8 @@ class Loaded {
 public:
     Loaded(headless::MemoryFileSystem& files, const ColumnTypes& types) : grid(0, 3, Dpi(96)) {
         headless::ManualClock clock;
-        BusySign busy(clock, [](bool) {});
-        GridFileReader file(files, path, busy);
+        WaitCursor waitCursor(clock, [](bool) {});
+        GridFileReader file(files, path, waitCursor);
         const GridFileHeader header = file.header();
         if (header.cols) grid.setCols(*header.cols);
         readRows(grid, file, types);
@@ -46,8 +46,8 @@ public:
 
 void save(headless::MemoryFileSystem& files, const Loaded& loaded) {
     headless::ManualClock clock;
-    BusySign busy(clock, [](bool) {});
-    GridFileWriter file(files, path, busy);
+    WaitCursor waitCursor(clock, [](bool) {});
+    GridFileWriter file(files, path, waitCursor);
     file.writeHeader(loaded.grid.cols(), loaded.caption);
     writeRows(loaded.grid, file);
     require(file.close(), "a grid can be saved");

@@ -13,12 +13,12 @@ bool endsField(char byte) {
 
 }  // namespace
 
-FieldReader::FieldReader(std::unique_ptr<InputFile> file, const CodePage& page, BusySign& busy)
-    : file_(std::move(file)), page_(page), busy_(busy), buffer_(file_ ? bufferSize : 0) {}
+FieldReader::FieldReader(std::unique_ptr<InputFile> file, const CodePage& page, WaitCursor& waitCursor)
+    : file_(std::move(file)), page_(page), waitCursor_(waitCursor), buffer_(file_ ? bufferSize : 0) {}
 
 bool FieldReader::fill() {
     if (!file_) return false;
-    busy_.progress();
+    waitCursor_.progress();
     at_ = 0;
     end_ = file_->read(buffer_);
     if (end_ == 0) file_.reset();

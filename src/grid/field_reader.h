@@ -1,7 +1,7 @@
 // The fields of a text file, one after the other, whatever the file holds.
 #pragma once
 
-#include "grid/busy_sign.h"
+#include "grid/wait_cursor.h"
 #include "widgets/file_system.h"
 
 #include <memory>
@@ -17,7 +17,7 @@ namespace obk {
 class FieldReader {
 public:
     // Null for a file that could not be opened, which is at its end. Both others are borrowed.
-    FieldReader(std::unique_ptr<InputFile> file, const CodePage& page, BusySign& busy);
+    FieldReader(std::unique_ptr<InputFile> file, const CodePage& page, WaitCursor& waitCursor);
 
     // Whether no byte is left. A comma or line end at the end of the file begins no further field.
     bool atEnd() { return at_ == end_ && !fill(); }
@@ -36,7 +36,7 @@ private:
 
     std::unique_ptr<InputFile> file_;
     const CodePage& page_;
-    BusySign& busy_;
+    WaitCursor& waitCursor_;
     std::vector<char> buffer_;
     size_t at_ = 0, end_ = 0;
 };

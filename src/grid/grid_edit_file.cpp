@@ -11,8 +11,8 @@ void GridEdit::GridSave(const Text& path, const Text& header) {
     flexGRID.SetRedraw(false);
     // One statement: the writer fails as a whole, before it has touched the file.
     attempt([&] {
-        BusySign sign(platform().clock(), [this](bool busy) { platform().showBusy(busy); });
-        GridFileWriter file(platform().files(), path, sign);
+        WaitCursor waitCursor(platform().clock(), [this](bool shown) { platform().showWaitCursor(shown); });
+        GridFileWriter file(platform().files(), path, waitCursor);
         file.writeHeader(flexGRID.Cols(), header);
         writeRows(flexGRID.model(), file);
         file.close();
@@ -33,8 +33,8 @@ Text GridEdit::GridLoad(const Text& path) {
     flexGRID.setVisible(false);
     // A grid of no rows stays hidden, as does one whose file cannot be read.
     attempt([&] {
-        BusySign sign(platform().clock(), [this](bool busy) { platform().showBusy(busy); });
-        GridFileReader file(platform().files(), path, sign);
+        WaitCursor waitCursor(platform().clock(), [this](bool shown) { platform().showWaitCursor(shown); });
+        GridFileReader file(platform().files(), path, waitCursor);
         GridFileHeader header = file.header();
         if (header.cols) attempt([&] { flexGRID.SetCols(*header.cols); });
         caption = std::move(header.caption);

@@ -21,8 +21,8 @@ TextView padded(TextView text) {
 
 }  // namespace
 
-GridFileReader::GridFileReader(FileSystem& files, TextView path, BusySign& busy)
-    : fields_(files.openForReading(path), files.codePage(), busy) {}
+GridFileReader::GridFileReader(FileSystem& files, TextView path, WaitCursor& waitCursor)
+    : fields_(files.openForReading(path), files.codePage(), waitCursor) {}
 
 GridFileHeader GridFileReader::header() {
     constexpr size_t cut = 3;

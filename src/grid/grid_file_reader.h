@@ -20,8 +20,8 @@ struct GridFileHeader {
 
 class GridFileReader {
 public:
-    // A file that cannot be opened is an empty one. `busy` is borrowed.
-    GridFileReader(FileSystem& files, TextView path, BusySign& busy);
+    // A file that cannot be opened is an empty one. `waitCursor` is borrowed.
+    GridFileReader(FileSystem& files, TextView path, WaitCursor& waitCursor);
 
     // To be read first.
     GridFileHeader header();

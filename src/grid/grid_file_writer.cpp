@@ -14,8 +14,11 @@ constexpr std::string_view lineEnd = "\"\r\n";
 
 }  // namespace
 
-GridFileWriter::GridFileWriter(FileSystem& files, TextView path, BusySign& busy)
-    : page_(files.codePage()), busy_(busy), buffer_(bufferSize), file_(files.openForWriting(path)) {}
+GridFileWriter::GridFileWriter(FileSystem& files, TextView path, WaitCursor& waitCursor)
+    : page_(files.codePage()),
+      waitCursor_(waitCursor),
+      buffer_(bufferSize),
+      file_(files.openForWriting(path)) {}
 
 void GridFileWriter::writeHeader(int32_t cols, TextView caption) noexcept {
     std::array<char, 12> digits;
@@ -67,7 +70,7 @@ void GridFileWriter::append(std::string_view bytes) {
 }
 
 void GridFileWriter::flush() {
-    busy_.progress();
+    waitCursor_.progress();
     if (file_ && !file_->write({buffer_.data(), used_})) file_.reset();
     used_ = 0;
 }

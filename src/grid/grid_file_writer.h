@@ -1,7 +1,7 @@
 // A grid's text file on its way out: one quoted value a line, nothing escaped.
 #pragma once
 
-#include "grid/busy_sign.h"
+#include "grid/wait_cursor.h"
 #include "widgets/file_system.h"
 
 #include <memory>
@@ -11,9 +11,9 @@ namespace obk {
 
 class GridFileWriter {
 public:
-    // Takes all its memory before it touches the file; nothing after that throws. `busy` is borrowed, and so
-    // is the code page of `files`.
-    GridFileWriter(FileSystem& files, TextView path, BusySign& busy);
+    // Takes all its memory before it touches the file; nothing after that throws. `waitCursor` is borrowed,
+    // and so is the code page of `files`.
+    GridFileWriter(FileSystem& files, TextView path, WaitCursor& waitCursor);
 
     // Whether there is a file and everything has gone into it so far; what is written afterwards is lost.
     bool good() const { return file_ != nullptr; }
@@ -32,7 +32,7 @@ private:
     void flush();
 
     const CodePage& page_;
-    BusySign& busy_;
+    WaitCursor& waitCursor_;
     std::vector<char> buffer_;
     size_t used_ = 0;
     std::unique_ptr<OutputFile> file_;

@@ -131,8 +131,8 @@ public:
     virtual bool putOnClipboard(NativeWindow owner, TextView text) = 0;
     // The text on the clipboard; nothing when there is none, and when another program holds it.
     virtual std::optional<Text> textOnClipboard(NativeWindow owner) = 0;
-    // Work begins that lasts, or ends: the mouse says so meanwhile, also over the host's windows. Not nested.
-    virtual void showBusy(bool busy) = 0;
+    // Shows the wait cursor, also over the host's windows, until it is told false. Not nested.
+    virtual void showWaitCursor(bool shown) = 0;
 };
 
 }  // namespace obk

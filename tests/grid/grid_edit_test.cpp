@@ -405,7 +405,7 @@ TEST_F(GridEditTest, ShowsThatAFileTakesLongerThanASecond) {
         platform.clock().setPace(pace);
         call(u"GridSave", {Text(u"orders.txt"), Text()});
         call(u"GridLoad", {Text(u"orders.txt")});
-        EXPECT_EQ(platform.busySigns(), signs);
+        EXPECT_EQ(platform.waitCursors(), signs);
     }
 }
 

@@ -22,8 +22,8 @@ const TextView path = u"orders.txt";
 class GridFileTest : public testing::Test {
 protected:
     bool save(const GridModel& grid, TextView caption, TextView to = path) {
-        BusySign busy(clock, noteSign());
-        GridFileWriter file(files, to, busy);
+        WaitCursor waitCursor(clock, noteShown());
+        GridFileWriter file(files, to, waitCursor);
         file.writeHeader(grid.cols(), caption);
         writeRows(grid, file);
         return file.close();
@@ -31,14 +31,14 @@ protected:
     // What is there of a file goes into the grid, whose rows go first.
     Text load(GridModel& grid) {
         grid.setRows(0);
-        BusySign busy(clock, noteSign());
-        GridFileReader file(files, path, busy);
+        WaitCursor waitCursor(clock, noteShown());
+        GridFileReader file(files, path, waitCursor);
         const GridFileHeader header = file.header();
         if (header.cols) grid.setCols(*header.cols);
         readRows(grid, file, types);
         return header.caption;
     }
-    std::function<void(bool)> noteSign() {
+    std::function<void(bool)> noteShown() {
         return [this](bool shown) { signs.push_back(shown); };
     }
 

@@ -312,9 +312,9 @@ TEST_F(WindowTest, TheCursorFollowsTheSurface) {
     EXPECT_EQ(GetCursor(), LoadCursorW(nullptr, IDC_SIZEWE));
     area->setCursor(Cursor::hand);
     EXPECT_EQ(GetCursor(), LoadCursorW(nullptr, IDC_HAND));
-    driver.platform().showBusy(true);
+    driver.platform().showWaitCursor(true);
     EXPECT_EQ(GetCursor(), LoadCursorW(nullptr, IDC_WAIT));
-    driver.platform().showBusy(false);
+    driver.platform().showWaitCursor(false);
     EXPECT_EQ(GetCursor(), LoadCursorW(nullptr, IDC_HAND));
 }
 

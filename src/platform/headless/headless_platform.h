@@ -38,7 +38,7 @@ public:
         return true;
     }
     std::optional<Text> textOnClipboard(NativeWindow) override { return clipboard_; }
-    void showBusy(bool busy) override { busySigns_.push_back(busy); }
+    void showWaitCursor(bool shown) override { waitCursors_.push_back(shown); }
 
     // What a person does. Keys go to the focused window; characters too, each with its key going down and up.
     void pressKey(int16_t code, int16_t shift = 0);
@@ -88,7 +88,7 @@ public:
     const Text& clipboard() const { return clipboard_; }
     void setClipboard(Text text) { clipboard_ = std::move(text); }
     // Each time that work was said to begin or to end.
-    const std::vector<bool>& busySigns() const { return busySigns_; }
+    const std::vector<bool>& waitCursors() const { return waitCursors_; }
     // The next windows are refused, as by a system without resources.
     void refuseWindows(bool refuse) { refusesWindows_ = refuse; }
 
@@ -106,7 +106,7 @@ private:
     void moveOnto(NativeWindow window, const MouseEvent& event);
 
     ManualClock clock_;
-    std::vector<bool> busySigns_;
+    std::vector<bool> waitCursors_;
     MemoryRegistry registry_;
     FixedAppearance appearance_;
     MemoryFileSystem files_;

@@ -172,11 +172,11 @@ std::optional<size_t> Win32Platform::chooseFromMenu(NativeWindow owner, std::spa
 }
 
 // No message comes while the work lasts, so the cursor stays what it is made here.
-void Win32Platform::showBusy(bool busy) {
-    if (busy)
-        beforeBusy_ = SetCursor(LoadCursorW(nullptr, IDC_WAIT));
+void Win32Platform::showWaitCursor(bool shown) {
+    if (shown)
+        beforeWait_ = SetCursor(LoadCursorW(nullptr, IDC_WAIT));
     else
-        SetCursor(beforeBusy_);
+        SetCursor(beforeWait_);
 }
 
 bool Win32Platform::putOnClipboard(NativeWindow owner, TextView text) {

@@ -36,7 +36,7 @@ public:
                                          const PixelRect& beside) override;
     bool putOnClipboard(NativeWindow owner, TextView text) override;
     std::optional<Text> textOnClipboard(NativeWindow owner) override;
-    void showBusy(bool busy) override;
+    void showWaitCursor(bool shown) override;
 
     // For the host's calls of TranslateAccelerator: consults the control at most once for each message.
     KeyRouter& keys() { return environment_->keys(); }
@@ -50,7 +50,7 @@ private:
     SystemAppearance appearance_;
     SystemFiles files_;
     ColourChooser colourChooser_;
-    HCURSOR beforeBusy_ = nullptr;
+    HCURSOR beforeWait_ = nullptr;
 };
 
 }  // namespace obk::win32

@@ -1,4 +1,4 @@
-#include "grid/busy_sign.h"
+#include "grid/wait_cursor.h"
 
 #include "base/attempt.h"
 
@@ -6,18 +6,18 @@
 
 namespace obk {
 
-BusySign::BusySign(Clock& clock, std::function<void(bool)> show)
+WaitCursor::WaitCursor(Clock& clock, std::function<void(bool)> show)
     : clock_(clock), show_(std::move(show)), start_(clock.tickCount()) {}
 
-BusySign::~BusySign() {
+WaitCursor::~WaitCursor() {
     if (shown_) attempt([this] { show_(false); });
 }
 
-void BusySign::progress() {
+void WaitCursor::progress() {
     if (shown_) return;
     // The tick count wraps, and so does the difference.
     const uint32_t passed = static_cast<uint32_t>(clock_.tickCount()) - static_cast<uint32_t>(start_);
-    if (passed <= static_cast<uint32_t>(patience)) return;
+    if (passed <= static_cast<uint32_t>(delay)) return;
     shown_ = true;
     attempt([this] { show_(true); });
 }
