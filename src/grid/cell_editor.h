@@ -27,8 +27,8 @@ public:
     virtual ~CellEditor() = default;
 
     virtual Widget& widget() = 0;
-    // Shows the text of a cell, on the ground of the cells.
-    virtual void load(TextView text, OleColour ground) = 0;
+    // Shows the text of a cell, on the background of the cells.
+    virtual void load(TextView text, OleColour background) = 0;
     // The text that the cell gets.
     virtual Text value() const = 0;
 

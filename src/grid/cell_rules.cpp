@@ -13,8 +13,8 @@ Text checkText(TextView value) {
 }
 
 std::optional<int32_t> usableColumnWidth(double twips) {
-    constexpr double sliver = 200;
-    return twips > sliver ? roundedLong(twips) : std::nullopt;
+    constexpr double tooNarrow = 200;
+    return twips > tooNarrow ? roundedLong(twips) : std::nullopt;
 }
 
 std::optional<float> fontSizeFromText(TextView text) {

@@ -21,8 +21,8 @@ public:
     }
 
     Widget& widget() override { return txtTEXTBOX; }
-    void load(TextView text, OleColour ground) override {
-        txtTEXTBOX.setBackColour(ground);
+    void load(TextView text, OleColour background) override {
+        txtTEXTBOX.setBackColour(background);
         txtTEXTBOX.setText(text);
     }
     Text value() const override { return txtTEXTBOX.text(); }
@@ -45,8 +45,8 @@ public:
     }
 
     Widget& widget() override { return list_; }
-    void load(TextView text, OleColour ground) override {
-        list_.setBackColour(ground);
+    void load(TextView text, OleColour background) override {
+        list_.setBackColour(background);
         list_.show(text);
     }
     Text value() const override { return list_.text(); }

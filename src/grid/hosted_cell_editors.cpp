@@ -21,8 +21,8 @@ public:
     }
 
     Widget& widget() override { return dtpDATE; }
-    void load(TextView text, OleColour ground) override {
-        dtpDATE->SetBackColor(ground);
+    void load(TextView text, OleColour background) override {
+        dtpDATE->SetBackColor(background);
         const auto today = dateText(dtpDATE->platform().clock().today());
         dtpDATE->SetText(Text(text.empty() && today ? *today : text).append(displayBlanks));
     }
@@ -50,9 +50,9 @@ public:
     }
 
     Widget& widget() override { return gchCHECKBOX; }
-    void load(TextView text, OleColour ground) override {
-        gchCHECKBOX.setAmbientBackColour(ground);
-        gchCHECKBOX->SetBackColor(ground);
+    void load(TextView text, OleColour background) override {
+        gchCHECKBOX.setAmbientBackColour(background);
+        gchCHECKBOX->SetBackColor(background);
         gchCHECKBOX->SetValue(trimmed(text) == checkedText ? 1 : 0);
     }
     Text value() const override { return gchCHECKBOX->Value() == 1 ? Text(checkedText) : Text(); }
@@ -84,8 +84,8 @@ public:
     }
 
     Widget& widget() override { return udnLIST; }
-    void load(TextView text, OleColour ground) override {
-        udnLIST->SetBackColor(ground);
+    void load(TextView text, OleColour background) override {
+        udnLIST->SetBackColor(background);
         udnLIST->SetText(Text(text));
         number_ = udnLIST->Text();
     }

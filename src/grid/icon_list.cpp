@@ -13,40 +13,40 @@ int32_t marginOf(int32_t size) {
     return size / 8;
 }
 
-// One channel of a premultiplied pixel over the ground.
-uint32_t channelOver(uint32_t pixel, int shift, uint8_t ground) {
+// One channel of a premultiplied pixel over the background.
+uint32_t channelOver(uint32_t pixel, int shift, uint8_t background) {
     const uint32_t transparent = 255 - (pixel >> 24);
-    return std::min(255u, ((pixel >> shift) & 0xFF) + (ground * transparent + 127) / 255) << shift;
+    return std::min(255u, ((pixel >> shift) & 0xFF) + (background * transparent + 127) / 255) << shift;
 }
 
-uint32_t pixelOver(uint32_t pixel, Rgb ground) {
-    return 0xFF000000u | channelOver(pixel, 16, ground.red()) | channelOver(pixel, 8, ground.green()) |
-           channelOver(pixel, 0, ground.blue());
+uint32_t pixelOver(uint32_t pixel, Rgb background) {
+    return 0xFF000000u | channelOver(pixel, 16, background.red()) |
+           channelOver(pixel, 8, background.green()) | channelOver(pixel, 0, background.blue());
 }
 
-// Icon 0 is the ground alone.
-PictureRef pictureOver(Rgb ground, int32_t icon, int32_t size) {
+// Icon 0 is the background alone.
+PictureRef pictureOver(Rgb background, int32_t icon, int32_t size) {
     const PixelSize whole{marginOf(size) + size, size};
-    std::vector<uint32_t> drawn(static_cast<size_t>(whole.width * whole.height), pixelOver(0, ground));
+    std::vector<uint32_t> drawn(static_cast<size_t>(whole.width * whole.height), pixelOver(0, background));
     auto to = drawn.begin();
     int32_t x = 0;
     for (const uint32_t pixel : cell_icons::pixels(icon, size)) {
         if (x == 0) to += marginOf(size);
-        *to++ = pixelOver(pixel, ground);
+        *to++ = pixelOver(pixel, background);
         x = (x + 1) % size;
     }
     return std::make_shared<SharedPicture>(whole, std::move(drawn));
 }
 
-PictureRef pictureForAllScreens(Rgb ground, int32_t icon) {
-    PictureRef usual = pictureOver(ground, icon, cell_icons::sizes.front());
-    usual->setDenser([ground, icon] {
+PictureRef pictureForAllScreens(Rgb background, int32_t icon) {
+    PictureRef picture = pictureOver(background, icon, cell_icons::sizes.front());
+    picture->setDenser([background, icon] {
         SharedPicture::Denser denser;
         for (const int32_t size : std::span(cell_icons::sizes).subspan(1))
-            denser.push_back(pictureOver(ground, icon, size));
+            denser.push_back(pictureOver(background, icon, size));
         return denser;
     });
-    return usual;
+    return picture;
 }
 
 }  // namespace
@@ -55,13 +55,13 @@ int32_t IconList::count() const {
     return cell_icons::count();
 }
 
-PictureRef IconList::picture(TextView key, Rgb ground) {
-    if (ground != ground_) pictures_.clear();
-    ground_ = ground;
+PictureRef IconList::picture(TextView key, Rgb background) {
+    if (background != background_) pictures_.clear();
+    background_ = background;
     pictures_.resize(static_cast<size_t>(count()) + 1);
     const int32_t icon = cell_icons::indexOf(key).value_or(0);
     PictureRef& picture = pictures_[static_cast<size_t>(icon)];
-    if (!picture) picture = pictureForAllScreens(ground, icon);
+    if (!picture) picture = pictureForAllScreens(background, icon);
     return picture;
 }
 

@@ -13,7 +13,7 @@ using headless::DrawnItem;
 using Kind = MouseEvent::Kind;
 
 constexpr OleColour red(Rgb::of(255, 0, 0)), window(SystemColour::window);
-// At 96 DPI and in the usual font: border, caption bar, one row, one column, in pixels.
+// At 96 DPI and in the default font: border, caption bar, one row, one column, in pixels.
 constexpr int32_t border = 2, bar = 20, rowHeight = 18, colWidth = 64;
 
 class GridEditTest : public ControlFixture {
