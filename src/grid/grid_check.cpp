@@ -1,5 +1,8 @@
 #include "grid/grid_check.h"
 
+#include "base/attempt.h"
+#include "framework/mouse_arguments.h"
+
 #include <utility>
 
 namespace obk {
@@ -10,13 +13,24 @@ GridCheck::GridCheck(Platform& platform) : Control(platform), chkBOX(root()) {
     const auto on = [this](auto& event, auto handler) {
         connections_.push_back(event.connect(std::move(handler)));
     };
-    on(chkBOX.clicked, [this] { Click(); });
-    on(chkBOX.keyWentDown, [this](KeyEvent& event) { KeyDown(event.code, event.shift); });
-    on(chkBOX.characterTyped, [this](int16_t& character) { KeyPress(character); });
-    on(chkBOX.keyWentUp, [this](KeyEvent& event) { KeyUp(event.code, event.shift); });
-    on(chkBOX.mousePressed, [this](const MouseEvent& event) { raiseMouse(MouseDown, event); });
-    on(chkBOX.mouseMoved, [this](const MouseEvent& event) { raiseMouse(MouseMove, event); });
-    on(chkBOX.mouseReleased, [this](const MouseEvent& event) { raiseMouse(MouseUp, event); });
+    const auto passOn = [&](auto& event, const auto& raised) {
+        on(event, [&raised](auto&... arguments) { attempt([&] { raised(arguments...); }); });
+    };
+    const auto passKeysOn = [&](Event<KeyEvent&>& event, const Event<int16_t&, int16_t&>& raised) {
+        on(event, [&raised](KeyEvent& key) { attempt([&] { raised(key.code, key.shift); }); });
+    };
+    const auto passMouseOn = [&](Event<const MouseEvent&>& event, const MouseRaised& raised) {
+        on(event, [this, &raised](const MouseEvent& mouse) {
+            attempt([&] { MouseArguments::inTwips(mouse, root().dpi()).raise(raised); });
+        });
+    };
+    passOn(chkBOX.clicked, Click);
+    passKeysOn(chkBOX.keyWentDown, KeyDown);
+    passOn(chkBOX.characterTyped, KeyPress);
+    passKeysOn(chkBOX.keyWentUp, KeyUp);
+    passMouseOn(chkBOX.mousePressed, MouseDown);
+    passMouseOn(chkBOX.mouseMoved, MouseMove);
+    passMouseOn(chkBOX.mouseReleased, MouseUp);
 }
 
 void GridCheck::SetBackColor(OleColour BackColor) {
@@ -35,17 +49,8 @@ void GridCheck::SetEnabled(bool Enabled) {
 }
 
 void GridCheck::resize() {
-    // What centres a box of the usual size, its edges counted in.
+    // What centres a box of the default size, its edges counted in.
     chkBOX.setLeft(0.5 * (width() - Twips{97} - Twips{60}));
-}
-
-void GridCheck::raiseMouse(const Event<int16_t&, int16_t&, float&, float&>& event, const MouseEvent& mouse) {
-    int16_t mouseButton = mouse.button;
-    int16_t shiftState = mouse.shift;
-    const Dpi dpi = root().dpi();
-    auto x = static_cast<float>(dpi.toTwips(mouse.at.x).value);
-    auto y = static_cast<float>(dpi.toTwips(mouse.at.y).value);
-    event(mouseButton, shiftState, x, y);
 }
 
 }  // namespace obk

@@ -30,7 +30,6 @@ public:
 
 private:
     void resize() override;
-    void raiseMouse(const Event<int16_t&, int16_t&, float&, float&>& event, const MouseEvent& mouse);
 
     CheckBox chkBOX;
     std::vector<Connection> connections_;
