@@ -20,7 +20,7 @@ public:
         grid_.move({{0}, {0}, {3000}, {1800}});
         const auto reenters = [this](auto&&...) { reenter(); };
         for (Event<>* event : {&grid_.clicked, &grid_.doubleClicked, &grid_.cellEntered,
-                               &grid_.selectionMoved, &grid_.scrolled, &grid_.focusCame, &grid_.focusWent})
+                               &grid_.selectionMoved, &grid_.scrolled})
             connections_.push_back(event->connect(reenters));
         for (auto* event : {&grid_.mousePressed, &grid_.mouseMoved, &grid_.mouseReleased})
             connections_.push_back(event->connect(reenters));
@@ -140,33 +140,38 @@ private:
         }
     }
     void cell() {
+        const CellAddress cell{row(), col()};
         switch (below(12)) {
             case 0:
-                grid_.SetCellBackColor(OleColour(input_.ConsumeIntegral<uint32_t>()));
+                grid_.setAttribute<&CellStyle::backColour>(cell,
+                                                           OleColour(input_.ConsumeIntegral<uint32_t>()));
                 break;
             case 1:
-                grid_.SetCellForeColor(Rgb{static_cast<uint32_t>(below(3))});
+                grid_.setAttribute<&CellStyle::foreColour>(cell, OleColour(static_cast<uint32_t>(below(3))));
                 break;
             case 2:
-                grid_.SetCellFontName(textFrom(input_));
+                grid_.setAttribute<&CellStyle::fontName>(cell,
+                                                         std::make_shared<const Text>(textFrom(input_)));
                 break;
             case 3:
-                grid_.SetCellFontSize(std::bit_cast<float>(input_.ConsumeIntegral<uint32_t>()));
+                grid_.setAttribute<&CellStyle::fontSize>(
+                    cell, std::bit_cast<float>(input_.ConsumeIntegral<uint32_t>()));
                 break;
             case 4:
-                grid_.SetCellFontBold(input_.ConsumeBool());
-                grid_.SetCellFontItalic(input_.ConsumeBool());
+                grid_.setAttribute<&CellStyle::bold>(cell, input_.ConsumeBool());
+                grid_.setAttribute<&CellStyle::italic>(cell, input_.ConsumeBool());
                 break;
             case 5:
-                grid_.SetCellAlignment(input_.ConsumeIntegral<int32_t>() % 12);
+                grid_.setAttribute<&CellStyle::alignment>(cell, static_cast<CellAlignment>(below(10)));
                 break;
             case 6:
-                grid_.SetCellPicture(std::get<PictureRef>(valueOf(ValueType::picture, input_)));
+                grid_.setPicture(cell, std::get<PictureRef>(valueOf(ValueType::picture, input_)),
+                                 static_cast<CellAlignment>(below(10)));
                 break;
             default: {
                 Text text = textFrom(input_);
                 if (below(8) == 0) text.append(static_cast<size_t>(below(600)), u'x');
-                if (grid_.SetText(text) && texts_) at(grid_.Row())[static_cast<size_t>(grid_.Col())] = text;
+                if (grid_.setText(cell, text) && texts_) at(cell.row)[static_cast<size_t>(cell.col)] = text;
                 break;
             }
         }
@@ -212,7 +217,7 @@ private:
             case 1:
                 // Rows without end are more than a sort can take.
                 if (grid_.Rows() > 100000) break;
-                grid_.Sort(below(4));
+                grid_.Sort(col(), static_cast<SortDirection>(below(2)));
                 learn();
                 break;
             case 2:
@@ -315,7 +320,7 @@ private:
 
     void check() {
         const bool none = grid_.Rows() == 0;
-        for (const CellAddress cell : {grid_.current(), CellAddress{grid_.RowSel(), grid_.ColSel()}})
+        for (const CellAddress cell : {grid_.current(), grid_.corner()})
             require(none ? cell.row == -1 && cell.col >= 0 && cell.col < grid_.Cols()
                          : grid_.model().contains(cell),
                     "the selection is inside");

@@ -40,11 +40,6 @@ unsigned smallSettings(const CellStyle& style) {
 
 }  // namespace
 
-std::optional<CellAlignment> cellAlignment(int32_t number) {
-    if (number < 0 || number > static_cast<int32_t>(CellAlignment::general)) return std::nullopt;
-    return static_cast<CellAlignment>(number);
-}
-
 bool CellStyle::operator==(const CellStyle& other) const {
     return smallSettings(*this) == smallSettings(other) && backColour == other.backColour &&
            foreColour == other.foreColour && sizeBits(fontSize) == sizeBits(other.fontSize) &&

@@ -12,7 +12,7 @@
 
 namespace obk {
 
-// Where texts and pictures stand in a cell, in the numbering that hosts know.
+// Where texts and pictures stand in a cell.
 enum class CellAlignment : uint8_t {
     leftTop,
     leftCentre,
@@ -25,9 +25,6 @@ enum class CellAlignment : uint8_t {
     rightBottom,
     general,  // numbers to the right, other texts to the left, both in the middle of the height
 };
-
-// Nothing for a number that is no alignment.
-std::optional<CellAlignment> cellAlignment(int32_t number);
 
 // What is not set follows the column, then the grid.
 struct CellStyle {

@@ -11,7 +11,7 @@ void CurrentCellGrid::change(const std::function<void(GridModel&)>& work) {
     struct Settle {
         CurrentCellGrid& grid;
         ~Settle() {
-            ++grid.arrangement_;
+            ++grid.revision_;
             grid.bringInside();
             grid.placesChanged(0, 0);
         }
@@ -35,7 +35,7 @@ bool CurrentCellGrid::bringInside() {
 bool CurrentCellGrid::SetRows(int32_t count) {
     const int32_t before = Rows();
     if (!model_.setRows(count)) return false;
-    ++arrangement_;
+    ++revision_;
     const bool moved = bringInside();
     if (count != before) placesChanged(moved ? 0 : std::min(before, count), 0);
     return true;
@@ -44,19 +44,10 @@ bool CurrentCellGrid::SetRows(int32_t count) {
 bool CurrentCellGrid::SetCols(int32_t count) {
     const int32_t before = Cols();
     if (!model_.setCols(count)) return false;
-    ++arrangement_;
+    ++revision_;
     const bool moved = bringInside();
     if (count != before) placesChanged(0, moved ? 0 : std::min(before, count));
     return true;
-}
-
-bool CurrentCellGrid::SetRow(int32_t row) {
-    return Select(CellAddress{row, current_.col});
-}
-
-bool CurrentCellGrid::SetCol(int32_t col) {
-    // Also in a grid without rows, for the rows that come.
-    return Select(CellAddress{current_.row, col});
 }
 
 bool CurrentCellGrid::Select(CellAddress current, CellAddress corner) {
@@ -66,22 +57,15 @@ bool CurrentCellGrid::Select(CellAddress current, CellAddress corner) {
     if (!possible(current) || !possible(corner)) return false;
     if (current == current_ && corner == corner_) return true;
     const CellRange before = selection();
-    const CellAddress currentBefore = current_;
     current_ = current;
     corner_ = corner;
-    if (watched_) selectionChanged(before, currentBefore);
+    if (watched_) selectionChanged(before);
     return true;
-}
-
-void CurrentCellGrid::SelectByHalves(CellAddress cell) {
-    if (Select(cell)) return;
-    SetCol(cell.col);
-    SetRow(cell.row);
 }
 
 bool CurrentCellGrid::AddItem(TextView item, int32_t row) {
     if (!model_.addItem(item, row)) return false;
-    ++arrangement_;
+    ++revision_;
     if (current_.row < 0) bringInside();
     placesChanged(row, 0);
     return true;
@@ -89,7 +73,7 @@ bool CurrentCellGrid::AddItem(TextView item, int32_t row) {
 
 bool CurrentCellGrid::RemoveItem(int32_t row) {
     if (!model_.removeItem(row)) return false;
-    ++arrangement_;
+    ++revision_;
     const bool moved = bringInside();
     placesChanged(moved ? 0 : row, 0);
     return true;
@@ -97,55 +81,26 @@ bool CurrentCellGrid::RemoveItem(int32_t row) {
 
 void CurrentCellGrid::Clear() {
     model_.clear();
-    ++arrangement_;
+    ++revision_;
     if (watched_) cellsChanged({0, 0, Rows() - 1, Cols() - 1});
 }
 
-bool CurrentCellGrid::Sort(int32_t setting) {
-    if (setting != 1 && setting != 2) return false;
-    const auto direction = setting == 1 ? SortDirection::ascending : SortDirection::descending;
-    if (!model_.sort(current_.col, direction, 0, Rows() - 1)) return false;
-    ++arrangement_;
+bool CurrentCellGrid::Sort(int32_t col, SortDirection direction) {
+    if (!model_.sort(col, direction, 0, Rows() - 1)) return false;
+    ++revision_;
     placesChanged(0, 0);
     return true;
 }
 
-bool CurrentCellGrid::SetText(TextView text) {
-    if (!model_.setText(current_, text)) return false;
-    currentCellChanged();
-    return true;
+bool CurrentCellGrid::setText(CellAddress cell, TextView text) {
+    return changed(cell, model_.setText(cell, text));
 }
 
-bool CurrentCellGrid::SetCellBackColor(OleColour colour) {
-    return setStyle<&CellStyle::backColour>(colour);
-}
-
-void CurrentCellGrid::colourAnew(CellAddress cell, OleColour colour) {
-    SelectByHalves(cell);
-    SetCellBackColor(colour);
-}
-
-bool CurrentCellGrid::SetCellAlignment(int32_t alignment) {
-    const auto known = cellAlignment(alignment);
-    return known && setStyle<&CellStyle::alignment>(*known);
-}
-
-bool CurrentCellGrid::SetCellPictureAlignment(int32_t alignment) {
-    const auto known = cellAlignment(alignment);
-    return known && setStyle<&CellStyle::pictureAlignment>(*known);
-}
-
-bool CurrentCellGrid::SetCellPicture(PictureRef picture, CellAlignment alignment) {
-    CellStyle style = *model_.style(current_);
+bool CurrentCellGrid::setPicture(CellAddress cell, PictureRef picture, CellAlignment alignment) {
+    CellStyle style = *model_.style(cell);
     style.picture = std::move(picture);
     style.pictureAlignment = alignment;
-    if (!model_.setStyle(current_, style)) return false;
-    cellsChanged({current_.row, current_.col, current_.row, current_.col});
-    return true;
-}
-
-bool CurrentCellGrid::SetCellFontName(TextView name) {
-    return setStyle<&CellStyle::fontName>(std::make_shared<const obk::Text>(name));
+    return changed(cell, model_.setStyle(cell, style));
 }
 
 int32_t CurrentCellGrid::ColWidth(int32_t col) const {
@@ -158,9 +113,8 @@ bool CurrentCellGrid::SetColWidth(int32_t col, int32_t twips) {
     return true;
 }
 
-bool CurrentCellGrid::SetColAlignment(int32_t col, int32_t alignment) {
-    const auto known = cellAlignment(alignment);
-    if (!known || !model_.setColAlignment(col, *known)) return false;
+bool CurrentCellGrid::SetColAlignment(int32_t col, CellAlignment alignment) {
+    if (!model_.setColAlignment(col, alignment)) return false;
     if (watched_) cellsChanged({0, col, Rows() - 1, col});
     return true;
 }

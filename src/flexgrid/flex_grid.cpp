@@ -24,14 +24,14 @@ FlexGrid::FlexGrid(Container& parent)
       dragTimer_(*this) {
     SetBackColor(SystemColour::window);
     for (ScrollBar* bar : {&verticalBar_, &horizontalBar_}) bar->setVisible(false);
-    connections_.push_back(
-        verticalBar_.stepped.connect([this](ScrollBar::Step by) { step(by, verticalBar_); }));
-    connections_.push_back(
-        horizontalBar_.stepped.connect([this](ScrollBar::Step by) { step(by, horizontalBar_); }));
-    connections_.push_back(
-        verticalBar_.dragged.connect([this](int64_t to) { scrollTo(view().nearRowAt(to)); }));
-    connections_.push_back(horizontalBar_.dragged.connect([this](int64_t to) { scrollTo({to, offset_.y}); }));
-    connections_.push_back(dragTimer_.ticked.connect([this] { scrollAtEdge(); }));
+    const auto on = [this](auto& event, auto handler) {
+        connections_.push_back(event.connect(std::move(handler)));
+    };
+    on(verticalBar_.stepped, [this](ScrollBar::Step by) { step(by, verticalBar_); });
+    on(horizontalBar_.stepped, [this](ScrollBar::Step by) { step(by, horizontalBar_); });
+    on(verticalBar_.dragged, [this](int64_t to) { scrollTo(view().nearRowAt(to)); });
+    on(horizontalBar_.dragged, [this](int64_t to) { scrollTo({to, offset_.y}); });
+    on(dragTimer_.ticked, [this] { scrollAtEdge(); });
     useFont();
 }
 
@@ -61,9 +61,9 @@ void FlexGrid::SetRedraw(bool redraw) {
     invalidate();
 }
 
-GridView FlexGrid::view() const {
+GridView FlexGrid::viewAt(ScrollOffset offset) const {
     const PixelRect own = pixelBounds();
-    return GridView(model(), {own.width(), own.height()}, ScrollBar::thickness(dpi()), offset_);
+    return GridView(model(), {own.width(), own.height()}, ScrollBar::thickness(dpi()), offset);
 }
 
 bool FlexGrid::SetTopRow(int32_t row) {
@@ -79,12 +79,8 @@ bool FlexGrid::SetLeftCol(int32_t col) {
 }
 
 void FlexGrid::scrollTo(ScrollOffset offset) {
-    const auto reached = [&] {
-        const PixelRect own = pixelBounds();
-        return GridView(model(), {own.width(), own.height()}, ScrollBar::thickness(dpi()), offset).offset();
-    };
-    if (reached() == view().offset()) return;
-    disturbed();
+    if (viewAt(offset).offset() == view().offset()) return;
+    attempt([&] { disturbed(); });
     // Whoever listens may have scrolled as well.
     const ScrollOffset before = view().offset();
     offset_ = offset;
@@ -104,7 +100,7 @@ void FlexGrid::scrollTo(ScrollOffset offset) {
             invalidateArea(cells);
         }
     }
-    scrolled();
+    attempt([&] { scrolled(); });
 }
 
 TwipsRect FlexGrid::cellPlace(CellAddress cell) const {
@@ -154,7 +150,7 @@ void FlexGrid::cellsChanged(const CellRange& cells) {
     invalidateCells(cells);
 }
 
-void FlexGrid::selectionChanged(const CellRange& before, CellAddress) {
+void FlexGrid::selectionChanged(const CellRange& before) {
     invalidateCells(before);
     invalidateCells(selection());
 }
@@ -162,7 +158,10 @@ void FlexGrid::selectionChanged(const CellRange& before, CellAddress) {
 void FlexGrid::placesChanged(int32_t fromRow, int32_t fromCol) {
     if (!attached_) return;
     // What stands over a cell is a window and shows all the time.
-    if (!redraw_) return laidOut();
+    if (!redraw_) {
+        attempt([&] { laidOut(); });
+        return;
+    }
     const GridView wanted = view();
     const bool same = offset_ == wanted.offset() && verticalBar_.visible() == wanted.verticalBar() &&
                       horizontalBar_.visible() == wanted.horizontalBar();
@@ -213,7 +212,7 @@ void FlexGrid::layOut() {
           shown.verticalRange());
     place(horizontalBar_, shown.horizontalBar(), {0, cells.height, cells.width, cells.height + thickness},
           shown.horizontalRange());
-    laidOut();
+    attempt([&] { laidOut(); });
 }
 
 void FlexGrid::useFont() {
@@ -296,15 +295,9 @@ void FlexGrid::appearanceChanged() {
     Container::appearanceChanged();
 }
 
-void FlexGrid::focusCameBelow() {
-    showFocus();
-    focusCame();
-}
-
 void FlexGrid::focusWentBelow() {
     endDrag();
     showFocus();
-    focusWent();
 }
 
 void FlexGrid::showFocus() {

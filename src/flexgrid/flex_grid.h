@@ -17,7 +17,7 @@ public:
 
     explicit FlexGrid(Container& parent);
 
-    // BackColor, of the widget below, is the ground of cells that have none of their own.
+    // BackColor, of the widget below, is the background of cells that have none of their own.
     struct Colours {
         OleColour fore{SystemColour::windowText};
         OleColour beyond{SystemColour::window};  // right of the last column, below the last row
@@ -31,9 +31,7 @@ public:
     void SetFont(FontRef font) { font_.set(std::move(font)); }
     void setLook(Look look);
     // When the selection is shown. False, and nothing changed, for other numbers.
-    int32_t HighLight() const { return highLight_; }
     bool SetHighLight(int32_t setting);  // 0 never, 1 always, 2 while the grid has the focus
-    bool AllowUserResizing() const { return allowUserResizing_; }
     void SetAllowUserResizing(bool allow) { allowUserResizing_ = allow; }
 
     // False suspends drawing; all is drawn anew when it is True again.
@@ -47,14 +45,13 @@ public:
     bool SetLeftCol(int32_t col);
     void scrollTo(ScrollOffset offset);
     void show(CellAddress cell) { scrollTo(view().showing(cell)); }
-    GridView view() const;
+    GridView view() const { return viewAt(offset_); }
 
     // What is below the mouse, wherever it was heard of last; -1 for none.
     int32_t MouseRow() const { return view().rowAt(mouse_.y); }
     int32_t MouseCol() const { return view().colAt(mouse_.x); }
     // Where a cell stands, in twips from the grid's left top corner; nowhere for a cell that is not there.
     TwipsRect cellPlace(CellAddress cell) const;
-    TwipsRect cellPlace() const { return cellPlace(current()); }
     // As a person goes to a cell: it is shown and the events tell of it.
     void goTo(CellAddress cell);
     // Makes a column as wide as its texts that show need, as a double click on its border does.
@@ -83,7 +80,7 @@ public:
     void detach() override;
     void placed() override;
     void appearanceChanged() override;
-    void focusCameBelow() override;
+    void focusCameBelow() override { showFocus(); }
     void focusWentBelow() override;
     void describe(std::vector<AccessibleItem>& items) const override;
 
@@ -102,15 +99,15 @@ public:
     Event<> scrolled;
     Event<> laidOut;  // cells may stand elsewhere now
     Event<int32_t> columnResized;
-    Event<> focusCame, focusWent;
 
 private:
     enum class Drag : uint8_t { none, selection, column };
 
     void cellsChanged(const CellRange& cells) override;
-    void selectionChanged(const CellRange& before, CellAddress currentBefore) override;
+    void selectionChanged(const CellRange& before) override;
     void placesChanged(int32_t fromRow, int32_t fromCol) override;
 
+    GridView viewAt(ScrollOffset offset) const;
     void invalidateCells(const CellRange& cells);
     void invalidateArea(const PixelRect& onWidget);
     void layOut();

@@ -1,7 +1,9 @@
 // What the flexible grid does with the mouse, the wheel and the keyboard.
+#include "base/attempt.h"
 #include "flexgrid/cell_movement.h"
 #include "flexgrid/flex_grid.h"
 #include "widgets/surface.h"
+#include "widgets/wheel_notches.h"
 
 #include <cmath>
 
@@ -14,8 +16,6 @@ constexpr int32_t borderReach = 3;
 constexpr int32_t narrowestColumn = 8;  // that dragging leaves
 constexpr int32_t sidewaysLine = 32;    // a line of the horizontal wheel
 
-constexpr int32_t wheelNotch = 120;
-
 }  // namespace
 
 void FlexGrid::mouse(const MouseEvent& event) {
@@ -25,12 +25,12 @@ void FlexGrid::mouse(const MouseEvent& event) {
         case MouseEvent::Kind::down:
         case MouseEvent::Kind::doubleClick:
             takeFocus();
-            mousePressed(event);
+            attempt([&] { mousePressed(event); });
             // The host may have taken the grid away meanwhile.
             if (event.button == button::left && attached_ && enabled()) press(event);
             break;
         case MouseEvent::Kind::move:
-            mouseMoved(event);
+            attempt([&] { mouseMoved(event); });
             if (drag_ == Drag::selection)
                 dragSelection();
             else if (drag_ == Drag::column)
@@ -41,7 +41,7 @@ void FlexGrid::mouse(const MouseEvent& event) {
         case MouseEvent::Kind::up: {
             const bool click = event.button == button::left && drag_ == Drag::selection;
             if (event.button == button::left) endDrag();
-            mouseReleased(event);
+            attempt([&] { mouseReleased(event); });
             if (click) clicked();
             break;
         }
@@ -66,7 +66,7 @@ void FlexGrid::press(const MouseEvent& event) {
     if (cell.row < 0 || cell.col < 0) return disturbed();
     // The first press made the cell one end of the selection. If it went elsewhere, the second is one of its
     // own.
-    if (twice && (cell == current() || cell == CellAddress{RowSel(), ColSel()})) return doubleClicked();
+    if (twice && (cell == current() || cell == corner())) return doubleClicked();
     beginDrag(Drag::selection);
     select(cell, (event.shift & shift::shift) != 0);
 }
@@ -94,9 +94,9 @@ void FlexGrid::dragColumnBorder(int32_t col, int32_t x) {
 }
 
 void FlexGrid::resizeColumn(int32_t col, int32_t twips) {
-    disturbed();
+    attempt([&] { disturbed(); });
     // Whoever listens may have taken the column away.
-    if (SetColWidth(col, twips)) columnResized(col);
+    if (SetColWidth(col, twips)) attempt([&] { columnResized(col); });
 }
 
 void FlexGrid::dragSelection() {
@@ -113,8 +113,8 @@ void FlexGrid::dragSelection() {
 void FlexGrid::scrollAtEdge() {
     if (drag_ != Drag::selection) return dragTimer_.stop();
     const auto steps = [this](int32_t at, int32_t end) {
-        const int32_t apart = at < 0 ? at : std::max(at - end + 1, 0);
-        return apart / dpi().scaled(sidewaysLine) + (apart > 0) - (apart < 0);
+        const int32_t beyond = at < 0 ? at : std::max(at - end + 1, 0);
+        return beyond / dpi().scaled(sidewaysLine) + (beyond > 0) - (beyond < 0);
     };
     scrollTo(view().byRows(steps(mouse_.y, view().size().height)));
     scrollTo(view().byCols(steps(mouse_.x, view().size().width)));
@@ -138,14 +138,14 @@ void FlexGrid::showCursor(PixelPoint at) {
 void FlexGrid::select(CellAddress cell, bool extend) {
     if (!model().contains(cell)) return;
     const bool another = !extend && cell != current();
-    if (!another && cell == CellAddress{RowSel(), ColSel()}) return;
+    if (!another && cell == corner()) return;
     bool leaves = true;
-    if (another) leavingCell(leaves);
+    if (another) attempt([&] { leavingCell(leaves); });
     if (!leaves) return;
     // Whoever listens may have taken the cell away.
     if (!Select(extend ? current() : cell, cell)) return;
-    if (another) cellEntered();
-    selectionMoved();
+    if (another) attempt([&] { cellEntered(); });
+    attempt([&] { selectionMoved(); });
 }
 
 void FlexGrid::drop(DropEvent& event) {
@@ -154,12 +154,12 @@ void FlexGrid::drop(DropEvent& event) {
 }
 
 void FlexGrid::keyDown(KeyEvent& event) {
-    keyWentDown(event);
+    attempt([&] { keyWentDown(event); });
     if (event.code == 0 || !enabled() || drag_ != Drag::none || (event.shift & shift::alt) != 0) return;
     const bool control = (event.shift & shift::control) != 0;
     const bool extend = (event.shift & shift::shift) != 0;
     if (control && !extend && (event.code == 'C' || event.code == key::insert)) return copySelection();
-    const CellAddress from = extend ? CellAddress{RowSel(), ColSel()} : current();
+    const CellAddress from = extend ? corner() : current();
     const auto to = movedBy(event.code, control, from, view());
     if (!to) return;
     if (!extend) return goTo(*to);
@@ -186,8 +186,8 @@ bool FlexGrid::wheel(const WheelEvent& event) {
     if (!event.horizontal) delta = -delta;  // away from the user is back
     const int32_t lines = platform().appearance().metrics().wheelLines;
     const bool byPage = lines < 0 || lines > shown.visible().bottom - shown.visible().top;
-    if (!sideways && delta % wheelNotch == 0 && wheelRest_ == 0) {
-        const int32_t notches = delta / wheelNotch;
+    if (!sideways && delta % WheelNotches::notch == 0 && wheelRest_ == 0) {
+        const int32_t notches = delta / WheelNotches::notch;
         scrollTo(byPage ? shown.byPagesDown(notches) : shown.byRows(notches * lines));
         return true;
     }
@@ -195,7 +195,7 @@ bool FlexGrid::wheel(const WheelEvent& event) {
     const int32_t line = sideways ? dpi().scaled(sidewaysLine) : row;
     const double notch = byPage ? shown.size().height : double{1} * lines * line;
     if ((delta > 0) != (wheelRest_ > 0)) wheelRest_ = 0;
-    wheelRest_ += delta * notch / wheelNotch;
+    wheelRest_ += delta * notch / WheelNotches::notch;
     const double pixels = std::trunc(wheelRest_);
     wheelRest_ -= pixels;
     const auto by = static_cast<int64_t>(pixels);

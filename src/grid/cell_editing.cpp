@@ -1,6 +1,7 @@
 #include "grid/cell_editing.h"
 
 #include "base/attempt.h"
+#include "base/scoped_value.h"
 #include "flexgrid/cell_movement.h"
 #include "flexgrid/cell_texts.h"
 #include "grid/cell_rules.h"
@@ -14,21 +15,14 @@ namespace obk {
 
 namespace {
 
-// Makes a cell the current one for a scope, without anybody noticing.
-class VisitedCell {
-public:
-    VisitedCell(CurrentCellGrid& grid, CellAddress cell)
-        : grid_(grid), current_(grid.current()), corner_{grid.RowSel(), grid.ColSel()} {
-        grid_.Select(cell, cell);
-    }
-    VisitedCell(const VisitedCell&) = delete;
-    VisitedCell& operator=(const VisitedCell&) = delete;
-    ~VisitedCell() { grid_.Select(current_, corner_); }
-
-private:
-    CurrentCellGrid& grid_;
-    CellAddress current_, corner_;
-};
+// What was a letter in the cell is a check mark from now on. `cells` is a grid or its model.
+template <typename Cells>
+void showCheckMark(Cells& cells, CellAddress cell) {
+    attempt([&] {
+        cells.template setAttribute<&CellStyle::fontName>(cell, std::make_shared<const Text>(checkFontName));
+    });
+    attempt([&] { cells.template setAttribute<&CellStyle::fontSize>(cell, checkFontSize); });
+}
 
 }  // namespace
 
@@ -41,8 +35,14 @@ void CellEditing::connect() {
     const auto on = [this](auto& event, auto handler) {
         connections_.push_back(event.connect(std::move(handler)));
     };
+    const auto passOn = [&](auto& event, const auto& raised) {
+        on(event, [&raised](auto&... arguments) { attempt([&] { raised(arguments...); }); });
+    };
     on(grid_.keyWentDown, [this](KeyEvent& event) { keyDown(event, EditPlace::cells); });
-    on(grid_.keyWentUp, [this](KeyEvent& event) { control_.KeyUp(event.code, event.shift); });
+    on(editors_.keyWentDown, [this](KeyEvent& event) { keyDown(event, EditPlace::editor); });
+    for (auto* const keyWentUp : {&grid_.keyWentUp, &editors_.keyWentUp})
+        on(*keyWentUp,
+           [this](KeyEvent& event) { attempt([&] { control_.KeyUp(event.code, event.shift); }); });
     on(grid_.characterTyped, [this](int16_t& character) { typed(character); });
     on(grid_.leavingCell, [this](bool& leaves) {
         leftRow_ = grid_.Row();
@@ -51,35 +51,33 @@ void CellEditing::connect() {
         leaves = !editors_.isOpen();
     });
     on(grid_.cellEntered, [this] { entered(); });
-    on(grid_.selectionMoved, [this] { control_.SelChange(); });
+    passOn(grid_.selectionMoved, control_.SelChange);
     on(grid_.clicked, [this] {
-        const bool one = grid_.current() == CellAddress{grid_.RowSel(), grid_.ColSel()};
+        const bool one = grid_.current() == grid_.corner();
         // An editor that opens is told of as a click.
-        if (!one || !show()) control_.Click();
+        if (!one || !show()) attempt([&] { control_.Click(); });
     });
-    on(grid_.doubleClicked, [this] { control_.DblClick(); });
+    passOn(grid_.doubleClicked, control_.DblClick);
     on(grid_.disturbed, [this] { commit(); });
     on(grid_.scrolled, [this] { editors_.place(); });
     on(grid_.laidOut, [this] { editors_.place(); });
-    on(editors_.keyWentDown, [this](KeyEvent& event) { keyDown(event, EditPlace::editor); });
-    on(editors_.keyWentUp, [this](KeyEvent& event) { control_.KeyUp(event.code, event.shift); });
-    on(editors_.characterTyped, [this](int16_t& character) { control_.KeyPress(character); });
-    on(editors_.doubleClicked, [this] { control_.DblClickExt(); });
-    on(editors_.listPressed, [this] { control_.CboBoxClick(); });
-    on(editors_.itemChosen, [this] { control_.CboClick(); });
+    passOn(editors_.characterTyped, control_.KeyPress);
+    passOn(editors_.doubleClicked, control_.DblClickExt);
+    passOn(editors_.listPressed, control_.CboBoxClick);
+    passOn(editors_.itemChosen, control_.CboClick);
 }
 
 bool CellEditing::editable() const {
     return allowed_ && !control_.designMode();
 }
 
-CellAddress CellEditing::place() const {
+CellAddress CellEditing::focusedCell() const {
     return editors_.hasFocus() ? editors_.cell() : grid_.current();
 }
 
 std::optional<int32_t> CellEditing::rowBeside(int16_t key) const {
-    const auto moved = movedBy(key, false, place(), grid_.view());
-    return moved && moved->row != place().row ? std::optional(moved->row) : std::nullopt;
+    const auto moved = movedBy(key, false, focusedCell(), grid_.view());
+    return moved && moved->row != focusedCell().row ? std::optional(moved->row) : std::nullopt;
 }
 
 void CellEditing::allow(bool allowed) {
@@ -102,47 +100,43 @@ bool CellEditing::show(Focus focus) {
     if (!opened) return false;
     editors_.selectText();
     if (focus == Focus::take) editors_.takeFocus();
-    control_.Click();
+    attempt([&] { control_.Click(); });
     return true;
 }
 
 void CellEditing::hide() {
-    if (std::exchange(closing_, true)) return;
+    if (closing_) return;
+    const ScopedFlag closing(closing_);
     const bool open = editors_.isOpen();
-    announcing_ = true;
-    attempt([&] { control_.ChangeEdited(); });
-    announcing_ = false;
-    if (open && editors_.isOpen()) {
-        if (editors_.hasFocus()) grid_.takeFocus();
-        const CellAddress cell = editors_.cell();
-        const ColumnType type = editors_.type();
-        attempt([&] {
-            const auto text = editors_.close();
-            write(cell, type, text);
-        });
-        attempt([&] { control_.Change(); });
-        attempt([&] { control_.ChangePost(); });
-        editors_.hideClosed();
+    {
+        const ScopedFlag announcing(announcing_);
+        attempt([&] { control_.ChangeEdited(); });
     }
-    closing_ = false;
+    if (!open || !editors_.isOpen()) return;
+    if (editors_.hasFocus()) grid_.takeFocus();
+    const CellAddress cell = editors_.cell();
+    const ColumnType type = editors_.type();
+    std::optional<Text> text;
+    attempt([&] { text = editors_.close(); });
+    if (text) attempt([&] { write(cell, *text); });
+    // Also in a cell that keeps its text.
+    if (type == ColumnType::checkBox) showCheckMark(grid_, cell);
+    tellChanged();
+    editors_.hideClosed();
+}
+
+void CellEditing::tellChanged() {
+    attempt([&] { control_.Change(); });
+    attempt([&] { control_.ChangePost(); });
 }
 
 void CellEditing::commit() {
     if (editors_.isOpen()) hide();
 }
 
-void CellEditing::write(CellAddress cell, ColumnType type, const std::optional<Text>& text) {
-    if (!grid_.model().contains(cell) || (!text && type != ColumnType::checkBox)) return;
+void CellEditing::write(CellAddress cell, const Text& text) {
     std::vector<LastChange::CellBefore> before{{cell, Text(grid_.model().text(cell))}};
-    const VisitedCell visited(grid_, cell);
-    if (text && before.front().text != *text) {
-        grid_.SetText(*text);
-        lastChange_.edited(std::move(before));
-    }
-    if (type != ColumnType::checkBox) return;
-    // Also of a cell that keeps its text: what was a letter is a mark from now on.
-    grid_.SetCellFontName(checkFontName);
-    grid_.SetCellFontSize(checkFontSize);
+    if (before.front().text != text && grid_.setText(cell, text)) lastChange_.edited(std::move(before));
 }
 
 void CellEditing::returnFocus() {
@@ -160,8 +154,8 @@ void CellEditing::rowRemoved(int32_t row) {
     editors_.moveTo({row < cell.row ? cell.row - 1 : -1, cell.col});
 }
 
-void CellEditing::cellWritten() {
-    if (editors_.isOpen() && editors_.cell() == grid_.current()) editors_.cellWritten();
+void CellEditing::cellWritten(CellAddress cell) {
+    if (editors_.isOpen() && editors_.cell() == cell) editors_.cellWritten();
 }
 
 KeyRoute CellEditing::preTranslate(const KeyEvent& event, KeyRoute otherwise) {
@@ -185,16 +179,16 @@ void CellEditing::keyDown(KeyEvent& event, EditPlace at) {
     bool used = false;
     if (!std::exchange(othersKey_, false)) {
         const EditState state{at, editable(), !rowBeside(key::down)};
-        used = act(editAction(event, state), event);
+        attempt([&] { used = act(editAction(event, state), event); });
     }
-    control_.KeyDown(event.code, event.shift);
+    attempt([&] { control_.KeyDown(event.code, event.shift); });
     if (used) event.code = 0;
 }
 
 void CellEditing::typed(int16_t& character) {
     if (opensEditor(character)) show();
     // The character is the editor's, which tells of it, if that has the keyboard now.
-    if (!editors_.hasFocus()) control_.KeyPress(character);
+    if (!editors_.hasFocus()) attempt([&] { control_.KeyPress(character); });
 }
 
 bool CellEditing::act(EditAction action, const KeyEvent& event) {
@@ -213,14 +207,14 @@ bool CellEditing::act(EditAction action, const KeyEvent& event) {
             return true;
         case EditAction::goOn: {
             const auto below = rowBeside(key::down);
-            goOnTo(below ? CellAddress{*below, place().col} : place());
+            goOnTo(below ? CellAddress{*below, focusedCell().col} : focusedCell());
             return true;
         }
         case EditAction::addRow:
             addRow(grid_.Rows());
             return true;
         case EditAction::addRowAndGoOn:
-            comeBack();
+            selectFocusedCell();
             addRow(grid_.Rows());
             show();
             return true;
@@ -246,13 +240,12 @@ bool CellEditing::act(EditAction action, const KeyEvent& event) {
     return false;
 }
 
-void CellEditing::comeBack() {
-    const CellAddress at = place();
-    grid_.Select(at, at);
+void CellEditing::selectFocusedCell() {
+    grid_.Select(focusedCell());
 }
 
 void CellEditing::goOnTo(CellAddress cell) {
-    comeBack();
+    selectFocusedCell();
     if (cell == grid_.current())
         hide();
     else
@@ -268,7 +261,7 @@ void CellEditing::addRow(int32_t row) {
     auto number = static_cast<int16_t>(std::min<int32_t>(row, INT16_MAX));
     attempt([&] { control_.NewRow(number); });
     leftRow_ = -1;
-    attempt([&] { entered(); });
+    entered();
     attempt([&] { control_.SelChange(); });
 }
 
@@ -277,13 +270,15 @@ void CellEditing::deleteRow() {
     const int32_t row = grid_.Row();
     if (row < 0) return;
     const int32_t rows = grid_.Rows();
-    LastChange::Row gone = lastChange_.rowNow(row);
+    const bool only = rows == 1;
+    std::optional<LastChange::Row> gone;
+    attempt([&] { gone = lastChange_.rowNow(row); });
     control_.RowDel(row);
     // The only row is emptied and the grid hidden; a person still needs it.
-    if (gone.only) control_.GridShow();
+    if (only) control_.GridShow();
     // A host that was asked may have done something else.
-    if (gone.only || grid_.Rows() == rows - 1) lastChange_.deleted(std::move(gone));
-    control_.DelRow();
+    if (gone && (only || grid_.Rows() == rows - 1)) lastChange_.deleted(std::move(*gone));
+    attempt([&] { control_.DelRow(); });
 }
 
 void CellEditing::paste() {
@@ -316,9 +311,7 @@ void CellEditing::pasteCells(TextView text) {
         if (!own) return;
         before.push_back({cell, Text(model.text(cell))});
         model.setText(cell, *own);
-        if (type != ColumnType::checkBox) return;
-        model.setAttribute<&CellStyle::fontName>(cell, std::make_shared<const Text>(checkFontName));
-        model.setAttribute<&CellStyle::fontSize>(cell, checkFontSize);
+        if (type == ColumnType::checkBox) showCheckMark(model, cell);
     };
     // What memory has no room for is left out, and what was pasted before it can be taken back.
     attempt([&] {
@@ -332,8 +325,7 @@ void CellEditing::pasteCells(TextView text) {
     });
     if (before.empty()) return;
     lastChange_.edited(std::move(before));
-    attempt([&] { control_.Change(); });
-    attempt([&] { control_.ChangePost(); });
+    tellChanged();
 }
 
 void CellEditing::undo() {
@@ -342,8 +334,7 @@ void CellEditing::undo() {
         case LastChange::Undone::nothing:
             break;
         case LastChange::Undone::cells:
-            attempt([&] { control_.Change(); });
-            attempt([&] { control_.ChangePost(); });
+            tellChanged();
             break;
         case LastChange::Undone::row:
             grid_.show(grid_.current());
@@ -354,7 +345,7 @@ void CellEditing::undo() {
 
 std::optional<CellAddress> CellEditing::neighbour(int32_t step) const {
     if (!editable()) return std::nullopt;
-    const CellAddress cell = place();
+    const CellAddress cell = focusedCell();
     const auto shown = [this](int32_t col) {
         return grid_.ColWidth(col) > 0 && types_.type(col) != ColumnType::readOnly;
     };

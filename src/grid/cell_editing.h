@@ -26,13 +26,13 @@ public:
     void hide();
     // Only where an editor is open.
     void commit();
-    // The keyboard is the grid's again, if it was the control's.
+    // Gives the grid the keyboard that the control has.
     void returnFocus();
 
     // An editor that a host has opened meanwhile goes along with its row.
     void rowInserted(int32_t row);
     void rowRemoved(int32_t row);
-    void cellWritten();
+    void cellWritten(CellAddress cell);
 
     KeyRoute preTranslate(const KeyEvent& event, KeyRoute otherwise);
 
@@ -43,11 +43,12 @@ private:
     // Whether the key has done its work.
     bool act(EditAction action, const KeyEvent& event);
     void entered();
-    void write(CellAddress cell, ColumnType type, const std::optional<Text>& text);
+    void tellChanged();
+    void write(CellAddress cell, const Text& text);
 
     // The cell that keys are about: that of the editor they go to, wherever a host has moved the current one.
-    CellAddress place() const;
-    void comeBack();
+    CellAddress focusedCell() const;
+    void selectFocusedCell();
     void goOnTo(CellAddress cell);
     void addRow(int32_t row);
     void deleteRow();

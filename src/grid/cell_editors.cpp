@@ -1,5 +1,6 @@
 #include "grid/cell_editors.h"
 
+#include "base/attempt.h"
 #include "grid/cell_values.h"
 
 #include <utility>
@@ -81,8 +82,10 @@ void CellEditors::cellWritten() {
 
 void CellEditors::paste(TextView text) {
     if (!open_) return;
-    if (const auto accepted = cellText(type_, text, cboLIST.items()))
-        open_->load(*accepted, grid_.BackColor());
+    attempt([&] {
+        if (const auto accepted = cellText(type_, text, cboLIST.items()))
+            open_->load(*accepted, grid_.BackColor());
+    });
     putCaretAtEnd();
 }
 

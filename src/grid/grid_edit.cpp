@@ -18,7 +18,7 @@ GridEdit::GridEdit(Platform& platform)
     : Control(platform),
       gbrBORDER(root()),
       flexGRID(root()),
-      picTOPBAR(root(), flexGRID),
+      picTOPBAR(root(), flexGRID, header_),
       editing_(*this, flexGRID, types_) {
     connectChildren();
     FontUpdate();
@@ -43,13 +43,13 @@ void GridEdit::connectChildren() {
         const Dpi dpi = root().dpi();
         auto x = static_cast<float>(dpi.toTwips(event.at.x).value);
         auto y = static_cast<float>(dpi.toTwips(event.at.y).value);
-        OLEDragDrop(event.data, event.effect, event.button, event.shift, x, y);
+        attempt([&] { OLEDragDrop(event.data, event.effect, event.button, event.shift, x, y); });
     });
     on(flexGRID.scrolled, [this] { picTOPBAR.invalidate(); });
     on(flexGRID.columnResized, [this](int32_t) { picTOPBAR.invalidate(); });
     on(picTOPBAR.clicked, [this] {
         BoxHide();
-        SortClick();
+        attempt([&] { SortClick(); });
     });
 }
 
@@ -70,14 +70,14 @@ void GridEdit::SetBorderStyle(int32_t BorderStyle) {
 }
 
 void GridEdit::SetFont(const FontRef& Font) {
-    attempt([&] { loadFont(Font); });
+    loadFont(Font);
     PropertyChanged<&GridEdit::Font>();
 }
 
 void GridEdit::loadFont(const FontRef& font) {
     if (!font) return;
-    flexGRID.SetFont(font);
-    fontConnection_ = flexGRID.Font()->changed.connect([this] { fontChanged(); });
+    attempt([&] { flexGRID.SetFont(font); });
+    attempt([&] { fontConnection_ = flexGRID.Font()->changed.connect([this] { fontChanged(); }); });
     followedFont_.took(font, ambientFont());
     FontUpdate();
     resize();
@@ -100,7 +100,7 @@ void GridEdit::loaded() {
     resize();
     root().invalidate();
     BoxHide();
-    attempt([&] { raiseMouse(MouseDown, {MouseEvent::Kind::down, button::left, 0, {0, 0}}); });
+    raiseMouse(MouseDown, {MouseEvent::Kind::down, button::left, 0, {0, 0}});
     goTo(flexGRID.TopRow(), flexGRID.LeftCol());
     editing_.show(CellEditing::Focus::leave);
 }
@@ -109,7 +109,7 @@ void GridEdit::resize() {
     const Twips border = borderOffset(), top = border + headerHeight();
     const Twips inner = width() - 2 * border;
     const TwipsRect cells{border, top, inner, height() - top - border};
-    // An editor that nobody works in stays over its cell.
+    // An editor without the keyboard stays open over its cell.
     if (flexGRID.bounds() != cells && editing_.editors().hasFocus()) BoxHide();
     gbrBORDER.move({{0}, {0}, width(), height()});
     picTOPBAR.move({border, border, inner, headerHeight()});
@@ -148,8 +148,7 @@ void GridEdit::GridReset() {
     flexGRID.setVisible(false);
     flexGRID.Clear();
     attempt([&] { flexGRID.SetRows(1); });
-    flexGRID.SetCol(0);
-    flexGRID.SetRow(0);
+    goTo(0, 0);
     flexGRID.SetHighLight(highLightAlways);
     GridChange();
 }
@@ -170,13 +169,13 @@ void GridEdit::GridColr(OleColour& newcol) {
 void GridEdit::listKey(void (DropList::*act)(KeyEvent&), int16_t& keyCode, int16_t& shift) {
     if (!editing_.editors().isOpen(ColumnType::list)) return;
     KeyEvent event{keyCode, shift, false};
-    (editing_.editors().list().*act)(event);
+    attempt([&] { (editing_.editors().list().*act)(event); });
     keyCode = event.code;
     shift = event.shift;
 }
 
 void GridEdit::raiseMouse(const MouseRaised& event, const MouseEvent& mouse) {
-    MouseArguments::inTwips(mouse, root().dpi()).raise(event);
+    attempt([&] { MouseArguments::inTwips(mouse, root().dpi()).raise(event); });
 }
 
 }  // namespace obk

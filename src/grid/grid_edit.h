@@ -7,6 +7,7 @@
 #include "framework/followed_font.h"
 #include "framework/mouse_arguments.h"
 #include "grid/cell_editing.h"
+#include "grid/cell_rules.h"
 #include "grid/column_types.h"
 #include "grid/header_bar.h"
 #include "grid/icon_list.h"
@@ -53,10 +54,10 @@ public:
     Text CellTextRead(int32_t rowno, int32_t colno) const;
     void CellTextSet(int32_t rowno, int32_t colno, const Text& text);
     void CellSetIcon(int32_t colno, int32_t rowno, const Text& iconname);
-    int32_t CellCurrentHeight() const;
-    int32_t CellCurrentLeft() const;
-    int32_t CellCurrentTop() const;
-    int32_t CellCurrentWidth() const;
+    int32_t CellCurrentHeight() const { return currentPlace(&TwipsRect::height); }
+    int32_t CellCurrentLeft() const { return currentPlace(&TwipsRect::left); }
+    int32_t CellCurrentTop() const { return currentPlace(&TwipsRect::top); }
+    int32_t CellCurrentWidth() const { return currentPlace(&TwipsRect::width); }
     int32_t CellLeft() const { return CellCurrentLeft(); }
     int32_t CelWidth() const { return CellCurrentWidth(); }
 
@@ -84,7 +85,7 @@ public:
 
     // The grid as a whole.
     void FontUpdate();
-    void GridChange() {}  // for hosts of old; called after every change of structure
+    void GridChange() {}  // a hook without effect; called after every change of structure
     void GridClear();
     void GridColr(OleColour& newcol);
     void GridFocusShow() { flexGRID.takeFocus(); }
@@ -96,7 +97,7 @@ public:
     void GridSave(const Text& path, const Text& header);
     void GridSetFocus(int32_t colno, int32_t rowno);
     void GridShow();
-    bool IsEven(int32_t number) const;
+    bool IsEven(int32_t number) const { return isEven(number); }
     int32_t MouseCol() const { return flexGRID.MouseCol(); }
     int32_t MouseRow() const { return flexGRID.MouseRow(); }
     void raiseChange() { Change(); }
@@ -105,8 +106,8 @@ public:
     // The caption bar, and sorting by it.
     void barCol(OleColour& newcol) { picTOPBAR.setBackColour(newcol); }
     void BarColText(OleColour& newcol) { picTOPBAR.setForeColour(newcol); }
-    Text BarHeaderCaptionRead(int32_t colno) const { return Text(picTOPBAR.caption(colno)); }
-    void BarHeaderCaptionSet(int32_t colno, const Text& caption) { picTOPBAR.setCaption(colno, caption); }
+    Text BarHeaderCaptionRead(int32_t colno) const { return Text(header_.caption(colno)); }
+    void BarHeaderCaptionSet(int32_t colno, const Text& caption);
     int32_t BarHeaderColumn();
     void BarHeaderRefresh() { picTOPBAR.invalidate(); }
     void BarHeaderSort();
@@ -150,8 +151,12 @@ private:
     void connectChildren();
     void loadFont(const FontRef& font);
     void fontChanged();
-    void goTo(int32_t rowno, int32_t colno) { flexGRID.SelectByHalves({rowno, colno}); }
+    // Hosts name a cell by making it the current one, as far as there is its row or its column: the current
+    // cell then is the one that a member is about.
+    CellAddress goTo(int32_t rowno, int32_t colno) { return flexGRID.SelectByHalves({rowno, colno}); }
+    int32_t currentPlace(Twips TwipsRect::*part) const;  // whole twips
     void addItem(const Text& text, int32_t rowno);
+    void sortRows(SortDirection direction);
     void listKey(void (DropList::*act)(KeyEvent&), int16_t& keyCode, int16_t& shift);
     void raiseMouse(const MouseRaised& event, const MouseEvent& mouse);
     // What the grid lies inside the control's edges by, and below the bar.
@@ -160,6 +165,7 @@ private:
 
     Frame gbrBORDER;
     FlexGrid flexGRID;
+    HeaderModel header_;
     HeaderBar picTOPBAR;
     IconList imlTREELISTICONS;
 
@@ -168,8 +174,6 @@ private:
     Text dragInfo_;
     bool showAlarm_ = false;
     int32_t mousePosn_ = 0;
-    bool sortedDescending_ = false;  // at the last sort
-    int32_t sortedCol_ = 0;          // the current column after it
     FollowedFont followedFont_;
     Connection fontConnection_;
     std::vector<Connection> connections_;

@@ -1,18 +1,9 @@
 // What the editable grid does with cells, columns and rows.
 #include "base/attempt.h"
 #include "framework/value.h"
-#include "grid/cell_rules.h"
 #include "grid/grid_edit.h"
 
 namespace obk {
-
-namespace {
-
-int32_t wholeTwips(Twips length) {
-    return roundedLong(length.value).value_or(0);
-}
-
-}  // namespace
 
 void GridEdit::CellChkSet(int32_t row, int32_t col, const Text& value) {
     CellTextSet(row, col, checkText(value));
@@ -25,34 +16,31 @@ OleColour GridEdit::CellColorReadx(int32_t rowno, int32_t colno) {
 }
 
 void GridEdit::CellColorSetx(OleColour colour, int32_t rowno, int32_t colno) {
-    flexGRID.SetCellBackColor({rowno, colno}, colour);
+    const CellAddress cell = goTo(rowno, colno);
+    attempt([&] { flexGRID.setAttribute<&CellStyle::backColour>(cell, colour); });
 }
 
 void GridEdit::CellEnabledSet(int32_t rowno, int32_t colno, bool strikeThru, OleColour oleForeColor) {
-    goTo(rowno, colno);
-    attempt([&] { flexGRID.SetCellFontStrikeThrough(strikeThru); });
-    attempt([&] { flexGRID.SetCellForeColor(oleForeColor); });
+    const CellAddress cell = goTo(rowno, colno);
+    attempt([&] { flexGRID.setAttribute<&CellStyle::strikeThrough>(cell, strikeThru); });
+    attempt([&] { flexGRID.setAttribute<&CellStyle::foreColour>(cell, oleForeColor); });
 }
 
 void GridEdit::CellFontSet(int32_t rowno, int32_t colno, const Text& sFont, const Text& size, bool bold,
                            bool strikeThru, OleColour oleForeColor) {
-    goTo(rowno, colno);
-    attempt([&] { flexGRID.SetCellFontName(sFont); });
-    if (const auto points = fontSizeFromText(size)) attempt([&] { flexGRID.SetCellFontSize(*points); });
-    attempt([&] { flexGRID.SetCellFontBold(bold); });
-    attempt([&] { flexGRID.SetCellFontStrikeThrough(strikeThru); });
-    attempt([&] { flexGRID.SetCellForeColor(oleForeColor); });
+    CellFormatSet(rowno, colno, sFont, size, bold, strikeThru, oleForeColor);
     editing_.editors().setTimeFont(flexGRID.Font());
 }
 
 void GridEdit::CellFormatSet(int32_t rowno, int32_t colno, const Text& sFont, const Text& size, bool bold,
                              bool strikeThru, OleColour oleForeColor) {
-    goTo(rowno, colno);
-    attempt([&] { flexGRID.SetCellFontBold(bold); });
-    attempt([&] { flexGRID.SetCellFontName(sFont); });
-    if (const auto points = fontSizeFromText(size)) attempt([&] { flexGRID.SetCellFontSize(*points); });
-    attempt([&] { flexGRID.SetCellFontStrikeThrough(strikeThru); });
-    attempt([&] { flexGRID.SetCellForeColor(oleForeColor); });
+    const CellAddress cell = goTo(rowno, colno);
+    attempt([&] { flexGRID.setAttribute<&CellStyle::bold>(cell, bold); });
+    attempt([&] { flexGRID.setAttribute<&CellStyle::fontName>(cell, std::make_shared<const Text>(sFont)); });
+    if (const auto points = fontSizeFromText(size))
+        attempt([&] { flexGRID.setAttribute<&CellStyle::fontSize>(cell, *points); });
+    attempt([&] { flexGRID.setAttribute<&CellStyle::strikeThrough>(cell, strikeThru); });
+    attempt([&] { flexGRID.setAttribute<&CellStyle::foreColour>(cell, oleForeColor); });
 }
 
 // As if the current cell went there and back, without disturbing what a person has selected.
@@ -63,25 +51,23 @@ Text GridEdit::CellTextRead(int32_t rowno, int32_t colno) const {
 }
 
 void GridEdit::CellTextSet(int32_t rowno, int32_t colno, const Text& text) {
-    goTo(rowno, colno);
-    attempt([&] { flexGRID.SetText(text); });
-    editing_.cellWritten();
+    const CellAddress cell = goTo(rowno, colno);
+    attempt([&] { flexGRID.setText(cell, text); });
+    editing_.cellWritten(cell);
 }
 
-int32_t GridEdit::CellCurrentHeight() const {
-    return wholeTwips(flexGRID.cellPlace().height);
+void GridEdit::CellSetIcon(int32_t colno, int32_t rowno, const Text& iconname) {
+    const CellAddress cell = goTo(rowno, colno);
+    // A picture of its own background, and not of the cell's: this is meant.
+    const Rgb background = flexGRID.rgb(flexGRID.BackColor());
+    attempt([&] {
+        flexGRID.setPicture(cell, imlTREELISTICONS.picture(iconname, background), CellAlignment::leftCentre);
+    });
 }
 
-int32_t GridEdit::CellCurrentLeft() const {
-    return wholeTwips(flexGRID.cellPlace().left);
-}
-
-int32_t GridEdit::CellCurrentTop() const {
-    return wholeTwips(flexGRID.cellPlace().top);
-}
-
-int32_t GridEdit::CellCurrentWidth() const {
-    return wholeTwips(flexGRID.cellPlace().width);
+int32_t GridEdit::currentPlace(Twips TwipsRect::*part) const {
+    const TwipsRect place = flexGRID.cellPlace(flexGRID.current());
+    return roundedLong((place.*part).value).value_or(0);
 }
 
 void GridEdit::ColAdd(double width) {
@@ -104,13 +90,11 @@ void GridEdit::ColDel() {
 
 void GridEdit::ColsSet(int32_t count) {
     constexpr int32_t lastAligned = 8;
-    constexpr auto left = static_cast<int32_t>(CellAlignment::leftCentre);
-    constexpr auto leftBottom = static_cast<int32_t>(CellAlignment::leftBottom);
     editing_.commit();
     attempt([&] { flexGRID.SetCols(count); });
-    for (int32_t col = 0; col <= lastAligned; ++col) flexGRID.SetColAlignment(col, left);
+    for (int32_t col = 0; col <= lastAligned; ++col) flexGRID.SetColAlignment(col, CellAlignment::leftCentre);
     // There is such a column only where the grid could not have so many.
-    flexGRID.SetColAlignment(count, leftBottom);
+    flexGRID.SetColAlignment(count, CellAlignment::leftBottom);
     picTOPBAR.invalidate();
 }
 
@@ -160,7 +144,7 @@ void GridEdit::RowDel(int32_t rowno) {
         });
     }
     GridChange();
-    Change();
+    attempt([&] { Change(); });
 }
 
 void GridEdit::RowsRefreshColors(int32_t& newColor) {
@@ -168,7 +152,7 @@ void GridEdit::RowsRefreshColors(int32_t& newColor) {
     const OleColour colour(static_cast<uint32_t>(newColor));
     for (int32_t row = 0; row < flexGRID.Rows(); ++row) {
         const OleColour own = alternateRowColour(row, colour);
-        for (int32_t col = 0; col < flexGRID.Cols(); ++col) attempt([&] { CellColorSetx(own, row, col); });
+        for (int32_t col = 0; col < flexGRID.Cols(); ++col) CellColorSetx(own, row, col);
     }
 }
 
@@ -176,11 +160,7 @@ void GridEdit::RowsSet(int32_t count) {
     editing_.commit();
     attempt([&] { flexGRID.SetRows(count); });
     GridChange();
-    Change();
-}
-
-bool GridEdit::IsEven(int32_t number) const {
-    return isEven(number);
+    attempt([&] { Change(); });
 }
 
 }  // namespace obk

@@ -9,8 +9,8 @@ void GridEdit::GridSave(const Text& path, const Text& header) {
     const CellAddress current = flexGRID.current();
     BoxHide();
     flexGRID.SetRedraw(false);
-    // One statement: the writer fails as a whole, before it has touched the file.
-    attempt([&] {
+    // The writer fails as a whole, before it has touched the file.
+    attemptSequence([&] {
         WaitCursor waitCursor(platform().clock(), [this](bool shown) { platform().showWaitCursor(shown); });
         GridFileWriter file(platform().files(), path, waitCursor);
         file.writeHeader(flexGRID.Cols(), header);
@@ -18,10 +18,7 @@ void GridEdit::GridSave(const Text& path, const Text& header) {
         file.close();
     });
     // Only a host that was told can have moved it.
-    if (flexGRID.current() != current) {
-        if (current.col >= 0) flexGRID.SetCol(current.col);
-        if (current.row >= 0) flexGRID.SetRow(current.row);
-    }
+    if (flexGRID.current() != current) goTo(current.row, current.col);
     flexGRID.SetRedraw(true);
 }
 
@@ -29,10 +26,10 @@ Text GridEdit::GridLoad(const Text& path) {
     Text caption;
     BoxHide();
     flexGRID.Clear();
-    flexGRID.SetRows(0);
+    attempt([&] { flexGRID.SetRows(0); });
     flexGRID.setVisible(false);
     // A grid of no rows stays hidden, as does one whose file cannot be read.
-    attempt([&] {
+    attemptSequence([&] {
         WaitCursor waitCursor(platform().clock(), [this](bool shown) { platform().showWaitCursor(shown); });
         GridFileReader file(platform().files(), path, waitCursor);
         GridFileHeader header = file.header();
@@ -42,8 +39,7 @@ Text GridEdit::GridLoad(const Text& path) {
         flexGRID.setVisible(true);
         flexGRID.change([&](GridModel& grid) { readRows(grid, file, types_); });
     });
-    flexGRID.SetCol(0);
-    flexGRID.SetRow(0);
+    goTo(0, 0);
     picTOPBAR.invalidate();
     GridChange();
     FontUpdate();

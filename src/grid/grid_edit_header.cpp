@@ -4,19 +4,25 @@
 
 namespace obk {
 
-// Moves the current column over the columns as it looks for the one that was pressed, and leaves it there.
+void GridEdit::BarHeaderCaptionSet(int32_t colno, const Text& caption) {
+    attempt([&] { header_.setCaption(colno, caption); });
+    picTOPBAR.invalidate();
+}
+
+// The column that was pressed becomes the current one; the last column, where none was.
 int32_t GridEdit::BarHeaderColumn() {
     BoxHide();
-    flexGRID.SetRedraw(false);
     const Twips pressed = picTOPBAR.pressedAt();
-    int32_t hit = -1;
-    for (int32_t col = 0; col < flexGRID.Cols() && hit < 0; ++col) {
-        flexGRID.SetCol(col);
-        const TwipsRect cell = flexGRID.cellPlace();
-        if (cell.left < pressed && pressed < cell.left + cell.width) hit = col;
-    }
+    const auto hit = [&](int32_t col) {
+        const TwipsRect cell = flexGRID.cellPlace({flexGRID.Row(), col});
+        return cell.left < pressed && pressed < cell.left + cell.width;
+    };
+    int32_t col = 0;
+    while (col < flexGRID.Cols() && !hit(col)) ++col;
+    const bool found = flexGRID.SetCol(col);
+    if (!found) flexGRID.SetCol(col - 1);
     flexGRID.SetRedraw(true);
-    return hit;
+    return found ? col : -1;
 }
 
 void GridEdit::BarHeaderSort() {
@@ -29,15 +35,9 @@ void GridEdit::BarHeaderSort() {
 // The rows are sorted by the current column; `colno` only says whether there is such a column.
 void GridEdit::GridColSort(int32_t colno) {
     editing_.commit();
-    // A column that was not sorted last is sorted in the direction of the last sort.
-    if (flexGRID.Col() != sortedCol_) sortedDescending_ = !sortedDescending_;
-    picTOPBAR.moveSortMark(flexGRID.Col());
-    if (colno >= 0 && colno < flexGRID.Cols()) {
-        sortedDescending_ = !sortedDescending_;
-        attempt([&] { flexGRID.Sort(sortedDescending_ ? 2 : 1); });
-        picTOPBAR.drawSortMark(sortedDescending_);
-    }
-    sortedCol_ = flexGRID.Col();
+    header_.turnTo(flexGRID.Col());
+    if (colno >= 0 && colno < flexGRID.Cols()) sortRows(header_.nextSort());
+    picTOPBAR.invalidate();
 }
 
 // The newest first, in grids that have their dates in the fifth column; as texts, like any other sort.
@@ -45,13 +45,14 @@ void GridEdit::GridColSortInitialDate() {
     constexpr int32_t dateCol = 4;
     editing_.commit();
     const bool hasDates = flexGRID.SetCol(dateCol);
-    picTOPBAR.moveSortMark(flexGRID.Col());
-    if (hasDates) {
-        sortedDescending_ = true;
-        attempt([&] { flexGRID.Sort(2); });
-        picTOPBAR.drawSortMark(true);
-    }
-    sortedCol_ = flexGRID.Col();
+    header_.moveTo(flexGRID.Col());
+    if (hasDates) sortRows(SortDirection::descending);
+    picTOPBAR.invalidate();
+}
+
+void GridEdit::sortRows(SortDirection direction) {
+    attempt([&] { flexGRID.Sort(header_.sortedCol(), direction); });
+    header_.sorted(direction);
 }
 
 }  // namespace obk

@@ -9,22 +9,23 @@ namespace {
 
 constexpr int32_t paddingAt96 = 6;  // above and below the captions together
 
-// The mark of sorting is drawn in a frame of so many twips, so far left of its column's right edge.
-constexpr double markLeft = 230, markHeight = 165;
+// The sort indicator is drawn in a frame of so many twips, so far left of its column's right edge.
+constexpr double indicatorLeft = 230, indicatorHeight = 165;
 
-struct MarkLine {
+struct IndicatorLine {
     double from, to, ascendingY, descendingY;  // twips in the frame
 };
-constexpr MarkLine markLines[] = {{30, 120, 60, 90}, {45, 105, 75, 75}, {60, 90, 90, 60}, {75, 75, 105, 45}};
-constexpr double markLineHeight = 15;
+constexpr IndicatorLine indicatorLines[] = {
+    {30, 120, 60, 90}, {45, 105, 75, 75}, {60, 90, 90, 60}, {75, 75, 105, 45}};
+constexpr double indicatorLineHeight = 15;
 
 // Of 255, how much of the highlight shines through what the mouse is on.
 constexpr int32_t hoverShare = 32, pressShare = 80;
 
 }  // namespace
 
-HeaderBar::HeaderBar(Container& parent, FlexGrid& grid)
-    : Widget(parent), grid_(grid), font_([this] { invalidate(); }) {}
+HeaderBar::HeaderBar(Container& parent, FlexGrid& grid, const HeaderModel& model)
+    : Widget(parent), grid_(grid), model_(model), font_([this] { invalidate(); }) {}
 
 void HeaderBar::setBackColour(OleColour colour) {
     backColour_ = colour;
@@ -44,28 +45,6 @@ void HeaderBar::setLook(Look look) {
 Twips HeaderBar::naturalHeight() const {
     const FontMetrics metrics = platform().appearance().metrics(font_.description(), dpi());
     return dpi().toTwips(metrics.height() + dpi().scaled(paddingAt96));
-}
-
-TextView HeaderBar::caption(int32_t col) const {
-    const auto found = captions_.find(col);
-    return found == captions_.end() ? TextView() : found->second;
-}
-
-bool HeaderBar::setCaption(int32_t col, Text caption) {
-    if (col < 0 || col >= GridModel::mostCols) return false;
-    captions_[col] = std::move(caption);
-    invalidate();
-    return true;
-}
-
-void HeaderBar::moveSortMark(int32_t col) {
-    markedCol_ = col;
-    invalidate();
-}
-
-void HeaderBar::drawSortMark(bool descending) {
-    sortMark_ = descending ? SortMark::descending : SortMark::ascending;
-    invalidate();
 }
 
 HeaderBar::Colours HeaderBar::coloursOf(int32_t col) const {
@@ -104,27 +83,29 @@ void HeaderBar::paint(Canvas& canvas, const PixelRect& bounds) {
 void HeaderBar::paintCaption(Canvas& canvas, const PixelRect& section, int32_t col) const {
     const Dpi scale = canvas.dpi();
     const int32_t line = scale.scaled(1), margin = cellMargin(scale);
-    const bool marked = col == markedCol_ && sortMark_ != SortMark::none;
+    const auto indicator = model_.indicator(col);
     TextStyle style;
     style.font = font_.description();
     style.colour = coloursOf(col).fore;
-    const int32_t end = section.right - (marked ? scale.toPixels(Twips{markLeft}) : line + margin);
+    const int32_t end = section.right - (indicator ? scale.toPixels(Twips{indicatorLeft}) : line + margin);
     const PixelRect text{section.left + margin, section.top, end, section.bottom - line};
-    if (const TextView shown = caption(col); !shown.empty() && !text.empty())
+    if (const TextView shown = model_.caption(col); !shown.empty() && !text.empty())
         canvas.drawText(shown, text, style);
-    if (marked) paintSortMark(canvas, section, style.colour);
+    if (indicator) paintIndicator(canvas, section, *indicator, style.colour);
 }
 
 // Each line as high as the next one's distance, so that they join at every scale.
-void HeaderBar::paintSortMark(Canvas& canvas, const PixelRect& section, Rgb colour) const {
+void HeaderBar::paintIndicator(Canvas& canvas, const PixelRect& section, SortDirection direction,
+                               Rgb colour) {
     const Dpi scale = canvas.dpi();
-    const Twips left{-markLeft};
-    const Twips top = 0.5 * (scale.toTwips(section.height()) - Twips{markHeight});
+    const Twips left{-indicatorLeft};
+    const Twips top = 0.5 * (scale.toTwips(section.height()) - Twips{indicatorHeight});
     const auto x = [&](double twips) { return section.right + scale.toPixels(left + Twips{twips}); };
     const auto y = [&](double twips) { return section.top + scale.toPixels(top + Twips{twips}); };
-    for (const MarkLine& row : markLines) {
-        const double at = sortMark_ == SortMark::ascending ? row.ascendingY : row.descendingY;
-        canvas.fillRect({x(row.from), y(at), x(row.to + markLineHeight), y(at + markLineHeight)}, colour);
+    for (const IndicatorLine& row : indicatorLines) {
+        const double at = direction == SortDirection::ascending ? row.ascendingY : row.descendingY;
+        canvas.fillRect({x(row.from), y(at), x(row.to + indicatorLineHeight), y(at + indicatorLineHeight)},
+                        colour);
     }
 }
 
@@ -189,7 +170,8 @@ void HeaderBar::fit(int32_t col) {
     grid_.fitColumn(col);
     const GridView shown = grid_.view();
     const Dpi scale = dpi();
-    const int32_t text = platform().appearance().measure(caption(col), font_.description(), scale).width;
+    const int32_t text =
+        platform().appearance().measure(model_.caption(col), font_.description(), scale).width;
     const int32_t needed = shown.leftTop({0, col}).x + text + 2 * cellMargin(scale) + scale.scaled(1);
     if (needed > shown.leftTop({0, col + 1}).x) grid_.dragColumnBorder(col, needed);
 }
@@ -212,13 +194,14 @@ void HeaderBar::hover(PixelPoint at) {
 void HeaderBar::describe(std::vector<AccessibleItem>& items) const {
     const PixelRect own = pixelBounds();
     grid_.view().eachVisibleCol([&](int32_t col, int32_t left, int32_t right) {
-        if (caption(col).empty()) return;
+        const TextView caption = model_.caption(col);
+        if (caption.empty()) return;
         const PixelRect rect{own.left + left, own.top, own.left + right, own.bottom};
         AccessibleItem item;
         item.role = AccessibleItem::Role::columnHeader;
-        item.name = Text(caption(col));
-        if (col == markedCol_ && sortMark_ != SortMark::none)
-            item.value = sortMark_ == SortMark::descending ? u"descending" : u"ascending";
+        item.name = Text(caption);
+        if (const auto indicator = model_.indicator(col))
+            item.value = *indicator == SortDirection::descending ? u"descending" : u"ascending";
         item.bounds = rect.intersected(own);
         item.enabled = enabled();
         item.pressed = pressed_ && col == hovered_;

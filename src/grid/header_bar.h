@@ -1,18 +1,17 @@
-// The bar above a grid's cells: a caption over each column, which can be pressed, and the mark of sorting.
+// The bar above a grid's cells: a caption over each column, which can be pressed, and the sort indicator.
 #pragma once
 
 #include "flexgrid/flex_grid.h"
-
-#include <map>
+#include "grid/header_model.h"
 
 namespace obk {
 
-// Captions and mark stand where the grid's columns stand when the bar is painted. The columns' borders can be
-// dragged here as in the grid.
+// Captions and indicator stand where the grid's columns stand when the bar is painted. The columns' borders
+// can be dragged here as in the grid.
 class HeaderBar final : public Widget {
 public:
-    // `grid` is borrowed; the bar is placed above it with the same left edge.
-    HeaderBar(Container& parent, FlexGrid& grid);
+    // `grid` and `model` are borrowed; the bar is placed above the grid with the same left edge.
+    HeaderBar(Container& parent, FlexGrid& grid, const HeaderModel& model);
 
     OleColour backColour() const { return backColour_; }
     void setBackColour(OleColour colour);
@@ -21,15 +20,6 @@ public:
     void setLook(Look look);
     // The height that captions in the bar's font need.
     Twips naturalHeight() const;
-
-    // Empty where none was set. False, and nothing changed, for a column that no grid can have.
-    TextView caption(int32_t col) const;
-    bool setCaption(int32_t col, Text caption);
-
-    // A small triangle near the right edge of a column tells that the rows are sorted by it. It stays with
-    // its column; nothing shows before a direction was given.
-    void moveSortMark(int32_t col);
-    void drawSortMark(bool descending);
 
     // Where the bar was last pressed, in twips from the grid's left edge.
     Twips pressedAt() const { return pressedAt_; }
@@ -43,7 +33,6 @@ public:
     Event<> clicked;  // twice for a double click; not for the drag of a border, nor when one is fitted
 
 private:
-    enum class SortMark : uint8_t { none, ascending, descending };
     struct Colours {
         Rgb back, fore;
     };
@@ -56,16 +45,14 @@ private:
     bool inside(PixelPoint at) const;
     Colours coloursOf(int32_t col) const;
     void paintCaption(Canvas& canvas, const PixelRect& section, int32_t col) const;
-    void paintSortMark(Canvas& canvas, const PixelRect& section, Rgb colour) const;
+    static void paintIndicator(Canvas& canvas, const PixelRect& section, SortDirection direction, Rgb colour);
 
     FlexGrid& grid_;
-    std::map<int32_t, Text> captions_;
+    const HeaderModel& model_;
     OleColour backColour_{SystemColour::buttonFace};
     OleColour foreColour_{SystemColour::buttonText};
     FontHolder font_;
     Look look_ = Look::flat;
-    SortMark sortMark_ = SortMark::none;
-    int32_t markedCol_ = 0;
     Twips pressedAt_;
     bool pressed_ = false;
     bool dragged_ = false;    // the press has become the drag of a border

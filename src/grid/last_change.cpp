@@ -1,12 +1,14 @@
 #include "grid/last_change.h"
 
+#include "base/attempt.h"
+
 #include <utility>
 
 namespace obk {
 
 void LastChange::edited(std::vector<CellBefore> cells) {
     change_ = std::move(cells);
-    arrangement_ = grid_.arrangement();
+    revision_ = grid_.revision();
 }
 
 LastChange::Row LastChange::rowNow(int32_t row) const {
@@ -23,16 +25,19 @@ LastChange::Row LastChange::rowNow(int32_t row) const {
 
 void LastChange::deleted(Row row) {
     change_ = std::move(row);
-    arrangement_ = grid_.arrangement();
+    revision_ = grid_.revision();
 }
 
 LastChange::Undone LastChange::takeBack() {
     const auto change = std::exchange(change_, {});
-    if (arrangement_ != grid_.arrangement()) return Undone::nothing;
+    if (revision_ != grid_.revision()) return Undone::nothing;
     if (const auto* cells = std::get_if<std::vector<CellBefore>>(&change)) {
-        grid_.change([&](GridModel& model) {
-            for (auto before = cells->rbegin(); before != cells->rend(); ++before)
-                model.setText(before->cell, before->text);
+        // What memory has no room for is left out.
+        attempt([&] {
+            grid_.change([&](GridModel& model) {
+                for (auto before = cells->rbegin(); before != cells->rend(); ++before)
+                    model.setText(before->cell, before->text);
+            });
         });
         return Undone::cells;
     }
@@ -41,7 +46,8 @@ LastChange::Undone LastChange::takeBack() {
     grid_.change([&](GridModel& model) {
         const std::vector<TextView> texts(gone->texts.begin(), gone->texts.end());
         if (!model.addTexts(texts, gone->row, gone->styles)) return;
-        if (gone->height != model.rowList().defaultHeight()) model.setRowHeight(gone->row, gone->height);
+        if (gone->height != model.rowList().defaultHeight())
+            attempt([&] { model.setRowHeight(gone->row, gone->height); });
         if (gone->only) model.removeItem(gone->row + 1);
     });
     grid_.SetRow(gone->row);

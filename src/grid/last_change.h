@@ -39,7 +39,7 @@ public:
 private:
     CurrentCellGrid& grid_;
     std::variant<std::monostate, std::vector<CellBefore>, Row> change_;
-    uint32_t arrangement_ = 0;  // of the grid, after the change
+    uint32_t revision_ = 0;  // of the grid, after the change
 };
 
 }  // namespace obk

@@ -18,6 +18,7 @@ TEST_F(GridEditTest, ReadingACellLeavesTheCurrentOneAndWritingMovesIt) {
     EXPECT_EQ(read(2, 1), "elm");
     set(0, 4, u"ash");
     EXPECT_EQ(read(0, 1), "ash");
+    EXPECT_EQ(current(), std::pair(0, 1));
     call(u"RowSetFocus", {5});
     call(u"ColSetFocus", {3});
     EXPECT_EQ(current(), std::pair(0, 3));
@@ -374,7 +375,9 @@ TEST_F(GridEditTest, FileAndCaptionGoThereAndBack) {
     call(u"ColSetFocus", {4});
     call(u"RowSetFocus", {1});
     host.take();
+    onEvent("ChangeEdited", [this] { set(2, 7, u""); });
     call(u"GridSave", {Text(u"orders.txt"), Text(u"Orders")});
+    host.on.clear();
     EXPECT_EQ(host.take(), Journal{"ChangeEdited"});
     EXPECT_EQ(current(), std::pair(1, 4));
     std::string expected = "\"12|Orders\"\r\n\"oak, 160 \xD7 80\"\r\n";
@@ -383,6 +386,7 @@ TEST_F(GridEditTest, FileAndCaptionGoThereAndBack) {
     EXPECT_EQ(platform.files().bytes(u"orders.txt"), expected);
 
     place(GridEdit::memberTable());
+    call(u"ColSetFocus", {1});
     host.take();
     EXPECT_EQ(call(u"GridLoad", {Text(u"orders.txt")}), Value(Text(u"Orders")));
     EXPECT_EQ(host.take(), Journal{"ChangeEdited"});
@@ -523,7 +527,11 @@ TEST_F(GridEditTest, AClickOnTheCaptionBarAsksTheHostToSort) {
     // No column begins before its edge, and none stands right of the last.
     for (const int32_t x : {border, border + colWidth, border + 3 * colWidth + 30}) {
         click({x, border + 5});
+        call(u"GridRedraw", {false});
+        surface().paint();
         EXPECT_EQ(number(u"BarHeaderColumn"), -1) << x;
+        EXPECT_EQ(number(u"ColCurrent"), 2) << "the search has gone through all";
+        EXPECT_FALSE(surface().invalid().empty()) << "drawing is resumed";
     }
     EXPECT_EQ(column(0), "8,9,10");
 }

@@ -1,5 +1,6 @@
 #include "grid_edit_fixture.h"
 
+#include "base/attempt.h"
 #include "grid/cell_values.h"
 
 namespace obk::test {
@@ -336,7 +337,11 @@ TEST_F(GridEditorsTest, AnEditorBelongsToTheCellItWasOpenedFor) {
     goTo(0, 0);
     platform.type(u"ash");
     set(3, 1, u"elsewhere");
+    std::pair<int32_t, int32_t> told;
+    onEvent("ChangeEdited", [&] { told = current(); });
     platform.pressKey(key::enter);
+    host.on.clear();
+    EXPECT_EQ(told, std::pair(0, 0)) << "the host is asked about the cell that is left";
     EXPECT_EQ(column(0), "ash,oak,,");
     EXPECT_EQ(current(), std::pair(1, 0)) << "a person goes on from there";
     call(u"GridClear");
@@ -436,6 +441,23 @@ TEST_F(GridEditorsTest, TheLastChangeIsTakenBack) {
     EXPECT_EQ(column(0), "");
     platform.pressKey('Z', shift::control);
     EXPECT_EQ(column(0), "new");
+    call(u"RowAddQuick", {Text(u"second"), 1});
+    onEvent("Change", [this] { call(u"RowAddQuick", {Text(u"host's"), 0}); });
+    platform.pressKey(key::deleteKey);
+    host.on.clear();
+    platform.pressKey('Z', shift::control);
+    EXPECT_EQ(column(0), "host's,new") << "also in the middle of a deletion";
+    platform.type(u"z");
+    platform.pressKey(key::escape);
+    call(u"GridColSort", {0});
+    platform.pressKey('Z', shift::control);
+    EXPECT_EQ(column(0), "z,new") << "the rows stand elsewhere";
+    platform.type(u"same");
+    set(number(u"RowCurrent"), 0, u"same");
+    platform.pressKey(key::escape);
+    host.take();
+    platform.pressKey('Z', shift::control);
+    EXPECT_EQ(takeNews(), Journal{}) << "nothing but the host has changed the cell";
 }
 
 TEST_F(GridEditorsTest, APasteGoesThroughTheColumnTypes) {
@@ -526,6 +548,50 @@ TEST_F(GridEditorsTest, AHostThatAnswersDoesNotRecurse) {
     platform.type(u"good");
     platform.pressKey(key::escape);
     EXPECT_EQ(read(1, 0), "good");
+}
+
+TEST_F(GridEditorsTest, AHostThatFailsInItsEventsStopsNoStepAfterThem) {
+    const auto session = [this](bool fails) {
+        SetUp();
+        host.on.clear();
+        work();
+        for (const char* event :
+             {"CboClick", "CellSelected", "Change", "ChangeEdited", "ChangePost", "Click", "DblClick",
+              "DelRow", "KeyDown", "KeyPress", "KeyUp", "MouseDown", "MouseMove", "MouseUp", "NewRow",
+              "NewRowSelected", "SelChange", "SortClick"}) {
+            if (fails) onEvent(event, [] { throw StatementFailed("the host's own"); });
+        }
+        click(at(2, textCol));
+        platform.type(u"oak");
+        platform.pressKey(key::enter);
+        platform.type(u"elm");
+        platform.pressKey(key::enter);
+        platform.type(u"ash");
+        platform.pressKey(key::escape);
+        platform.pressKey(key::deleteKey);
+        platform.pressKey('Z', shift::control);
+        platform.setClipboard(u"1\tx\r\n2\r\n");
+        platform.pressKey('V', shift::control);
+        platform.pressKey('Z', shift::control);
+        platform.pressKey(key::down, shift::shift);
+        click(at(1, fixedCol));
+        click(at(1, fixedCol), Kind::doubleClick);
+        click({border + 10, border + 5});
+        call(u"RowAdd", {Text(u"added"), 0});
+        call(u"RowDel", {1});
+        goTo(1, listCol);
+        call(u"BoxShow");
+        std::vector<Value> down{int16_t{key::down}, int16_t{0}};
+        call(u"cboLIST_KeyDown", down);
+        call(u"BoxHide");
+        Journal told = host.take();
+        for (int32_t col = 0; col < 7; ++col) told.push_back(column(col));
+        told.push_back(std::to_string(current().first) + ", " + std::to_string(current().second));
+        return told;
+    };
+    const Journal expected = session(false);
+    EXPECT_EQ(std::count(expected.begin(), expected.end(), "DelRow"), 1);
+    EXPECT_EQ(session(true), expected);
 }
 
 }  // namespace

@@ -1,0 +1,52 @@
+// What a grid's caption bar shows: the columns' captions, and how the rows were sorted last.
+#pragma once
+
+#include "flexgrid/grid_model.h"
+
+#include <map>
+#include <optional>
+#include <utility>
+
+namespace obk {
+
+class HeaderModel {
+public:
+    // Empty where none was set. False, and nothing changed, for a column that no grid can have.
+    TextView caption(int32_t col) const {
+        const auto found = captions_.find(col);
+        return found == captions_.end() ? TextView() : found->second;
+    }
+    bool setCaption(int32_t col, Text caption) {
+        if (col < 0 || col >= GridModel::mostCols) return false;
+        captions_[col] = std::move(caption);
+        return true;
+    }
+
+    // The column that the rows were sorted by last, and the direction where an indicator stands over it:
+    // nothing before the first sort, and for other columns.
+    int32_t sortedCol() const { return sortedCol_; }
+    std::optional<SortDirection> indicator(int32_t col) const {
+        return col == sortedCol_ ? indicator_ : std::nullopt;
+    }
+    // The direction of the next sort is the other one each time, but not for another column.
+    SortDirection nextSort() const {
+        return descending_ ? SortDirection::ascending : SortDirection::descending;
+    }
+    void turnTo(int32_t col) {
+        if (col != sortedCol_) descending_ = !descending_;
+        moveTo(col);
+    }
+    void moveTo(int32_t col) { sortedCol_ = col; }
+    void sorted(SortDirection direction) {
+        descending_ = direction == SortDirection::descending;
+        indicator_ = direction;
+    }
+
+private:
+    std::map<int32_t, Text> captions_;
+    int32_t sortedCol_ = 0;
+    bool descending_ = false;  // what the next sort turns over
+    std::optional<SortDirection> indicator_;
+};
+
+}  // namespace obk
