@@ -2,6 +2,7 @@
 #pragma once
 
 #include "framework/value.h"
+#include "support/skipped_statements.h"
 
 #include <fuzzer/FuzzedDataProvider.h>
 
@@ -17,6 +18,14 @@ inline void require(bool holds, const char* what) {
     std::fprintf(stderr, "does not hold: %s\n", what);
     std::abort();
 }
+
+// Nothing that a host or a person does makes a statement fail unexpectedly.
+[[maybe_unused]] inline const SkippedObserver nobody =
+    observeSkipped([](const SkippedStatement& statement) noexcept {
+        if (test::AllowSkipped::allows(statement)) return;
+        test::AllowSkipped::print("a statement was skipped", statement);
+        std::abort();
+    });
 
 inline Text textFrom(FuzzedDataProvider& input) {
     static const Text known[] = {u"",     u"1",    u".",  u"-1",     u"1,234.5",    u"1e308", u"True",

@@ -1,13 +1,14 @@
 // Memory that ends when a test says so.
 #pragma once
 
+#include "support/skipped_statements.h"
+
 #include <cstdint>
-#include <optional>
 
 namespace obk::test {
 
 // While it lives, the allocation numbered `failing` (from 0) on this thread throws std::bad_alloc, and so do
-// all after it.
+// all after it. Statements that are skipped for that are announced.
 class FailingMemory {
 public:
     explicit FailingMemory(uint64_t failing);
@@ -16,6 +17,21 @@ public:
     ~FailingMemory();
 
     bool failed() const;
+
+private:
+    AllowSkipped skipped_{SkippedStatement::Cause::memory};
+};
+
+// While it lives, there is memory again: for what a test itself has to say.
+class EnoughMemory {
+public:
+    EnoughMemory();
+    EnoughMemory(const EnoughMemory&) = delete;
+    EnoughMemory& operator=(const EnoughMemory&) = delete;
+    ~EnoughMemory();
+
+private:
+    bool limited_;
 };
 
 // Runs `statement` with memory that ends at its first allocation, then at its second and so on, until it runs

@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 #include <new>
+#include <utility>
 
 namespace {
 
@@ -56,6 +57,12 @@ FailingMemory::~FailingMemory() {
 
 bool FailingMemory::failed() const {
     return ended;
+}
+
+EnoughMemory::EnoughMemory() : limited_(std::exchange(limited, false)) {}
+
+EnoughMemory::~EnoughMemory() {
+    limited = limited_;
 }
 
 }  // namespace obk::test
