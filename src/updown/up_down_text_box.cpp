@@ -1,16 +1,15 @@
 #include "updown/up_down_text_box.h"
 
 #include "base/attempt.h"
+#include "base/scoped_value.h"
 #include "framework/colours.h"
 #include "framework/kxlib_system.h"
-#include "framework/number_format.h"
 #include "updown/shift_color.h"
 
+#include <cmath>
 #include <utility>
 
 namespace obk {
-
-using numeric_entry::Pattern;
 
 UpDownTextBox::UpDownTextBox(Platform& platform)
     : Control(platform),
@@ -36,28 +35,27 @@ void UpDownTextBox::connectChildren() {
     const auto on = [this](auto& event, auto handler) {
         connections_.push_back(event.connect(std::move(handler)));
     };
-    on(txtUPDOWN.changed, [this] { Change(); });
-    on(txtUPDOWN.clicked, [this] { Click(); });
-    on(txtUPDOWN.doubleClicked, [this] { DblClick(); });
+    on(txtUPDOWN.changed, [this] { attempt([&] { Change(); }); });
+    on(txtUPDOWN.clicked, [this] { attempt([&] { Click(); }); });
+    on(txtUPDOWN.doubleClicked, [this] { attempt([&] { DblClick(); }); });
     on(txtUPDOWN.keyWentDown, [this](KeyEvent& event) { keyDown(event); });
     on(txtUPDOWN.characterTyped, [this](int16_t& character) {
-        character = numeric_entry::filteredCharacter(character, allowDecpoint_, txtUPDOWN.text());
-        KeyPress(character);
+        character = field_.filtered(character, txtUPDOWN.text());
+        attempt([&] { KeyPress(character); });
     });
-    on(txtUPDOWN.keyWentUp, [this](KeyEvent& event) { KeyUp(event.code, event.shift); });
+    on(txtUPDOWN.keyWentUp, [this](KeyEvent& event) { attempt([&] { KeyUp(event.code, event.shift); }); });
     on(txtUPDOWN.mousePressed, [this](const MouseEvent& event) {
         resize();
         raiseMouse(MouseDown, event);
     });
     on(txtUPDOWN.mouseMoved, [this](const MouseEvent& event) { raiseMouse(MouseMove, event); });
     on(txtUPDOWN.mouseReleased, [this](const MouseEvent& event) { raiseMouse(MouseUp, event); });
-    on(txtUPDOWN.focusWent, [this] { checkRange(pattern()); });
+    on(txtUPDOWN.focusWent, [this] { holdInRange(field_.pattern()); });
     on(txtUPDOWN.wheelTurned, [this](const WheelEvent& event, bool& used) { used = udnCTRL.wheel(event); });
     on(txtUPDOWN.fontChanged, [this] {
         followedFont_.changed();
-        cboHEIGHT.setFont(txtUPDOWN.font()->description());
-        resize();
-        PropertyChanged<&UpDownTextBox::Font>();
+        attempt([&] { cboHEIGHT.setFont(txtUPDOWN.font()->description()); });
+        if (!settingFont_) showFont();
     });
     on(udnCTRL.mousePressed, [this](const MouseEvent& event) {
         // As with any field, pressing its buttons brings the keyboard to it.
@@ -74,12 +72,12 @@ void UpDownTextBox::SetAlignment(int32_t Alignment) {
 }
 
 void UpDownTextBox::SetAllowArrowKeys(bool AllowArrowKeys) {
-    udnCTRL.AllowArrowKeys = AllowArrowKeys;
+    udnCTRL.setAllowArrowKeys(AllowArrowKeys);
     PropertyChanged<&UpDownTextBox::AllowArrowKeys>();
 }
 
 void UpDownTextBox::SetAllowDecpoint(bool AllowDecpoint) {
-    allowDecpoint_ = AllowDecpoint;
+    field_.AllowDecpoint = AllowDecpoint;
     PropertyChanged<&UpDownTextBox::AllowDecpoint>();
 }
 
@@ -110,12 +108,11 @@ void UpDownTextBox::SetEnabled(bool Enabled) {
 }
 
 void UpDownTextBox::SetFont(const FontRef& Font) {
-    const bool another = Font && Font != txtUPDOWN.font();
-    txtUPDOWN.setFont(Font);  // another font lays out and notifies by its change
-    if (!another) {
-        resize();
-        PropertyChanged<&UpDownTextBox::Font>();
+    {
+        const ScopedFlag setting(settingFont_);
+        attempt([&] { txtUPDOWN.setFont(Font); });
     }
+    showFont();
 }
 
 void UpDownTextBox::SetForeColor(OleColour ForeColor) {
@@ -124,12 +121,12 @@ void UpDownTextBox::SetForeColor(OleColour ForeColor) {
 }
 
 void UpDownTextBox::SetInterval(double Interval) {
-    interval_ = Interval;
+    field_.Interval = Interval;
     PropertyChanged<&UpDownTextBox::Interval>();
 }
 
 void UpDownTextBox::SetMax(int32_t Max) {
-    udnCTRL.Max = Max;
+    field_.Max = Max;
     PropertyChanged<&UpDownTextBox::Max>();
 }
 
@@ -139,12 +136,12 @@ void UpDownTextBox::SetMaxLength(int32_t MaxLength) {
 }
 
 void UpDownTextBox::SetMin(int32_t Min) {
-    udnCTRL.Min = Min;
+    field_.Min = Min;
     PropertyChanged<&UpDownTextBox::Min>();
 }
 
 void UpDownTextBox::SetSyncBuddy(bool SyncBuddy) {
-    udnCTRL.SyncBuddy = SyncBuddy;
+    field_.SyncBuddy = SyncBuddy;
     PropertyChanged<&UpDownTextBox::SyncBuddy>();
 }
 
@@ -154,29 +151,13 @@ void UpDownTextBox::SetText(const obk::Text& Text) {
 }
 
 void UpDownTextBox::SetThousandsSeparator(bool ThousandsSeparator) {
-    udnCTRL.ThousandsSeparator = ThousandsSeparator;
+    field_.ThousandsSeparator = ThousandsSeparator;
     PropertyChanged<&UpDownTextBox::ThousandsSeparator>();
-}
-
-int32_t UpDownTextBox::DecimalpointCheck(const obk::Text& Number) {
-    return numeric_entry::DecimalpointCheck(Number);
-}
-
-uint8_t UpDownTextBox::KeyLock(int32_t KeyAscii, bool Extra_Check, obk::Text& Extra_sText) {
-    return numeric_entry::KeyLock(KeyAscii, Extra_Check, Extra_sText);
 }
 
 void UpDownTextBox::Refresh() {
     resize();
     udnCTRL.invalidate();
-}
-
-void UpDownTextBox::RefreshFont() {
-    FontDescription reference = cboHEIGHT.font();
-    reference.name = txtUPDOWN.font()->description().name;
-    reference.size = txtUPDOWN.font()->description().size;
-    cboHEIGHT.setFont(reference);
-    resize();
 }
 
 int32_t UpDownTextBox::ShiftColor(int32_t Color, int32_t amount, bool IsXP) {
@@ -198,11 +179,13 @@ void UpDownTextBox::resize() {
     const Twips lineHeight{285};
     const Twips spinnerWidth{360};
 
-    FontDescription reference = cboHEIGHT.font();
-    reference.name = txtUPDOWN.font()->description().name;
-    if (const auto size = fixedText(txtUPDOWN.font()->description().size, 0))
-        reference.size = numberFromText(*size).value_or(reference.size);
-    cboHEIGHT.setFont(reference);
+    attempt([&] {
+        const FontDescription& shown = txtUPDOWN.font()->description();
+        FontDescription reference = cboHEIGHT.font();
+        reference.name = shown.name;
+        reference.size = std::round(shown.size);
+        cboHEIGHT.setFont(reference);
+    });
 
     txtBORDER.move({{0}, {0}, w, h});
     picfraBOX.move({2 * p, 2 * p, w - 4 * p, h - 4 * p});
@@ -216,8 +199,8 @@ void UpDownTextBox::resize() {
 }
 
 void UpDownTextBox::exitFocus() {
-    // Leaving the whole control always writes one decimal, whatever `AllowDecpoint` says; hosts know it so.
-    checkRange(Pattern::onePlace);
+    // A bound is written with one decimal here, whatever `AllowDecpoint` says: meant so.
+    holdInRange(NumericField::Pattern::onePlace);
     resize();
     txtBORDER.setFocused(false);
 }
@@ -239,43 +222,35 @@ void UpDownTextBox::keyDown(KeyEvent& event) {
     else if (stepsDown)
         stepDown();
     if (stepsUp || stepsDown) txtUPDOWN.setSelection({txtUPDOWN.selection().start, 0});
-    KeyDown(event.code, event.shift);
+    attempt([&] { KeyDown(event.code, event.shift); });
     // The key has done its work; the text window would move its caret by it.
     if (stepsUp || stepsDown) event.code = 0;
 }
 
 void UpDownTextBox::stepUp() {
     attempt([&] { DownClick(); });
-    attempt([&] { showStepped(interval_); });
-    attempt([&] {
-        if (const auto text = numeric_entry::clampedToMax(txtUPDOWN.text(), udnCTRL.Max, pattern()))
-            txtUPDOWN.setText(*text);
-    });
+    attempt([&] { write(field_.increased(txtUPDOWN.text())); });
+    attempt([&] { write(field_.heldByMax(txtUPDOWN.text(), field_.pattern())); });
 }
 
 void UpDownTextBox::stepDown() {
     attempt([&] { UpClick(); });
-    attempt([&] { showStepped(-interval_); });
-    attempt([&] {
-        if (const auto text = numeric_entry::clampedToMin(txtUPDOWN.text(), udnCTRL.Min, pattern()))
-            txtUPDOWN.setText(*text);
-    });
+    attempt([&] { write(field_.decreased(txtUPDOWN.text())); });
+    attempt([&] { write(field_.heldByMin(txtUPDOWN.text(), field_.pattern())); });
 }
 
-void UpDownTextBox::showStepped(double amount) {
-    if (const auto text = numeric_entry::stepped(txtUPDOWN.text(), amount, pattern()))
-        txtUPDOWN.setText(*text);
+void UpDownTextBox::holdInRange(NumericField::Pattern writtenAs) {
+    attempt([&] { write(field_.heldByMax(txtUPDOWN.text(), writtenAs)); });
+    attempt([&] { write(field_.heldByMin(txtUPDOWN.text(), writtenAs)); });
 }
 
-void UpDownTextBox::checkRange(Pattern writtenAs) {
-    attempt([&] {
-        if (const auto text = numeric_entry::clampedToMax(txtUPDOWN.text(), udnCTRL.Max, writtenAs))
-            txtUPDOWN.setText(*text);
-    });
-    attempt([&] {
-        if (const auto text = numeric_entry::clampedToMin(txtUPDOWN.text(), udnCTRL.Min, writtenAs))
-            txtUPDOWN.setText(*text);
-    });
+void UpDownTextBox::write(const std::optional<obk::Text>& text) {
+    if (text) txtUPDOWN.setText(*text);
+}
+
+void UpDownTextBox::showFont() {
+    resize();
+    PropertyChanged<&UpDownTextBox::Font>();
 }
 
 void UpDownTextBox::applyBackColour(OleColour colour) {
@@ -291,12 +266,8 @@ void UpDownTextBox::enableChildren(bool enabled) {
     txtBORDER.setEnabled(enabled);
 }
 
-Pattern UpDownTextBox::pattern() const {
-    return allowDecpoint_ ? Pattern::onePlace : Pattern::whole;
-}
-
 void UpDownTextBox::raiseMouse(const MouseRaised& event, const MouseEvent& mouse) {
-    MouseArguments::inTwips(mouse, root().dpi()).raise(event);
+    attempt([&] { MouseArguments::inTwips(mouse, root().dpi()).raise(event); });
 }
 
 }  // namespace obk

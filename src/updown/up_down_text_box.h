@@ -5,7 +5,7 @@
 #include "framework/control.h"
 #include "framework/followed_font.h"
 #include "framework/mouse_arguments.h"
-#include "updown/numeric_entry.h"
+#include "updown/numeric_field.h"
 #include "widgets/decoration.h"
 #include "widgets/spinner.h"
 #include "widgets/text_box.h"
@@ -19,13 +19,13 @@ public:
     static const ControlTable& memberTable();
     const ControlTable& table() const override { return memberTable(); }
 
-    // Properties. What a child holds is read from it and written to it; units, ranges and keys stand in the
-    // table.
+    // Properties. What a child shows is read from it and written to it, what the text obeys from the model;
+    // units, ranges and keys stand in the table.
     int32_t Alignment() const { return txtUPDOWN.alignment(); }
     void SetAlignment(int32_t Alignment);
-    bool AllowArrowKeys() const { return udnCTRL.AllowArrowKeys; }
+    bool AllowArrowKeys() const { return udnCTRL.allowArrowKeys(); }
     void SetAllowArrowKeys(bool AllowArrowKeys);
-    bool AllowDecpoint() const { return allowDecpoint_; }
+    bool AllowDecpoint() const { return field_.AllowDecpoint; }
     void SetAllowDecpoint(bool AllowDecpoint);
     OleColour BackColor() const { return txtUPDOWN.backColour(); }
     void SetBackColor(OleColour BackColor);
@@ -39,26 +39,28 @@ public:
     void SetFont(const FontRef& Font);
     OleColour ForeColor() const { return txtUPDOWN.foreColour(); }
     void SetForeColor(OleColour ForeColor);
-    double Interval() const { return interval_; }
+    double Interval() const { return field_.Interval; }
     void SetInterval(double Interval);
-    int32_t Max() const { return udnCTRL.Max; }
+    int32_t Max() const { return field_.Max; }
     void SetMax(int32_t Max);
     int32_t MaxLength() const { return txtUPDOWN.maxLength(); }
     void SetMaxLength(int32_t MaxLength);
-    int32_t Min() const { return udnCTRL.Min; }
+    int32_t Min() const { return field_.Min; }
     void SetMin(int32_t Min);
-    bool SyncBuddy() const { return udnCTRL.SyncBuddy; }
+    bool SyncBuddy() const { return field_.SyncBuddy; }
     void SetSyncBuddy(bool SyncBuddy);
     obk::Text Text() const { return txtUPDOWN.text(); }
     void SetText(const obk::Text& Text);
-    bool ThousandsSeparator() const { return udnCTRL.ThousandsSeparator; }
+    bool ThousandsSeparator() const { return field_.ThousandsSeparator; }
     void SetThousandsSeparator(bool ThousandsSeparator);
 
     // Methods.
-    int32_t DecimalpointCheck(const obk::Text& Number);
-    uint8_t KeyLock(int32_t KeyAscii, bool Extra_Check, obk::Text& Extra_sText);
+    int32_t DecimalpointCheck(const obk::Text& Number) { return NumericField::DecimalpointCheck(Number); }
+    uint8_t KeyLock(int32_t KeyAscii, bool Extra_Check, obk::Text& Extra_sText) {
+        return NumericField::KeyLock(KeyAscii, Extra_Check, Extra_sText);
+    }
     void Refresh();
-    void RefreshFont();
+    void RefreshFont() { resize(); }  // which takes over the font's name and size
     int32_t ShiftColor(int32_t Color, int32_t amount, bool IsXP);
 
     // For a control that hosts this one: what is typed next replaces the text.
@@ -83,13 +85,13 @@ private:
     void keyDown(KeyEvent& event);
     void stepUp();
     void stepDown();
-    void showStepped(double amount);
-    void checkRange(numeric_entry::Pattern pattern);
+    void holdInRange(NumericField::Pattern writtenAs);
+    void write(const std::optional<obk::Text>& text);
     void applyBackColour(OleColour colour);
     void enableChildren(bool enabled);
     void loadEnabled(bool enabled) { udnCTRL.setEnabled(enabled); }
     void loadFont(const FontRef& font);
-    numeric_entry::Pattern pattern() const;
+    void showFont();
     void raiseMouse(const MouseRaised& event, const MouseEvent& mouse);
 
     Frame txtBORDER;
@@ -99,11 +101,9 @@ private:
     TextBox txtUPDOWN;
     ReferenceCombo cboHEIGHT;
 
-    // A freshly placed control does not step until a host sets an interval; only loading brings the usual
-    // one.
-    double interval_ = 0;
-    bool allowDecpoint_ = false;
+    NumericField field_;
     FollowedFont followedFont_;
+    bool settingFont_ = false;
     std::vector<Connection> connections_;
 };
 

@@ -5,7 +5,7 @@ namespace obk {
 
 const ControlTable& UpDownTextBox::memberTable() {
     using C = UpDownTextBox;
-    // A few numbers that were 16 bits wide in hosts' bags stay so there.
+    // A few numbers are 16 bits wide in a bag.
     constexpr auto asInteger = ValueType::integer;
     static const ControlTable table =
         TableBuilder<C>(u"UpDownTextBox", u"A numeric text box with a spinner")

@@ -4,7 +4,6 @@
 #include "widgets/surface.h"
 
 #include <algorithm>
-#include <cstdlib>
 
 namespace obk {
 
@@ -122,12 +121,12 @@ void Spinner::mouse(const MouseEvent& event) {
 }
 
 bool Spinner::wheel(const WheelEvent& event) {
-    if (!AllowArrowKeys || !enabled() || event.horizontal) return false;
+    if (!allowArrowKeys_ || !enabled() || event.horizontal) return false;
     wheel_.turn(event.delta);
     // A listener may turn the wheel again, disable the spinner or take the wheel from it between two notches.
     while (const int32_t notch = wheel_.take()) {
         step(notch > 0 ? Part::up : Part::down);
-        if (!AllowArrowKeys || !enabled()) wheel_.forget();
+        if (!allowArrowKeys_ || !enabled()) wheel_.forget();
     }
     return true;
 }

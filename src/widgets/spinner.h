@@ -1,5 +1,5 @@
-// Up and down buttons at one side of a rectangle, beside the field they step; what lies under the rest stays
-// visible.
+// Up and down buttons at one side of a rectangle, beside the field that steps by them; what lies under the
+// rest stays visible.
 #pragma once
 
 #include "base/event.h"
@@ -15,14 +15,9 @@ class Spinner final : public Widget {
 public:
     explicit Spinner(Container& parent);
 
-    // Held for the field beside it; the spinner itself neither knows nor changes a value.
-    int32_t Max = 10;
-    int32_t Min = 0;
-    bool SyncBuddy = false;
-    bool ThousandsSeparator = true;
     // Whether the wheel steps; the arrow keys belong to the field.
-    bool AllowArrowKeys = true;
-
+    bool allowArrowKeys() const { return allowArrowKeys_; }
+    void setAllowArrowKeys(bool allow) { allowArrowKeys_ = allow; }
     int32_t buddyAlignment() const { return buddyAlignment_; }
     // 0: buttons at the right edge, 1: at the left. False, and nothing changed, for any other number.
     bool setBuddyAlignment(int32_t alignment);
@@ -50,6 +45,7 @@ private:
     void step(Part part);
     void press(Part part);
 
+    bool allowArrowKeys_ = true;
     uint8_t buddyAlignment_ = 0;
     Look look_ = Look::flat;
     HeldPart<Part> held_;

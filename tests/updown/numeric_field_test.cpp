@@ -1,4 +1,4 @@
-#include "updown/numeric_entry.h"
+#include "updown/numeric_field.h"
 
 #include "updown/shift_color.h"
 
@@ -11,7 +11,7 @@
 namespace obk::test {
 namespace {
 
-using numeric_entry::Pattern;
+using Pattern = NumericField::Pattern;
 
 TEST(KeyLockTest, OnlyDigitsBackspaceAndOnePointPass) {
     const std::string kept = "0123456789\b", keptWithPoint = kept + ".";
@@ -20,26 +20,34 @@ TEST(KeyLockTest, OnlyDigitsBackspaceAndOnePointPass) {
             return code > 0 && code < 256 && set.find(static_cast<char>(code)) != std::string::npos ? code
                                                                                                     : 0;
         };
-        ASSERT_EQ(numeric_entry::KeyLock(code, true, u"125"), in(keptWithPoint)) << code;
-        ASSERT_EQ(numeric_entry::KeyLock(code, true, u""), in(keptWithPoint)) << code;
-        ASSERT_EQ(numeric_entry::KeyLock(code, true, u"12.5"), in(kept)) << code;
-        ASSERT_EQ(numeric_entry::KeyLock(code, false, u"125"), in(kept)) << code;
+        ASSERT_EQ(NumericField::KeyLock(code, true, u"125"), in(keptWithPoint)) << code;
+        ASSERT_EQ(NumericField::KeyLock(code, true, u""), in(keptWithPoint)) << code;
+        ASSERT_EQ(NumericField::KeyLock(code, true, u"12.5"), in(kept)) << code;
+        ASSERT_EQ(NumericField::KeyLock(code, false, u"125"), in(kept)) << code;
+    }
+    // A field admits a point only when it has decimals.
+    for (const bool decimals : {false, true}) {
+        NumericField field;
+        field.AllowDecpoint = decimals;
+        EXPECT_EQ(field.filtered(u'.', u"12"), decimals ? u'.' : 0);
+        EXPECT_EQ(field.filtered(u'.', u"1.2"), 0);
+        EXPECT_EQ(field.filtered(u'7', u"1.2"), u'7');
     }
     // What would be a digit or a point if only its low byte counted.
     for (const int32_t code : {256 + '5', 65536 + '.', INT32_MIN + '0', INT32_MAX})
-        EXPECT_EQ(numeric_entry::KeyLock(code, true, u""), 0) << code;
+        EXPECT_EQ(NumericField::KeyLock(code, true, u""), 0) << code;
 }
 
 TEST(DecimalpointCheckTest, OnlyAFullStopCounts) {
-    for (const char16_t* text : {u".", u"1.", u"a.b.c"}) EXPECT_EQ(numeric_entry::DecimalpointCheck(text), 1);
+    for (const char16_t* text : {u".", u"1.", u"a.b.c"}) EXPECT_EQ(NumericField::DecimalpointCheck(text), 1);
     for (const char16_t* text : {u"", u"1,5", u"\x3002", u"\x2E00"})
-        EXPECT_EQ(numeric_entry::DecimalpointCheck(text), 0);
+        EXPECT_EQ(NumericField::DecimalpointCheck(text), 0);
 }
 
-TEST(SteppedTest, TheSumIsWrittenInThePatternAndTextsThatAreNoNumberGiveNothing) {
+TEST(StepTest, TheSumIsWrittenInThePatternAndTextsThatAreNoNumberGiveNothing) {
     struct Row {
         const char16_t* text;
-        double amount;
+        double interval;
         const char* whole;
         const char* onePlace;
     };
@@ -55,26 +63,46 @@ TEST(SteppedTest, TheSumIsWrittenInThePatternAndTextsThatAreNoNumberGiveNothing)
         {u"1e308", 1e308, "none", "none"}, {u"1", std::numeric_limits<double>::quiet_NaN(), "none", "none"},
     };
     for (const Row& row : rows) {
-        const auto written = [&](Pattern pattern) {
-            return toUtf8(numeric_entry::stepped(row.text, row.amount, pattern).value_or(u"none"));
-        };
-        EXPECT_EQ(written(Pattern::whole), row.whole) << toUtf8(row.text) << " + " << row.amount;
-        EXPECT_EQ(written(Pattern::onePlace), row.onePlace) << toUtf8(row.text) << " + " << row.amount;
+        NumericField field;
+        for (const auto& [decimals, expected] :
+             {std::pair(false, row.whole), std::pair(true, row.onePlace)}) {
+            field.AllowDecpoint = decimals;
+            field.Interval = row.interval;
+            EXPECT_EQ(toUtf8(field.increased(row.text).value_or(u"none")), expected)
+                << toUtf8(row.text) << " + " << row.interval;
+            field.Interval = -row.interval;
+            EXPECT_EQ(toUtf8(field.decreased(row.text).value_or(u"none")), expected)
+                << toUtf8(row.text) << " - " << -row.interval;
+        }
     }
+    EXPECT_EQ(NumericField().increased(u"2.6"), u"3")
+        << "a new field has no interval, and writes all the same";
 }
 
-TEST(ClampTest, OnlyAValueStrictlyBeyondTheBoundIsReplaced) {
-    using numeric_entry::clampedToMax, numeric_entry::clampedToMin;
-    EXPECT_EQ(clampedToMax(u"10", 10, Pattern::onePlace), std::nullopt);
-    EXPECT_EQ(clampedToMax(u"10.0001", 10, Pattern::whole), u"10");
-    EXPECT_EQ(clampedToMax(u"1,001", 1000, Pattern::onePlace), u"1000.0");
-    EXPECT_EQ(clampedToMax(u"-20", 10, Pattern::whole), std::nullopt);
-    EXPECT_EQ(clampedToMin(u"-5", -5, Pattern::onePlace), std::nullopt);
-    EXPECT_EQ(clampedToMin(u"-5.1", -5, Pattern::whole), u"-5");
-    EXPECT_EQ(clampedToMin(u"-99999999999", INT32_MIN, Pattern::onePlace), u"-2147483648.0");
-    for (const char16_t* text : {u"", u".", u"many"}) {
-        EXPECT_EQ(clampedToMax(text, -1, Pattern::whole), std::nullopt);
-        EXPECT_EQ(clampedToMin(text, 1, Pattern::whole), std::nullopt);
+TEST(RangeTest, OnlyAValueStrictlyBeyondTheBoundIsReplaced) {
+    NumericField field;
+    const auto below = [&field](int32_t max, const char16_t* text, Pattern writtenAs) {
+        field.Max = max;
+        return toUtf8(field.heldByMax(text, writtenAs).value_or(u"as it is"));
+    };
+    const auto above = [&field](int32_t min, const char16_t* text, Pattern writtenAs) {
+        field.Min = min;
+        return toUtf8(field.heldByMin(text, writtenAs).value_or(u"as it is"));
+    };
+    for (const bool decimals : {false, true}) {
+        field.AllowDecpoint = decimals;  // whoever checks the range says how a bound is written
+        EXPECT_EQ(below(10, u"10", Pattern::onePlace), "as it is");
+        EXPECT_EQ(below(10, u"10.0001", Pattern::whole), "10");
+        EXPECT_EQ(below(1000, u"1,001", Pattern::onePlace), "1000.0");
+        EXPECT_EQ(below(10, u"-20", Pattern::whole), "as it is");
+        EXPECT_EQ(above(-5, u"-5", Pattern::onePlace), "as it is");
+        EXPECT_EQ(above(-5, u"-5.1", Pattern::whole), "-5");
+        EXPECT_EQ(above(-5, u"20", Pattern::whole), "as it is");
+        EXPECT_EQ(above(INT32_MIN, u"-99999999999", Pattern::onePlace), "-2147483648.0");
+        for (const char16_t* text : {u"", u".", u"many"}) {
+            EXPECT_EQ(below(-1, text, Pattern::whole), "as it is");
+            EXPECT_EQ(above(1, text, Pattern::whole), "as it is");
+        }
     }
 }
 
