@@ -3,6 +3,7 @@
 // selected, and nothing is left in the end.
 #include "fuzz_values.h"
 #include "pagetab/page_tab.h"
+#include "pagetab/tab_string.h"
 #include "platform/headless/headless_platform.h"
 #include "platform/headless/headless_surface.h"
 

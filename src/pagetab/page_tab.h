@@ -4,7 +4,7 @@
 #include "framework/control.h"
 #include "framework/followed_font.h"
 #include "framework/mouse_arguments.h"
-#include "pagetab/tab_set.h"
+#include "pagetab/page_tab_model.h"
 #include "pagetab/tab_strip.h"
 
 namespace obk {
@@ -17,32 +17,37 @@ public:
     const ControlTable& table() const override { return memberTable(); }
 
     // Properties; what they mean stands in the table.
-    Text strPUBSKINCOLORPAGE() const { return pageColours_; }
-    void SetstrPUBSKINCOLORPAGE(const Text& strPUBSKINCOLORPAGE) { pageColours_ = strPUBSKINCOLORPAGE; }
-    int32_t lngSELECTEDPAGECOLOR() const { return static_cast<int32_t>(strip_.state.activePage.value); }
-    void SetlngSELECTEDPAGECOLOR(int32_t lngSELECTEDPAGECOLOR);
-    int32_t ActiveTab();
+    Text strPUBSKINCOLORPAGE() const { return model_.strPUBSKINCOLORPAGE; }
+    void SetstrPUBSKINCOLORPAGE(const Text& strPUBSKINCOLORPAGE) {
+        model_.strPUBSKINCOLORPAGE = strPUBSKINCOLORPAGE;
+    }
+    int32_t lngSELECTEDPAGECOLOR() const { return model_.lngSELECTEDPAGECOLOR; }
+    void SetlngSELECTEDPAGECOLOR(int32_t lngSELECTEDPAGECOLOR) {
+        model_.lngSELECTEDPAGECOLOR = lngSELECTEDPAGECOLOR;
+    }
+    // What is read last is selected again when the tabs are made anew.
+    int32_t ActiveTab() { return model_.readActive(); }
     void SetActiveTab(int32_t ActiveTab);
-    Text ActiveTabs() const { return strTABSTRING; }
+    Text ActiveTabs() const { return model_.strTABSTRING; }
     void SetActiveTabs(const Text& ActiveTabs);
-    OleColour BackColorPage() const { return strip_.state.strip; }
+    OleColour BackColorPage() const { return model_.clrPAGEBACK; }
     void SetBackColorPage(OleColour BackColorPage);
-    OleColour PageColor() const { return strip_.state.page; }
+    OleColour PageColor() const { return model_.clrPAGE; }
     void SetPageColor(OleColour PageColor);
-    OleColour TextColor() const { return strip_.state.text; }
+    OleColour TextColor() const { return model_.clrTEXT; }
     void SetTextColor(OleColour TextColor);
-    OleColour PageMainColor() const { return clrPAGEMAIN; }
+    OleColour PageMainColor() const { return model_.clrPAGEMAIN; }
     void SetPageMainColor(OleColour PageMainColor);
-    Text TabColor() const { return strTABCOLOR; }
-    void SetTabColor(const Text& TabColor) { strTABCOLOR = TabColor; }
+    Text TabColor() const { return model_.strTABCOLOR; }
+    void SetTabColor(const Text& TabColor) { model_.strTABCOLOR = TabColor; }
 
     // Methods.
     Text ActiveTabNameGet(int32_t Index);
     void ActiveTabNameSet(const Text& ActiveTabName);
     void AddTab(const Text& sCaption);
-    void ImageDis() { showPieces(TabStrip::Pieces::disabled); }
-    void ImageHLight() { showPieces(TabStrip::Pieces::highlighted); }
-    void ImageSel() { showPieces(TabStrip::Pieces::selected); }
+    void ImageDis() { showPieces(PageTabModel::Pieces::disabled); }
+    void ImageHLight() { showPieces(PageTabModel::Pieces::highlighted); }
+    void ImageSel() { showPieces(PageTabModel::Pieces::selected); }
     void ObjectMouseUp();
     void Refresh() { strip_.invalidate(); }
     void SetFont(const Text& New_Font, const Text& New_FontSize);
@@ -54,7 +59,7 @@ public:
     Event<int16_t&, int16_t&, float&, float&> MouseMove, MouseUp;
     Event<> Show;
 
-    Text accessKeys() const override { return tabs_.accessKeys(); }
+    Text accessKeys() const override { return model_.accessKeys(); }
     void useAccessKey(char16_t character) override;
 
 private:
@@ -62,8 +67,8 @@ private:
     void initProperties() override;
     void loaded() override;
     void resize() override;
-    void enterFocus() override;
-    void exitFocus() override;
+    void enterFocus() override { strip_.invalidate(); }
+    void exitFocus() override { strip_.invalidate(); }
     void useAmbientFont(const FontRef& font) override;
     KeyRoute preTranslate(const KeyEvent& event) override;
     void surfaceKeyDown(KeyEvent& event) override;
@@ -71,16 +76,16 @@ private:
     AccessibleItem describeSurface() const override;
 
     // Persisted, and loaded without what putting the property does.
-    FontRef font() const { return strip_.font.font(); }
+    FontRef font() const { return strip_.font(); }
     void loadFont(const FontRef& font);
-    int32_t activeTab() const { return tabs_.active(); }
-    void loadActiveTab(int32_t index) { lngRESTORETAB = index; }
-    void loadTabString(const Text& text) { strTABSTRING = text; }
-    void loadTextColor(OleColour colour) { strip_.state.text = colour; }
-    void loadBackColorPage(OleColour colour) { strip_.state.strip = colour; }
-    void loadPageColor(OleColour colour) { strip_.state.page = colour; }
-    OleColour tabColour() const { return strip_.state.tab; }
-    void loadTabColour(OleColour colour) { strip_.state.tab = colour; }
+    int32_t activeTab() const { return model_.active(); }
+    void loadActiveTab(int32_t index) { model_.lngRESTORETAB = index; }
+    void loadTabString(const Text& text) { model_.strTABSTRING = text; }
+    void loadTextColor(OleColour colour) { model_.clrTEXT = colour; }
+    void loadBackColorPage(OleColour colour) { model_.clrPAGEBACK = colour; }
+    void loadPageColor(OleColour colour) { model_.clrPAGE = colour; }
+    OleColour tabColour() const { return model_.clrTAB; }
+    void loadTabColour(OleColour colour) { model_.clrTAB = colour; }
 
     void rebuild();
     // Makes a tab the active one and brings it into view; false, and nothing changed, where there is none.
@@ -89,27 +94,20 @@ private:
     void relay();
     // Both of these.
     bool mark(int32_t index);
-    // By a person: marks a tab and tells the host.
+    // By a person: marks a tab that is not the active one, and tells the host.
     void choose(int32_t index);
     void tellChoice(Text name);
-    std::optional<int32_t> walkTarget(const KeyEvent& event) const;
     void translateTabColour();
-    void showPieces(TabStrip::Pieces pieces);
-    void stripMouse(const MouseEvent& event);
-    void press(const MouseEvent& event);
-    void doubleClick(const MouseEvent& event);
+    void showPieces(PageTabModel::Pieces pieces);
+    void press(int32_t tab, const MouseEvent& event);
+    void doubleClick(int32_t tab, const MouseEvent& event);
     template <typename Raised, typename... More>
-    void raiseMouse(const Raised& event, const MouseEvent& mouse, More... more);
+    void raiseMouse(const Raised& event, const MouseEvent& mouse, More&... more);
 
-    TabSet tabs_;
+    PageTabModel model_;
     TabStrip strip_;
-    int32_t lngRESTORETAB = 0;  // selected again after a rebuild: what a host last knew as the active tab
-    Text strTABSTRING;
-    Text strTABCOLOR;
-    Text pageColours_;
-    OleColour clrPAGEMAIN{SystemColour::buttonFace};
     FollowedFont followedFont_;
-    Connection mouse_;
+    std::vector<Connection> connections_;
 };
 
 }  // namespace obk

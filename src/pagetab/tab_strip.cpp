@@ -1,5 +1,6 @@
 #include "pagetab/tab_strip.h"
 
+#include "base/attempt.h"
 #include "pagetab/caption_text.h"
 #include "widgets/surface.h"
 
@@ -7,8 +8,8 @@
 
 namespace obk {
 
-TabStrip::TabStrip(Container& parent, const TabSet& tabs)
-    : Widget(parent), font([this] { tabsChanged(); }), tabs_(tabs), buttons_(parent) {
+TabStrip::TabStrip(Container& parent, const PageTabModel& model)
+    : Widget(parent), model_(model), font_([this] { measureAnew(); }), buttons_(parent) {
     scrolled_ =
         buttons_.scrolled.connect([this](int32_t by) { scrollTo(first_ + (rightToLeft_ ? -by : by)); });
 }
@@ -25,44 +26,38 @@ void TabStrip::setRightToLeft(bool rightToLeft) {
 }
 
 PixelSize TabStrip::measured(const Tab& tab, Dpi dpi) const {
-    return platform().appearance().measure(plainCaption(tab.caption), tab.font.over(font.description()), dpi);
+    return platform().appearance().measure(plainCaption(tab.caption), tab.font.over(font_.description()),
+                                           dpi);
 }
 
-CaptionSizes TabStrip::measured(Dpi dpi) const {
+void TabStrip::measure(CaptionSizes& captions, Dpi dpi) const {
     // An empty strip is as high as its font wants it.
-    CaptionSizes sizes;
-    sizes.height = measured(Tab(), dpi).height;
-    for (int32_t index = 1; index <= tabs_.count(); ++index) {
-        const PixelSize size = measured(tabs_.tab(index), dpi);
-        sizes.widths.push_back(size.width);
-        sizes.height = std::max(sizes.height, size.height);
+    if (captions.widths.empty()) captions.height = measured(Tab(), dpi).height;
+    while (captions.widths.size() < static_cast<size_t>(model_.count())) {
+        const PixelSize size = measured(model_.tab(static_cast<int32_t>(captions.widths.size()) + 1), dpi);
+        captions.widths.push_back(size.width);
+        captions.height = std::max(captions.height, size.height);
     }
-    return sizes;
+}
+
+void TabStrip::measureAnew() {
+    captions_ = {};
+    reveal();
 }
 
 StripSpace TabStrip::space(const PixelRect& bounds, Dpi dpi) const {
     return {{bounds.width(), bounds.height()}, dpi, rightToLeft_};
 }
 
-void TabStrip::tabsChanged() {
-    measuredAt_ = dpi();
-    captions_ = measured(measuredAt_);
-    reveal();
-}
-
-void TabStrip::tabAdded() {
-    if (measuredAt_ != dpi()) return tabsChanged();
-    const PixelSize size = measured(tabs_.tab(tabs_.count()), dpi());
-    captions_.widths.push_back(size.width);
-    captions_.height = std::max(captions_.height, size.height);
-    reveal();
-}
-
 void TabStrip::reveal() {
     // The window may be on another monitor than the measures are of.
-    if (measuredAt_ != dpi()) return tabsChanged();
-    layout_ = StripLayout(captions_, space(pixelBounds(), dpi()));
-    scrollTo(layout_.revealing(tabs_.active(), first_));
+    if (measuredAt_ != dpi() || measured_ != model_.revision()) captions_ = {};
+    measuredAt_ = dpi();
+    measured_ = model_.revision();
+    layout_ = {};
+    attempt([&] { measure(captions_, measuredAt_); });
+    attempt([&] { layout_ = StripLayout(captions_, space(pixelBounds(), measuredAt_)); });
+    scrollTo(layout_.revealing(model_.active(), first_));
 }
 
 void TabStrip::scrollTo(int32_t first) {
@@ -73,10 +68,6 @@ void TabStrip::scrollTo(int32_t first) {
     hoverAt(mouseAt_);
     if (hovered_ != none) showToolTip();
     invalidate();
-}
-
-int32_t TabStrip::tabAt(PixelPoint point) const {
-    return layout_.tabAt(point, first_);
 }
 
 void TabStrip::hoverAt(std::optional<PixelPoint> point) {
@@ -99,10 +90,6 @@ void TabStrip::invalidateTab(int32_t index) {
     shownOn->invalidate(grown.moved(pixelBounds().left, pixelBounds().top).intersected(clip));
 }
 
-void TabStrip::forgetHover() {
-    hoverAt(std::nullopt);
-}
-
 void TabStrip::showToolTip() {
     Surface* shownOn = surface();
     if (!shownOn || !shownOn->peer()) return;
@@ -115,21 +102,23 @@ void TabStrip::showToolTip() {
     const bool cut =
         captions_.widths[static_cast<size_t>(hovered_) - 1] > layout_.captionPlace(tab).width() ||
         tab.intersected(layout_.view()) != tab;
-    shownOn->peer()->setToolTip(tab.intersected(layout_.view()).moved(own.left, own.top),
-                                cut ? plainCaption(tabs_.caption(hovered_)) : Text());
+    attempt([&] {
+        shownOn->peer()->setToolTip(tab.intersected(layout_.view()).moved(own.left, own.top),
+                                    cut ? plainCaption(model_.caption(hovered_)) : Text());
+    });
 }
 
 TabFace TabStrip::faceOf(int32_t index, const StripLayout& layout, int32_t first) const {
-    const Tab& tab = tabs_.tab(index);
+    const Tab& tab = model_.tab(index);
     TabFace face;
     face.rect = layout.tab(index, first);
     face.caption = layout.captionPlace(face.rect);
     face.text = lineOfCaption(tab.caption);
-    face.font = tab.font.over(font.description());
-    face.selected = index == tabs_.active();
-    face.hovered = index == hovered_ || (face.selected && state.pieces == Pieces::highlighted);
-    face.enabled = state.pieces != Pieces::disabled;
-    face.focused = face.selected && state.focused;
+    face.font = tab.font.over(font_.description());
+    face.selected = index == model_.active();
+    face.hovered = index == hovered_ || (face.selected && model_.pieces == PageTabModel::Pieces::highlighted);
+    face.enabled = model_.pieces != PageTabModel::Pieces::disabled;
+    face.focused = face.selected && showsFocus();
     face.rightToLeft = rightToLeft_;
     return face;
 }
@@ -138,14 +127,18 @@ void TabStrip::paint(Canvas& canvas, const PixelRect& bounds) {
     // On paper, or before there is a window, in another size or scale than on the screen.
     StripLayout other;
     const bool asShown = layout_.space() == space(bounds, canvas.dpi());
-    if (!asShown) other = StripLayout(measured(canvas.dpi()), space(bounds, canvas.dpi()));
+    if (!asShown) {
+        CaptionSizes captions;
+        measure(captions, canvas.dpi());
+        other = StripLayout(captions, space(bounds, canvas.dpi()));
+    }
     const StripLayout& layout = asShown ? layout_ : other;
     const int32_t first = layout.revealing(0, first_);
     const auto moved = [&bounds](const PixelRect& rect) { return rect.moved(bounds.left, bounds.top); };
 
-    const OleColour page = state.activePage == OleColour() ? state.page : state.activePage;
-    TabPainter painter(canvas, platform(), look_,
-                       {rgb(state.strip), rgb(state.tab), rgb(page), rgb(state.text)});
+    TabPainter painter(
+        canvas, platform(), look_,
+        {rgb(model_.clrPAGEBACK), rgb(model_.clrTAB), rgb(model_.shownPageColour()), rgb(model_.clrTEXT)});
     painter.strip(bounds);
     painter.page(moved(layout.page()));
     const PixelRect reach = moved(layout.reach());
@@ -156,39 +149,52 @@ void TabStrip::paint(Canvas& canvas, const PixelRect& bounds) {
         face.caption = moved(face.caption);
         painter.tab(face);
     };
-    const int32_t last = std::min(layout.lastShown(first), tabs_.count());
+    const int32_t last = std::min(layout.lastShown(first), model_.count());
     for (int32_t index = first; index <= last; ++index) {
-        if (index != tabs_.active()) paintTab(index);
+        if (index != model_.active()) paintTab(index);
     }
-    if (tabs_.active() >= first && tabs_.active() <= last) paintTab(tabs_.active());
-    if (state.focused && tabs_.active() == 0) canvas.drawFocusRect(reach.inset(canvas.dpi().scaled(1)));
+    if (model_.active() >= first && model_.active() <= last) paintTab(model_.active());
+    if (showsFocus() && model_.active() == 0) canvas.drawFocusRect(reach.inset(canvas.dpi().scaled(1)));
 }
 
 void TabStrip::mouse(const MouseEvent& event) {
-    if (event.kind == MouseEvent::Kind::leave)
-        forgetHover();
-    else
-        hoverAt(event.at);
-    mouseReported(event);
+    using Kind = MouseEvent::Kind;
+    if (event.kind == Kind::leave) return forgetHover();
+    hoverAt(event.at);
+    if (event.kind == Kind::move) return mouseMoved(event);
+    Surface* shownOn = surface();
+    if (event.kind == Kind::up) {
+        if (shownOn) shownOn->releaseCapture(*this);
+        return mouseReleased(event);
+    }
+    const int32_t tab = tabAt(event.at);
+    // A drag that ends elsewhere is still told as released.
+    if (shownOn) shownOn->capture(*this);
+    (event.kind == Kind::down ? pressed : doubleClicked)(tab, event);
+}
+
+bool TabStrip::showsFocus() const {
+    const Surface* shownOn = surface();
+    return shownOn && shownOn->peer() && shownOn->peer()->hasFocus();
 }
 
 bool TabStrip::takeFocus() {
     Surface* shownOn = surface();
     if (!shownOn || !shownOn->peer() || pixelClip().empty()) return false;
     if (!shownOn->peer()->hasFocus()) shownOn->peer()->focus();
-    return shownOn->peer() && shownOn->peer()->hasFocus();
+    return showsFocus();
 }
 
 void TabStrip::describe(std::vector<AccessibleItem>& items) const {
     const PixelRect own = pixelBounds();
-    for (int32_t index = 1; index <= tabs_.count(); ++index) {
+    for (int32_t index = 1; index <= model_.count(); ++index) {
         const PixelRect shown = layout_.tab(index, first_).intersected(layout_.view());
         items.push_back({AccessibleItem::Role::pageTab,
-                         plainCaption(tabs_.caption(index)),
+                         plainCaption(model_.caption(index)),
                          {},
                          shown.moved(own.left, own.top),
                          true,
-                         index == tabs_.active()});
+                         index == model_.active()});
     }
 }
 

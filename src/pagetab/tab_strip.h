@@ -1,11 +1,11 @@
-// The strip as a widget: draws the tabs of a tab set, scrolls them, and knows which one is under the mouse.
+// The strip as a widget: shows a model, scrolls its tabs, and reports what a person does to them.
 #pragma once
 
 #include "base/event.h"
+#include "pagetab/page_tab_model.h"
 #include "pagetab/scroll_buttons.h"
 #include "pagetab/strip_layout.h"
 #include "pagetab/tab_painter.h"
-#include "pagetab/tab_set.h"
 #include "widgets/font_holder.h"
 #include "widgets/widget.h"
 
@@ -15,35 +15,18 @@ namespace obk {
 
 class TabStrip final : public Widget {
 public:
-    // `tabs` is borrowed; whoever changes it calls `tabsChanged`, `tabAdded` or `reveal`.
-    TabStrip(Container& parent, const TabSet& tabs);
+    // `model` is borrowed. Whoever changes its tabs or their fonts, or which one is active, calls `reveal`;
+    // `invalidate` does for the rest.
+    TabStrip(Container& parent, const PageTabModel& model);
 
-    // How the pieces of the tabs are painted: the selected one in its look, that one highlighted as well, or
-    // all of them disabled.
-    enum class Pieces : uint8_t { selected, highlighted, disabled };
-    // What is shown; call `invalidate` after changing any of it.
-    struct State {
-        Pieces pieces = Pieces::selected;
-        OleColour strip{SystemColour::buttonFace};
-        OleColour tab{SystemColour::buttonFace};
-        OleColour page{SystemColour::buttonFace};
-        OleColour activePage;  // of the active tab alone; 0: as any page
-        OleColour text{SystemColour::buttonText};
-        bool focused = false;
-    };
-    State state;
-    FontHolder font;
+    const FontRef& font() const { return font_.font(); }
+    void setFont(FontRef font) { font_.set(std::move(font)); }
     void setLook(Look look);
     void setRightToLeft(bool rightToLeft);
-
-    void tabsChanged();
-    void tabAdded();
     // Lays out anew and brings the active tab into the view.
     void reveal();
-
-    // The tab at a point of the strip; 0 for none.
-    int32_t tabAt(PixelPoint point) const;
-    void forgetHover();
+    // As if the mouse were elsewhere.
+    void forgetHover() { hoverAt(std::nullopt); }
 
     void paint(Canvas& canvas, const PixelRect& bounds) override;
     void mouse(const MouseEvent& event) override;
@@ -51,29 +34,38 @@ public:
     void attach(SurfacePeer&) override { reveal(); }
     void detach() override { forgetHover(); }
     void placed() override { reveal(); }
-    void appearanceChanged() override { tabsChanged(); }
+    void appearanceChanged() override { measureAnew(); }
     bool takeFocus() override;
     void describe(std::vector<AccessibleItem>& items) const override;
 
-    Event<const MouseEvent&> mouseReported;
+    // With the tab at the mouse, 0 beside them. The mouse is the strip's from a press to its release.
+    Event<int32_t, const MouseEvent&> pressed, doubleClicked;
+    Event<const MouseEvent&> mouseMoved, mouseReleased;
 
 private:
     static constexpr int32_t none = -99;
 
-    CaptionSizes measured(Dpi dpi) const;
     PixelSize measured(const Tab& tab, Dpi dpi) const;
+    // Adds the tabs whose measures `captions` has not got.
+    void measure(CaptionSizes& captions, Dpi dpi) const;
+    void measureAnew();
     StripSpace space(const PixelRect& bounds, Dpi dpi) const;
     void scrollTo(int32_t first);
+    bool showsFocus() const;
+    // The tab at a point of the strip; 0 for none.
+    int32_t tabAt(PixelPoint point) const { return layout_.tabAt(point, first_); }
     void hoverAt(std::optional<PixelPoint> point);
     void showToolTip();
     void invalidateTab(int32_t index);
     TabFace faceOf(int32_t index, const StripLayout& layout, int32_t first) const;
 
-    const TabSet& tabs_;
+    const PageTabModel& model_;
+    FontHolder font_;
     ScrollButtons buttons_;
     Look look_ = Look::flat;
     bool rightToLeft_ = false;
     Dpi measuredAt_;
+    uint32_t measured_ = 0;  // the model's revision
     CaptionSizes captions_;
     StripLayout layout_;
     int32_t first_ = 1;       // at the beginning of the view
