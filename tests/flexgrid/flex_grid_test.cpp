@@ -1,5 +1,6 @@
 #include "flexgrid/flex_grid.h"
 
+#include "base/attempt.h"
 #include "platform/headless/headless_platform.h"
 #include "platform/headless/headless_surface.h"
 #include "support/pixel_canvas.h"
@@ -177,6 +178,27 @@ TEST_F(FlexGridTest, ListenersMayTakeKeysAndCells) {
     platform.pressKey(key::down);
     EXPECT_EQ(grid.Row(), -1);
     EXPECT_EQ(take(), (std::vector<std::string>{"key 40", "leaving"}));
+}
+
+TEST_F(FlexGridTest, AListenerThatFailsStopsNoStepAfterIt) {
+    const auto fails = [](auto&&...) { throw StatementFailed("a listener's own"); };
+    const auto fail = [&](auto&... events) { (connections.push_back(events.connect(fails)), ...); };
+    fail(grid.mousePressed, grid.mouseMoved, grid.mouseReleased, grid.keyWentDown, grid.leavingCell,
+         grid.cellEntered, grid.selectionMoved, grid.disturbed, grid.scrolled, grid.laidOut,
+         grid.columnResized);
+    note(grid.clicked, "click");
+    press({70, 20});
+    EXPECT_EQ(grid.current(), (CellAddress{1, 1}));
+    EXPECT_EQ(take(), std::vector<std::string>{"click"});
+    mouse(Kind::down, {62, 30});
+    mouse(Kind::move, {92, 30});
+    mouse(Kind::up, {92, 30});
+    EXPECT_EQ(grid.ColWidth(0), 94 * 15);
+    platform.pressKey(key::pageDown);
+    EXPECT_EQ(grid.current(), (CellAddress{11, 1}));
+    EXPECT_EQ(grid.TopRow(), 2) << "the cell is shown";
+    grid.SetRedraw(false);
+    EXPECT_TRUE(grid.AddItem(u"x", 0));
 }
 
 TEST_F(FlexGridTest, PressesSelectAndClick) {
@@ -546,6 +568,8 @@ TEST_F(FlexGridTest, CellsLookAsTheyWereTold) {
     grid.setPicture({2, 2}, picture, CellAlignment::leftTop);
     EXPECT_EQ(item({130, 45}, DrawnItem::Kind::picture)->rect, (PixelRect{128, 36, 144, 52}));
     EXPECT_EQ(item({150, 45}, DrawnItem::Kind::text)->rect.left, 128 + 16 + 3);
+    grid.setPicture({2, 2}, picture, CellAlignment::rightTop);
+    EXPECT_EQ(item({180, 45}, DrawnItem::Kind::picture)->rect, (PixelRect{175, 36, 191, 52}));
 }
 
 TEST_F(FlexGridTest, TheKeyboardComesBackFromAField) {

@@ -351,6 +351,12 @@ TEST_F(GridEditorsTest, AnEditorBelongsToTheCellItWasOpenedFor) {
     call(u"BoxHide");
     EXPECT_EQ(column(0), "quick,,,elm,") << "it has moved with its row";
     call(u"BoxShow");
+    set(0, 1, u"elsewhere");
+    platform.type(u"elms");
+    call(u"BoxHide");
+    EXPECT_EQ(column(0), "elms,,,elm,") << "what is typed still replaces the text";
+    goTo(0, 0);
+    call(u"BoxShow");
     set(number(u"RowCurrent"), 0, u"host's");
     call(u"BoxHide");
     EXPECT_EQ(column(0), "host's,,,elm,") << "nobody has typed anything else";
@@ -479,6 +485,7 @@ TEST_F(GridEditorsTest, APasteGoesThroughTheColumnTypes) {
     };
     EXPECT_EQ(row(1), "a\ttab|Wed 3 Mar 2027|fixed|a|elm|7.5|9:30:00 pm");
     EXPECT_EQ(row(2), "b|||||12|") << "what a column does not take changes nothing";
+    EXPECT_TRUE(drawnText(u"a").text.empty()) << "a mark, not a letter";
     platform.pressKey('Z', shift::control);
     EXPECT_EQ(row(1), "||fixed||||");
     EXPECT_EQ(row(2), "|||||12|");
@@ -538,6 +545,11 @@ TEST_F(GridEditorsTest, AHostThatAnswersDoesNotRecurse) {
         EXPECT_EQ(read(1, 0), "oak") << event;
         host.on.clear();
     }
+    // While it is asked, no editor opens.
+    onEvent("ChangeEdited", [this] { call(u"BoxShow"); });
+    call(u"BoxHide");
+    host.on.clear();
+    EXPECT_FALSE(isOpen());
     // One that checks what was typed sends the person back.
     onEvent("ChangePost", [this] { call(u"GridSetFocus", {0, 1}); });
     goTo(1, 0);
