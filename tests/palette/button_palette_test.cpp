@@ -427,13 +427,17 @@ TEST_F(ButtonPaletteTest, SwatchesAreNamedInToolTipsAndForScreenReaders) {
 TEST_F(ButtonPaletteTest, TheHoverFrameAndTheChosenSwatchAreDrawnApart) {
     show();
     onPanel(Kind::move, cell(8), 0);
+    const ColourPalette cells(enQUILLPalette::QP24X8);
+    put(u"Color", cells.baseCells()[7].Color);
     const headless::RecordingCanvas drawn = panel()->paint();
-    ColourPalette cells(enQUILLPalette::QP24X8);
     const PixelRect hovered = cells.baseCells()[8].rect;
     const PixelRect chosen = cells.baseCells()[7].rect;  // EARTH RED
     EXPECT_EQ(drawn.colourAt({hovered.left - 1, hovered.top + 5}), system(SystemColour::highlight));
     EXPECT_EQ(drawn.colourAt({chosen.left - 1, chosen.top + 5}), system(SystemColour::windowText));
     EXPECT_EQ(drawn.colourAt({hovered.right, hovered.top + 5}), system(SystemColour::highlight));
+    put(u"Color", OleColour(Rgb::of(1, 2, 3)));
+    EXPECT_NE(panel()->paint().colourAt({chosen.left - 1, chosen.top + 5}), system(SystemColour::windowText))
+        << "painted anew, and no swatch has that colour";
 }
 
 TEST_F(ButtonPaletteTest, ACustomBackgroundShowsUntilTheFirstRepaint) {
