@@ -6,7 +6,7 @@
 #include <functional>
 #include <vector>
 
-#include "container/com_object.h"
+#include "com/com_object.h"
 
 namespace obk::container {
 

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "container/com_object.h"
+#include "com/com_object.h"
 #include "container/type_members.h"
 #include "container/variant.h"
 

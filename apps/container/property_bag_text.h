@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "container/com_object.h"
+#include "com/com_object.h"
 #include "container/stored_value.h"
 
 namespace obk::container {

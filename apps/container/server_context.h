@@ -5,7 +5,7 @@
 
 #include <string>
 
-#include "container/com_object.h"
+#include "com/com_object.h"
 
 namespace obk::container {
 

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "container/ambient_properties.h"
-#include "container/com_object.h"
+#include "com/com_object.h"
 
 namespace obk::container {
 

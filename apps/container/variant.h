@@ -10,7 +10,7 @@
 #include <string_view>
 #include <vector>
 
-#include "container/com_object.h"
+#include "com/com_object.h"
 
 namespace obk::container {
 

@@ -1,7 +1,7 @@
 // Late-bound calls on a control, against what the system's own automation needs for an equal dual interface.
 #include "dispatch_benchmark.h"
 
-#include "container/com_object.h"
+#include "com/com_object.h"
 
 #include <windows.h>
 
@@ -13,7 +13,7 @@
 
 namespace {
 
-using obk::container::ComPtr;
+using obk::ComPtr;
 
 constexpr GUID measuredId{0x8A0D5C1E, 0x77E2, 0x4D18, {0x9F, 0x0A, 0x3C, 0x4B, 0x1D, 0x6E, 0x2A, 0x22}};
 constexpr DISPID intervalNumber = 11;

@@ -3,29 +3,19 @@
 
 #include "framework/control_table.h"
 
-#include "server/module.h"
-
-#include <unknwn.h>
+#include "com/com_object.h"
 
 namespace obk::server {
 
-class ClassFactory final : public IClassFactory {
+class ClassFactory final : public ComObject<IClassFactory> {
 public:
-    explicit ClassFactory(const ControlTable& table) : table_(table) {}
-    ClassFactory(const ClassFactory&) = delete;
-    ClassFactory& operator=(const ClassFactory&) = delete;
-    virtual ~ClassFactory() = default;
+    explicit ClassFactory(const ControlTable& table);
 
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** result) override;
-    ULONG STDMETHODCALLTYPE AddRef() override;
-    ULONG STDMETHODCALLTYPE Release() override;
     HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown* outer, REFIID iid, void** result) override;
     HRESULT STDMETHODCALLTYPE LockServer(BOOL lock) override;
 
 private:
-    const module::Presence presence_;
     const ControlTable& table_;
-    LONG references_ = 1;
 };
 
 }  // namespace obk::server

@@ -1,6 +1,7 @@
 // A standard enumerator over a copied list.
 #pragma once
 
+#include "com/com_object.h"
 #include "server/entry_point.h"
 #include "server/module.h"
 
@@ -12,32 +13,18 @@ namespace obk::server {
 // `Interface` is the IEnum… of `Item`; `Stored` owns one item and says what a caller gets of it with
 // `Item give() const`.
 template <typename Interface, typename Item, typename Stored>
-class Enumerator final : public Interface {
+class Enumerator final : public ComObject<Interface> {
 public:
-    explicit Enumerator(std::vector<Stored> items) : items_(std::move(items)) {}
-    virtual ~Enumerator() = default;
+    explicit Enumerator(std::vector<Stored> items, size_t next = 0)
+        : ComObject<Interface>(module::presence()), items_(std::move(items)), next_(next) {}
 
-    static HRESULT create(std::vector<Stored> items, Interface** result) {
+    static HRESULT create(std::vector<Stored> items, Interface** result, size_t next = 0) {
         if (!result) return E_POINTER;
         *result = nullptr;
         return entryPoint([&] {
-            *result = new Enumerator(std::move(items));
+            *result = ComPtr<Interface>(new Enumerator(std::move(items), next)).detach();
             return S_OK;
         });
-    }
-
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** result) override {
-        if (!result) return E_POINTER;
-        const bool known = iid == __uuidof(IUnknown) || iid == __uuidof(Interface);
-        *result = known ? static_cast<Interface*>(this) : nullptr;
-        if (known) AddRef();
-        return known ? S_OK : E_NOINTERFACE;
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
-    ULONG STDMETHODCALLTYPE Release() override {
-        const ULONG left = --references_;
-        if (left == 0) delete this;
-        return left;
     }
 
     HRESULT STDMETHODCALLTYPE Next(ULONG wanted, Item* items, ULONG* fetched) override {
@@ -57,21 +44,12 @@ public:
         return S_OK;
     }
     HRESULT STDMETHODCALLTYPE Clone(Interface** result) override {
-        if (!result) return E_POINTER;
-        *result = nullptr;
-        return entryPoint([&] {
-            auto* copy = new Enumerator(items_);
-            copy->next_ = next_;
-            *result = copy;
-            return S_OK;
-        });
+        return entryPoint([&] { return create(items_, result, next_); });
     }
 
 private:
-    const module::Presence presence_;
-    ULONG references_ = 1;
     std::vector<Stored> items_;
-    size_t next_ = 0;
+    size_t next_;
 };
 
 }  // namespace obk::server

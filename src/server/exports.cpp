@@ -26,7 +26,7 @@ HRESULT WINAPI DllGetClassObject(REFCLSID classId, REFIID iid, void** result) {
     return entryPoint([&]() -> HRESULT {
         for (const ControlTable* table : publicControls(library())) {
             if (systemGuid(table->classId) != classId) continue;
-            const auto factory = ComPtr<ClassFactory>::adopt(new ClassFactory(*table));
+            const ComPtr<ClassFactory> factory(new ClassFactory(*table));
             return factory->QueryInterface(iid, result);
         }
         return CLASS_E_CLASSNOTAVAILABLE;

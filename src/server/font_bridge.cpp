@@ -1,5 +1,6 @@
 #include "server/font_bridge.h"
 
+#include "com/com_object.h"
 #include "server/entry_point.h"
 #include "server/module.h"
 #include "server/system_text.h"
@@ -55,10 +56,9 @@ void apply(const FontDescription& wanted, IFont& font) {
 }
 
 // Hears of the font object's changes. The font object may keep it longer than the shared font lives.
-class FontListener final : public IPropertyNotifySink {
+class FontListener final : public ComObject<IPropertyNotifySink> {
 public:
-    explicit FontListener(ComPtr<IFont> object) : object_(std::move(object)) {}
-    virtual ~FontListener() = default;
+    explicit FontListener(ComPtr<IFont> object) : ComObject(module::presence()), object_(std::move(object)) {}
 
     void follow(const FontRef& font) { font_ = font; }
     void stop() {
@@ -67,22 +67,6 @@ public:
     }
     bool quiet = false;  // while the change is our own
 
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** result) override {
-        if (!result) return E_POINTER;
-        if (iid != __uuidof(IUnknown) && iid != __uuidof(IPropertyNotifySink)) {
-            *result = nullptr;
-            return E_NOINTERFACE;
-        }
-        *result = static_cast<IPropertyNotifySink*>(this);
-        AddRef();
-        return S_OK;
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
-    ULONG STDMETHODCALLTYPE Release() override {
-        const ULONG left = --references_;
-        if (left == 0) delete this;
-        return left;
-    }
     HRESULT STDMETHODCALLTYPE OnChanged(DISPID) override {
         return entryPoint([this] {
             const FontRef font = font_.lock();
@@ -98,8 +82,6 @@ public:
     HRESULT STDMETHODCALLTYPE OnRequestEdit(DISPID) override { return S_OK; }
 
 private:
-    const module::Presence presence_;
-    ULONG references_ = 0;
     ComPtr<IFont> object_;
     std::weak_ptr<SharedFont> font_;
 };

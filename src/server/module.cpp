@@ -80,6 +80,10 @@ Presence::~Presence() {
     unlock();
 }
 
+std::shared_ptr<void> presence() {
+    return std::make_shared<Presence>();
+}
+
 bool idle() {
     return presences == 0;
 }
@@ -93,8 +97,7 @@ std::shared_ptr<win32::Win32Platform> platform() {
         if (entry.thread != thread) continue;
         if (auto shared = entry.platform.lock()) return shared;
     }
-    auto created =
-        std::make_shared<win32::Win32Platform>(ownHandle, [] { return std::make_shared<Presence>(); });
+    auto created = std::make_shared<win32::Win32Platform>(ownHandle, presence);
     platforms.push_back({thread, created});
     return created;
 }

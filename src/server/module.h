@@ -31,6 +31,8 @@ public:
     Presence& operator=(const Presence&) = delete;
     ~Presence();
 };
+// One for an object that does not hold it as a member.
+std::shared_ptr<void> presence();
 void lock();
 void unlock();
 // Whether nothing of the server is in use.

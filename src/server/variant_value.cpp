@@ -111,7 +111,7 @@ HRESULT fromObject(IUnknown* object, ValueType wanted, int depth, Value& value) 
         return S_OK;
     }
     if (wanted == ValueType::object) {
-        value = object ? std::make_shared<win32::NativeObject>(*object) : ObjectRef();
+        value = object ? std::make_shared<win32::NativeObject>(object) : ObjectRef();
         return S_OK;
     }
     if (wanted == ValueType::empty) {
@@ -202,9 +202,7 @@ HRESULT fromPlain(const VARIANT& plain, ValueType wanted, int depth, Value& valu
 // With a reference for the caller; null for no object.
 IUnknown* objectOf(const ObjectRef& value) {
     const auto* native = dynamic_cast<const win32::NativeObject*>(value.get());
-    if (!native) return nullptr;
-    native->object().AddRef();
-    return &native->object();
+    return native ? native->object().share() : nullptr;
 }
 
 bool isNumber(ValueType type) {

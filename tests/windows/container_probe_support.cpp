@@ -6,8 +6,6 @@
 
 namespace obk::testing_support {
 
-using container::ComObject;
-using container::ComPtr;
 using container::Variant;
 
 extern const IID probeEvents = {0x6B0C4B1E, 0x64A5, 0x4C0B, {0x9F, 0x31, 0x5C, 0x0E, 0x0B, 0x53, 0x77, 0x01}};

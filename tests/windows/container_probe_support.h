@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "container/com_object.h"
+#include "com/com_object.h"
 #include "container/variant.h"
 
 namespace obk::testing_support {
@@ -24,8 +24,8 @@ extern const IID probeEvents;
 
 /// Journal entries are the names of the calls; `alive` counts the probes that exist.
 class ProbeControl final
-    : public container::ComObject<IOleObject, IOleInPlaceObject, IOleInPlaceActiveObject, IOleControl,
-                                  IPersistStreamInit, IConnectionPointContainer, IProvideClassInfo2> {
+    : public ComObject<IOleObject, IOleInPlaceObject, IOleInPlaceActiveObject, IOleControl,
+                       IPersistStreamInit, IConnectionPointContainer, IProvideClassInfo2> {
 public:
     explicit ProbeControl(ProbeManner manner = {});
     ~ProbeControl() override;
@@ -36,15 +36,15 @@ public:
     HWND window = nullptr;
     RECT rectangle = {};
     std::vector<DISPID> ambientChanges;
-    container::ComPtr<IOleClientSite> site;
+    ComPtr<IOleClientSite> site;
     /// What TranslateAccelerator answers S_OK to.
     WPARAM usedKey = 0;
     int acceleratorCalls = 0;
     /// Offers Tab to the site instead of leaving it.
     bool offersTab = false;
 
-    container::ComPtr<IPropertyNotifySink> notifySink;
-    container::ComPtr<IDispatch> eventSink;
+    ComPtr<IPropertyNotifySink> notifySink;
+    ComPtr<IDispatch> eventSink;
     /// Raises an event with arguments in declared order; answers what the sink answered.
     HRESULT raise(DISPID number, const std::vector<container::Variant>& arguments);
 
@@ -106,7 +106,7 @@ protected:
     void* otherInterface(REFIID iid) override;
 
 private:
-    container::ComPtr<IOleInPlaceSite> inPlaceSite() const { return site.query<IOleInPlaceSite>(); }
+    ComPtr<IOleInPlaceSite> inPlaceSite() const { return site.query<IOleInPlaceSite>(); }
     void activate(HWND parent, const RECT& place);
 
     ProbeManner manner_;

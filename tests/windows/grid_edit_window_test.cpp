@@ -160,7 +160,7 @@ TEST_F(GridEditWindow, ABorderIsDraggedInTheCaptionBar) {
 }
 
 // What a drag asks: it goes on until the button is let go.
-class DragSource final : public container::ComObject<IDropSource> {
+class DragSource final : public ComObject<IDropSource> {
 public:
     HRESULT STDMETHODCALLTYPE QueryContinueDrag(BOOL, DWORD keys) override {
         return (keys & MK_LBUTTON) != 0 ? S_OK : DRAGDROP_S_DROP;
@@ -169,7 +169,7 @@ public:
 };
 
 TEST_F(GridEditWindow, ADropTellsTheHostWhatWasDroppedAndWhere) {
-    container::ComPtr<IDataObject> data;
+    ComPtr<IDataObject> data;
     OleSetClipboard(nullptr);
     ASSERT_EQ(OleGetClipboard(data.put()), S_OK);
     std::vector<Variant> told;
@@ -183,7 +183,7 @@ TEST_F(GridEditWindow, ADropTellsTheHostWhatWasDroppedAndWhere) {
     const int top = border + barHeight();
     person.moveTo(face(), target.x, target.y);
     person.press();
-    const auto source = container::ComPtr<DragSource>::adopt(new DragSource);
+    const auto source = ComPtr<DragSource>(new DragSource);
     mouse_event(MOUSEEVENTF_MOVE, 1, 0, 0, 0);
     mouse_event(MOUSEEVENTF_LEFTUP, 0, 0, 0, 0);
     DWORD effect = DROPEFFECT_NONE;

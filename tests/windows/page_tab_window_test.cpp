@@ -15,7 +15,6 @@ namespace obk {
 namespace {
 
 using namespace testing_support;
-using container::ComPtr;
 using container::Variant;
 
 constexpr const wchar_t* longSet =

@@ -15,7 +15,6 @@ namespace obk {
 namespace {
 
 using namespace testing_support;
-using container::ComPtr;
 
 std::wstring windowsPath(const std::string& path) {
     std::wstring result = L"Z:" + container::fromUtf8(path);

@@ -16,7 +16,6 @@ namespace {
 using namespace testing_support;
 using container::Arguments;
 using container::Bstr;
-using container::ComPtr;
 using container::Member;
 using container::TypeMembers;
 using container::Variant;
@@ -67,7 +66,7 @@ Variant reference(VARTYPE type, T& value) {
 }
 
 // An object whose default property is a given value, and nothing else.
-class DefaultValueObject final : public container::ComObject<IDispatch> {
+class DefaultValueObject final : public ComObject<IDispatch> {
 public:
     explicit DefaultValueObject(Variant value) : value_(std::move(value)) {}
     HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override { return *count = 0, S_OK; }

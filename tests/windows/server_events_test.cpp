@@ -12,7 +12,6 @@ namespace obk {
 namespace {
 
 using namespace testing_support;
-using container::ComPtr;
 using container::EventCall;
 using container::EventSink;
 using container::Variant;

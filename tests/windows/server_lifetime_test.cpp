@@ -12,7 +12,6 @@ namespace obk {
 namespace {
 
 using namespace testing_support;
-using container::ComPtr;
 
 TEST(ServerLifetime, TheServerMayBeUnloadedExactlyWhenNothingOfItIsInUse) {
     LoadedServer server;

@@ -17,7 +17,6 @@ namespace obk {
 namespace {
 
 using namespace testing_support;
-using container::ComPtr;
 using container::Dispatch;
 using container::PropertyBagText;
 using container::StoredFont;

@@ -6,8 +6,6 @@
 
 namespace obk::testing_support {
 
-using container::ComPtr;
-
 std::wstring serverFile() {
     std::wstring file = L"Z:" + container::fromUtf8(OBK_DIST_DIR) + L"\\OBKCTRLS.ocx";
     std::replace(file.begin(), file.end(), L'/', L'\\');

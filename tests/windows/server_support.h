@@ -19,9 +19,9 @@ namespace obk::testing_support {
 // The names of all classes that the server's type library offers.
 const std::vector<std::wstring>& serverClasses();
 std::wstring serverFile();
-container::ComPtr<ITypeLib> serverTypes();
+ComPtr<ITypeLib> serverTypes();
 // The type information of an interface or class by its name; empty when there is none.
-container::ComPtr<ITypeInfo> serverType(const std::wstring& name);
+ComPtr<ITypeInfo> serverType(const std::wstring& name);
 
 // Holds the server loaded, without registration.
 class LoadedServer {
@@ -33,8 +33,8 @@ public:
 
     HMODULE module() const { return module_; }
     bool canUnload() const;
-    container::ComPtr<IClassFactory> factory(const std::wstring& className) const;
-    container::ComPtr<IUnknown> create(const std::wstring& className) const;
+    ComPtr<IClassFactory> factory(const std::wstring& className) const;
+    ComPtr<IUnknown> create(const std::wstring& className) const;
 
 private:
     HMODULE module_;

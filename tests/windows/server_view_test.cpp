@@ -16,7 +16,6 @@ namespace obk {
 namespace {
 
 using namespace testing_support;
-using container::ComPtr;
 
 constexpr uint32_t untouched = DrawnPixels::untouched;
 

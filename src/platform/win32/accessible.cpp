@@ -1,11 +1,11 @@
 #include "platform/win32/accessible.h"
 
+#include "com/com_object.h"
 #include "platform/win32/surface_window.h"
 #include "platform/win32/text_conversion.h"
 
 #include <oleacc.h>
 
-#include <atomic>
 #include <new>
 
 namespace obk::win32 {
@@ -47,28 +47,10 @@ HRESULT answer(BSTR* result, TextView text) {
     return *result ? S_OK : E_OUTOFMEMORY;
 }
 
-class Accessible final : public IAccessible {
+class Accessible final : public ComObject<IAccessible> {
 public:
     Accessible(const std::shared_ptr<SurfaceWindow>& surface, std::shared_ptr<void> moduleLock)
-        : surface_(surface), moduleLock_(std::move(moduleLock)) {}
-
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** result) override {
-        if (!result) return E_POINTER;
-        *result = nullptr;
-        if (id != IID_IUnknown && id != IID_IDispatch && id != IID_IAccessible) return E_NOINTERFACE;
-        *result = static_cast<IAccessible*>(this);
-        AddRef();
-        return S_OK;
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override { return ++count_; }
-    ULONG STDMETHODCALLTYPE Release() override {
-        const ULONG left = --count_;
-        if (left == 0) {
-            const auto lock = moduleLock_;  // until the destructor's code has run
-            delete this;
-        }
-        return left;
-    }
+        : ComObject(std::move(moduleLock)), surface_(surface) {}
 
     HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override {
         if (!count) return E_POINTER;
@@ -283,6 +265,10 @@ private:
         }
     };
 
+    void* otherInterface(REFIID id) override {
+        return id == IID_IDispatch ? static_cast<IAccessible*>(this) : nullptr;
+    }
+
     template <typename Function>
     HRESULT guarded(Function function) {
         try {
@@ -320,14 +306,13 @@ private:
     }
 
     std::weak_ptr<SurfaceWindow> surface_;
-    std::shared_ptr<void> moduleLock_;
-    std::atomic<ULONG> count_{1};
 };
 
 }  // namespace
 
-IUnknown* createAccessible(const std::shared_ptr<SurfaceWindow>& surface, std::shared_ptr<void> moduleLock) {
-    return new (std::nothrow) Accessible(surface, std::move(moduleLock));
+ComPtr<IUnknown> createAccessible(const std::shared_ptr<SurfaceWindow>& surface,
+                                  std::shared_ptr<void> moduleLock) {
+    return new Accessible(surface, std::move(moduleLock));
 }
 
 }  // namespace obk::win32

@@ -1,7 +1,7 @@
 // What screen readers are told of a surface and the parts drawn on it.
 #pragma once
 
-#include <unknwn.h>
+#include "com/com_ptr.h"
 
 #include <memory>
 
@@ -9,9 +9,10 @@ namespace obk::win32 {
 
 class SurfaceWindow;
 
-// An IAccessible with one count for the caller. Children 1, 2, … are the drawn parts in the order the client
+// An IAccessible. Children 1, 2, … are the drawn parts in the order the client
 // lists them, then the surface's child windows. `moduleLock` is held as long as anyone holds the object,
 // which may be longer than the surface lives: it then answers that it is disconnected.
-IUnknown* createAccessible(const std::shared_ptr<SurfaceWindow>& surface, std::shared_ptr<void> moduleLock);
+ComPtr<IUnknown> createAccessible(const std::shared_ptr<SurfaceWindow>& surface,
+                                  std::shared_ptr<void> moduleLock);
 
 }  // namespace obk::win32

@@ -1,9 +1,8 @@
 #include "platform/win32/drop_target.h"
 
+#include "com/com_object.h"
 #include "platform/win32/native_object.h"
 #include "platform/win32/surface_window.h"
-
-#include <new>
 
 namespace obk::win32 {
 
@@ -24,28 +23,10 @@ int16_t buttonOf(DWORD keys) {
                                : int16_t{0};
 }
 
-class DropTarget final : public IDropTarget {
+class DropTarget final : public ComObject<IDropTarget> {
 public:
     DropTarget(const std::shared_ptr<SurfaceWindow>& surface, std::shared_ptr<void> moduleLock)
-        : surface_(surface), moduleLock_(std::move(moduleLock)) {}
-
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** result) override {
-        if (!result) return E_POINTER;
-        *result = nullptr;
-        if (id != IID_IUnknown && id != IID_IDropTarget) return E_NOINTERFACE;
-        *result = static_cast<IDropTarget*>(this);
-        AddRef();
-        return S_OK;
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override { return ++count_; }
-    ULONG STDMETHODCALLTYPE Release() override {
-        const ULONG left = --count_;
-        if (left == 0) {
-            const auto lock = moduleLock_;  // until the destructor's code has run
-            delete this;
-        }
-        return left;
-    }
+        : ComObject(std::move(moduleLock)), surface_(surface) {}
 
     HRESULT STDMETHODCALLTYPE DragEnter(IDataObject*, DWORD keys, POINTL at, DWORD* effect) override {
         return DragOver(keys, at, effect);
@@ -76,7 +57,7 @@ public:
             const POINT onScreen{at.x, at.y};
             if (!data || !surface || !surface->takesDrop(onScreen)) return S_OK;
             DropEvent event;
-            event.data = std::make_shared<NativeObject>(*data);
+            event.data = std::make_shared<NativeObject>(data);
             event.effect = static_cast<int32_t>(allowed);
             event.button = button_;
             event.shift = shiftOf(keys);
@@ -90,16 +71,14 @@ public:
 
 private:
     std::weak_ptr<SurfaceWindow> surface_;
-    std::shared_ptr<void> moduleLock_;
-    ULONG count_ = 1;
     int16_t button_ = button::left;  // no button is held any more when it is let go
 };
 
 }  // namespace
 
-IDropTarget* createDropTarget(const std::shared_ptr<SurfaceWindow>& surface,
-                              std::shared_ptr<void> moduleLock) {
-    return new (std::nothrow) DropTarget(surface, std::move(moduleLock));
+ComPtr<IDropTarget> createDropTarget(const std::shared_ptr<SurfaceWindow>& surface,
+                                     std::shared_ptr<void> moduleLock) {
+    return new DropTarget(surface, std::move(moduleLock));
 }
 
 }  // namespace obk::win32

@@ -3,24 +3,18 @@
 
 #include "base/opaque_object.h"
 
-#include <windows.h>
-
-#include <unknwn.h>
+#include "com/com_ptr.h"
 
 namespace obk::win32 {
 
 class NativeObject final : public OpaqueObject {
 public:
-    // Adds a reference of its own; `object` is not null.
-    explicit NativeObject(IUnknown& object) : object_(object) { object_.AddRef(); }
-    NativeObject(const NativeObject&) = delete;
-    NativeObject& operator=(const NativeObject&) = delete;
-    ~NativeObject() override { object_.Release(); }
+    explicit NativeObject(ComPtr<IUnknown> object) : object_(std::move(object)) {}
 
-    IUnknown& object() const { return object_; }
+    const ComPtr<IUnknown>& object() const { return object_; }
 
 private:
-    IUnknown& object_;
+    const ComPtr<IUnknown> object_;
 };
 
 }  // namespace obk::win32

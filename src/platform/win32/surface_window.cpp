@@ -57,10 +57,6 @@ SurfaceWindow::SurfaceWindow(std::shared_ptr<Environment> environment, SurfaceCl
       kind_(kind),
       visible_(kind == Kind::control) {}
 
-SurfaceWindow::~SurfaceWindow() {
-    if (accessible_) accessible_->Release();
-}
-
 std::shared_ptr<SurfaceWindow> SurfaceWindow::create(std::shared_ptr<Environment> environment,
                                                      SurfaceClient& client,
                                                      const SurfacePlacement& placement) {
@@ -100,11 +96,9 @@ void SurfaceWindow::destroyed() {
     wantsCapture_ = false;
     toolTip_.close();
     hostWatch_.end();
-    if (accessible_) {
-        // Screen readers in other processes let go of what no longer shows.
-        CoDisconnectObject(accessible_, 0);
-        std::exchange(accessible_, nullptr)->Release();
-    }
+    // Screen readers in other processes let go of what no longer shows.
+    if (accessible_) CoDisconnectObject(accessible_.get(), 0);
+    accessible_.reset();
 }
 
 void SurfaceWindow::show() {
@@ -270,12 +264,10 @@ void SurfaceWindow::setToolTip(const PixelRect& rect, TextView text) {
 
 void SurfaceWindow::acceptDrops() {
     if (acceptsDrops_ || !hwnd()) return;
-    IDropTarget* const target = createDropTarget(std::static_pointer_cast<SurfaceWindow>(shared_from_this()),
-                                                 environment().lockModule());
-    if (!target) return;
+    const auto target = createDropTarget(std::static_pointer_cast<SurfaceWindow>(shared_from_this()),
+                                         environment().lockModule());
     // Refused where the host's thread has not begun to use OLE.
-    acceptsDrops_ = SUCCEEDED(RegisterDragDrop(hwnd(), target));
-    target->Release();
+    acceptsDrops_ = SUCCEEDED(RegisterDragDrop(hwnd(), target.get()));
 }
 
 // Before the window goes: the system forgets its target by it.
@@ -395,7 +387,7 @@ LRESULT SurfaceWindow::accessible(const Message& message) {
         accessible_ = createAccessible(std::static_pointer_cast<SurfaceWindow>(shared_from_this()),
                                        environment().lockModule());
     }
-    return accessible_ ? LresultFromObject(IID_IAccessible, message.wParam, accessible_) : 0;
+    return LresultFromObject(IID_IAccessible, message.wParam, accessible_.get());
 }
 
 LRESULT SurfaceWindow::handle(const Message& message) {

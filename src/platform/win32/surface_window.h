@@ -1,13 +1,12 @@
 // A control's own window or a pop-up panel's.
 #pragma once
 
+#include "com/com_ptr.h"
 #include "platform/win32/client_window.h"
 #include "platform/win32/display.h"
 #include "platform/win32/host_watch.h"
 #include "platform/win32/tool_tip.h"
 #include "widgets/surface_peer.h"
-
-#include <unknwn.h>
 
 #include <memory>
 #include <optional>
@@ -22,7 +21,6 @@ public:
     // Null when the system refuses.
     static std::shared_ptr<SurfaceWindow> create(std::shared_ptr<Environment> environment,
                                                  SurfaceClient& client, const SurfacePlacement& placement);
-    ~SurfaceWindow() override;
 
     void closeSurface();
     Dpi dpi() const { return windowDpi(hwnd()); }
@@ -94,8 +92,8 @@ private:
     std::optional<Press> lastPress_;  // of the left button
     std::vector<std::weak_ptr<ChildWindow>> children_;
     ToolTip toolTip_;
-    HostWatch hostWatch_;             // while a panel shows
-    IUnknown* accessible_ = nullptr;  // counted
+    HostWatch hostWatch_;  // while a panel shows
+    ComPtr<IUnknown> accessible_;
 };
 
 HCURSOR systemCursor(Cursor cursor);

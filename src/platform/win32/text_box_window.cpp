@@ -1,5 +1,6 @@
 #include "platform/win32/text_box_window.h"
 
+#include "com/com_ptr.h"
 #include "platform/win32/surface_window.h"
 #include "platform/win32/text_conversion.h"
 
@@ -111,13 +112,12 @@ void TextBoxWindow::applyAccessibleName() {
     // Screen readers know edit windows better than anything of ours could describe them: only the name is
     // added.
     if (!hwnd()) return;
-    IAccPropServices* services = nullptr;
+    ComPtr<IAccPropServices> services;
     if (FAILED(CoCreateInstance(CLSID_AccPropServices, nullptr, CLSCTX_INPROC_SERVER, IID_IAccPropServices,
-                                reinterpret_cast<void**>(&services))))
+                                services.putVoid())))
         return;
     services->SetHwndPropStr(hwnd(), static_cast<DWORD>(OBJID_CLIENT), CHILDID_SELF, PROPID_ACC_NAME,
                              toWide(accessibleName_).c_str());
-    services->Release();
 }
 
 Text TextBoxWindow::text() const {
