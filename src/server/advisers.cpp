@@ -49,10 +49,6 @@ void Advisers::saved() {
     if (const auto holder = holder_) holder->SendOnSave();
 }
 
-void Advisers::renamed(IMoniker* moniker) {
-    if (const auto holder = holder_) holder->SendOnRename(moniker);
-}
-
 void Advisers::closed() {
     if (const auto holder = holder_) holder->SendOnClose();
 }

@@ -22,7 +22,6 @@ public:
     bool viewWatched() const { return static_cast<bool>(viewSink_); }
     void viewChanged();
     void saved();
-    void renamed(IMoniker* moniker);
     void closed();
 
 private:

@@ -26,7 +26,7 @@ HRESULT readExactly(IStream& stream, void* bytes, ULONG count) {
 
 std::optional<Value> BagAdapter::read(TextView key, ValueType expected) {
     OwnedVariant stored;
-    if (FAILED(bag_.Read(wideText(key).c_str(), &stored, log_))) return std::nullopt;
+    if (FAILED(bag_.Read(toWide(key).c_str(), &stored, log_))) return std::nullopt;
     const bool wantsObject = expected == ValueType::font || expected == ValueType::picture;
     Value value;
     if (FAILED(valueFromVariant(stored, wantsObject ? expected : ValueType::empty, value)))
@@ -36,7 +36,7 @@ std::optional<Value> BagAdapter::read(TextView key, ValueType expected) {
 
 void BagAdapter::write(TextView key, const Value& value) {
     OwnedVariant stored;
-    if (SUCCEEDED(variantFromValue(value, stored))) bag_.Write(wideText(key).c_str(), &stored);
+    if (SUCCEEDED(variantFromValue(value, stored))) bag_.Write(toWide(key).c_str(), &stored);
 }
 
 HRESULT writeBag(const MemoryBag& bag, IStream& stream) {

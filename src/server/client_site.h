@@ -13,7 +13,7 @@
 
 namespace obk::server {
 
-// Every function does nothing, and answers what is usual, without a site.
+// Every function does nothing, and answers the default, without a site.
 class ClientSite {
 public:
     void set(IOleClientSite* site);

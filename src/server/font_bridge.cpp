@@ -1,5 +1,6 @@
 #include "server/font_bridge.h"
 
+#include "com/automation.h"
 #include "com/com_object.h"
 #include "server/entry_point.h"
 #include "server/module.h"
@@ -18,9 +19,8 @@ constexpr double currencyUnit = 10000;
 
 FontDescription describe(IFont& font) {
     FontDescription description;
-    BSTR name = nullptr;
-    if (SUCCEEDED(font.get_Name(&name))) description.name = viewOfBstr(name);
-    SysFreeString(name);
+    Bstr name;
+    if (SUCCEEDED(font.get_Name(name.put()))) description.name = viewOfBstr(name.get());
     CY size{};
     if (SUCCEEDED(font.get_Size(&size))) description.size = static_cast<double>(size.int64) / currencyUnit;
     SHORT number = 0;
@@ -42,11 +42,7 @@ CY currency(double size) {
 // Only what differs: each put is a change that the font tells everybody about.
 void apply(const FontDescription& wanted, IFont& font) {
     const FontDescription present = describe(font);
-    if (wanted.name != present.name) {
-        const BSTR name = newBstr(wanted.name);
-        font.put_Name(name);
-        SysFreeString(name);
-    }
+    if (wanted.name != present.name) font.put_Name(Bstr(toWide(wanted.name)).get());
     if (wanted.size != present.size) font.put_Size(currency(wanted.size));
     if (wanted.weight != present.weight) font.put_Weight(wanted.weight);
     if (wanted.charset != present.charset) font.put_Charset(wanted.charset);
@@ -141,7 +137,7 @@ ComPtr<IDispatch> objectFromFont(const FontRef& font) {
     const FontDescription& description = font->description();
     FONTDESC wanted{};
     wanted.cbSizeofstruct = sizeof wanted;
-    std::wstring name = wideText(description.name);
+    std::wstring name = toWide(description.name);
     wanted.lpstrName = name.data();
     wanted.cySize = currency(description.size);
     wanted.sWeight = description.weight;

@@ -73,7 +73,7 @@ void InPlaceSession::becomeUiActive() {
     const ComPtr<IOleInPlaceUIWindow> document = document_;
     site->OnUIActivate();
     if (!uiActive_) return;
-    const std::wstring name = wideText(object_.table().name);
+    const std::wstring name = toWide(object_.table().name);
     if (frame) {
         frame->SetActiveObject(object_.activeObject(), name.c_str());
         frame->SetBorderSpace(nullptr);  // the frame keeps its own tools

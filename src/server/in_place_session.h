@@ -20,7 +20,6 @@ public:
     InPlaceSession& operator=(const InPlaceSession&) = delete;
 
     bool active() const { return static_cast<bool>(site_); }
-    bool uiActive() const { return uiActive_; }
 
     // Shows the control in the site's window. `parent` and `position` are what the caller of a verb suggests;
     // the site knows better.
@@ -36,7 +35,6 @@ public:
 
     // In pixels of the parent. What lies outside `clip` does not show.
     void place(const RECT& position, const RECT& clip);
-    const RECT& position() const { return position_; }
     // Asks the container for another size. It is not asked again for what it answers.
     void requestSize(PixelSize size);
 

@@ -12,7 +12,7 @@ namespace obk::server {
 
 namespace {
 
-// Values of a call; on the stack unless there are unusually many.
+// Values of a call; on the stack unless there are many.
 class ArgumentList {
 public:
     explicit ArgumentList(size_t count) : count_(count) {

@@ -120,7 +120,7 @@ HRESULT OleObjectPart::showProperties(HWND parent, const RECT* position) {
     if (!specified || FAILED(specified->GetPages(&pages))) return E_FAIL;
     HRESULT result = S_OK;
     if (pages.cElems > 0) {
-        const std::wstring caption = wideText(object_.table().name);
+        const std::wstring caption = toWide(object_.table().name);
         IUnknown* object = identity_.outer();
         result = OleCreatePropertyFrame(parent, position ? static_cast<UINT>(position->left) : 0,
                                         position ? static_cast<UINT>(position->top) : 0, caption.c_str(), 1,

@@ -1,9 +1,13 @@
 #include "server/picture_bridge.h"
 
+#include "platform/win32/display.h"
+#include "platform/win32/handles.h"
+
 #include <ocidl.h>
 #include <olectl.h>
 
 #include <cstring>
+#include <optional>
 
 namespace obk::server {
 
@@ -26,40 +30,27 @@ private:
 class PixelBuffer {
 public:
     explicit PixelBuffer(PixelSize size) : size_(size), context_(CreateCompatibleDC(nullptr)) {
-        BITMAPINFO info{};
-        info.bmiHeader.biSize = sizeof info.bmiHeader;
-        info.bmiHeader.biWidth = size.width;
-        info.bmiHeader.biHeight = -size.height;
-        info.bmiHeader.biPlanes = 1;
-        info.bmiHeader.biBitCount = 32;
-        info.bmiHeader.biCompression = BI_RGB;
-        bitmap_ =
-            CreateDIBSection(context_, &info, DIB_RGB_COLORS, reinterpret_cast<void**>(&pixels_), nullptr, 0);
-        previous_ = bitmap_ ? SelectObject(context_, bitmap_) : nullptr;
-    }
-    PixelBuffer(const PixelBuffer&) = delete;
-    PixelBuffer& operator=(const PixelBuffer&) = delete;
-    ~PixelBuffer() {
-        if (previous_) SelectObject(context_, previous_);
-        if (bitmap_) DeleteObject(bitmap_);
-        DeleteDC(context_);
+        const BITMAPINFO info = win32::bitmapInfo(size);
+        bitmap_.reset(CreateDIBSection(context_.get(), &info, DIB_RGB_COLORS,
+                                       reinterpret_cast<void**>(&pixels_), nullptr, 0));
+        selection_.emplace(context_.get(), bitmap_.get());
     }
     bool usable() const { return bitmap_ != nullptr; }
-    HDC context() const { return context_; }
+    HDC context() const { return context_.get(); }
     uint32_t* pixels() const { return pixels_; }
     size_t count() const { return static_cast<size_t>(size_.width) * static_cast<size_t>(size_.height); }
+    // The bitmap, for the caller to own.
     HBITMAP detach() {
-        SelectObject(context_, previous_);
-        previous_ = nullptr;
-        return std::exchange(bitmap_, nullptr);
+        selection_.reset();
+        return bitmap_.release();
     }
     void fill(uint32_t pixel) { std::fill_n(pixels_, count(), pixel); }
 
 private:
     PixelSize size_;
-    HDC context_;
-    HBITMAP bitmap_ = nullptr;
-    HGDIOBJ previous_ = nullptr;
+    win32::UniqueMemoryDc context_;
+    win32::UniqueBitmap bitmap_;
+    std::optional<win32::Selection> selection_;
     uint32_t* pixels_ = nullptr;
 };
 
@@ -97,9 +88,8 @@ PixelSize sizeOf(IPicture& picture) {
     OLE_XSIZE_HIMETRIC width = 0;
     OLE_YSIZE_HIMETRIC height = 0;
     if (FAILED(picture.get_Width(&width)) || FAILED(picture.get_Height(&height))) return {};
-    const HDC screen = GetDC(nullptr);
-    const int dpiX = GetDeviceCaps(screen, LOGPIXELSX), dpiY = GetDeviceCaps(screen, LOGPIXELSY);
-    ReleaseDC(nullptr, screen);
+    const win32::ScreenDc screen;
+    const int dpiX = GetDeviceCaps(screen.get(), LOGPIXELSX), dpiY = GetDeviceCaps(screen.get(), LOGPIXELSY);
     const PixelSize size{MulDiv(width, dpiX, himetricPerInch), MulDiv(height, dpiY, himetricPerInch)};
     const bool reasonable =
         size.width > 0 && size.height > 0 && size.width <= longestEdge && size.height <= longestEdge;

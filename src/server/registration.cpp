@@ -23,21 +23,21 @@ constexpr wchar_t ownSystem[] = L"win32", otherSystem[] = L"win64";
 RegistryEntries classEntries(const ControlTable& table, const std::wstring& file) {
     const std::wstring id = guidText(systemGuid(table.classId));
     const std::wstring key = L"CLSID\\" + id;
-    const std::wstring description = wideText(classDescription(table));
-    const std::wstring versioned = wideText(versionedProgrammaticId(table));
+    const std::wstring description = toWide(classDescription(table));
+    const std::wstring versioned = toWide(versionedProgrammaticId(table));
     RegistryEntries entries;
     entries.add(key, description);
     entries.add(key + L"\\InprocServer32", file);
     entries.add(key + L"\\InprocServer32", L"Apartment", L"ThreadingModel");
     entries.add(key + L"\\ProgID", versioned);
-    entries.add(key + L"\\VersionIndependentProgID", wideText(programmaticId(table)));
+    entries.add(key + L"\\VersionIndependentProgID", toWide(programmaticId(table)));
     entries.add(key + L"\\Control", L"");
     entries.add(key + L"\\MiscStatus", L"0");
     entries.add(key + L"\\MiscStatus\\1", std::to_wstring(miscellaneousStatus(table)));
     if (table.toolboxPicture != 0)
         entries.add(key + L"\\ToolboxBitmap32", file + L", " + std::to_wstring(table.toolboxPicture));
     entries.add(key + L"\\TypeLib", guidText(systemGuid(library().id)));
-    entries.add(key + L"\\Version", wideText(libraryVersion(library())));
+    entries.add(key + L"\\Version", toWide(libraryVersion(library())));
     entries.add(key + L"\\Verb\\0", L"Edit,0,0");
     entries.add(key + L"\\Verb\\-7", L"&Properties,0,2");  // shown in the container's menu
     entries.add(key + L"\\Implemented Categories\\" + controlCategory, L"");
@@ -48,11 +48,11 @@ RegistryEntries classEntries(const ControlTable& table, const std::wstring& file
 
 // The name without a version belongs to whichever version was registered last.
 RegistryEntries currentVersionEntries(const ControlTable& table) {
-    const std::wstring name = wideText(programmaticId(table));
+    const std::wstring name = toWide(programmaticId(table));
     RegistryEntries entries;
-    entries.add(name, wideText(classDescription(table)));
+    entries.add(name, toWide(classDescription(table)));
     entries.add(name + L"\\CLSID", guidText(systemGuid(table.classId)));
-    entries.add(name + L"\\CurVer", wideText(versionedProgrammaticId(table)));
+    entries.add(name + L"\\CurVer", toWide(versionedProgrammaticId(table)));
     return entries;
 }
 
@@ -66,16 +66,16 @@ std::wstring typeLibraryKey() {
 // than it wrote; so its values are written as all others are.
 RegistryEntries fileEntries(const wchar_t* system, const std::wstring& file) {
     RegistryEntries entries;
-    entries.add(typeLibraryKey() + L"\\" + wideText(libraryVersion(library())) + L"\\0\\" + system, file);
+    entries.add(typeLibraryKey() + L"\\" + toWide(libraryVersion(library())) + L"\\0\\" + system, file);
     return entries;
 }
 
 // What the servers of both architectures share.
 RegistryEntries typeEntries(const std::wstring& file) {
-    const std::wstring version = wideText(libraryVersion(library()));
+    const std::wstring version = toWide(libraryVersion(library()));
     const std::wstring key = typeLibraryKey() + L"\\" + version;
     RegistryEntries entries;
-    entries.add(key, wideText(library().description));
+    entries.add(key, toWide(library().description));
     entries.add(key + L"\\FLAGS", L"0");
     entries.add(key + L"\\HELPDIR", file.substr(0, file.rfind(L'\\')));
     const auto addInterface = [&](const Guid& id, const std::wstring& name) {
@@ -86,8 +86,8 @@ RegistryEntries typeEntries(const std::wstring& file) {
         entries.add(interfaceKey + L"\\TypeLib", version, L"Version");
     };
     for (const ControlTable* table : publicControls(library())) {
-        addInterface(table->interfaceId, L"_" + wideText(table->name));
-        addInterface(table->eventInterfaceId, L"__" + wideText(table->name));
+        addInterface(table->interfaceId, L"_" + toWide(table->name));
+        addInterface(table->eventInterfaceId, L"__" + toWide(table->name));
     }
     return entries;
 }
@@ -112,8 +112,8 @@ HRESULT unregisterServer(RegistrationScope scope) {
     const ClassesKey classes(scope);
     bool removed = true;
     for (const ControlTable* table : publicControls(library())) {
-        const std::wstring current = classes.text(wideText(programmaticId(*table)) + L"\\CurVer");
-        if (current == wideText(versionedProgrammaticId(*table)))
+        const std::wstring current = classes.text(toWide(programmaticId(*table)) + L"\\CurVer");
+        if (current == toWide(versionedProgrammaticId(*table)))
             removed = currentVersionEntries(*table).remove(classes) && removed;
         removed = classEntries(*table, file).remove(classes) && removed;
     }

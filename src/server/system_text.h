@@ -1,8 +1,9 @@
-// Between the library's texts and identifiers and the system's: the only place where they are converted.
+// Between the library's texts and identifiers and COM's.
 #pragma once
 
 #include "base/guid.h"
 #include "base/text.h"
+#include "platform/win32/text_conversion.h"
 
 #include <windows.h>
 
@@ -28,12 +29,7 @@ inline TextView viewOfBstr(BSTR text) {
     return text ? viewOf(text, SysStringLen(text)) : TextView();
 }
 
-inline const wchar_t* wide(const Text& text) {
-    return reinterpret_cast<const wchar_t*>(text.c_str());
-}
-inline std::wstring wideText(TextView text) {
-    return {reinterpret_cast<const wchar_t*>(text.data()), text.size()};
-}
+using win32::toWide;
 
 // The caller owns the result; null when memory is short.
 inline BSTR newBstr(TextView text) {

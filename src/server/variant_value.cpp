@@ -1,10 +1,13 @@
 #include "server/variant_value.h"
 
+#include "com/automation.h"
 #include "com/com_ptr.h"
 #include "platform/win32/native_object.h"
 #include "server/font_bridge.h"
 #include "server/picture_bridge.h"
 #include "server/system_text.h"
+
+#include <cstring>
 
 namespace obk::server {
 
@@ -12,7 +15,6 @@ namespace {
 
 // Default properties may name further objects; a circle of them ends here.
 constexpr int deepestDefault = 8;
-constexpr LCID neutralLocale = MAKELCID(MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US), SORT_DEFAULT);
 
 // A by-value view of a variant: what it refers to, without a copy of texts or objects.
 bool dereferenced(const VARIANT& variant, VARIANT& plain) {
@@ -25,49 +27,14 @@ bool dereferenced(const VARIANT& variant, VARIANT& plain) {
     if (!V_ISBYREF(source)) return true;
     if (!V_BYREF(source)) return false;
     V_VT(&plain) = static_cast<VARTYPE>(V_VT(source) & ~VT_BYREF);
-    switch (V_VT(&plain)) {
-        case VT_I1:
-        case VT_UI1:
-            V_UI1(&plain) = *V_UI1REF(source);
-            return true;
-        case VT_I2:
-        case VT_UI2:
-        case VT_BOOL:
-            V_I2(&plain) = *V_I2REF(source);
-            return true;
-        case VT_I4:
-        case VT_UI4:
-        case VT_INT:
-        case VT_UINT:
-        case VT_ERROR:
-            V_I4(&plain) = *V_I4REF(source);
-            return true;
-        case VT_R4:
-            V_R4(&plain) = *V_R4REF(source);
-            return true;
-        case VT_I8:
-        case VT_UI8:
-        case VT_CY:
-            V_I8(&plain) = *V_I8REF(source);
-            return true;
-        case VT_R8:
-        case VT_DATE:
-            V_R8(&plain) = *V_R8REF(source);
-            return true;
-        case VT_BSTR:
-            V_BSTR(&plain) = *V_BSTRREF(source);
-            return true;
-        case VT_DISPATCH:
-        case VT_UNKNOWN:
-            V_UNKNOWN(&plain) = *V_UNKNOWNREF(source);
-            return true;
-        case VT_DECIMAL:
-            V_DECIMAL(&plain) = *V_DECIMALREF(source);
-            V_VT(&plain) = VT_DECIMAL;  // the structures overlap
-            return true;
-        default:
-            return false;
+    if (V_VT(&plain) == VT_DECIMAL) {
+        V_DECIMAL(&plain) = *V_DECIMALREF(source);
+        V_VT(&plain) = VT_DECIMAL;  // the structures overlap
+        return true;
     }
+    const size_t size = contentSize(V_VT(&plain));
+    std::memcpy(&V_NONE(&plain), V_BYREF(source), size);
+    return size > 0;
 }
 
 // Types that the library has no counterpart of: read as what is nearest to what is wanted.
@@ -139,7 +106,7 @@ HRESULT fromPlain(const VARIANT& plain, ValueType wanted, int depth, Value& valu
         case VT_ERROR:
             if (V_ERROR(&plain) != DISP_E_PARAMNOTFOUND) return DISP_E_TYPEMISMATCH;
             value = std::monostate();
-            return S_OK;  // left out stays apart from an empty value that was given
+            return S_OK;  // left out stays distinct from an empty value that was given
         case VT_BOOL:
             value = V_BOOL(&plain) != VARIANT_FALSE;
             break;
@@ -298,45 +265,12 @@ void writeBack(const Value& value, const VARIANT& reference) {
     }
     const auto type = static_cast<VARTYPE>(V_VT(&reference) & ~VT_BYREF);
     if (FAILED(VariantChangeTypeEx(&changed, &changed, neutralLocale, VARIANT_NOUSEROVERRIDE, type))) return;
-    switch (type) {
-        case VT_I1:
-        case VT_UI1:
-            *V_UI1REF(&reference) = V_UI1(&changed);
-            break;
-        case VT_I2:
-        case VT_UI2:
-        case VT_BOOL:
-            *V_I2REF(&reference) = V_I2(&changed);
-            break;
-        case VT_I4:
-        case VT_UI4:
-        case VT_INT:
-        case VT_UINT:
-            *V_I4REF(&reference) = V_I4(&changed);
-            break;
-        case VT_R4:
-            *V_R4REF(&reference) = V_R4(&changed);
-            break;
-        case VT_I8:
-        case VT_UI8:
-        case VT_CY:
-            *V_I8REF(&reference) = V_I8(&changed);
-            break;
-        case VT_R8:
-        case VT_DATE:
-            *V_R8REF(&reference) = V_R8(&changed);
-            break;
-        case VT_DECIMAL: {
-            const auto keptReserved = V_DECIMALREF(&reference)->wReserved;
-            *V_DECIMALREF(&reference) = V_DECIMAL(&changed);
-            V_DECIMALREF(&reference)->wReserved = keptReserved;
-            break;
-        }
-        case VT_BSTR:
-            std::swap(*V_BSTRREF(&reference), V_BSTR(&changed));  // the old text goes with `changed`
-            break;
-        default:
-            break;
+    if (type == VT_DECIMAL) {
+        const auto keptReserved = V_DECIMALREF(&reference)->wReserved;
+        *V_DECIMALREF(&reference) = V_DECIMAL(&changed);
+        V_DECIMALREF(&reference)->wReserved = keptReserved;
+    } else {
+        exchangeContent(reference, changed);  // what stood there goes with `changed`
     }
 }
 

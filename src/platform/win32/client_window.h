@@ -55,7 +55,6 @@ protected:
     virtual bool hasOwnMouse() const { return false; }
 
     Environment& environment() const { return *environment_; }
-    const std::shared_ptr<Environment>& sharedEnvironment() const { return environment_; }
     bool open() const { return client_ != nullptr && window_ != nullptr; }
     // Silences the reports for one scope.
     class Silence {

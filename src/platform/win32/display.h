@@ -1,4 +1,4 @@
-// What the system knows of monitors: their resolution and the part of each that windows may use.
+// Monitors (their resolution, the part of each that windows may use) and pixels as the system describes them.
 #pragma once
 
 #include "base/units.h"
@@ -17,5 +17,8 @@ PixelRect workAreaOf(HWND window);
 // Coordinates are held within what GDI can draw (27 bits).
 RECT toRect(const PixelRect& rect);
 PixelRect fromRect(const RECT& rect);
+
+// A bitmap of 32-bit pixels, rows from the top.
+BITMAPINFO bitmapInfo(PixelSize size);
 
 }  // namespace obk::win32

@@ -40,17 +40,6 @@ private:
     COLORREF previous_ = 0;
 };
 
-BITMAPINFO infoOf(PixelSize size) {
-    BITMAPINFO info{};
-    info.bmiHeader.biSize = sizeof info.bmiHeader;
-    info.bmiHeader.biWidth = size.width;
-    info.bmiHeader.biHeight = -size.height;  // rows from the top
-    info.bmiHeader.biPlanes = 1;
-    info.bmiHeader.biBitCount = 32;
-    info.bmiHeader.biCompression = BI_RGB;
-    return info;
-}
-
 UINT alignmentOf(HorizontalAlignment alignment) {
     switch (alignment) {
         case HorizontalAlignment::left:
@@ -181,7 +170,7 @@ void GdiCanvas::drawPicture(const SharedPicture& picture, const PixelRect& rect)
 }
 
 void GdiCanvas::blend(const uint32_t* pixels, PixelSize size, const PixelRect& rect) {
-    const BITMAPINFO info = infoOf(size);
+    const BITMAPINFO info = bitmapInfo(size);
     void* bits = nullptr;
     const UniqueBitmap bitmap(CreateDIBSection(dc_, &info, DIB_RGB_COLORS, &bits, nullptr, 0));
     const UniqueMemoryDc memory(CreateCompatibleDC(dc_));
@@ -210,7 +199,7 @@ void GdiCanvas::stampOpaque(const SharedPicture& picture, const PixelRect& rect)
             colours[i] = (colours[i] & white) + paper;
         }
     }
-    const BITMAPINFO info = infoOf(picture.size());
+    const BITMAPINFO info = bitmapInfo(picture.size());
     const RECT area = toRect(rect);
     const auto stamp = [&](const std::vector<uint32_t>& pixels, DWORD operation) {
         StretchDIBits(dc_, area.left, area.top, area.right - area.left, area.bottom - area.top, 0, 0,

@@ -358,13 +358,7 @@ void SurfaceWindow::paint(HWND window) {
 
 void SurfaceWindow::paintOn(HDC dc, const PixelRect& dirty) {
     if (dirty.empty()) return;
-    BITMAPINFO info{};
-    info.bmiHeader.biSize = sizeof info.bmiHeader;
-    info.bmiHeader.biWidth = dirty.width();
-    info.bmiHeader.biHeight = -dirty.height();
-    info.bmiHeader.biPlanes = 1;
-    info.bmiHeader.biBitCount = 32;
-    info.bmiHeader.biCompression = BI_RGB;
+    const BITMAPINFO info = bitmapInfo({dirty.width(), dirty.height()});
     void* bits = nullptr;
     const UniqueBitmap buffer(CreateDIBSection(dc, &info, DIB_RGB_COLORS, &bits, nullptr, 0));
     const UniqueMemoryDc memory(CreateCompatibleDC(dc));
