@@ -62,12 +62,8 @@ Variant AmbientProperties::value(DISPID number) const {
 HRESULT AmbientProperties::read(DISPID number, VARIANT* result) {
     asked_.push_back(number);
     const auto found = values_.find(number);
-    if (found == values_.end()) {
-        return DISP_E_MEMBERNOTFOUND;
-    }
-    if (result) {
-        *result = Variant(found->second).detach();
-    }
+    if (found == values_.end()) return DISP_E_MEMBERNOTFOUND;
+    if (result) *result = Variant(found->second).detach();
     return S_OK;
 }
 

@@ -12,22 +12,21 @@
 
 namespace obk::container {
 
-/// Values by their DISPID_AMBIENT_* number. Starts with what a form of ordinary colours in run mode
-/// offers; the font is the system's message font.
+// Values by their DISPID_AMBIENT_* number. Starts with what a form of ordinary colours in run mode
+// offers; the font is the system's message font.
 class AmbientProperties {
 public:
     AmbientProperties();
 
-    /// Sets a value; the control is told by ControlSite::ambientChanged.
+    // Sets a value; the control is told by ControlSite::ambientChanged.
     void set(DISPID number, Variant value);
-    /// From now on the container does not know the property.
+    // From now on the container does not know the property.
     void remove(DISPID number);
-    /// Empty when the container does not know it.
+    // Empty when the container does not know it.
     Variant value(DISPID number) const;
 
-    /// The numbers that controls have asked for, in order, unknown ones too.
+    // The numbers that controls have asked for, in order, unknown ones too.
     const std::vector<DISPID>& asked() const { return asked_; }
-    void forgetAsked() { asked_.clear(); }
 
     HRESULT read(DISPID number, VARIANT* result);
 

@@ -6,30 +6,6 @@
 
 namespace obk::container {
 
-HRESULT ChangeJournal::connect(IUnknown* control) {
-    disconnect();
-    const auto container = ComPtr<IUnknown>(control).query<IConnectionPointContainer>();
-    if (!container) {
-        return CONNECT_E_NOCONNECTION;
-    }
-    ComPtr<IConnectionPoint> point;
-    HRESULT done = container->FindConnectionPoint(IID_IPropertyNotifySink, point.put());
-    if (SUCCEEDED(done)) {
-        done = point->Advise(this, &cookie_);
-    }
-    if (SUCCEEDED(done)) {
-        point_ = point;
-    }
-    return done;
-}
-
-void ChangeJournal::disconnect() {
-    const ComPtr<ChangeJournal> alive(this);
-    if (const ComPtr<IConnectionPoint> point = std::exchange(point_, nullptr)) {
-        point->Unadvise(cookie_);
-    }
-}
-
 size_t ChangeJournal::countChanged(DISPID number) const {
     return static_cast<size_t>(std::count(changed_.begin(), changed_.end(), number));
 }
@@ -42,9 +18,7 @@ void ChangeJournal::clear() {
 HRESULT ChangeJournal::OnChanged(DISPID number) {
     const ComPtr<ChangeJournal> alive(this);
     changed_.push_back(number);
-    if (const auto handler = onChanged) {
-        handler(number);
-    }
+    if (const auto handler = onChanged) handler(number);
     return S_OK;
 }
 

@@ -7,15 +7,18 @@
 #include <vector>
 
 #include "com/com_object.h"
+#include "container/connection.h"
 
 namespace obk::container {
 
-/// Keeps the numbers of changed properties in the order of their arrival; may refuse changes.
+// Keeps the numbers of changed properties in the order of their arrival; may refuse changes.
 class ChangeJournal final : public ComObject<IPropertyNotifySink> {
 public:
-    /// Subscribes; CONNECT_E_NOCONNECTION when the control does not notify.
-    HRESULT connect(IUnknown* control);
-    void disconnect();
+    // Subscribes; CONNECT_E_NOCONNECTION when the control does not notify.
+    HRESULT connect(IUnknown* control) {
+        return connection_.open(control, __uuidof(IPropertyNotifySink), this);
+    }
+    void disconnect() { connection_.close(); }
 
     const std::vector<DISPID>& changed() const { return changed_; }
     const std::vector<DISPID>& requested() const { return requested_; }
@@ -23,15 +26,14 @@ public:
     void clear();
 
     std::function<void(DISPID)> onChanged;
-    /// False refuses the change.
+    // False refuses the change.
     std::function<bool(DISPID)> onRequestEdit;
 
     HRESULT STDMETHODCALLTYPE OnChanged(DISPID number) override;
     HRESULT STDMETHODCALLTYPE OnRequestEdit(DISPID number) override;
 
 private:
-    ComPtr<IConnectionPoint> point_;
-    DWORD cookie_ = 0;
+    Connection connection_;
     std::vector<DISPID> changed_;
     std::vector<DISPID> requested_;
 };

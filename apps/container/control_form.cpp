@@ -10,7 +10,7 @@
 
 namespace obk::container {
 
-/// The frame that controls see. It offers no space for tools and no menus.
+// The frame that controls see. It offers no space for tools and no menus.
 class FrameObject final : public ComObject<IOleInPlaceFrame> {
 public:
     explicit FrameObject(HWND window) : window_(window) {}
@@ -22,9 +22,7 @@ public:
     }
 
     HRESULT STDMETHODCALLTYPE GetWindow(HWND* window) override {
-        if (!window) {
-            return E_POINTER;
-        }
+        if (!window) return E_POINTER;
         *window = window_;
         return window_ ? S_OK : E_FAIL;
     }
@@ -64,7 +62,7 @@ bool keyDown(int key) {
     return GetKeyState(key) < 0;
 }
 
-/// A window that cannot be reached by the keyboard now.
+// A window that cannot be reached by the keyboard now.
 bool closedToFocus(HWND window) {
     return !IsWindowVisible(window) || !IsWindowEnabled(window);
 }
@@ -110,9 +108,7 @@ void ControlForm::remove(HWND window) {
 
 ControlSite* ControlForm::siteOf(HWND window) const {
     for (const Stop& stop : stops_) {
-        if (stop.site && stop.site->holdsWindow(window)) {
-            return stop.site;
-        }
+        if (stop.site && stop.site->holdsWindow(window)) return stop.site;
     }
     return nullptr;
 }
@@ -120,9 +116,7 @@ ControlSite* ControlForm::siteOf(HWND window) const {
 size_t ControlForm::currentStop() const {
     const HWND focus = GetFocus();
     const auto found = std::find_if(stops_.begin(), stops_.end(), [&](const Stop& stop) {
-        if (stop.site) {
-            return stop.site->holdsWindow(focus) || (!focus && stop.site == active_);
-        }
+        if (stop.site) return stop.site->holdsWindow(focus) || (!focus && stop.site == active_);
         return stop.window == focus || IsChild(stop.window, focus);
     });
     return static_cast<size_t>(found - stops_.begin());
@@ -135,59 +129,41 @@ bool ControlForm::moveFocus(Direction direction, MSG* key) {
     const size_t current = currentStop();
     for (size_t step = 1; step <= count; ++step) {
         size_t next = 0;
-        if (direction == Direction::Forward) {
+        if (direction == Direction::forward) {
             next = current == count ? step - 1 : (current + step) % count;
         } else {
             next = (current + count - step) % count;
         }
-        if (next == current) {
-            continue;
-        }
+        if (next == current) continue;
         const Stop& stop = stops[next];
         const bool still = std::any_of(stops_.begin(), stops_.end(), [&](const Stop& other) {
             return other.site == stop.site && other.window == stop.window;
         });
-        if (still && enterStop(stop, key)) {
-            return true;
-        }
+        if (still && enterStop(stop, key)) return true;
     }
     return false;
 }
 
 bool ControlForm::enterStop(const Stop& stop, MSG* key) {
-    if (stop.site) {
-        return enter(*stop.site, key);
-    }
-    if (closedToFocus(stop.window)) {
-        return false;
-    }
+    if (stop.site) return enter(*stop.site, key);
+    if (closedToFocus(stop.window)) return false;
     enter(stop.window);
     return true;
 }
 
 bool ControlForm::enter(ControlSite& site, MSG* key) {
-    if (!site.takesFocus() || closedToFocus(site.window())) {
-        return false;
-    }
-    if (FAILED(site.doVerb(OLEIVERB_UIACTIVATE, key))) {
-        return false;
-    }
-    if (site.holdsWindow(GetFocus())) {
-        return true;
-    }
+    if (!site.takesFocus() || closedToFocus(site.window())) return false;
+    if (FAILED(site.doVerb(OLEIVERB_UIACTIVATE, key))) return false;
+    if (site.holdsWindow(GetFocus())) return true;
     // It let itself be activated but has nothing to put the focus on, as when it is disabled.
     site.uiDeactivate();
     return false;
 }
 
 void ControlForm::enter(HWND window) {
-    if (active_) {
-        active_->uiDeactivate();
-    }
+    if (active_) active_->uiDeactivate();
     SetFocus(window);
-    if (SendMessageW(window, WM_GETDLGCODE, 0, 0) & DLGC_HASSETSEL) {
-        SendMessageW(window, EM_SETSEL, 0, -1);
-    }
+    if (SendMessageW(window, WM_GETDLGCODE, 0, 0) & DLGC_HASSETSEL) SendMessageW(window, EM_SETSEL, 0, -1);
 }
 
 bool ControlForm::owns(HWND window) const {
@@ -199,45 +175,31 @@ bool ControlForm::owns(HWND window) const {
 }
 
 bool ControlForm::translate(MSG& message) {
-    if (message.message < WM_KEYFIRST || message.message > WM_KEYLAST) {
-        return false;
-    }
-    if (!owns(message.hwnd)) {
-        return false;
-    }
+    if (message.message < WM_KEYFIRST || message.message > WM_KEYLAST) return false;
+    if (!owns(message.hwnd)) return false;
     if (active_ && active_->holdsWindow(message.hwnd)) {
         const ComPtr<IOleInPlaceActiveObject> object =
             frame_->activeObject() ? frame_->activeObject() : active_->query<IOleInPlaceActiveObject>();
-        if (object && object->TranslateAccelerator(&message) == S_OK) {
-            return true;
-        }
+        if (object && object->TranslateAccelerator(&message) == S_OK) return true;
     }
-    if (translateMnemonic(message)) {
-        return true;
-    }
+    if (translateMnemonic(message)) return true;
     const bool tab = message.message == WM_KEYDOWN && message.wParam == VK_TAB;
-    if (!tab || keyDown(VK_CONTROL) || keyDown(VK_MENU)) {
+    if (!tab || keyDown(VK_CONTROL) || keyDown(VK_MENU)) return false;
+    if (!siteOf(message.hwnd) && (SendMessageW(message.hwnd, WM_GETDLGCODE, VK_TAB, 0) & DLGC_WANTTAB))
         return false;
-    }
-    if (!siteOf(message.hwnd) && (SendMessageW(message.hwnd, WM_GETDLGCODE, VK_TAB, 0) & DLGC_WANTTAB)) {
-        return false;
-    }
-    return moveFocus(keyDown(VK_SHIFT) ? Direction::Backward : Direction::Forward, &message);
+    return moveFocus(keyDown(VK_SHIFT) ? Direction::backward : Direction::forward, &message);
 }
 
 bool ControlForm::translateMnemonic(MSG& message) {
-    if (message.message != WM_SYSCHAR && message.message != WM_SYSKEYDOWN) {
-        return false;
-    }
+    if (message.message != WM_SYSCHAR && message.message != WM_SYSKEYDOWN) return false;
     for (const Stop& stop : stops_) {
         const auto control = stop.site ? stop.site->query<IOleControl>() : nullptr;
         CONTROLINFO information = {};
         information.cb = sizeof information;
         WORD command = 0;
         if (control && control->GetControlInfo(&information) == S_OK && information.hAccel &&
-            IsAccelerator(information.hAccel, information.cAccel, &message, &command)) {
+            IsAccelerator(information.hAccel, information.cAccel, &message, &command))
             return SUCCEEDED(control->OnMnemonic(&message));
-        }
     }
     return false;
 }
@@ -245,9 +207,8 @@ bool ControlForm::translateMnemonic(MSG& message) {
 void ControlForm::followFocus() {
     const HWND focus = GetFocus();
     if (active_ && focus && !active_->holdsWindow(focus) &&
-        GetAncestor(focus, GA_ROOT) == GetAncestor(window_, GA_ROOT)) {
+        GetAncestor(focus, GA_ROOT) == GetAncestor(window_, GA_ROOT))
         active_->uiDeactivate();
-    }
 }
 
 void ControlForm::frameActivated(bool active) {
@@ -260,15 +221,11 @@ void ControlForm::frameActivated(bool active) {
 
 void ControlForm::siteActivated(ControlSite& site) {
     ControlSite* previous = std::exchange(active_, &site);
-    if (previous && previous != &site) {
-        previous->uiDeactivate();
-    }
+    if (previous && previous != &site) previous->uiDeactivate();
 }
 
 void ControlForm::siteDeactivated(ControlSite& site) {
-    if (active_ == &site) {
-        active_ = nullptr;
-    }
+    if (active_ == &site) active_ = nullptr;
 }
 
 }  // namespace obk::container

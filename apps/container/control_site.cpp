@@ -11,7 +11,7 @@ namespace obk::container {
 
 namespace {
 
-/// More rounding than this between pixels and 1/100 mm is a wish of the control.
+// More rounding than this between pixels and 1/100 mm is a wish of the control.
 constexpr int roundingPixels = 1;
 
 bool differs(LONG first, LONG second) {
@@ -27,7 +27,7 @@ ControlSite::ControlSite(ControlForm& form, SiteSettings settings)
       events_(new EventSink),
       changes_(new ChangeJournal) {
     site_->ambients.set(DISPID_AMBIENT_DISPLAYNAME, settings_.name);
-    site_->ambients.set(DISPID_AMBIENT_USERMODE, settings_.mode == SiteMode::Run);
+    site_->ambients.set(DISPID_AMBIENT_USERMODE, settings_.mode == SiteMode::run);
     form_.add(*this);
 }
 
@@ -46,37 +46,27 @@ HRESULT ControlSite::create(const ServerContext& server, const std::wstring& pro
 
 HRESULT ControlSite::adopt(ComPtr<IUnknown> control, const InitialState& state) {
     close();
-    if (!control) {
-        return E_POINTER;
-    }
+    if (!control) return E_POINTER;
     control_ = std::move(control);
     const bool first =
-        settings_.order == SiteOrder::BeforeState ||
-        (settings_.order == SiteOrder::AsControlAsks && (status() & OLEMISC_SETCLIENTSITEFIRST));
-    if (first) {
-        setSite();
-    }
+        settings_.order == SiteOrder::beforeState ||
+        (settings_.order == SiteOrder::asControlAsks && (status() & OLEMISC_SETCLIENTSITEFIRST));
+    if (first) setSite();
     const HRESULT given = giveState(state);
     if (FAILED(given)) {
         close();
         return given;
     }
-    if (!first && settings_.order != SiteOrder::Never) {
-        setSite();
-    }
+    if (!first && settings_.order != SiteOrder::never) setSite();
     events_->connect(control_.get());
     changes_->connect(control_.get());
-    if (const auto view = query<IViewObject>()) {
-        view->SetAdvise(DVASPECT_CONTENT, 0, site_.get());
-    }
-    state_ = SiteState::Loaded;
+    if (const auto view = query<IViewObject>()) view->SetAdvise(DVASPECT_CONTENT, 0, site_.get());
+    state_ = SiteState::loaded;
     return S_OK;
 }
 
 void ControlSite::setSite() {
-    if (const auto object = query<IOleObject>()) {
-        object->SetClientSite(site_.get());
-    }
+    if (const auto object = query<IOleObject>()) object->SetClientSite(site_.get());
 }
 
 HRESULT ControlSite::giveState(const InitialState& state) {
@@ -94,47 +84,37 @@ HRESULT ControlSite::giveState(const InitialState& state) {
         const auto persist = query<IPersistStorage>();
         return persist ? persist->Load(state.storage) : E_NOINTERFACE;
     }
-    if (const auto persist = query<IPersistStreamInit>()) {
-        return persist->InitNew();
-    }
-    if (const auto persist = query<IPersistPropertyBag>()) {
-        return persist->InitNew();
-    }
+    if (const auto persist = query<IPersistStreamInit>()) return persist->InitNew();
+    if (const auto persist = query<IPersistPropertyBag>()) return persist->InitNew();
     return S_OK;
 }
 
 void ControlSite::close() {
     const ComPtr<IUnknown> control = control_;
-    if (!control) {
-        return;
-    }
+    if (!control) return;
     deactivate();
     events_->disconnect();
     changes_->disconnect();
-    if (const auto view = query<IViewObject>()) {
-        view->SetAdvise(DVASPECT_CONTENT, 0, nullptr);
-    }
+    if (const auto view = query<IViewObject>()) view->SetAdvise(DVASPECT_CONTENT, 0, nullptr);
     if (const auto object = query<IOleObject>()) {
         object->Close(OLECLOSE_NOSAVE);
         object->SetClientSite(nullptr);
     }
     control_.reset();
-    state_ = SiteState::Empty;
+    state_ = SiteState::empty;
     form_.siteDeactivated(*this);
 }
 
 HRESULT ControlSite::activate(const RECT& wanted) {
     settleExtent(wanted);
     const HRESULT done = doVerb(OLEIVERB_INPLACEACTIVATE);
-    return FAILED(done) || state_ == SiteState::Loaded ? done : setObjectRects();
+    return FAILED(done) || state_ == SiteState::loaded ? done : setObjectRects();
 }
 
 HRESULT ControlSite::uiDeactivate() {
     const auto object = query<IOleInPlaceObject>();
     form_.siteDeactivated(*this);
-    if (!object || state_ != SiteState::UiActive) {
-        return S_FALSE;
-    }
+    if (!object || state_ != SiteState::uiActive) return S_FALSE;
     const HRESULT done = object->UIDeactivate();
     // Told here as well for controls that do not report it themselves.
     uiDeactivated();
@@ -143,14 +123,10 @@ HRESULT ControlSite::uiDeactivate() {
 
 HRESULT ControlSite::deactivate() {
     const auto object = query<IOleInPlaceObject>();
-    if (!object || state_ == SiteState::Loaded || state_ == SiteState::Empty) {
-        return S_FALSE;
-    }
+    if (!object || state_ == SiteState::loaded || state_ == SiteState::empty) return S_FALSE;
     uiDeactivate();
     const HRESULT done = object->InPlaceDeactivate();
-    if (state_ != SiteState::Empty) {
-        inPlaceDeactivated();
-    }
+    if (state_ != SiteState::empty) inPlaceDeactivated();
     return done;
 }
 
@@ -163,9 +139,7 @@ HRESULT ControlSite::doVerb(LONG verb, MSG* key) {
 void ControlSite::settleExtent(const RECT& wanted) {
     const auto object = query<IOleObject>();
     position_ = wanted;
-    if (!object) {
-        return;
-    }
+    if (!object) return;
     const SIZE pixels = sizeOf(wanted);
     if (pixels.cx > 0 && pixels.cy > 0) {
         SIZEL himetric = himetricFromPixels(pixels, form_.dpi());
@@ -173,12 +147,10 @@ void ControlSite::settleExtent(const RECT& wanted) {
     }
     // A control of fixed size keeps its own extent, whatever it was given.
     const SIZE own = pixelsFromHimetric(extent(), form_.dpi());
-    if (own.cx > 0 && (pixels.cx <= 0 || differs(own.cx, pixels.cx))) {
+    if (own.cx > 0 && (pixels.cx <= 0 || differs(own.cx, pixels.cx)))
         position_.right = position_.left + own.cx;
-    }
-    if (own.cy > 0 && (pixels.cy <= 0 || differs(own.cy, pixels.cy))) {
+    if (own.cy > 0 && (pixels.cy <= 0 || differs(own.cy, pixels.cy)))
         position_.bottom = position_.top + own.cy;
-    }
 }
 
 HRESULT ControlSite::setObjectRects() {
@@ -193,12 +165,8 @@ HRESULT ControlSite::moveTo(const RECT& wanted) {
     positionChosen_ = false;
     const RECT before = position_;
     settleExtent(wanted);
-    if (state_ != SiteState::InPlaceActive && state_ != SiteState::UiActive) {
-        return S_OK;
-    }
-    if (positionChosen_ && EqualRect(&before, &position_)) {
-        return S_OK;
-    }
+    if (state_ != SiteState::inPlaceActive && state_ != SiteState::uiActive) return S_OK;
+    if (positionChosen_ && EqualRect(&before, &position_)) return S_OK;
     return setObjectRects();
 }
 
@@ -206,23 +174,17 @@ HRESULT ControlSite::positionWanted(const RECT& wanted) {
     // Equal rectangles end the exchange: a control that answers every resize with a request would
     // otherwise never come to rest.
     positionChosen_ = true;
-    if (EqualRect(&wanted, &position_)) {
-        return S_OK;
-    }
+    if (EqualRect(&wanted, &position_)) return S_OK;
     position_ = wanted;
     const HRESULT done = setObjectRects();
-    if (onMoved) {
-        onMoved();
-    }
+    if (onMoved) onMoved();
     return done;
 }
 
 SIZE ControlSite::extent() const {
     SIZEL himetric = {};
     const auto object = query<IOleObject>();
-    if (!object || FAILED(object->GetExtent(DVASPECT_CONTENT, &himetric))) {
-        return {};
-    }
+    if (!object || FAILED(object->GetExtent(DVASPECT_CONTENT, &himetric))) return {};
     return himetric;
 }
 
@@ -234,13 +196,13 @@ DWORD ControlSite::status() const {
 
 bool ControlSite::takesFocus() const {
     constexpr DWORD never = OLEMISC_NOUIACTIVATE | OLEMISC_ACTSLIKELABEL | OLEMISC_INVISIBLEATRUNTIME;
-    return (state_ == SiteState::InPlaceActive || state_ == SiteState::UiActive) && !(status() & never);
+    return (state_ == SiteState::inPlaceActive || state_ == SiteState::uiActive) && !(status() & never);
 }
 
 HWND ControlSite::window() const {
     HWND window = nullptr;
     const auto object = query<IOleInPlaceObject>();
-    const bool active = state_ == SiteState::InPlaceActive || state_ == SiteState::UiActive;
+    const bool active = state_ == SiteState::inPlaceActive || state_ == SiteState::uiActive;
     return active && object && SUCCEEDED(object->GetWindow(&window)) ? window : nullptr;
 }
 
@@ -255,9 +217,7 @@ void ControlSite::setAmbient(DISPID number, Variant value) {
 }
 
 void ControlSite::ambientChanged(DISPID number) {
-    if (const auto object = query<IOleControl>()) {
-        object->OnAmbientPropertyChange(number);
-    }
+    if (const auto object = query<IOleControl>()) object->OnAmbientPropertyChange(number);
 }
 
 HRESULT ControlSite::freezeEvents(bool freeze) {
@@ -277,9 +237,7 @@ HRESULT ControlSite::save(IStream* stream, bool clearDirty) const {
 
 HRESULT ControlSite::draw(HDC dc, const RECT& bounds, const RECT* metafileBounds) const {
     const auto view = query<IViewObject>();
-    if (!view) {
-        return E_NOINTERFACE;
-    }
+    if (!view) return E_NOINTERFACE;
     const RECTL place = {bounds.left, bounds.top, bounds.right, bounds.bottom};
     RECTL whole = {};
     if (metafileBounds) {
@@ -291,17 +249,6 @@ HRESULT ControlSite::draw(HDC dc, const RECT& bounds, const RECT* metafileBounds
                       metafileBounds ? &whole : nullptr, nullptr, 0);
 }
 
-Metafile ControlSite::drawMetafile(SIZE pixels) const {
-    const RECT bounds = {0, 0, pixels.cx, pixels.cy};
-    const HDC dc = CreateEnhMetaFileW(nullptr, nullptr, nullptr, nullptr);
-    if (!dc) {
-        return {};
-    }
-    const HRESULT drawn = draw(dc, bounds, &bounds);
-    Metafile metafile(CloseEnhMetaFile(dc));
-    return SUCCEEDED(drawn) ? std::move(metafile) : Metafile();
-}
-
 HRESULT ControlSite::savePng(const std::wstring& path, SIZE pixels) const {
     const PictureSurface surface(pixels.cx, pixels.cy);
     const HRESULT drawn = draw(surface.dc(), {0, 0, pixels.cx, pixels.cy});
@@ -309,42 +256,36 @@ HRESULT ControlSite::savePng(const std::wstring& path, SIZE pixels) const {
 }
 
 void ControlSite::inPlaceActivated() {
-    state_ = SiteState::InPlaceActive;
+    state_ = SiteState::inPlaceActive;
 }
 
 void ControlSite::inPlaceDeactivated() {
-    state_ = SiteState::Loaded;
+    state_ = SiteState::loaded;
     form_.siteDeactivated(*this);
 }
 
 void ControlSite::uiActivated() {
-    state_ = SiteState::UiActive;
+    state_ = SiteState::uiActive;
     form_.siteActivated(*this);
 }
 
 void ControlSite::uiDeactivated() {
-    if (state_ == SiteState::UiActive) {
-        state_ = SiteState::InPlaceActive;
-    }
+    if (state_ == SiteState::uiActive) state_ = SiteState::inPlaceActive;
     form_.siteDeactivated(*this);
 }
 
 HRESULT ControlSite::keyOffered(MSG& message, DWORD) {
     const auto handler = onKey;
-    if (handler && handler(message)) {
-        return S_OK;
-    }
+    if (handler && handler(message)) return S_OK;
     if (message.message == WM_KEYDOWN && message.wParam == VK_TAB && GetKeyState(VK_CONTROL) >= 0) {
-        const auto direction = GetKeyState(VK_SHIFT) < 0 ? Direction::Backward : Direction::Forward;
+        const auto direction = GetKeyState(VK_SHIFT) < 0 ? Direction::backward : Direction::forward;
         return form_.moveFocus(direction, &message) ? S_OK : S_FALSE;
     }
     return S_FALSE;
 }
 
 void ControlSite::focusReported(bool gained) {
-    if (const auto handler = onFocus) {
-        handler(gained);
-    }
+    if (const auto handler = onFocus) handler(gained);
 }
 
 }  // namespace obk::container

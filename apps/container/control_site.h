@@ -16,25 +16,25 @@
 
 namespace obk::container {
 
-/// When the control is told its site: as its status bits ask, or against them.
-enum class SiteOrder { AsControlAsks, BeforeState, AfterState, Never };
-enum class SiteMode { Run, Design };
-enum class SiteState { Empty, Loaded, InPlaceActive, UiActive };
+// When the control is told its site: as its status bits ask, or against them.
+enum class SiteOrder { asControlAsks, beforeState, afterState, never };
+enum class SiteMode { run, design };
+enum class SiteState { empty, loaded, inPlaceActive, uiActive };
 
 struct SiteSettings {
-    std::wstring name;  ///< the ambient display name
-    SiteOrder order = SiteOrder::AsControlAsks;
-    SiteMode mode = SiteMode::Run;
+    std::wstring name;  // the ambient display name
+    SiteOrder order = SiteOrder::asControlAsks;
+    SiteMode mode = SiteMode::run;
 };
 
-/// Where a new control's state comes from; with nothing given it is freshly placed (InitNew).
+// Where a new control's state comes from; with nothing given it is freshly placed (InitNew).
 struct InitialState {
     IPropertyBag* bag = nullptr;
     IStream* stream = nullptr;
     IStorage* storage = nullptr;
 };
 
-/// Owns a control from creation to close. Rectangles are in pixels of the form's client area.
+// Owns a control from creation to close. Rectangles are in pixels of the form's client area.
 class ControlSite final : private SiteHost {
 public:
     explicit ControlSite(ControlForm& form, SiteSettings settings = {});
@@ -42,48 +42,48 @@ public:
     ControlSite& operator=(const ControlSite&) = delete;
     ~ControlSite();
 
-    /// Creates the control, sets the site, gives it its state, connects events and notifications.
+    // Creates the control, sets the site, gives it its state, connects events and notifications.
     HRESULT create(const ServerContext& server, const std::wstring& progId, const InitialState& state = {});
-    /// The same for an object that exists.
+    // The same for an object that exists.
     HRESULT adopt(ComPtr<IUnknown> control, const InitialState& state = {});
-    /// Deactivates, disconnects and releases the control. Done by the destructor, too.
+    // Deactivates, disconnects and releases the control. Done by the destructor, too.
     void close();
 
-    /// Activates in place within `wanted`; an empty size stands for the control's own.
+    // Activates in place within `wanted`; an empty size stands for the control's own.
     HRESULT activate(const RECT& wanted);
     HRESULT uiActivate(MSG* key = nullptr) { return doVerb(OLEIVERB_UIACTIVATE, key); }
     HRESULT uiDeactivate();
     HRESULT deactivate();
     HRESULT doVerb(LONG verb, MSG* key = nullptr);
-    /// Sets extent and rectangle. The control may settle on another size: see `position`.
+    // Sets extent and rectangle. The control may settle on another size: see `position`.
     HRESULT moveTo(const RECT& wanted);
     RECT position() const override { return position_; }
-    /// 1/100 mm, as the control reports it.
+    // 1/100 mm, as the control reports it.
     SIZE extent() const;
 
     SiteState state() const { return state_; }
     SiteMode mode() const { return settings_.mode; }
     const std::wstring& name() const { return settings_.name; }
-    /// OLEMISC_* as the control reports them; 0 when it has none.
+    // OLEMISC_* as the control reports them; 0 when it has none.
     DWORD status() const;
     bool takesFocus() const;
-    /// Null unless the control is active in place and has a window.
+    // Null unless the control is active in place and has a window.
     HWND window() const;
     bool holdsWindow(HWND window) const;
 
     const ComPtr<IUnknown>& control() const { return control_; }
-    template <class Interface>
+    template <typename Interface>
     ComPtr<Interface> query() const {
         return control_.query<Interface>();
     }
-    /// Its properties and methods.
+    // Its properties and methods.
     Dispatch object() const { return Dispatch(control_.get()); }
     EventSink& events() const { return *events_; }
     ChangeJournal& changes() const { return *changes_; }
-    /// The calls that the control made to its site.
+    // The calls that the control made to its site.
     std::vector<std::string>& siteCalls() const { return site_->calls; }
     AmbientProperties& ambients() const { return site_->ambients; }
-    /// Sets an ambient property and tells the control.
+    // Sets an ambient property and tells the control.
     void setAmbient(DISPID number, Variant value);
     void ambientChanged(DISPID number);
     HRESULT freezeEvents(bool freeze);
@@ -91,11 +91,10 @@ public:
     HRESULT save(IPropertyBag* bag, bool clearDirty = true) const;
     HRESULT save(IStream* stream, bool clearDirty = true) const;
     HRESULT draw(HDC dc, const RECT& bounds, const RECT* metafileBounds = nullptr) const;
-    Metafile drawMetafile(SIZE pixels) const;
     HRESULT savePng(const std::wstring& path, SIZE pixels) const;
 
-    /// Told after the control took another rectangle; after it got or lost the focus by its report;
-    /// of a key that it offers back (true: the container used it), before Tab is handled.
+    // Told after the control took another rectangle; after it got or lost the focus by its report;
+    // of a key that it offers back (true: the container used it), before Tab is handled.
     std::function<void()> onMoved;
     std::function<void(bool gained)> onFocus;
     std::function<bool(MSG&)> onKey;
@@ -104,8 +103,8 @@ private:
     HWND formWindow() const override { return form_.window(); }
     int formDpi() const override { return form_.dpi(); }
     IOleInPlaceFrame* formFrame() const override { return form_.frame(); }
-    /// In design mode controls show themselves but take no input.
-    bool mayUiActivate() const override { return settings_.mode == SiteMode::Run; }
+    // In design mode controls show themselves but take no input.
+    bool mayUiActivate() const override { return settings_.mode == SiteMode::run; }
     void inPlaceActivated() override;
     void inPlaceDeactivated() override;
     void uiActivated() override;
@@ -125,9 +124,9 @@ private:
     ComPtr<EventSink> events_;
     ComPtr<ChangeJournal> changes_;
     ComPtr<IUnknown> control_;
-    SiteState state_ = SiteState::Empty;
+    SiteState state_ = SiteState::empty;
     RECT position_ = {};
-    bool positionChosen_ = false;  ///< the control chose its rectangle during the current resize
+    bool positionChosen_ = false;  // the control chose its rectangle during the current resize
 };
 
 }  // namespace obk::container

@@ -5,20 +5,16 @@
 namespace obk::container {
 
 DISPID MemberName::resolve(IDispatch* object) const {
-    if (name_.empty()) {
-        return number_;
-    }
+    if (name_.empty()) return number_;
     DISPID number = DISPID_UNKNOWN;
     auto* name = const_cast<LPOLESTR>(name_.c_str());
-    const HRESULT found = object->GetIDsOfNames(IID_NULL, &name, 1, invariantLocale, &number);
+    const HRESULT found = object->GetIDsOfNames(IID_NULL, &name, 1, neutralLocale, &number);
     return SUCCEEDED(found) ? number : DISPID_UNKNOWN;
 }
 
 Variant Dispatch::value(const MemberName& member) const {
     Variant result;
-    if (FAILED(read(member, result))) {
-        return {};
-    }
+    if (FAILED(read(member, result))) return {};
     return result;
 }
 
@@ -42,12 +38,8 @@ HRESULT Dispatch::call(const MemberName& member, const Arguments& arguments, Var
 }
 
 HRESULT Dispatch::invoke(DISPID number, WORD flags, const Arguments& arguments, Variant* result) const {
-    if (!object_) {
-        return E_POINTER;
-    }
-    if (number == DISPID_UNKNOWN) {
-        return DISP_E_UNKNOWNNAME;
-    }
+    if (!object_) return E_POINTER;
+    if (number == DISPID_UNKNOWN) return DISP_E_UNKNOWNNAME;
     // The protocol passes arguments from the last to the first. They are shallow copies: the
     // callee reads them, the list keeps them.
     std::vector<VARIANT> reversed(arguments.size());
@@ -64,7 +56,7 @@ HRESULT Dispatch::invoke(DISPID number, WORD flags, const Arguments& arguments, 
     EXCEPINFO exception = {};
     UINT badArgument = 0;
     const ComPtr<IDispatch> alive = object_;
-    const HRESULT done = alive->Invoke(number, IID_NULL, invariantLocale, flags, &parameters,
+    const HRESULT done = alive->Invoke(number, IID_NULL, neutralLocale, flags, &parameters,
                                        result ? result->put() : nullptr, &exception, &badArgument);
     SysFreeString(exception.bstrSource);
     SysFreeString(exception.bstrDescription);

@@ -17,36 +17,18 @@ const VARIANT& EventCall::raw(size_t index) const {
 HRESULT EventSink::connect(IUnknown* control) {
     disconnect();
     const EventInterface events = eventInterfaceOf(control);
-    const auto container = ComPtr<IUnknown>(control).query<IConnectionPointContainer>();
-    if (!container || IsEqualIID(events.id, IID_NULL)) {
-        return CONNECT_E_NOCONNECTION;
-    }
+    if (IsEqualIID(events.id, IID_NULL)) return CONNECT_E_NOCONNECTION;
     interfaceId_ = events.id;
     members_ = TypeMembers::of(nullptr, events.info.get()).events();
-    ComPtr<IConnectionPoint> point;
-    HRESULT done = container->FindConnectionPoint(interfaceId_, point.put());
-    if (SUCCEEDED(done)) {
-        done = point->Advise(this, &cookie_);
-    }
-    if (SUCCEEDED(done)) {
-        point_ = point;
-    }
-    return done;
-}
-
-void EventSink::disconnect() {
-    const ComPtr<EventSink> alive(this);
-    if (const ComPtr<IConnectionPoint> point = std::exchange(point_, nullptr)) {
-        point->Unadvise(cookie_);
-    }
+    return connection_.open(control, interfaceId_, this);
 }
 
 void EventSink::on(const std::wstring& name, Handler handler) {
-    namedHandlers_.emplace_back(name, std::move(handler));
+    handlers_.push_back({name, DISPID_UNKNOWN, std::move(handler)});
 }
 
 void EventSink::on(DISPID number, Handler handler) {
-    numberedHandlers_.emplace_back(number, std::move(handler));
+    handlers_.push_back({{}, number, std::move(handler)});
 }
 
 size_t EventSink::count(std::wstring_view name) const {
@@ -71,9 +53,7 @@ std::wstring EventSink::nameOf(DISPID number) const {
 }
 
 HRESULT EventSink::GetTypeInfoCount(UINT* count) {
-    if (!count) {
-        return E_POINTER;
-    }
+    if (!count) return E_POINTER;
     *count = 0;
     return S_OK;
 }
@@ -87,26 +67,16 @@ HRESULT EventSink::Invoke(DISPID number, REFIID, LCID, WORD, DISPPARAMS* paramet
     EventCall call(number, name, parameters ? *parameters : none);
     if (keepJournal_) {
         EventRecord record{number, name, {}};
-        for (size_t index = 0; index < call.count(); ++index) {
-            record.arguments.push_back(call.value(index));
-        }
+        for (size_t index = 0; index < call.count(); ++index) record.arguments.push_back(call.value(index));
         journal_.push_back(std::move(record));
     }
     // Copies, because a handler may add further ones.
     std::vector<Handler> handlers = anyHandlers_;
-    for (const auto& [wanted, handler] : namedHandlers_) {
-        if (sameName(wanted, name)) {
+    for (const auto& [wantedName, wantedNumber, handler] : handlers_) {
+        if (wantedName.empty() ? wantedNumber == number : sameName(wantedName, name))
             handlers.push_back(handler);
-        }
     }
-    for (const auto& [wanted, handler] : numberedHandlers_) {
-        if (wanted == number) {
-            handlers.push_back(handler);
-        }
-    }
-    for (const Handler& handler : handlers) {
-        handler(call);
-    }
+    for (const Handler& handler : handlers) handler(call);
     return S_OK;
 }
 

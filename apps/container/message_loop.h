@@ -11,22 +11,22 @@
 
 namespace obk::container {
 
-/// Serves any number of forms, which must outlive it or be removed.
+// Serves any number of forms, which must outlive it or be removed.
 class MessageLoop {
 public:
     void add(ControlForm& form) { forms_.push_back(&form); }
     void remove(ControlForm& form) { std::erase(forms_, &form); }
 
-    /// Asked before the forms; true ends the message. For keys that belong to the whole program.
+    // Asked before the forms; true ends the message. For keys that belong to the whole program.
     std::function<bool(MSG&)> onMessage;
 
-    /// One message: `onMessage`, forms, dispatch.
+    // One message: `onMessage`, forms, dispatch.
     void handle(MSG& message);
-    /// Until WM_QUIT; answers its exit code.
+    // Until WM_QUIT; answers its exit code.
     int run();
-    /// All messages that wait now, and those that they cause. False when WM_QUIT came.
+    // All messages that wait now, and those that they cause. False when WM_QUIT came.
     bool pumpPending();
-    /// Until `done` answers true or the time is over; answers whether it did.
+    // Until `done` answers true or the time is over; answers whether it did.
     bool pumpUntil(const std::function<bool()>& done,
                    std::chrono::milliseconds longest = std::chrono::seconds(5));
 

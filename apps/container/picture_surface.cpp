@@ -13,7 +13,7 @@ namespace {
 
 constexpr unsigned opaque = 0xFF000000u;
 
-/// DIB pixels are 0x00RRGGBB.
+// DIB pixels are 0x00RRGGBB.
 unsigned dibColour(COLORREF colour) {
     return static_cast<unsigned>(GetRValue(colour)) << 16 | static_cast<unsigned>(GetGValue(colour)) << 8 |
            GetBValue(colour);
@@ -40,17 +40,13 @@ PictureSurface::PictureSurface(int width, int height)
 }
 
 PictureSurface::~PictureSurface() {
-    if (old_) {
-        SelectObject(dc_, old_);
-    }
+    if (old_) SelectObject(dc_, old_);
     DeleteObject(bitmap_);
     DeleteDC(dc_);
 }
 
 COLORREF PictureSurface::pixel(int x, int y) const {
-    if (!bits_ || x < 0 || y < 0 || x >= width_ || y >= height_) {
-        return CLR_INVALID;
-    }
+    if (!bits_ || x < 0 || y < 0 || x >= width_ || y >= height_) return CLR_INVALID;
     GdiFlush();
     const unsigned value = bits_[y * width_ + x];
     return RGB(value >> 16 & 255, value >> 8 & 255, value & 255);
@@ -64,9 +60,7 @@ void PictureSurface::fill(COLORREF colour) {
 }
 
 int PictureSurface::count(COLORREF colour) const {
-    if (!bits_) {
-        return 0;
-    }
+    if (!bits_) return 0;
     GdiFlush();
     const unsigned wanted = dibColour(colour);
     return static_cast<int>(std::count_if(bits_, bits_ + width_ * height_,
@@ -83,9 +77,7 @@ void PictureSurface::copyWindow(HWND window, POINT place) {
 }
 
 HRESULT PictureSurface::savePng(const std::wstring& path) const {
-    if (!bits_) {
-        return E_OUTOFMEMORY;
-    }
+    if (!bits_) return E_OUTOFMEMORY;
     GdiFlush();
     ComPtr<IWICImagingFactory> factory;
     ComPtr<IWICStream> stream;

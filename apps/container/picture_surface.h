@@ -1,15 +1,13 @@
-// Pixels in memory to draw into, look at and save, and recorded drawings.
+// Pixels in memory to draw into, look at and save.
 #pragma once
 
 #include <windows.h>
 
-#include <memory>
 #include <string>
-#include <type_traits>
 
 namespace obk::container {
 
-/// A 32-bit picture with a device context of its own. Sizes are in pixels; starts all white.
+// A 32-bit picture with a device context of its own. Sizes are in pixels; starts all white.
 class PictureSurface {
 public:
     PictureSurface(int width, int height);
@@ -20,17 +18,17 @@ public:
     HDC dc() const { return dc_; }
     int width() const { return width_; }
     int height() const { return height_; }
-    /// False when the system refused the memory; drawing and reading then do nothing.
+    // False when the system refused the memory; drawing and reading then do nothing.
     bool valid() const { return bits_ != nullptr; }
 
-    /// The colour as 0x00BBGGRR; CLR_INVALID outside.
+    // The colour as 0x00BBGGRR; CLR_INVALID outside.
     COLORREF pixel(int x, int y) const;
     void fill(COLORREF colour);
-    /// How many pixels have the colour.
+    // How many pixels have the colour.
     int count(COLORREF colour) const;
 
-    /// Copies what a window's client area shows on the screen, its children included, to a place in the
-    /// picture. The window must be visible.
+    // Copies what a window's client area shows on the screen, its children included, to a place in the
+    // picture. The window must be visible.
     void copyWindow(HWND window, POINT place = {0, 0});
 
     HRESULT savePng(const std::wstring& path) const;
@@ -43,10 +41,5 @@ private:
     HGDIOBJ old_ = nullptr;
     unsigned* bits_ = nullptr;
 };
-
-struct MetafileDelete {
-    void operator()(HENHMETAFILE metafile) const { DeleteEnhMetaFile(metafile); }
-};
-using Metafile = std::unique_ptr<std::remove_pointer_t<HENHMETAFILE>, MetafileDelete>;
 
 }  // namespace obk::container

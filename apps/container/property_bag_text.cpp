@@ -8,9 +8,7 @@ namespace obk::container {
 
 const StoredValue* PropertyBagText::find(std::wstring_view key) const {
     for (const Entry& entry : entries_) {
-        if (sameName(entry.key, key)) {
-            return &entry.value;
-        }
+        if (sameName(entry.key, key)) return &entry.value;
     }
     return nullptr;
 }
@@ -46,9 +44,7 @@ HRESULT PropertyBagText::fail(LPCOLESTR name, IErrorLog* log, HRESULT code, cons
 }
 
 HRESULT PropertyBagText::Read(LPCOLESTR name, VARIANT* value, IErrorLog* log) {
-    if (!name || !value) {
-        return E_POINTER;
-    }
+    if (!name || !value) return E_POINTER;
     const StoredValue* stored = find(name);
     if (!stored) {
         // Absent keys are the normal case (values equal to their defaults), so no error is logged.
@@ -56,15 +52,11 @@ HRESULT PropertyBagText::Read(LPCOLESTR name, VARIANT* value, IErrorLog* log) {
     }
     const VARTYPE wanted = value->vt;
     const bool object = wanted == VT_UNKNOWN || wanted == VT_DISPATCH;
-    if (object && value->punkVal && restoreInto(*stored, value->punkVal)) {
-        return S_OK;
-    }
+    if (object && value->punkVal && restoreInto(*stored, value->punkVal)) return S_OK;
     Variant result = restored(*stored);
     if (wanted != VT_EMPTY && result.type() != wanted) {
         auto converted = result.converted(wanted);
-        if (!converted) {
-            return fail(name, log, DISP_E_TYPEMISMATCH, L"the stored value has another type");
-        }
+        if (!converted) return fail(name, log, DISP_E_TYPEMISMATCH, L"the stored value has another type");
         result = std::move(*converted);
     }
     // What the caller passed in only tells the type; an object in it stays the caller's.
@@ -73,13 +65,9 @@ HRESULT PropertyBagText::Read(LPCOLESTR name, VARIANT* value, IErrorLog* log) {
 }
 
 HRESULT PropertyBagText::Write(LPCOLESTR name, VARIANT* value) {
-    if (!name || !value) {
-        return E_POINTER;
-    }
+    if (!name || !value) return E_POINTER;
     auto stored = storedFrom(*value);
-    if (!stored) {
-        return fail(name, this, E_FAIL, L"a value of this type cannot be stored");
-    }
+    if (!stored) return fail(name, this, E_FAIL, L"a value of this type cannot be stored");
     set(name, std::move(*stored));
     return S_OK;
 }
@@ -96,9 +84,7 @@ HRESULT PropertyBagText::AddError(LPCOLESTR name, EXCEPINFO* information) {
 
 const FormSection* FormText::find(std::wstring_view name) const {
     for (const FormSection& section : sections_) {
-        if (sameName(section.name, name)) {
-            return &section;
-        }
+        if (sameName(section.name, name)) return &section;
     }
     return nullptr;
 }
@@ -106,9 +92,7 @@ const FormSection* FormText::find(std::wstring_view name) const {
 FormSection& FormText::add(std::wstring_view name, std::wstring_view className) {
     auto place = std::find_if(sections_.begin(), sections_.end(),
                               [&](const FormSection& section) { return sameName(section.name, name); });
-    if (place == sections_.end()) {
-        place = sections_.insert(sections_.end(), FormSection());
-    }
+    if (place == sections_.end()) place = sections_.insert(sections_.end(), FormSection());
     *place = {std::wstring(name), std::wstring(className), new PropertyBagText};
     return *place;
 }
@@ -124,9 +108,8 @@ std::wstring FormText::write() const {
         text += section.name;
         text += section.className.empty() ? L"" : L": ";
         text += section.className + L"]\r\n";
-        for (const PropertyBagText::Entry& entry : section.bag->entries()) {
+        for (const PropertyBagText::Entry& entry : section.bag->entries())
             text += entry.key + L" = " + writeValue(entry.value) + L"\r\n";
-        }
     }
     return text;
 }
@@ -134,17 +117,13 @@ std::wstring FormText::write() const {
 FormText FormText::read(std::wstring_view text, std::vector<TextProblem>& problems) {
     FormText form;
     ComPtr<PropertyBagText> bag;
-    if (!text.empty() && text.front() == 0xFEFF) {
-        text.remove_prefix(1);
-    }
+    if (!text.empty() && text.front() == 0xFEFF) text.remove_prefix(1);
     for (int number = 1; !text.empty(); ++number) {
         const auto end = std::min(text.find(L'\n'), text.size());
         const std::wstring_view line = trimmed(text.substr(0, end));
         text.remove_prefix(std::min(end + 1, text.size()));
         const auto report = [&](std::wstring reason) { problems.push_back({number, std::move(reason)}); };
-        if (line.empty() || line.front() == L';' || line.front() == L'#') {
-            continue;
-        }
+        if (line.empty() || line.front() == L';' || line.front() == L'#') continue;
         if (line.front() == L'[') {
             // Lines under a heading that cannot be read must not fall to the section before it.
             bag.reset();
@@ -155,9 +134,8 @@ FormText FormText::read(std::wstring_view text, std::vector<TextProblem>& proble
                 report(L"not a heading of the form [Name: Class]");
                 continue;
             }
-            if (form.find(name)) {
+            if (form.find(name))
                 report(L"a second section named \"" + std::wstring(name) + L"\" replaces the first");
-            }
             bag = form.add(name, trimmed(inner.substr(std::min(colon + 1, inner.size())))).bag;
             continue;
         }
@@ -177,9 +155,7 @@ FormText FormText::read(std::wstring_view text, std::vector<TextProblem>& proble
             report(std::wstring(key) + L": " + problem);
             continue;
         }
-        if (bag->find(key)) {
-            report(L"a second line for \"" + std::wstring(key) + L"\" replaces the first");
-        }
+        if (bag->find(key)) report(L"a second line for \"" + std::wstring(key) + L"\" replaces the first");
         bag->set(key, std::move(*value));
     }
     return form;

@@ -12,7 +12,7 @@ namespace obk::container {
 
 namespace {
 
-/// Makes an activation context the current one while it lives.
+// Makes an activation context the current one while it lives.
 class ActiveContext {
 public:
     explicit ActiveContext(HANDLE context)
@@ -20,9 +20,7 @@ public:
     ActiveContext(const ActiveContext&) = delete;
     ActiveContext& operator=(const ActiveContext&) = delete;
     ~ActiveContext() {
-        if (active_) {
-            DeactivateActCtx(0, cookie_);
-        }
+        if (active_) DeactivateActCtx(0, cookie_);
     }
 
 private:
@@ -30,13 +28,11 @@ private:
     bool active_;
 };
 
-/// The class named like the last part of the ProgID in a type library.
+// The class named like the last part of the ProgID in a type library.
 HRESULT classInLibrary(const std::wstring& path, const std::wstring& progId, CLSID& result) {
     const std::wstring wanted = progId.substr(progId.find(L'.') + 1);
     ComPtr<ITypeLib> library;
-    if (FAILED(LoadTypeLibEx(path.c_str(), REGKIND_NONE, library.put()))) {
-        return CO_E_CLASSSTRING;
-    }
+    if (FAILED(LoadTypeLibEx(path.c_str(), REGKIND_NONE, library.put()))) return CO_E_CLASSSTRING;
     for (UINT index = 0; index < library->GetTypeInfoCount(); ++index) {
         TYPEKIND kind = TKIND_MAX;
         Bstr name;
@@ -46,9 +42,8 @@ HRESULT classInLibrary(const std::wstring& path, const std::wstring& progId, CLS
             FAILED(
                 library->GetDocumentation(static_cast<INT>(index), name.put(), nullptr, nullptr, nullptr)) ||
             !sameName(name.view(), wanted) || FAILED(library->GetTypeInfo(index, info.put())) ||
-            FAILED(info->GetTypeAttr(&attribute))) {
+            FAILED(info->GetTypeAttr(&attribute)))
             continue;
-        }
         result = attribute->guid;
         info->ReleaseTypeAttr(attribute);
         return S_OK;
@@ -79,17 +74,13 @@ void ServerContext::swap(ServerContext& other) noexcept {
 }
 
 ServerContext::~ServerContext() {
-    if (context_ != INVALID_HANDLE_VALUE) {
-        ReleaseActCtx(context_);
-    }
-    if (library_) {
-        FreeLibrary(library_);
-    }
+    if (context_ != INVALID_HANDLE_VALUE) ReleaseActCtx(context_);
+    if (library_) FreeLibrary(library_);
 }
 
 ServerContext ServerContext::fromManifest(const std::wstring& path) {
     ServerContext result;
-    result.route_ = Route::Manifest;
+    result.route_ = Route::manifest;
     result.source_ = path;
     ACTCTXW description = {};
     description.cbSize = sizeof description;
@@ -100,7 +91,7 @@ ServerContext ServerContext::fromManifest(const std::wstring& path) {
 
 ServerContext ServerContext::fromLibrary(const std::wstring& path) {
     ServerContext result;
-    result.route_ = Route::Library;
+    result.route_ = Route::library;
     result.source_ = path;
     result.library_ = LoadLibraryExW(path.c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
     return result;
@@ -110,16 +101,12 @@ ServerContext ServerContext::inFolder(const std::wstring& folder) {
     for (const wchar_t* name : {L"\\OBKCTRLS.manifest", L"\\OBKCTRLS.ocx.manifest"}) {
         if (exists(folder + name)) {
             ServerContext result = fromManifest(folder + name);
-            if (result.valid()) {
-                return result;
-            }
+            if (result.valid()) return result;
         }
     }
     if (exists(folder + L"\\OBKCTRLS.ocx")) {
         ServerContext result = fromLibrary(folder + L"\\OBKCTRLS.ocx");
-        if (result.valid()) {
-            return result;
-        }
+        if (result.valid()) return result;
     }
     return {};
 }
@@ -129,9 +116,7 @@ ServerContext ServerContext::besideProgram() {
 }
 
 HRESULT ServerContext::classId(const std::wstring& progId, CLSID& result) const {
-    if (route_ == Route::Library) {
-        return classInLibrary(source_, progId, result);
-    }
+    if (route_ == Route::library) return classInLibrary(source_, progId, result);
     const ActiveContext active(context_);
     return CLSIDFromProgID(progId.c_str(), &result);
 }
@@ -140,17 +125,13 @@ HRESULT ServerContext::create(const std::wstring& progId, ComPtr<IUnknown>& resu
     CLSID id = CLSID_NULL;
     ComPtr<IClassFactory> factory;
     HRESULT done = classId(progId, id);
-    if (SUCCEEDED(done)) {
-        done = classFactory(id, factory);
-    }
-    if (SUCCEEDED(done)) {
-        done = factory->CreateInstance(nullptr, IID_IUnknown, result.putVoid());
-    }
+    if (SUCCEEDED(done)) done = classFactory(id, factory);
+    if (SUCCEEDED(done)) done = factory->CreateInstance(nullptr, IID_IUnknown, result.putVoid());
     return done;
 }
 
 HRESULT ServerContext::classFactory(REFCLSID classId, ComPtr<IClassFactory>& result) const {
-    if (route_ != Route::Library) {
+    if (route_ != Route::library) {
         const ActiveContext active(context_);
         return CoGetClassObject(classId, CLSCTX_INPROC_SERVER, nullptr, IID_IClassFactory, result.putVoid());
     }

@@ -9,9 +9,8 @@
 namespace obk::container {
 
 void* SiteObject::otherInterface(REFIID iid) {
-    if (IsEqualIID(iid, IID_IOleWindow) || IsEqualIID(iid, IID_IOleInPlaceSite)) {
+    if (IsEqualIID(iid, IID_IOleWindow) || IsEqualIID(iid, IID_IOleInPlaceSite))
         return static_cast<IOleInPlaceSiteEx*>(this);
-    }
     return nullptr;
 }
 
@@ -22,16 +21,12 @@ HRESULT SiteObject::SaveObject() {
 }
 
 HRESULT SiteObject::GetMoniker(DWORD, DWORD, IMoniker** moniker) {
-    if (moniker) {
-        *moniker = nullptr;
-    }
+    if (moniker) *moniker = nullptr;
     return E_NOTIMPL;
 }
 
 HRESULT SiteObject::GetContainer(IOleContainer** container) {
-    if (!container) {
-        return E_POINTER;
-    }
+    if (!container) return E_POINTER;
     *container = nullptr;
     return E_NOINTERFACE;
 }
@@ -52,9 +47,7 @@ HRESULT SiteObject::RequestNewObjectLayout() {
 }
 
 HRESULT SiteObject::GetWindow(HWND* window) {
-    if (!window) {
-        return E_POINTER;
-    }
+    if (!window) return E_POINTER;
     *window = host_ ? host_->formWindow() : nullptr;
     return *window ? S_OK : E_FAIL;
 }
@@ -65,32 +58,24 @@ HRESULT SiteObject::CanInPlaceActivate() {
 
 HRESULT SiteObject::OnInPlaceActivate() {
     calls.emplace_back("OnInPlaceActivate");
-    if (!host_) {
-        return E_UNEXPECTED;
-    }
+    if (!host_) return E_UNEXPECTED;
     host_->inPlaceActivated();
     return S_OK;
 }
 
 HRESULT SiteObject::OnUIActivate() {
     calls.emplace_back("OnUIActivate");
-    if (!host_ || !host_->mayUiActivate()) {
-        return E_FAIL;
-    }
+    if (!host_ || !host_->mayUiActivate()) return E_FAIL;
     host_->uiActivated();
     return S_OK;
 }
 
 HRESULT SiteObject::GetWindowContext(IOleInPlaceFrame** frame, IOleInPlaceUIWindow** document,
                                      LPRECT position, LPRECT clip, LPOLEINPLACEFRAMEINFO information) {
-    if (!frame || !document || !position || !clip || !information) {
-        return E_POINTER;
-    }
+    if (!frame || !document || !position || !clip || !information) return E_POINTER;
     *frame = nullptr;
     *document = nullptr;  // the frame is the document
-    if (!host_) {
-        return E_UNEXPECTED;
-    }
+    if (!host_) return E_UNEXPECTED;
     *frame = ComPtr<IOleInPlaceFrame>(host_->formFrame()).detach();
     *position = host_->position();
     GetClientRect(host_->formWindow(), clip);
@@ -103,32 +88,24 @@ HRESULT SiteObject::GetWindowContext(IOleInPlaceFrame** frame, IOleInPlaceUIWind
 
 HRESULT SiteObject::OnUIDeactivate(BOOL) {
     calls.emplace_back("OnUIDeactivate");
-    if (host_) {
-        host_->uiDeactivated();
-    }
+    if (host_) host_->uiDeactivated();
     return S_OK;
 }
 
 HRESULT SiteObject::OnInPlaceDeactivate() {
     calls.emplace_back("OnInPlaceDeactivate");
-    if (host_) {
-        host_->inPlaceDeactivated();
-    }
+    if (host_) host_->inPlaceDeactivated();
     return S_OK;
 }
 
 HRESULT SiteObject::OnPosRectChange(LPCRECT position) {
     calls.emplace_back("OnPosRectChange");
-    if (!position) {
-        return E_POINTER;
-    }
+    if (!position) return E_POINTER;
     return host_ ? host_->positionWanted(*position) : E_UNEXPECTED;
 }
 
 HRESULT SiteObject::OnInPlaceActivateEx(BOOL* noRedraw, DWORD) {
-    if (noRedraw) {
-        *noRedraw = FALSE;
-    }
+    if (noRedraw) *noRedraw = FALSE;
     return OnInPlaceActivate();
 }
 
@@ -151,19 +128,13 @@ HRESULT SiteObject::LockInPlaceActive(BOOL lock) {
 }
 
 HRESULT SiteObject::GetExtendedControl(IDispatch** object) {
-    if (object) {
-        *object = nullptr;
-    }
+    if (object) *object = nullptr;
     return E_NOTIMPL;
 }
 
 HRESULT SiteObject::TransformCoords(POINTL* himetric, POINTF* container, DWORD flags) {
-    if (!himetric || !container) {
-        return E_POINTER;
-    }
-    if (!host_) {
-        return E_UNEXPECTED;
-    }
+    if (!himetric || !container) return E_POINTER;
+    if (!host_) return E_UNEXPECTED;
     // The container's unit is the pixel, for positions and sizes alike.
     const float pixelsPerUnit = static_cast<float>(host_->formDpi()) / 2540.0f;
     if (flags & XFORMCOORDS_HIMETRICTOCONTAINER) {
@@ -180,41 +151,31 @@ HRESULT SiteObject::TransformCoords(POINTL* himetric, POINTF* container, DWORD f
 
 HRESULT SiteObject::TranslateAccelerator(MSG* message, DWORD modifiers) {
     calls.emplace_back("TranslateAccelerator");
-    if (!message) {
-        return E_POINTER;
-    }
+    if (!message) return E_POINTER;
     return host_ ? host_->keyOffered(*message, modifiers) : S_FALSE;
 }
 
 HRESULT SiteObject::OnFocus(BOOL gained) {
     calls.emplace_back(gained ? "OnFocus" : "OnFocusLost");
-    if (host_) {
-        host_->focusReported(gained);
-    }
+    if (host_) host_->focusReported(gained);
     return S_OK;
 }
 
 HRESULT SiteObject::GetTypeInfoCount(UINT* count) {
-    if (!count) {
-        return E_POINTER;
-    }
+    if (!count) return E_POINTER;
     *count = 0;
     return S_OK;
 }
 
 HRESULT SiteObject::GetIDsOfNames(REFIID, LPOLESTR*, UINT count, LCID, DISPID* numbers) {
     // Ambient properties are known by number only.
-    for (UINT index = 0; numbers && index < count; ++index) {
-        numbers[index] = DISPID_UNKNOWN;
-    }
+    for (UINT index = 0; numbers && index < count; ++index) numbers[index] = DISPID_UNKNOWN;
     return DISP_E_UNKNOWNNAME;
 }
 
 HRESULT SiteObject::Invoke(DISPID number, REFIID, LCID, WORD flags, DISPPARAMS*, VARIANT* result, EXCEPINFO*,
                            UINT*) {
-    if (!(flags & DISPATCH_PROPERTYGET)) {
-        return DISP_E_MEMBERNOTFOUND;
-    }
+    if (!(flags & DISPATCH_PROPERTYGET)) return DISP_E_MEMBERNOTFOUND;
     return ambients.read(number, result);
 }
 

@@ -7,12 +7,12 @@
 #include <string>
 #include <vector>
 
-#include "container/ambient_properties.h"
 #include "com/com_object.h"
+#include "container/ambient_properties.h"
 
 namespace obk::container {
 
-/// What a site needs of the container around it.
+// What a site needs of the container around it.
 class SiteHost {
 public:
     virtual HWND formWindow() const = 0;
@@ -32,8 +32,8 @@ protected:
     ~SiteHost() = default;
 };
 
-/// One object for all site interfaces, as hosts do it. It may outlive the host, which then detaches
-/// itself: every call is then refused.
+// One object for all site interfaces, as hosts do it. It may outlive the host, which then detaches
+// itself: every call is then refused.
 class SiteObject final
     : public ComObject<IOleClientSite, IOleInPlaceSiteEx, IOleControlSite, IDispatch, IAdviseSink> {
 public:
@@ -41,7 +41,7 @@ public:
     void detach() { host_ = nullptr; }
 
     AmbientProperties ambients;
-    /// The calls of the control, by their names, in order; queries are left out.
+    // The calls of the control, by their names, in order; queries are left out.
     std::vector<std::string> calls;
 
     HRESULT STDMETHODCALLTYPE SaveObject() override;

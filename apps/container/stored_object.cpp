@@ -26,9 +26,7 @@ ComPtr<IStream> memoryStream(std::string_view bytes = {}) {
 
 std::string bytesOf(IStream* stream) {
     STATSTG status = {};
-    if (FAILED(stream->Stat(&status, STATFLAG_NONAME))) {
-        return {};
-    }
+    if (FAILED(stream->Stat(&status, STATFLAG_NONAME))) return {};
     std::string bytes(static_cast<size_t>(status.cbSize.QuadPart), '\0');
     stream->Seek({}, STREAM_SEEK_SET, nullptr);
     ULONG count = 0;
@@ -37,20 +35,19 @@ std::string bytesOf(IStream* stream) {
     return bytes;
 }
 
-template <class Persist>
+template <typename Persist>
 std::optional<StoredObject> saved(const ComPtr<IUnknown>& object) {
     const auto persist = object.query<Persist>();
     const auto stream = memoryStream();
     StoredObject result;
     if (!persist || !stream || FAILED(persist->GetClassID(&result.classId)) ||
-        FAILED(persist->Save(stream.get(), FALSE))) {
+        FAILED(persist->Save(stream.get(), FALSE)))
         return std::nullopt;
-    }
     result.bytes = bytesOf(stream.get());
     return result;
 }
 
-template <class Persist>
+template <typename Persist>
 bool loaded(const ComPtr<IUnknown>& object, const StoredObject& stored) {
     const auto persist = object.query<Persist>();
     const auto stream = memoryStream(stored.bytes);
@@ -74,9 +71,7 @@ ComPtr<IUnknown> createObject(REFCLSID classId) {
 }
 
 bool applyFont(const StoredFont& stored, const ComPtr<IFont>& font) {
-    if (!font) {
-        return false;
-    }
+    if (!font) return false;
     CY size;
     size.int64 = std::llround(stored.size * 10000);
     font->put_Name(Bstr(stored.name).get());
@@ -109,9 +104,7 @@ ComPtr<IDispatch> makeFont(const StoredFont& font) {
 
 std::optional<StoredFont> describeFont(IUnknown* object) {
     const auto font = ComPtr<IUnknown>(object).query<IFont>();
-    if (!font) {
-        return std::nullopt;
-    }
+    if (!font) return std::nullopt;
     StoredFont result;
     Bstr name;
     CY size = {};
@@ -137,25 +130,17 @@ std::optional<StoredValue> storedFrom(const VARIANT& value) {
     Variant plain = Variant::resolved(value);
     if (plain.type() == VT_DISPATCH || plain.type() == VT_UNKNOWN) {
         const ComPtr<IUnknown> object = plain.toObject();
-        if (!object) {
-            return Variant();
-        }
-        if (auto font = describeFont(object.get())) {
-            return *font;
-        }
+        if (!object) return Variant();
+        if (auto font = describeFont(object.get())) return *font;
         auto stored = saved<IPersistStream>(object);
-        if (!stored) {
-            stored = saved<IPersistStreamInit>(object);
-        }
+        if (!stored) stored = saved<IPersistStreamInit>(object);
         return stored ? std::optional<StoredValue>(std::move(*stored)) : std::nullopt;
     }
     if (plain.type() == (VT_ARRAY | VT_UI1)) {
         StoredBytes stored;
         void* data = nullptr;
         SAFEARRAY* array = plain.get().parray;
-        if (SafeArrayGetDim(array) != 1 || FAILED(SafeArrayAccessData(array, &data))) {
-            return std::nullopt;
-        }
+        if (SafeArrayGetDim(array) != 1 || FAILED(SafeArrayAccessData(array, &data))) return std::nullopt;
         stored.bytes.assign(static_cast<const char*>(data), array->rgsabound[0].cElements);
         SafeArrayUnaccessData(array);
         return stored;
@@ -189,17 +174,11 @@ std::optional<StoredValue> storedFrom(const VARIANT& value) {
 }
 
 Variant restored(const StoredValue& stored) {
-    if (const auto* value = std::get_if<Variant>(&stored)) {
-        return *value;
-    }
-    if (const auto* font = std::get_if<StoredFont>(&stored)) {
-        return makeFont(*font).get();
-    }
+    if (const auto* value = std::get_if<Variant>(&stored)) return *value;
+    if (const auto* font = std::get_if<StoredFont>(&stored)) return makeFont(*font).get();
     if (const auto* saved = std::get_if<StoredObject>(&stored)) {
         const auto object = createObject(saved->classId);
-        if (!object || !loadObject(object, *saved)) {
-            return {};
-        }
+        if (!object || !loadObject(object, *saved)) return {};
         const auto dispatch = object.query<IDispatch>();
         return dispatch ? Variant(dispatch.get()) : Variant(object.get());
     }
@@ -219,9 +198,7 @@ Variant restored(const StoredValue& stored) {
 
 bool restoreInto(const StoredValue& stored, IUnknown* object) {
     const ComPtr<IUnknown> target(object);
-    if (const auto* font = std::get_if<StoredFont>(&stored)) {
-        return applyFont(*font, target.query<IFont>());
-    }
+    if (const auto* font = std::get_if<StoredFont>(&stored)) return applyFont(*font, target.query<IFont>());
     const auto* saved = std::get_if<StoredObject>(&stored);
     return saved && loadObject(target, *saved);
 }

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <iterator>
 
 #include "container/stored_value.h"
 #include "container/text.h"
@@ -19,45 +20,41 @@ constexpr Tag tags[] = {
     {L"Decimal", VT_DECIMAL}, {L"String", VT_BSTR},
 };
 
+struct Escape {
+    wchar_t letter;
+    wchar_t meaning;
+};
+constexpr Escape escapes[] = {{L'"', L'"'}, {L'\\', L'\\'}, {L'n', L'\n'}, {L'r', L'\r'}, {L't', L'\t'}};
+
+const Escape* escapeBy(wchar_t Escape::*part, wchar_t character) {
+    const auto* const found = std::find_if(std::begin(escapes), std::end(escapes),
+                                           [&](const Escape& each) { return each.*part == character; });
+    return found == std::end(escapes) ? nullptr : found;
+}
+
 std::wstring quoted(std::wstring_view text) {
     std::wstring result = L"\"";
     for (const wchar_t character : text) {
-        switch (character) {
-            case L'"':
-                result += L"\\\"";
-                break;
-            case L'\\':
-                result += L"\\\\";
-                break;
-            case L'\n':
-                result += L"\\n";
-                break;
-            case L'\r':
-                result += L"\\r";
-                break;
-            case L'\t':
-                result += L"\\t";
-                break;
-            default:
-                // Control characters and halves of surrogate pairs would not survive UTF-8 or an
-                // editor; pairs are written as two halves, which read back as the same text.
-                if (character < 32 || (character >= 0xD800 && character < 0xE000) || character == 0xFFFD) {
-                    wchar_t buffer[8];
-                    swprintf(buffer, 8, L"\\u%04X", static_cast<unsigned>(character));
-                    result += buffer;
-                } else {
-                    result += character;
-                }
+        // Control characters and halves of surrogate pairs would not survive UTF-8 or an editor; pairs are
+        // written as two halves, which read back as the same text.
+        const bool coded =
+            character < 32 || (character >= 0xD800 && character < 0xE000) || character == 0xFFFD;
+        if (const Escape* escape = escapeBy(&Escape::meaning, character)) {
+            result += {L'\\', escape->letter};
+        } else if (coded) {
+            wchar_t buffer[8];
+            swprintf(buffer, 8, L"\\u%04X", static_cast<unsigned>(character));
+            result += buffer;
+        } else {
+            result += character;
         }
     }
     return result + L'"';
 }
 
-/// Reads a quoted text from the start of `rest` and leaves what follows it.
+// Reads a quoted text from the start of `rest` and leaves what follows it.
 std::optional<std::wstring> takeQuoted(std::wstring_view& rest) {
-    if (rest.empty() || rest.front() != L'"') {
-        return std::nullopt;
-    }
+    if (rest.empty() || rest.front() != L'"') return std::nullopt;
     std::wstring result;
     for (size_t index = 1; index < rest.size(); ++index) {
         if (rest[index] == L'"') {
@@ -68,38 +65,16 @@ std::optional<std::wstring> takeQuoted(std::wstring_view& rest) {
             result += rest[index];
             continue;
         }
-        if (++index == rest.size()) {
-            return std::nullopt;
+        if (++index == rest.size()) return std::nullopt;
+        if (const Escape* escape = escapeBy(&Escape::letter, rest[index])) {
+            result += escape->meaning;
+            continue;
         }
-        switch (rest[index]) {
-            case L'n':
-                result += L'\n';
-                break;
-            case L'r':
-                result += L'\r';
-                break;
-            case L't':
-                result += L'\t';
-                break;
-            case L'"':
-            case L'\\':
-                result += rest[index];
-                break;
-            case L'u': {
-                if (rest.size() - index < 5) {
-                    return std::nullopt;
-                }
-                const auto code = readWhole(L"&H" + std::wstring(rest.substr(index + 1, 4)));
-                if (!code) {
-                    return std::nullopt;
-                }
-                result += static_cast<wchar_t>(*code);
-                index += 4;
-                break;
-            }
-            default:
-                return std::nullopt;
-        }
+        if (rest[index] != L'u' || rest.size() - index < 5) return std::nullopt;
+        const auto code = readWhole(L"&H" + std::wstring(rest.substr(index + 1, 4)));
+        if (!code) return std::nullopt;
+        result += static_cast<wchar_t>(*code);
+        index += 4;
     }
     return std::nullopt;
 }
@@ -123,9 +98,7 @@ std::wstring base64(std::string_view bytes) {
 }
 
 std::optional<std::string> readBase64(std::wstring_view text) {
-    if (text.size() % 4 != 0) {
-        return std::nullopt;
-    }
+    if (text.size() % 4 != 0) return std::nullopt;
     std::string result;
     unsigned group = 0;
     for (size_t index = 0; index < text.size(); ++index) {
@@ -134,9 +107,7 @@ std::optional<std::string> readBase64(std::wstring_view text) {
         const bool padding = rest == L"==" || rest == L"=";
         const auto digit =
             text[index] < 128 ? digits.find(static_cast<char>(text[index])) : std::string_view::npos;
-        if (!padding && digit == std::string_view::npos) {
-            return std::nullopt;
-        }
+        if (!padding && digit == std::string_view::npos) return std::nullopt;
         group = group << 6 | (padding ? 0u : static_cast<unsigned>(digit));
         if (index % 4 == 3) {
             result += static_cast<char>(group >> 16 & 255);
@@ -185,9 +156,7 @@ std::optional<Variant> readPlain(VARTYPE type, std::wstring_view text) {
             return content && trimmed(text).empty() ? std::optional<Variant>(*content) : std::nullopt;
         }
         case VT_BOOL:
-            if (sameName(text, L"True")) {
-                return true;
-            }
+            if (sameName(text, L"True")) return true;
             return sameName(text, L"False") ? std::optional<Variant>(false) : std::nullopt;
         case VT_R4: {
             const auto number = readSingle(text);
@@ -209,21 +178,18 @@ std::optional<Variant> readPlain(VARTYPE type, std::wstring_view text) {
             return readNumber(text) ? Variant(text).converted(type) : std::nullopt;
         default: {
             const auto number = readWhole(text);
-            if (!number) {
-                return std::nullopt;
-            }
+            if (!number) return std::nullopt;
             const bool hexadecimal =
                 text.front() == L'&' || text.substr(0, 2) == L"0x" || text.substr(0, 2) == L"0X";
-            if (type == VT_I4 && hexadecimal && *number <= 0xFFFFFFFFll) {
-                return static_cast<long>(*number);
-            }
+            if (type == VT_I4 && hexadecimal && *number <= 0xFFFFFFFFll) return static_cast<long>(*number);
             return Variant(*number).converted(type);
         }
     }
 }
 
-std::wstring writeFont(const StoredFont& font) {
-    std::wstring text = quoted(font.name) + L", " + numberText(font.size);
+// What follows a font's name.
+std::wstring sizeAndStyle(const StoredFont& font) {
+    std::wstring text = numberText(font.size);
     if (font.weight == FW_BOLD) {
         text += L", bold";
     } else if (font.weight != FW_NORMAL) {
@@ -231,18 +197,18 @@ std::wstring writeFont(const StoredFont& font) {
     }
     text += font.italic ? L", italic" : L"";
     text += font.underline ? L", underline" : L"";
-    text += font.strikethrough ? L", strikethrough" : L"";
-    if (font.characterSet != DEFAULT_CHARSET) {
-        text += L", charset " + std::to_wstring(font.characterSet);
-    }
-    return text;
+    return text + (font.strikethrough ? L", strikethrough" : L"");
 }
 
-/// "weight 600" gives 600 for the word "weight".
+std::wstring writeFont(const StoredFont& font) {
+    const std::wstring text = quoted(font.name) + L", " + sizeAndStyle(font);
+    return font.characterSet == DEFAULT_CHARSET ? text
+                                                : text + L", charset " + std::to_wstring(font.characterSet);
+}
+
+// "weight 600" gives 600 for the word "weight".
 std::optional<short> numberAfter(std::wstring_view word, std::wstring_view part) {
-    if (part.size() <= word.size() || !sameName(part.substr(0, word.size()), word)) {
-        return std::nullopt;
-    }
+    if (part.size() <= word.size() || !sameName(part.substr(0, word.size()), word)) return std::nullopt;
     const auto number = readWhole(trimmed(part.substr(word.size())));
     return number && *number >= 0 && *number <= 1000 ? std::optional(static_cast<short>(*number))
                                                      : std::nullopt;
@@ -251,16 +217,12 @@ std::optional<short> numberAfter(std::wstring_view word, std::wstring_view part)
 std::optional<StoredFont> readFont(std::wstring_view text) {
     StoredFont font;
     const auto name = takeQuoted(text);
-    if (!name || name->empty()) {
-        return std::nullopt;
-    }
+    if (!name || name->empty()) return std::nullopt;
     font.name = *name;
     text = trimmed(text);
     bool sized = false;
     while (!text.empty()) {
-        if (text.front() != L',') {
-            return std::nullopt;
-        }
+        if (text.front() != L',') return std::nullopt;
         text.remove_prefix(1);
         const auto end = std::min(text.find(L','), text.size());
         const std::wstring_view part = trimmed(text.substr(0, end));
@@ -292,13 +254,10 @@ std::optional<StoredObject> readObject(std::wstring_view text) {
     const auto end = text.find(L'}');
     StoredObject object;
     if (end == std::wstring_view::npos ||
-        FAILED(CLSIDFromString(std::wstring(text.substr(0, end + 1)).c_str(), &object.classId))) {
+        FAILED(CLSIDFromString(std::wstring(text.substr(0, end + 1)).c_str(), &object.classId)))
         return std::nullopt;
-    }
     auto bytes = readBase64(trimmed(text.substr(end + 1)));
-    if (!bytes) {
-        return std::nullopt;
-    }
+    if (!bytes) return std::nullopt;
     object.bytes = std::move(*bytes);
     return object;
 }
@@ -312,32 +271,17 @@ std::wstring classText(REFCLSID classId) {
 }  // namespace
 
 std::wstring fontText(const StoredFont& font) {
-    std::wstring text = font.name + L' ' + numberText(font.size);
-    if (font.weight == FW_BOLD) {
-        text += L", bold";
-    } else if (font.weight != FW_NORMAL) {
-        text += L", weight " + std::to_wstring(font.weight);
-    }
-    text += font.italic ? L", italic" : L"";
-    text += font.underline ? L", underline" : L"";
-    return text + (font.strikethrough ? L", strikethrough" : L"");
+    return font.name + L' ' + sizeAndStyle(font);
 }
 
 std::wstring writeValue(const StoredValue& stored) {
-    if (const auto* font = std::get_if<StoredFont>(&stored)) {
-        return L"Font " + writeFont(*font);
-    }
-    if (const auto* object = std::get_if<StoredObject>(&stored)) {
+    if (const auto* font = std::get_if<StoredFont>(&stored)) return L"Font " + writeFont(*font);
+    if (const auto* object = std::get_if<StoredObject>(&stored))
         return L"Object " + classText(object->classId) + L' ' + base64(object->bytes);
-    }
-    if (const auto* bytes = std::get_if<StoredBytes>(&stored)) {
-        return L"Bytes " + base64(bytes->bytes);
-    }
+    if (const auto* bytes = std::get_if<StoredBytes>(&stored)) return L"Bytes " + base64(bytes->bytes);
     const Variant& value = std::get<Variant>(stored);
     for (const Tag& tag : tags) {
-        if (tag.type == value.type()) {
-            return tag.name + (L' ' + writePlain(value));
-        }
+        if (tag.type == value.type()) return tag.name + (L' ' + writePlain(value));
     }
     return L"Empty";
 }
@@ -356,9 +300,7 @@ std::optional<StoredValue> readValue(std::wstring_view text, std::wstring& probl
     } else if (sameName(word, L"Object")) {
         result = readObject(rest);
     } else if (sameName(word, L"Bytes")) {
-        if (auto bytes = readBase64(rest)) {
-            result = StoredBytes{std::move(*bytes)};
-        }
+        if (auto bytes = readBase64(rest)) result = StoredBytes{std::move(*bytes)};
     } else {
         known = false;
         for (const Tag& tag : tags) {

@@ -9,42 +9,37 @@ namespace obk::container {
 
 namespace {
 
-template <class Number>
+template <typename Number>
 std::wstring shortest(Number value) {
     char buffer[64];
     const auto written = std::to_chars(std::begin(buffer), std::end(buffer), value);
     return {buffer, written.ptr};
 }
 
-/// Plain characters only: what a number may hold. Empty for anything else.
+// Plain characters only: what a number may hold. Empty for anything else.
 std::string narrow(std::wstring_view text) {
     std::string result;
     for (const wchar_t character : text) {
-        if (character <= 0 || character > 126) {
-            return {};
-        }
+        if (character <= 0 || character > 126) return {};
         result += static_cast<char>(character);
     }
     return result;
 }
 
-template <class Number>
+template <typename Number>
 std::optional<Number> wholeNumber(std::wstring_view text) {
     const std::string plain = narrow(text);
     Number value = 0;
     const auto read = std::from_chars(plain.data(), plain.data() + plain.size(), value);
-    if (plain.empty() || read.ec != std::errc() || read.ptr != plain.data() + plain.size()) {
+    if (plain.empty() || read.ec != std::errc() || read.ptr != plain.data() + plain.size())
         return std::nullopt;
-    }
     return value;
 }
 
 struct FileHandle {
     HANDLE handle;
     ~FileHandle() {
-        if (valid()) {
-            CloseHandle(handle);
-        }
+        if (valid()) CloseHandle(handle);
     }
     bool valid() const { return handle != INVALID_HANDLE_VALUE; }
 };
@@ -58,9 +53,7 @@ bool sameName(std::wstring_view first, std::wstring_view second) {
 
 std::wstring_view trimmed(std::wstring_view text) {
     const auto first = text.find_first_not_of(L" \t\r");
-    if (first == std::wstring_view::npos) {
-        return {};
-    }
+    if (first == std::wstring_view::npos) return {};
     return text.substr(first, text.find_last_not_of(L" \t\r") - first + 1);
 }
 
@@ -111,12 +104,8 @@ std::optional<long long> readCurrency(std::wstring_view text) {
     std::wstring digits(text);
     const auto point = digits.find(L'.');
     const size_t places = point == std::wstring::npos ? 0 : digits.size() - point - 1;
-    if (places > 4 || point == 0 || text.starts_with(L"&") || text.starts_with(L"0x")) {
-        return std::nullopt;
-    }
-    if (point != std::wstring::npos) {
-        digits.erase(point, 1);
-    }
+    if (places > 4 || point == 0 || text.starts_with(L"&") || text.starts_with(L"0x")) return std::nullopt;
+    if (point != std::wstring::npos) digits.erase(point, 1);
     return readWhole(digits + std::wstring(4 - places, L'0'));
 }
 
@@ -126,30 +115,22 @@ std::optional<long long> readWhole(std::wstring_view text) {
                                                   plain.starts_with("0x") || plain.starts_with("0X"));
     const char* first = plain.data() + (hexadecimal ? 2 : 0);
     const char* last = plain.data() + plain.size();
-    if (first == last || (hexadecimal && *first == '-')) {
-        return std::nullopt;
-    }
+    if (first == last || (hexadecimal && *first == '-')) return std::nullopt;
     long long value = 0;
     const auto read = std::from_chars(first, last, value, hexadecimal ? 16 : 10);
-    if (read.ec != std::errc() || read.ptr != last) {
-        return std::nullopt;
-    }
+    if (read.ec != std::errc() || read.ptr != last) return std::nullopt;
     return value;
 }
 
 std::optional<std::string> readFile(const std::wstring& path) {
     const FileHandle file{CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
                                       FILE_ATTRIBUTE_NORMAL, nullptr)};
-    if (!file.valid()) {
-        return std::nullopt;
-    }
+    if (!file.valid()) return std::nullopt;
     std::string bytes;
     char buffer[16384];
     DWORD count = 0;
     while (ReadFile(file.handle, buffer, sizeof buffer, &count, nullptr)) {
-        if (count == 0) {
-            return bytes;
-        }
+        if (count == 0) return bytes;
         bytes.append(buffer, count);
     }
     return std::nullopt;

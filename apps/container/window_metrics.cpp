@@ -6,8 +6,8 @@ namespace {
 
 constexpr int himetricPerInch = 2540;
 
-/// Functions that older systems do not have.
-template <class Function>
+// Functions that older systems do not have.
+template <typename Function>
 Function systemFunction(const char* name) {
     return reinterpret_cast<Function>(GetProcAddress(GetModuleHandleW(L"user32.dll"), name));
 }
@@ -32,10 +32,8 @@ LOGFONTW messageLogFont(int dpi) {
         systemFunction<BOOL(WINAPI*)(UINT, UINT, void*, UINT, UINT)>("SystemParametersInfoForDpi");
     NONCLIENTMETRICSW metrics = {};
     metrics.cbSize = sizeof metrics;
-    if (getForDpi &&
-        getForDpi(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0, static_cast<UINT>(dpi))) {
+    if (getForDpi && getForDpi(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0, static_cast<UINT>(dpi)))
         return metrics.lfMessageFont;
-    }
     SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
     metrics.lfMessageFont.lfHeight = MulDiv(metrics.lfMessageFont.lfHeight, dpi, systemDpi());
     return metrics.lfMessageFont;

@@ -5,15 +5,15 @@
 
 namespace obk::container {
 
-/// Pixels per inch of the system, and of the monitor that a window is on (the system's where
-/// windows are not scaled one by one).
+// Pixels per inch of the system, and of the monitor that a window is on (the system's where
+// windows are not scaled one by one).
 int systemDpi();
 int windowDpi(HWND window);
 
-/// The font of the system's messages and menus for a resolution.
+// The font of the system's messages and menus for a resolution.
 LOGFONTW messageLogFont(int dpi);
 
-/// 1/100 mm, the unit of extents, from pixels and back; rounded to the nearest.
+// 1/100 mm, the unit of extents, from pixels and back; rounded to the nearest.
 SIZE himetricFromPixels(SIZE pixels, int dpi);
 SIZE pixelsFromHimetric(SIZE himetric, int dpi);
 

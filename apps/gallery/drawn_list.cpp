@@ -12,9 +12,7 @@ constexpr wchar_t listProperty[] = L"OrbekDrawnList";
 }  // namespace
 
 DrawnList::~DrawnList() {
-    if (handle_) {
-        DestroyWindow(handle_);
-    }
+    if (handle_) DestroyWindow(handle_);
 }
 
 void DrawnList::create(HWND parent, const wchar_t* name) {
@@ -69,9 +67,7 @@ void DrawnList::draw(const DRAWITEMSTRUCT& item) {
     const int width = item.rcItem.right - item.rcItem.left;
     const int height = item.rcItem.bottom - item.rcItem.top;
     if (item.itemID == static_cast<UINT>(-1) || width <= 0 || height <= 0) {
-        if (item.itemState & ODS_FOCUS) {
-            DrawFocusRect(item.hDC, &item.rcItem);
-        }
+        if (item.itemState & ODS_FOCUS) DrawFocusRect(item.hDC, &item.rcItem);
         return;
     }
     const HDC memory = CreateCompatibleDC(item.hDC);
@@ -114,12 +110,8 @@ LRESULT CALLBACK DrawnList::procedure(HWND window, UINT message, WPARAM wParam, 
         RECT area = {};
         GetClientRect(window, &area);
         const int rows = list.count();
-        if (rows > 0) {
-            area.top = list.rowArea(rows - 1).bottom;
-        }
-        if (area.top < area.bottom) {
-            fillRect(reinterpret_cast<HDC>(wParam), area, list.background());
-        }
+        if (rows > 0) area.top = list.rowArea(rows - 1).bottom;
+        if (area.top < area.bottom) fillRect(reinterpret_cast<HDC>(wParam), area, list.background());
         return 1;
     }
     return list.onMessage(message, wParam, lParam) ? 0 : DefSubclassProc(window, message, wParam, lParam);

@@ -19,30 +19,30 @@ public:
 
     HWND handle() const { return handle_; }
     int count() const;
-    /// The selected row, -1 for none.
+    // The selected row, -1 for none.
     int selection() const;
     void select(int row);
-    /// Area of a row in pixels of the list's client area; empty for a row that does not exist.
+    // Area of a row in pixels of the list's client area; empty for a row that does not exist.
     RECT rowArea(int row) const;
     void redrawRow(int row) const;
-    /// Fonts and row height, after the theme changed.
+    // Fonts and row height, after the theme changed.
     virtual void themeChanged();
 
     void draw(const DRAWITEMSTRUCT& item);
     virtual void notify(int code);
-    /// The list object of a window, null for other windows.
+    // The list object of a window, null for other windows.
     static DrawnList* of(HWND window);
 
 protected:
     void create(HWND parent, const wchar_t* name);
     virtual int rowHeight() const { return theme_.rowHeight(); }
-    /// Draws on a background that is already filled; `area` starts at (0, 0).
+    // Draws on a background that is already filled; `area` starts at (0, 0).
     virtual void drawRow(HDC dc, const RECT& area, int row, bool selected) = 0;
     virtual COLORREF background() const { return theme_.card; }
     virtual COLORREF rowBackground(int row, bool selected) const;
     virtual void selectionChanged(int) {}
     virtual void doubleClicked(int) {}
-    /// True when the message was used.
+    // True when the message was used.
     virtual bool onMessage(UINT, WPARAM, LPARAM) { return false; }
     const Theme& theme() const { return theme_; }
 

@@ -15,7 +15,7 @@ EventList::EventList(const Theme& theme, HWND parent) : DrawnList(theme) {
 }
 
 void EventList::add(Row row) {
-    const bool movement = row.kind == Kind::Event && row.name == L"MouseMove";
+    const bool movement = row.kind == Kind::event && row.name == L"MouseMove";
     if (movement && !rows_.empty() && rows_.back().name == row.name && rows_.back().control == row.control) {
         rows_.back().text = std::move(row.text);
         ++rows_.back().repeated;
@@ -34,27 +34,19 @@ void EventList::add(Row row) {
         rows_.pop_front();
         SendMessageW(handle(), LB_DELETESTRING, 0, 0);
     }
-    if (following) {
-        SendMessageW(handle(), LB_SETTOPINDEX, static_cast<WPARAM>(count() - 1), 0);
-    }
-    if (onCountChanged && before == 0) {
-        onCountChanged();
-    }
+    if (following) SendMessageW(handle(), LB_SETTOPINDEX, static_cast<WPARAM>(count() - 1), 0);
+    if (onCountChanged && before == 0) onCountChanged();
 }
 
 void EventList::clear() {
     rows_.clear();
     next_ = 1;
     SendMessageW(handle(), LB_RESETCONTENT, 0, 0);
-    if (onCountChanged) {
-        onCountChanged();
-    }
+    if (onCountChanged) onCountChanged();
 }
 
 void EventList::drawRow(HDC dc, const RECT& area, int index, bool selected) {
-    if (static_cast<size_t>(index) >= rows_.size()) {
-        return;
-    }
+    if (static_cast<size_t>(index) >= rows_.size()) return;
     const Row& row = rows_[static_cast<size_t>(index)];
     const COLORREF strong = selected ? theme().selectedText : theme().text;
     const COLORREF dim = selected ? theme().selectedText : theme().dimText;
@@ -65,16 +57,14 @@ void EventList::drawRow(HDC dc, const RECT& area, int index, bool selected) {
     };
     drawText(dc, std::to_wstring(row.number), column(14, 48), theme().body(), dim, oneLine);
     drawText(dc, row.control, column(52, 146), theme().body(), dim, oneLine);
-    if (row.kind != Kind::Event) {
+    if (row.kind != Kind::event) {
         drawText(dc, row.text, column(150, 0), theme().body(),
-                 row.kind == Kind::Problem ? theme().accent : strong, oneLine);
+                 row.kind == Kind::problem ? theme().accent : strong, oneLine);
         return;
     }
     drawText(dc, row.name, column(150, 240), theme().strong(), strong, oneLine);
     std::wstring text = row.text;
-    if (row.repeated > 1) {
-        text += L"   \x00D7" + std::to_wstring(row.repeated);
-    }
+    if (row.repeated > 1) text += L"   \x00D7" + std::to_wstring(row.repeated);
     drawText(dc, text, column(244, 0), theme().body(), strong, oneLine);
 }
 
@@ -101,10 +91,8 @@ void EventPanel::log(const SceneControl& control, const container::EventCall& ca
     const container::Member* member = control.members.event(call.number());
     for (size_t index = 0; index < call.count(); ++index) {
         row.text += index == 0 ? L"" : L", ";
-        if (member && index < member->arguments.size()) {
-            row.text += member->arguments[index].name + L" = ";
-        }
-        row.text += valueText(call.value(index), container::ValueKind::Other, {});
+        if (member && index < member->arguments.size()) row.text += member->arguments[index].name + L" = ";
+        row.text += valueText(call.value(index), container::ValueKind::other, {});
     }
     list_->add(std::move(row));
 }
@@ -129,10 +117,10 @@ void EventPanel::layOut() {
     const RECT content = cardContent(theme(), area);
     const int height = theme().fieldHeight();
     const int width = theme().scale(76);
-    SetWindowPos(clearButton_, nullptr, area.right - theme().scale(8) - width, (content.top - height) / 2,
-                 width, height, SWP_NOZORDER | SWP_NOACTIVATE);
-    SetWindowPos(list_->handle(), nullptr, content.left, content.top, content.right - content.left,
-                 content.bottom - content.top, SWP_NOZORDER | SWP_NOACTIVATE);
+    const LONG right = area.right - theme().scale(8);
+    const LONG top = (content.top - height) / 2;
+    placeWindow(clearButton_, {right - width, top, right, top + height});
+    placeWindow(list_->handle(), content);
 }
 
 void EventPanel::paint(HDC dc, const RECT& area) {

@@ -13,19 +13,19 @@ namespace obk::gallery {
 
 class EventList final : public DrawnList {
 public:
-    enum class Kind { Event, Note, Problem };
+    enum class Kind { event, note, problem };
     struct Row {
-        Kind kind = Kind::Event;
+        Kind kind = Kind::event;
         unsigned number = 0;
         std::wstring control;
-        std::wstring name;  ///< of the event; empty for notes
-        std::wstring text;  ///< arguments or the note
+        std::wstring name;  // of the event; empty for notes
+        std::wstring text;  // arguments or the note
         unsigned repeated = 1;
     };
 
     EventList(const Theme& theme, HWND parent);
-    /// Shows the newest row when the newest was in view before. Equal moves of the mouse in a row
-    /// become one row with a count.
+    // Shows the newest row when the newest was in view before. Equal moves of the mouse in a row
+    // become one row with a count.
     void add(Row row);
     void clear();
     std::function<void()> onCountChanged;
@@ -42,11 +42,11 @@ class EventPanel final : public Window {
 public:
     EventPanel(const Theme& theme, HWND parent);
 
-    /// Shown while the log is empty.
+    // Shown while the log is empty.
     void setEmptyText(const std::wstring& text);
     void log(const SceneControl& control, const container::EventCall& call);
     void note(const std::wstring& control, const std::wstring& text,
-              EventList::Kind kind = EventList::Kind::Note);
+              EventList::Kind kind = EventList::Kind::note);
     void clear() { list_->clear(); }
 
     HWND list() const { return list_->handle(); }

@@ -54,9 +54,8 @@ GalleryWindow::~GalleryWindow() {
 
 bool GalleryWindow::open(int show) {
     if (!create(L"Orbek Controls", WS_OVERLAPPEDWINDOW, WS_EX_CONTROLPARENT, nullptr,
-                {CW_USEDEFAULT, CW_USEDEFAULT, 0, 0})) {
+                {CW_USEDEFAULT, CW_USEDEFAULT, 0, 0}))
         return false;
-    }
     mutableTheme_.refresh(container::windowDpi(handle()));
     pageList_ = std::make_unique<PageList>(theme(), handle());
     pageList_->onPage = [this](int page) { showPage(page); };
@@ -85,9 +84,7 @@ int GalleryWindow::pageCount() const {
 }
 
 void GalleryWindow::showPage(int page) {
-    if (page == page_ || page < 0 || page >= pageCount()) {
-        return;
-    }
+    if (page == page_ || page < 0 || page >= pageCount()) return;
     page_ = page;
     properties_->setScene(nullptr);
     if (scene_) {
@@ -111,14 +108,12 @@ void GalleryWindow::showPage(int page) {
     events_->setEmptyText(silent ? L"This control raises no events."
                                  : L"Use the controls above: their events appear here.");
     for (const auto& control : scene_->controls()) {
-        if (!control->failure.empty()) {
-            events_->note(control->name, control->failure, EventList::Kind::Problem);
-        }
+        if (!control->failure.empty())
+            events_->note(control->name, control->failure, EventList::Kind::problem);
     }
     properties_->setScene(scene_.get());
-    if (pageList_->selection() != page) {
+    if (pageList_->selection() != page)
         SendMessageW(pageList_->handle(), LB_SETCURSEL, static_cast<WPARAM>(page), 0);
-    }
     InvalidateRect(handle(), nullptr, FALSE);
 }
 
@@ -132,9 +127,7 @@ void GalleryWindow::watch(SceneControl& control) {
             properties_->refreshSoon();
         });
         control.site->onFocus = [this, &control](bool gained) {
-            if (gained) {
-                properties_->show(&control);
-            }
+            if (gained) properties_->show(&control);
         };
     }
 }
@@ -142,9 +135,8 @@ void GalleryWindow::watch(SceneControl& control) {
 void GalleryWindow::orderStops() {
     auto& form = scene_->form();
     for (const HWND window : {properties_->chooser(), properties_->list(), events_->clearButton(),
-                              events_->list(), loadButton_, saveButton_, pageList_->handle()}) {
+                              events_->list(), loadButton_, saveButton_, pageList_->handle()})
         form.add(window);
-    }
 }
 
 GalleryWindow::Layout GalleryWindow::layout() const {
@@ -180,17 +172,11 @@ GalleryWindow::Layout GalleryWindow::layout() const {
 }
 
 void GalleryWindow::layOut() {
-    if (!scene_) {
-        return;
-    }
+    if (!scene_) return;
     const Layout places = layout();
-    const auto move = [](HWND window, const RECT& place) {
-        SetWindowPos(window, nullptr, place.left, place.top, place.right - place.left,
-                     place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
-    };
-    move(pageList_->handle(), places.pages);
-    move(saveButton_, places.save);
-    move(loadButton_, places.load);
+    placeWindow(pageList_->handle(), places.pages);
+    placeWindow(saveButton_, places.save);
+    placeWindow(loadButton_, places.load);
     scene_->place(places.scene);
     properties_->place(places.properties);
     events_->place(places.events);
@@ -199,9 +185,7 @@ void GalleryWindow::layOut() {
 
 void GalleryWindow::applyTheme(int dpi) {
     mutableTheme_.refresh(dpi);
-    for (const HWND button : {saveButton_, loadButton_}) {
-        setFont(button, theme().body());
-    }
+    for (const HWND button : {saveButton_, loadButton_}) setFont(button, theme().body());
     pageList_->themeChanged();
     layOut();
     scene_->themeChanged();
@@ -211,9 +195,7 @@ void GalleryWindow::applyTheme(int dpi) {
 }
 
 void GalleryWindow::paint(HDC dc, const RECT& area) {
-    if (page_ < 0) {
-        return;
-    }
+    if (page_ < 0) return;
     const Layout places = layout();
     const RECT edge = {places.pages.right, 0, places.pages.right + 1, area.bottom};
     fillRect(dc, edge, theme().border);
@@ -227,9 +209,7 @@ void GalleryWindow::paint(HDC dc, const RECT& area) {
 }
 
 bool GalleryWindow::handleKey(MSG& message) {
-    if (message.message != WM_KEYDOWN || GetAncestor(message.hwnd, GA_ROOT) != handle()) {
-        return false;
-    }
+    if (message.message != WM_KEYDOWN || GetAncestor(message.hwnd, GA_ROOT) != handle()) return false;
     const bool control = GetKeyState(VK_CONTROL) < 0;
     const bool shift = GetKeyState(VK_SHIFT) < 0;
     if (message.wParam == VK_F6 || (control && message.wParam == VK_TAB)) {
@@ -252,17 +232,14 @@ void GalleryWindow::nextPane(bool forward) {
     constexpr int count = 4;
     const HWND focus = GetFocus();
     int current = 0;
-    for (int index = 0; index < count; ++index) {
+    for (int index = 0; index < count; ++index)
         current = panes[index] == focus || IsChild(panes[index], focus) ? index : current;
-    }
     for (int step = 1; step < count; ++step) {
         const int next = (current + (forward ? step : count - step)) % count;
         if (next == 1) {
             // Into the form by its first control.
             for (const auto& control : scene_->controls()) {
-                if (scene_->form().enter(*control->site)) {
-                    return;
-                }
+                if (scene_->form().enter(*control->site)) return;
             }
             // Controls that take no focus: its first ordinary field.
             if (const HWND first = GetNextDlgTabItem(scene_->handle(), nullptr, FALSE)) {
@@ -282,9 +259,7 @@ void GalleryWindow::nextPane(bool forward) {
 }
 
 void GalleryWindow::followFocus() {
-    if (SceneControl* control = scene_ ? scene_->focused() : nullptr) {
-        properties_->show(control);
-    }
+    if (SceneControl* control = scene_ ? scene_->focused() : nullptr) properties_->show(control);
 }
 
 bool GalleryWindow::saveForm(const std::wstring& path) const {
@@ -296,56 +271,44 @@ bool GalleryWindow::saveForm(const std::wstring& path) const {
 
 bool GalleryWindow::loadForm(const std::wstring& path) {
     const auto bytes = container::readFile(path);
-    if (!bytes) {
-        return false;
-    }
+    if (!bytes) return false;
     std::vector<container::TextProblem> problems;
     FormText form = FormText::read(container::fromUtf8(*bytes), problems);
-    if (form.sections().empty()) {
-        return false;
-    }
+    if (form.sections().empty()) return false;
     if (const auto* head = form.find(formSection)) {
         const auto* name = head->bag->find(L"Page");
         for (int page = 0; name && page < pageCount(); ++page) {
-            if (container::sameName(container::restored(*name).toText(), entry(page).name)) {
-                showPage(page);
-            }
+            if (container::sameName(container::restored(*name).toText(), entry(page).name)) showPage(page);
         }
     }
     form.remove(formSection);
     events_->clear();
-    for (const container::TextProblem& problem : problems) {
-        events_->note(L"Line " + std::to_wstring(problem.line), problem.reason, EventList::Kind::Problem);
-    }
+    for (const container::TextProblem& problem : problems)
+        events_->note(L"Line " + std::to_wstring(problem.line), problem.reason, EventList::Kind::problem);
     // Its rows refer to the controls' members, which are read anew.
     properties_->setScene(nullptr);
-    for (const std::wstring& problem : scene_->load(form)) {
-        events_->note(L"", problem, EventList::Kind::Problem);
-    }
+    for (const std::wstring& problem : scene_->load(form))
+        events_->note(L"", problem, EventList::Kind::problem);
     properties_->setScene(scene_.get());
     return true;
 }
 
 void GalleryWindow::askSave() {
     const std::wstring path = openFileName(handle(), true);
-    if (!path.empty() && !saveForm(path)) {
+    if (!path.empty() && !saveForm(path))
         MessageBoxW(handle(), (path + L" could not be written.").c_str(), L"Orbek Controls", MB_ICONWARNING);
-    }
 }
 
 void GalleryWindow::askLoad() {
     const std::wstring path = openFileName(handle(), false);
-    if (!path.empty() && !loadForm(path)) {
+    if (!path.empty() && !loadForm(path))
         MessageBoxW(handle(), (path + L" holds no form.").c_str(), L"Orbek Controls", MB_ICONWARNING);
-    }
 }
 
 void GalleryWindow::copyPanels(PictureSurface& surface) const {
     // What a control has dropped down lies above the window, in a window of its own.
     for (HWND panel = GetTopWindow(nullptr); panel; panel = GetWindow(panel, GW_HWNDNEXT)) {
-        if (GetWindow(panel, GW_OWNER) != handle() || !IsWindowVisible(panel)) {
-            continue;
-        }
+        if (GetWindow(panel, GW_OWNER) != handle() || !IsWindowVisible(panel)) continue;
         POINT place = {0, 0};
         ClientToScreen(panel, &place);
         ScreenToClient(handle(), &place);
@@ -359,9 +322,7 @@ std::wstring GalleryWindow::writePictures(const std::wstring& folder) {
     for (int page = 0; page < pageCount(); ++page) {
         showPage(page);
         for (const auto& control : scene_->controls()) {
-            if (!control->failure.empty()) {
-                return control->failure;
-            }
+            if (!control->failure.empty()) return control->failure;
         }
         loop_.pumpPending();
         scene_->demonstrate();
@@ -377,9 +338,7 @@ std::wstring GalleryWindow::writePictures(const std::wstring& folder) {
         surface.copyWindow(handle());
         copyPanels(surface);
         const std::wstring path = folder + L"\\" + entry(page).name + L".png";
-        if (FAILED(surface.savePng(path))) {
-            return path + L" could not be written";
-        }
+        if (FAILED(surface.savePng(path))) return path + L" could not be written";
     }
     return {};
 }
@@ -396,14 +355,10 @@ LRESULT GalleryWindow::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             return 0;
         }
         case WM_ACTIVATE:
-            if (scene_) {
-                scene_->form().frameActivated(LOWORD(wParam) != WA_INACTIVE);
-            }
+            if (scene_) scene_->form().frameActivated(LOWORD(wParam) != WA_INACTIVE);
             break;
         case WM_SETFOCUS:
-            if (pageList_) {
-                SetFocus(pageList_->handle());
-            }
+            if (pageList_) SetFocus(pageList_->handle());
             return 0;
         case WM_COMMAND:
             if (HIWORD(wParam) == BN_CLICKED && reinterpret_cast<HWND>(lParam) == saveButton_) {
@@ -422,9 +377,7 @@ LRESULT GalleryWindow::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_SETTINGCHANGE:
         case WM_SYSCOLORCHANGE:
         case WM_THEMECHANGED:
-            if (scene_) {
-                applyTheme(theme().dpi());
-            }
+            if (scene_) applyTheme(theme().dpi());
             break;
         case WM_DESTROY:
             PostQuitMessage(0);

@@ -17,24 +17,24 @@ namespace obk::gallery {
 
 class GalleryWindow final : public Window {
 public:
-    /// `theme` belongs to the caller, because panels outlive changes of it.
+    // `theme` belongs to the caller, because panels outlive changes of it.
     GalleryWindow(Theme& theme, const container::ServerContext& server);
     ~GalleryWindow() override;
 
     bool open(int show);
     void showPage(int page);
     int pageCount() const;
-    /// Null before the first page.
+    // Null before the first page.
     Scene* scene() const { return scene_.get(); }
     container::MessageLoop& loop() { return loop_; }
 
-    /// Writes the page's controls as text; false when the file cannot be written.
+    // Writes the page's controls as text; false when the file cannot be written.
     bool saveForm(const std::wstring& path) const;
-    /// Shows the form's page and loads its controls; problems go to the log. False when there is no
-    /// such file or it holds no form.
+    // Shows the form's page and loads its controls; problems go to the log. False when there is no
+    // such file or it holds no form.
     bool loadForm(const std::wstring& path);
 
-    /// One PNG per page into `folder`; the first problem, empty when all went well.
+    // One PNG per page into `folder`; the first problem, empty when all went well.
     std::wstring writePictures(const std::wstring& folder);
 
 protected:
@@ -42,7 +42,7 @@ protected:
     LRESULT onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 
 private:
-    /// Areas of the panels in pixels.
+    // Areas of the panels in pixels.
     struct Layout {
         RECT pages;
         RECT brand;

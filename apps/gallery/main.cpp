@@ -46,16 +46,14 @@ Options readOptions() {
     return options;
 }
 
-/// On the console it was started from, else in a window for a person to read.
+// On the console it was started from, else in a window for a person to read.
 void say(const std::wstring& text, bool person) {
     const HANDLE error = GetStdHandle(STD_ERROR_HANDLE);
     const std::string bytes = obk::container::toUtf8(L"Gallery: " + text + L"\n");
     DWORD written = 0;
     const bool said = error && error != INVALID_HANDLE_VALUE &&
                       WriteFile(error, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
-    if (!said && person) {
-        MessageBoxW(nullptr, text.c_str(), L"Orbek Controls", MB_ICONWARNING);
-    }
+    if (!said && person) MessageBoxW(nullptr, text.c_str(), L"Orbek Controls", MB_ICONWARNING);
 }
 
 int run(const Options& options, int show) {

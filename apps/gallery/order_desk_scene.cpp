@@ -7,13 +7,13 @@ namespace obk::gallery {
 
 namespace {
 
-constexpr int line = 24;  ///< height of a field
+constexpr int line = 24;  // height of a field
 
 enum Column : long { stateCol, numberCol, customerCol, articleCol, deliveryCol, timeCol, piecesCol, paidCol };
 
 struct ColumnEntry {
     const wchar_t* caption;
-    double width;  ///< twips
+    double width;  // twips
     long type;
 };
 constexpr ColumnEntry columns[] = {{L"", 330, 2},         {L"No.", 480, 2},       {L"Customer", 1300, 0},
@@ -43,7 +43,7 @@ long count(const container::Dispatch& grid, const wchar_t* member) {
     return answer.toLong().value_or(0);
 }
 
-/// What follows from a row's texts: its icon, and a check mark in the font that draws it.
+// What follows from a row's texts: its icon, and a check mark in the font that draws it.
 void dress(const container::Dispatch& grid, long row) {
     const std::wstring paid = cell(grid, row, paidCol);
     const bool isPaid = paid.find(L'a') != std::wstring::npos;
@@ -52,7 +52,7 @@ void dress(const container::Dispatch& grid, long row) {
     grid.call(L"CellSetIcon", {stateCol, row, isPaid ? L"Home - Money" : L"Work - Clock"});
 }
 
-/// All rows, with the current cell where it was.
+// All rows, with the current cell where it was.
 void dressAll(const container::Dispatch& grid) {
     const long row = count(grid, L"RowCurrent"), col = count(grid, L"ColCurrent");
     grid.call(L"RowsRefreshColors", {0xF7F1EA});
@@ -88,9 +88,9 @@ std::wstring ordersFile() {
 }  // namespace
 
 void buildOrderDesk(Scene& scene) {
-    scene.text({20, 14, 466, line}, L"Order desk", TextLook::Heading);
+    scene.text({20, 14, 466, line}, L"Order desk", TextLook::heading);
     SceneControl& control = scene.control(L"Orders", L"OBKCTRLS.GridEdit", {20, 44, 466, 164});
-    const size_t told = scene.text({20, 218, 200, line}, L"", TextLook::Dim);
+    const size_t told = scene.text({20, 218, 200, line}, L"", TextLook::dim);
     setUp(control.object());
 
     const auto total = [&scene, &control, told] {

@@ -7,12 +7,12 @@
 
 namespace obk::gallery {
 
-/// One page. A further control is one more row of the table and its scene function.
+// One page. A further control is one more row of the table and its scene function.
 struct PageEntry {
-    const wchar_t* name;         ///< in the list of pages, and of the picture's file
-    const wchar_t* kind;         ///< under the name in the list
-    const wchar_t* description;  ///< under the title
-    int toolboxPicture;          ///< resource number of the picture in the list
+    const wchar_t* name;         // in the list of pages, and of the picture's file
+    const wchar_t* kind;         // under the name in the list
+    const wchar_t* description;  // under the title
+    int toolboxPicture;          // resource number of the picture in the list
     void (*build)(Scene& scene);
 };
 

@@ -51,9 +51,7 @@ void PageList::drawRow(HDC dc, const RECT& area, int row, bool selected) {
 }
 
 void PageList::selectionChanged(int row) {
-    if (onPage) {
-        onPage(row);
-    }
+    if (onPage) onPage(row);
 }
 
 }  // namespace obk::gallery

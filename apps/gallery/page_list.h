@@ -20,7 +20,7 @@ protected:
     void selectionChanged(int row) override;
 
 private:
-    /// Toolbox pictures by page; without a picture the row shows none.
+    // Toolbox pictures by page; without a picture the row shows none.
     std::vector<BitmapHandle> pictures_;
 };
 

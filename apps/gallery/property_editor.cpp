@@ -10,7 +10,7 @@ namespace {
 
 constexpr UINT_PTR subclassId = 2;
 
-/// Both list and field are drawn over the value, so the parent's own children lie beneath.
+// Both list and field are drawn over the value, so the parent's own children lie beneath.
 void raise(HWND window) {
     SetWindowPos(window, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
 }
@@ -49,9 +49,8 @@ void PropertyEditor::openChoices(HWND parent, const RECT& area, std::vector<Edit
     open(parent, L"COMBOBOX", dropped, CBS_DROPDOWNLIST | CBS_OWNERDRAWFIXED | CBS_HASSTRINGS | WS_VSCROLL);
     SendMessageW(window_, CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), theme_.rowHeight() - theme_.scale(6));
     SendMessageW(window_, CB_SETITEMHEIGHT, 0, theme_.rowHeight() - theme_.scale(2));
-    for (const EditorChoice& choice : choices_) {
+    for (const EditorChoice& choice : choices_)
         SendMessageW(window_, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(choice.name.c_str()));
-    }
     SendMessageW(window_, CB_SETCURSEL, static_cast<WPARAM>(chosen), 0);
     raise(window_);
     ShowWindow(window_, SW_SHOW);
@@ -61,9 +60,7 @@ void PropertyEditor::openChoices(HWND parent, const RECT& area, std::vector<Edit
 
 bool PropertyEditor::accept() {
     // Accepting may run dialogs and the control's code, which take the focus and so come back here.
-    if (!window_ || accepting_) {
-        return true;
-    }
+    if (!window_ || accepting_) return true;
     accepting_ = true;
     bool accepted = true;
     if (list_) {
@@ -99,17 +96,13 @@ void PropertyEditor::close() {
 
 void PropertyEditor::closedByKey() {
     close();
-    if (onClosedByKey) {
-        onClosedByKey();
-    }
+    if (onClosedByKey) onClosedByKey();
 }
 
 void PropertyEditor::drawItem(const DRAWITEMSTRUCT& item) const {
     const bool selected = item.itemState & ODS_SELECTED;
     fillRect(item.hDC, item.rcItem, selected ? theme_.selected : theme_.card);
-    if (item.itemID >= choices_.size()) {
-        return;
-    }
+    if (item.itemID >= choices_.size()) return;
     const EditorChoice& choice = choices_[item.itemID];
     RECT area = item.rcItem;
     area.left += theme_.scale(5);
@@ -140,9 +133,7 @@ LRESULT CALLBACK PropertyEditor::procedure(HWND window, UINT message, WPARAM wPa
             return DLGC_WANTALLKEYS;
         case WM_KEYDOWN:
             if (wParam == VK_ESCAPE) {
-                if (self.list_) {
-                    SendMessageW(window, CB_SETCURSEL, static_cast<WPARAM>(self.chosen_), 0);
-                }
+                if (self.list_) SendMessageW(window, CB_SETCURSEL, static_cast<WPARAM>(self.chosen_), 0);
                 self.closedByKey();
                 return 0;
             }
@@ -156,9 +147,7 @@ LRESULT CALLBACK PropertyEditor::procedure(HWND window, UINT message, WPARAM wPa
             }
             break;
         case WM_CHAR:
-            if (wParam == L'\r' || wParam == L'\t' || wParam == VK_ESCAPE) {
-                return 0;
-            }
+            if (wParam == L'\r' || wParam == L'\t' || wParam == VK_ESCAPE) return 0;
             break;
         case WM_APP:
             self.accept();
@@ -167,9 +156,7 @@ LRESULT CALLBACK PropertyEditor::procedure(HWND window, UINT message, WPARAM wPa
         case WM_KILLFOCUS: {
             const LRESULT result = DefSubclassProc(window, message, wParam, lParam);
             const HWND to = reinterpret_cast<HWND>(wParam);
-            if (!self.accepting_ && to != window && !IsChild(window, to)) {
-                self.finish();
-            }
+            if (!self.accepting_ && to != window && !IsChild(window, to)) self.finish();
             return result;
         }
         default:

@@ -11,15 +11,15 @@
 
 namespace obk::gallery {
 
-/// An entry of the list; with `swatch` a square of `colour` is drawn before the name.
+// An entry of the list; with `swatch` a square of `colour` is drawn before the name.
 struct EditorChoice {
     std::wstring name;
     bool swatch = false;
     COLORREF colour = 0;
 };
 
-/// At most one editor is open. It closes itself when it is left: Enter and leaving accept, Esc
-/// gives up.
+// At most one editor is open. It closes itself when it is left: Enter and leaving accept, Esc
+// gives up.
 class PropertyEditor {
 public:
     explicit PropertyEditor(const Theme& theme) : theme_(theme) {}
@@ -27,7 +27,7 @@ public:
     PropertyEditor& operator=(const PropertyEditor&) = delete;
     ~PropertyEditor() { close(); }
 
-    /// Answers false to keep the editor open: the text is no value.
+    // Answers false to keep the editor open: the text is no value.
     using AcceptText = std::function<bool(const std::wstring&)>;
     using AcceptChoice = std::function<void(int)>;
 
@@ -35,16 +35,16 @@ public:
     void openChoices(HWND parent, const RECT& area, std::vector<EditorChoice> choices, int chosen,
                      AcceptChoice accept);
     bool isOpen() const { return window_ != nullptr; }
-    /// Accepts what was entered, as leaving the editor does.
+    // Accepts what was entered, as leaving the editor does.
     void finish();
     void close();
 
-    /// The parent passes on what concerns the list.
+    // The parent passes on what concerns the list.
     void drawItem(const DRAWITEMSTRUCT& item) const;
     void command(HWND from, int code);
     HWND window() const { return window_; }
 
-    /// Told after closing by a key, which leaves the focus to be given back.
+    // Told after closing by a key, which leaves the focus to be given back.
     std::function<void()> onClosedByKey;
 
 private:

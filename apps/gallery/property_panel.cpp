@@ -23,7 +23,7 @@ namespace {
 constexpr UINT refreshMessage = WM_APP + 1;
 constexpr int helpLines = 5;
 
-/// The "Font" rather than its members: what a chooser sets.
+// The "Font" rather than its members: what a chooser sets.
 std::optional<container::StoredFont> chooseFont(HWND owner, const container::StoredFont& current, int dpi) {
     LOGFONTW logical = {};
     logical.lfHeight = -static_cast<LONG>(std::lround(current.size * dpi / 72));
@@ -38,9 +38,7 @@ std::optional<container::StoredFont> chooseFont(HWND owner, const container::Sto
     chooser.hwndOwner = owner;
     chooser.lpLogFont = &logical;
     chooser.Flags = CF_SCREENFONTS | CF_INITTOLOGFONTSTRUCT | CF_EFFECTS | CF_NOVERTFONTS;
-    if (!ChooseFontW(&chooser)) {
-        return std::nullopt;
-    }
+    if (!ChooseFontW(&chooser)) return std::nullopt;
     container::StoredFont font;
     font.name = logical.lfFaceName;
     font.size = chooser.iPointSize / 10.0;
@@ -65,7 +63,7 @@ std::optional<COLORREF> chooseColour(HWND owner, COLORREF current) {
 
 std::wstring typedSignature(const Member& member) {
     std::wstring text = member.name;
-    if (member.kind == MemberKind::Method) {
+    if (member.kind == MemberKind::method) {
         text += L'(';
         for (size_t index = 0; index < member.arguments.size(); ++index) {
             const auto& argument = member.arguments[index];
@@ -89,17 +87,15 @@ void PropertyList::setRows(std::vector<Row> rows) {
     const std::vector<Row> old = std::exchange(rows_, std::move(rows));
     if (same) {
         for (size_t index = 0; index < rows_.size(); ++index) {
-            if (rows_[index].value != old[index].value || rows_[index].colour != old[index].colour) {
+            if (rows_[index].value != old[index].value || rows_[index].colour != old[index].colour)
                 redrawRow(static_cast<int>(index));
-            }
         }
         return;
     }
     SendMessageW(handle(), WM_SETREDRAW, FALSE, 0);
     SendMessageW(handle(), LB_RESETCONTENT, 0, 0);
-    for (const Row& row : rows_) {
+    for (const Row& row : rows_)
         SendMessageW(handle(), LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(row.name.c_str()));
-    }
     SendMessageW(handle(), WM_SETREDRAW, TRUE, 0);
     InvalidateRect(handle(), nullptr, TRUE);
 }
@@ -122,9 +118,7 @@ COLORREF PropertyList::rowBackground(int index, bool selected) const {
 
 void PropertyList::drawRow(HDC dc, const RECT& area, int index, bool selected) {
     const Row* shown = row(index);
-    if (!shown) {
-        return;
-    }
+    if (!shown) return;
     const int inset = theme().scale(14);
     const COLORREF colour = selected && shown->member ? theme().selectedText : theme().text;
     if (!shown->member) {
@@ -144,7 +138,7 @@ void PropertyList::drawRow(HDC dc, const RECT& area, int index, bool selected) {
         frameRect(dc, swatch, theme().border);
         value.left = swatch.right + theme().scale(6);
     }
-    const bool method = shown->member->kind == MemberKind::Method;
+    const bool method = shown->member->kind == MemberKind::method;
     drawText(dc, shown->value, value, theme().body(), method && !selected ? theme().dimText : colour,
              oneLine);
     const RECT separator = {area.left, area.bottom - 1, area.right, area.bottom};
@@ -154,15 +148,11 @@ void PropertyList::drawRow(HDC dc, const RECT& area, int index, bool selected) {
 }
 
 void PropertyList::selectionChanged(int row) {
-    if (onSelect) {
-        onSelect(row);
-    }
+    if (onSelect) onSelect(row);
 }
 
 void PropertyList::doubleClicked(int row) {
-    if (onEdit) {
-        onEdit(row);
-    }
+    if (onEdit) onEdit(row);
 }
 
 bool PropertyList::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -183,21 +173,15 @@ bool PropertyList::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             // A press on a row selects it; a click on its value opens the editor at once.
             const POINT point = {static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))};
             const RECT area = valueArea(selection());
-            if (PtInRect(&area, point) && onEdit) {
-                PostMessageW(handle(), WM_APP, 0, 0);
-            }
+            if (PtInRect(&area, point) && onEdit) PostMessageW(handle(), WM_APP, 0, 0);
             break;
         }
         case WM_APP:
-            if (onEdit) {
-                onEdit(selection());
-            }
+            if (onEdit) onEdit(selection());
             return true;
         case WM_VSCROLL:
         case WM_MOUSEWHEEL:
-            if (onScroll) {
-                onScroll();
-            }
+            if (onScroll) onScroll();
             break;
         default:
             break;
@@ -227,23 +211,18 @@ void PropertyPanel::setScene(Scene* scene) {
         list_->setRows({});
         return;
     }
-    for (const auto& control : scene->controls()) {
+    for (const auto& control : scene->controls())
         SendMessageW(chooser_, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(control->name.c_str()));
-    }
     show(scene->controls().empty() ? nullptr : scene->controls().front().get());
 }
 
 void PropertyPanel::show(SceneControl* control) {
-    if (control == control_) {
-        return;
-    }
+    if (control == control_) return;
     editor_.close();
     control_ = control;
     proposed_.clear();
     for (size_t index = 0; scene_ && index < scene_->controls().size(); ++index) {
-        if (scene_->controls()[index].get() == control) {
-            SendMessageW(chooser_, CB_SETCURSEL, index, 0);
-        }
+        if (scene_->controls()[index].get() == control) SendMessageW(chooser_, CB_SETCURSEL, index, 0);
     }
     refreshNow();
     if (list_->selection() < 0 && list_->count() > 1) {
@@ -254,18 +233,8 @@ void PropertyPanel::show(SceneControl* control) {
     InvalidateRect(handle(), nullptr, FALSE);
 }
 
-void PropertyPanel::selectProperty(std::wstring_view name) {
-    for (int index = 0; index < list_->count(); ++index) {
-        if (container::sameName(list_->row(index)->name, name)) {
-            list_->select(index);
-        }
-    }
-}
-
 void PropertyPanel::refreshSoon() {
-    if (!refreshPosted_) {
-        refreshPosted_ = PostMessageW(handle(), refreshMessage, 0, 0);
-    }
+    if (!refreshPosted_) refreshPosted_ = PostMessageW(handle(), refreshMessage, 0, 0);
 }
 
 void PropertyPanel::refreshNow() {
@@ -275,9 +244,7 @@ void PropertyPanel::refreshNow() {
         const auto addGroup = [&](const wchar_t* heading, const std::vector<Member>& members) {
             bool first = true;
             for (const Member& member : members) {
-                if (member.hidden) {
-                    continue;
-                }
+                if (member.hidden) continue;
                 if (first) {
                     rows.push_back({nullptr, heading, {}, false, 0});
                     first = false;
@@ -292,32 +259,27 @@ void PropertyPanel::refreshNow() {
 }
 
 const std::vector<Choice>& PropertyPanel::choicesOf(const Member& member) const {
-    if (!member.type.choices.empty()) {
-        return member.type.choices;
+    if (!member.type.choices.empty()) return member.type.choices;
+    for (const auto& [number, choices] : proposed_) {
+        if (number == member.number) return choices;
     }
-    auto& known = const_cast<PropertyPanel*>(this)->proposed_;
-    for (const auto& [number, choices] : known) {
-        if (number == member.number) {
-            return choices;
-        }
-    }
-    known.emplace_back(member.number,
-                       container::proposedChoices(control_->site->control().get(), member.number));
-    return known.back().second;
+    proposed_.emplace_back(member.number,
+                           container::proposedChoices(control_->site->control().get(), member.number));
+    return proposed_.back().second;
 }
 
 PropertyList::Row PropertyPanel::describe(const Member& member) const {
     PropertyList::Row row;
     row.member = &member;
     row.name = member.name;
-    if (member.kind == MemberKind::Method) {
+    if (member.kind == MemberKind::method) {
         row.value = member.arguments.empty() ? L"call" : member.signature().substr(member.name.size());
         return row;
     }
     const Variant value = member.readable ? control_->object().value(member.number) : Variant();
-    const bool boolean = member.type.kind == ValueKind::Boolean;
+    const bool boolean = member.type.kind == ValueKind::boolean;
     row.value = valueText(value, member.type.kind, boolean ? std::vector<Choice>() : choicesOf(member));
-    if (member.type.kind == ValueKind::Colour) {
+    if (member.type.kind == ValueKind::colour) {
         row.swatch = true;
         row.colour = shownColour(value.toLong().value_or(0));
     }
@@ -325,20 +287,14 @@ PropertyList::Row PropertyPanel::describe(const Member& member) const {
 }
 
 void PropertyPanel::note(const std::wstring& text) const {
-    if (onNote && control_) {
-        onNote(control_->name, text);
-    }
+    if (onNote && control_) onNote(control_->name, text);
 }
 
 void PropertyPanel::put(const Member& member, const Variant& value) {
     const bool object = value.type() == VT_DISPATCH;
     HRESULT done = object ? control_->object().putReference(member.number, value) : DISP_E_MEMBERNOTFOUND;
-    if (FAILED(done)) {
-        done = control_->object().put(member.number, value);
-    }
-    if (FAILED(done)) {
-        note(member.name + L" did not take the value");
-    }
+    if (FAILED(done)) done = control_->object().put(member.number, value);
+    if (FAILED(done)) note(member.name + L" did not take the value");
     refreshNow();
 }
 
@@ -350,12 +306,10 @@ RECT PropertyPanel::editorArea(int row) const {
 
 void PropertyPanel::edit(int index) {
     const PropertyList::Row* row = list_->row(index);
-    if (!row || !row->member || !control_) {
-        return;
-    }
+    if (!row || !row->member || !control_) return;
     const Member& member = *row->member;
     const RECT area = editorArea(index);
-    if (member.kind == MemberKind::Method) {
+    if (member.kind == MemberKind::method) {
         editMethod(member, area);
         return;
     }
@@ -365,35 +319,29 @@ void PropertyPanel::edit(int index) {
     }
     const Variant value = control_->object().value(member.number);
     std::vector<Choice> choices = choicesOf(member);
-    if (member.type.kind == ValueKind::Boolean) {
-        choices = {{L"True", -1}, {L"False", 0}};
-    }
-    if (member.type.kind == ValueKind::Colour) {
+    if (member.type.kind == ValueKind::boolean) choices = {{L"True", -1}, {L"False", 0}};
+    if (member.type.kind == ValueKind::colour) {
         editColour(member, area);
-    } else if (member.type.kind == ValueKind::Font) {
+    } else if (member.type.kind == ValueKind::font) {
         editFont(member);
     } else if (!choices.empty()) {
         std::vector<EditorChoice> entries;
         int chosen = -1;
         for (const Choice& choice : choices) {
-            if (value.toLong() == choice.value) {
-                chosen = static_cast<int>(entries.size());
-            }
-            const bool boolean = member.type.kind == ValueKind::Boolean;
+            if (value.toLong() == choice.value) chosen = static_cast<int>(entries.size());
+            const bool boolean = member.type.kind == ValueKind::boolean;
             entries.push_back(
-                {boolean ? choice.name : valueText(Variant(choice.value), ValueKind::Choice, {choice})});
+                {boolean ? choice.name : valueText(Variant(choice.value), ValueKind::choice, {choice})});
         }
         editor_.openChoices(handle(), area, std::move(entries), chosen, [this, &member, choices](int picked) {
             const long number = choices[static_cast<size_t>(picked)].value;
-            put(member, member.type.kind == ValueKind::Boolean ? Variant(number != 0) : Variant(number));
+            put(member, member.type.kind == ValueKind::boolean ? Variant(number != 0) : Variant(number));
         });
-    } else if (member.type.kind == ValueKind::Integer || member.type.kind == ValueKind::Number ||
-               member.type.kind == ValueKind::Text || member.type.kind == ValueKind::Date) {
+    } else if (member.type.kind == ValueKind::integer || member.type.kind == ValueKind::number ||
+               member.type.kind == ValueKind::text || member.type.kind == ValueKind::date) {
         editor_.openText(handle(), area, value.toText(), [this, &member](const std::wstring& text) {
             const auto parsed = parseValue(text, member.type.kind);
-            if (parsed) {
-                put(member, *parsed);
-            }
+            if (parsed) put(member, *parsed);
             return parsed.has_value();
         });
     } else {
@@ -407,9 +355,7 @@ void PropertyPanel::editColour(const Member& member, const RECT& area) {
     // An own colour shows as the first entry, which still opens the chooser when it is picked.
     int chosen = -1;
     for (const Choice& choice : systemColours()) {
-        if (choice.value == current) {
-            chosen = static_cast<int>(entries.size());
-        }
+        if (choice.value == current) chosen = static_cast<int>(entries.size());
         entries.push_back({choice.name, true, shownColour(choice.value)});
     }
     editor_.openChoices(handle(), area, std::move(entries), chosen, [this, &member, current](int picked) {
@@ -426,9 +372,7 @@ void PropertyPanel::editFont(const Member& member) {
     const auto current = container::describeFont(object.get());
     const auto font =
         chooseFont(GetAncestor(handle(), GA_ROOT), current.value_or(container::StoredFont()), theme().dpi());
-    if (font) {
-        put(member, container::makeFont(*font).get());
-    }
+    if (font) put(member, container::makeFont(*font).get());
 }
 
 void PropertyPanel::editMethod(const Member& member, const RECT& area) {
@@ -437,9 +381,7 @@ void PropertyPanel::editMethod(const Member& member, const RECT& area) {
         return;
     }
     editor_.openText(handle(), area, L"", [this, &member](const std::wstring& text) {
-        if (!container::trimmed(text).empty()) {
-            call(member, text);
-        }
+        if (!container::trimmed(text).empty()) call(member, text);
         return true;
     });
 }
@@ -478,11 +420,10 @@ void PropertyPanel::layOut() {
     const int width = std::min<int>(theme().scale(170), (area.right - area.left) / 2);
     const int margin = theme().scale(10);
     const int height = theme().fieldHeight();
-    const int top = (content.top - height) / 2;
-    SetWindowPos(chooser_, nullptr, area.right - margin - width, top, width, height * 8,
-                 SWP_NOZORDER | SWP_NOACTIVATE);
-    SetWindowPos(list_->handle(), nullptr, content.left, content.top, content.right - content.left,
-                 helpArea().top - content.top, SWP_NOZORDER | SWP_NOACTIVATE);
+    const LONG right = area.right - margin;
+    const LONG top = (content.top - height) / 2;
+    placeWindow(chooser_, {right - width, top, right, top + height * 8});
+    placeWindow(list_->handle(), {content.left, content.top, content.right, helpArea().top});
 }
 
 void PropertyPanel::paint(HDC dc, const RECT& area) {
@@ -531,9 +472,7 @@ LRESULT PropertyPanel::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             const int code = HIWORD(wParam);
             if (from == chooser_ && code == CBN_SELCHANGE && scene_) {
                 const auto picked = static_cast<size_t>(SendMessageW(chooser_, CB_GETCURSEL, 0, 0));
-                if (picked < scene_->controls().size()) {
-                    show(scene_->controls()[picked].get());
-                }
+                if (picked < scene_->controls().size()) show(scene_->controls()[picked].get());
                 return 0;
             }
             editor_.command(from, code);

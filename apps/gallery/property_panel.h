@@ -12,11 +12,11 @@
 
 namespace obk::gallery {
 
-/// The list itself: a heading, then a row for each property and each method.
+// The list itself: a heading, then a row for each property and each method.
 class PropertyList final : public DrawnList {
 public:
     struct Row {
-        const container::Member* member = nullptr;  ///< null: a heading
+        const container::Member* member = nullptr;  // null: a heading
         std::wstring name;
         std::wstring value;
         bool swatch = false;
@@ -24,10 +24,10 @@ public:
     };
 
     PropertyList(const Theme& theme, HWND parent);
-    /// Keeps the selection where the rows have the same names.
+    // Keeps the selection where the rows have the same names.
     void setRows(std::vector<Row> rows);
     const Row* row(int index) const;
-    /// Where the value of a row stands, in pixels of the list.
+    // Where the value of a row stands, in pixels of the list.
     RECT valueArea(int row) const;
 
     std::function<void(int)> onSelect;
@@ -51,18 +51,17 @@ class PropertyPanel final : public Window {
 public:
     PropertyPanel(const Theme& theme, HWND parent);
 
-    /// The controls to choose from; the first one is shown.
+    // The controls to choose from; the first one is shown.
     void setScene(Scene* scene);
     void show(SceneControl* control);
-    /// Reads all values again, soon and once for many calls.
+    // Reads all values again, soon and once for many calls.
     void refreshSoon();
     void refreshNow();
 
     HWND chooser() const { return chooser_; }
     HWND list() const { return list_->handle(); }
-    void selectProperty(std::wstring_view name);
 
-    /// Told of results and refusals, as one line for the log.
+    // Told of results and refusals, as one line for the log.
     std::function<void(const std::wstring& control, const std::wstring& text)> onNote;
 
     void themeChanged() override;
@@ -90,7 +89,8 @@ private:
     HWND chooser_ = nullptr;
     std::unique_ptr<PropertyList> list_;
     PropertyEditor editor_;
-    std::vector<std::pair<DISPID, std::vector<container::Choice>>> proposed_;
+    // What was asked of the control shown.
+    mutable std::vector<std::pair<DISPID, std::vector<container::Choice>>> proposed_;
     bool refreshPosted_ = false;
 };
 

@@ -81,9 +81,7 @@ void Scene::createControl(SceneControl& control, const container::InitialState& 
         return;
     }
     control.members = container::TypeMembers::of(control.site->control().get());
-    if (onControlCreated) {
-        onControlCreated(control);
-    }
+    if (onControlCreated) onControlCreated(control);
 }
 
 HWND Scene::addItem(const Place& place, const wchar_t* className, const wchar_t* text, DWORD style,
@@ -108,9 +106,8 @@ HWND Scene::checkBox(const Place& place, const wchar_t* text, bool checked) {
 
 HWND Scene::choice(const Place& place, const std::vector<std::wstring>& entries, int chosen) {
     const HWND window = addItem(place, L"COMBOBOX", L"", CBS_DROPDOWNLIST | WS_VSCROLL);
-    for (const std::wstring& entry : entries) {
+    for (const std::wstring& entry : entries)
         SendMessageW(window, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(entry.c_str()));
-    }
     SendMessageW(window, CB_SETCURSEL, static_cast<WPARAM>(chosen), 0);
     return window;
 }
@@ -122,16 +119,12 @@ HWND Scene::button(const Place& place, const wchar_t* text, std::function<void()
 }
 
 void Scene::demonstrate() const {
-    if (demonstration_) {
-        demonstration_();
-    }
+    if (demonstration_) demonstration_();
 }
 
 SceneControl* Scene::find(std::wstring_view name) const {
     for (const auto& control : controls_) {
-        if (container::sameName(control->name, name)) {
-            return control.get();
-        }
+        if (container::sameName(control->name, name)) return control.get();
     }
     return nullptr;
 }
@@ -139,18 +132,14 @@ SceneControl* Scene::find(std::wstring_view name) const {
 SceneControl* Scene::focused() const {
     const ControlSite* site = form_->siteOf(GetFocus());
     for (const auto& control : controls_) {
-        if (site && control->site.get() == site) {
-            return control.get();
-        }
+        if (site && control->site.get() == site) return control.get();
     }
     return nullptr;
 }
 
 void Scene::save(FormText& form) const {
     for (const auto& control : controls_) {
-        if (control->failure.empty()) {
-            control->site->save(form.add(control->name, control->progId).bag.get());
-        }
+        if (control->failure.empty()) control->site->save(form.add(control->name, control->progId).bag.get());
     }
 }
 
@@ -170,17 +159,12 @@ std::vector<std::wstring> Scene::load(const FormText& form) {
         container::InitialState state;
         state.bag = section.bag.get();
         createControl(*control, state);
-        if (!control->failure.empty()) {
-            problems.push_back(control->failure);
-        }
-        for (const std::wstring& error : section.bag->errors()) {
+        if (!control->failure.empty()) problems.push_back(control->failure);
+        for (const std::wstring& error : section.bag->errors())
             problems.push_back(section.name + L"." + error);
-        }
     }
     layOut();
-    if (derived_) {
-        derived_();
-    }
+    if (derived_) derived_();
     InvalidateRect(handle(), nullptr, FALSE);
     return problems;
 }
@@ -200,12 +184,11 @@ void Scene::layOut() {
             area.top += spare / 2;
             area.bottom = area.top + height;
         }
-        SetWindowPos(child.window, nullptr, area.left, area.top, area.right - area.left,
-                     area.bottom - area.top, SWP_NOZORDER | SWP_NOACTIVATE);
+        placeWindow(child.window, area);
     }
     for (const auto& control : controls_) {
         const RECT area = pixels(control->place);
-        if (control->site->state() == SiteState::Loaded) {
+        if (control->site->state() == SiteState::loaded) {
             control->site->activate(area);
         } else {
             control->site->moveTo(area);
@@ -214,9 +197,7 @@ void Scene::layOut() {
 }
 
 void Scene::themeChanged() {
-    for (const ChildItem& child : children_) {
-        setFont(child.window, theme().body());
-    }
+    for (const ChildItem& child : children_) setFont(child.window, theme().body());
     for (const auto& control : controls_) {
         adoptColours(*control);
         control->site->ambientChanged(DISPID_UNKNOWN);
@@ -249,16 +230,16 @@ void Scene::paint(HDC dc, const RECT& area) {
         HFONT font = theme().body();
         COLORREF colour = theme().formText;
         switch (item.look) {
-            case TextLook::Label:
+            case TextLook::label:
                 break;
-            case TextLook::Dim:
+            case TextLook::dim:
                 colour = theme().dimFormText;
                 break;
-            case TextLook::Strong:
+            case TextLook::strong:
                 font = theme().strong();
                 break;
-            case TextLook::Heading:
-            case TextLook::Total:
+            case TextLook::heading:
+            case TextLook::total:
                 font = theme().heading();
                 break;
         }

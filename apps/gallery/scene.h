@@ -16,7 +16,7 @@
 
 namespace obk::gallery {
 
-/// A rectangle at 96 dots per inch, relative to the scene's content.
+// A rectangle at 96 dots per inch, relative to the scene's content.
 struct Place {
     int x = 0;
     int y = 0;
@@ -24,9 +24,9 @@ struct Place {
     int height = 0;
 };
 
-enum class TextLook { Label, Dim, Strong, Heading, Total };
+enum class TextLook { label, dim, strong, heading, total };
 
-/// A control on the scene. Without a live object `failure` says why.
+// A control on the scene. Without a live object `failure` says why.
 struct SceneControl {
     std::wstring name;
     std::wstring progId;
@@ -38,42 +38,42 @@ struct SceneControl {
     container::Dispatch object() const { return site->object(); }
 };
 
-/// Built by a page's scene function, which adds items from top to bottom: that is the tab order.
+// Built by a page's scene function, which adds items from top to bottom: that is the tab order.
 class Scene final : public Window {
 public:
     Scene(const Theme& theme, const container::ServerContext& server, HWND parent);
     ~Scene() override;
 
-    /// Fixed text; the number is for `setText`.
-    size_t text(const Place& place, std::wstring text, TextLook look = TextLook::Label,
+    // Fixed text; the number is for `setText`.
+    size_t text(const Place& place, std::wstring text, TextLook look = TextLook::label,
                 UINT format = DT_LEFT);
     void setText(size_t index, std::wstring text);
-    /// A tinted area behind what is added after it.
+    // A tinted area behind what is added after it.
     void panel(const Place& place);
     SceneControl& control(const std::wstring& name, const std::wstring& progId, const Place& place);
-    /// A field to type in, with the border of the controls' own fields.
+    // A field to type in, with the border of the controls' own fields.
     HWND input(const Place& place, const wchar_t* text);
     HWND checkBox(const Place& place, const wchar_t* text, bool checked);
     HWND choice(const Place& place, const std::vector<std::wstring>& entries, int chosen);
     HWND button(const Place& place, const wchar_t* text, std::function<void()> pressed);
-    /// What follows from the controls' values; run by the scene after it loaded a form.
+    // What follows from the controls' values; run by the scene after it loaded a form.
     void derived(std::function<void()> update) { derived_ = std::move(update); }
-    /// What a picture of the page shows being used.
+    // What a picture of the page shows being used.
     void demonstration(std::function<void()> steps) { demonstration_ = std::move(steps); }
     void demonstrate() const;
 
     const std::vector<std::unique_ptr<SceneControl>>& controls() const { return controls_; }
     SceneControl* find(std::wstring_view name) const;
-    /// The control that holds the focus, or null.
+    // The control that holds the focus, or null.
     SceneControl* focused() const;
     container::ControlForm& form() { return *form_; }
 
-    /// Told of a new control, also after loading made it anew.
+    // Told of a new control, also after loading made it anew.
     std::function<void(SceneControl&)> onControlCreated;
 
-    /// One section per control.
+    // One section per control.
     void save(container::FormText& form) const;
-    /// Makes each control anew that has a section; answers what could not be restored.
+    // Makes each control anew that has a section; answers what could not be restored.
     std::vector<std::wstring> load(const container::FormText& form);
 
     void layOut();
@@ -94,7 +94,7 @@ private:
         Place place;
         HWND window;
         std::function<void()> pressed;
-        bool framed = false;  ///< its border is drawn by the scene
+        bool framed = false;  // its border is drawn by the scene
     };
 
     RECT pixels(const Place& place) const;

@@ -8,20 +8,19 @@ namespace obk::gallery {
 
 namespace {
 
-constexpr int line = 24;  ///< height of a field
+constexpr int line = 24;  // height of a field
 
 double number(const SceneControl& control) {
     return control.object().value(L"Text").toDouble().value_or(0);
 }
 
-/// "1,256.40": grouped by threes, two places.
+// "1,256.40": grouped by threes, two places.
 std::wstring amount(double value) {
     wchar_t digits[64];
     swprintf(digits, 64, L"%.2f", std::abs(value));
     std::wstring text = digits;
-    for (auto place = static_cast<int>(text.size()) - 6; place > 0; place -= 3) {
+    for (auto place = static_cast<int>(text.size()) - 6; place > 0; place -= 3)
         text.insert(static_cast<size_t>(place), L",");
-    }
     return (value < 0 ? L"-" : L"") + text;
 }
 
@@ -33,28 +32,28 @@ std::wstring sizeText(SIZE size) {
 
 void buildOrderLine(Scene& scene) {
     constexpr auto progId = L"OBKCTRLS.UpDownTextBox";
-    scene.text({20, 14, 460, line}, L"Order 4711 \x2013 position 3", TextLook::Heading);
+    scene.text({20, 14, 460, line}, L"Order 4711 \x2013 position 3", TextLook::heading);
 
     scene.text({20, 52, 110, line}, L"Article");
     scene.input({136, 52, 350, line}, L"Writing desk, oak, 160 \x00D7 80 cm");
 
     scene.text({20, 88, 110, line}, L"Quantity");
     SceneControl& quantity = scene.control(L"Quantity", progId, {136, 88, 96, line});
-    scene.text({242, 88, 60, line}, L"pieces", TextLook::Dim);
-    scene.text({316, 88, 70, line}, L"In stock", TextLook::Label, DT_RIGHT);
+    scene.text({242, 88, 60, line}, L"pieces", TextLook::dim);
+    scene.text({316, 88, 70, line}, L"In stock", TextLook::label, DT_RIGHT);
     SceneControl& stock = scene.control(L"Stock", progId, {396, 88, 90, line});
 
     scene.text({20, 124, 110, line}, L"Unit price");
     SceneControl& price = scene.control(L"UnitPrice", progId, {136, 124, 96, line});
-    scene.text({242, 124, 60, line}, L"EUR", TextLook::Dim);
+    scene.text({242, 124, 60, line}, L"EUR", TextLook::dim);
 
     scene.text({20, 160, 110, line}, L"Discount");
     SceneControl& discount = scene.control(L"Discount", progId, {136, 160, 96, line});
-    scene.text({242, 160, 60, line}, L"%", TextLook::Dim);
+    scene.text({242, 160, 60, line}, L"%", TextLook::dim);
 
     scene.panel({20, 206, 466, 44});
-    scene.text({34, 206, 90, 44}, L"Amount", TextLook::Strong);
-    const size_t total = scene.text({136, 206, 336, 44}, L"", TextLook::Total, DT_RIGHT);
+    scene.text({34, 206, 90, 44}, L"Amount", TextLook::strong);
+    const size_t total = scene.text({136, 206, 336, 44}, L"", TextLook::total, DT_RIGHT);
 
     struct Start {
         SceneControl& control;
@@ -78,9 +77,8 @@ void buildOrderLine(Scene& scene) {
         const double value = number(quantity) * number(price) * (1 - number(discount) / 100);
         scene.setText(total, amount(value) + L" EUR");
     };
-    for (SceneControl* control : {&quantity, &price, &discount}) {
+    for (SceneControl* control : {&quantity, &price, &discount})
         control->site->events().on(L"Change", [sum](container::EventCall&) { sum(); });
-    }
     sum();
     scene.derived(sum);
     scene.demonstration([&scene, &quantity] {
@@ -96,25 +94,25 @@ void buildOrderLine(Scene& scene) {
 
 void buildBooking(Scene& scene) {
     constexpr auto progId = L"OBKCTRLS.DateCalendar";
-    scene.text({20, 14, 460, line}, L"Hotel Aurora \x2013 new booking", TextLook::Heading);
+    scene.text({20, 14, 460, line}, L"Hotel Aurora \x2013 new booking", TextLook::heading);
 
     scene.text({20, 52, 110, line}, L"Guest");
     scene.input({136, 52, 350, line}, L"Ms Ingrid Solberg");
 
     scene.text({20, 88, 110, line}, L"Arrival");
     SceneControl& arrival = scene.control(L"Arrival", progId, {136, 88, 150, line});
-    const size_t arrives = scene.text({300, 88, 186, line}, L"", TextLook::Dim);
+    const size_t arrives = scene.text({300, 88, 186, line}, L"", TextLook::dim);
 
     scene.text({20, 124, 110, line}, L"Departure");
     SceneControl& departure = scene.control(L"Departure", progId, {136, 124, 150, line});
-    const size_t departs = scene.text({300, 124, 186, line}, L"", TextLook::Dim);
+    const size_t departs = scene.text({300, 124, 186, line}, L"", TextLook::dim);
 
     scene.text({20, 160, 110, line}, L"Room");
     scene.choice({136, 160, 150, line}, {L"Single", L"Double", L"Suite"}, 1);
 
     scene.text({20, 196, 110, line}, L"Invoice");
     SceneControl& invoice = scene.control(L"InvoiceDate", progId, {136, 196, 150, line});
-    scene.text({300, 196, 186, line}, L"set when the stay ends", TextLook::Dim);
+    scene.text({300, 196, 186, line}, L"set when the stay ends", TextLook::dim);
 
     arrival.object().put(L"Text", L"Fri 4 Dec 2026");
     departure.object().put(L"Text", L"Mon 7 Dec 2026");
@@ -139,7 +137,7 @@ void buildBooking(Scene& scene) {
 
 void buildOrderStates(Scene& scene) {
     constexpr auto progId = L"OBKCTRLS.ButtonPalette";
-    scene.text({20, 14, 460, line}, L"Colours of the order states", TextLook::Heading);
+    scene.text({20, 14, 460, line}, L"Colours of the order states", TextLook::heading);
 
     struct State {
         const wchar_t* label;
@@ -154,7 +152,7 @@ void buildOrderStates(Scene& scene) {
     for (const State& state : states) {
         scene.text({20, y, 100, line}, state.label);
         SceneControl& control = scene.control(state.name, progId, {124, y, 100, line});
-        const size_t chosen = scene.text({236, y, 250, line}, L"", TextLook::Dim);
+        const size_t chosen = scene.text({236, y, 250, line}, L"", TextLook::dim);
         control.object().put(L"Caption", L"Colour");
         control.object().put(L"Color", state.colour);
         const auto show = [&scene, &control, chosen] {
@@ -165,7 +163,7 @@ void buildOrderStates(Scene& scene) {
     }
 
     // One button for each palette, named as a host names them.
-    scene.text({20, 166, 466, line}, L"The twelve palettes", TextLook::Strong);
+    scene.text({20, 166, 466, line}, L"The twelve palettes", TextLook::strong);
     int at = 0;
     if (const auto* palette = scene.find(L"Confirmed")->members.property(L"Palette")) {
         for (const container::Choice& choice : palette->type.choices) {
@@ -182,7 +180,7 @@ void buildOrderStates(Scene& scene) {
 
 void buildAddressRows(Scene& scene) {
     constexpr auto progId = L"OBKCTRLS.ButtonArrow";
-    scene.text({20, 14, 460, line}, L"Delivery address", TextLook::Heading);
+    scene.text({20, 14, 460, line}, L"Delivery address", TextLook::heading);
     struct Row {
         const wchar_t* label;
         const wchar_t* text;
@@ -204,7 +202,7 @@ void buildAddressRows(Scene& scene) {
         y += 36;
     }
     const size_t answer = scene.text({20, 212, 300, line},
-                                     L"An arrow keeps its size, whatever it is asked for.", TextLook::Dim);
+                                     L"An arrow keeps its size, whatever it is asked for.", TextLook::dim);
     scene.button({346, 210, 140, 28}, L"Stretch the arrows", [&scene, answer] {
         for (const auto& control : scene.controls()) {
             RECT place = control->site->position();
@@ -222,7 +220,7 @@ void buildSettingsGroups(Scene& scene) {
     constexpr auto progId = L"OBKCTRLS.lns";
     const auto group = [&](int y, const wchar_t* title, int titleWidth,
                            const wchar_t* name) -> SceneControl& {
-        scene.text({20, y, titleWidth, line}, title, TextLook::Strong);
+        scene.text({20, y, titleWidth, line}, title, TextLook::strong);
         return scene.control(name, progId, {20 + titleWidth, y + 12, 466 - titleWidth, 3});
     };
     std::vector<SceneControl*> lines;
@@ -239,9 +237,7 @@ void buildSettingsGroups(Scene& scene) {
 
     lines.push_back(&group(222, L"", 0, L"BottomLine"));
     scene.button({346, 240, 140, 28}, L"Recolour the lines", [lines] {
-        for (const SceneControl* control : lines) {
-            control->object().call(L"ColorRefresh");
-        }
+        for (const SceneControl* control : lines) control->object().call(L"ColorRefresh");
     });
 }
 

@@ -10,9 +10,9 @@ namespace obk::gallery {
 
 namespace {
 
-constexpr int line = 24;  ///< height of a field
+constexpr int line = 24;  // height of a field
 
-/// What belongs to one page: windows that are shown and hidden, and texts that come and go.
+// What belongs to one page: windows that are shown and hidden, and texts that come and go.
 struct SettingsPage {
     std::vector<HWND> windows;
     std::vector<std::pair<size_t, std::wstring>> texts;
@@ -28,16 +28,13 @@ public:
     }
     void add(HWND window) { pages_.back().windows.push_back(window); }
 
-    /// Shows the page of a tab, counted from 1; none for any other number.
+    // Shows the page of a tab, counted from 1; none for any other number.
     void show(size_t tab) const {
         for (size_t at = 0; at < pages_.size(); ++at) {
             const bool shown = at + 1 == tab;
-            for (const HWND window : pages_[at].windows) {
-                ShowWindow(window, shown ? SW_SHOWNA : SW_HIDE);
-            }
-            for (const auto& [index, text] : pages_[at].texts) {
+            for (const HWND window : pages_[at].windows) ShowWindow(window, shown ? SW_SHOWNA : SW_HIDE);
+            for (const auto& [index, text] : pages_[at].texts)
                 scene_.setText(index, shown ? text : std::wstring());
-            }
         }
         InvalidateRect(scene_.handle(), nullptr, FALSE);
     }
@@ -50,7 +47,7 @@ private:
 }  // namespace
 
 void buildSettings(Scene& scene) {
-    scene.text({20, 14, 460, line}, L"Settings", TextLook::Heading);
+    scene.text({20, 14, 460, line}, L"Settings", TextLook::heading);
     SceneControl& tabs = scene.control(L"Pages", L"OBKCTRLS.PageTab", {20, 48, 466, 27});
 
     const auto pages = std::make_shared<SettingsPages>(scene);
@@ -78,7 +75,7 @@ void buildSettings(Scene& scene) {
     pages->add(scene.choice({190, 92, 120, 160}, {L"A month", L"A year", L"Ever"}, 1));
     pages->add(scene.checkBox({36, 128, 300, line}, L"Ask before an order is deleted", true));
 
-    const size_t told = scene.text({20, 226, 300, line}, L"", TextLook::Dim);
+    const size_t told = scene.text({20, 226, 300, line}, L"", TextLook::dim);
     const auto showActive = [&tabs, pages] {
         pages->show(static_cast<size_t>(tabs.object().value(L"ActiveTab").toLong().value_or(0)));
     };

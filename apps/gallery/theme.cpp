@@ -60,7 +60,6 @@ void Theme::refresh(int dpi) {
         selected = mixed(highlight, window, 45);
         selectedText = windowText;
     }
-    pageBrush_.reset(CreateSolidBrush(page));
     cardBrush_.reset(CreateSolidBrush(card));
     formBrush_.reset(CreateSolidBrush(form));
 }

@@ -21,28 +21,20 @@ std::wstring colourText(long colour) {
     wchar_t buffer[16];
     swprintf(buffer, 16, L"&H%08lX", static_cast<unsigned long>(colour));
     for (const Choice& choice : systemColours()) {
-        if (choice.value == colour) {
-            return buffer + (L"  " + choice.name);
-        }
+        if (choice.value == colour) return buffer + (L"  " + choice.name);
     }
     return buffer;
 }
 
 Variant parseArgument(std::wstring_view text) {
     if (const auto whole = container::readWhole(text)) {
-        if (*whole == static_cast<long>(*whole)) {
-            return static_cast<long>(*whole);
-        }
+        if (*whole == static_cast<long>(*whole)) return static_cast<long>(*whole);
     }
-    if (const auto number = container::readNumber(text)) {
-        return *number;
-    }
-    if (container::sameName(text, L"True") || container::sameName(text, L"False")) {
+    if (const auto number = container::readNumber(text)) return *number;
+    if (container::sameName(text, L"True") || container::sameName(text, L"False"))
         return container::sameName(text, L"True");
-    }
-    if (text.size() >= 2 && text.front() == L'"' && text.back() == L'"') {
+    if (text.size() >= 2 && text.front() == L'"' && text.back() == L'"')
         text = text.substr(1, text.size() - 2);
-    }
     return text;
 }
 
@@ -84,17 +76,11 @@ std::wstring valueText(const Variant& value, ValueKind kind, const std::vector<C
         const auto font = container::describeFont(object.get());
         return font ? container::fontText(*font) : L"(object)";
     }
-    if (value.type() == VT_DISPATCH || value.type() == VT_UNKNOWN) {
-        return L"(none)";
-    }
-    const auto whole = kind == ValueKind::Text ? std::nullopt : value.toLong();
-    if (!whole) {
-        return value.toText();
-    }
+    if (value.type() == VT_DISPATCH || value.type() == VT_UNKNOWN) return L"(none)";
+    const auto whole = kind == ValueKind::text ? std::nullopt : value.toLong();
+    if (!whole) return value.toText();
     const long number = *whole;
-    if (kind == ValueKind::Colour) {
-        return colourText(number);
-    }
+    if (kind == ValueKind::colour) return colourText(number);
     for (const Choice& choice : choices) {
         if (choice.value == number) {
             // Some hosts write the number into the name already.
@@ -108,15 +94,15 @@ std::wstring valueText(const Variant& value, ValueKind kind, const std::vector<C
 std::optional<Variant> parseValue(const std::wstring& text, ValueKind kind) {
     const std::wstring_view plain = container::trimmed(text);
     switch (kind) {
-        case ValueKind::Integer:
-        case ValueKind::Choice:
-        case ValueKind::Colour: {
+        case ValueKind::integer:
+        case ValueKind::choice:
+        case ValueKind::colour: {
             const auto whole = container::readWhole(plain);
             // Colours are written as unsigned hexadecimal numbers.
             const bool fits = whole && *whole >= -0x80000000ll && *whole <= 0xFFFFFFFFll;
             return fits ? std::optional<Variant>(static_cast<long>(*whole)) : std::nullopt;
         }
-        case ValueKind::Number: {
+        case ValueKind::number: {
             const auto number = container::readNumber(plain);
             return number ? std::optional<Variant>(*number) : std::nullopt;
         }
@@ -138,9 +124,8 @@ std::vector<Variant> parseArguments(const std::wstring& text) {
             part += character;
         }
     }
-    if (!arguments.empty() || !container::trimmed(part).empty()) {
+    if (!arguments.empty() || !container::trimmed(part).empty())
         arguments.push_back(parseArgument(container::trimmed(part)));
-    }
     return arguments;
 }
 

@@ -10,6 +10,11 @@ constexpr wchar_t windowClass[] = L"OrbekGalleryWindow";
 
 }  // namespace
 
+void placeWindow(HWND window, const RECT& pixels) {
+    SetWindowPos(window, nullptr, pixels.left, pixels.top, pixels.right - pixels.left,
+                 pixels.bottom - pixels.top, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
 Window::~Window() {
     if (handle_) {
         SetWindowLongPtrW(handle_, GWLP_USERDATA, 0);
@@ -37,11 +42,6 @@ bool Window::create(const std::wstring& title, DWORD style, DWORD extendedStyle,
                     pixels.top, pixels.right - pixels.left, pixels.bottom - pixels.top, parent, nullptr,
                     instance, this);
     return handle_ != nullptr;
-}
-
-void Window::place(const RECT& pixels) const {
-    SetWindowPos(handle_, nullptr, pixels.left, pixels.top, pixels.right - pixels.left,
-                 pixels.bottom - pixels.top, SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 RECT Window::client() const {
@@ -106,9 +106,7 @@ LRESULT CALLBACK Window::procedure(HWND window, UINT message, WPARAM wParam, LPA
         self->handle_ = window;
     }
     auto* self = reinterpret_cast<Window*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-    if (!self) {
-        return DefWindowProcW(window, message, wParam, lParam);
-    }
+    if (!self) return DefWindowProcW(window, message, wParam, lParam);
     const LRESULT result = self->onMessage(message, wParam, lParam);
     if (message == WM_NCDESTROY) {
         SetWindowLongPtrW(window, GWLP_USERDATA, 0);

@@ -342,11 +342,11 @@ TEST(ControlSite, SetsTheSiteWhenTheControlAsksOrAsForced) {
         const char* journal;
     };
     const Case cases[] = {
-        {OLEMISC_SETCLIENTSITEFIRST, SiteOrder::AsControlAsks, "SetClientSite InitNew"},
-        {0, SiteOrder::AsControlAsks, "InitNew SetClientSite"},
-        {0, SiteOrder::BeforeState, "SetClientSite InitNew"},
-        {OLEMISC_SETCLIENTSITEFIRST, SiteOrder::AfterState, "InitNew SetClientSite"},
-        {OLEMISC_SETCLIENTSITEFIRST, SiteOrder::Never, "InitNew"},
+        {OLEMISC_SETCLIENTSITEFIRST, SiteOrder::asControlAsks, "SetClientSite InitNew"},
+        {0, SiteOrder::asControlAsks, "InitNew SetClientSite"},
+        {0, SiteOrder::beforeState, "SetClientSite InitNew"},
+        {OLEMISC_SETCLIENTSITEFIRST, SiteOrder::afterState, "InitNew SetClientSite"},
+        {OLEMISC_SETCLIENTSITEFIRST, SiteOrder::never, "InitNew"},
     };
     for (const Case& row : cases) {
         const OneSite one({row.status}, {L"", row.order});
@@ -359,13 +359,13 @@ TEST(ControlSite, ClosesInOrderAndReleasesTheControl) {
         OneSite one;
         one.site->activate({10, 10, 110, 34});
         EXPECT_EQ(one.site->uiActivate(), S_OK);
-        EXPECT_EQ(one.site->state(), SiteState::UiActive);
+        EXPECT_EQ(one.site->state(), SiteState::uiActive);
         EXPECT_EQ(one.form.activeSite(), one.site.get());
         one.probe->calls.clear();
         one.site->close();
         EXPECT_EQ(one.probe->journal(),
                   "UIDeactivate InPlaceDeactivate Unadvise Unadvise Close SetClientSite(null)");
-        EXPECT_EQ(one.site->state(), SiteState::Empty);
+        EXPECT_EQ(one.site->state(), SiteState::empty);
         EXPECT_EQ(one.form.activeSite(), nullptr);
         one.probe->site.reset();
         EXPECT_EQ(ProbeControl::alive, 1) << "only the test's own reference is left";
@@ -387,9 +387,9 @@ TEST(ControlSite, HonoursARectangleThatTheControlAsksFor) {
 }
 
 TEST(ControlSite, RefusesUiActivationInDesignMode) {
-    OneSite one({}, {L"Design", SiteOrder::AsControlAsks, SiteMode::Design});
+    OneSite one({}, {L"Design", SiteOrder::asControlAsks, SiteMode::design});
     one.site->activate({10, 10, 110, 34});
-    EXPECT_EQ(one.site->state(), SiteState::InPlaceActive) << "it shows itself";
+    EXPECT_EQ(one.site->state(), SiteState::inPlaceActive) << "it shows itself";
     EXPECT_TRUE(FAILED(one.site->uiActivate()));
     EXPECT_EQ(one.form.activeSite(), nullptr);
     EXPECT_EQ(one.site->ambients().value(DISPID_AMBIENT_USERMODE).toBool(), false);
@@ -516,11 +516,11 @@ TEST_F(TabOrder, HasOneActiveControlAtMost) {
     EXPECT_EQ(form.activeSite(), sites[0].get());
     walk(1);
     EXPECT_EQ(form.activeSite(), sites[3].get());
-    EXPECT_EQ(sites[0]->state(), SiteState::InPlaceActive);
-    EXPECT_EQ(sites[3]->state(), SiteState::UiActive);
+    EXPECT_EQ(sites[0]->state(), SiteState::inPlaceActive);
+    EXPECT_EQ(sites[3]->state(), SiteState::uiActive);
     walk(1);
     EXPECT_EQ(form.activeSite(), nullptr) << "an ordinary window has the focus";
-    EXPECT_EQ(sites[3]->state(), SiteState::InPlaceActive);
+    EXPECT_EQ(sites[3]->state(), SiteState::inPlaceActive);
 }
 
 TEST_F(TabOrder, OffersKeysToTheActiveControlFirst) {
@@ -545,7 +545,7 @@ TEST_F(TabOrder, DeactivatesTheControlThatLostTheFocusToAnOrdinaryWindow) {
     loop.pumpPending();
     form.followFocus();
     EXPECT_EQ(form.activeSite(), nullptr);
-    EXPECT_EQ(sites[0]->state(), SiteState::InPlaceActive);
+    EXPECT_EQ(sites[0]->state(), SiteState::inPlaceActive);
 }
 
 TEST_F(TabOrder, SurvivesAControlThatIsClosedWhileItHasTheFocus) {
@@ -562,7 +562,7 @@ TEST(ServerContext, CreatesEveryClassByEachRouteWithoutRegistration) {
     const std::wstring folder = file.substr(0, file.rfind(L'\\'));
     ServerContext contexts[] = {ServerContext::fromManifest(folder + L"\\OBKCTRLS.manifest"),
                                 ServerContext::fromLibrary(file), ServerContext::inFolder(folder)};
-    EXPECT_EQ(contexts[2].route(), ServerContext::Route::Manifest) << narrow(contexts[2].source());
+    EXPECT_EQ(contexts[2].route(), ServerContext::Route::manifest) << narrow(contexts[2].source());
     ASSERT_FALSE(testing_support::serverClasses().empty());
     for (const ServerContext& context : contexts) {
         ASSERT_TRUE(context.valid()) << narrow(context.source());
@@ -577,8 +577,8 @@ TEST(ServerContext, CreatesEveryClassByEachRouteWithoutRegistration) {
         EXPECT_FALSE(object);
     }
     const ServerContext moved = std::move(contexts[1]);
-    EXPECT_EQ(moved.route(), ServerContext::Route::Library);
-    EXPECT_EQ(ServerContext::inFolder(folder + L"\\nowhere").route(), ServerContext::Route::Registry);
+    EXPECT_EQ(moved.route(), ServerContext::Route::library);
+    EXPECT_EQ(ServerContext::inFolder(folder + L"\\nowhere").route(), ServerContext::Route::registry);
     EXPECT_FALSE(ServerContext::fromManifest(folder + L"\\none.manifest").valid());
     EXPECT_FALSE(ServerContext::fromLibrary(folder + L"\\none.ocx").valid());
 }
@@ -592,9 +592,9 @@ TEST(TypeMembers, DescribesValuesAsAPersonEditsThem) {
         const char* type;
     };
     const Row rows[] = {
-        {L"BackColor", ValueKind::Colour, "OLE_COLOR"}, {L"enabled", ValueKind::Boolean, "Boolean"},
-        {L"Interval", ValueKind::Number, "Double"},     {L"Max", ValueKind::Integer, "Long"},
-        {L"Text", ValueKind::Text, "String"},           {L"Font", ValueKind::Font, "Font"}};
+        {L"BackColor", ValueKind::colour, "OLE_COLOR"}, {L"enabled", ValueKind::boolean, "Boolean"},
+        {L"Interval", ValueKind::number, "Double"},     {L"Max", ValueKind::integer, "Long"},
+        {L"Text", ValueKind::text, "String"},           {L"Font", ValueKind::font, "Font"}};
     for (const Row& row : rows) {
         const Member* member = members.property(row.name);
         ASSERT_TRUE(member) << narrow(row.name);
@@ -606,7 +606,7 @@ TEST(TypeMembers, DescribesValuesAsAPersonEditsThem) {
     const Member* method = members.method(L"KeyLock");
     ASSERT_TRUE(method);
     ASSERT_EQ(method->arguments.size(), 3u);
-    EXPECT_EQ(method->arguments[1].type.kind, ValueKind::Boolean);
+    EXPECT_EQ(method->arguments[1].type.kind, ValueKind::boolean);
     const auto keyPress = std::find_if(members.events().begin(), members.events().end(),
                                        [](const Member& event) { return event.name == L"KeyPress"; });
     ASSERT_NE(keyPress, members.events().end());

@@ -195,7 +195,7 @@ TEST_F(PageTabWindow, ScreenReadersHearTabsAndWhichOneIsSelected) {
         ASSERT_EQ(strips->get_accState(child, &answer), S_OK);
         EXPECT_EQ((longOf(answer) & STATE_SYSTEM_SELECTED) != 0, tab == 1);
     }
-    container::Bstr name;
+    Bstr name;
     child.lVal = 2;
     ASSERT_EQ(strips->get_accName(child, name.put()), S_OK);
     EXPECT_EQ(name.text(), L"Help");

@@ -15,7 +15,6 @@ namespace {
 
 using namespace testing_support;
 using container::Arguments;
-using container::Bstr;
 using container::Member;
 using container::TypeMembers;
 using container::Variant;
@@ -147,10 +146,10 @@ TEST_F(ServerDispatch, EveryPropertyGivesTheTypeThatItDeclaresAndTakesItBack) {
                 continue;
             }
             ASSERT_EQ(read.on(dispatch.get(), member.number), S_OK) << label(name, member);
-            const bool isObject = member.type.kind == container::ValueKind::Font ||
-                                  member.type.kind == container::ValueKind::Picture;
+            const bool isObject = member.type.kind == container::ValueKind::font ||
+                                  member.type.kind == container::ValueKind::picture;
             // Hosts without unsigned numbers read a colour as a Long.
-            const bool isColour = member.type.kind == container::ValueKind::Colour;
+            const bool isColour = member.type.kind == container::ValueKind::colour;
             EXPECT_EQ(read.result.type(), isObject   ? VARTYPE{VT_DISPATCH}
                                           : isColour ? VARTYPE{VT_I4}
                                                      : member.type.type)
@@ -201,19 +200,19 @@ TEST_F(ServerDispatch, WrongCallsAreRefusedAndChangeNothing) {
                       member.readable ? DISP_E_BADPARAMCOUNT : DISP_E_MEMBERNOTFOUND)
                 << what;
             EXPECT_EQ(surplus.result.type(), VT_EMPTY) << what;
-            if (member.type.kind != container::ValueKind::Font &&
-                member.type.kind != container::ValueKind::Picture) {
+            if (member.type.kind != container::ValueKind::font &&
+                member.type.kind != container::ValueKind::picture) {
                 Call set{DISPATCH_PROPERTYPUTREF, {Variant(1)}, {namedPut}, {}, untouched};
                 EXPECT_EQ(set.on(dispatch.get(), member.number), DISP_E_MEMBERNOTFOUND) << what;
             }
             if (!member.writable) continue;
-            if (member.type.kind == container::ValueKind::Integer ||
-                member.type.kind == container::ValueKind::Number) {
+            if (member.type.kind == container::ValueKind::integer ||
+                member.type.kind == container::ValueKind::number) {
                 EXPECT_EQ(put(Variant(L"ten")).on(dispatch.get(), member.number), DISP_E_TYPEMISMATCH)
                     << what;
                 EXPECT_EQ(put(foreign.get()).on(dispatch.get(), member.number), DISP_E_TYPEMISMATCH) << what;
             }
-            if (member.type.kind == container::ValueKind::Integer) {
+            if (member.type.kind == container::ValueKind::integer) {
                 EXPECT_EQ(put(Variant(1e12)).on(dispatch.get(), member.number), DISP_E_OVERFLOW) << what;
             }
             EXPECT_EQ(container::Dispatch(dispatch).value(member.number).toText(), before.toText()) << what;

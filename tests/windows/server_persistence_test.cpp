@@ -72,13 +72,13 @@ void changeEverything(IUnknown* control) {
         if (!member.readable || !member.writable) continue;
         const Variant value = object.value(member.number);
         switch (member.type.kind) {
-            case container::ValueKind::Boolean:
+            case container::ValueKind::boolean:
                 object.put(member.number, !*value.toBool());
                 break;
-            case container::ValueKind::Colour:
+            case container::ValueKind::colour:
                 object.put(member.number, static_cast<long>(0x80000011u));
                 break;
-            case container::ValueKind::Font: {
+            case container::ValueKind::font: {
                 StoredFont font;
                 font.name = L"Courier New";
                 font.size = 12;
@@ -86,12 +86,12 @@ void changeEverything(IUnknown* control) {
                 object.put(member.number, container::makeFont(font).get());
                 break;
             }
-            case container::ValueKind::Picture:
+            case container::ValueKind::picture:
                 break;  // has a test of its own
-            case container::ValueKind::Text:
+            case container::ValueKind::text:
                 object.put(member.number, L"-3.25");
                 break;
-            case container::ValueKind::Number:
+            case container::ValueKind::number:
                 object.put(member.number, 0.1);
                 break;
             default:
@@ -269,7 +269,7 @@ TEST_F(ServerPersistence, TheAmbientFontIsTheDefaultAndIsFollowedUntilAnotherIsS
     first.size = 12;
     second = first;
     second.size = 20;
-    for (const auto order : {container::SiteOrder::BeforeState, container::SiteOrder::AfterState}) {
+    for (const auto order : {container::SiteOrder::beforeState, container::SiteOrder::afterState}) {
         TestWindow window;
         container::ControlForm form(window.handle());
         container::SiteSettings settings;

@@ -22,7 +22,7 @@ ComPtr<ITypeInfo> serverType(const std::wstring& name) {
     const auto types = serverTypes();
     ComPtr<ITypeInfo> result;
     for (UINT at = 0; types && at < types->GetTypeInfoCount(); ++at) {
-        container::Bstr found;
+        Bstr found;
         types->GetDocumentation(static_cast<int>(at), found.put(), nullptr, nullptr, nullptr);
         if (found.view() == name) types->GetTypeInfo(at, result.put());
     }
@@ -36,7 +36,7 @@ const std::vector<std::wstring>& serverClasses() {
         for (UINT at = 0; types && at < types->GetTypeInfoCount(); ++at) {
             TYPEKIND kind{};
             types->GetTypeInfoType(at, &kind);
-            container::Bstr name;
+            Bstr name;
             types->GetDocumentation(static_cast<int>(at), name.put(), nullptr, nullptr, nullptr);
             if (kind == TKIND_COCLASS) names.push_back(name.text());
         }

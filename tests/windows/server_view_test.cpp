@@ -148,7 +148,7 @@ TEST_F(ServerView, DecorationNeverTakesTheFocus) {
         EXPECT_EQ(hosted.site.status() & always, always) << container::toUtf8(name);
         hosted.activate();
         hosted.site.uiActivate();
-        EXPECT_EQ(hosted.site.state() == container::SiteState::UiActive, !decoration)
+        EXPECT_EQ(hosted.site.state() == container::SiteState::uiActive, !decoration)
             << container::toUtf8(name);
     }
 }
@@ -199,7 +199,7 @@ TEST_F(ServerView, PropertyBrowsersAreOfferedChoicesAndPages) {
         for (const auto& member : members.properties()) {
             CALPOLESTR texts{};
             CADWORD cookies{};
-            const bool choices = member.readable && (member.type.kind == container::ValueKind::Boolean ||
+            const bool choices = member.readable && (member.type.kind == container::ValueKind::boolean ||
                                                      !member.type.choices.empty());
             EXPECT_EQ(browsing->GetPredefinedStrings(member.number, &texts, &cookies),
                       choices ? S_OK : S_FALSE);
@@ -209,7 +209,7 @@ TEST_F(ServerView, PropertyBrowsersAreOfferedChoicesAndPages) {
                 container::Variant value;
                 EXPECT_EQ(browsing->GetPredefinedValue(member.number, cookies.pElems[at], value.put()), S_OK);
                 EXPECT_EQ(container::Dispatch(control.get()).put(member.number, value), S_OK);
-                container::Bstr shown;
+                Bstr shown;
                 EXPECT_EQ(browsing->GetDisplayString(member.number, shown.put()), S_OK);
                 EXPECT_EQ(shown.view(), texts.pElems[at]);
                 CoTaskMemFree(texts.pElems[at]);
