@@ -238,7 +238,6 @@ private:
         }
     }
     void window() {
-        SurfacePeer* peer = surface_.peer();
         switch (below(6)) {
             case 0:
                 surface_.close();
@@ -248,19 +247,21 @@ private:
                     {{0}, {0}, {static_cast<double>(below(4000))}, {static_cast<double>(below(3000))}});
                 break;
             case 2:
-                if (peer) platform_.setDpi(peer->window(), Dpi(input_.ConsumeIntegralInRange(24, 480)));
+                if (surface_.isOpen())
+                    platform_.setDpi(surface_.window(), Dpi(input_.ConsumeIntegralInRange(24, 480)));
                 break;
             case 3:
                 grid_.setVisible(below(3) != 0);
                 break;
             default:
-                if (!peer) surface_.open({SurfacePlacement::Kind::control, 1000, {0, 0, 200, 120}});
+                if (!surface_.isOpen())
+                    surface_.open({SurfacePlacement::Kind::control, 1000, {0, 0, 200, 120}});
                 break;
         }
     }
     void person() {
-        if (!surface_.peer()) return;
-        const NativeWindow window = surface_.peer()->window();
+        if (!surface_.isOpen()) return;
+        const NativeWindow window = surface_.window();
         constexpr int16_t keys[] = {key::up,  key::down,   key::left,     key::right, key::home,
                                     key::end, key::pageUp, key::pageDown, 'C',        key::insert};
         constexpr MouseEvent::Kind kinds[] = {MouseEvent::Kind::down, MouseEvent::Kind::up,
@@ -332,8 +333,8 @@ private:
                         view.size().height <= std::max(top, 0),
                     "rows are where they are hit");
         });
-        if (SurfacePeer* peer = surface_.peer(); peer && below(4) == 0) {
-            auto* window = platform_.surface(peer->window());
+        if (surface_.isOpen() && below(4) == 0) {
+            auto* window = platform_.surface(surface_.window());
             window->paint();
             window->surfaceClient().accessibleItems();
         }

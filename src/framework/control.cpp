@@ -98,7 +98,7 @@ void Control::setSize(Twips width, Twips height) {
 }
 
 bool Control::activate(NativeWindow parent, const PixelRect& bounds) {
-    if (surface_.peer()) {
+    if (surface_.isOpen()) {
         surface_.setParent(parent);
         root_.placed();
     } else if (!surface_.open({SurfacePlacement::Kind::control, parent, bounds})) {
@@ -106,7 +106,7 @@ bool Control::activate(NativeWindow parent, const PixelRect& bounds) {
     }
     active_ = true;
     setBounds(bounds);
-    if (SurfacePeer* peer = surface_.peer()) peer->setVisible(true);
+    surface_.setVisible(true);
     return active_;
 }
 
@@ -117,16 +117,16 @@ void Control::deactivate() {
 }
 
 void Control::setBounds(const PixelRect& bounds) {
-    if (!active_ || !surface_.peer()) return;
-    surface_.peer()->setBounds(bounds);
+    if (!active_ || !surface_.isOpen()) return;
+    surface_.setBounds(bounds);
     for (PopUpPanel* panel : panels_) panel->hostMoved();
-    if (!surface_.peer()) return;  // a host may have closed the control because its panel closed
+    if (!surface_.isOpen()) return;  // a host may have closed the control because its panel closed
     setSize(surface_.dpi().toTwips(bounds.width()), surface_.dpi().toTwips(bounds.height()));
 }
 
 NativeWindow Control::window() {
-    if (!surface_.peer()) surface_.open({SurfacePlacement::Kind::parked, 0, root_.pixelBounds()});
-    return surface_.peer() ? surface_.peer()->window() : 0;
+    if (!surface_.isOpen()) surface_.open({SurfacePlacement::Kind::parked, 0, root_.pixelBounds()});
+    return surface_.window();
 }
 
 bool Control::focus() {
@@ -134,7 +134,7 @@ bool Control::focus() {
 }
 
 bool Control::hasFocus() const {
-    return (surface_.peer() && surface_.peer()->hasFocus()) || root_.holdsFocus() ||
+    return surface_.hasFocus() || root_.holdsFocus() ||
            std::any_of(panels_.begin(), panels_.end(), [](PopUpPanel* panel) { return panel->hasFocus(); });
 }
 

@@ -22,22 +22,22 @@ bool PopUpPanel::show(PixelSize size, PopUpSide first) {
     const Surface* host = owner_.root().surface();
     if (!host || !host->placed() || owner_.root().pixelClip().empty()) return false;
     const PixelRect bounds = placed(size, first, *host);
-    if (!surface_.peer() && !surface_.open({SurfacePlacement::Kind::panel, host->peer()->window(), bounds}))
+    if (!surface_.isOpen() && !surface_.open({SurfacePlacement::Kind::panel, host->window(), bounds}))
         return false;
     visible_ = true;
-    surface_.peer()->setBounds(bounds);
+    surface_.setBounds(bounds);
     const Dpi scale = surface_.dpi();
     root_.move({{0}, {0}, scale.toTwips(size.width), scale.toTwips(size.height)});
     surface_.holdCapture();
-    surface_.peer()->setVisible(true);
-    surface_.peer()->update();
+    surface_.setVisible(true);
+    surface_.update();
     return true;
 }
 
 void PopUpPanel::resize(PixelSize size, PopUpSide first) {
     const Surface* host = owner_.root().surface();
-    if (!visible_ || !surface_.peer() || !host || !host->peer()) return;
-    surface_.peer()->setBounds(placed(size, first, *host));
+    if (!visible_ || !host) return;
+    surface_.setBounds(placed(size, first, *host));
     const Dpi scale = surface_.dpi();
     root_.move({{0}, {0}, scale.toTwips(size.width), scale.toTwips(size.height)});
     root_.invalidate();
@@ -46,7 +46,7 @@ void PopUpPanel::resize(PixelSize size, PopUpSide first) {
 void PopUpPanel::hide() {
     visible_ = false;
     surface_.endCapture();
-    if (surface_.peer()) surface_.peer()->setVisible(false);
+    surface_.setVisible(false);
 }
 
 void PopUpPanel::renewCapture() {
@@ -55,15 +55,11 @@ void PopUpPanel::renewCapture() {
     surface_.holdCapture();
 }
 
-bool PopUpPanel::holdsCapture() const {
-    return surface_.peer() && surface_.peer()->hasCapture();
-}
-
 PixelRect PopUpPanel::placed(PixelSize size, PopUpSide first, const Surface& host) const {
     const PixelRect own = owner_.root().pixelBounds();
-    const PixelPoint origin = host.peer()->toScreen({own.left, own.top});
+    const PixelPoint origin = host.toScreen({own.left, own.top});
     const PixelRect anchor{origin.x, origin.y, origin.x + own.width(), origin.y + own.height()};
-    return placePopUp(anchor, size, host.peer()->workArea(), first);
+    return placePopUp(anchor, size, host.workArea(), first);
 }
 
 void PopUpPanel::close() {

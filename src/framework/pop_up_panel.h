@@ -34,10 +34,11 @@ public:
     void hide();
     // Gives the capture up and takes it anew, as a press does that begins a drag.
     void renewCapture();
-    bool holdsCapture() const;
+    bool holdsCapture() const { return surface_.hasCapture(); }
     // In the control's pixels: those of the monitor that it is on.
     Dpi dpi() const { return owner_.root().dpi(); }
-    SurfacePeer* peer() const { return surface_.peer(); }
+    // 0 before it was shown first, and when the control has no window any more.
+    NativeWindow window() const { return surface_.window(); }
 
     Event<> dismissed;
     Event<const MouseEvent&> mouseElsewhere;  // in pixels of the panel
@@ -56,7 +57,7 @@ private:
     };
 
     PixelRect placed(PixelSize size, PopUpSide first, const Surface& host) const;
-    bool hasFocus() const { return surface_.peer() && surface_.peer()->hasFocus(); }
+    bool hasFocus() const { return surface_.hasFocus(); }
     void hostMoved() { surfaceHostMoved(); }
     // The control has no window any more.
     void close();

@@ -91,8 +91,8 @@ void DrawnButton::mouse(const MouseEvent& event) {
 void DrawnButton::hover(bool inside) {
     if (inside == inside_) return;
     inside_ = inside;
-    if (Surface* shownOn = surface(); shownOn && shownOn->peer() && face_.arrow)
-        shownOn->peer()->setToolTip(pixelBounds(), inside ? face_.name : Text());
+    if (Surface* shownOn = surface(); shownOn && face_.arrow)
+        shownOn->setToolTip(pixelBounds(), inside ? face_.name : Text());
     invalidate();
 }
 

@@ -45,12 +45,37 @@ Dpi Surface::dpi() const {
     return peer_ ? peer_->dpi() : root_.platform().appearance().systemDpi();
 }
 
+void Surface::setBounds(const PixelRect& bounds) {
+    if (peer_) peer_->setBounds(bounds);
+}
+
+void Surface::setVisible(bool visible) {
+    if (peer_) peer_->setVisible(visible);
+}
+
+void Surface::update() {
+    if (peer_) peer_->update();
+}
+
+void Surface::setCursor(Cursor cursor) {
+    if (peer_) peer_->setCursor(cursor);
+}
+
+void Surface::setToolTip(const PixelRect& rect, TextView text) {
+    if (peer_) peer_->setToolTip(rect, text);
+}
+
 void Surface::invalidate(const PixelRect& rect) {
     if (peer_ && !rect.empty()) peer_->invalidate(rect);
 }
 
 void Surface::scroll(const PixelRect& rect, int32_t x, int32_t y) {
     if (peer_ && !rect.empty()) peer_->scroll(rect, x, y);
+}
+
+bool Surface::takeFocus() {
+    if (peer_ && !peer_->hasFocus()) peer_->focus();
+    return hasFocus();
 }
 
 bool Surface::focus(Widget& widget) {
@@ -89,7 +114,7 @@ void Surface::endCapture() {
     holding_ = false;
     resting_ = false;
     captured_ = nullptr;
-    if (peer_ && peer_->hasCapture()) peer_->releaseCapture();
+    if (hasCapture()) peer_->releaseCapture();
 }
 
 std::optional<size_t> Surface::chooseFromMenu(std::span<const MenuItem> items, const PixelRect& beside) {
@@ -97,9 +122,8 @@ std::optional<size_t> Surface::chooseFromMenu(std::span<const MenuItem> items, c
     const bool held = holding_;
     endCapture();
     resting_ = held;
-    const PixelPoint origin = peer_->toScreen({0, 0});
-    const auto chosen =
-        root_.platform().chooseFromMenu(peer_->window(), items, beside.moved(origin.x, origin.y));
+    const PixelPoint origin = toScreen({0, 0});
+    const auto chosen = root_.platform().chooseFromMenu(window(), items, beside.moved(origin.x, origin.y));
     // Whoever closed or hid the surface meanwhile has ended the capture for good.
     if (std::exchange(resting_, false)) holdCapture();
     return chosen;
@@ -118,7 +142,7 @@ void Surface::childFocusGained(Widget& child) {
 
 void Surface::childFocusLost(Widget& child) {
     for (Widget* widget = &child; widget; widget = widget->parent()) widget->focusWentBelow();
-    if (!peer_ || !peer_->hasFocus()) owner_.focusLeft();
+    if (!hasFocus()) owner_.focusLeft();
 }
 
 std::shared_ptr<void> Surface::keepAlive() {

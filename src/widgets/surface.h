@@ -2,32 +2,12 @@
 #pragma once
 
 #include "widgets/container.h"
+#include "widgets/surface_owner.h"
 #include "widgets/surface_peer.h"
 
 #include <memory>
 
 namespace obk {
-
-// Whoever a surface belongs to: a control, or the pop-up panel of one.
-class SurfaceOwner {
-public:
-    virtual KeyRoute preTranslate(const KeyEvent& event) = 0;
-    virtual bool offerToContainer(const KeyEvent& event) = 0;
-    // The focus is in the surface or its children, or is in none of them any more; told again and again.
-    virtual void focusEntered() = 0;
-    virtual void focusLeft() = 0;
-    virtual void surfaceCaptureLost() = 0;
-    virtual void surfaceChanged() = 0;  // another DPI, other system colours or metrics
-    // Of a panel: the window that it belongs to moved, was minimised, hidden or closed.
-    virtual void surfaceHostMoved() {}
-    virtual AccessibleItem describeSurface() const = 0;
-    virtual void surfaceKeyDown(KeyEvent&) {}
-    virtual void surfaceKeyUp(KeyEvent&) {}
-    virtual int16_t surfaceKeyPress(int16_t character) { return character; }
-
-protected:
-    ~SurfaceOwner() = default;
-};
 
 class Surface final : private SurfaceClient {
 public:
@@ -45,11 +25,30 @@ public:
     // Whether the window has a place on the screen, as opposed to being parked.
     bool placed() const { return peer_ && placed_; }
     SurfacePeer* peer() const { return peer_.get(); }
+    bool isOpen() const { return peer_ != nullptr; }
+    // 0 when it is not open.
+    NativeWindow window() const { return peer_ ? peer_->window() : 0; }
     Dpi dpi() const;
+    // A point of the window on the screen; itself when it is not open.
+    PixelPoint toScreen(PixelPoint point) const { return peer_ ? peer_->toScreen(point) : point; }
+    // Of the monitor that it is on; empty when it is not open.
+    PixelRect workArea() const { return peer_ ? peer_->workArea() : PixelRect{}; }
 
+    // What follows does nothing when it is not open.
+    void setBounds(const PixelRect& bounds);
+    void setVisible(bool visible);
+    // Paints what is invalid now rather than later.
+    void update();
+    void setCursor(Cursor cursor);
+    // Shown when the mouse rests inside `rect`; an empty text removes it. One at a time.
+    void setToolTip(const PixelRect& rect, TextView text);
     void invalidate(const PixelRect& rect);
     // Moves what is drawn inside a rectangle and invalidates what is uncovered.
     void scroll(const PixelRect& rect, int32_t x, int32_t y);
+    // Whether the focus is in the window or one of its children.
+    bool hasFocus() const { return peer_ && peer_->hasFocus(); }
+    // Asks for the focus unless it is there already. Whether it is there now.
+    bool takeFocus();
     // Gives the keyboard to a drawn widget: the keys of the surface's own window are its until it is
     // forgotten or another widget asks for them. Whether it has them now.
     bool focus(Widget& widget);
@@ -64,6 +63,8 @@ public:
     void holdCapture();
     void endCapture();
     bool holdsCapture() const { return holding_; }
+    // Whether the window has the system's capture, for whichever of these.
+    bool hasCapture() const { return peer_ && peer_->hasCapture(); }
     // A menu of the system beside a rectangle of this surface; see Platform::chooseFromMenu. A capture that
     // is held rests meanwhile and is not reported as lost.
     std::optional<size_t> chooseFromMenu(std::span<const MenuItem> items, const PixelRect& beside);

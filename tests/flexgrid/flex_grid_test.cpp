@@ -36,16 +36,16 @@ protected:
     void surfaceChanged() override { root.placed(); }
     AccessibleItem describeSurface() const override { return {}; }
 
-    headless::HeadlessSurface& peer() { return *platform.surface(surface.peer()->window()); }
+    headless::HeadlessSurface& peer() { return *platform.surface(surface.window()); }
     void mouse(Kind kind, PixelPoint at, int16_t shift = 0) {
-        platform.mouse(surface.peer()->window(), {kind, button::left, shift, at});
+        platform.mouse(surface.window(), {kind, button::left, shift, at});
     }
     void press(PixelPoint at, int16_t shift = 0) {
         mouse(Kind::down, at, shift);
         mouse(Kind::up, at, shift);
     }
     void wheel(int32_t delta, bool horizontal = false, int16_t shift = 0) {
-        platform.wheel(surface.peer()->window(), {delta, horizontal, shift, {50, 50}});
+        platform.wheel(surface.window(), {delta, horizontal, shift, {50, 50}});
     }
     void pass(int milliseconds) { platform.advance(std::chrono::milliseconds(milliseconds)); }
     void note(Event<>& event, const std::string& name) {
@@ -401,7 +401,7 @@ TEST_F(FlexGridTest, PlacesOfTheCurrentCellFollowTheScrolling) {
     grid.SetTopRow(10);
     grid.SetLeftCol(1);
     EXPECT_EQ(grid.cellPlace({12, 2}), (TwipsRect{{960}, {540}, {960}, {270}}));
-    platform.setDpi(surface.peer()->window(), Dpi(144));
+    platform.setDpi(surface.window(), Dpi(144));
     EXPECT_EQ(grid.cellPlace({12, 2}).width, Twips{960});
     EXPECT_EQ(grid.view().rect(grid.current()).width(), 96);
 }
@@ -487,7 +487,7 @@ TEST_F(FlexGridTest, PaintingBitByBitGivesTheWholePicture) {
         [&] {
             mouse(static_cast<Kind>(below(3)), {below(200), below(130)}, static_cast<int16_t>(below(2)));
         },
-        [&] { platform.setFocus(below(2) == 0 ? surface.peer()->window() : 0); },
+        [&] { platform.setFocus(below(2) == 0 ? surface.window() : 0); },
         [&] { grid.Clear(); },
         [&] { grid.Sort(grid.Col(), static_cast<SortDirection>(below(2))); },
         [&] { pass(below(200)); },
@@ -590,7 +590,7 @@ TEST_F(FlexGridTest, TheKeyboardComesBackFromAField) {
     EXPECT_FALSE(grid.hasFocus());
     // A grid that cannot have it loses it for good.
     grid.setEnabled(false);
-    platform.setFocus(surface.peer()->window());
+    platform.setFocus(surface.window());
     EXPECT_FALSE(grid.hasFocus());
 }
 

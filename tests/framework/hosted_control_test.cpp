@@ -117,7 +117,7 @@ TEST_F(HostedControlTest, LeavingTheHostedControlChecksItsRangeThoughTheFocusSta
 TEST_F(HostedControlTest, TheOuterControlIsLeftOnlyWithItsPanel) {
     activate({0, 0, 300, 60});
     ASSERT_TRUE(outer().panel.show({100, 40}, PopUpSide::below));
-    const NativeWindow panel = outer().panel.peer()->window();
+    const NativeWindow panel = outer().panel.window();
     const NativeWindow own = textAt(control->window(), {5, 5});
     const NativeWindow inPanel = textAt(panel, {14, 14});
     ASSERT_NE(inPanel, 0u);
@@ -160,7 +160,7 @@ TEST_F(HostedControlTest, AHostMayLetGoInsideAnEventThatAHostedControlCaused) {
 class PopUpPanelTest : public HostedControlTest {
 protected:
     PopUpPanel& panel() { return outer().panel; }
-    PixelRect place() { return platform.surface(panel().peer()->window())->bounds(); }
+    PixelRect place() { return platform.surface(panel().window())->bounds(); }
 };
 
 TEST_F(PopUpPanelTest, HasAWindowOnlyOnceItCanBeShown) {
@@ -175,13 +175,13 @@ TEST_F(PopUpPanelTest, HasAWindowOnlyOnceItCanBeShown) {
     EXPECT_GT(platform.windowCount(), before);
     control->deactivate();
     EXPECT_EQ(platform.windowCount(), 0u);
-    EXPECT_EQ(panel().peer(), nullptr);
+    EXPECT_EQ(panel().window(), 0u);
 }
 
 TEST_F(PopUpPanelTest, HoldsTheCaptureWhileItIsOpenAndGivesUpOnlyItsOwn) {
     activate({0, 0, 300, 60});
     panel().show({100, 40}, PopUpSide::below);
-    EXPECT_EQ(platform.capture(), panel().peer()->window());
+    EXPECT_EQ(platform.capture(), panel().window());
     std::vector<PixelPoint> seen;
     const Connection connection =
         panel().mouseElsewhere.connect([&seen](const MouseEvent& event) { seen.push_back(event.at); });
@@ -202,7 +202,7 @@ TEST_F(PopUpPanelTest, APressOnAFieldInsideTakesNoFocusAndTheSpinnersCaptureCome
     control->focus();
     const NativeWindow focus = platform.focus();
     panel().show({100, 40}, PopUpSide::below);
-    const NativeWindow window = panel().peer()->window();
+    const NativeWindow window = panel().window();
     platform.click(window, {14, 14});
     EXPECT_EQ(platform.focus(), focus);
     EXPECT_TRUE(panel().visible());

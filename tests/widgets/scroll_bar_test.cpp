@@ -53,7 +53,7 @@ protected:
     void surfaceChanged() override {}
     AccessibleItem describeSurface() const override { return {}; }
 
-    void mouse(Kind kind, PixelPoint at) { platform.mouse(surface.peer()->window(), {kind, 1, 0, at}); }
+    void mouse(Kind kind, PixelPoint at) { platform.mouse(surface.window(), {kind, 1, 0, at}); }
     void pass(int milliseconds) { platform.advance(std::chrono::milliseconds(milliseconds)); }
 
     headless::HeadlessPlatform platform;
@@ -117,10 +117,10 @@ TEST_F(ScrollBarTest, TheThumbIsDraggedByWhereItWasGrippedAndTakenBackFarAway) {
 
 TEST_F(ScrollBarTest, WithoutAnythingToScrollThereIsNoThumb) {
     bar.setRange({20, 20, 0});
-    platform.surface(surface.peer()->window())->paint();
+    platform.surface(surface.window())->paint();
     bar.setRange({20, 30, 5});
     EXPECT_EQ(bar.range().position, 0);
-    EXPECT_TRUE(platform.surface(surface.peer()->window())->invalid().empty()) << "nothing looks otherwise";
+    EXPECT_TRUE(platform.surface(surface.window())->invalid().empty()) << "nothing looks otherwise";
     mouse(Kind::down, {8, 60});
     EXPECT_EQ(bar.range().position, 0);
 }

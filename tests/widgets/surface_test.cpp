@@ -74,9 +74,9 @@ protected:
         return {AccessibleItem::Role::client, u"all", {}, {}, true, false};
     }
 
-    void mouse(Kind kind, PixelPoint at) { platform.mouse(surface.peer()->window(), {kind, 1, 0, at}); }
+    void mouse(Kind kind, PixelPoint at) { platform.mouse(surface.window(), {kind, 1, 0, at}); }
     Journal take() { return std::exchange(journal, {}); }
-    headless::HeadlessSurface& peer() { return *platform.surface(surface.peer()->window()); }
+    headless::HeadlessSurface& peer() { return *platform.surface(surface.window()); }
 
     headless::HeadlessPlatform platform;
     Journal journal;
@@ -152,9 +152,7 @@ TEST_F(SurfaceTest, AWidgetMayGoWhileItIsHoveredOrHasTheCapture) {
 }
 
 TEST_F(SurfaceTest, TheWheelRisesToWhoeverUsesIt) {
-    const auto wheel = [this](PixelPoint at) {
-        platform.wheel(surface.peer()->window(), {120, false, 0, at});
-    };
+    const auto wheel = [this](PixelPoint at) { platform.wheel(surface.window(), {120, false, 0, at}); };
     wheel({15, 55});
     EXPECT_EQ(take(), Journal{"c wheel"});
     c.setEnabled(false);
@@ -163,10 +161,10 @@ TEST_F(SurfaceTest, TheWheelRisesToWhoeverUsesIt) {
 }
 
 TEST_F(SurfaceTest, AMenuIsAskedForByTheRightButtonWhereItIsReleased) {
-    platform.click(surface.peer()->window(), {15, 55}, button::right);
+    platform.click(surface.window(), {15, 55}, button::right);
     EXPECT_EQ(take(), (Journal{"c move 5,5", "c down 5,5", "c up 5,5", "c menu 5,5"}));
     c.setEnabled(false);
-    platform.mouse(surface.peer()->window(), {Kind::up, button::right, 0, {15, 55}});
+    platform.mouse(surface.window(), {Kind::up, button::right, 0, {15, 55}});
     EXPECT_EQ(take().back(), "c up 5,5");
 }
 
@@ -181,7 +179,7 @@ TEST_F(SurfaceTest, ATextBoxIsAskedForItsMenuByTheMouseAndByTheKeys) {
         shown = true;
     });
     take();
-    platform.click(surface.peer()->window(), {65, 35}, button::right);
+    platform.click(surface.window(), {65, 35}, button::right);
     platform.pressKey(key::menu);
     platform.pressKey(key::f10, shift::shift);
     platform.pressKey(key::f10);
@@ -203,7 +201,7 @@ TEST_F(SurfaceTest, AMenuAnswersWhatWasChosenAndTheHeldCaptureRestsMeanwhile) {
         wanted = possible;
         EXPECT_EQ(choose(), wanted);
         EXPECT_TRUE(surface.holdsCapture());
-        EXPECT_EQ(platform.capture(), surface.peer()->window());
+        EXPECT_EQ(platform.capture(), surface.window());
     }
     for (const size_t impossible : {1u, 2u, 4u}) {  // a separator, a grey item, none
         wanted = impossible;
@@ -302,7 +300,7 @@ TEST_F(SurfaceTest, WhoeverHearsThatAFieldLostTheFocusMayCloseTheWindow) {
         EXPECT_TRUE(surface.open({SurfacePlacement::Kind::control, 1000, {0, 0, 100, 60}}));
         ASSERT_TRUE(field.takeFocus());
         lose();
-        EXPECT_EQ(surface.peer(), nullptr);
+        EXPECT_FALSE(surface.isOpen());
         EXPECT_EQ(platform.windowCount(), 0u);
     }
 }

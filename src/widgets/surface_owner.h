@@ -1,0 +1,31 @@
+// What a surface asks of the control, or of the pop-up panel, that it is the window of.
+#pragma once
+
+#include "widgets/accessible_item.h"
+#include "widgets/input.h"
+
+#include <cstdint>
+
+namespace obk {
+
+class SurfaceOwner {
+public:
+    virtual KeyRoute preTranslate(const KeyEvent& event) = 0;
+    virtual bool offerToContainer(const KeyEvent& event) = 0;
+    // The focus is in the surface or its children, or is in none of them any more; told again and again.
+    virtual void focusEntered() = 0;
+    virtual void focusLeft() = 0;
+    virtual void surfaceCaptureLost() = 0;
+    virtual void surfaceChanged() = 0;  // another DPI, other system colours or metrics
+    // Of a panel: the window that it belongs to moved, was minimised, hidden or closed.
+    virtual void surfaceHostMoved() {}
+    virtual AccessibleItem describeSurface() const = 0;
+    virtual void surfaceKeyDown(KeyEvent&) {}
+    virtual void surfaceKeyUp(KeyEvent&) {}
+    virtual int16_t surfaceKeyPress(int16_t character) { return character; }
+
+protected:
+    ~SurfaceOwner() = default;
+};
+
+}  // namespace obk
