@@ -367,9 +367,9 @@ void DateCalendar::iconMouse(const MouseEvent& event) {
             break;
         }
         case MouseEvent::Kind::move:
-            if (shownOn && shownOn->peer())
-                shownOn->peer()->setToolTip(picfraICON.pixelBounds(),
-                                            toolTip_.empty() ? defaultToolTip : TextView(toolTip_));
+            if (shownOn)
+                shownOn->setToolTip(picfraICON.pixelBounds(),
+                                    toolTip_.empty() ? defaultToolTip : TextView(toolTip_));
             moveMouse(picfraICON, event);
             break;
         case MouseEvent::Kind::leave:

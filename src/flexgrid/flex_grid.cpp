@@ -131,7 +131,7 @@ void FlexGrid::fitColumn(int32_t col) {
 void FlexGrid::copySelection() const {
     if (Rows() == 0) return;
     const Surface* shownOn = surface();
-    const NativeWindow owner = shownOn && shownOn->peer() ? shownOn->peer()->window() : 0;
+    const NativeWindow owner = shownOn ? shownOn->window() : 0;
     // What does not fit into memory is not copied.
     attempt([&] { platform().putOnClipboard(owner, tabSeparated(model(), selection())); });
 }

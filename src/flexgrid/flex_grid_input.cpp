@@ -130,8 +130,8 @@ int32_t FlexGrid::borderAt(PixelPoint at) const {
 }
 
 void FlexGrid::showCursor(PixelPoint at) {
-    if (Surface* shownOn = surface(); shownOn && shownOn->peer())
-        shownOn->peer()->setCursor(borderAt(at) >= 0 ? Cursor::sizeColumn : Cursor::arrow);
+    if (Surface* shownOn = surface())
+        shownOn->setCursor(borderAt(at) >= 0 ? Cursor::sizeColumn : Cursor::arrow);
 }
 
 // Makes a cell the current one, or the other corner of the selection.

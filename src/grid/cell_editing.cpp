@@ -283,7 +283,7 @@ void CellEditing::deleteRow() {
 
 void CellEditing::paste() {
     const Surface* shownOn = grid_.surface();
-    const NativeWindow owner = shownOn && shownOn->peer() ? shownOn->peer()->window() : 0;
+    const NativeWindow owner = shownOn ? shownOn->window() : 0;
     const auto text = grid_.platform().textOnClipboard(owner);
     if (!text || text->empty()) {
         show();

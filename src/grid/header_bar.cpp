@@ -183,9 +183,9 @@ bool HeaderBar::inside(PixelPoint at) const {
 
 void HeaderBar::hover(PixelPoint at) {
     const bool over = inside(at);
-    if (Surface* shownOn = surface(); shownOn && shownOn->peer()) {
+    if (Surface* shownOn = surface()) {
         const bool resizes = dragged_ || (over && !pressed_ && grid_.columnBorderAt(at.x) >= 0);
-        shownOn->peer()->setCursor(resizes ? Cursor::sizeColumn : Cursor::arrow);
+        shownOn->setCursor(resizes ? Cursor::sizeColumn : Cursor::arrow);
     }
     const int32_t col = over ? grid_.view().colAt(at.x) : -1;
     if (std::exchange(hovered_, col) != col) invalidate();

@@ -92,10 +92,10 @@ void TabStrip::invalidateTab(int32_t index) {
 
 void TabStrip::showToolTip() {
     Surface* shownOn = surface();
-    if (!shownOn || !shownOn->peer()) return;
+    if (!shownOn) return;
     const PixelRect own = pixelBounds();
     if (hovered_ == none) {
-        shownOn->peer()->setToolTip(own, {});
+        shownOn->setToolTip(own, {});
         return;
     }
     const PixelRect tab = layout_.tab(hovered_, first_);
@@ -103,8 +103,8 @@ void TabStrip::showToolTip() {
         captions_.widths[static_cast<size_t>(hovered_) - 1] > layout_.captionPlace(tab).width() ||
         tab.intersected(layout_.view()) != tab;
     attempt([&] {
-        shownOn->peer()->setToolTip(tab.intersected(layout_.view()).moved(own.left, own.top),
-                                    cut ? plainCaption(model_.caption(hovered_)) : Text());
+        shownOn->setToolTip(tab.intersected(layout_.view()).moved(own.left, own.top),
+                            cut ? plainCaption(model_.caption(hovered_)) : Text());
     });
 }
 
@@ -175,14 +175,12 @@ void TabStrip::mouse(const MouseEvent& event) {
 
 bool TabStrip::showsFocus() const {
     const Surface* shownOn = surface();
-    return shownOn && shownOn->peer() && shownOn->peer()->hasFocus();
+    return shownOn && shownOn->hasFocus();
 }
 
 bool TabStrip::takeFocus() {
     Surface* shownOn = surface();
-    if (!shownOn || !shownOn->peer() || pixelClip().empty()) return false;
-    if (!shownOn->peer()->hasFocus()) shownOn->peer()->focus();
-    return showsFocus();
+    return shownOn && !pixelClip().empty() && shownOn->takeFocus();
 }
 
 void TabStrip::describe(std::vector<AccessibleItem>& items) const {

@@ -43,9 +43,7 @@ TwipsRect ButtonFace::arrowPlace(Twips width, Twips height, Twips arrowWidth, Tw
 
 bool ButtonFace::takeFocus() {
     Surface* shownOn = surface();
-    if (!shownOn || !shownOn->peer() || !enabled() || pixelClip().empty()) return false;
-    if (!shownOn->peer()->hasFocus()) shownOn->peer()->focus();
-    return shownOn->peer() && shownOn->peer()->hasFocus();
+    return shownOn && enabled() && !pixelClip().empty() && shownOn->takeFocus();
 }
 
 void ButtonFace::paint(Canvas& canvas, const PixelRect& bounds) {

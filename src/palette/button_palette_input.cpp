@@ -123,8 +123,7 @@ void ButtonPalette::buttonMouse(const MouseEvent& event) {
             break;
         }
         case MouseEvent::Kind::move:
-            if (shownOn && shownOn->peer())
-                shownOn->peer()->setToolTip(cmdMAINBTN.pixelBounds(), button_.ToolTip);
+            if (shownOn) shownOn->setToolTip(cmdMAINBTN.pixelBounds(), button_.ToolTip);
             if (!button_.hot && !panel_.visible() && cmdMAINBTN.hitTest(event.at))
                 model_.set(&ButtonState::hot, true);
             if (!model_.drop.mouseHeld) UserControlMouseOut(at.Button, at.Shift, at.X, at.Y);

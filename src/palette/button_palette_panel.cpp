@@ -111,7 +111,7 @@ void ButtonPalette::select(const PaletteCell& cell) {
 void ButtonPalette::chooseCustomColour() {
     const OleColour start = Color();
     const Surface* shownOn = root().surface();
-    const NativeWindow owner = shownOn && shownOn->peer() ? shownOn->peer()->window() : 0;
+    const NativeWindow owner = shownOn ? shownOn->window() : 0;
     std::optional<Rgb> picked;
     attempt([&] { picked = platform().chooseColour(owner, {root().rgb(start), true, u"Custom"}); });
     // What was cancelled answers the colour it started from, and the host hears of that all the same.

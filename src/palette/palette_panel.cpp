@@ -91,18 +91,18 @@ PixelPoint PalettePanel::walkPoint() const {
 
 void PalettePanel::showCells(const PixelRect& place) {
     const auto& hovered = model_.HoverCell();
-    if (Surface* shownOn = surface(); shownOn && shownOn->peer()) {
+    if (Surface* shownOn = surface(); shownOn) {
         if (!hovered)
-            shownOn->peer()->setToolTip({}, {});
+            shownOn->setToolTip({}, {});
         else if (!model_.walking())
-            attempt([&] { shownOn->peer()->setToolTip(hovered->rect, hovered->Name()); });
+            attempt([&] { shownOn->setToolTip(hovered->rect, hovered->Name()); });
     }
     if (!place.empty()) invalidatePart(outset(place, model_.palette().scale().scaled(2)));
 }
 
 void PalettePanel::showStrip() {
-    if (Surface* shownOn = surface(); shownOn && shownOn->peer())
-        shownOn->peer()->setCursor(model_.stripHot() ? Cursor::hand : Cursor::arrow);
+    if (Surface* shownOn = surface(); shownOn)
+        shownOn->setCursor(model_.stripHot() ? Cursor::hand : Cursor::arrow);
     invalidatePart({0, stripTop_, size_.width, size_.height});
 }
 

@@ -24,7 +24,6 @@ public:
     void setParent(NativeWindow parent);
     // Whether the window has a place on the screen, as opposed to being parked.
     bool placed() const { return peer_ && placed_; }
-    SurfacePeer* peer() const { return peer_.get(); }
     bool isOpen() const { return peer_ != nullptr; }
     // 0 when it is not open.
     NativeWindow window() const { return peer_ ? peer_->window() : 0; }
