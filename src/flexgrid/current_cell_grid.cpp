@@ -1,6 +1,20 @@
 #include "flexgrid/current_cell_grid.h"
 
+#include "base/left_undone.h"
+
 namespace obk {
+
+namespace {
+
+using Kind = LeftUndone::Kind;
+
+// A row or column that a grid of so many does not have.
+bool notThere(Kind kind, int32_t number, int32_t count) {
+    tellUndone({.kind = kind, .number = number, .limit = count});
+    return false;
+}
+
+}  // namespace
 
 CurrentCellGrid::CurrentCellGrid(int32_t rows, int32_t cols, Dpi dpi) : model_(rows, cols, dpi) {
     bringInside();
@@ -50,6 +64,14 @@ bool CurrentCellGrid::SetCols(int32_t count) {
     return true;
 }
 
+bool CurrentCellGrid::SetRow(int32_t row) {
+    return Select(CellAddress{row, current_.col}) || notThere(Kind::row, row, Rows());
+}
+
+bool CurrentCellGrid::SetCol(int32_t col) {
+    return Select(CellAddress{current_.row, col}) || notThere(Kind::column, col, Cols());
+}
+
 bool CurrentCellGrid::Select(CellAddress current, CellAddress corner) {
     const auto possible = [this](CellAddress cell) {
         return model_.contains(cell) || (Rows() == 0 && cell.row == -1 && cell.col >= 0 && cell.col < Cols());
@@ -64,7 +86,7 @@ bool CurrentCellGrid::Select(CellAddress current, CellAddress corner) {
 }
 
 bool CurrentCellGrid::AddItem(TextView item, int32_t row) {
-    if (!model_.addItem(item, row)) return false;
+    if (!model_.addItem(item, row)) return notThere(Kind::row, row, Rows());
     ++revision_;
     if (current_.row < 0) bringInside();
     placesChanged(row, 0);
@@ -72,7 +94,7 @@ bool CurrentCellGrid::AddItem(TextView item, int32_t row) {
 }
 
 bool CurrentCellGrid::RemoveItem(int32_t row) {
-    if (!model_.removeItem(row)) return false;
+    if (!model_.removeItem(row)) return notThere(Kind::row, row, Rows());
     ++revision_;
     const bool moved = bringInside();
     placesChanged(moved ? 0 : row, 0);
@@ -108,7 +130,9 @@ int32_t CurrentCellGrid::ColWidth(int32_t col) const {
 }
 
 bool CurrentCellGrid::SetColWidth(int32_t col, int32_t twips) {
-    if (!model_.setColWidth(col, twips)) return false;
+    if (!model_.setColWidth(col, twips))
+        return col >= 0 && col < Cols() ? refuseNumber(twips, u"a width")
+                                        : notThere(Kind::column, col, Cols());
     placesChanged(0, col);
     return true;
 }

@@ -30,10 +30,10 @@ public:
     // selection this one cell.
     CellAddress current() const { return current_; }
     int32_t Row() const { return current_.row; }
-    bool SetRow(int32_t row) { return Select(CellAddress{row, current_.col}); }
+    bool SetRow(int32_t row);
     int32_t Col() const { return current_.col; }
     // Also in a grid without rows, for the rows that come.
-    bool SetCol(int32_t col) { return Select(CellAddress{current_.row, col}); }
+    bool SetCol(int32_t col);
     // The corner of the selection opposite the current cell.
     CellAddress corner() const { return corner_; }
     CellRange selection() const { return CellRange::between(current_, corner_); }

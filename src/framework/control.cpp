@@ -3,6 +3,7 @@
 #include "base/attempt.h"
 #include "framework/hosted_control.h"
 #include "framework/pop_up_panel.h"
+#include "framework/trace_line.h"
 
 #include <algorithm>
 
@@ -17,6 +18,18 @@ Value resolved(const DefaultValue& value, const Control& control) {
         return OleColour(control.platform().appearance().systemColour(index).value_or(Rgb{}));
     }
     return std::get<Value>(value);
+}
+
+// Keeps a control alive, and says that it is at work, while the window system speaks to it.
+struct Held {
+    explicit Held(std::shared_ptr<Control> held) : control(std::move(held)) {}
+    std::shared_ptr<Control> control;
+    AtWork work{*control};
+};
+
+std::shared_ptr<void> hold(std::shared_ptr<Control> control) {
+    if (!control || !undoneIsObserved()) return control;
+    return std::make_shared<Held>(std::move(control));
 }
 
 bool equal(const Value& left, const Value& right) {
@@ -43,19 +56,20 @@ void ControlFactory::start(Control& control) {
 }
 
 Control::Control(Platform& platform)
-    : root_(platform, [this]() -> std::shared_ptr<void> { return weak_from_this().lock(); }),
-      surface_(root_, *this) {
+    : root_(platform, [this] { return hold(weak_from_this().lock()); }), surface_(root_, *this) {
     root_.move({{0}, {0}, width_, height_});
 }
 
 Control::~Control() = default;
 
 void Control::initNew() {
+    const AtWork work(*this);
     attempt([&] { initProperties(); });
     attempt([&] { resize(); });
 }
 
 void Control::load(PropertyBag& bag) {
+    const AtWork work(*this);
     loading_ = true;
     for (const PersistedValue& row : table().persisted) {
         if (!row.load) continue;
@@ -64,7 +78,11 @@ void Control::load(PropertyBag& bag) {
             // A value that does not convert leaves what is there; only a missing one takes the default.
             const std::optional<Value> own =
                 converted(stored ? *stored : resolved(row.readDefault, *this), row.type);
-            if (own) row.load(*this, *own);
+            if (own)
+                row.load(*this, *own);
+            else if (stored)
+                tellUnconverted({.kind = LeftUndone::Kind::stored, .subject = row.readKey}, *stored,
+                                row.type);
         });
     }
     attempt([&] { loaded(); });
@@ -73,6 +91,7 @@ void Control::load(PropertyBag& bag) {
 }
 
 void Control::save(PropertyBag& bag) const {
+    const AtWork work(*this);
     for (const size_t position : table().saved) {
         const PersistedValue& row = table().persisted[position];
         attempt([&] {
@@ -98,6 +117,7 @@ void Control::setSize(Twips width, Twips height) {
 }
 
 bool Control::activate(NativeWindow parent, const PixelRect& bounds) {
+    const AtWork work(*this);
     if (surface_.isOpen()) {
         surface_.setParent(parent);
         root_.placed();
@@ -118,6 +138,7 @@ void Control::deactivate() {
 
 void Control::setBounds(const PixelRect& bounds) {
     if (!active_ || !surface_.isOpen()) return;
+    const AtWork work(*this);
     surface_.setBounds(bounds);
     for (PopUpPanel* panel : panels_) panel->hostMoved();
     if (!surface_.isOpen()) return;  // a host may have closed the control because its panel closed
@@ -139,7 +160,8 @@ bool Control::hasFocus() const {
 }
 
 void Control::draw(Canvas& canvas, const PixelRect& bounds) {
-    root_.paint(canvas, bounds);
+    const AtWork work(*this);
+    attempt([&] { root_.paint(canvas, bounds); });
 }
 
 FontRef Control::ambientFont() const {
@@ -150,7 +172,7 @@ FontRef Control::ambientFont() const {
 }
 
 void Control::requestSize(Twips width, Twips height) {
-    if (host_) host_->requestSize(width, height);
+    if (host_) attempt([&] { host_->requestSize(width, height); });
 }
 
 KeyRoute Control::preTranslate(const KeyEvent& event) {
@@ -170,7 +192,8 @@ AccessibleItem Control::describeSurface() const {
 
 void Control::propertyChanged(const void* token) {
     // A value without a property is told as unknown: the container's document has changed all the same.
-    if (host_ && !loading_ && ownTable_) host_->propertyChanged(ownTable_->notifiedByToken(token));
+    if (host_ && !loading_ && ownTable_)
+        attempt([&] { host_->propertyChanged(ownTable_->notifiedByToken(token)); });
 }
 
 bool Control::rightToLeft() const {
@@ -178,7 +201,7 @@ bool Control::rightToLeft() const {
 }
 
 void Control::accessKeysChanged() {
-    if (host_ && !loading_) host_->accessKeysChanged();
+    if (host_ && !loading_) attempt([&] { host_->accessKeysChanged(); });
 }
 
 bool Control::offerToContainer(const KeyEvent& event) {
@@ -189,14 +212,14 @@ void Control::focusEntered() {
     if (focusInside_) return;
     focusInside_ = true;
     attempt([&] { enterFocus(); });
-    if (host_) host_->focusChanged(true);
+    if (host_) attempt([&] { host_->focusChanged(true); });
 }
 
 void Control::focusLeft() {
     if (!focusInside_ || hasFocus()) return;
     focusInside_ = false;
     attempt([&] { exitFocus(); });
-    if (host_) host_->focusChanged(false);
+    if (host_) attempt([&] { host_->focusChanged(false); });
 }
 
 void Control::surfaceChanged() {

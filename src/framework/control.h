@@ -64,6 +64,8 @@ public:
     const Container& root() const { return root_; }
     // Whether the form is being designed, so that nobody works with the control.
     bool designMode() const { return host_ && host_->designMode(); }
+    // What the container calls the control; empty without one.
+    Text hostName() const { return host_ ? host_->name() : Text(); }
     // A copy of the container's font, or the system's dialog font where there is none.
     FontRef ambientFont() const;
 

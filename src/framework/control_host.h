@@ -31,6 +31,8 @@ public:
     virtual bool offerToContainer(const KeyEvent& event) = 0;
     // How the control looks has changed.
     virtual void viewChanged() = 0;
+    // What the container calls the control; empty where it gives no name.
+    virtual Text name() { return {}; }
     virtual bool rightToLeft() { return false; }
     // The form is being designed: nobody works with the control.
     virtual bool designMode() { return false; }

@@ -216,6 +216,36 @@ std::optional<double> toDouble(const Value& value) {
         value);
 }
 
+TextView typeName(ValueType type) {
+    switch (type) {
+        case ValueType::empty:
+            return {};
+        case ValueType::boolean:
+            return u"Boolean";
+        case ValueType::byte:
+            return u"Byte";
+        case ValueType::integer:
+            return u"Integer";
+        case ValueType::longInteger:
+            return u"Long";
+        case ValueType::single:
+            return u"Single";
+        case ValueType::doubleFloat:
+            return u"Double";
+        case ValueType::text:
+            return u"String";
+        case ValueType::colour:
+            return u"OLE_COLOR";
+        case ValueType::font:
+            return u"Font";
+        case ValueType::picture:
+            return u"Picture";
+        case ValueType::object:
+            return u"Object";
+    }
+    return {};
+}
+
 std::optional<bool> toBoolean(const Value& value) {
     if (const auto* held = std::get_if<bool>(&value)) return *held;
     if (const auto* text = std::get_if<Text>(&value)) {

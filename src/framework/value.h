@@ -37,6 +37,9 @@ inline ValueType typeOf(const Value& value) {
     return static_cast<ValueType>(value.index());
 }
 
+// As the hosts' languages call it; empty for no type.
+TextView typeName(ValueType type);
+
 // Type by type the automation rules of the platform, without any user's locale: numbers are rounded half to
 // even and must fit; True is -1 (255 as a byte); texts are read as numbers in full or not at all; an empty
 // value is 0, False or the empty text. Nothing when there is no conversion: a value is refused, never

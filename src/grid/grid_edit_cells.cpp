@@ -1,5 +1,6 @@
 // What the editable grid does with cells, columns and rows.
 #include "base/attempt.h"
+#include "base/left_undone.h"
 #include "framework/value.h"
 #include "grid/grid_edit.h"
 
@@ -47,6 +48,8 @@ void GridEdit::CellFormatSet(int32_t rowno, int32_t colno, const Text& sFont, co
 Text GridEdit::CellTextRead(int32_t rowno, int32_t colno) const {
     const CellAddress current = flexGRID.current();
     const bool hasRow = rowno >= 0 && rowno < flexGRID.Rows(), hasCol = colno >= 0 && colno < flexGRID.Cols();
+    if (!hasRow) tellUndone({.kind = LeftUndone::Kind::row, .number = rowno, .limit = flexGRID.Rows()});
+    if (!hasCol) tellUndone({.kind = LeftUndone::Kind::column, .number = colno, .limit = flexGRID.Cols()});
     return Text(flexGRID.model().text({hasRow ? rowno : current.row, hasCol ? colno : current.col}));
 }
 

@@ -1,5 +1,6 @@
 #include "grid/icon_list.h"
 
+#include "base/left_undone.h"
 #include "cellicons/cell_icons.h"
 
 #include <span>
@@ -60,6 +61,7 @@ PictureRef IconList::picture(TextView key, Rgb background) {
     background_ = background;
     pictures_.resize(static_cast<size_t>(count()) + 1);
     const int32_t icon = cell_icons::indexOf(key).value_or(0);
+    if (icon == 0) tellUndone({.kind = LeftUndone::Kind::icon, .subject = key});
     PictureRef& picture = pictures_[static_cast<size_t>(icon)];
     if (!picture) picture = pictureForAllScreens(background, icon);
     return picture;

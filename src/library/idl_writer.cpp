@@ -8,7 +8,7 @@ namespace {
 
 // How a type is written for hosts. A colour has a name of its own there, so that property browsers offer
 // colours.
-Text typeName(ValueType type) {
+Text idlName(ValueType type) {
     switch (type) {
         case ValueType::empty:
             return u"void";
@@ -39,7 +39,7 @@ Text typeName(ValueType type) {
 }
 
 Text typeName(const Member& member) {
-    return member.enumeration ? member.enumeration->name : typeName(member.type);
+    return member.enumeration ? member.enumeration->name : idlName(member.type);
 }
 
 Text quoted(TextView text) {
@@ -157,7 +157,7 @@ private:
             list += u"] ";
             // widl can give no default value to a type with a name; to hosts a colour is a Long.
             const bool plain = parameter.defaultValue && parameter.type == ValueType::colour;
-            list += typeName(plain ? ValueType::longInteger : parameter.type);
+            list += idlName(plain ? ValueType::longInteger : parameter.type);
             list += parameter.byReference ? u"* " : u" ";
             list += parameter.name;
         }

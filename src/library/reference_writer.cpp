@@ -9,39 +9,8 @@ namespace obk {
 
 namespace {
 
-// Types as the hosts' languages call them.
-Text typeName(ValueType type) {
-    switch (type) {
-        case ValueType::empty:
-            return u"";
-        case ValueType::boolean:
-            return u"Boolean";
-        case ValueType::byte:
-            return u"Byte";
-        case ValueType::integer:
-            return u"Integer";
-        case ValueType::longInteger:
-            return u"Long";
-        case ValueType::single:
-            return u"Single";
-        case ValueType::doubleFloat:
-            return u"Double";
-        case ValueType::text:
-            return u"String";
-        case ValueType::colour:
-            return u"OLE_COLOR";
-        case ValueType::font:
-            return u"Font";
-        case ValueType::picture:
-            return u"Picture";
-        case ValueType::object:
-            return u"Object";
-    }
-    return u"";
-}
-
 Text typeName(const Member& member) {
-    return member.enumeration ? member.enumeration->name : typeName(member.type);
+    return member.enumeration ? member.enumeration->name : Text(typeName(member.type));
 }
 
 Text code(TextView text) {
@@ -199,7 +168,7 @@ private:
             const Parameter& parameter = member.parameters[at];
             text += at == 0 ? u"" : u", ";
             text += parameter.byReference ? u"ByRef " : u"";
-            text += parameter.name + u" As " + typeName(parameter.type);
+            text += parameter.name + u" As " + Text(typeName(parameter.type));
             if (parameter.defaultValue) text += u" = " + valueText(*parameter.defaultValue);
         }
         return text + u")";
@@ -215,7 +184,7 @@ private:
                 line(u"|---|---|---|---|");
                 any = true;
             }
-            line(u"| " + keyCell(value) + u" | " + typeName(value.type) + u" | " +
+            line(u"| " + keyCell(value) + u" | " + Text(typeName(value.type)) + u" | " +
                  (value.load ? cell(value.readDefault) : Text()) + u" | " + cell(value.writeDefault) + u" |");
         }
     }

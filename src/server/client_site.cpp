@@ -1,6 +1,7 @@
 #include "server/client_site.h"
 
 #include "server/font_bridge.h"
+#include "server/system_text.h"
 #include "server/variant_value.h"
 
 #include <olectl.h>
@@ -9,11 +10,17 @@ namespace obk::server {
 
 namespace {
 
-HRESULT readAmbient(const ComPtr<IDispatch>& ambient, DISPID id, VARIANT& value) {
-    if (!ambient) return E_FAIL;
+HRESULT readProperty(const ComPtr<IDispatch>& object, DISPID id, VARIANT& value) {
+    if (!object) return E_FAIL;
     DISPPARAMS none{};
-    return ambient->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYGET, &none, &value, nullptr,
-                           nullptr);
+    return object->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYGET, &none, &value, nullptr,
+                          nullptr);
+}
+
+Text readText(const ComPtr<IDispatch>& object, DISPID id) {
+    OwnedVariant read;
+    const bool found = SUCCEEDED(readProperty(object, id, read)) && V_VT(&read) == VT_BSTR;
+    return found ? Text(viewOfBstr(V_BSTR(&read))) : Text();
 }
 
 }  // namespace
@@ -28,7 +35,7 @@ void ClientSite::set(IOleClientSite* site) {
 
 FontRef ClientSite::ambientFont() {
     OwnedVariant read;
-    if (FAILED(readAmbient(ambient_, DISPID_AMBIENT_FONT, read))) return nullptr;
+    if (FAILED(readProperty(ambient_, DISPID_AMBIENT_FONT, read))) return nullptr;
     if (V_VT(&read) != VT_DISPATCH && V_VT(&read) != VT_UNKNOWN) return nullptr;
     const auto identity = query<IUnknown>(V_UNKNOWN(&read));
     if (!identity) return nullptr;
@@ -41,8 +48,21 @@ FontRef ClientSite::ambientFont() {
 
 bool ClientSite::ambientFlag(DISPID id, bool otherwise) const {
     OwnedVariant read;
-    if (FAILED(readAmbient(ambient_, id, read)) || V_VT(&read) != VT_BOOL) return otherwise;
+    if (FAILED(readProperty(ambient_, id, read)) || V_VT(&read) != VT_BOOL) return otherwise;
     return V_BOOL(&read) != VARIANT_FALSE;
+}
+
+Text ClientSite::name() const {
+    ComPtr<IDispatch> extender;
+    if (const auto site = as<IOleControlSite>(); site && FAILED(site->GetExtendedControl(extender.put())))
+        extender.reset();
+    wchar_t property[] = L"Name";
+    LPOLESTR names[] = {property};
+    DISPID id = DISPID_UNKNOWN;
+    Text name;
+    if (extender && SUCCEEDED(extender->GetIDsOfNames(IID_NULL, names, 1, LOCALE_USER_DEFAULT, &id)))
+        name = readText(extender, id);
+    return name.empty() ? readText(ambient_, DISPID_AMBIENT_DISPLAYNAME) : name;
 }
 
 void ClientSite::focusChanged(bool inside) const {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/font.h"
+#include "base/text.h"
 #include "widgets/input.h"
 
 #include "com/com_ptr.h"
@@ -26,6 +27,8 @@ public:
     // The container's font; the same shared font as long as the container names the same object.
     FontRef ambientFont();
     bool ambientFlag(DISPID id, bool otherwise) const;
+    // The name that the container's code knows the control by, else the one that it shows; or empty.
+    Text name() const;
 
     void focusChanged(bool inside) const;
     // Whether the container used a key that the control does not want.

@@ -1,5 +1,8 @@
 #include "server/connection_points.h"
 
+#include "base/left_undone.h"
+#include "platform/win32/text_conversion.h"
+
 #include "server/enumerator.h"
 #include "server/system_text.h"
 #include "server/variant_value.h"
@@ -52,6 +55,14 @@ private:
     std::vector<OwnedVariant> stored_;
     std::vector<VARIANT> passed_;  // refers to what is stored
 };
+
+// A handler's error ends with the handler. That there is none for an event is no error.
+void tellFailed(const Member& event, HRESULT answer) {
+    const bool none = answer == DISP_E_MEMBERNOTFOUND || answer == E_NOTIMPL;
+    if (none || !undoneIsObserved()) return;
+    const Text reason = win32::systemReason(static_cast<uint32_t>(answer));
+    tellUndone({.kind = LeftUndone::Kind::handler, .subject = event.name, .reason = reason});
+}
 
 }  // namespace
 
@@ -122,8 +133,9 @@ void ConnectionPoints::raise(const Member& event, std::span<Value> arguments) {
     events_.each<IDispatch>([&](IDispatch& sink) {
         DISPPARAMS parameters = passed.parameters();
         OwnedVariant ignored;
-        sink.Invoke(event.number, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parameters, &ignored,
-                    nullptr, nullptr);
+        const HRESULT answer = sink.Invoke(event.number, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD,
+                                           &parameters, &ignored, nullptr, nullptr);
+        if (FAILED(answer)) tellFailed(event, answer);
     });
     passed.readBack();
 }

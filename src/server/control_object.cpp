@@ -159,6 +159,11 @@ bool ControlObject::offerToContainer(const KeyEvent& event) {
     return site_.offerToContainer(message);
 }
 
+Text ControlObject::name() {
+    const Hold hold(*this);
+    return site_.name();
+}
+
 bool ControlObject::rightToLeft() {
     return site_.ambientFlag(DISPID_AMBIENT_RIGHTTOLEFT, false);
 }

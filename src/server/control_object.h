@@ -64,6 +64,7 @@ private:
     void requestSize(Twips width, Twips height) override;
     void focusChanged(bool inside) override;
     bool offerToContainer(const KeyEvent& event) override;
+    Text name() override;
     bool rightToLeft() override;
     bool designMode() override;
     void accessKeysChanged() override;

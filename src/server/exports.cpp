@@ -7,6 +7,7 @@
 #include "server/module.h"
 #include "server/registration.h"
 #include "server/system_text.h"
+#include "server/trace.h"
 
 #include <olectl.h>
 
@@ -24,6 +25,7 @@ HRESULT WINAPI DllGetClassObject(REFCLSID classId, REFIID iid, void** result) {
     if (!result) return E_POINTER;
     *result = nullptr;
     return entryPoint([&]() -> HRESULT {
+        startTrace();
         for (const ControlTable* table : publicControls(library())) {
             if (systemGuid(table->classId) != classId) continue;
             const ComPtr<ClassFactory> factory(new ClassFactory(*table));

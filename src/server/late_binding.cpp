@@ -2,6 +2,7 @@
 
 #include "base/attempt.h"
 #include "framework/member_call.h"
+#include "framework/trace_line.h"
 #include "server/system_text.h"
 #include "server/variant_value.h"
 
@@ -28,6 +29,17 @@ private:
 
 void setWrongArgument(UINT* wrongArgument, UINT place) {
     if (wrongArgument) *wrongArgument = place;
+}
+
+// Tells of an argument that does not convert; `position` counts from 1, and is 0 for a property's value.
+HRESULT refused(HRESULT why, const VARIANT& given, ValueType wanted, size_t position) {
+    if (!undoneIsObserved()) return why;
+    Value came;
+    if (V_VT(&given) != VT_NULL && FAILED(valueFromVariant(given, ValueType::empty, came)))
+        came = ObjectRef();  // an array, or something foreign
+    const auto number = static_cast<int64_t>(position);
+    tellUnconverted({.kind = LeftUndone::Kind::argument, .number = number}, came, wanted);
+    return why;
 }
 
 HRESULT resultOf(CallStatus status) {
@@ -91,7 +103,7 @@ HRESULT putNumber(Control& control, const Member& member, Number number) {
     Value value;
     if (const HRESULT read = valueFromVariant(given, member.type, value); FAILED(read)) {
         setWrongArgument(wrongArgument, 0);
-        return read;
+        return refused(read, given, member.type, 0);
     }
     if (typeOf(value) == ValueType::empty && isLeftOut(given))
         return setWrongArgument(wrongArgument, 0), DISP_E_PARAMNOTOPTIONAL;
@@ -152,7 +164,7 @@ HRESULT place(const Member& method, const DISPPARAMS& arguments, std::vector<UIN
         const HRESULT read = valueFromVariant(arguments.rgvarg[places[at]], wanted, values[at]);
         if (FAILED(read)) {
             setWrongArgument(wrongArgument, places[at]);
-            return read;
+            return refused(read, arguments.rgvarg[places[at]], wanted, at + 1);
         }
     }
     // To tell afterwards what the control has changed.
@@ -195,6 +207,7 @@ HRESULT invokeMember(const ControlTable& table, Control& control, DISPID id, WOR
     const Member* member = table.member(id);
     if (!member) return DISP_E_MEMBERNOTFOUND;
     if (arguments.cArgs > 0 && !arguments.rgvarg) return E_INVALIDARG;
+    const AtWork work(control, member->name);
     if (member->kind == MemberKind::property) {
         if (flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF))
             return put(control, *member, flags, arguments, wrongArgument);

@@ -1,11 +1,13 @@
 #include "widgets/decoration.h"
 
+#include "base/attempt.h"
+#include "base/left_undone.h"
 #include "widgets/drawing.h"
 
 namespace obk {
 
 bool Frame::setBorderStyle(int32_t style) {
-    if (style != 0 && style != 1) return false;
+    if (style != 0 && style != 1) return refuseNumber(style, u"0 or 1");
     borderStyle_ = static_cast<uint8_t>(style);
     invalidate();
     return true;
@@ -45,9 +47,8 @@ void Frame::paint(Canvas& canvas, const PixelRect& bounds) {
     canvas.frameRect(bounds, line, focused_ && enabled() ? colour(SystemColour::highlight) : idle);
 }
 
-void Label::setCaption(Text caption) {
-    caption_ = std::move(caption);
-    invalidate();
+void Label::setCaption(TextView caption) {
+    if (attempt([&] { caption_ = caption; })) invalidate();
 }
 
 void Label::setBackColour(OleColour colour) {
@@ -99,6 +100,10 @@ void LineShape::setColour(OleColour colour) {
 
 void LineShape::paint(Canvas& canvas, const PixelRect& bounds) {
     canvas.fillRect(bounds, rgb(colour_));
+}
+
+void ReferenceCombo::setFont(const FontDescription& font) {
+    attempt([&] { font_ = font; });
 }
 
 Twips ReferenceCombo::naturalHeight() const {

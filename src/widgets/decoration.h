@@ -33,7 +33,7 @@ class Label final : public Widget {
 public:
     explicit Label(Container& parent) : Widget(parent), font_([this] { invalidate(); }) {}
 
-    void setCaption(Text caption);
+    void setCaption(TextView caption);
     const Text& caption() const { return caption_; }
     OleColour backColour() const { return backColour_; }
     void setBackColour(OleColour colour);
@@ -83,7 +83,7 @@ public:
     explicit ReferenceCombo(Container& parent) : Widget(parent) { setVisible(false); }
 
     const FontDescription& font() const { return font_; }
-    void setFont(const FontDescription& font) { font_ = font; }
+    void setFont(const FontDescription& font);
     // The height that a drop-down list of the system has in this font.
     Twips naturalHeight() const;
 

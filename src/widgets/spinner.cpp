@@ -1,5 +1,6 @@
 #include "widgets/spinner.h"
 
+#include "base/left_undone.h"
 #include "widgets/drawing.h"
 #include "widgets/surface.h"
 
@@ -12,7 +13,7 @@ Spinner::Spinner(Container& parent) : Widget(parent), held_(*this, [this] { retu
 }
 
 bool Spinner::setBuddyAlignment(int32_t alignment) {
-    if (alignment != 0 && alignment != 1) return false;
+    if (alignment != 0 && alignment != 1) return refuseNumber(alignment, u"0 or 1");
     buddyAlignment_ = static_cast<uint8_t>(alignment);
     invalidate();
     return true;

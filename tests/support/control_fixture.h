@@ -28,6 +28,7 @@ public:
     void focusChanged(bool inside) override { journal.push_back(inside ? "focus in" : "focus out"); }
     bool offerToContainer(const KeyEvent& event) override;
     void viewChanged() override {}
+    Text name() override { return givenName; }
     bool rightToLeft() override { return readsRightToLeft; }
     bool designMode() override { return designs; }
 
@@ -38,6 +39,7 @@ public:
 
     Journal journal;
     FontRef font;
+    Text givenName;
     bool takesKeys = false;
     bool readsRightToLeft = false;
     bool designs = false;

@@ -1,6 +1,7 @@
 #include "platform/headless/memory_file_system.h"
 
 #include "base/attempt.h"
+#include "base/left_undone.h"
 
 #include <algorithm>
 
@@ -80,7 +81,10 @@ std::optional<std::string> MemoryFileSystem::bytes(TextView path) const {
 
 std::unique_ptr<InputFile> MemoryFileSystem::openForReading(TextView path) {
     const Text name(path);
-    if (refused_.contains(name) || !files_.contains(name)) return nullptr;
+    if (refused_.contains(name) || !files_.contains(name)) {
+        tellUndone({.kind = LeftUndone::Kind::file, .subject = path, .reason = u"there is none"});
+        return nullptr;
+    }
     return std::make_unique<Reading>(*this, name);
 }
 

@@ -1,11 +1,13 @@
 #include "platform/win32/file_system.h"
 
+#include "base/left_undone.h"
 #include "platform/win32/handles.h"
 #include "platform/win32/text_conversion.h"
 
 #include <windows.h>
 
 #include <algorithm>
+#include <cstddef>
 #include <string>
 #include <utility>
 
@@ -151,18 +153,7 @@ bool exists(DWORD error) {
     return error != ERROR_FILE_NOT_FOUND && error != ERROR_PATH_NOT_FOUND;
 }
 
-}  // namespace
-
-std::unique_ptr<InputFile> SystemFiles::openForReading(TextView path) {
-    const std::wstring name = usablePath(path);
-    UniqueFile file =
-        name.empty() ? nullptr : open(name, GENERIC_READ, OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN);
-    return file ? std::make_unique<Reading>(std::move(file)) : nullptr;
-}
-
-std::unique_ptr<OutputFile> SystemFiles::openForWriting(TextView path) {
-    const std::wstring name = usablePath(path);
-    if (name.empty()) return nullptr;
+std::unique_ptr<OutputFile> openedForWriting(const std::wstring& name) {
     UniqueFile present = open(name, GENERIC_WRITE, OPEN_EXISTING);
     if (!present) {
         if (exists(GetLastError())) return nullptr;
@@ -173,6 +164,31 @@ std::unique_ptr<OutputFile> SystemFiles::openForWriting(TextView path) {
     const std::wstring real = finalPath(present.get(), name);
     if (auto file = fileBeside(real)) return file;
     return inPlace(std::move(present));
+}
+
+// Answers null, as what opens a file of either kind does.
+std::nullptr_t notOpened(TextView path, DWORD error) {
+    if (!undoneIsObserved()) return nullptr;
+    const Text reason = systemReason(error);
+    tellUndone({.kind = LeftUndone::Kind::file, .subject = path, .reason = reason});
+    return nullptr;
+}
+
+}  // namespace
+
+std::unique_ptr<InputFile> SystemFiles::openForReading(TextView path) {
+    const std::wstring name = usablePath(path);
+    if (name.empty()) return notOpened(path, ERROR_INVALID_NAME);
+    UniqueFile file = open(name, GENERIC_READ, OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN);
+    if (!file) return notOpened(path, GetLastError());
+    return std::make_unique<Reading>(std::move(file));
+}
+
+std::unique_ptr<OutputFile> SystemFiles::openForWriting(TextView path) {
+    const std::wstring name = usablePath(path);
+    if (name.empty()) return notOpened(path, ERROR_INVALID_NAME);
+    if (auto file = openedForWriting(name)) return file;
+    return notOpened(path, GetLastError());
 }
 
 const CodePage& SystemFiles::codePage() {

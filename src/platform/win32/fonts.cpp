@@ -1,11 +1,34 @@
 #include "platform/win32/fonts.h"
 
+#include "base/left_undone.h"
 #include "platform/win32/text_conversion.h"
 
 #include <algorithm>
 #include <cmath>
 
 namespace obk::win32 {
+
+namespace {
+
+int CALLBACK noteFont(const LOGFONTW*, const TEXTMETRICW*, DWORD, LPARAM known) {
+    *reinterpret_cast<bool*>(known) = true;
+    return 0;  // no more of them
+}
+
+// Another font stands in for one that the system does not have.
+void tellIfUnknown(const LOGFONTW& font) {
+    LOGFONTW asked{};
+    asked.lfCharSet = DEFAULT_CHARSET;
+    std::copy(std::begin(font.lfFaceName), std::end(font.lfFaceName), asked.lfFaceName);
+    bool known = asked.lfFaceName[0] == L'\0';
+    const ScreenDc screen;
+    EnumFontFamiliesExW(screen.get(), &asked, noteFont, reinterpret_cast<LPARAM>(&known), 0);
+    if (known) return;
+    const Text name = fromWide(font.lfFaceName);
+    tellUndone({.kind = LeftUndone::Kind::font, .subject = name});
+}
+
+}  // namespace
 
 SharedGdiFont FontCache::get(const FontDescription& font, Dpi dpi) {
     constexpr size_t capacity = 24;
@@ -19,6 +42,7 @@ SharedGdiFont FontCache::get(const FontDescription& font, Dpi dpi) {
     const LOGFONTW wanted = toLogFont(font, dpi);
     const HFONT created = CreateFontIndirectW(&wanted);
     if (!created) return nullptr;
+    if (undoneIsObserved()) tellIfUnknown(wanted);
     SharedGdiFont shared(created, GdiObjectDeleter{});
     if (entries_.size() == capacity) entries_.erase(entries_.begin());
     entries_.push_back({font, dpi, shared});

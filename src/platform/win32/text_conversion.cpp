@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <iterator>
+
 namespace obk::win32 {
 
 static_assert(sizeof(wchar_t) == sizeof(char16_t));
@@ -27,6 +29,17 @@ std::string toSystemCodePage(TextView text) {
     std::string bytes(static_cast<size_t>(size), '\0');
     WideCharToMultiByte(CP_ACP, 0, wide.data(), units, bytes.data(), size, nullptr, nullptr);
     return bytes;
+}
+
+Text systemReason(uint32_t error) {
+    wchar_t words[256];
+    constexpr DWORD flags =
+        FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS | FORMAT_MESSAGE_MAX_WIDTH_MASK;
+    const DWORD length = FormatMessageW(flags, nullptr, error, 0, words, std::size(words), nullptr);
+    Text reason = u"error 0x";
+    for (int shift = 28; shift >= 0; shift -= 4) reason += u"0123456789ABCDEF"[error >> shift & 0xF];
+    if (length > 0) reason += u": " + Text(trimmed(fromWide({words, length})));
+    return reason;
 }
 
 }  // namespace obk::win32

@@ -1,0 +1,128 @@
+// The trace, as a host's developer switches it on and reads it.
+#include "server_support.h"
+
+#include "container/property_bag_text.h"
+#include "container/text.h"
+
+#include <gtest/gtest.h>
+
+#include <ocidl.h>
+
+#include <fstream>
+#include <regex>
+#include <sstream>
+
+namespace obk {
+namespace {
+
+using namespace testing_support;
+using container::ComPtr;
+
+// Hears every event and answers each with an error.
+class FailingSink final : public container::ComObject<IDispatch> {
+public:
+    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override {
+        return E_NOTIMPL;
+    }
+    HRESULT STDMETHODCALLTYPE Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*,
+                                     UINT*) override {
+        return E_ACCESSDENIED;
+    }
+};
+
+void failHandlers(IUnknown* control) {
+    const ComPtr<IUnknown> object(control);
+    IID events{};
+    ComPtr<IConnectionPoint> point;
+    DWORD cookie = 0;
+    ASSERT_EQ(object.query<IProvideClassInfo2>()->GetGUID(GUIDKIND_DEFAULT_SOURCE_DISP_IID, &events), S_OK);
+    ASSERT_EQ(object.query<IConnectionPointContainer>()->FindConnectionPoint(events, point.put()), S_OK);
+    ASSERT_EQ(point->Advise(ComPtr<IDispatch>(new FailingSink).get(), &cookie), S_OK);
+}
+
+class ServerTraceTest : public testing::Test {
+protected:
+    ServerTraceTest() {
+        wchar_t folder[MAX_PATH];
+        GetTempPathW(MAX_PATH, folder);
+        file_ = std::wstring(folder) + L"obk-trace-" + std::to_wstring(GetCurrentProcessId()) + L".txt";
+        DeleteFileW(file_.c_str());
+    }
+    ~ServerTraceTest() override {
+        trace(nullptr);
+        DeleteFileW(file_.c_str());
+    }
+    static void trace(const wchar_t* to) { SetEnvironmentVariableW(L"OBKCTRLS_TRACE", to); }
+    bool written() const { return GetFileAttributesW(file_.c_str()) != INVALID_FILE_ATTRIBUTES; }
+    std::string bytes() const {
+        std::ifstream file(container::toUtf8(file_), std::ios::binary);
+        std::ostringstream all;
+        all << file.rdbuf();
+        return all.str();
+    }
+    // Every kind of mistake that a host can make.
+    static void makeMistakes() {
+        {
+            HostedControl grid(L"GridEdit", {L"grdOrders"});
+            grid.activate({10, 10, 310, 210});
+            const auto object = grid.object();
+            EXPECT_EQ(object.call(L"CellTextSet", {L"first", 0, L"x"}), DISP_E_TYPEMISMATCH);
+            EXPECT_EQ(object.call(L"CellTextSet", {9, 0, L"x"}), S_OK);
+            EXPECT_EQ(object.call(L"CellTextSet", {0, 9, L"x"}), S_OK);
+            EXPECT_EQ(object.put(L"BorderStyle", 7), S_OK);
+            EXPECT_EQ(object.call(L"CellSetIcon", {0, 0, L"no such icon"}), S_OK);
+            EXPECT_EQ(object.call(L"GridLoad", {L"C:\\no such folder\\Bestell\u00fcbersicht.txt"}), S_OK);
+            failHandlers(grid.site.control().get());
+            EXPECT_EQ(object.call(L"RowsSet", {3}), S_OK);
+            EXPECT_EQ(object.call(L"GridShow"), S_OK);
+            EXPECT_EQ(object.call(L"CellFontSet", {0, 0, L"No such font", L"12", false, false, 0}), S_OK);
+            EXPECT_EQ(object.call(L"CellTextSet", {0, 0, L"x"}), S_OK);
+            grid.loop.pumpPending();
+        }
+        {
+            HostedControl date(L"DateCalendar", {L"datDue"});
+            date.activate();
+            EXPECT_EQ(date.object().put(L"Text", L"no date"), S_OK);
+            EXPECT_EQ(date.object().call(L"ShowPopUp"), S_OK);
+        }
+        const ComPtr<container::PropertyBagText> bag(new container::PropertyBagText);
+        bag->set(L"Max", container::StoredValue{container::Variant(L"many")});
+        HostedControl field(L"UpDownTextBox", {L"txtQuantity"}, {bag.get()});
+    }
+
+    std::wstring file_;
+};
+
+TEST_F(ServerTraceTest, EachThingThatWasLeftUndoneIsALine) {
+    trace(file_.c_str());
+    makeMistakes();
+    const std::string all = bytes();
+    const std::string time = "(^|\n)[0-9]{4}-[0-9]{2}-[0-9]{2} [0-9]{2}:[0-9]{2}:[0-9]{2}\\.[0-9]{3} ";
+    for (
+        const char* line : {
+            R"(GridEdit grdOrders CellTextSet: argument 1 refused, "first" \(String\) came, Long is wanted)",
+            R"(GridEdit grdOrders CellTextSet: row 9 refused, there are 2)",
+            R"(GridEdit grdOrders CellTextSet: column 9 refused, there are 2)",
+            R"(DateCalendar datDue ShowPopUp: a statement was skipped at src/datecalendar/\S+:[0-9]+, \S.*)",
+            R"(GridEdit grdOrders BorderStyle: the value refused, 7 came, 0 or 1 is wanted)",
+            R"(GridEdit grdOrders CellSetIcon: no icon is named "no such icon")",
+            R"(GridEdit grdOrders GridLoad: the file "C:\\no such folder\\Bestell)"
+            "\xC3\xBC"
+            R"(bersicht.txt" was not opened, error 0x0000000[23]: \S.*)",
+            R"(GridEdit grdOrders RowsSet: the host's handler of Change answered with an error, error 0x80070005: .*)",
+            R"(GridEdit grdOrders \S+: no font is named "No such font")",
+            R"(UpDownTextBox txtQuantity -: the stored Max refused, "many" \(String\) came, Long is wanted)",
+        })
+        EXPECT_TRUE(std::regex_search(all, std::regex(time + line + "\r\n"))) << line << "\n in \n" << all;
+}
+
+TEST_F(ServerTraceTest, NothingIsWrittenUnlessTheVariableIsSet) {
+    trace(nullptr);
+    makeMistakes();
+    EXPECT_FALSE(written());
+}
+
+}  // namespace
+}  // namespace obk
