@@ -1,5 +1,7 @@
 #include "framework/pop_up_panel.h"
 
+#include "base/attempt.h"
+
 #include <algorithm>
 
 namespace obk {
@@ -70,15 +72,15 @@ void PopUpPanel::close() {
 }
 
 void PopUpPanel::surfaceCaptureLost() {
-    if (visible_) dismissed();
+    surfaceHostMoved();
 }
 
 void PopUpPanel::surfaceHostMoved() {
-    if (visible_) dismissed();
+    if (visible_) attempt([&] { dismissed(); });
 }
 
 void PopUpPanel::surfaceChanged() {
-    appearanceChanged();
+    attempt([&] { appearanceChanged(); });
     root_.appearanceChanged();
     root_.placed();
     root_.invalidate();

@@ -1,5 +1,6 @@
 #include "widgets/check_box.h"
 
+#include "base/left_undone.h"
 #include "widgets/drawing.h"
 #include "widgets/surface.h"
 
@@ -12,9 +13,9 @@ CheckBox::CheckBox(Container& parent) : Widget(parent) {}
 CheckBox::~CheckBox() = default;
 
 bool CheckBox::setValue(int16_t value) {
-    if (value != 0 && value != 1) return false;
+    if (value != 0 && value != 1) return refuseNumber(value, u"0 or 1");
     checked_ = value == 1;
-    if (peer_) peer_->setChecked(checked_);
+    ask([&] { peer_->setChecked(checked_); });
     invalidate();
     return true;
 }
@@ -24,10 +25,16 @@ void CheckBox::setBackColour(OleColour colour) {
     showColours();
 }
 
+bool CheckBox::hasFocus() const {
+    bool focused = false;
+    ask([&] { focused = peer_->hasFocus(); });
+    return focused;
+}
+
 bool CheckBox::takeFocus() {
-    if (!peer_ || pixelClip().empty() || !enabled()) return false;
-    peer_->focus();
-    return peer_ && peer_->hasFocus();
+    if (pixelClip().empty() || !enabled()) return false;
+    ask([&] { peer_->focus(); });
+    return hasFocus();
 }
 
 void CheckBox::paint(Canvas& canvas, const PixelRect& bounds) {
@@ -46,9 +53,8 @@ void CheckBox::paint(Canvas& canvas, const PixelRect& bounds) {
 }
 
 void CheckBox::attach(SurfacePeer& peer) {
-    peer_ = peer.createCheckBox(*this);
-    if (!peer_) return;
-    peer_->setChecked(checked_);
+    attempt([&] { peer_ = peer.createCheckBox(*this); });
+    ask([&] { peer_->setChecked(checked_); });
     showColours();
     placed();
 }
@@ -59,9 +65,9 @@ void CheckBox::detach() {
 
 void CheckBox::placed() {
     // Each step may take the focus away, and who hears of that may close the window.
-    if (peer_) peer_->setEnabled(enabled());
-    if (peer_) peer_->setBounds(pixelBounds(), pixelClip());
-    if (peer_) peer_->setVisible(!pixelClip().empty());
+    ask([&] { peer_->setEnabled(enabled()); });
+    ask([&] { peer_->setBounds(pixelBounds(), pixelClip()); });
+    ask([&] { peer_->setVisible(!pixelClip().empty()); });
 }
 
 void CheckBox::mouse(const MouseEvent& event) {
@@ -111,7 +117,7 @@ void CheckBox::checkPressed() {
 }
 
 void CheckBox::showColours() {
-    if (peer_) peer_->setColours(rgb(SystemColour::windowText), rgb(backColour_));
+    ask([&] { peer_->setColours(rgb(SystemColour::windowText), rgb(backColour_)); });
     invalidate();
 }
 

@@ -2,6 +2,7 @@
 // active.
 #pragma once
 
+#include "base/attempt.h"
 #include "base/event.h"
 #include "widgets/check_box_peer.h"
 #include "widgets/widget.h"
@@ -21,7 +22,7 @@ public:
     OleColour backColour() const { return backColour_; }
     void setBackColour(OleColour colour);
 
-    bool hasFocus() const { return peer_ && peer_->hasFocus(); }
+    bool hasFocus() const;
     bool takeFocus() override;
     Widget* focused() override { return hasFocus() ? this : nullptr; }
 
@@ -51,6 +52,11 @@ private:
     bool offerToContainer(const KeyEvent& event) override;
     void checkPressed() override;
 
+    // Something of the window, where there is one.
+    template <typename Statement>
+    void ask(Statement&& statement, Place place = Place::here()) const {
+        if (peer_) attempt(std::forward<Statement>(statement), place);
+    }
     void showColours();
 
     bool checked_ = false;

@@ -1,5 +1,6 @@
 #include "widgets/container.h"
 
+#include "base/attempt.h"
 #include "widgets/surface.h"
 
 #include <algorithm>
@@ -12,9 +13,9 @@ Container::~Container() {
 }
 
 void Container::adopt(Container& root) {
-    root.parent_ = this;
     children_.push_back(&root);
-    root.placed();
+    root.parent_ = this;
+    attempt([&] { root.placed(); });
 }
 
 bool Container::holdsFocus() const {
@@ -39,7 +40,7 @@ void Container::paintChildren(Canvas& canvas, const PixelRect& bounds) {
         const PixelRect shown = at.intersected(bounds);
         if (shown.empty()) continue;
         const CanvasClip clip(canvas, shown);
-        child->paint(canvas, at);
+        attempt([&] { child->paint(canvas, at); });
     }
 }
 
@@ -53,19 +54,19 @@ Widget* Container::hitTest(PixelPoint point) {
 }
 
 void Container::attach(SurfacePeer& peer) {
-    for (Widget* child : children_) child->attach(peer);
+    for (Widget* child : children_) attempt([&] { child->attach(peer); });
 }
 
 void Container::detach() {
-    for (Widget* child : children_) child->detach();
+    for (Widget* child : children_) attempt([&] { child->detach(); });
 }
 
 void Container::placed() {
-    for (Widget* child : children_) child->placed();
+    for (Widget* child : children_) attempt([&] { child->placed(); });
 }
 
 void Container::appearanceChanged() {
-    for (Widget* child : children_) child->appearanceChanged();
+    for (Widget* child : children_) attempt([&] { child->appearanceChanged(); });
 }
 
 void Container::describe(std::vector<AccessibleItem>& items) const {

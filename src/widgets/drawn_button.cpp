@@ -1,5 +1,6 @@
 #include "widgets/drawn_button.h"
 
+#include "base/attempt.h"
 #include "widgets/surface.h"
 
 #include <utility>
@@ -92,7 +93,7 @@ void DrawnButton::hover(bool inside) {
     if (inside == inside_) return;
     inside_ = inside;
     if (Surface* shownOn = surface(); shownOn && face_.arrow)
-        shownOn->setToolTip(pixelBounds(), inside ? face_.name : Text());
+        shownOn->setToolTip(pixelBounds(), inside ? TextView(face_.name) : TextView());
     invalidate();
 }
 
@@ -109,7 +110,7 @@ void DrawnButton::release() {
     held_ = false;
     invalidate();
     if (Surface* shownOn = surface()) shownOn->releaseCapture(*this);
-    released();
+    attempt([&] { released(); });
 }
 
 void DrawnButton::detach() {

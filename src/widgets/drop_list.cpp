@@ -1,5 +1,6 @@
 #include "widgets/drop_list.h"
 
+#include "base/attempt.h"
 #include "widgets/drawing.h"
 #include "widgets/surface.h"
 
@@ -22,6 +23,10 @@ bool startsWith(TextView text, TextView start) {
 DropList::DropList(Container& parent, Text name)
     : Widget(parent), name_(std::move(name)), font_([this] { invalidate(); }) {}
 
+void DropList::add(TextView item) {
+    attempt([&] { items_.emplace_back(item); });
+}
+
 bool DropList::remove(int32_t item) {
     if (item < 0 || item >= count()) return false;
     items_.erase(items_.begin() + item);
@@ -39,14 +44,14 @@ void DropList::clear() {
 
 bool DropList::select(int32_t item) {
     if (item < 0 || item >= count()) return false;
-    text_ = items_[static_cast<size_t>(item)];
+    if (!attempt([&] { text_ = items_[static_cast<size_t>(item)]; })) return false;
     selected_ = item;
     invalidate();
     return true;
 }
 
 void DropList::show(TextView text) {
-    text_ = text;
+    if (!attempt([&] { text_ = text; })) return;
     const auto found = std::find(items_.begin(), items_.end(), text);
     selected_ = found == items_.end() ? -1 : static_cast<int32_t>(found - items_.begin());
     typed_.clear();

@@ -14,7 +14,7 @@ public:
     // `name` is for screen readers.
     DropList(Container& parent, Text name);
 
-    void add(Text item) { items_.push_back(std::move(item)); }
+    void add(TextView item);
     // False, and nothing changed, for a position that the list does not have. What is shown stays.
     bool remove(int32_t item);
     void clear();

@@ -1,6 +1,7 @@
 // A widget's font: shared with the host, watched for changes.
 #pragma once
 
+#include "base/attempt.h"
 #include "base/font.h"
 
 #include <functional>
@@ -20,8 +21,9 @@ public:
     void set(FontRef font) {
         if (!font || font == font_) return;
         font_ = std::move(font);
-        connection_ = connect();
-        changed_();
+        connection_.disconnect();
+        attempt([&] { connection_ = connect(); });
+        attempt([&] { changed_(); });
     }
 
 private:

@@ -1,6 +1,7 @@
 #include "widgets/surface.h"
 
 #include <utility>
+#include "base/attempt.h"
 
 namespace obk {
 
@@ -12,7 +13,7 @@ Surface::~Surface() {
 
 bool Surface::open(const SurfacePlacement& placement) {
     close();
-    peer_ = root_.platform().createSurface(*this, placement);
+    attempt([&] { peer_ = root_.platform().createSurface(*this, placement); });
     if (!peer_) return false;
     placed_ = placement.kind != SurfacePlacement::Kind::parked;
     root_.setSurface(this);
@@ -22,8 +23,7 @@ bool Surface::open(const SurfacePlacement& placement) {
 
 void Surface::setParent(NativeWindow parent) {
     if (!peer_) return;
-    peer_->setParent(parent);
-    placed_ = true;
+    if (attempt([&] { peer_->setParent(parent); })) placed_ = true;
 }
 
 void Surface::close() {
@@ -38,7 +38,7 @@ void Surface::close() {
     resting_ = false;
     root_.setSurface(nullptr);
     const auto going = std::move(peer_);
-    owner_.focusLeft();
+    attempt([&] { owner_.focusLeft(); });
 }
 
 Dpi Surface::dpi() const {
@@ -46,75 +46,76 @@ Dpi Surface::dpi() const {
 }
 
 void Surface::setBounds(const PixelRect& bounds) {
-    if (peer_) peer_->setBounds(bounds);
+    if (peer_) attempt([&] { peer_->setBounds(bounds); });
 }
 
 void Surface::setVisible(bool visible) {
-    if (peer_) peer_->setVisible(visible);
+    if (peer_) attempt([&] { peer_->setVisible(visible); });
 }
 
 void Surface::update() {
-    if (peer_) peer_->update();
+    if (peer_) attempt([&] { peer_->update(); });
 }
 
 void Surface::setCursor(Cursor cursor) {
-    if (peer_) peer_->setCursor(cursor);
+    if (peer_) attempt([&] { peer_->setCursor(cursor); });
 }
 
 void Surface::setToolTip(const PixelRect& rect, TextView text) {
-    if (peer_) peer_->setToolTip(rect, text);
+    if (peer_) attempt([&] { peer_->setToolTip(rect, text); });
 }
 
 void Surface::invalidate(const PixelRect& rect) {
-    if (peer_ && !rect.empty()) peer_->invalidate(rect);
+    if (peer_ && !rect.empty()) attempt([&] { peer_->invalidate(rect); });
 }
 
 void Surface::scroll(const PixelRect& rect, int32_t x, int32_t y) {
-    if (peer_ && !rect.empty()) peer_->scroll(rect, x, y);
+    if (peer_ && !rect.empty()) attempt([&] { peer_->scroll(rect, x, y); });
 }
 
 bool Surface::takeFocus() {
-    if (peer_ && !peer_->hasFocus()) peer_->focus();
+    if (peer_ && !peer_->hasFocus()) attempt([&] { peer_->focus(); });
     return hasFocus();
 }
 
 bool Surface::focus(Widget& widget) {
     if (!peer_) return false;
     Widget* const before = std::exchange(keyTarget_, &widget);
-    if (!ownFocus_)
-        peer_->focus();
-    else if (before != &widget)
-        childFocusGained(widget);
+    attempt([&] {
+        if (!ownFocus_)
+            peer_->focus();
+        else if (before != &widget)
+            childFocusGained(widget);
+    });
     return focusedOn(widget);
 }
 
 void Surface::capture(Widget& widget) {
     if (!peer_) return;
     captured_ = &widget;
-    peer_->capture();
+    attempt([&] { peer_->capture(); });
 }
 
 void Surface::releaseCapture(const Widget& widget) {
     if (captured_ != &widget) return;
     captured_ = nullptr;
     if (!peer_) return;
-    if (holding_)
-        peer_->capture();
-    else
-        peer_->releaseCapture();
+    attempt([&] { holding_ ? peer_->capture() : peer_->releaseCapture(); });
 }
 
 void Surface::holdCapture() {
     if (!peer_) return;
     holding_ = true;
-    peer_->capture();
+    attempt([&] { peer_->capture(); });
 }
 
 void Surface::endCapture() {
     holding_ = false;
     resting_ = false;
     captured_ = nullptr;
-    if (hasCapture()) peer_->releaseCapture();
+    attempt([&] {
+        if (hasCapture()) peer_->releaseCapture();
+    });
 }
 
 std::optional<size_t> Surface::chooseFromMenu(std::span<const MenuItem> items, const PixelRect& beside) {
@@ -122,8 +123,11 @@ std::optional<size_t> Surface::chooseFromMenu(std::span<const MenuItem> items, c
     const bool held = holding_;
     endCapture();
     resting_ = held;
-    const PixelPoint origin = toScreen({0, 0});
-    const auto chosen = root_.platform().chooseFromMenu(window(), items, beside.moved(origin.x, origin.y));
+    std::optional<size_t> chosen;
+    attempt([&] {
+        const PixelPoint origin = toScreen({0, 0});
+        chosen = root_.platform().chooseFromMenu(window(), items, beside.moved(origin.x, origin.y));
+    });
     // Whoever closed or hid the surface meanwhile has ended the capture for good.
     if (std::exchange(resting_, false)) holdCapture();
     return chosen;

@@ -1,5 +1,6 @@
 #include "widgets/text_box.h"
 
+#include "base/left_undone.h"
 #include "widgets/surface.h"
 
 #include <algorithm>
@@ -8,10 +9,10 @@ namespace obk {
 
 TextBox::TextBox(Container& parent)
     : Widget(parent), font_([this] {
-          if (peer_) peer_->setFont(font_.description());
+          ask([&] { peer_->setFont(font_.description()); });
           if (roomBelow_) placed();
           invalidate();
-          fontChanged();
+          attempt([&] { fontChanged(); });
       }) {}
 
 TextBox::~TextBox() = default;
@@ -19,38 +20,39 @@ TextBox::~TextBox() = default;
 void TextBox::setText(TextView text) {
     text = text.substr(0, std::min(text.find_first_of(u"\r\n"), text.size()));
     if (maxLength_ > 0) text = text.substr(0, static_cast<size_t>(maxLength_));
-    if (text == text_) return;
-    text_ = text;
+    if (text == text_ || !attempt([&] { text_ = text; })) return;
     selection_ = {};
     invalidate();
     // The window reports its new text in turn; by then it is an equal one.
-    if (peer_) peer_->setText(text_);
-    changed();
+    ask([&] { peer_->setText(text_); });
+    attempt([&] { changed(); });
 }
 
 TextSelection TextBox::selection() const {
-    return peer_ ? peer_->selection() : selection_;
+    TextSelection selection = selection_;
+    ask([&] { selection = peer_->selection(); });
+    return selection;
 }
 
 void TextBox::setSelection(TextSelection selection) {
     const auto length = static_cast<int32_t>(std::min<size_t>(text_.size(), INT32_MAX));
     const int32_t start = std::clamp(selection.start, 0, length);
     selection_ = {start, std::clamp(selection.length, 0, length - start)};
-    if (peer_) peer_->setSelection(selection_);
+    ask([&] { peer_->setSelection(selection_); });
 }
 
 bool TextBox::setAlignment(int32_t alignment) {
-    if (alignment < 0 || alignment > 2) return false;
+    if (alignment < 0 || alignment > 2) return refuseNumber(alignment, u"0 to 2");
     alignment_ = static_cast<uint8_t>(alignment);
-    if (peer_) peer_->setAlignment(horizontalAlignment());
+    ask([&] { peer_->setAlignment(horizontalAlignment()); });
     invalidate();
     return true;
 }
 
 bool TextBox::setMaxLength(int32_t length) {
-    if (length < 0) return false;
+    if (length < 0) return refuseNumber(length, u"0 or more");
     maxLength_ = length;
-    if (peer_) peer_->setMaxLength(length);
+    ask([&] { peer_->setMaxLength(length); });
     return true;
 }
 
@@ -70,15 +72,21 @@ void TextBox::centreAbove(int32_t room) {
     invalidate();
 }
 
-void TextBox::setAccessibleName(Text name) {
-    accessibleName_ = std::move(name);
-    if (peer_) peer_->setAccessibleName(accessibleName_);
+void TextBox::setAccessibleName(TextView name) {
+    if (!attempt([&] { accessibleName_ = name; })) return;
+    ask([&] { peer_->setAccessibleName(accessibleName_); });
+}
+
+bool TextBox::hasFocus() const {
+    bool focused = false;
+    ask([&] { focused = peer_->hasFocus(); });
+    return focused;
 }
 
 bool TextBox::takeFocus() {
-    if (!peer_ || pixelClip().empty() || !enabled()) return false;
-    peer_->focus();
-    return peer_ && peer_->hasFocus();
+    if (pixelClip().empty() || !enabled()) return false;
+    ask([&] { peer_->focus(); });
+    return hasFocus();
 }
 
 void TextBox::paint(Canvas& canvas, const PixelRect& bounds) {
@@ -95,30 +103,29 @@ void TextBox::paint(Canvas& canvas, const PixelRect& bounds) {
 }
 
 void TextBox::attach(SurfacePeer& peer) {
-    peer_ = peer.createTextBox(*this);
-    if (!peer_) return;
-    peer_->setFont(font_.description());
-    peer_->setAlignment(horizontalAlignment());
-    peer_->setMaxLength(maxLength_);
-    peer_->setAccessibleName(accessibleName_);
-    peer_->setText(text_);
-    peer_->setSelection(selection_);
+    attempt([&] { peer_ = peer.createTextBox(*this); });
+    ask([&] { peer_->setFont(font_.description()); });
+    ask([&] { peer_->setAlignment(horizontalAlignment()); });
+    ask([&] { peer_->setMaxLength(maxLength_); });
+    ask([&] { peer_->setAccessibleName(accessibleName_); });
+    ask([&] { peer_->setText(text_); });
+    ask([&] { peer_->setSelection(selection_); });
     showColours();
     placed();
 }
 
 void TextBox::detach() {
     if (!peer_) return;
-    selection_ = peer_->selection();
+    selection_ = selection();
     pressed_ = false;
     const auto going = std::move(peer_);
 }
 
 void TextBox::placed() {
     // Each step may take the focus away, and who hears of that may close the window.
-    if (peer_) peer_->setEnabled(enabled());
-    if (peer_) peer_->setBounds(lineIn(pixelBounds()), pixelClip());
-    if (peer_) peer_->setVisible(!pixelClip().empty());
+    ask([&] { peer_->setEnabled(enabled()); });
+    ask([&] { peer_->setBounds(lineIn(pixelBounds()), pixelClip()); });
+    ask([&] { peer_->setVisible(!pixelClip().empty()); });
 }
 
 // Windows put their text at their top: one whose text is to be lower stands lower.
@@ -245,7 +252,7 @@ HorizontalAlignment TextBox::horizontalAlignment() const {
 }
 
 void TextBox::showColours() {
-    if (peer_) peer_->setColours(rgb(foreColour_), rgb(backColour_));
+    ask([&] { peer_->setColours(rgb(foreColour_), rgb(backColour_)); });
     invalidate();
 }
 

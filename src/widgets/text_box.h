@@ -2,6 +2,7 @@
 // is active.
 #pragma once
 
+#include "base/attempt.h"
 #include "base/event.h"
 #include "widgets/font_holder.h"
 #include "widgets/text_box_peer.h"
@@ -35,11 +36,11 @@ public:
     void setBackColour(OleColour colour);
     const FontRef& font() const { return font_.font(); }
     void setFont(FontRef font) { font_.set(std::move(font)); }
-    void setAccessibleName(Text name);
+    void setAccessibleName(TextView name);
     // The text in the middle of the height above some room (pixels at 96 DPI); at first it is at the top.
     void centreAbove(int32_t room);
 
-    bool hasFocus() const { return peer_ && peer_->hasFocus(); }
+    bool hasFocus() const;
     bool takeFocus() override;
     Widget* focused() override { return hasFocus() ? this : nullptr; }
 
@@ -77,6 +78,11 @@ private:
     bool offerToContainer(const KeyEvent& event) override;
     void textChanged(Text text) override;
 
+    // Something of the window, where there is one.
+    template <typename Statement>
+    void ask(Statement&& statement, Place place = Place::here()) const {
+        if (peer_) attempt(std::forward<Statement>(statement), place);
+    }
     HorizontalAlignment horizontalAlignment() const;
     void showColours();
     PixelRect lineIn(PixelRect bounds) const;

@@ -1,6 +1,7 @@
 // A timer that lives with its widget's control: ticks on the user interface thread, never after it has gone.
 #pragma once
 
+#include "base/attempt.h"
 #include "base/event.h"
 #include "widgets/widget.h"
 
@@ -16,14 +17,16 @@ public:
 
     // At least 1 ms; starting again begins a new period. Does nothing when the system has no timer to give.
     void start(std::chrono::milliseconds interval) {
-        if (!peer_)
-            peer_ =
-                owner_.platform().createTimer([this] { return owner_.keepAlive(); }, [this] { ticked(); });
-        if (peer_) peer_->start(interval);
-        running_ = peer_ != nullptr;
+        running_ = attempt([&] {
+            if (!peer_)
+                peer_ = owner_.platform().createTimer([this] { return owner_.keepAlive(); },
+                                                      [this] { ticked(); });
+            if (peer_) peer_->start(interval);
+        });
+        running_ = running_ && peer_;
     }
     void stop() {
-        if (peer_) peer_->stop();
+        if (peer_) attempt([&] { peer_->stop(); });
         running_ = false;
     }
     bool running() const { return running_; }

@@ -1,5 +1,6 @@
 #include "widgets/widget.h"
 
+#include "base/attempt.h"
 #include "widgets/container.h"
 #include "widgets/surface.h"
 
@@ -24,7 +25,7 @@ void Widget::move(const TwipsRect& bounds) {
     invalidate();
     bounds_ = valid;
     invalidate();
-    placed();
+    attempt([&] { placed(); });
 }
 
 void Widget::setVisible(bool visible) {
@@ -32,14 +33,14 @@ void Widget::setVisible(bool visible) {
     visible_ = true;  // so that what it uncovers is painted
     invalidate();
     visible_ = visible;
-    placed();
+    attempt([&] { placed(); });
 }
 
 void Widget::setEnabled(bool enabled) {
     if (enabled == enabled_) return;
     enabled_ = enabled;
     invalidate();
-    placed();
+    attempt([&] { placed(); });
 }
 
 Surface* Widget::surface() const {

@@ -19,6 +19,10 @@ class Surface;
 // How controls look: the flat, modern look or the classic three-dimensional one.
 enum class Look : uint8_t { classic, flat };
 
+// Operations on widgets are total, and so are those of what they are made of: no exception leaves a public
+// function that changes or asks something. The state is taken over first, or nothing is where that fails;
+// what then fails in a window or in a listener keeps nothing else from being done. What a person does
+// (`mouse`, `keyDown` and the like) is handed on to listeners, whose exceptions end in the port.
 class Widget {
 public:
     // `parent` is borrowed and outlives the widget. Later children lie above earlier ones.

@@ -10,7 +10,10 @@ class HeadlessCheckBox : public HeadlessChildPeer<CheckBoxPeer> {
 public:
     HeadlessCheckBox(HeadlessPlatform& platform, CheckBoxClient& client, HeadlessSurface& parent);
 
-    void setChecked(bool checked) override { checked_ = checked; }
+    void setChecked(bool checked) override {
+        work();
+        checked_ = checked;
+    }
     bool checked() const { return checked_; }
 
     void keyEffect(const KeyEvent& event) override;

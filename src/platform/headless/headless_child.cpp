@@ -1,5 +1,7 @@
 #include "platform/headless/headless_child.h"
 
+#include <stdexcept>
+
 namespace obk::headless {
 
 HeadlessChild::HeadlessChild(HeadlessPlatform& platform, PeerClient& client, HeadlessSurface& parent)
@@ -9,6 +11,10 @@ HeadlessChild::HeadlessChild(HeadlessPlatform& platform, PeerClient& client, Hea
 
 HeadlessChild::~HeadlessChild() {
     if (parent_) parent_->removeChild(*this);
+}
+
+void HeadlessChild::work() const {
+    if (platform_.childWindowsFail()) throw std::runtime_error("a child window fails");
 }
 
 bool HeadlessChild::canTakeFocus() const {

@@ -19,6 +19,10 @@ public:
     void enable(bool enabled);
     void takeFocus();
 
+protected:
+    // Throws while the platform lets its child windows fail.
+    void work() const;
+
 private:
     void releaseFocus();
 };
@@ -30,14 +34,29 @@ public:
     using HeadlessChild::HeadlessChild;
 
     NativeWindow window() const override { return id(); }
-    void setBounds(const PixelRect& bounds, const PixelRect& clip) override { place(bounds, clip); }
-    void setVisible(bool visible) override { show(visible); }
-    void setEnabled(bool enabled) override { enable(enabled); }
-    void setFont(const FontDescription&) override {}
-    void setColours(Rgb, Rgb) override {}
-    void setAccessibleName(TextView) override {}
-    void focus() override { takeFocus(); }
-    bool hasFocus() const override { return holdsFocus(); }
+    void setBounds(const PixelRect& bounds, const PixelRect& clip) override {
+        work();
+        place(bounds, clip);
+    }
+    void setVisible(bool visible) override {
+        work();
+        show(visible);
+    }
+    void setEnabled(bool enabled) override {
+        work();
+        enable(enabled);
+    }
+    void setFont(const FontDescription&) override { work(); }
+    void setColours(Rgb, Rgb) override { work(); }
+    void setAccessibleName(TextView) override { work(); }
+    void focus() override {
+        work();
+        takeFocus();
+    }
+    bool hasFocus() const override {
+        work();
+        return holdsFocus();
+    }
 };
 
 }  // namespace obk::headless

@@ -91,6 +91,9 @@ public:
     const std::vector<bool>& waitCursors() const { return waitCursors_; }
     // The next windows are refused, as by a system without resources.
     void refuseWindows(bool refuse) { refusesWindows_ = refuse; }
+    // Everything that child windows are asked for ends in an exception.
+    void failChildWindows(bool fail) { childWindowsFail_ = fail; }
+    bool childWindowsFail() const { return childWindowsFail_; }
 
 private:
     friend class HeadlessWindow;
@@ -118,6 +121,7 @@ private:
     NativeWindow hovered_ = 0;
     Text clipboard_;
     bool refusesWindows_ = false;
+    bool childWindowsFail_ = false;
     std::vector<PixelRect> workAreas_{{0, 0, 1280, 800}};
     ColourAnswer colourAnswer_;
     MenuAnswer menuAnswer_;

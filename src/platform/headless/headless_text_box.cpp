@@ -8,12 +8,14 @@ HeadlessTextBox::HeadlessTextBox(HeadlessPlatform& platform, TextBoxClient& clie
     : HeadlessChildPeer(platform, client, parent), textClient_(client) {}
 
 void HeadlessTextBox::setText(TextView text) {
+    work();
     text_ = text;
     selection_ = {};
     report();
 }
 
 void HeadlessTextBox::setSelection(TextSelection selection) {
+    work();
     const auto length = static_cast<int32_t>(text_.size());
     const int32_t start = std::clamp(selection.start, 0, length);
     selection_ = {start, std::clamp(selection.length, 0, length - start)};

@@ -12,9 +12,15 @@ public:
 
     void setText(TextView text) override;
     void setSelection(TextSelection selection) override;
-    TextSelection selection() const override { return selection_; }
-    void setAlignment(HorizontalAlignment) override {}
-    void setMaxLength(int32_t length) override { maxLength_ = length; }
+    TextSelection selection() const override {
+        work();
+        return selection_;
+    }
+    void setAlignment(HorizontalAlignment) override { work(); }
+    void setMaxLength(int32_t length) override {
+        work();
+        maxLength_ = length;
+    }
     void setReadOnly(bool readOnly) override { readOnly_ = readOnly; }
     void perform(EditCommand command) override;
 

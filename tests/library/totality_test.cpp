@@ -1,0 +1,140 @@
+// Whatever fails below a control, the later steps of what it does are done.
+#include "library/library.h"
+#include "platform/headless/recording_canvas.h"
+#include "support/control_fixture.h"
+#include "support/expect_skipped.h"
+#include "support/failing_memory.h"
+
+#include <optional>
+
+namespace obk::test {
+namespace {
+
+using Cause = SkippedStatement::Cause;
+constexpr PixelRect place{0, 0, 300, 160};
+
+// Counts without needing memory.
+class CountingHost final : public ControlHost {
+public:
+    void raise(const Member&, std::span<Value>) override {}
+    void propertyChanged(const Member* property) override { told += property == watched; }
+    FontRef ambientFont() override { return nullptr; }
+    void requestSize(Twips, Twips) override {}
+    void focusChanged(bool) override {}
+    bool offerToContainer(const KeyEvent&) override { return false; }
+    void viewChanged() override {}
+
+    const Member* watched = nullptr;
+    int told = 0;
+};
+
+std::optional<std::pair<Value, Value>> twoValues(const Member& member) {
+    if (member.enumeration) return std::pair<Value, Value>{0, 1};
+    switch (member.type) {
+        case ValueType::boolean:
+            return std::pair<Value, Value>{true, false};
+        case ValueType::integer:
+            return std::pair<Value, Value>{int16_t{1}, int16_t{0}};
+        case ValueType::longInteger:
+            return std::pair<Value, Value>{1, 0};
+        case ValueType::doubleFloat:
+            return std::pair<Value, Value>{2.5, 1.0};
+        case ValueType::text:
+            return std::pair<Value, Value>{Text(u"12 text that needs memory"),
+                                           Text(u"3,and,another,of,them")};
+        case ValueType::colour:
+            return std::pair<Value, Value>{OleColour(0x123456u), OleColour(0x80000005u)};
+        case ValueType::font: {
+            const auto font = [](double size) {
+                return std::make_shared<SharedFont>(FontDescription{u"A font with a long name", size});
+            };
+            return std::pair<Value, Value>{font(9), font(14)};
+        }
+        default:
+            return std::nullopt;
+    }
+}
+
+class TotalityTest : public ControlFixture, public testing::WithParamInterface<const ControlTable*> {
+protected:
+    void SetUp() override {
+        ControlFixture::place(*GetParam());
+        control->setHost(&counting);
+        activate(obk::test::place);
+    }
+    void TearDown() override { control->setHost(nullptr); }
+
+    // How often the host is told that a property has changed while it is put.
+    int told(const Member& property, const Value& value) {
+        counting.watched = &property;
+        counting.told = 0;
+        putProperty(*control, property, value);
+        return counting.told;
+    }
+    // Where everything stands, and how it looks.
+    std::vector<PixelRect> drawn() {
+        headless::RecordingCanvas canvas(control->root().dpi(), obk::test::place);
+        control->draw(canvas, obk::test::place);
+        std::vector<PixelRect> rects;
+        for (const headless::DrawnItem& item : canvas.items()) rects.push_back(item.rect);
+        return rects;
+    }
+
+    CountingHost counting;
+};
+
+INSTANTIATE_TEST_SUITE_P(Every, TotalityTest, testing::ValuesIn(library().controls),
+                         [](const auto& row) { return toUtf8(row.param->name); });
+
+TEST_P(TotalityTest, TheContainerHearsOfAPropertyAlthoughAllChildWindowsFail) {
+    const AllowSkipped announced(Cause::other);
+    for (const Member& property : GetParam()->members) {
+        const auto values = property.put ? twoValues(property) : std::nullopt;
+        if (!values) continue;
+        SCOPED_TRACE(toUtf8(property.name));
+        told(property, values->first);
+        const int usually = told(property, values->second);
+        told(property, values->first);
+        platform.failChildWindows(true);
+        EXPECT_EQ(told(property, values->second), usually);
+        platform.failChildWindows(false);
+    }
+}
+
+TEST_P(TotalityTest, TheContainerHearsOfAPropertyWhereverMemoryEnds) {
+    for (const Member& property : GetParam()->members) {
+        const auto values = property.put ? twoValues(property) : std::nullopt;
+        if (!values) continue;
+        told(property, values->first);
+        const bool usually = told(property, values->second) > 0;
+        bool failed = true;
+        for (uint64_t end = 0; failed; ++end) {
+            SCOPED_TRACE(toUtf8(property.name) + ", memory ends after " + std::to_string(end));
+            told(property, values->first);
+            const FailingMemory memory(end);
+            const bool now = told(property, values->second) > 0;
+            failed = memory.failed();
+            const EnoughMemory enough;
+            ASSERT_EQ(now, usually);
+        }
+    }
+}
+
+TEST_P(TotalityTest, AWholeLayoutIsDoneAlthoughAllChildWindowsFail) {
+    const AllowSkipped announced(Cause::other);
+    control->setSize(Twips{3000}, Twips{1500});
+    const auto before = drawn();
+    control->setSize(Twips{4500}, Twips{2400});
+    const auto whole = drawn();
+    if (platform.windowCount() > 1) {
+        EXPECT_NE(before, whole);  // with child windows it has parts that a size moves
+    }
+    control->setSize(Twips{3000}, Twips{1500});
+    platform.failChildWindows(true);
+    control->setSize(Twips{4500}, Twips{2400});
+    platform.failChildWindows(false);
+    EXPECT_EQ(drawn(), whole);
+}
+
+}  // namespace
+}  // namespace obk::test
