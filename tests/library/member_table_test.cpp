@@ -354,6 +354,50 @@ TEST_P(MemberTableTest, SettingAnUnchangedValueNotifiesOnce) {
     }
 }
 
+TEST_P(MemberTableTest, FollowsTheContainersFontUntilAHostHasChangedTheOneShown) {
+    const FontDescription first{u"Arial", 10, 400, 0, false, false, false},
+        second{u"Georgia", 12, 400, 0, false, false, false},
+        own{u"Courier New", 9, 700, 0, false, true, false};
+    const auto ambientBecomes = [this](const FontDescription& font) {
+        host.font = std::make_shared<SharedFont>(font);
+        control->ambientFontChanged();
+    };
+    for (const PersistedValue& row : table().persisted) {
+        if (row.type != ValueType::font || !row.get) continue;
+        const auto shown = [&] {
+            Value value;
+            row.get(*control, value);
+            return std::get<FontRef>(value);
+        };
+        int followed = 0;
+        for (const bool loaded : {false, true}) {
+            const auto begin = [&] {
+                host.font = std::make_shared<SharedFont>(first);
+                place(table());
+                MemoryBag none;
+                if (loaded) control->load(none);
+                return shown() && shown()->description() == first;
+            };
+            if (!begin()) continue;
+            ++followed;
+            for (const FontDescription& font : {second, first, second}) {
+                ambientBecomes(font);
+                EXPECT_EQ(shown()->description(), font) << loaded;
+            }
+            shown()->setDescription(own);
+            EXPECT_EQ(host.font->description(), second) << "the container's own font is not ours to change";
+            ambientBecomes(first);
+            EXPECT_EQ(shown()->description(), own) << "the host has changed the font in place";
+            if (!row.property) continue;
+            EXPECT_TRUE(begin());
+            putProperty(*control, *row.property, std::make_shared<SharedFont>(own));
+            ambientBecomes(second);
+            EXPECT_EQ(shown()->description(), own) << "the host has set another font";
+        }
+        EXPECT_GT(followed, 0);
+    }
+}
+
 TEST_P(MemberTableTest, EveryMemberTakesEveryValueOrRefusesIt) {
     const std::vector<Value> values = extremes();
     const auto walk = [&] {
