@@ -78,7 +78,7 @@ void GridEdit::loadFont(const FontRef& font) {
     if (!font) return;
     attempt([&] { flexGRID.SetFont(font); });
     attempt([&] { fontConnection_ = flexGRID.Font()->changed.connect([this] { fontChanged(); }); });
-    followedFont_.took(font, ambientFont());
+    attempt([&] { followedFont_.took(font, ambientFont()); });
     FontUpdate();
     resize();
 }

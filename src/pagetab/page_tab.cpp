@@ -18,6 +18,7 @@ PageTab::PageTab(Platform& platform) : Control(platform), strip_(root(), model_)
     on(strip_.doubleClicked, [this](int32_t tab, const MouseEvent& event) { doubleClick(tab, event); });
     on(strip_.mouseMoved, [this](const MouseEvent& event) { raiseMouse(MouseMove, event); });
     on(strip_.mouseReleased, [this](const MouseEvent& event) { raiseMouse(MouseUp, event); });
+    on(strip_.fontChanged, [this] { followedFont_.changed(); });
 }
 
 void PageTab::initialize() {

@@ -9,7 +9,13 @@
 namespace obk {
 
 TabStrip::TabStrip(Container& parent, const PageTabModel& model)
-    : Widget(parent), model_(model), font_([this] { measureAnew(); }), buttons_(parent) {
+    : Widget(parent),
+      model_(model),
+      font_([this] {
+          measureAnew();
+          fontChanged();
+      }),
+      buttons_(parent) {
     scrolled_ =
         buttons_.scrolled.connect([this](int32_t by) { scrollTo(first_ + (rightToLeft_ ? -by : by)); });
 }

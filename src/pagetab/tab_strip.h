@@ -41,6 +41,7 @@ public:
     // With the tab at the mouse, 0 beside them. The mouse is the strip's from a press to its release.
     Event<int32_t, const MouseEvent&> pressed, doubleClicked;
     Event<const MouseEvent&> mouseMoved, mouseReleased;
+    Event<> fontChanged;  // another one came, or a host changed the one that is shown
 
 private:
     static constexpr int32_t none = -99;

@@ -7,7 +7,6 @@
 #include <olectl.h>
 
 #include <cstring>
-#include <optional>
 
 namespace obk::server {
 
@@ -29,29 +28,34 @@ private:
 // A 32-bit bitmap, rows from the top, selected into a context of its own.
 class PixelBuffer {
 public:
-    explicit PixelBuffer(PixelSize size) : size_(size), context_(CreateCompatibleDC(nullptr)) {
-        const BITMAPINFO info = win32::bitmapInfo(size);
-        bitmap_.reset(CreateDIBSection(context_.get(), &info, DIB_RGB_COLORS,
-                                       reinterpret_cast<void**>(&pixels_), nullptr, 0));
-        selection_.emplace(context_.get(), bitmap_.get());
-    }
+    explicit PixelBuffer(PixelSize size)
+        : size_(size),
+          context_(CreateCompatibleDC(nullptr)),
+          bitmap_(bitmapOf(size)),
+          selection_(context_.get(), bitmap_.get()) {}
     bool usable() const { return bitmap_ != nullptr; }
     HDC context() const { return context_.get(); }
     uint32_t* pixels() const { return pixels_; }
     size_t count() const { return static_cast<size_t>(size_.width) * static_cast<size_t>(size_.height); }
     // The bitmap, for the caller to own.
     HBITMAP detach() {
-        selection_.reset();
+        selection_.end();
         return bitmap_.release();
     }
     void fill(uint32_t pixel) { std::fill_n(pixels_, count(), pixel); }
 
 private:
+    HBITMAP bitmapOf(PixelSize size) {
+        const BITMAPINFO info = win32::bitmapInfo(size);
+        return CreateDIBSection(context_.get(), &info, DIB_RGB_COLORS, reinterpret_cast<void**>(&pixels_),
+                                nullptr, 0);
+    }
+
     PixelSize size_;
+    uint32_t* pixels_ = nullptr;
     win32::UniqueMemoryDc context_;
     win32::UniqueBitmap bitmap_;
-    std::optional<win32::Selection> selection_;
-    uint32_t* pixels_ = nullptr;
+    win32::Selection selection_;
 };
 
 bool render(IPicture& picture, PixelSize size, PixelBuffer& buffer, uint32_t ground) {

@@ -43,8 +43,10 @@ public:
     Selection(HDC dc, HGDIOBJ object) : dc_(dc), previous_(object ? SelectObject(dc, object) : nullptr) {}
     Selection(const Selection&) = delete;
     Selection& operator=(const Selection&) = delete;
-    ~Selection() {
-        if (previous_) SelectObject(dc_, previous_);
+    ~Selection() { end(); }
+
+    void end() {
+        if (HGDIOBJ previous = std::exchange(previous_, nullptr)) SelectObject(dc_, previous);
     }
 
 private:
