@@ -53,7 +53,7 @@ void write(const LeftUndone& undone) noexcept {
     try {
         const Text line = traceLine(now(), undone) + u"\r\n";
         if (target() == L"debugger")
-            OutputDebugStringW(wideText(line).c_str());
+            OutputDebugStringW(toWide(line).c_str());
         else
             append(toUtf8(line));
     } catch (...) {
