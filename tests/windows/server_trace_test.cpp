@@ -1,6 +1,7 @@
 // The trace, as a host's developer switches it on and reads it.
 #include "server_support.h"
 
+#include "com/com_object.h"
 #include "container/property_bag_text.h"
 #include "container/text.h"
 
@@ -16,10 +17,9 @@ namespace obk {
 namespace {
 
 using namespace testing_support;
-using container::ComPtr;
 
 // Hears every event and answers each with an error.
-class FailingSink final : public container::ComObject<IDispatch> {
+class FailingSink final : public ComObject<IDispatch> {
 public:
     HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
     HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
