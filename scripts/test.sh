@@ -126,7 +126,7 @@ fi
 export ASAN_OPTIONS=detect_stack_use_after_return=1:strict_string_checks=1
 export UBSAN_OPTIONS=print_stacktrace=1
 if build native native-sanitize obk_native_tests; then
-    in_background native run_tests native 420 "$root/build/native-sanitize/tests/obk_native_tests"
+    in_background native run_tests native 900 "$root/build/native-sanitize/tests/obk_native_tests"
 fi
 if build windows-x64 windows-x64 products obk_window_tests; then
     in_background windows-x64 run_windows_tests x64
