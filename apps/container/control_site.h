@@ -1,8 +1,6 @@
 // Hosts one control on a form: its lifecycle, activation, position, events, views and persistence.
 #pragma once
 
-#include <ocidl.h>
-
 #include <functional>
 #include <string>
 
@@ -13,26 +11,9 @@
 #include "container/picture_surface.h"
 #include "container/server_context.h"
 #include "container/site_object.h"
+#include "container/site_settings.h"
 
 namespace obk::container {
-
-// When the control is told its site: as its status bits ask, or against them.
-enum class SiteOrder { asControlAsks, beforeState, afterState, never };
-enum class SiteMode { run, design };
-enum class SiteState { empty, loaded, inPlaceActive, uiActive };
-
-struct SiteSettings {
-    std::wstring name;  // the ambient display name
-    SiteOrder order = SiteOrder::asControlAsks;
-    SiteMode mode = SiteMode::run;
-};
-
-// Where a new control's state comes from; with nothing given it is freshly placed (InitNew).
-struct InitialState {
-    IPropertyBag* bag = nullptr;
-    IStream* stream = nullptr;
-    IStorage* storage = nullptr;
-};
 
 // Owns a control from creation to close. Rectangles are in pixels of the form's client area.
 class ControlSite final : private SiteHost {

@@ -6,12 +6,14 @@ namespace obk {
 const ControlTable& DateCalendar::memberTable() {
     using C = DateCalendar;
     static const ControlTable table =
-        TableBuilder<C>(u"DateCalendar",
-                        u"A date field with a menu of quick dates and a calendar to drop down")
-            .identifiers({0xa8dab03a, 0x805d, 0x413d, {0xa7, 0xf0, 0xcb, 0xe6, 0x18, 0x15, 0x88, 0x95}},
-                         {0x167d77c5, 0x387c, 0x47ef, {0xb8, 0x52, 0x12, 0x3e, 0x9d, 0xeb, 0x58, 0x9e}},
-                         {0x2cd8b3eb, 0x749e, 0x46c5, {0xa9, 0x02, 0x2e, 0x9f, 0x46, 0x91, 0x30, 0x08}})
-            .toolboxPicture(102)
+        TableBuilder<C>(
+            {.name = u"DateCalendar",
+             .help = u"A date field with a menu of quick dates and a calendar to drop down",
+             .classId = {0xa8dab03a, 0x805d, 0x413d, {0xa7, 0xf0, 0xcb, 0xe6, 0x18, 0x15, 0x88, 0x95}},
+             .interfaceId = {0x167d77c5, 0x387c, 0x47ef, {0xb8, 0x52, 0x12, 0x3e, 0x9d, 0xeb, 0x58, 0x9e}},
+             .eventInterfaceId =
+                 {0x2cd8b3eb, 0x749e, 0x46c5, {0xa9, 0x02, 0x2e, 0x9f, 0x46, 0x91, 0x30, 0x08}},
+             .toolboxPicture = 102})
 
             .property<&C::BackColor, &C::SetBackColor>(1, u"BackColor", u"Background colour of the field")
             .property<&C::bMOUSEPOSLOC, &C::SetbMOUSEPOSLOC>(

@@ -1,6 +1,7 @@
 #include "framework/control.h"
 
 #include "base/attempt.h"
+#include "framework/control_factory.h"
 #include "framework/hosted_control.h"
 #include "framework/pop_up_panel.h"
 #include "framework/trace_line.h"

@@ -27,7 +27,7 @@ public:
 
     virtual const ControlTable& table() const = 0;
 
-    // Lifecycle, driven by the container: created, then placed afresh or loaded, sized, used, saved.
+    // Driven by the container: created, then placed afresh or loaded, sized, used, saved.
     void setHost(ControlHost* host) { host_ = host; }  // borrowed; null without a container
     void initNew();
     void load(PropertyBag& bag);
@@ -35,8 +35,7 @@ public:
     // The container has another font now; a control that still shows the old one takes it.
     void ambientFontChanged();
 
-    // Size of the surface; every setting lays the children out again. Some controls keep a size of their own
-    // and answer a wish with `ControlHost::requestSize`.
+    // Every setting lays the children out again; some controls keep a size of their own and ask for it back.
     void setSize(Twips width, Twips height);
     Twips width() const { return width_; }
     Twips height() const { return height_; }
@@ -53,8 +52,7 @@ public:
     // Letters that call the control, with Alt, from wherever the keyboard is on its form; upper case.
     virtual Text accessKeys() const { return {}; }
     virtual void useAccessKey(char16_t) {}
-    // Gives the keyboard to the control's first child that takes it. Whether one did.
-    bool focus();
+    bool focus();  // to the control's first child that takes it; whether one did
     bool hasFocus() const;
     // Paints the whole control into `bounds`, with or without a window.
     void draw(Canvas& canvas, const PixelRect& bounds);
@@ -62,7 +60,7 @@ public:
     Platform& platform() const { return root_.platform(); }
     Container& root() { return root_; }
     const Container& root() const { return root_; }
-    // Whether the form is being designed, so that nobody works with the control.
+    // Whether the form is being designed: nobody works with the control then.
     bool designMode() const { return host_ && host_->designMode(); }
     // What the container calls the control; empty without one.
     Text hostName() const { return host_ ? host_->name() : Text(); }
@@ -72,11 +70,9 @@ public:
 protected:
     explicit Control(Platform& platform);
 
-    // Once, after construction.
-    virtual void initialize() {}
-    // A fresh placement, as opposed to a loaded one.
-    virtual void initProperties() {}
-    virtual void loaded() {}  // after the last persisted value
+    virtual void initialize() {}      // once, after construction
+    virtual void initProperties() {}  // a fresh placement, as opposed to a loaded one
+    virtual void loaded() {}          // after the last persisted value
     // Lays the children out from width() and height(); cheap, and the same however often it runs.
     virtual void resize() = 0;
     virtual void enterFocus() {}
@@ -84,18 +80,15 @@ protected:
     virtual void useAmbientFont(const FontRef&) {}
     virtual void appearanceChanged() { resize(); }
 
-    // Tells the container that a value changed; silent while loading. `Getter` is the getter of a property,
-    // or of a persisted value without one, which the container learns of as unknown.
+    // Tells the container that a value changed; silent while loading. `Getter` is the property's, or that of
+    // a persisted value without one, which the container learns of as unknown.
     template <auto Getter>
     void PropertyChanged() {
         propertyChanged(memberToken<Getter>());
     }
-    // Asks the container for another size.
-    void requestSize(Twips width, Twips height);
-    // Whether the container reads from right to left; `resize` runs when that changes.
-    bool rightToLeft() const;
+    void requestSize(Twips width, Twips height);  // asks the container for it
+    bool rightToLeft() const;  // whether the container reads so; `resize` runs when that changes
     void accessKeysChanged();
-
     // Shift+Tab and the like, on behalf of the user. Whether the container used it.
     bool offerToContainer(const KeyEvent& event) override;
     AccessibleItem describeSurface() const override;
@@ -122,12 +115,6 @@ private:
     std::vector<PopUpPanel*> panels_;     // borrowed; they take themselves out
     std::vector<HostedControl*> hosted_;  // likewise
     std::vector<Connection> eventConnections_;
-};
-
-// Ends the creation of a control once its own class is complete.
-class ControlFactory {
-public:
-    static void start(Control& control);
 };
 
 }  // namespace obk

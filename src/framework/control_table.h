@@ -13,18 +13,22 @@ namespace obk {
 
 class Platform;
 
+// What a class says of itself, beside its members.
+struct ClassFacts {
+    Text name;  // "UpDownTextBox"; the programmatic identifier is made from it
+    Text help{};
+    Guid classId{}, interfaceId{}, eventInterfaceId{};
+    int32_t toolboxPicture = 0;  // resource number of its picture in a toolbox; 0: none
+    bool actsLikeButton = false;
+    bool takesFocus = true;  // false for decoration such as a line
+    bool isPrivate = false;  // hosted by other controls only: no class factory, registration or type library
+};
+
 // Made by a TableBuilder, complete and checked; nothing changes it afterwards.
-class ControlTable {
+class ControlTable : public ClassFacts {
 public:
     ControlTable(ControlTable&&) = default;
 
-    Text name;  // "UpDownTextBox"; the programmatic identifier is made from it
-    Text help;
-    Guid classId, interfaceId, eventInterfaceId;
-    bool isPrivate = false;  // hosted by other controls only: no class factory, registration or type library
-    bool takesFocus = true;  // false for decoration such as a line
-    bool actsLikeButton = false;
-    int32_t toolboxPicture = 0;   // resource number of its picture in a toolbox; 0: none
     std::vector<Member> members;  // properties and methods, sorted by number
     std::vector<Member> events;   // sorted by number
     std::vector<PersistedValue> persisted;

@@ -7,32 +7,22 @@
 
 namespace obk {
 
-namespace {
-
-Member& add(std::vector<Member>& rows, MemberKind kind, int32_t number, TextView name, TextView help) {
-    Member& row = rows.emplace_back();
+Member& TableRows::add(MemberKind kind, int32_t number, TextView name, TextView help, const void* token) {
+    Member& row = (kind == MemberKind::event ? table.events : table.members).emplace_back();
     row.kind = kind;
     row.number = number;
     row.name = name;
     row.help = help;
+    row.token = token;
     return row;
 }
 
-}  // namespace
-
-Member& TableRows::addMember(MemberKind kind, int32_t number, TextView name, TextView help) {
-    return add(table.members, kind, number, name, help);
-}
-
-Member& TableRows::addEvent(int32_t number, TextView name, TextView help) {
-    return add(table.events, MemberKind::event, number, name, help);
-}
-
-PersistedValue& TableRows::addPersisted(const Persist& row, ValueType type) {
+PersistedValue& TableRows::addPersisted(const Persist& row, ValueType type, const void* token) {
     PersistedValue& value = table.persisted.emplace_back();
     value.readKey = row.key;
     value.writeKey = row.writeKey.empty() ? row.key : row.writeKey;
     value.type = type;
+    value.token = token;
     value.storedAs = row.storedAs == ValueType::empty ? type : row.storedAs;
     value.readDefault = row.readDefault;
     value.writeDefault = row.writeDefault.value_or(row.readDefault);

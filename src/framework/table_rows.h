@@ -20,9 +20,9 @@ public:
 
     TableRows() = default;
 
-    Member& addMember(MemberKind kind, int32_t number, TextView name, TextView help);
-    Member& addEvent(int32_t number, TextView name, TextView help);
-    PersistedValue& addPersisted(const Persist& row, ValueType type);
+    // A row that stays where it is until the next one is added; `token` is its C++ member's.
+    Member& add(MemberKind kind, int32_t number, TextView name, TextView help, const void* token);
+    PersistedValue& addPersisted(const Persist& row, ValueType type, const void* token);
     // The value of the row before is loaded once more, in another way.
     PersistedValue& repeatPersisted();
     // The next one in an order of saving of its own.

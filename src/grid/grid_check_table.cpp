@@ -6,8 +6,8 @@ namespace obk {
 const ControlTable& GridCheck::memberTable() {
     using C = GridCheck;
     static const ControlTable table =
-        TableBuilder<C>(u"GridCheck", u"The check box of a grid's check cells")
-            .hostedOnly()
+        TableBuilder<C>(
+            {.name = u"GridCheck", .help = u"The check box of a grid's check cells", .isPrivate = true})
 
             .property<&C::BackColor, &C::SetBackColor>(1, u"BackColor", u"Background colour")
             .property<&C::Value, &C::SetValue>(2, u"Value", u"The mark: 0 unchecked, 1 checked")

@@ -8,12 +8,14 @@ const ControlTable& GridEdit::memberTable() {
     constexpr auto asInteger = ValueType::integer;
     constexpr OleColour grey(SystemColour::buttonShadow);
     static const ControlTable table =
-        TableBuilder<C>(u"GridEdit",
-                        u"An editable grid with captions, a type for each column and a text file of its own")
-            .identifiers({0x94ed36f5, 0xd7ca, 0x4fa1, {0xa8, 0xbc, 0x18, 0xe0, 0x5b, 0x03, 0x14, 0xd6}},
-                         {0xc2ae211f, 0xffbb, 0x47dc, {0x92, 0x0a, 0x67, 0x41, 0xc4, 0x2a, 0xc4, 0x0e}},
-                         {0x4cfa70eb, 0x49ad, 0x4741, {0x9d, 0x4b, 0xe7, 0x79, 0x00, 0x45, 0x29, 0x2d}})
-            .toolboxPicture(105)
+        TableBuilder<C>(
+            {.name = u"GridEdit",
+             .help = u"An editable grid with captions, a type for each column and a text file of its own",
+             .classId = {0x94ed36f5, 0xd7ca, 0x4fa1, {0xa8, 0xbc, 0x18, 0xe0, 0x5b, 0x03, 0x14, 0xd6}},
+             .interfaceId = {0xc2ae211f, 0xffbb, 0x47dc, {0x92, 0x0a, 0x67, 0x41, 0xc4, 0x2a, 0xc4, 0x0e}},
+             .eventInterfaceId =
+                 {0x4cfa70eb, 0x49ad, 0x4741, {0x9d, 0x4b, 0xe7, 0x79, 0x00, 0x45, 0x29, 0x2d}},
+             .toolboxPicture = 105})
 
             .property<&C::mstrDragInfo, &C::SetmstrDragInfo>(1, u"mstrDragInfo",
                                                              u"A text of the host's own, for what is dragged")

@@ -7,11 +7,14 @@ const ControlTable& PageTab::memberTable() {
     using C = PageTab;
     constexpr OleColour face{SystemColour::buttonFace};
     static const ControlTable table =
-        TableBuilder<C>(u"PageTab", u"A strip of tabs to choose a page by")
-            .identifiers({0x292dcdd0, 0x338c, 0x4d39, {0xa0, 0x21, 0xd7, 0x32, 0x19, 0x08, 0x04, 0x98}},
-                         {0x8d1fe7ab, 0x5c8f, 0x448d, {0xbb, 0x53, 0x7f, 0xc5, 0xf5, 0x99, 0xf4, 0x3f}},
-                         {0x78b2a11b, 0xb298, 0x40bf, {0x85, 0x5b, 0x8c, 0xc4, 0x43, 0x10, 0x68, 0xf8}})
-            .toolboxPicture(106)
+        TableBuilder<C>(
+            {.name = u"PageTab",
+             .help = u"A strip of tabs to choose a page by",
+             .classId = {0x292dcdd0, 0x338c, 0x4d39, {0xa0, 0x21, 0xd7, 0x32, 0x19, 0x08, 0x04, 0x98}},
+             .interfaceId = {0x8d1fe7ab, 0x5c8f, 0x448d, {0xbb, 0x53, 0x7f, 0xc5, 0xf5, 0x99, 0xf4, 0x3f}},
+             .eventInterfaceId =
+                 {0x78b2a11b, 0xb298, 0x40bf, {0x85, 0x5b, 0x8c, 0xc4, 0x43, 0x10, 0x68, 0xf8}},
+             .toolboxPicture = 106})
 
             .property<&C::strPUBSKINCOLORPAGE, &C::SetstrPUBSKINCOLORPAGE>(
                 1, u"strPUBSKINCOLORPAGE",
@@ -80,7 +83,7 @@ const ControlTable& PageTab::memberTable() {
             .persisted<&C::TextColor, &C::SetTextColor>({u"TextColor", OleColour(SystemColour::buttonText)})
             .loadedAgain<&C::loadTextColor>()
             .persisted<&C::ActiveTabs, &C::loadTabString>({u"TABSTRING", Text()})
-            .persistedOf<&C::ActiveTab, &C::activeTab, &C::loadActiveTab>({u"ActiveTab", 0})
+            .persisted<&C::activeTab, &C::loadActiveTab, &C::ActiveTab>({u"ActiveTab", 0})
             .persisted<&C::tabColour, &C::loadTabColour>({u"BackColorTAB", face})
             .persisted<&C::BackColorPage, &C::loadBackColorPage>({u"BackColorPage", face})
             .persisted<&C::PageColor, &C::loadPageColor>({u"PageColor", face})

@@ -51,11 +51,14 @@ const Enumeration& palettes() {
 const ControlTable& ButtonPalette::memberTable() {
     using C = ButtonPalette;
     static const ControlTable table =
-        TableBuilder<C>(u"ButtonPalette", u"A button that shows a colour and drops down a colour palette")
-            .identifiers({0x5e8a5a70, 0xbd73, 0x405c, {0xa7, 0x94, 0xf5, 0xe5, 0xae, 0xe1, 0xb7, 0xfd}},
-                         {0xe89babc5, 0xf4d4, 0x4419, {0xb4, 0xb2, 0x90, 0xef, 0xdc, 0x3c, 0xec, 0x88}},
-                         {0xc7d4b36e, 0x9deb, 0x4523, {0x90, 0x71, 0x03, 0xc3, 0x4b, 0x34, 0x3a, 0x21}})
-            .toolboxPicture(103)
+        TableBuilder<C>(
+            {.name = u"ButtonPalette",
+             .help = u"A button that shows a colour and drops down a colour palette",
+             .classId = {0x5e8a5a70, 0xbd73, 0x405c, {0xa7, 0x94, 0xf5, 0xe5, 0xae, 0xe1, 0xb7, 0xfd}},
+             .interfaceId = {0xe89babc5, 0xf4d4, 0x4419, {0xb4, 0xb2, 0x90, 0xef, 0xdc, 0x3c, 0xec, 0x88}},
+             .eventInterfaceId =
+                 {0xc7d4b36e, 0x9deb, 0x4523, {0x90, 0x71, 0x03, 0xc3, 0x4b, 0x34, 0x3a, 0x21}},
+             .toolboxPicture = 103})
 
             .readOnlyProperty<&C::ActiveColor>(1, u"ActiveColor",
                                                u"Colour of the swatch that was pressed or dragged over last")

@@ -8,11 +8,14 @@ const ControlTable& UpDownTextBox::memberTable() {
     // A few numbers are 16 bits wide in a bag.
     constexpr auto asInteger = ValueType::integer;
     static const ControlTable table =
-        TableBuilder<C>(u"UpDownTextBox", u"A numeric text box with a spinner")
-            .identifiers({0xd8cfd887, 0x69fc, 0x498c, {0x8c, 0x1c, 0x8a, 0x9f, 0x2d, 0x84, 0x31, 0xfb}},
-                         {0x91f977b5, 0x5907, 0x4153, {0x87, 0xe4, 0x9d, 0x7c, 0x34, 0x6b, 0x69, 0x51}},
-                         {0xe1afbd5f, 0x531d, 0x46e4, {0xb6, 0xc7, 0x10, 0xb8, 0xc0, 0xb8, 0x02, 0x20}})
-            .toolboxPicture(101)
+        TableBuilder<C>(
+            {.name = u"UpDownTextBox",
+             .help = u"A numeric text box with a spinner",
+             .classId = {0xd8cfd887, 0x69fc, 0x498c, {0x8c, 0x1c, 0x8a, 0x9f, 0x2d, 0x84, 0x31, 0xfb}},
+             .interfaceId = {0x91f977b5, 0x5907, 0x4153, {0x87, 0xe4, 0x9d, 0x7c, 0x34, 0x6b, 0x69, 0x51}},
+             .eventInterfaceId =
+                 {0xe1afbd5f, 0x531d, 0x46e4, {0xb6, 0xc7, 0x10, 0xb8, 0xc0, 0xb8, 0x02, 0x20}},
+             .toolboxPicture = 101})
 
             .property<&C::Alignment, &C::SetAlignment>(1, u"Alignment",
                                                        u"Alignment of the text: 0 left, 1 right, 2 centre")

@@ -106,10 +106,4 @@ void ReferenceCombo::setFont(const FontDescription& font) {
     attempt([&] { font_ = font; });
 }
 
-Twips ReferenceCombo::naturalHeight() const {
-    constexpr int32_t edgesAndPadding = 8;  // pixels at 96 DPI
-    const FontMetrics metrics = platform().appearance().metrics(font_, dpi());
-    return dpi().toTwips(metrics.height() + dpi().scaled(edgesAndPadding));
-}
-
 }  // namespace obk

@@ -77,15 +77,13 @@ private:
     OleColour colour_{SystemColour::windowText};
 };
 
-// A drop-down list that is never shown: it stands for the natural height of a one-line field in its font.
+// A drop-down list that is never shown: it keeps the font that a one-line field is measured by.
 class ReferenceCombo final : public Widget {
 public:
     explicit ReferenceCombo(Container& parent) : Widget(parent) { setVisible(false); }
 
     const FontDescription& font() const { return font_; }
     void setFont(const FontDescription& font);
-    // The height that a drop-down list of the system has in this font.
-    Twips naturalHeight() const;
 
 private:
     FontDescription font_;

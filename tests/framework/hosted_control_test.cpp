@@ -48,7 +48,7 @@ private:
 };
 
 const ControlTable& Outer::memberTable() {
-    static const ControlTable table = TableBuilder<Outer>(u"Outer", u"Hosts others")
+    static const ControlTable table = TableBuilder<Outer>({.name = u"Outer", .help = u"Hosts others"})
                                           .event<&Outer::Told>(1, u"Told", u"The hosted control changed")
                                           .build();
     return table;

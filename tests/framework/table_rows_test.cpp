@@ -9,14 +9,12 @@ namespace {
 class TableRowsTest : public testing::Test {
 protected:
     TableRowsTest() {
-        Member& first = rows.addMember(MemberKind::property, 1, u"First", u"Help");
-        first.token = &first_;
-        rows.addMember(MemberKind::method, 2, u"Second", u"Help").parameters = {
+        rows.add(MemberKind::property, 1, u"First", u"Help", &first_);
+        rows.add(MemberKind::method, 2, u"Second", u"Help", nullptr).parameters = {
             {u"Left", {}, false, {}}, {u"Right", {}, false, Value(1)}};
-        rows.addEvent(1, u"First", u"Help");
-        PersistedValue& value = rows.addPersisted({u"FIRST", Value(0)}, ValueType::longInteger);
-        value.token = &first_;
-        value.get = [](const Control&, Value&) {};
+        rows.add(MemberKind::event, 1, u"First", u"Help", nullptr);
+        rows.addPersisted({u"FIRST", Value(0)}, ValueType::longInteger, &first_).get = [](const Control&,
+                                                                                          Value&) {};
         rows.addSaved(&first_);
         rows.addNotification(1, u"SECOND");
     }
@@ -34,13 +32,13 @@ TEST_F(TableRowsTest, AWholeTableHasNoFault) {
 }
 
 TEST_F(TableRowsTest, ANumberOrNameStandsOnceAmongMembersAndOnceAmongEvents) {
-    rows.addMember(MemberKind::method, 2, u"Third", u"Help");
+    rows.add(MemberKind::method, 2, u"Third", u"Help", nullptr);
     EXPECT_EQ(rows.faults(), std::vector<Text>{u"Third: its number stands twice"});
     rows.table.members.back().number = 3;
     rows.table.members.back().name = u"FIRST";
     EXPECT_EQ(rows.faults(), std::vector<Text>{u"FIRST: its name stands twice"});
     rows.table.members.pop_back();
-    rows.addEvent(1, u"first", u"Help");
+    rows.add(MemberKind::event, 1, u"first", u"Help", nullptr);
     EXPECT_EQ(rows.faults().size(), 2u);
     rows.table.events.pop_back();
     second().number = 0;

@@ -3,6 +3,7 @@
 
 #include "platform/headless/headless_machine.h"
 #include "platform/headless/memory_file_system.h"
+#include "platform/headless/planned_answers.h"
 #include "widgets/platform.h"
 #include "widgets/surface_peer.h"
 
@@ -17,7 +18,7 @@ class HeadlessWindow;
 class HeadlessSurface;
 class HeadlessTimer;
 
-class HeadlessPlatform : public Platform {
+class HeadlessPlatform : public Platform, public PlannedAnswers {
 public:
     HeadlessPlatform() = default;
     HeadlessPlatform(const HeadlessPlatform&) = delete;
@@ -70,30 +71,12 @@ public:
     // The parts of the monitors that windows may use; at first one of 1280 by 800 pixels.
     void setWorkAreas(std::vector<PixelRect> areas) { workAreas_ = std::move(areas); }
     PixelRect workAreaOf(const PixelRect& rect) const;
-    // What the next colour chooser answers; it is told what was asked, and may do what a person does
-    // meanwhile.
-    using ColourAnswer = std::function<std::optional<Rgb>(const ColourQuestion&)>;
-    void answerColour(ColourAnswer answer) { colourAnswer_ = std::move(answer); }
-
-    // What the next menus answer; may do what a person does meanwhile. Without one, menus are dismissed.
-    using MenuAnswer =
-        std::function<std::optional<size_t>(std::span<const MenuItem>, const PixelRect& beside)>;
-    void answerMenu(MenuAnswer answer) { menuAnswer_ = std::move(answer); }
 
     NativeWindow focus() const { return focus_; }
     NativeWindow capture() const { return capture_; }
     size_t windowCount() const { return windows_.size(); }
     std::vector<NativeWindow> windows() const;  // in the order they were made
     size_t timerCount() const { return timers_.size(); }
-    const Text& clipboard() const { return clipboard_; }
-    void setClipboard(Text text) { clipboard_ = std::move(text); }
-    // Each time that work was said to begin or to end.
-    const std::vector<bool>& waitCursors() const { return waitCursors_; }
-    // The next windows are refused, as by a system without resources.
-    void refuseWindows(bool refuse) { refusesWindows_ = refuse; }
-    // Everything that child windows are asked for ends in an exception.
-    void failChildWindows(bool fail) { childWindowsFail_ = fail; }
-    bool childWindowsFail() const { return childWindowsFail_; }
 
 private:
     friend class HeadlessWindow;
@@ -109,7 +92,6 @@ private:
     void moveOnto(NativeWindow window, const MouseEvent& event);
 
     ManualClock clock_;
-    std::vector<bool> waitCursors_;
     MemoryRegistry registry_;
     FixedAppearance appearance_;
     MemoryFileSystem files_;
@@ -119,12 +101,7 @@ private:
     NativeWindow focus_ = 0;
     NativeWindow capture_ = 0;
     NativeWindow hovered_ = 0;
-    Text clipboard_;
-    bool refusesWindows_ = false;
-    bool childWindowsFail_ = false;
     std::vector<PixelRect> workAreas_{{0, 0, 1280, 800}};
-    ColourAnswer colourAnswer_;
-    MenuAnswer menuAnswer_;
 };
 
 }  // namespace obk::headless

@@ -1,0 +1,44 @@
+// What a test decides about the system around the windows: dialogs, menus, the clipboard and refusals.
+#pragma once
+
+#include "widgets/platform.h"
+
+#include <functional>
+#include <optional>
+#include <span>
+#include <utility>
+#include <vector>
+
+namespace obk::headless {
+
+class PlannedAnswers {
+public:
+    // What the next colour chooser answers; it is told what was asked, and may do what a person does
+    // meanwhile. Without one it is cancelled.
+    using ColourAnswer = std::function<std::optional<Rgb>(const ColourQuestion&)>;
+    void answerColour(ColourAnswer answer) { colourAnswer_ = std::move(answer); }
+    // What the next menus answer; may do what a person does meanwhile. Without one, menus are dismissed.
+    using MenuAnswer =
+        std::function<std::optional<size_t>(std::span<const MenuItem>, const PixelRect& beside)>;
+    void answerMenu(MenuAnswer answer) { menuAnswer_ = std::move(answer); }
+
+    const Text& clipboard() const { return clipboard_; }
+    void setClipboard(Text text) { clipboard_ = std::move(text); }
+    // Each time that work was said to begin or to end.
+    const std::vector<bool>& waitCursors() const { return waitCursors_; }
+    // The next windows are refused, as by a system without resources.
+    void refuseWindows(bool refuse) { refusesWindows_ = refuse; }
+    // Everything that child windows are asked for ends in an exception.
+    void failChildWindows(bool fail) { childWindowsFail_ = fail; }
+    bool childWindowsFail() const { return childWindowsFail_; }
+
+protected:
+    ColourAnswer colourAnswer_;
+    MenuAnswer menuAnswer_;
+    Text clipboard_;
+    std::vector<bool> waitCursors_;
+    bool refusesWindows_ = false;
+    bool childWindowsFail_ = false;
+};
+
+}  // namespace obk::headless
