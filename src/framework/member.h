@@ -29,6 +29,9 @@ struct Enumeration {
     std::vector<EnumerationValue> values;
 };
 
+// That a method or an event may have.
+constexpr size_t mostParameters = 8;
+
 struct Parameter {
     Text name;
     ValueType type = ValueType::empty;

@@ -30,14 +30,15 @@ CallStatus callMethod(Control& control, const Member& member, std::span<Value> a
     attempt([&] {
         for (size_t at = 0; at < arguments.size(); ++at) {
             const Parameter& parameter = member.parameters[at];
-            const bool leftOut = typeOf(arguments[at]) == ValueType::empty && parameter.defaultValue;
-            std::optional<Value> own =
-                converted(leftOut ? *parameter.defaultValue : arguments[at], parameter.type);
-            if (!own) {
+            Value& own = arguments[at];
+            if (typeOf(own) == ValueType::empty && parameter.defaultValue) own = *parameter.defaultValue;
+            if (typeOf(own) == parameter.type) continue;
+            std::optional<Value> fitting = converted(own, parameter.type);
+            if (!fitting) {
                 status = CallStatus::wrongArgumentType;
                 return;
             }
-            arguments[at] = std::move(*own);
+            own = std::move(*fitting);
         }
         result = *converted(Value(), member.type);  // what a failing call answers
         member.call(control, arguments, result);

@@ -41,6 +41,7 @@ std::vector<Parameter> parametersOf() {
 template <typename... Arguments, size_t Count>
 std::vector<Parameter> parametersOf(ParameterNames<Count> names) {
     static_assert(sizeof...(Arguments) == Count, "each parameter has one name");
+    static_assert(Count <= mostParameters, "a call's arguments have no room");
     auto name = std::begin(names);
     return {parameterOf<Arguments>(*name++)...};
 }

@@ -6,25 +6,30 @@
 #include "server/system_text.h"
 #include "server/variant_value.h"
 
+#include <algorithm>
 #include <array>
+#include <cstddef>
+#include <memory>
 #include <vector>
 
 namespace obk::server {
 
 namespace {
 
-// Values of a call; on the stack unless there are many.
+// Values of a call, on the stack: as many as it has.
 class ArgumentList {
 public:
     explicit ArgumentList(size_t count) : count_(count) {
-        if (count > few_.size()) many_.resize(count);
+        std::uninitialized_value_construct_n(values().data(), count);
     }
-    std::span<Value> values() { return {many_.empty() ? few_.data() : many_.data(), count_}; }
+    ArgumentList(const ArgumentList&) = delete;
+    ArgumentList& operator=(const ArgumentList&) = delete;
+    ~ArgumentList() { std::destroy_n(values().data(), count_); }
+    std::span<Value> values() { return {reinterpret_cast<Value*>(room_), count_}; }
 
 private:
     size_t count_;
-    std::array<Value, 6> few_;
-    std::vector<Value> many_;
+    alignas(Value) std::byte room_[mostParameters * sizeof(Value)];
 };
 
 void setWrongArgument(UINT* wrongArgument, UINT place) {
@@ -129,13 +134,13 @@ HRESULT put(Control& control, const Member& member, WORD flags, const DISPPARAMS
 
 // Where each parameter's argument stands in the caller's list; none for one that is left out.
 constexpr UINT none = ~0u;
+using Places = std::array<UINT, mostParameters>;
 
-HRESULT place(const Member& method, const DISPPARAMS& arguments, std::vector<UINT>& places,
-              UINT* wrongArgument) {
+HRESULT place(const Member& method, const DISPPARAMS& arguments, Places& places, UINT* wrongArgument) {
     const size_t count = method.parameters.size();
     if (arguments.cArgs > count) return DISP_E_BADPARAMCOUNT;
     if (arguments.cNamedArgs > arguments.cArgs) return E_INVALIDARG;
-    places.assign(count, none);
+    std::fill_n(places.begin(), count, none);
     // Named ones come first, positional ones follow from the last to the first.
     for (UINT at = 0; at < arguments.cNamedArgs; ++at) {
         const auto parameter = static_cast<size_t>(arguments.rgdispidNamedArgs[at]);
@@ -154,12 +159,14 @@ HRESULT place(const Member& method, const DISPPARAMS& arguments, std::vector<UIN
 
 [[gnu::noinline]] HRESULT call(Control& control, const Member& method, const DISPPARAMS& arguments,
                                VARIANT* result, UINT* wrongArgument) {
-    std::vector<UINT> places;
+    Places places;
     if (const HRESULT placed = place(method, arguments, places, wrongArgument); FAILED(placed)) return placed;
-    ArgumentList list(places.size());
+    ArgumentList list(method.parameters.size());
     const std::span<Value> values = list.values();
-    for (size_t at = 0; at < places.size(); ++at) {
+    bool tellsChanges = false;
+    for (size_t at = 0; at < values.size(); ++at) {
         if (places[at] == none) continue;
+        tellsChanges = tellsChanges || method.parameters[at].byReference;
         const ValueType wanted = method.parameters[at].type;
         const HRESULT read = valueFromVariant(arguments.rgvarg[places[at]], wanted, values[at]);
         if (FAILED(read)) {
@@ -167,12 +174,12 @@ HRESULT place(const Member& method, const DISPPARAMS& arguments, std::vector<UIN
             return refused(read, arguments.rgvarg[places[at]], wanted, at + 1);
         }
     }
-    // To tell afterwards what the control has changed.
-    const std::vector<Value> before(values.begin(), values.end());
+    std::vector<Value> before;
+    if (tellsChanges) before.assign(values.begin(), values.end());
     Value answer;
     if (const CallStatus status = callMethod(control, method, values, answer); status != CallStatus::done)
         return resultOf(status);
-    for (size_t at = 0; at < places.size(); ++at) {
+    for (size_t at = 0; at < before.size(); ++at) {
         if (places[at] != none && method.parameters[at].byReference && values[at] != before[at])
             writeBack(values[at], arguments.rgvarg[places[at]]);
     }
