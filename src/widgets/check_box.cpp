@@ -2,20 +2,20 @@
 
 #include "base/left_undone.h"
 #include "widgets/drawing.h"
-#include "widgets/surface.h"
+#include "widgets/surface_peer.h"
 
 #include <algorithm>
 
 namespace obk {
 
-CheckBox::CheckBox(Container& parent) : Widget(parent) {}
+CheckBox::CheckBox(Container& parent) : ChildWidget(parent) {}
 
 CheckBox::~CheckBox() = default;
 
 bool CheckBox::setValue(int16_t value) {
     if (value != 0 && value != 1) return refuseNumber(value, u"0 or 1");
     checked_ = value == 1;
-    ask([&] { peer_->setChecked(checked_); });
+    ask([&] { window().setChecked(checked_); });
     invalidate();
     return true;
 }
@@ -25,23 +25,11 @@ void CheckBox::setBackColour(OleColour colour) {
     showColours();
 }
 
-bool CheckBox::hasFocus() const {
-    bool focused = false;
-    ask([&] { focused = peer_->hasFocus(); });
-    return focused;
-}
-
-bool CheckBox::takeFocus() {
-    if (pixelClip().empty() || !enabled()) return false;
-    ask([&] { peer_->focus(); });
-    return hasFocus();
-}
-
 void CheckBox::paint(Canvas& canvas, const PixelRect& bounds) {
-    constexpr int32_t usualSize = 13;  // pixels at 96 DPI, as the system's
+    constexpr int32_t defaultSize = 13;  // pixels at 96 DPI, as the system's
     canvas.fillRect(bounds, rgb(backColour_));
     const int32_t line = canvas.dpi().scaled(1);
-    const int32_t size = std::min({canvas.dpi().scaled(usualSize), bounds.width(), bounds.height()});
+    const int32_t size = std::min({canvas.dpi().scaled(defaultSize), bounds.width(), bounds.height()});
     const int32_t left = bounds.left, top = bounds.top + (bounds.height() - size) / 2;
     const PixelRect square{left, top, left + size, top + size};
     const auto colour = [this](SystemColour index) { return systemRgb(platform(), index); };
@@ -52,22 +40,12 @@ void CheckBox::paint(Canvas& canvas, const PixelRect& bounds) {
                       colour(enabled() ? SystemColour::windowText : SystemColour::greyText));
 }
 
-void CheckBox::attach(SurfacePeer& peer) {
-    attempt([&] { peer_ = peer.createCheckBox(*this); });
-    ask([&] { peer_->setChecked(checked_); });
-    showColours();
-    placed();
+std::unique_ptr<CheckBoxPeer> CheckBox::createPeer(SurfacePeer& surface) {
+    return surface.createCheckBox(*this);
 }
 
-void CheckBox::detach() {
-    const auto going = std::move(peer_);
-}
-
-void CheckBox::placed() {
-    // Each step may take the focus away, and who hears of that may close the window.
-    ask([&] { peer_->setEnabled(enabled()); });
-    ask([&] { peer_->setBounds(pixelBounds(), pixelClip()); });
-    ask([&] { peer_->setVisible(!pixelClip().empty()); });
+void CheckBox::windowMade() {
+    ask([&] { window().setChecked(checked_); });
 }
 
 void CheckBox::mouse(const MouseEvent& event) {
@@ -93,31 +71,13 @@ int16_t CheckBox::keyPress(int16_t character) {
     return character;
 }
 
-void CheckBox::focusGained() {
-    if (Surface* shownOn = surface()) shownOn->childFocusGained(*this);
-}
-
-void CheckBox::focusLost() {
-    if (Surface* shownOn = surface()) shownOn->childFocusLost(*this);
-}
-
-KeyRoute CheckBox::preTranslate(const KeyEvent& event) {
-    Surface* shownOn = surface();
-    return shownOn ? shownOn->preTranslate(event) : KeyRoute::child;
-}
-
-bool CheckBox::offerToContainer(const KeyEvent& event) {
-    Surface* shownOn = surface();
-    return shownOn && shownOn->offerToContainer(event);
-}
-
 void CheckBox::checkPressed() {
     setValue(checked_ ? 0 : 1);
     clicked();
 }
 
 void CheckBox::showColours() {
-    ask([&] { peer_->setColours(rgb(SystemColour::windowText), rgb(backColour_)); });
+    ask([&] { window().setColours(rgb(SystemColour::windowText), rgb(backColour_)); });
     invalidate();
 }
 

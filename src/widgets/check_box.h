@@ -1,17 +1,15 @@
-// A check box without a caption, whose mark and look are kept here; its window exists while the control is
-// active.
+// A check box without a caption, whose mark and look are kept here.
 #pragma once
 
-#include "base/attempt.h"
 #include "base/event.h"
 #include "widgets/check_box_peer.h"
-#include "widgets/widget.h"
+#include "widgets/child_widget.h"
 
 #include <memory>
 
 namespace obk {
 
-class CheckBox final : public Widget, private CheckBoxClient {
+class CheckBox final : public ChildWidget<CheckBoxClient, CheckBoxPeer> {
 public:
     explicit CheckBox(Container& parent);
     ~CheckBox() override;
@@ -22,15 +20,7 @@ public:
     OleColour backColour() const { return backColour_; }
     void setBackColour(OleColour colour);
 
-    bool hasFocus() const;
-    bool takeFocus() override;
-    Widget* focused() override { return hasFocus() ? this : nullptr; }
-
     void paint(Canvas& canvas, const PixelRect& bounds) override;
-    void attach(SurfacePeer& peer) override;
-    void detach() override;
-    void placed() override;
-    void appearanceChanged() override { showColours(); }
 
     // A person has turned the mark over.
     Event<> clicked;
@@ -40,28 +30,18 @@ public:
     Event<const MouseEvent&> mousePressed, mouseMoved, mouseReleased;
 
 private:
-    std::shared_ptr<void> keepAlive() override { return Widget::keepAlive(); }
+    std::unique_ptr<CheckBoxPeer> createPeer(SurfacePeer& surface) override;
+    void windowMade() override;
+    void showColours() override;
     void mouse(const MouseEvent& event) override;
     bool wheel(const WheelEvent&) override { return false; }
     void keyDown(KeyEvent& event) override { keyWentDown(event); }
     void keyUp(KeyEvent& event) override { keyWentUp(event); }
     int16_t keyPress(int16_t character) override;
-    void focusGained() override;
-    void focusLost() override;
-    KeyRoute preTranslate(const KeyEvent& event) override;
-    bool offerToContainer(const KeyEvent& event) override;
     void checkPressed() override;
-
-    // Something of the window, where there is one.
-    template <typename Statement>
-    void ask(Statement&& statement, Place place = Place::here()) const {
-        if (peer_) attempt(std::forward<Statement>(statement), place);
-    }
-    void showColours();
 
     bool checked_ = false;
     OleColour backColour_{SystemColour::buttonFace};
-    std::unique_ptr<CheckBoxPeer> peer_;
 };
 
 }  // namespace obk

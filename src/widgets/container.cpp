@@ -4,6 +4,7 @@
 #include "widgets/surface.h"
 
 #include <algorithm>
+#include <ranges>
 
 namespace obk {
 
@@ -46,9 +47,9 @@ void Container::paintChildren(Canvas& canvas, const PixelRect& bounds) {
 
 Widget* Container::hitTest(PixelPoint point) {
     if (!Widget::hitTest(point)) return nullptr;
-    for (auto child = children_.rbegin(); child != children_.rend(); ++child) {
-        const PixelRect at = dpi().toPixels((*child)->bounds());
-        if (Widget* hit = (*child)->hitTest({point.x - at.left, point.y - at.top})) return hit;
+    for (Widget* child : std::views::reverse(children_)) {
+        const PixelRect at = dpi().toPixels(child->bounds());
+        if (Widget* hit = child->hitTest({point.x - at.left, point.y - at.top})) return hit;
     }
     return this;
 }

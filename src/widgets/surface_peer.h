@@ -84,7 +84,8 @@ public:
     virtual PixelRect workArea() const = 0;
 
     // Null when the system refuses.
-    virtual std::unique_ptr<TextBoxPeer> createTextBox(TextBoxClient& client) = 0;
+    virtual std::unique_ptr<TextBoxPeer> createTextBox(TextBoxClient& client,
+                                                       HorizontalAlignment alignment) = 0;
     virtual std::unique_ptr<CheckBoxPeer> createCheckBox(CheckBoxClient& client) = 0;
 };
 

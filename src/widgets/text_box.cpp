@@ -1,15 +1,15 @@
 #include "widgets/text_box.h"
 
 #include "base/left_undone.h"
-#include "widgets/surface.h"
+#include "widgets/surface_peer.h"
 
 #include <algorithm>
 
 namespace obk {
 
 TextBox::TextBox(Container& parent)
-    : Widget(parent), font_([this] {
-          ask([&] { peer_->setFont(font_.description()); });
+    : ChildWidget(parent), font_([this] {
+          ask([&] { window().setFont(font_.description()); });
           if (roomBelow_) placed();
           invalidate();
           attempt([&] { fontChanged(); });
@@ -24,13 +24,13 @@ void TextBox::setText(TextView text) {
     selection_ = {};
     invalidate();
     // The window reports its new text in turn; by then it is an equal one.
-    ask([&] { peer_->setText(text_); });
+    ask([&] { window().setText(text_); });
     attempt([&] { changed(); });
 }
 
 TextSelection TextBox::selection() const {
     TextSelection selection = selection_;
-    ask([&] { selection = peer_->selection(); });
+    ask([&] { selection = window().selection(); });
     return selection;
 }
 
@@ -38,13 +38,13 @@ void TextBox::setSelection(TextSelection selection) {
     const auto length = static_cast<int32_t>(std::min<size_t>(text_.size(), INT32_MAX));
     const int32_t start = std::clamp(selection.start, 0, length);
     selection_ = {start, std::clamp(selection.length, 0, length - start)};
-    ask([&] { peer_->setSelection(selection_); });
+    ask([&] { window().setSelection(selection_); });
 }
 
 bool TextBox::setAlignment(int32_t alignment) {
     if (alignment < 0 || alignment > 2) return refuseNumber(alignment, u"0 to 2");
     alignment_ = static_cast<uint8_t>(alignment);
-    ask([&] { peer_->setAlignment(horizontalAlignment()); });
+    ask([&] { window().setAlignment(horizontalAlignment()); });
     invalidate();
     return true;
 }
@@ -52,7 +52,7 @@ bool TextBox::setAlignment(int32_t alignment) {
 bool TextBox::setMaxLength(int32_t length) {
     if (length < 0) return refuseNumber(length, u"0 or more");
     maxLength_ = length;
-    ask([&] { peer_->setMaxLength(length); });
+    ask([&] { window().setMaxLength(length); });
     return true;
 }
 
@@ -74,19 +74,7 @@ void TextBox::centreAbove(int32_t room) {
 
 void TextBox::setAccessibleName(TextView name) {
     if (!attempt([&] { accessibleName_ = name; })) return;
-    ask([&] { peer_->setAccessibleName(accessibleName_); });
-}
-
-bool TextBox::hasFocus() const {
-    bool focused = false;
-    ask([&] { focused = peer_->hasFocus(); });
-    return focused;
-}
-
-bool TextBox::takeFocus() {
-    if (pixelClip().empty() || !enabled()) return false;
-    ask([&] { peer_->focus(); });
-    return hasFocus();
+    ask([&] { window().setAccessibleName(accessibleName_); });
 }
 
 void TextBox::paint(Canvas& canvas, const PixelRect& bounds) {
@@ -98,38 +86,29 @@ void TextBox::paint(Canvas& canvas, const PixelRect& bounds) {
     style.vertical = VerticalAlignment::top;
     style.ellipsis = false;
     const int32_t margin = canvas.dpi().scaled(textMargin);
-    const PixelRect line = lineIn(bounds);
+    const PixelRect line = windowBounds(bounds);
     canvas.drawText(text_, {line.left + margin, line.top, line.right - margin, line.bottom}, style);
 }
 
-void TextBox::attach(SurfacePeer& peer) {
-    attempt([&] { peer_ = peer.createTextBox(*this); });
-    ask([&] { peer_->setFont(font_.description()); });
-    ask([&] { peer_->setAlignment(horizontalAlignment()); });
-    ask([&] { peer_->setMaxLength(maxLength_); });
-    ask([&] { peer_->setAccessibleName(accessibleName_); });
-    ask([&] { peer_->setText(text_); });
-    ask([&] { peer_->setSelection(selection_); });
-    showColours();
-    placed();
+std::unique_ptr<TextBoxPeer> TextBox::createPeer(SurfacePeer& surface) {
+    return surface.createTextBox(*this, horizontalAlignment());
 }
 
-void TextBox::detach() {
-    if (!peer_) return;
+void TextBox::windowMade() {
+    ask([&] { window().setFont(font_.description()); });
+    ask([&] { window().setMaxLength(maxLength_); });
+    ask([&] { window().setAccessibleName(accessibleName_); });
+    ask([&] { window().setText(text_); });
+    ask([&] { window().setSelection(selection_); });
+}
+
+void TextBox::windowGoes() {
     selection_ = selection();
     pressed_ = false;
-    const auto going = std::move(peer_);
-}
-
-void TextBox::placed() {
-    // Each step may take the focus away, and who hears of that may close the window.
-    ask([&] { peer_->setEnabled(enabled()); });
-    ask([&] { peer_->setBounds(lineIn(pixelBounds()), pixelClip()); });
-    ask([&] { peer_->setVisible(!pixelClip().empty()); });
 }
 
 // Windows put their text at their top: one whose text is to be lower stands lower.
-PixelRect TextBox::lineIn(PixelRect bounds) const {
+PixelRect TextBox::windowBounds(PixelRect bounds) const {
     if (!roomBelow_) return bounds;
     const int32_t line = platform().appearance().metrics(font_.description(), dpi()).height();
     bounds.top += std::max((bounds.height() - dpi().scaled(*roomBelow_) - line) / 2, 0);
@@ -185,22 +164,22 @@ void TextBox::keyDown(KeyEvent& event) {
     keyWentDown(event);
     // The commands of editing are no typed characters: they act here, so that a listener which filters what
     // is typed, and sees their control characters too, need not know them.
-    if (!peer_ || event.shift != shift::control) return;
+    if (!hasWindow() || event.shift != shift::control) return;
     switch (event.code) {
         case 'A':
-            peer_->perform(EditCommand::selectAll);
+            window().perform(EditCommand::selectAll);
             break;
         case 'C':
-            peer_->perform(EditCommand::copy);
+            window().perform(EditCommand::copy);
             break;
         case 'V':
-            peer_->perform(EditCommand::paste);
+            window().perform(EditCommand::paste);
             break;
         case 'X':
-            peer_->perform(EditCommand::cut);
+            window().perform(EditCommand::cut);
             break;
         case 'Z':
-            peer_->perform(EditCommand::undo);
+            window().perform(EditCommand::undo);
             break;
         default:
             break;
@@ -221,24 +200,14 @@ int16_t TextBox::keyPress(int16_t character) {
 }
 
 void TextBox::focusGained() {
-    if (Surface* shownOn = surface()) shownOn->childFocusGained(*this);
+    ChildWidget::focusGained();
     focusCame();
 }
 
 void TextBox::focusLost() {
     pressed_ = false;
-    if (Surface* shownOn = surface()) shownOn->childFocusLost(*this);
+    ChildWidget::focusLost();
     focusWent();
-}
-
-KeyRoute TextBox::preTranslate(const KeyEvent& event) {
-    Surface* shownOn = surface();
-    return shownOn ? shownOn->preTranslate(event) : KeyRoute::child;
-}
-
-bool TextBox::offerToContainer(const KeyEvent& event) {
-    Surface* shownOn = surface();
-    return shownOn && shownOn->offerToContainer(event);
 }
 
 void TextBox::textChanged(Text text) {
@@ -252,7 +221,7 @@ HorizontalAlignment TextBox::horizontalAlignment() const {
 }
 
 void TextBox::showColours() {
-    ask([&] { peer_->setColours(rgb(foreColour_), rgb(backColour_)); });
+    ask([&] { window().setColours(rgb(foreColour_), rgb(backColour_)); });
     invalidate();
 }
 

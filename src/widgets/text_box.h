@@ -1,18 +1,16 @@
-// A single-line text edit whose text, selection and look are kept here; its window exists while the control
-// is active.
+// A single-line text edit whose text, selection and look are kept here.
 #pragma once
 
-#include "base/attempt.h"
 #include "base/event.h"
+#include "widgets/child_widget.h"
 #include "widgets/font_holder.h"
 #include "widgets/text_box_peer.h"
-#include "widgets/widget.h"
 
 #include <memory>
 
 namespace obk {
 
-class TextBox final : public Widget, private TextBoxClient {
+class TextBox final : public ChildWidget<TextBoxClient, TextBoxPeer> {
 public:
     explicit TextBox(Container& parent);
     ~TextBox() override;
@@ -40,14 +38,7 @@ public:
     // The text in the middle of the height above some room (pixels at 96 DPI); at first it is at the top.
     void centreAbove(int32_t room);
 
-    bool hasFocus() const;
-    bool takeFocus() override;
-    Widget* focused() override { return hasFocus() ? this : nullptr; }
-
     void paint(Canvas& canvas, const PixelRect& bounds) override;
-    void attach(SurfacePeer& peer) override;
-    void detach() override;
-    void placed() override;
 
     Event<> fontChanged;
     Event<> changed;
@@ -65,7 +56,11 @@ public:
     Event<std::optional<PixelPoint>, bool&> menuAsked;
 
 private:
-    std::shared_ptr<void> keepAlive() override { return Widget::keepAlive(); }
+    std::unique_ptr<TextBoxPeer> createPeer(SurfacePeer& surface) override;
+    void windowMade() override;
+    void windowGoes() override;
+    void showColours() override;
+    PixelRect windowBounds(PixelRect bounds) const override;
     void mouse(const MouseEvent& event) override;
     bool wheel(const WheelEvent& event) override;
     bool contextMenu(std::optional<PixelPoint> at) override;
@@ -74,18 +69,8 @@ private:
     int16_t keyPress(int16_t character) override;
     void focusGained() override;
     void focusLost() override;
-    KeyRoute preTranslate(const KeyEvent& event) override;
-    bool offerToContainer(const KeyEvent& event) override;
     void textChanged(Text text) override;
-
-    // Something of the window, where there is one.
-    template <typename Statement>
-    void ask(Statement&& statement, Place place = Place::here()) const {
-        if (peer_) attempt(std::forward<Statement>(statement), place);
-    }
     HorizontalAlignment horizontalAlignment() const;
-    void showColours();
-    PixelRect lineIn(PixelRect bounds) const;
 
     Text text_;
     TextSelection selection_;  // while there is no window
@@ -97,7 +82,6 @@ private:
     uint8_t alignment_ = 0;
     bool pressed_ = false;
     std::optional<int32_t> roomBelow_;  // none: at the top
-    std::unique_ptr<TextBoxPeer> peer_;
 };
 
 }  // namespace obk

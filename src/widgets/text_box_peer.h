@@ -28,7 +28,7 @@ protected:
 // The air at both sides of an edit's text, in pixels at 96 DPI.
 constexpr int32_t textMargin = 2;
 
-// A single-line text edit window without border. Starts empty, enabled, visible, left aligned.
+// A single-line text edit window without border. Starts empty, enabled and visible.
 class TextBoxPeer : public ChildPeer {
 public:
     virtual void setText(TextView text) = 0;
@@ -37,7 +37,6 @@ public:
     virtual void setAlignment(HorizontalAlignment alignment) = 0;
     // What a person may type or paste; 0 is no limit. Does not shorten the present text.
     virtual void setMaxLength(int32_t length) = 0;
-    virtual void setReadOnly(bool readOnly) = 0;
     virtual void perform(EditCommand command) = 0;
 };
 

@@ -282,6 +282,25 @@ TEST_F(SurfaceTest, TheFocusIsOnesOwnWhileItIsInAnyChild) {
     EXPECT_EQ(take(), Journal{"left"}) << "windows that go take the focus with them";
 }
 
+TEST_F(SurfaceTest, AFieldHasItsWindowFromTheFirstTimeThatItIsSeen) {
+    TextBox field(root);
+    field.move({{900}, {0}, {300}, {285}});
+    field.setVisible(false);
+    surface.close();
+    ASSERT_TRUE(surface.open({SurfacePlacement::Kind::control, 1000, {0, 0, 100, 60}}));
+    field.setText(u"abc");
+    field.setSelection({1, 1});
+    EXPECT_FALSE(field.takeFocus());
+    EXPECT_EQ(platform.windowCount(), 1u) << "that of the surface";
+    field.setVisible(true);
+    ASSERT_TRUE(field.takeFocus());
+    platform.type(u"x");
+    EXPECT_EQ(field.text(), u"axc");
+    field.setVisible(false);
+    field.setVisible(true);
+    EXPECT_EQ(platform.windowCount(), 2u) << "and keeps it";
+}
+
 TEST_F(SurfaceTest, WhoeverHearsThatAFieldLostTheFocusMayCloseTheWindow) {
     TextBox field(root);
     const Connection closes = field.focusWent.connect([this] { surface.close(); });

@@ -81,7 +81,7 @@ void HeadlessSurface::focus() {
     if (canTakeFocus()) platform_.setFocus(id());
 }
 
-std::unique_ptr<TextBoxPeer> HeadlessSurface::createTextBox(TextBoxClient& client) {
+std::unique_ptr<TextBoxPeer> HeadlessSurface::createTextBox(TextBoxClient& client, HorizontalAlignment) {
     return std::make_unique<HeadlessTextBox>(platform_, client, *this);
 }
 

@@ -39,7 +39,7 @@ public:
         return {point.x + bounds_.left, point.y + bounds_.top};
     }
     PixelRect workArea() const override { return platform_.workAreaOf(bounds_); }
-    std::unique_ptr<TextBoxPeer> createTextBox(TextBoxClient& client) override;
+    std::unique_ptr<TextBoxPeer> createTextBox(TextBoxClient& client, HorizontalAlignment alignment) override;
     std::unique_ptr<CheckBoxPeer> createCheckBox(CheckBoxClient& client) override;
 
     // For tests: paints what is invalid and answers what was drawn.

@@ -32,20 +32,18 @@ void HeadlessTextBox::perform(EditCommand command) {
             if (!selected.empty()) platform_.setClipboard(selected);
             break;
         case EditCommand::cut:
-            if (!selected.empty() && !readOnly_) {
+            if (!selected.empty()) {
                 platform_.setClipboard(selected);
                 replaceSelection(u"");
             }
             break;
         case EditCommand::paste:
-            if (!readOnly_) replaceSelection(platform_.clipboard());
+            replaceSelection(platform_.clipboard());
             break;
         case EditCommand::undo:
-            if (!readOnly_) {
-                std::swap(text_, undoText_);
-                selection_ = {};
-                report();
-            }
+            std::swap(text_, undoText_);
+            selection_ = {};
+            report();
             break;
     }
 }
@@ -66,7 +64,7 @@ void HeadlessTextBox::keyEffect(const KeyEvent& event) {
             selection_ = {std::min(selection_.start + selection_.length + 1, length), 0};
             break;
         case key::deleteKey:
-            if (readOnly_ || (selection_.length == 0 && selection_.start == length)) break;
+            if (selection_.length == 0 && selection_.start == length) break;
             if (selection_.length == 0) selection_.length = 1;
             replaceSelection(u"");
             break;
@@ -76,7 +74,6 @@ void HeadlessTextBox::keyEffect(const KeyEvent& event) {
 }
 
 void HeadlessTextBox::characterEffect(char16_t character) {
-    if (readOnly_) return;
     if (character == key::backspace) {
         if (selection_.length == 0 && selection_.start > 0) selection_ = {selection_.start - 1, 1};
         if (selection_.length > 0) replaceSelection(u"");

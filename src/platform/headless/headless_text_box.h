@@ -21,7 +21,6 @@ public:
         work();
         maxLength_ = length;
     }
-    void setReadOnly(bool readOnly) override { readOnly_ = readOnly; }
     void perform(EditCommand command) override;
 
     void keyEffect(const KeyEvent& event) override;
@@ -36,7 +35,6 @@ private:
     Text undoText_;
     TextSelection selection_;
     int32_t maxLength_ = 0;
-    bool readOnly_ = false;
 };
 
 }  // namespace obk::headless

@@ -28,7 +28,7 @@ void ChildWindow::setBounds(const PixelRect& bounds, const PixelRect& clip) {
 
 void ChildWindow::setVisible(bool visible) {
     visible_ = visible;
-    place();
+    showOrHide();
 }
 
 LRESULT ChildWindow::send(UINT message, WPARAM wParam, LPARAM lParam) const {
@@ -39,11 +39,10 @@ void ChildWindow::place() {
     const HWND window = hwnd();
     if (!window) return;
     const PixelRect shown = bounds_.intersected(clip_);
-    const bool nothing = !visible_ || bounds_.empty() || shown.empty();
     const RECT area = toRect(bounds_);
     SetWindowPos(window, nullptr, area.left, area.top, std::max(0L, area.right - area.left),
                  std::max(0L, area.bottom - area.top), SWP_NOZORDER | SWP_NOACTIVATE);
-    const bool clipped = !nothing && shown != bounds_;
+    const bool clipped = !shown.empty() && shown != bounds_;
     if (clipped) {
         const PixelRect inside = shown.moved(-bounds_.left, -bounds_.top);
         UniqueRegion region(CreateRectRgn(inside.left, inside.top, inside.right, inside.bottom));
@@ -53,6 +52,13 @@ void ChildWindow::place() {
         SetWindowRgn(window, nullptr, TRUE);
     }
     clipped_ = clipped;
+    showOrHide();
+}
+
+void ChildWindow::showOrHide() {
+    const HWND window = hwnd();
+    if (!window) return;
+    const bool nothing = !visible_ || bounds_.intersected(clip_).empty();
     if (nothing != ((GetWindowLongW(window, GWL_STYLE) & WS_VISIBLE) == 0))
         ShowWindow(window, nothing ? SW_HIDE : SW_SHOWNA);
 }

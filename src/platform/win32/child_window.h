@@ -31,6 +31,7 @@ protected:
     std::shared_ptr<SurfaceWindow> surfaceWindow() const { return surface_.lock(); }
     LRESULT send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
     void place();
+    void showOrHide();
     // Of a window made anew, which shows whole.
     void forgetClip() { clipped_ = false; }
 

@@ -41,15 +41,19 @@ constexpr WPARAM controlBackspace = 127;
 }  // namespace
 
 TextBoxWindow::TextBoxWindow(const std::shared_ptr<Environment>& environment,
-                             const std::shared_ptr<SurfaceWindow>& surface, TextBoxClient& client)
-    : ChildWindow(environment, surface, client), textBoxClient_(client), fontDpi_(surface->dpi()) {}
+                             const std::shared_ptr<SurfaceWindow>& surface, TextBoxClient& client,
+                             HorizontalAlignment alignment)
+    : ChildWindow(environment, surface, client),
+      textBoxClient_(client),
+      alignment_(alignment),
+      fontDpi_(surface->dpi()) {}
 
 std::shared_ptr<TextBoxWindow> TextBoxWindow::create(const std::shared_ptr<Environment>& environment,
                                                      const std::shared_ptr<SurfaceWindow>& surface,
-                                                     TextBoxClient& client) {
+                                                     TextBoxClient& client, HorizontalAlignment alignment) {
     const HWND parent = surface->hwnd();
     if (!parent) return nullptr;
-    const std::shared_ptr<TextBoxWindow> self(new TextBoxWindow(environment, surface, client));
+    std::shared_ptr<TextBoxWindow> self(new TextBoxWindow(environment, surface, client, alignment));
     const HWND window = self->makeWindow(parent);
     if (!window) return nullptr;
     self->adopt(window);
@@ -61,8 +65,7 @@ std::shared_ptr<TextBoxWindow> TextBoxWindow::create(const std::shared_ptr<Envir
 
 HWND TextBoxWindow::makeWindow(HWND parent) const {
     const Environment::ActivationScope scope(environment());
-    const DWORD style =
-        WS_CHILD | WS_CLIPSIBLINGS | ES_AUTOHSCROLL | styleOf(alignment_) | (readOnly_ ? ES_READONLY : 0);
+    const DWORD style = WS_CHILD | WS_CLIPSIBLINGS | ES_AUTOHSCROLL | styleOf(alignment_);
     return CreateWindowExW(0, L"EDIT", L"", style, 0, 0, 0, 0, parent, nullptr, environment().module(),
                            nullptr);
 }
@@ -184,24 +187,19 @@ void TextBoxWindow::setMaxLength(int32_t length) {
     send(EM_LIMITTEXT, static_cast<WPARAM>(maxLength_));
 }
 
-void TextBoxWindow::setReadOnly(bool readOnly) {
-    readOnly_ = readOnly;
-    send(EM_SETREADONLY, readOnly);
-}
-
 void TextBoxWindow::perform(EditCommand command) {
     switch (command) {
         case EditCommand::undo:
-            if (!readOnly_) send(WM_UNDO);
+            send(WM_UNDO);
             break;
         case EditCommand::cut:
-            if (!readOnly_) send(WM_CUT);
+            send(WM_CUT);
             break;
         case EditCommand::copy:
             send(WM_COPY);
             break;
         case EditCommand::paste:
-            if (!readOnly_) send(WM_PASTE);
+            send(WM_PASTE);
             break;
         case EditCommand::selectAll:
             send(EM_SETSEL, 0, -1);

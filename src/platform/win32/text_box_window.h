@@ -13,7 +13,7 @@ public:
     // Null when the system refuses.
     static std::shared_ptr<TextBoxWindow> create(const std::shared_ptr<Environment>& environment,
                                                  const std::shared_ptr<SurfaceWindow>& surface,
-                                                 TextBoxClient& client);
+                                                 TextBoxClient& client, HorizontalAlignment alignment);
 
     void setFont(const FontDescription& font);
     void setColours(Rgb text, Rgb background);
@@ -24,7 +24,6 @@ public:
     // The system fixes an edit window's alignment when it makes it: this makes another one in its place.
     void setAlignment(HorizontalAlignment alignment);
     void setMaxLength(int32_t length);
-    void setReadOnly(bool readOnly);
     void perform(EditCommand command);
 
     HBRUSH prepareColours(HDC dc) const override;
@@ -33,7 +32,8 @@ public:
 
 private:
     TextBoxWindow(const std::shared_ptr<Environment>& environment,
-                  const std::shared_ptr<SurfaceWindow>& surface, TextBoxClient& client);
+                  const std::shared_ptr<SurfaceWindow>& surface, TextBoxClient& client,
+                  HorizontalAlignment alignment);
     LRESULT handle(const Message& message) override;
     LRESULT systemDefault(const Message& message) override;
 
@@ -45,9 +45,8 @@ private:
     Text text() const;
 
     TextBoxClient& textBoxClient_;  // only while listening()
-    HorizontalAlignment alignment_ = HorizontalAlignment::left;
+    HorizontalAlignment alignment_;
     int32_t maxLength_ = 0;
-    bool readOnly_ = false;
     FontDescription font_;
     Dpi fontDpi_;
     SharedGdiFont gdiFont_;

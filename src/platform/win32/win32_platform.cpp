@@ -80,7 +80,6 @@ public:
     TextSelection selection() const override { return window_->selection(); }
     void setAlignment(HorizontalAlignment alignment) override { window_->setAlignment(alignment); }
     void setMaxLength(int32_t length) override { window_->setMaxLength(length); }
-    void setReadOnly(bool readOnly) override { window_->setReadOnly(readOnly); }
     void perform(EditCommand command) override { window_->perform(command); }
 };
 
@@ -125,8 +124,9 @@ public:
         return {at.x, at.y};
     }
     PixelRect workArea() const override { return workAreaOf(window_->hwnd()); }
-    std::unique_ptr<TextBoxPeer> createTextBox(TextBoxClient& client) override {
-        auto made = TextBoxWindow::create(environment_, window_, client);
+    std::unique_ptr<TextBoxPeer> createTextBox(TextBoxClient& client,
+                                               HorizontalAlignment alignment) override {
+        auto made = TextBoxWindow::create(environment_, window_, client, alignment);
         if (!made) return nullptr;
         auto peer = std::make_unique<TextBox>(std::move(made));
         peer->setVisible(true);
