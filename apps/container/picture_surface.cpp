@@ -63,8 +63,9 @@ int PictureSurface::count(COLORREF colour) const {
     if (!bits_) return 0;
     GdiFlush();
     const unsigned wanted = dibColour(colour);
-    return static_cast<int>(std::count_if(bits_, bits_ + width_ * height_,
-                                          [&](unsigned value) { return (value & ~opaque) == wanted; }));
+    const size_t pixels = static_cast<size_t>(width_) * static_cast<size_t>(height_);
+    return static_cast<int>(
+        std::count_if(bits_, bits_ + pixels, [&](unsigned value) { return (value & ~opaque) == wanted; }));
 }
 
 void PictureSurface::copyWindow(HWND window, POINT place) {

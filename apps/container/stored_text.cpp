@@ -279,7 +279,7 @@ std::wstring writeValue(const StoredValue& stored) {
     if (const auto* object = std::get_if<StoredObject>(&stored))
         return L"Object " + classText(object->classId) + L' ' + base64(object->bytes);
     if (const auto* bytes = std::get_if<StoredBytes>(&stored)) return L"Bytes " + base64(bytes->bytes);
-    const Variant& value = std::get<Variant>(stored);
+    const auto& value = std::get<Variant>(stored);
     for (const Tag& tag : tags) {
         if (tag.type == value.type()) return tag.name + (L' ' + writePlain(value));
     }

@@ -79,7 +79,7 @@ private:
     template <typename Content>
     Variant(int type, Content content) : Variant() {
         value_.vt = static_cast<VARTYPE>(type);
-        std::memcpy(&V_NONE(&value_), &content, sizeof content);
+        std::memcpy(&V_NONE(&value_), &content, sizeof(Content));
     }
 
     VARIANT value_;

@@ -31,7 +31,7 @@ public:
     std::function<void()> onCountChanged;
 
 protected:
-    void drawRow(HDC dc, const RECT& area, int row, bool selected) override;
+    void drawRow(HDC dc, const RECT& area, int index, bool selected) override;
 
 private:
     std::deque<Row> rows_;

@@ -82,7 +82,7 @@ int run(const Options& options, int show) {
 
 }  // namespace
 
-int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int show) {
+int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int nShowCmd) {
     const Options options = readOptions();
     if (!options.problem.empty()) {
         say(options.problem, true);
@@ -94,7 +94,7 @@ int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int show) {
         say(L"COM is not available", true);
         return 1;
     }
-    const int code = run(options, show);
+    const int code = run(options, nShowCmd);
     OleUninitialize();
     return code;
 }

@@ -7,8 +7,6 @@ namespace obk::gallery {
 
 namespace {
 
-constexpr int line = 24;  // height of a field
-
 enum Column : long { stateCol, numberCol, customerCol, articleCol, deliveryCol, timeCol, piecesCol, paidCol };
 
 struct ColumnEntry {
@@ -88,9 +86,9 @@ std::wstring ordersFile() {
 }  // namespace
 
 void buildOrderDesk(Scene& scene) {
-    scene.text({20, 14, 466, line}, L"Order desk", TextLook::heading);
+    scene.text({20, 14, 466, fieldHeight}, L"Order desk", TextLook::heading);
     SceneControl& control = scene.control(L"Orders", L"OBKCTRLS.GridEdit", {20, 44, 466, 164});
-    const size_t told = scene.text({20, 218, 200, line}, L"", TextLook::dim);
+    const size_t told = scene.text({20, 218, 200, fieldHeight}, L"", TextLook::dim);
     setUp(control.object());
 
     const auto total = [&scene, &control, told] {

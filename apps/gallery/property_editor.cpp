@@ -8,7 +8,7 @@ namespace obk::gallery {
 
 namespace {
 
-constexpr UINT_PTR subclassId = 2;
+constexpr UINT_PTR editorSubclassId = 2;
 
 // Both list and field are drawn over the value, so the parent's own children lie beneath.
 void raise(HWND window) {
@@ -22,7 +22,8 @@ void PropertyEditor::open(HWND parent, const wchar_t* className, const RECT& are
         CreateWindowExW(0, className, L"", style | WS_CHILD, area.left, area.top, area.right - area.left,
                         area.bottom - area.top, parent, nullptr, GetModuleHandleW(nullptr), nullptr);
     SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(theme_.body()), FALSE);
-    SetWindowSubclass(window_, &PropertyEditor::procedure, subclassId, reinterpret_cast<DWORD_PTR>(this));
+    SetWindowSubclass(window_, &PropertyEditor::procedure, editorSubclassId,
+                      reinterpret_cast<DWORD_PTR>(this));
 }
 
 void PropertyEditor::openText(HWND parent, const RECT& area, const std::wstring& text, AcceptText accept) {
@@ -89,7 +90,7 @@ void PropertyEditor::finish() {
 
 void PropertyEditor::close() {
     if (const HWND window = std::exchange(window_, nullptr)) {
-        RemoveWindowSubclass(window, &PropertyEditor::procedure, subclassId);
+        RemoveWindowSubclass(window, &PropertyEditor::procedure, editorSubclassId);
         DestroyWindow(window);
     }
 }

@@ -49,7 +49,7 @@ public:
 
 private:
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
-                                      DWORD_PTR self);
+                                      DWORD_PTR data);
     void open(HWND parent, const wchar_t* className, const RECT& area, DWORD style);
     bool accept();
     void closedByKey();

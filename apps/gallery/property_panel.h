@@ -35,8 +35,8 @@ public:
     std::function<void()> onScroll;
 
 protected:
-    void drawRow(HDC dc, const RECT& area, int row, bool selected) override;
-    COLORREF rowBackground(int row, bool selected) const override;
+    void drawRow(HDC dc, const RECT& area, int index, bool selected) override;
+    COLORREF rowBackground(int index, bool selected) const override;
     void selectionChanged(int row) override;
     void doubleClicked(int row) override;
     bool onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
@@ -74,7 +74,7 @@ private:
     void layOut();
     PropertyList::Row describe(const container::Member& member) const;
     const std::vector<container::Choice>& choicesOf(const container::Member& member) const;
-    void edit(int row);
+    void edit(int index);
     void editColour(const container::Member& member, const RECT& area);
     void editFont(const container::Member& member);
     void editMethod(const container::Member& member, const RECT& area);

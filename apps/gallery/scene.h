@@ -24,6 +24,8 @@ struct Place {
     int height = 0;
 };
 
+constexpr int fieldHeight = 24;  // of a line in a form
+
 enum class TextLook { label, dim, strong, heading, total };
 
 // A control on the scene. Without a live object `failure` says why.

@@ -8,8 +8,6 @@ namespace obk::gallery {
 
 namespace {
 
-constexpr int line = 24;  // height of a field
-
 double number(const SceneControl& control) {
     return control.object().value(L"Text").toDouble().value_or(0);
 }
@@ -32,24 +30,24 @@ std::wstring sizeText(SIZE size) {
 
 void buildOrderLine(Scene& scene) {
     constexpr auto progId = L"OBKCTRLS.UpDownTextBox";
-    scene.text({20, 14, 460, line}, L"Order 4711 \x2013 position 3", TextLook::heading);
+    scene.text({20, 14, 460, fieldHeight}, L"Order 4711 \x2013 position 3", TextLook::heading);
 
-    scene.text({20, 52, 110, line}, L"Article");
-    scene.input({136, 52, 350, line}, L"Writing desk, oak, 160 \x00D7 80 cm");
+    scene.text({20, 52, 110, fieldHeight}, L"Article");
+    scene.input({136, 52, 350, fieldHeight}, L"Writing desk, oak, 160 \x00D7 80 cm");
 
-    scene.text({20, 88, 110, line}, L"Quantity");
-    SceneControl& quantity = scene.control(L"Quantity", progId, {136, 88, 96, line});
-    scene.text({242, 88, 60, line}, L"pieces", TextLook::dim);
-    scene.text({316, 88, 70, line}, L"In stock", TextLook::label, DT_RIGHT);
-    SceneControl& stock = scene.control(L"Stock", progId, {396, 88, 90, line});
+    scene.text({20, 88, 110, fieldHeight}, L"Quantity");
+    SceneControl& quantity = scene.control(L"Quantity", progId, {136, 88, 96, fieldHeight});
+    scene.text({242, 88, 60, fieldHeight}, L"pieces", TextLook::dim);
+    scene.text({316, 88, 70, fieldHeight}, L"In stock", TextLook::label, DT_RIGHT);
+    SceneControl& stock = scene.control(L"Stock", progId, {396, 88, 90, fieldHeight});
 
-    scene.text({20, 124, 110, line}, L"Unit price");
-    SceneControl& price = scene.control(L"UnitPrice", progId, {136, 124, 96, line});
-    scene.text({242, 124, 60, line}, L"EUR", TextLook::dim);
+    scene.text({20, 124, 110, fieldHeight}, L"Unit price");
+    SceneControl& price = scene.control(L"UnitPrice", progId, {136, 124, 96, fieldHeight});
+    scene.text({242, 124, 60, fieldHeight}, L"EUR", TextLook::dim);
 
-    scene.text({20, 160, 110, line}, L"Discount");
-    SceneControl& discount = scene.control(L"Discount", progId, {136, 160, 96, line});
-    scene.text({242, 160, 60, line}, L"%", TextLook::dim);
+    scene.text({20, 160, 110, fieldHeight}, L"Discount");
+    SceneControl& discount = scene.control(L"Discount", progId, {136, 160, 96, fieldHeight});
+    scene.text({242, 160, 60, fieldHeight}, L"%", TextLook::dim);
 
     scene.panel({20, 206, 466, 44});
     scene.text({34, 206, 90, 44}, L"Amount", TextLook::strong);
@@ -94,25 +92,25 @@ void buildOrderLine(Scene& scene) {
 
 void buildBooking(Scene& scene) {
     constexpr auto progId = L"OBKCTRLS.DateCalendar";
-    scene.text({20, 14, 460, line}, L"Hotel Aurora \x2013 new booking", TextLook::heading);
+    scene.text({20, 14, 460, fieldHeight}, L"Hotel Aurora \x2013 new booking", TextLook::heading);
 
-    scene.text({20, 52, 110, line}, L"Guest");
-    scene.input({136, 52, 350, line}, L"Ms Ingrid Solberg");
+    scene.text({20, 52, 110, fieldHeight}, L"Guest");
+    scene.input({136, 52, 350, fieldHeight}, L"Ms Ingrid Solberg");
 
-    scene.text({20, 88, 110, line}, L"Arrival");
-    SceneControl& arrival = scene.control(L"Arrival", progId, {136, 88, 150, line});
-    const size_t arrives = scene.text({300, 88, 186, line}, L"", TextLook::dim);
+    scene.text({20, 88, 110, fieldHeight}, L"Arrival");
+    SceneControl& arrival = scene.control(L"Arrival", progId, {136, 88, 150, fieldHeight});
+    const size_t arrives = scene.text({300, 88, 186, fieldHeight}, L"", TextLook::dim);
 
-    scene.text({20, 124, 110, line}, L"Departure");
-    SceneControl& departure = scene.control(L"Departure", progId, {136, 124, 150, line});
-    const size_t departs = scene.text({300, 124, 186, line}, L"", TextLook::dim);
+    scene.text({20, 124, 110, fieldHeight}, L"Departure");
+    SceneControl& departure = scene.control(L"Departure", progId, {136, 124, 150, fieldHeight});
+    const size_t departs = scene.text({300, 124, 186, fieldHeight}, L"", TextLook::dim);
 
-    scene.text({20, 160, 110, line}, L"Room");
-    scene.choice({136, 160, 150, line}, {L"Single", L"Double", L"Suite"}, 1);
+    scene.text({20, 160, 110, fieldHeight}, L"Room");
+    scene.choice({136, 160, 150, fieldHeight}, {L"Single", L"Double", L"Suite"}, 1);
 
-    scene.text({20, 196, 110, line}, L"Invoice");
-    SceneControl& invoice = scene.control(L"InvoiceDate", progId, {136, 196, 150, line});
-    scene.text({300, 196, 186, line}, L"set when the stay ends", TextLook::dim);
+    scene.text({20, 196, 110, fieldHeight}, L"Invoice");
+    SceneControl& invoice = scene.control(L"InvoiceDate", progId, {136, 196, 150, fieldHeight});
+    scene.text({300, 196, 186, fieldHeight}, L"set when the stay ends", TextLook::dim);
 
     arrival.object().put(L"Text", L"Fri 4 Dec 2026");
     departure.object().put(L"Text", L"Mon 7 Dec 2026");
@@ -137,7 +135,7 @@ void buildBooking(Scene& scene) {
 
 void buildOrderStates(Scene& scene) {
     constexpr auto progId = L"OBKCTRLS.ButtonPalette";
-    scene.text({20, 14, 460, line}, L"Colours of the order states", TextLook::heading);
+    scene.text({20, 14, 460, fieldHeight}, L"Colours of the order states", TextLook::heading);
 
     struct State {
         const wchar_t* label;
@@ -150,9 +148,9 @@ void buildOrderStates(Scene& scene) {
                                 {L"Delivered", L"Delivered", 0xC0C0C0}};
     int y = 44;
     for (const State& state : states) {
-        scene.text({20, y, 100, line}, state.label);
-        SceneControl& control = scene.control(state.name, progId, {124, y, 100, line});
-        const size_t chosen = scene.text({236, y, 250, line}, L"", TextLook::dim);
+        scene.text({20, y, 100, fieldHeight}, state.label);
+        SceneControl& control = scene.control(state.name, progId, {124, y, 100, fieldHeight});
+        const size_t chosen = scene.text({236, y, 250, fieldHeight}, L"", TextLook::dim);
         control.object().put(L"Caption", L"Colour");
         control.object().put(L"Color", state.colour);
         const auto show = [&scene, &control, chosen] {
@@ -163,12 +161,12 @@ void buildOrderStates(Scene& scene) {
     }
 
     // One button for each palette, named as a host names them.
-    scene.text({20, 166, 466, line}, L"The twelve palettes", TextLook::strong);
+    scene.text({20, 166, 466, fieldHeight}, L"The twelve palettes", TextLook::strong);
     int at = 0;
     if (const auto* palette = scene.find(L"Confirmed")->members.property(L"Palette")) {
         for (const container::Choice& choice : palette->type.choices) {
             SceneControl& control =
-                scene.control(choice.name, progId, {20 + at % 4 * 118, 192 + at / 4 * 30, 110, line});
+                scene.control(choice.name, progId, {20 + at % 4 * 118, 192 + at / 4 * 30, 110, fieldHeight});
             control.object().put(L"Palette", choice.value);
             control.object().put(L"Caption", choice.name);
             control.object().put(L"ShowButtonColor", false);
@@ -180,7 +178,7 @@ void buildOrderStates(Scene& scene) {
 
 void buildAddressRows(Scene& scene) {
     constexpr auto progId = L"OBKCTRLS.ButtonArrow";
-    scene.text({20, 14, 460, line}, L"Delivery address", TextLook::heading);
+    scene.text({20, 14, 460, fieldHeight}, L"Delivery address", TextLook::heading);
     struct Row {
         const wchar_t* label;
         const wchar_t* text;
@@ -195,13 +193,13 @@ void buildAddressRows(Scene& scene) {
     };
     int y = 52;
     for (const Row& row : rows) {
-        scene.text({20, y, 110, line}, row.label);
-        scene.input({136, y, row.width, line}, row.text);
+        scene.text({20, y, 110, fieldHeight}, row.label);
+        scene.input({136, y, row.width, fieldHeight}, row.text);
         // The button keeps its size of 12 by 14 pixels; it stands in the middle of the field's height.
         scene.control(row.name, progId, {136 + row.width + 6, y + 5, 12, 14});
         y += 36;
     }
-    const size_t answer = scene.text({20, 212, 300, line},
+    const size_t answer = scene.text({20, 212, 300, fieldHeight},
                                      L"An arrow keeps its size, whatever it is asked for.", TextLook::dim);
     scene.button({346, 210, 140, 28}, L"Stretch the arrows", [&scene, answer] {
         for (const auto& control : scene.controls()) {
@@ -220,16 +218,16 @@ void buildSettingsGroups(Scene& scene) {
     constexpr auto progId = L"OBKCTRLS.lns";
     const auto group = [&](int y, const wchar_t* title, int titleWidth,
                            const wchar_t* name) -> SceneControl& {
-        scene.text({20, y, titleWidth, line}, title, TextLook::strong);
+        scene.text({20, y, titleWidth, fieldHeight}, title, TextLook::strong);
         return scene.control(name, progId, {20 + titleWidth, y + 12, 466 - titleWidth, 3});
     };
     std::vector<SceneControl*> lines;
     lines.push_back(&group(12, L"Documents", 80, L"DocumentsLine"));
-    scene.checkBox({36, 40, 260, line}, L"Print a delivery note with each order", true);
-    scene.checkBox({36, 66, 260, line}, L"Show prices on delivery notes", false);
+    scene.checkBox({36, 40, 260, fieldHeight}, L"Print a delivery note with each order", true);
+    scene.checkBox({36, 66, 260, fieldHeight}, L"Show prices on delivery notes", false);
 
     lines.push_back(&group(98, L"Reminders", 80, L"RemindersLine"));
-    scene.text({36, 126, 120, line}, L"First reminder after");
+    scene.text({36, 126, 120, fieldHeight}, L"First reminder after");
     scene.choice({160, 126, 120, 160}, {L"14 days", L"30 days", L"Never"}, 0);
 
     lines.push_back(&group(158, L"Currency", 80, L"CurrencyLine"));

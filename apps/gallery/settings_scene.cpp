@@ -10,8 +10,6 @@ namespace obk::gallery {
 
 namespace {
 
-constexpr int line = 24;  // height of a field
-
 // What belongs to one page: windows that are shown and hidden, and texts that come and go.
 struct SettingsPage {
     std::vector<HWND> windows;
@@ -24,7 +22,7 @@ public:
 
     void begin() { pages_.emplace_back(); }
     void label(int y, const wchar_t* text) {
-        pages_.back().texts.emplace_back(scene_.text({36, y, 150, line}, L""), text);
+        pages_.back().texts.emplace_back(scene_.text({36, y, 150, fieldHeight}, L""), text);
     }
     void add(HWND window) { pages_.back().windows.push_back(window); }
 
@@ -47,35 +45,35 @@ private:
 }  // namespace
 
 void buildSettings(Scene& scene) {
-    scene.text({20, 14, 460, line}, L"Settings", TextLook::heading);
+    scene.text({20, 14, 460, fieldHeight}, L"Settings", TextLook::heading);
     SceneControl& tabs = scene.control(L"Pages", L"OBKCTRLS.PageTab", {20, 48, 466, 27});
 
     const auto pages = std::make_shared<SettingsPages>(scene);
     pages->begin();
     pages->label(92, L"Company");
-    pages->add(scene.input({190, 92, 260, line}, L"Orbek Office Supplies"));
+    pages->add(scene.input({190, 92, 260, fieldHeight}, L"Orbek Office Supplies"));
     pages->label(126, L"Language");
     pages->add(scene.choice({190, 126, 160, 160}, {L"English", L"Deutsch", L"Svenska"}, 0));
-    pages->add(scene.checkBox({36, 162, 300, line}, L"Open the last order at the start", true));
+    pages->add(scene.checkBox({36, 162, 300, fieldHeight}, L"Open the last order at the start", true));
 
     pages->begin();
     pages->label(92, L"Printer");
     pages->add(scene.choice({190, 92, 260, 160}, {L"Office, first floor", L"Warehouse"}, 0));
-    pages->add(scene.checkBox({36, 128, 300, line}, L"Print on both sides", true));
-    pages->add(scene.checkBox({36, 154, 300, line}, L"Print a delivery note with each order", false));
+    pages->add(scene.checkBox({36, 128, 300, fieldHeight}, L"Print on both sides", true));
+    pages->add(scene.checkBox({36, 154, 300, fieldHeight}, L"Print a delivery note with each order", false));
 
     pages->begin();
     pages->label(92, L"First reminder after");
     pages->add(scene.choice({190, 92, 120, 160}, {L"14 days", L"30 days", L"Never"}, 1));
     pages->label(126, L"Interest");
-    pages->add(scene.input({190, 126, 60, line}, L"8.0"));
+    pages->add(scene.input({190, 126, 60, fieldHeight}, L"8.0"));
 
     pages->begin();
     pages->label(92, L"Changes are kept for");
     pages->add(scene.choice({190, 92, 120, 160}, {L"A month", L"A year", L"Ever"}, 1));
-    pages->add(scene.checkBox({36, 128, 300, line}, L"Ask before an order is deleted", true));
+    pages->add(scene.checkBox({36, 128, 300, fieldHeight}, L"Ask before an order is deleted", true));
 
-    const size_t told = scene.text({20, 226, 300, line}, L"", TextLook::dim);
+    const size_t told = scene.text({20, 226, 300, fieldHeight}, L"", TextLook::dim);
     const auto showActive = [&tabs, pages] {
         pages->show(static_cast<size_t>(tabs.object().value(L"ActiveTab").toLong().value_or(0)));
     };

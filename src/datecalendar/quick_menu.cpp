@@ -54,6 +54,7 @@ constexpr std::array lines{
 
 std::vector<MenuItem> quickMenu() {
     std::vector<MenuItem> menu;
+    menu.reserve(lines.size());
     for (const Line& line : lines) menu.push_back({Text(line.caption)});
     return menu;
 }

@@ -29,7 +29,8 @@ std::optional<Text> fixedText(double number, int32_t places) {
     int pointAt = exponent + 1;
 
     if (pointAt <= 0) {
-        digits.insert(0, static_cast<size_t>(1 - pointAt), '0');
+        const int zeros = 1 - pointAt;
+        digits.insert(0, static_cast<size_t>(zeros), '0');
         pointAt = 1;
     }
     const auto kept = static_cast<size_t>(pointAt + places);

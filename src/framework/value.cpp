@@ -94,7 +94,8 @@ Text numberText(double number, int digits) {
     } else if (count <= exponent + 1) {
         text += mantissa + std::string(static_cast<size_t>(exponent + 1 - count), '0');
     } else {
-        const auto whole = static_cast<size_t>(exponent + 1);
+        const int digitsBefore = exponent + 1;
+        const auto whole = static_cast<size_t>(digitsBefore);
         text += mantissa.substr(0, whole) + "." + mantissa.substr(whole);
     }
     return fromUtf8(text);

@@ -17,6 +17,7 @@ void readRows(GridModel& grid, GridFileReader& file, const ColumnTypes& types) {
     const StyleRef plain = grid.sharedStyle(loadedStyle(ColumnType::text));
     const StyleRef check = grid.sharedStyle(loadedStyle(ColumnType::checkBox));
     std::vector<StyleRef> styles;
+    styles.reserve(static_cast<size_t>(grid.cols()));
     for (int32_t col = 0; col < grid.cols(); ++col)
         styles.push_back(types.type(col) == ColumnType::checkBox ? check : plain);
     bool room = true;

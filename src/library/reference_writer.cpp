@@ -9,7 +9,7 @@ namespace obk {
 
 namespace {
 
-Text typeName(const Member& member) {
+Text nameOfType(const Member& member) {
     return member.enumeration ? member.enumeration->name : Text(typeName(member.type));
 }
 
@@ -125,8 +125,8 @@ private:
         if (!member.put) access = u" (read only)";
         if (!member.get) access = u" (write only)";
         line(u"| " + decimalText(member.number) + u" | " + code(member.name) + access + u" | " +
-             typeName(member) + u" | " + (value ? keyCell(*value) : Text()) + u" | " + cell(placed) + u" | " +
-             (value ? cell(value->readDefault) : Text()) + u" | " +
+             nameOfType(member) + u" | " + (value ? keyCell(*value) : Text()) + u" | " + cell(placed) +
+             u" | " + (value ? cell(value->readDefault) : Text()) + u" | " +
              (value ? cell(value->writeDefault) : Text()) + u" | " + member.help + u" |");
     }
 
@@ -140,7 +140,7 @@ private:
                 line(u"|---|---|---|");
                 any = true;
             }
-            const Text result = member.type == ValueType::empty ? Text() : u" As " + typeName(member);
+            const Text result = member.type == ValueType::empty ? Text() : u" As " + nameOfType(member);
             line(u"| " + decimalText(member.number) + u" | " + code(signature(member) + result) + u" | " +
                  member.help + u" |");
         }

@@ -41,7 +41,7 @@ private:
     Rgb classicTab(const PixelRect& rect, const TabFace& face);
     Rgb contrastTab(const PixelRect& rect, const TabFace& face);
     // Left, top and right lines, open below.
-    void openFrame(const PixelRect& rect, Rgb colour, int32_t thickness);
+    void openFrame(const PixelRect& rect, Rgb ink, int32_t thickness);
     void caption(const TabFace& face, Rgb ink);
 
     Canvas& canvas_;

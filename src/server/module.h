@@ -10,11 +10,9 @@
 #include <memory>
 #include <string>
 
-namespace obk {
-namespace win32 {
+namespace obk::win32 {
 class Win32Platform;
-}
-}  // namespace obk
+}  // namespace obk::win32
 
 namespace obk::server::module {
 

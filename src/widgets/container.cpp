@@ -4,7 +4,6 @@
 #include "widgets/surface.h"
 
 #include <algorithm>
-#include <ranges>
 
 namespace obk {
 
@@ -47,9 +46,9 @@ void Container::paintChildren(Canvas& canvas, const PixelRect& bounds) {
 
 Widget* Container::hitTest(PixelPoint point) {
     if (!Widget::hitTest(point)) return nullptr;
-    for (Widget* child : std::views::reverse(children_)) {
-        const PixelRect at = dpi().toPixels(child->bounds());
-        if (Widget* hit = child->hitTest({point.x - at.left, point.y - at.top})) return hit;
+    for (auto child = children_.rbegin(); child != children_.rend(); ++child) {
+        const PixelRect at = dpi().toPixels((*child)->bounds());
+        if (Widget* hit = (*child)->hitTest({point.x - at.left, point.y - at.top})) return hit;
     }
     return this;
 }

@@ -67,7 +67,7 @@ public:
     void paintInvalid();
     // Lets a surface paint, at once; what it draws and what was invalid are in its record.
     HeadlessSurface* surface(NativeWindow window) const;
-    void setDpi(NativeWindow surface, Dpi dpi);
+    void setDpi(NativeWindow window, Dpi dpi);
     // The parts of the monitors that windows may use; at first one of 1280 by 800 pixels.
     void setWorkAreas(std::vector<PixelRect> areas) { workAreas_ = std::move(areas); }
     PixelRect workAreaOf(const PixelRect& rect) const;

@@ -13,7 +13,7 @@ std::shared_ptr<CheckBoxWindow> CheckBoxWindow::create(const std::shared_ptr<Env
                                                        CheckBoxClient& client) {
     const HWND parent = surface->hwnd();
     if (!parent) return nullptr;
-    const std::shared_ptr<CheckBoxWindow> self(new CheckBoxWindow(environment, surface, client));
+    std::shared_ptr<CheckBoxWindow> self(new CheckBoxWindow(environment, surface, client));
     const Environment::ActivationScope scope(*environment);
     const HWND window = CreateWindowExW(0, L"BUTTON", L"", WS_CHILD | WS_CLIPSIBLINGS | BS_CHECKBOX, 0, 0, 0,
                                         0, parent, nullptr, environment->module(), nullptr);

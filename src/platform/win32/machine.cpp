@@ -16,7 +16,7 @@ public:
     ~OpenKey() override { RegCloseKey(key_); }
 
     bool query(TextView name, std::string& buffer, uint32_t& size, uint32_t& type) const override {
-        DWORD bytes = static_cast<DWORD>(buffer.size());
+        auto bytes = static_cast<DWORD>(buffer.size());
         DWORD kind = 0;
         const LSTATUS status = RegQueryValueExA(key_, toSystemCodePage(name).c_str(), nullptr, &kind,
                                                 reinterpret_cast<BYTE*>(buffer.data()), &bytes);

@@ -57,13 +57,13 @@ SurfaceWindow::SurfaceWindow(std::shared_ptr<Environment> environment, SurfaceCl
       kind_(kind),
       visible_(kind == Kind::control) {}
 
-std::shared_ptr<SurfaceWindow> SurfaceWindow::create(std::shared_ptr<Environment> environment,
+std::shared_ptr<SurfaceWindow> SurfaceWindow::create(const std::shared_ptr<Environment>& environment,
                                                      SurfaceClient& client,
                                                      const SurfacePlacement& placement) {
     const wchar_t* const className = environment->surfaceClass();
     const auto parent = reinterpret_cast<HWND>(placement.parent);
     if (!className || (placement.kind == Kind::control && !IsWindow(parent))) return nullptr;
-    const std::shared_ptr<SurfaceWindow> self(new SurfaceWindow(environment, client, placement.kind));
+    std::shared_ptr<SurfaceWindow> self(new SurfaceWindow(environment, client, placement.kind));
 
     const bool child = placement.kind == Kind::control;
     const bool panel = placement.kind == Kind::panel;
@@ -301,7 +301,7 @@ void SurfaceWindow::closeSilently(ClientWindow& child) {
 
 std::shared_ptr<ChildWindow> SurfaceWindow::child(HWND window) const {
     for (const auto& known : children_) {
-        const auto found = known.lock();
+        auto found = known.lock();
         if (found && window && found->hwnd() == window) return found;
     }
     return nullptr;

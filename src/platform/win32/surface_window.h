@@ -19,7 +19,7 @@ class ChildWindow;
 class SurfaceWindow final : public ClientWindow, private AppearanceListener {
 public:
     // Null when the system refuses.
-    static std::shared_ptr<SurfaceWindow> create(std::shared_ptr<Environment> environment,
+    static std::shared_ptr<SurfaceWindow> create(const std::shared_ptr<Environment>& environment,
                                                  SurfaceClient& client, const SurfacePlacement& placement);
 
     void closeSurface();
