@@ -61,45 +61,24 @@ HRESULT resultOf(CallStatus status) {
     return E_UNEXPECTED;
 }
 
-// A value for one call. Numbers own nothing, so that ending one the general way is not worth its time: half
-// of all late-bound calls carry a number.
-class CallValue {
-public:
-    CallValue() : value_() {}
-    template <typename Number>
-    explicit CallValue(Number number) : value_(number) {}
-    CallValue(const CallValue&) = delete;
-    CallValue& operator=(const CallValue&) = delete;
-    ~CallValue() {
-        const ValueType type = typeOf(value_);
-        if (type >= ValueType::text && type != ValueType::colour) value_.~Value();
-    }
-    Value& operator*() { return value_; }
-
-private:
-    union {
-        Value value_;
-    };
-};
-
 HRESULT get(Control& control, const Member& member, const DISPPARAMS& arguments, VARIANT* result) {
     if (!member.get) return DISP_E_MEMBERNOTFOUND;
     if (arguments.cArgs != 0) return DISP_E_BADPARAMCOUNT;
-    CallValue value;
-    if (const CallStatus status = getProperty(control, member, *value); status != CallStatus::done)
+    Value value;
+    if (const CallStatus status = getProperty(control, member, value); status != CallStatus::done)
         return resultOf(status);
-    if (result && typeOf(*value) == ValueType::doubleFloat) {
-        V_R8(result) = std::get<double>(*value);
+    if (result && typeOf(value) == ValueType::doubleFloat) {
+        V_R8(result) = std::get<double>(value);
         V_VT(result) = VT_R8;
         return S_OK;
     }
-    return result ? variantFromValue(*value, *result) : S_OK;
+    return result ? variantFromValue(value, *result) : S_OK;
 }
 
 template <typename Number>
 HRESULT putNumber(Control& control, const Member& member, Number number) {
-    CallValue value(number);
-    attempt([&] { member.put(control, *value); });
+    const Value value(number);
+    attempt([&] { member.put(control, value); });
     return S_OK;
 }
 
