@@ -5,7 +5,6 @@
 #include "base/picture.h"
 #include "base/text.h"
 
-#include <bit>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -39,25 +38,6 @@ struct CellStyle {
     // Pictures are the same when they are one object, names when they read alike.
     bool operator==(const CellStyle& other) const;
     size_t hash() const;
-    bool nothingSet() const;
-};
-
-// What a setting is in 32 bits, for those that are no more.
-inline uint32_t settingBits(OleColour colour) {
-    return colour.value;
-}
-inline uint32_t settingBits(float size) {
-    return std::bit_cast<uint32_t>(size);
-}
-inline uint32_t settingBits(bool setting) {
-    return setting ? 1 : 0;
-}
-inline uint32_t settingBits(CellAlignment alignment) {
-    return static_cast<uint32_t>(alignment);
-}
-template <typename Setting>
-concept SmallSetting = requires(Setting setting) {
-    settingBits(setting);
 };
 
 }  // namespace obk

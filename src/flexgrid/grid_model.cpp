@@ -54,26 +54,24 @@ bool GridModel::sort(int32_t col, SortDirection direction, int32_t first, int32_
     return true;
 }
 
-bool GridModel::setLargerText(CellAddress cell, TextView text) {
+bool GridModel::setText(CellAddress cell, TextView text) {
     if (!contains(cell)) return false;
-    RowHandle* row = rows_.touched(cell.row);
-    // A run of rows that nobody has touched stays one.
-    if (!row && text.empty()) return true;
+    RowHandle* row = rows_.stored(cell.row);
+    if (!row && text.empty()) return true;  // what is a run of empty rows stays one
     PackedRow::setText(row ? *row : rows_.slot(cell.row), cell.col, text, cols());
     return true;
-}
-
-void GridModel::putStyle(RowHandle* row, CellAddress cell, StyleRef style) {
-    // A run of rows that nobody has touched stays one.
-    if (!row && !style) return;
-    rows_.fetchAfter(cell.row);
-    PackedRow::setStyle(row ? *row : rows_.slot(cell.row), cell.col, std::move(style), cols());
 }
 
 bool GridModel::setStyle(CellAddress cell, const CellStyle& style) {
     if (!contains(cell) || (style.fontName && style.fontName->empty())) return false;
     if (style.fontSize && !(*style.fontSize > 0 && *style.fontSize <= largestFont)) return false;
-    putStyle(rows_.touched(cell.row), cell, styles_.shared(style));
+    return putStyle(cell, styles_.shared(style));
+}
+
+bool GridModel::putStyle(CellAddress cell, StyleRef style) {
+    RowHandle* row = rows_.stored(cell.row);
+    if (!row && !style) return true;  // what is a run of empty rows stays one
+    PackedRow::setStyle(row ? *row : rows_.slot(cell.row), cell.col, std::move(style));
     return true;
 }
 

@@ -32,7 +32,8 @@ public:
     bool setRows(int32_t count);
     bool setCols(int32_t count);  // 1 to mostCols
     bool contains(CellAddress cell) const {
-        return cell.row >= 0 && cell.row < rows() && cell.col >= 0 && cell.col < cols();
+        return static_cast<uint32_t>(cell.row) < static_cast<uint32_t>(rows()) &&
+               static_cast<uint32_t>(cell.col) < static_cast<uint32_t>(cols());
     }
 
     // A new row before `row`, or after the last. Tab characters stand between the cells of `item`; what is
@@ -52,10 +53,7 @@ public:
         const PackedRow* row = rows_.at(cell.row);
         return row ? row->text(cell.col) : TextView();
     }
-    bool setText(CellAddress cell, TextView text) {
-        RowHandle* const row = rows_.touchedAtHand(cell.row);
-        return (row && *row && (*row)->setTextInPlace(cell.col, text)) || setLargerText(cell, text);
-    }
+    bool setText(CellAddress cell, TextView text);
 
     StyleRef style(CellAddress cell) const {
         const PackedRow* row = rows_.at(cell.row);
@@ -63,29 +61,15 @@ public:
     }
     // Refused for a font size that is none (0 or less, more than `largestFont`) and for an empty font name.
     bool setStyle(CellAddress cell, const CellStyle& style);
-    // For rows that come with their styles; refuses nothing.
+    // For rows that come with their styles; `style` is one that setStyle() takes.
     StyleRef sharedStyle(const CellStyle& style) { return styles_.shared(style); }
     // One attribute of a cell's style: setAttribute<&CellStyle::bold>(cell, true). Refused as by setStyle().
     template <auto Attribute, typename Setting>
-    bool setAttribute(CellAddress cell, Setting&& setting) {
-        if constexpr (SmallSetting<std::remove_cvref_t<Setting>>) {
-            if (repeatAttribute<Attribute>(cell, setting)) return true;
-            return setSmallAttribute(cell, &attributeMark<Attribute>, settingBits(setting),
-                                     [setting](CellStyle& style) { style.*Attribute = setting; });
-        } else {
-            CellStyle changed = *style(cell);
-            changed.*Attribute = std::forward<Setting>(setting);
-            return setStyle(cell, changed);
-        }
-    }
-    // The same for a cell that has a style already, from which others were changed in this way before; false,
-    // and nothing changed, for any other.
-    template <auto Attribute>
-    bool repeatAttribute(CellAddress cell, SmallSetting auto setting) {
-        RowHandle* const row = rows_.touchedAtHand(cell.row);
-        return row && *row &&
-               (*row)->repeatStyle(styles_.steps(), cell.col, &attributeMark<Attribute>,
-                                   settingBits(setting));
+    bool setAttribute(CellAddress cell, const Setting& setting) {
+        RowHandle* const row = contains(cell) ? rows_.stored(cell.row) : nullptr;
+        StyleRef* const own = row && *row ? (*row)->styleSlot(cell.col) : nullptr;
+        return (own && styles_.repeatChange<Attribute>(*own, setting)) ||
+               setFirstAttribute<Attribute>(cell, setting);
     }
     // How many different styles the cells have.
     size_t styleCount() const { return styles_.size(); }
@@ -101,27 +85,20 @@ public:
     void setDpi(Dpi dpi);
 
 private:
-    template <auto Attribute>
-    static constexpr char attributeMark{};
-
-    // One that cells were not set to one after another; `set` sets it.
-    template <typename Set>
-    bool setSmallAttribute(CellAddress cell, const void* attribute, uint32_t bits, Set&& set) {
+    // The same for a row's first styled cell, and for one of another look than the cells before.
+    template <auto Attribute, typename Setting>
+    [[gnu::noinline]] bool setFirstAttribute(CellAddress cell, const Setting& setting) {
         if (!contains(cell)) return false;
-        RowHandle* const row = rows_.touched(cell.row);
-        const StyleRef from = row && *row ? (*row)->style(cell.col) : StyleRef();
-        if (const auto* step = styles_.steps().find(from.number(), attribute, bits)) {
-            putStyle(row, cell, StyleRef(step->to));
-            return true;
-        }
+        const StyleRef from = style(cell);
+        StyleRef to = from;
+        if (styles_.repeatChange<Attribute>(to, setting)) return putStyle(cell, std::move(to));
         CellStyle changed = *from;
-        set(changed);
+        changed.*Attribute = setting;
         if (!setStyle(cell, changed)) return false;
-        styles_.steps().remember(from.entry(), attribute, bits, style(cell).entry());
+        styles_.rememberChange<Attribute>(from, style(cell));
         return true;
     }
-    bool setLargerText(CellAddress cell, TextView text);
-    void putStyle(RowHandle* row, CellAddress cell, StyleRef style);
+    bool putStyle(CellAddress cell, StyleRef style);
 
     StyleTable styles_;  // outlives the rows that refer to it
     RowSequence rows_;

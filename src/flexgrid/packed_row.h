@@ -2,7 +2,7 @@
 #pragma once
 
 #include "base/text.h"
-#include "flexgrid/style_places.h"
+#include "flexgrid/style_table.h"
 #include "flexgrid/text_place.h"
 
 #include <cstdint>
@@ -18,16 +18,15 @@ struct PackedRowDeleter {
     void operator()(PackedRow* row) const noexcept;
 };
 
-// Null stands for a row of empty cells without styles in the grid's own height.
+// Null stands for a row of empty cells without styles in the grid's default height.
 using RowHandle = std::unique_ptr<PackedRow, PackedRowDeleter>;
 
 // A text-only cell costs its text and six bytes. Texts stand in the order of their cells, and the room of one
-// goes on to the next, so that most can be replaced where they are. Texts too long to be moved about lie
-// apart, shared where one text fills several cells. Functions that make or grow a row change nothing when
-// memory ends.
+// goes on to the next. Texts too long to be moved about are out of line, shared where one text fills several
+// cells; styles are out of line, too. Functions that make or grow a row change nothing when memory ends.
 class PackedRow {
 public:
-    static constexpr size_t longestInline = 200;
+    static constexpr size_t longestInline = 200;  // units
     static constexpr int32_t ownHeightNone = -1;
 
     PackedRow(const PackedRow&) = delete;
@@ -44,87 +43,76 @@ public:
     TextView text(int32_t col) const {
         const auto cell = static_cast<uint32_t>(col);
         if (cell >= cells_) return {};
-        const Place place = places()[cell];
-        return place.apart() ? apart(place) : TextView{units() + place.start(), place.length()};
+        const TextPlace place = places()[cell];
+        return place.outOfLine() ? longText(place) : TextView{units() + place.start(), place.length()};
     }
-    // Where the cell's text is now; false, and nothing changed, if it does not fit there. `text` may lie in
-    // this row.
-    bool setTextInPlace(int32_t col, TextView text) {
+    // `text` may be in this row. `cols` is the grid's and bounds how far the row grows.
+    static void setText(RowHandle& row, int32_t col, TextView text, int32_t cols) {
         const auto cell = static_cast<uint32_t>(col);
-        if (cell >= cells_ || text.size() > longestInline) return false;
-        Place& place = places()[cell];
-        const auto length = static_cast<uint32_t>(text.size());
-        if (place.apart() || !hasRoom(cell, length)) return false;
-        std::char_traits<char16_t>::move(units() + place.start(), text.data(), length);
-        place.setLength(length);
-        return true;
+        const bool present = row && cell < row->cells_;
+        if (present ? !row->replaceInPlace(cell, text) : !text.empty()) replaceText(row, cell, text, cols);
     }
-    // `text` may lie in this row. `cols` is the grid's and bounds how far the row grows.
-    static void setText(RowHandle& row, int32_t col, TextView text, int32_t cols);
 
     StyleRef style(int32_t col) const {
-        return static_cast<uint32_t>(col) < styles_.size() ? styles_.at(static_cast<uint32_t>(col))
-                                                           : StyleRef();
+        const auto cell = static_cast<uint32_t>(col);
+        return cell < styled_ ? styles_[cell] : StyleRef();
     }
-    // As StylePlaces::repeat(); false also for a cell that never had a style.
-    bool repeatStyle(StyleSteps& steps, int32_t col, const void* attribute, uint32_t setting) {
-        return static_cast<uint32_t>(col) < styles_.size() &&
-               styles_.repeat(steps, static_cast<uint32_t>(col), attribute, setting);
+    // Null for a cell beyond those that were styled. Valid until the row changes.
+    StyleRef* styleSlot(int32_t col) {
+        const auto cell = static_cast<uint32_t>(col);
+        return cell < styled_ ? &styles_[cell] : nullptr;
     }
-    static void setStyle(RowHandle& row, int32_t col, StyleRef style, int32_t cols) {
-        if (!row || static_cast<uint32_t>(col) >= row->styles_.size())
-            makeRoomForStyle(row, col, style, cols);
-        if (row && static_cast<uint32_t>(col) < row->styles_.size())
-            row->styles_.set(static_cast<uint32_t>(col), std::move(style));
-    }
-    // Of the first cells, as many as there are styles, in place of those that the row had.
+    static void setStyle(RowHandle& row, int32_t col, StyleRef style);
+    // Of the first cells, as many as there are styles.
     static void setStyles(RowHandle& row, std::span<const StyleRef> styles);
 
     // Twips, or ownHeightNone.
     int32_t height() const { return height_; }
     static void setHeight(RowHandle& row, int32_t height);
 
-    // Texts and styles go, the height stays.
-    void clear() noexcept;
-    // Cells from `cols` on go.
+    // Cells from `cols` on go; the height stays.
     void truncate(int32_t cols) noexcept;
 
 private:
     friend struct PackedRowDeleter;
 
-    using Place = TextPlace;
-    static_assert(longestInline < Place::apartLength);
+    static_assert(longestInline < TextPlace::outOfLineMark);
+    static constexpr uint32_t placeUnits = sizeof(TextPlace) / sizeof(char16_t);
 
-    static constexpr uint32_t placeUnits = sizeof(Place) / sizeof(char16_t);
-
-    PackedRow(size_t slots, size_t capacity)
-        : slots_(static_cast<uint16_t>(slots)), capacity_(static_cast<uint32_t>(capacity)) {}
-    static RowHandle make(size_t slots, size_t units);
+    PackedRow(size_t cells, size_t capacity)
+        : cells_(static_cast<uint16_t>(cells)), capacity_(static_cast<uint32_t>(capacity)) {}
+    static RowHandle make(size_t cells, size_t units);
     static PackedRow& ensured(RowHandle& row);
-    static void replaceText(RowHandle& row, uint32_t cell, TextView text, int32_t cols);
-    static void makeRoom(RowHandle& row, uint32_t cell, uint32_t count, int32_t cols);
+    void growStyles(size_t count);
     static void moveToLarger(RowHandle& row, uint32_t cell, uint32_t count, int32_t cols);
-    static void makeRoomForStyle(RowHandle& row, int32_t col, const StyleRef& style, int32_t cols);
-    bool hasRoom(uint32_t cell, uint32_t count) const {
-        return places()[cell].start() + count <=
-               (cell + 1u < cells_ ? places()[cell + 1].start() : capacity_);
+    // Where the cell's text is now; false, and nothing changed, if it does not fit there.
+    bool replaceInPlace(uint32_t cell, TextView text) noexcept {
+        TextPlace& place = places()[cell];
+        const size_t size = text.size();
+        if (size > longestInline || place.outOfLine() || place.start() + size > roomEnd(cell)) return false;
+        std::char_traits<char16_t>::move(units() + place.start(), text.data(), size);
+        place.setLength(static_cast<uint32_t>(size));
+        return true;
     }
-    bool widen(uint32_t cell, uint32_t count) noexcept;
-    bool append(uint32_t cell, uint32_t count) noexcept;
-    static uint32_t heldUnits(Place place);
+    static void replaceText(RowHandle& row, uint32_t cell, TextView text, int32_t cols);
+    bool makeRoom(uint32_t cell, uint32_t count) noexcept;
+    // Where the room of a cell's text ends.
+    uint32_t roomEnd(uint32_t cell) const {
+        return cell + 1u == cells_ ? capacity_ : places()[cell + 1].start();
+    }
     uint32_t usedEnd() const;
 
-    Place* places() { return reinterpret_cast<Place*>(this + 1); }
-    const Place* places() const { return reinterpret_cast<const Place*>(this + 1); }
+    TextPlace* places() { return reinterpret_cast<TextPlace*>(this + 1); }
+    const TextPlace* places() const { return reinterpret_cast<const TextPlace*>(this + 1); }
     char16_t* units() { return reinterpret_cast<char16_t*>(this + 1); }
     const char16_t* units() const { return reinterpret_cast<const char16_t*>(this + 1); }
-    TextView apart(Place place) const;
-    void releaseApart(uint32_t firstCell) noexcept;
+    TextView longText(TextPlace place) const;
+    void releaseLongTexts(uint32_t firstCell) noexcept;
 
-    [[no_unique_address]] StylePlaces styles_;
-    uint16_t slots_;      // cells there is room for
-    uint16_t cells_ = 0;  // those after it are empty
-    uint32_t capacity_;   // units there is room for, those of the places included
+    std::unique_ptr<StyleRef[]> styles_;
+    uint16_t styled_ = 0;  // cells it holds a style for, which may be empty
+    uint16_t cells_;       // those after it are empty
+    uint32_t capacity_;    // units there is room for, those of the places included
     int32_t height_ = ownHeightNone;
 };
 

@@ -7,14 +7,13 @@
 
 #include <cstdint>
 #include <limits>
-#include <memory>
 #include <vector>
 
 namespace obk {
 
-// Rows lie in blocks. A run of rows that nobody has touched is a block without any memory of its own, so that
-// a grid may be given more rows than could ever be filled. Positions are whole pixels from the first row's
-// top. Functions that may need memory change nothing when it ends.
+// Rows are kept in blocks. A run of empty rows that nothing was set in is a block without any memory of its
+// own, so that a grid may be given more rows than could ever be filled. Positions are whole pixels from the
+// first row's top. Functions that may need memory change nothing when it ends.
 class RowSequence {
 public:
     static constexpr int32_t mostRows = std::numeric_limits<int32_t>::max();
@@ -27,23 +26,13 @@ public:
         const RowHandle* const handle = find(row);
         return handle ? handle->get() : nullptr;
     }
-    // Null in a run of rows that nobody has touched, and for a row that is not there.
-    RowHandle* touched(int32_t row) { return const_cast<RowHandle*>(find(row)); }
-    // Null also for a row that has to be searched for.
-    RowHandle* touchedAtHand(int32_t row) {
-        const auto number = static_cast<uint32_t>(row);
-        return number < evenRows_ ? &blocks_[number / blockRows].rows[number % blockRows] : nullptr;
-    }
-    // Grids are mostly gone through row by row: has the rows after one ready when they are asked for.
-    void fetchAfter(int32_t row) const {
-        constexpr int32_t ahead = 4;
-        const RowHandle* const handle = row < size_ - ahead ? find(row + ahead) : nullptr;
-        if (handle) __builtin_prefetch(handle->get());
-    }
+    // Null in a run of empty rows, and for a row that is not there.
+    RowHandle* stored(int32_t row) { return const_cast<RowHandle*>(find(row)); }
     // To write to it; heights are set with setHeight(). Rows are 0 to size() - 1 here and below.
     RowHandle& slot(int32_t row);
 
-    // `row` is 0 to size(). False, and nothing changed, when there would be too many rows.
+    // `row` is 0 to size(). The new row has no height of its own. False, and nothing changed, when there
+    // would be too many rows.
     bool insert(int32_t row, RowHandle handle);
     bool appendEmpty(int32_t count);
     void erase(int32_t first, int32_t count) noexcept;
@@ -72,40 +61,43 @@ private:
     static constexpr int32_t blockRows = 512;
 
     struct Block {
-        std::unique_ptr<RowHandle[]> rows;  // none: a run of empty rows
-        int32_t room = 0;
+        std::vector<RowHandle> rows;  // none: a run of empty rows
         int32_t count = 0;
-        int32_t ownHeights = 0;  // rows with a height of their own
         int32_t first = 0;
-        int64_t ownPixels = 0;  // what those take
         int64_t top = 0;
+        int32_t ownHeights = 0;  // rows with a height of their own
+        int64_t ownPixels = 0;   // what those take
 
-        RowHandle& row(int32_t at) const { return rows[static_cast<size_t>(at)]; }
+        bool run() const { return rows.empty(); }
+        bool contains(int32_t row) const {
+            return static_cast<uint32_t>(row - first) < static_cast<uint32_t>(count);
+        }
+        bool open() const { return !run() && count < blockRows; }
+        RowHandle& row(int32_t number) { return rows[static_cast<size_t>(number - first)]; }
+        const RowHandle& row(int32_t number) const { return rows[static_cast<size_t>(number - first)]; }
     };
 
     const RowHandle* find(int32_t row) const {
-        const auto number = static_cast<uint32_t>(row);
-        if (number >= evenRows_) return findElsewhere(row);
-        return &blocks_[number / blockRows].rows[number % blockRows];
+        if (static_cast<uint32_t>(row) >= static_cast<uint32_t>(size_)) return nullptr;
+        const Block& block = blocks_[blockOf(row)];
+        return block.run() ? nullptr : &block.row(row);
     }
-    const RowHandle* findElsewhere(int32_t row) const;
-    size_t blockOf(int32_t row) const;
+    size_t blockOf(int32_t row) const {
+        // In a grid that was filled from the front all blocks but the last are full.
+        const auto likely = static_cast<size_t>(row) / blockRows;
+        return likely < blocks_.size() && blocks_[likely].contains(row) ? likely : searchedBlockOf(row);
+    }
+    size_t searchedBlockOf(int32_t row) const;
     int32_t pixels(const PackedRow* row) const;
     int64_t pixels(const Block& block) const;
-    void remeasure(size_t block);
-    void renumber(size_t fromBlock);
-    void makeRoomForBlocks();
-    void makeRoom(Block& block, int32_t count);
-    void split(size_t block, int32_t at);
-    size_t blockForInsertion(int32_t row);
+    void remeasure(Block& block) noexcept;
+    void renumber(size_t fromBlock) noexcept;
+    void insertBlock(size_t index, Block block);
+    void split(size_t index, int32_t row);
     size_t materialized(int32_t row);
-    void joinSmall(size_t block) noexcept;
+    void joinSmall(size_t index) noexcept;
 
-    std::vector<Block> blocks_;
-    // The first blocks that are full, and the one after them: rows that are found by their number. All of
-    // them in a grid that was filled from the front.
-    size_t evenBlocks_ = 0;
-    uint32_t evenRows_ = 0;
+    std::vector<Block> blocks_;  // none is empty
     int32_t size_ = 0;
     int32_t defaultHeight_;
     int32_t defaultPixels_;

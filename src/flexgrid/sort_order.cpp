@@ -11,7 +11,7 @@ namespace obk {
 
 namespace {
 
-// The usual numbers, digits with at most one point, without the general way of reading them.
+// Most numbers are digits with at most one point; read without the rules of all the others.
 std::optional<double> plainNumber(TextView text) {
     constexpr size_t exactDigits = 15;
     static constexpr double powers[] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,

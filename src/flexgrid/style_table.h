@@ -1,21 +1,31 @@
 // The styles of a grid's cells, each one once however many cells have it.
 #pragma once
 
-#include "flexgrid/style_steps.h"
+#include "flexgrid/cell_style.h"
 
+#include <array>
 #include <cstddef>
-#include <unordered_set>
+#include <unordered_map>
 #include <utility>
-#include <vector>
 
 namespace obk {
+
+class StyleTable;
+
+// What a table keeps with a style.
+struct StyleUse {
+    StyleTable* table = nullptr;
+    uint32_t references = 0;
+};
 
 // A style that a table keeps; it goes with the last reference to it. Empty: nothing is set.
 class StyleRef {
 public:
+    using Entry = std::pair<const CellStyle, StyleUse>;
+
     StyleRef() = default;
-    explicit StyleRef(const StyleEntry* entry) : entry_(entry) {
-        if (entry_) ++entry_->references;
+    explicit StyleRef(Entry* entry) : entry_(entry) {
+        if (entry_) ++entry_->second.references;
     }
     StyleRef(const StyleRef& other) : StyleRef(other.entry_) {}
     StyleRef(StyleRef&& other) noexcept : entry_(std::exchange(other.entry_, nullptr)) {}
@@ -24,30 +34,23 @@ public:
         return *this;
     }
     ~StyleRef() {
-        if (entry_ && --entry_->references == 0) drop();
+        if (entry_ && --entry_->second.references == 0) drop();
     }
 
-    const CellStyle& operator*() const { return entry_ ? entry_->style : unset(); }
+    const CellStyle& operator*() const { return entry_ ? entry_->first : unset(); }
     const CellStyle* operator->() const { return &**this; }
     explicit operator bool() const { return entry_ != nullptr; }
-    const StyleEntry* entry() const { return entry_; }
-    uint32_t number() const { return entry_ ? entry_->number : StyleEntry::none; }
-    // Leaves its reference to the caller, and takes over one that was left.
-    const StyleEntry* release() { return std::exchange(entry_, nullptr); }
-    static StyleRef adopted(const StyleEntry* entry) {
-        StyleRef style;
-        style.entry_ = entry;
-        return style;
-    }
 
 private:
+    friend class StyleTable;
+
     static const CellStyle& unset();
     void drop() const noexcept;
 
-    const StyleEntry* entry_ = nullptr;
+    Entry* entry_ = nullptr;
 };
 
-// The styles that a grid's cells have, each one once and with a number. Outlives its references.
+// Outlives its references.
 class StyleTable {
 public:
     StyleTable() = default;
@@ -57,34 +60,41 @@ public:
     // Empty for a style in which nothing is set.
     StyleRef shared(const CellStyle& style);
     size_t size() const { return entries_.size(); }
-    // Null for `StyleEntry::none`.
-    const StyleEntry* numbered(uint32_t number) const { return numbered_[number]; }
 
-    // What styles became; knows styles of this table only.
-    StyleSteps& steps() { return steps_; }
+    // Does a change that changes nothing, or one of the latest: cells that are set one after the other mostly
+    // come from one style and go to another. False, and nothing changed, where it is another change.
+    template <auto Attribute, typename Setting>
+    bool repeatChange(StyleRef& style, const Setting& setting) const {
+        if (style && (*style).*Attribute == setting) return true;
+        for (const Change& change : latest_) {
+            if (change.attribute == &mark<Attribute> && change.from == style.entry_ &&
+                change.to->first.*Attribute == setting) {
+                style = StyleRef(change.to);
+                return true;
+            }
+        }
+        return false;
+    }
+    template <auto Attribute>
+    void rememberChange(const StyleRef& from, const StyleRef& to) {
+        if (to) latest_ = {Change{&mark<Attribute>, from.entry_, to.entry_}, latest_[0]};
+    }
 
 private:
     friend class StyleRef;
+    template <auto Attribute>
+    static constexpr char mark{};
+    struct Change {
+        const void* attribute = nullptr;        // the address of its mark
+        const StyleRef::Entry* from = nullptr;  // none where nothing was set
+        StyleRef::Entry* to = nullptr;
+    };
     struct Hash {
-        using is_transparent = void;
         size_t operator()(const CellStyle& style) const noexcept { return style.hash(); }
-        size_t operator()(const StyleEntry& entry) const noexcept { return (*this)(entry.style); }
-    };
-    struct Equal {
-        using is_transparent = void;
-        bool operator()(const StyleEntry& left, const StyleEntry& right) const {
-            return left.style == right.style;
-        }
-        bool operator()(const CellStyle& left, const StyleEntry& right) const { return left == right.style; }
-        bool operator()(const StyleEntry& left, const CellStyle& right) const { return left.style == right; }
     };
 
-    void drop(const StyleEntry& entry) noexcept;
-
-    std::unordered_set<StyleEntry, Hash, Equal> entries_;
-    std::vector<const StyleEntry*> numbered_{nullptr};
-    std::vector<uint32_t> freeNumbers_;  // has room for all of them
-    StyleSteps steps_;
+    std::unordered_map<CellStyle, StyleUse, Hash> entries_;
+    std::array<Change, 2> latest_;  // two colours take turns where rows are coloured alternately
 };
 
 }  // namespace obk

@@ -9,13 +9,13 @@ namespace obk {
 class TextPlace {
 public:
     static constexpr uint32_t mostUnits = 0xFFFFFF;
-    // For a length: the address of a text that lies apart stands in the place.
-    static constexpr uint32_t apartLength = 0xFF;
+    // As a length: the text is out of line, and its address stands in the row.
+    static constexpr uint32_t outOfLineMark = 0xFF;
 
     TextPlace(uint32_t start, uint32_t length) : bits_(start << 8 | length) {}
     uint32_t start() const { return bits_ >> 8; }
     uint32_t length() const { return bits_ & 0xFF; }
-    bool apart() const { return length() == apartLength; }
+    bool outOfLine() const { return length() == outOfLineMark; }
     void setLength(uint32_t length) { bits_ = (bits_ & ~0xFFu) | length; }
     void move(uint32_t by) { bits_ += by << 8; }
 

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <random>
+#include <tuple>
 
 namespace obk {
 namespace {
@@ -39,6 +40,8 @@ public:
         if (oneIn(3)) style.bold = oneIn(2);
         if (oneIn(5)) style.fontName = std::make_shared<Text>(u"webdings");
         if (oneIn(5)) style.fontSize = 12.0f;
+        if (oneIn(5)) style.underline = oneIn(2);
+        if (oneIn(5)) style.pictureAlignment = static_cast<CellAlignment>(below(3));
         return style;
     }
 
@@ -46,13 +49,23 @@ private:
     std::mt19937_64 engine_;
 };
 
+// Setting by setting, whatever the styles themselves hold to be equal.
+void expectStyle(const CellStyle& style, const CellStyle& expected) {
+    const auto settings = [](const CellStyle& of) {
+        return std::tie(of.backColour, of.foreColour, of.fontSize, of.bold, of.italic, of.underline,
+                        of.strikeThrough, of.alignment, of.picture, of.pictureAlignment);
+    };
+    ASSERT_TRUE(settings(style) == settings(expected));
+    ASSERT_EQ(style.fontName ? *style.fontName : Text(), expected.fontName ? *expected.fontName : Text());
+}
+
 // Compares one row in full, with its place.
 void expectRow(const GridModel& grid, const PlainGrid& plain, int32_t row) {
     const PlainRow& expected = plain.rows[static_cast<size_t>(row)];
     for (int32_t col = 0; col < plain.cols(); ++col) {
         const test::PlainCell& cell = expected.cells[static_cast<size_t>(col)];
         ASSERT_EQ(grid.text({row, col}), cell.text) << row << ", " << col;
-        ASSERT_EQ(*grid.style({row, col}), cell.style) << row << ", " << col;
+        ASSERT_NO_FATAL_FAILURE(expectStyle(*grid.style({row, col}), cell.style)) << row << ", " << col;
     }
     ASSERT_EQ(grid.rowList().height(row), plain.height(expected)) << row;
 }
@@ -145,24 +158,27 @@ void step(GridModel& grid, PlainGrid& plain, Random& random, int32_t mostRows) {
         ASSERT_TRUE(grid.removeItem(cell.row));
         plain.removeItem(cell.row);
     } else if (rows > 0 && random.oneIn(6)) {
-        // One attribute after another, as hosts set them, among cells that mostly look alike.
+        // One colour for cell after cell, then one attribute after another, as hosts set them.
         CellStyle& style = plain.rows[row].cells[col].style;
         const OleColour colour(static_cast<uint32_t>(random.below(3)));
         const bool bold = random.oneIn(2);
         const float size = random.oneIn(2) ? 8.25f : 12.0f;
-        ASSERT_TRUE(grid.setAttribute<&CellStyle::foreColour>(cell, colour));
+        for (int32_t at = cell.col; at < cols; ++at) {
+            ASSERT_TRUE(grid.setAttribute<&CellStyle::foreColour>({cell.row, at}, colour));
+            plain.rows[row].cells[static_cast<size_t>(at)].style.foreColour = colour;
+        }
         ASSERT_TRUE(grid.setAttribute<&CellStyle::bold>(cell, bold));
         if (random.oneIn(2)) {
             ASSERT_TRUE(grid.setAttribute<&CellStyle::fontSize>(cell, size));
             style.fontSize = size;
         }
-        style.foreColour = colour;
         style.bold = bold;
-        ASSERT_EQ(*grid.style(cell), style);
+        ASSERT_NO_FATAL_FAILURE(expectStyle(*grid.style(cell), style));
     } else if (rows > 0 && random.oneIn(3)) {
         const CellStyle style = random.style();
         ASSERT_TRUE(grid.setStyle(cell, style));
         plain.rows[row].cells[col].style = style;
+        ASSERT_NO_FATAL_FAILURE(expectStyle(*grid.style(cell), style));
     } else if (rows > 0) {
         const Text text = random.text();
         ASSERT_TRUE(grid.setText(cell, text));
@@ -304,10 +320,38 @@ TEST(GridModel, KeepsALongTextOfManyCellsOnce) {
     EXPECT_EQ(grid.text({0, 1}), longText);
 }
 
-TEST(GridModel, FillsAWideRowCellByCell) {
+TEST(GridModel, FillsAWideRowCellByCellAndAtOnce) {
     GridModel grid(1, GridModel::mostCols, dpi);
-    for (int32_t col = 0; col < grid.cols(); ++col) ASSERT_TRUE(grid.setText({0, col}, decimalText(col)));
-    for (int32_t col = 0; col < grid.cols(); ++col) ASSERT_EQ(grid.text({0, col}), decimalText(col));
+    Text item;
+    for (int32_t col = 0; col < grid.cols(); ++col) {
+        ASSERT_TRUE(grid.setText({0, col}, decimalText(col)));
+        item += decimalText(col) + u"\t";
+    }
+    ASSERT_TRUE(grid.addItem(item + u"beyond", 1));
+    for (int32_t col = 0; col < grid.cols(); ++col) {
+        ASSERT_EQ(grid.text({0, col}), decimalText(col));
+        ASSERT_EQ(grid.text({1, col}), decimalText(col));
+    }
+}
+
+// The same change again and again, and back, until nothing is left of the styles.
+TEST(GridModel, TakesAttributesBackFromCellAfterCell) {
+    GridModel grid(1, 4, dpi);
+    const PictureRef picture = std::make_shared<SharedPicture>();
+    for (int32_t col = 0; col < 4; ++col)
+        ASSERT_TRUE(grid.setAttribute<&CellStyle::picture>({0, col}, picture));
+    EXPECT_EQ(grid.styleCount(), 1u);
+    for (int32_t col = 0; col < 4; ++col) {
+        ASSERT_TRUE(grid.setAttribute<&CellStyle::picture>({0, col}, PictureRef()));
+        EXPECT_EQ(grid.style({0, col})->picture, nullptr);
+    }
+    EXPECT_EQ(grid.styleCount(), 0u);
+    ASSERT_TRUE(grid.setAttribute<&CellStyle::picture>({0, 0}, picture));
+    EXPECT_EQ(grid.style({0, 0})->picture, picture);
+    // The style that the latest change led to is gone with its only cell.
+    ASSERT_TRUE(grid.setStyle({0, 0}, {}));
+    ASSERT_TRUE(grid.setAttribute<&CellStyle::picture>({0, 0}, picture));
+    EXPECT_EQ(grid.styleCount(), 1u);
 }
 
 TEST(GridModel, ClearKeepsCountsAndSizes) {
@@ -324,6 +368,18 @@ TEST(GridModel, ClearKeepsCountsAndSizes) {
     EXPECT_EQ(grid.columns().width(1), 300);
     EXPECT_EQ(grid.text({701, 1}), u"");
     EXPECT_EQ(grid.styleCount(), 0u);
+}
+
+TEST(GridModel, SortsRowsWithTheirHeights) {
+    constexpr int32_t rows = 2000;
+    GridModel grid(0, 1, dpi);
+    for (int32_t row = 0; row < rows; ++row) ASSERT_TRUE(grid.addItem(decimalText(rows - row), row));
+    ASSERT_TRUE(grid.setRowHeight(0, 480));
+    ASSERT_TRUE(grid.sort(0, SortDirection::ascending, 0, rows - 1));
+    EXPECT_EQ(grid.rowList().height(rows - 1), 480);
+    EXPECT_EQ(grid.rowList().top(rows - 1), (rows - 1) * 20);
+    EXPECT_EQ(grid.rowList().top(rows), (rows + 1) * 20);
+    EXPECT_EQ(grid.rowList().rowAt(1000 * 20), 1000);
 }
 
 TEST(GridModel, AlignsByCellThenColumnThenContent) {
