@@ -35,7 +35,7 @@ FlexGrid::FlexGrid(Container& parent)
     useFont();
 }
 
-void FlexGrid::setColours(const Colours& colours) {
+void FlexGrid::setColours(const GridColours& colours) {
     colours_ = colours;
     invalidate();
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "flexgrid/current_cell_grid.h"
+#include "flexgrid/grid_events.h"
 #include "flexgrid/grid_painter.h"
 #include "widgets/font_holder.h"
 #include "widgets/scroll_bar.h"
@@ -10,22 +11,16 @@
 
 namespace obk {
 
-// Works without a window. Events tell of what a person does; what the host sets raises only `scrolled`.
-class FlexGrid final : public Container, public CurrentCellGrid {
+// Works without a window.
+class FlexGrid final : public Container, public CurrentCellGrid, public GridEvents {
 public:
     static constexpr int32_t startRows = 2, startCols = 2;
 
     explicit FlexGrid(Container& parent);
 
     // BackColor, of the widget below, is the background of cells that have none of their own.
-    struct Colours {
-        OleColour fore{SystemColour::windowText};
-        OleColour beyond{SystemColour::window};  // right of the last column, below the last row
-        OleColour lines{Rgb::of(208, 208, 208)};
-        OleColour selectionBack{SystemColour::highlight}, selectionFore{SystemColour::highlightText};
-    };
-    const Colours& colours() const { return colours_; }
-    void setColours(const Colours& colours);
+    const GridColours& colours() const { return colours_; }
+    void setColours(const GridColours& colours);
     const FontRef& Font() const { return font_.font(); }
     // The rows that have no height of their own become as high as the font needs.
     void SetFont(FontRef font) { font_.set(std::move(font)); }
@@ -84,22 +79,6 @@ public:
     void focusWentBelow() override;
     void describe(std::vector<AccessibleItem>& items) const override;
 
-    // Listeners may set `code` or the character to 0: the grid then does nothing with it.
-    Event<KeyEvent&> keyWentDown, keyWentUp;
-    Event<int16_t&> characterTyped;
-    Event<const MouseEvent&> mousePressed, mouseMoved, mouseReleased;  // before the grid acts
-    Event<> clicked, doubleClicked;
-    Event<DropEvent&> dropped;
-    Event<bool&> leavingCell;  // the current cell is about to be another one, unless a listener says false
-    Event<> cellEntered;       // it is another one
-    Event<> selectionMoved;
-    // Before cells are scrolled, before a person sizes a column, and when a press hits no cell: what stands
-    // over a cell has to go.
-    Event<> disturbed;
-    Event<> scrolled;
-    Event<> laidOut;  // cells may stand elsewhere now
-    Event<int32_t> columnResized;
-
 private:
     enum class Drag : uint8_t { none, selection, column };
 
@@ -127,7 +106,7 @@ private:
     void select(CellAddress cell, bool extend);
     void step(ScrollBar::Step by, const ScrollBar& bar);
 
-    Colours colours_;
+    GridColours colours_;
     FontHolder font_;
     ScrollOffset offset_;
     bool attached_ = false;  // there is a window to draw in

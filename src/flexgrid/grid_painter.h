@@ -9,6 +9,14 @@
 
 namespace obk {
 
+// As hosts give them.
+struct GridColours {
+    OleColour fore{SystemColour::windowText};
+    OleColour beyond{SystemColour::window};  // right of the last column, below the last row
+    OleColour lines{Rgb::of(208, 208, 208)};
+    OleColour selectionBack{SystemColour::highlight}, selectionFore{SystemColour::highlightText};
+};
+
 // What the cells look like where they say nothing themselves; colours as they are drawn.
 struct GridLook {
     FontDescription font;

@@ -160,7 +160,7 @@ void GridEdit::GridSetFocus(int32_t colno, int32_t rowno) {
 }
 
 void GridEdit::GridColr(OleColour& newcol) {
-    FlexGrid::Colours colours = flexGRID.colours();
+    GridColours colours = flexGRID.colours();
     colours.lines = newcol;
     colours.selectionBack = newcol;
     flexGRID.setColours(colours);
