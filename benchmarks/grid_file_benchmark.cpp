@@ -107,7 +107,7 @@ void saveRows(benchmark::State& state) {
         }
         file.append({buffer.data(), used});
     });
-    report(state, ours, plain);
+    report(state, ours, plain, 2);
 }
 BENCHMARK(saveRows)->Iterations(1)->UseManualTime()->Unit(benchmark::kMillisecond);
 
@@ -142,7 +142,7 @@ void loadRows(benchmark::State& state) {
                                          rest.remove_prefix(std::min(end + 3, rest.size()));
                                      }
                                  });
-    report(state, ours, plain);
+    report(state, ours, plain, 3);
 }
 BENCHMARK(loadRows)->Iterations(1)->UseManualTime()->Unit(benchmark::kMillisecond);
 

@@ -132,23 +132,29 @@ void measureFrames(const ServerContext& server, HWND host) {
     std::printf("frame, slowest against fastest: %.2f times (wanted: at most 1.25)\n", most / least);
 }
 
+void printCalls(const char* what, double model, double called, int calls) {
+    std::printf("%-6s through the interface %8.1f ns a call, %5.1f times as long as the model alone\n", what,
+                called * 1000 / calls, called / model);
+}
+
 // The same calls on a grid without an interface between.
 void measureCalls(const ServerContext& server, HWND host) {
     constexpr long rows = 100000;
-    constexpr int reads = 1000000;
+    constexpr int calls = 1000000;
     std::vector<std::wstring> items;
     for (long row = 0; row < rows; ++row) items.push_back(rowText(row));
     const auto asText = [](const std::wstring& text) {
         return obk::TextView(reinterpret_cast<const char16_t*>(text.data()), text.size());
     };
     std::unique_ptr<obk::GridModel> model;
-    const double plainFill = medianMicroseconds(
+    const double modelFill = medianMicroseconds(
         5, [&] { model = std::make_unique<obk::GridModel>(0, cols, obk::Dpi(96)); },
         [&] {
             for (int32_t row = 0; row < rows; ++row) model->addItem(asText(items[size_t(row)]), row);
         });
     const Grid grid(server, host);
     const DISPID add = grid.number(L"RowAddQuick"), read = grid.number(L"CellTextRead");
+    const DISPID write = grid.number(L"CellTextSet"), colour = grid.number(L"CellColorSetx");
     grid.call(L"ColsSet", {cols});
     grid.call(L"GridRedraw", {false});
     const double fill = medianMicroseconds(
@@ -156,12 +162,12 @@ void measureCalls(const ServerContext& server, HWND host) {
         [&] {
             for (long row = 0; row < rows; ++row) grid.call(add, {items[size_t(row)], row});
         });
-    std::printf("fill through the interface      %5.1f times as long as the model alone\n", fill / plainFill);
+    printCalls("fill", modelFill, fill, rows);
     std::mt19937 random(1);
-    std::vector<std::pair<long, long>> cells(reads);
+    std::vector<std::pair<long, long>> cells(calls);
     for (auto& [row, col] : cells) row = long(random() % rows), col = long(random() % cols);
     size_t units = 0;
-    const double plainRead = medianMicroseconds(3, [&] {
+    const double modelRead = medianMicroseconds(3, [&] {
         for (const auto& [row, col] : cells)
             units += obk::Text(model->text({int32_t(row), int32_t(col)})).size();
     });
@@ -172,8 +178,29 @@ void measureCalls(const ServerContext& server, HWND host) {
             units += SysStringLen(V_BSTR(&text.get()));
         }
     });
-    std::printf("read through the interface      %5.1f times as long as the model alone (%zu)\n",
-                ownRead / plainRead, units % 10);
+    if (units == 0) std::printf("nothing was read\n");
+    printCalls("read", modelRead, ownRead, calls);
+    // Texts that fit where those of these cells are.
+    const auto written = [](long row) { return std::to_wstring(row % 997); };
+    const double modelWrite = medianMicroseconds(3, [&] {
+        for (const auto& [row, col] : cells)
+            model->setText({int32_t(row), int32_t(col)}, asText(written(row)));
+    });
+    const double ownWrite = medianMicroseconds(3, [&] {
+        for (const auto& [row, col] : cells) grid.call(write, {row, col, written(row)});
+    });
+    printCalls("write", modelWrite, ownWrite, calls);
+    constexpr long band = 0xFFFF, ground = 0xC0C0C0;
+    const double modelColour = medianMicroseconds(3, [&] {
+        for (int32_t cell = 0; cell < rows * cols; ++cell)
+            model->setAttribute<&obk::CellStyle::backColour>({cell / cols, cell % cols},
+                                                             obk::OleColour(cell / cols % 2 ? ground : band));
+    });
+    const double ownColour = medianMicroseconds(3, [&] {
+        for (long cell = 0; cell < rows * cols; ++cell)
+            grid.call(colour, {cell / cols % 2 ? ground : band, cell / cols, cell % cols});
+    });
+    printCalls("colour", modelColour, ownColour, rows * cols);
 }
 
 // Opening and closing a text editor against a bare EDIT window that is made, shown and destroyed.
