@@ -156,8 +156,7 @@ bool Control::focus() {
 }
 
 bool Control::hasFocus() const {
-    return surface_.hasFocus() || root_.holdsFocus() ||
-           std::any_of(panels_.begin(), panels_.end(), [](PopUpPanel* panel) { return panel->hasFocus(); });
+    return surface_.hasFocus() || root_.holdsFocus();
 }
 
 void Control::draw(Canvas& canvas, const PixelRect& bounds) {

@@ -76,7 +76,7 @@ protected:
     // Lays the children out from width() and height(); cheap, and the same however often it runs.
     virtual void resize() = 0;
     virtual void enterFocus() {}
-    virtual void exitFocus() {}  // the focus left the control, its children and its panels
+    virtual void exitFocus() {}  // the focus left the control and its children
     virtual void useAmbientFont(const FontRef&) {}
     virtual void appearanceChanged() { resize(); }
 

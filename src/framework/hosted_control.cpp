@@ -67,13 +67,4 @@ void HostedControl::requestSize(Twips width, Twips height) {
     move({bounds().left, bounds().top, width, height});
 }
 
-void HostedControl::focusChanged(bool inside) {
-    // The focus may have come to, or gone from, a panel of the hosted control, which the outer one's surface
-    // knows nothing of.
-    if (inside)
-        outer_.focusEntered();
-    else
-        outer_.focusLeft();
-}
-
 }  // namespace obk

@@ -39,7 +39,7 @@ private:
     void propertyChanged(const Member*) override {}
     FontRef ambientFont() override { return outer_.ambientFont(); }
     void requestSize(Twips width, Twips height) override;
-    void focusChanged(bool inside) override;
+    void focusChanged(bool) override {}  // the surface tells the outer control
     bool offerToContainer(const KeyEvent& event) override { return outer_.offerToContainer(event); }
     void viewChanged() override {}
     bool rightToLeft() override { return outer_.rightToLeft(); }

@@ -13,7 +13,7 @@ namespace obk {
 // and tells its host.
 class PopUpPanel final : private SurfaceOwner {
 public:
-    // `owner` is borrowed, outlives the panel, and is left by the focus only when the panel is left as well.
+    // `owner` is borrowed and outlives the panel.
     explicit PopUpPanel(Control& owner);
     PopUpPanel(const PopUpPanel&) = delete;
     PopUpPanel& operator=(const PopUpPanel&) = delete;
@@ -57,15 +57,15 @@ private:
     };
 
     PixelRect placed(PixelSize size, PopUpSide first, const Surface& host) const;
-    bool hasFocus() const { return surface_.hasFocus(); }
     void hostMoved() { surfaceHostMoved(); }
     // The control has no window any more.
     void close();
 
     KeyRoute preTranslate(const KeyEvent& event) override { return owner_.preTranslate(event); }
     bool offerToContainer(const KeyEvent& event) override { return owner_.offerToContainer(event); }
-    void focusEntered() override { owner_.focusEntered(); }
-    void focusLeft() override { owner_.focusLeft(); }
+    // The focus never is in a panel.
+    void focusEntered() override {}
+    void focusLeft() override {}
     void surfaceCaptureLost() override;
     void surfaceHostMoved() override;
     void surfaceChanged() override;

@@ -42,8 +42,8 @@ protected:
 struct SurfacePlacement {
     enum class Kind {
         control,  // a child window of `parent`
-        // A top-level tool window, hidden at first, that never activates nor takes the focus, neither by
-        // itself nor by a child, and lies above the others when it is shown.
+        // A top-level tool window, hidden at first, that lies above the others when it is shown. Neither it
+        // nor a child of it is ever activated or has the focus, whoever asks, the host included.
         panel,
         parked,  // an invisible window without a place yet, for a host that asks for the handle early
     };

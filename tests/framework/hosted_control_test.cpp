@@ -114,26 +114,6 @@ TEST_F(HostedControlTest, LeavingTheHostedControlChecksItsRangeThoughTheFocusSta
     EXPECT_EQ(host.take(), (Journal{"focus out"}));
 }
 
-TEST_F(HostedControlTest, TheOuterControlIsLeftOnlyWithItsPanel) {
-    activate({0, 0, 300, 60});
-    ASSERT_TRUE(outer().panel.show({100, 40}, PopUpSide::below));
-    const NativeWindow panel = outer().panel.window();
-    const NativeWindow own = textAt(control->window(), {5, 5});
-    const NativeWindow inPanel = textAt(panel, {14, 14});
-    ASSERT_NE(inPanel, 0u);
-    platform.setFocus(own);
-    platform.setFocus(inPanel);
-    outer().inPanel->SetText(u"15");
-    EXPECT_EQ(outer().left, 0);
-    platform.setFocus(own);
-    EXPECT_EQ(outer().inPanel->Text(), u"10.0");
-    EXPECT_EQ(outer().left, 0);
-    platform.setFocus(inPanel);
-    platform.setFocus(0);
-    EXPECT_EQ(outer().left, 1);
-    EXPECT_EQ(outer().entered, 1);
-}
-
 TEST_F(HostedControlTest, KeysOfAHostedControlAreOfferedToTheOutermostContainer) {
     activate({0, 0, 300, 60});
     platform.setFocus(textAt(control->window(), {104, 30}));

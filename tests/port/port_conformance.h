@@ -603,11 +603,20 @@ TEST_P(PortConformance, APanelStartsHiddenAndNeverTakesTheFocus) {
     driver->settle();
     EXPECT_FALSE(panelClient.painted.empty());
     EXPECT_EQ(panel->toScreen({0, 0}), corner);
+    TextClient textClient(journal, "text");
+    CheckClient checkClient(journal, "check");
+    const auto text = panel->createTextBox(textClient);
+    const auto check = panel->createCheckBox(checkClient);
+    text->setBounds({5, 5, 45, 25}, {0, 0, 100, 60});
+    check->setBounds({5, 40, 25, 55}, {0, 0, 100, 60});
     panel->focus();
-    driver->click(*panel, {50, 30});
-    EXPECT_EQ(taken(), (Journal{"panel.mouseDown 1", "panel.mouseUp 1"}));
-    EXPECT_FALSE(panel->hasFocus());
+    text->focus();
+    check->focus();
+    for (const NativeWindow asked : {panel->window(), text->window(), check->window()})
+        driver->askFocus(asked);
+    for (const PixelPoint at : {PixelPoint{70, 30}, {10, 10}, {10, 45}}) driver->click(*panel, at);
     EXPECT_TRUE(first->hasFocus());
+    EXPECT_FALSE(panel->hasFocus() || text->hasFocus() || check->hasFocus());
     panel->setVisible(false);
     driver->settle();
     EXPECT_TRUE(first->hasFocus());

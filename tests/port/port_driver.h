@@ -35,6 +35,8 @@ public:
     virtual void wheel(int32_t delta) = 0;
     // The focus goes to the host itself.
     virtual void focusHost() = 0;
+    // Asks the window system itself to give the focus to a window.
+    virtual void askFocus(NativeWindow window) = 0;
     // Another window takes the mouse capture.
     virtual void takeCaptureAway() = 0;
     // Lets `time` pass.

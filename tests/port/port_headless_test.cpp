@@ -49,6 +49,10 @@ public:
         platform_.setFocus(0);
         settle();
     }
+    void askFocus(NativeWindow window) override {
+        platform_.setFocus(window);
+        settle();
+    }
     void takeCaptureAway() override {
         platform_.stealCapture();
         settle();

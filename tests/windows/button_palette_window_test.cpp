@@ -5,6 +5,7 @@
 #include "person_support.h"
 #include "resource_count.h"
 #include "server_support.h"
+#include "two_scales_support.h"
 
 #include <gtest/gtest.h>
 
@@ -191,6 +192,58 @@ TEST_F(ButtonPaletteWindow, WhatTakesItsPlaceClosesThePanel) {
         EXPECT_NE(GetCapture(), button()) << name;
         if (GetCapture()) ReleaseCapture();
     }
+}
+
+TEST_F(ButtonPaletteWindow, NoPartOfThePanelTakesTheFocusWhoeverAsks) {
+    person.click(button(), 20, 10);
+    person.click(button(), 20, 10);
+    ASSERT_EQ(GetFocus(), button());
+    const HWND first = open();
+    ASSERT_TRUE(first);
+    const RECT size = windowRect(first);
+    const POINT swatch = cellAt(8);
+    // A swatch, a gap between them, and the edge of the strip, which only closes.
+    for (const POINT& at : {swatch, POINT{3, 3}, POINT{3, size.bottom - size.top - 15}}) {
+        const HWND panel = openPanel() ? openPanel() : open();
+        ASSERT_TRUE(panel);
+        person.moveTo(panel, at.x, at.y);
+        person.press();
+        EXPECT_TRUE(keepsFocusFromPanel(panel, button())) << at.x << "," << at.y;
+        INPUT up{};
+        up.type = INPUT_MOUSE;
+        up.mi.dwFlags = MOUSEEVENTF_LEFTUP;
+        SendInput(1, &up, sizeof up);
+        hosted.loop.pumpPending();
+        EXPECT_EQ(GetFocus(), button());
+    }
+}
+
+TEST_F(ButtonPaletteWindow, OnAMonitorOfAnotherScaleThePanelIsWholeAndAnswers) {
+    hosted.site.moveTo({160, 10, 235, 33});
+    const RECT form = windowRect(hosted.window.handle());
+    TwoScales scales((form.left + form.right) / 2 + 40, 144, TwoScales::Tells::moved);
+    ColourPalette cells(enQUILLPalette::QP24X8);
+    cells.setScale(Dpi(144));
+    const auto middle = [&](size_t index) {
+        const PixelRect rect = cells.baseCells()[index].rect;
+        return POINT{(rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2};
+    };
+    HWND panel = open();
+    ASSERT_TRUE(panel);
+    EXPECT_EQ(GetCapture(), panel);
+    EXPECT_GT(windowRect(panel).right - windowRect(panel).left, cells.baseCells().back().rect.right);
+    person.click(panel, middle(8).x, middle(8).y);
+    EXPECT_EQ(takeEvents(), L"Change FocusHidden FocusHidden Click Change");
+    EXPECT_EQ(colour(), colourOf(8));
+    // Its scale changes while a walk of the keys is under way.
+    SetFocus(button());
+    panel = open();
+    person.key(VK_RIGHT);
+    scales.move(10000);
+    EXPECT_EQ(openPanel(), panel);
+    person.key(VK_RIGHT);
+    person.key(VK_RETURN);
+    EXPECT_EQ(colour(), colourOf(16));
 }
 
 TEST_F(ButtonPaletteWindow, TheStripOpensTheSystemsChooser) {

@@ -5,6 +5,7 @@
 #include "person_support.h"
 #include "resource_count.h"
 #include "server_support.h"
+#include "two_scales_support.h"
 
 #include <gtest/gtest.h>
 
@@ -185,6 +186,95 @@ TEST_F(DateCalendarWindow, WhatTakesItsPlaceClosesTheCalendarAndKeepsTheDate) {
     pressPanel(clearButton);
     EXPECT_EQ(takeEvents(), L"DateUpdated FocusHidden");
     EXPECT_EQ(date(), blanks);
+}
+
+TEST_F(DateCalendarWindow, NoPartOfTheCalendarTakesTheFocusWhoeverAsks) {
+    enter();
+    constexpr POINT parts[] = {monthList, {110, 16},     {146, 11},       {146, 21}, {164, 16}, yearsOn,
+                               {16, 39},  previousMonth, {97, 39},        nextMonth, nextYear,  {16, 58},
+                               {33, 80},  {16, 60},      {35, 209},       clearButton,          closeButton};
+    for (const POINT& at : parts) {
+        SCOPED_TRACE(testing::Message() << at.x << "," << at.y);
+        if (!openPanel()) person.key(VK_F4);
+        const HWND panel = openPanel();
+        ASSERT_TRUE(panel);
+        const MenuKeys keys{{VK_ESCAPE}};
+        person.moveTo(panel, at.x, at.y);
+        person.press();
+        EXPECT_TRUE(keepsFocusFromPanel(panel, edit));
+        INPUT up{};
+        up.type = INPUT_MOUSE;
+        up.mi.dwFlags = MOUSEEVENTF_LEFTUP;
+        SendInput(1, &up, sizeof up);
+        hosted.loop.pumpPending();
+        EXPECT_EQ(GetFocus(), edit);
+    }
+    // So the keyboard goes on with what the mouse has begun.
+    object().put(L"Text", std::wstring(L"Fri 20 Nov 2026"));
+    person.key(VK_F4);
+    pressPanel({146, 11});
+    person.key(VK_RIGHT);
+    person.key(VK_RETURN);
+    EXPECT_EQ(date(), std::wstring(L"Sun 21 Nov 2027") + blanks);
+}
+
+TEST_F(DateCalendarWindow, OnAMonitorOfAnotherScaleTheCalendarIsWholeAndAnswers) {
+    hosted.site.moveTo({240, 10, 381, 31});
+    const RECT form = windowRect(hosted.window.handle());
+    for (const TwoScales::Tells tells : {TwoScales::Tells::moved, TwoScales::Tells::shown}) {
+        SCOPED_TRACE(static_cast<int>(tells));
+        TwoScales scales((form.left + form.right) / 2 + 40, 144, tells);
+        object().put(L"Text", std::wstring(L"Fri 20 Nov 2026"));
+        for (int time = 0; time < 2; ++time) {
+            const HWND panel = open();
+            ASSERT_TRUE(panel);
+            EXPECT_EQ(GetCapture(), panel);
+            RECT area{};
+            GetClientRect(panel, &area);
+            EXPECT_EQ(area.right, Dpi(144).toPixels(Twips{2910}));
+            EXPECT_EQ(area.bottom, Dpi(144).toPixels(Twips{3405}));
+            const PixelRect day = Dpi(144).toPixels(cellBounds(firstCellOfNovember2026 + time));
+            person.click(panel, day.left + 5, day.bottom - 5);
+            EXPECT_EQ(takeEvents(), L"FocusHidden DateUpdated");
+            EXPECT_EQ(date().substr(4, 2), time == 0 ? L"1 " : L"2 ");
+        }
+        // Its scale changes while it is open.
+        const HWND panel = open();
+        ASSERT_TRUE(panel);
+        scales.move(10000);
+        EXPECT_EQ(openPanel(), panel);
+        EXPECT_EQ(windowRect(panel).right - windowRect(panel).left, 194);
+        EXPECT_EQ(takeEvents(), L"");
+        pressDay(firstCellOfNovember2026 + 8);
+        EXPECT_EQ(date(), std::wstring(L"Mon 9 Nov 2026") + blanks);
+        takeEvents();
+    }
+}
+
+TEST_F(DateCalendarWindow, AHostLetsGoInsideFocusHiddenWhateverTheScalesDo) {
+    for (const TwoScales::Tells tells : {TwoScales::Tells::moved, TwoScales::Tells::shown}) {
+        for (const bool moves : {false, true}) {
+            HostedControl doomed(L"DateCalendar");
+            doomed.activate({240, 10, 381, 31});
+            doomed.site.events().on(L"FocusHidden", [&](container::EventCall&) { doomed.site.close(); });
+            const RECT form = windowRect(doomed.window.handle());
+            TwoScales scales((form.left + form.right) / 2 + 40, 144, tells);
+            doomed.object().call(L"ShowPopUp");
+            doomed.loop.pumpPending();
+            const HWND panel = openPanel();
+            ASSERT_TRUE(panel);
+            if (moves) {
+                SetWindowPos(doomed.window.handle(), nullptr, 200, 40, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+            } else {
+                scales.move(0);
+                doomed.object().call(L"HidePopUp");
+            }
+            doomed.loop.pumpPending();
+            EXPECT_FALSE(openPanel());
+            EXPECT_FALSE(IsWindow(panel));
+            EXPECT_EQ(GetCapture(), nullptr);
+        }
+    }
 }
 
 TEST_F(DateCalendarWindow, AHostLetsGoOfTheControlInsideEveryEvent) {

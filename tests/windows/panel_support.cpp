@@ -41,6 +41,23 @@ HWND openPanel() {
     return found;
 }
 
+bool keepsFocusFromPanel(HWND panel, HWND focus) {
+    const auto kept = [focus] {
+        return GetFocus() == focus && GetActiveWindow() == GetAncestor(focus, GA_ROOT) &&
+               GetForegroundWindow() == GetAncestor(focus, GA_ROOT);
+    };
+    bool all = kept();
+    SetFocus(panel);
+    all &= kept();
+    SetActiveWindow(panel);
+    all &= kept();
+    for (HWND part = GetWindow(panel, GW_CHILD); part; part = GetWindow(part, GW_HWNDNEXT)) {
+        SetFocus(part);
+        all &= kept();
+    }
+    return all;
+}
+
 MenuKeys* MenuKeys::current_ = nullptr;
 
 MenuKeys::MenuKeys(std::initializer_list<std::vector<WORD>> keys) : keys_(keys) {

@@ -12,6 +12,10 @@ RECT windowRect(HWND window);
 // The visible tool window that a control of this thread has dropped down; null when there is none.
 HWND openPanel();
 
+// Asks the system in every way to give the focus or the activation to a panel or to a window in it. Whether
+// `focus` and its form have kept both.
+bool keepsFocusFromPanel(HWND panel, HWND focus);
+
 // Presses keys in the next menus of this thread while they run their own loops: one list of keys a menu. What
 // is left unanswered is dismissed.
 class MenuKeys {

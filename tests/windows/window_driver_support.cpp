@@ -174,6 +174,11 @@ void WindowDriver::focusHost() {
     pumpAll();
 }
 
+void WindowDriver::askFocus(NativeWindow window) {
+    SetFocus(reinterpret_cast<HWND>(window));
+    pumpAll();
+}
+
 void WindowDriver::takeCaptureAway() {
     SetCapture(host_);
     ReleaseCapture();

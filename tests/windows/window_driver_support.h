@@ -35,6 +35,7 @@ public:
     void mouseUp(int16_t button) override { press(button, false); }
     void wheel(int32_t delta) override;
     void focusHost() override;
+    void askFocus(NativeWindow window) override;
     void takeCaptureAway() override;
     void pass(std::chrono::milliseconds time) override { pumpFor(time); }
     void settle() override { pumpAll(); }

@@ -235,6 +235,8 @@ int32_t HeadlessPlatform::drop(NativeWindow surfaceWindow, DropEvent event) {
 
 void HeadlessPlatform::setFocus(NativeWindow window) {
     if (window == focus_) return;
+    const HeadlessWindow* const wanted = find(window);
+    if (wanted && wanted->inPanel()) return;
     HeadlessWindow* losing = find(focus_);
     focus_ = window;
     if (losing) {

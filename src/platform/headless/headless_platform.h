@@ -55,7 +55,7 @@ public:
     void wheel(NativeWindow surface, const WheelEvent& event);
     // Lets go of something dragged from elsewhere. What was done with it; none where it cannot be dropped.
     int32_t drop(NativeWindow surface, DropEvent event);
-    // Gives the focus to a window, or with 0 to another application.
+    // Gives the focus to a window that is not in a panel, or with 0 to another application.
     void setFocus(NativeWindow window);
     // Another window takes the capture.
     void stealCapture();

@@ -24,7 +24,6 @@ HeadlessSurface::~HeadlessSurface() {
 }
 
 bool HeadlessSurface::canTakeFocus() const {
-    // The focus in a panel would take it from the host's window.
     return kind_ == SurfacePlacement::Kind::control && HeadlessWindow::canTakeFocus();
 }
 

@@ -21,6 +21,11 @@ void HeadlessWindow::orphan() {
     id_ = 0;
 }
 
+bool HeadlessWindow::inPanel() const {
+    const HeadlessSurface* const surface = parent_ ? parent_ : platform_.surface(id_);
+    return surface && surface->kind() == SurfacePlacement::Kind::panel;
+}
+
 bool HeadlessWindow::contains(NativeWindow window) const {
     if (window == id_) return true;
     const HeadlessWindow* found = platform_.find(window);

@@ -22,6 +22,7 @@ public:
     // Its surface is gone: what is left answers, and does nothing.
     void orphan();
     bool contains(NativeWindow window) const;  // itself or a child of it
+    bool inPanel() const;
     const PixelRect& bounds() const { return bounds_; }
     const PixelRect& clip() const { return clip_; }
     bool visible() const { return visible_; }

@@ -77,6 +77,8 @@ std::shared_ptr<SurfaceWindow> SurfaceWindow::create(const std::shared_ptr<Envir
         placement.kind == Kind::parked ? nullptr : parent, nullptr, environment->module(), nullptr);
     if (!window) return nullptr;
     self->adopt(window);
+    // The focus in a panel would take the activation from the host's window.
+    if (panel) self->focusRefusal_.begin(window);
     self->reportedDpi_ = self->dpi();
     environment->service().addListener(
         std::shared_ptr<AppearanceListener>(self, static_cast<AppearanceListener*>(self.get())));
@@ -96,6 +98,7 @@ void SurfaceWindow::destroyed() {
     wantsCapture_ = false;
     toolTip_.close();
     hostWatch_.end();
+    focusRefusal_.end();
     // Screen readers in other processes let go of what no longer shows.
     if (accessible_) CoDisconnectObject(accessible_.get(), 0);
     accessible_.reset();
@@ -180,7 +183,6 @@ void SurfaceWindow::hostMoved() {
 }
 
 void SurfaceWindow::takeFocus() {
-    // The focus in a panel would take the activation from the host's window.
     if (kind_ == Kind::control) focus();
 }
 

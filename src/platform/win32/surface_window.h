@@ -4,6 +4,7 @@
 #include "com/com_ptr.h"
 #include "platform/win32/client_window.h"
 #include "platform/win32/display.h"
+#include "platform/win32/focus_refusal.h"
 #include "platform/win32/host_watch.h"
 #include "platform/win32/tool_tip.h"
 #include "widgets/surface_peer.h"
@@ -92,7 +93,8 @@ private:
     std::optional<Press> lastPress_;  // of the left button
     std::vector<std::weak_ptr<ChildWindow>> children_;
     ToolTip toolTip_;
-    HostWatch hostWatch_;  // while a panel shows
+    HostWatch hostWatch_;        // while a panel shows
+    FocusRefusal focusRefusal_;  // of a panel
     ComPtr<IUnknown> accessible_;
 };
 
