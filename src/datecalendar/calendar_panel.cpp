@@ -95,7 +95,7 @@ void CalendarPanel::setLook(Look look) {
     invalidate();
 }
 
-PixelSize CalendarPanel::size(Dpi dpi) const {
+PixelSize CalendarPanel::size(Dpi dpi) {
     return {dpi.toPixels(panelWidth), dpi.toPixels(panelHeight)};
 }
 

@@ -18,7 +18,7 @@ public:
     CalendarPanel(Control& outer, Container& parent, const CalendarModel& model);
 
     void setLook(Look look);
-    PixelSize size(Dpi dpi) const;
+    static PixelSize size(Dpi dpi);
     // Shows what the model has now.
     void refresh();
     // Ends what a held button does.

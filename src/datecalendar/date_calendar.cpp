@@ -28,7 +28,7 @@ DateCalendar::DateCalendar(Platform& platform)
       picfraBOX(root()),
       picfraICON(picfraBOX),
       txtfraBORDER(picfraBOX),
-      panel_(*this),
+      panel_(*this, [](Dpi scale) { return CalendarPanel::size(scale); }),
       picDROPDOWNPANEL(*this, panel_.root(), model_) {
     panel_.setAccessibleName(u"Calendar");
     txtfraBORDER.setAccessibleName(u"Date");
@@ -111,9 +111,6 @@ void DateCalendar::connectPanel() {
         connections_.push_back(event.connect(std::move(handler)));
     };
     on(panel_.dismissed, [this] { HidePopUp(); });
-    on(panel_.appearanceChanged, [this] {
-        if (panel_.visible()) HidePopUp();
-    });
     on(panel_.mouseElsewhere, [this](const MouseEvent& event) {
         const bool presses =
             event.kind == MouseEvent::Kind::down || event.kind == MouseEvent::Kind::doubleClick;
@@ -203,7 +200,7 @@ void DateCalendar::ShowPopUp() {
         return;
     }
     attemptSequence([&] { model_.showDate(); });
-    panel_.show(picDROPDOWNPANEL.size(panel_.dpi()), drop_.firstSide());
+    panel_.show(drop_.firstSide());
     showIcon();
 }
 

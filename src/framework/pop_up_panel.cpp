@@ -1,6 +1,7 @@
 #include "framework/pop_up_panel.h"
 
 #include "base/attempt.h"
+#include "base/scoped_value.h"
 
 #include <algorithm>
 
@@ -10,7 +11,8 @@ PopUpPanel::Root::Root(PopUpPanel& panel)
     : Container(panel.owner_.platform(), [&panel] { return panel.owner_.root().keepAlive(); }),
       panel_(panel) {}
 
-PopUpPanel::PopUpPanel(Control& owner) : owner_(owner), root_(*this), surface_(root_, *this) {
+PopUpPanel::PopUpPanel(Control& owner, SizeAt sizeAt)
+    : owner_(owner), root_(*this), surface_(root_, *this), sizeAt_(std::move(sizeAt)) {
     owner_.panels_.push_back(this);
 }
 
@@ -19,29 +21,45 @@ PopUpPanel::~PopUpPanel() {
     std::erase(owner_.panels_, this);
 }
 
-bool PopUpPanel::show(PixelSize size, PopUpSide first) {
+bool PopUpPanel::show(PopUpSide first) {
     if (visible_) return true;
     const Surface* host = owner_.root().surface();
     if (!host || !host->placed() || owner_.root().pixelClip().empty()) return false;
-    const PixelRect bounds = placed(size, first, *host);
-    if (!surface_.isOpen() && !surface_.open({SurfacePlacement::Kind::panel, host->window(), bounds}))
+    side_ = first;
+    if (!surface_.isOpen() && !surface_.open({SurfacePlacement::Kind::panel, host->window(),
+                                              placed(sizeAt_(owner_.root().dpi()), *host)}))
         return false;
+    fit();
     visible_ = true;
-    surface_.setBounds(bounds);
-    const Dpi scale = surface_.dpi();
-    root_.move({{0}, {0}, scale.toTwips(size.width), scale.toTwips(size.height)});
+    // Whoever loses the capture may tell a host, which may hide the panel or close the control.
     surface_.holdCapture();
-    surface_.setVisible(true);
-    surface_.update();
-    return true;
+    if (visible_) surface_.setVisible(true);
+    if (visible_) surface_.update();
+    return visible_;
 }
 
-void PopUpPanel::resize(PixelSize size, PopUpSide first) {
+void PopUpPanel::sizeChanged() {
+    if (visible_) fit();
+}
+
+// Where it comes to lie may be a monitor of another scale, at which it has another size.
+void PopUpPanel::fit() {
+    constexpr int32_t monitors = 3;  // more than any panel lies on: ones that disagree do not go on for ever
     const Surface* host = owner_.root().surface();
-    if (!visible_ || !host) return;
-    surface_.setBounds(placed(size, first, *host));
-    const Dpi scale = surface_.dpi();
+    if (!host || !surface_.isOpen() || fitting_) return;
+    const ScopedFlag fitting(fitting_);
+    Dpi scale = surface_.dpi();
+    PixelSize size;
+    for (int32_t tried = 0; tried < monitors; ++tried) {
+        scale = surface_.dpi();
+        size = sizeAt_(scale);
+        surface_.setBounds(placed(size, *host));
+        if (surface_.dpi() == scale) break;
+    }
+    if (fittedTo_ != scale) root_.appearanceChanged();
+    fittedTo_ = scale;
     root_.move({{0}, {0}, scale.toTwips(size.width), scale.toTwips(size.height)});
+    root_.placed();
     root_.invalidate();
 }
 
@@ -57,11 +75,11 @@ void PopUpPanel::renewCapture() {
     surface_.holdCapture();
 }
 
-PixelRect PopUpPanel::placed(PixelSize size, PopUpSide first, const Surface& host) const {
+PixelRect PopUpPanel::placed(PixelSize size, const Surface& host) const {
     const PixelRect own = owner_.root().pixelBounds();
     const PixelPoint origin = host.toScreen({own.left, own.top});
     const PixelRect anchor{origin.x, origin.y, origin.x + own.width(), origin.y + own.height()};
-    return placePopUp(anchor, size, host.workArea(), first);
+    return placePopUp(anchor, size, host.workArea(anchor), side_);
 }
 
 void PopUpPanel::close() {
@@ -80,10 +98,9 @@ void PopUpPanel::surfaceHostMoved() {
 }
 
 void PopUpPanel::surfaceChanged() {
-    attempt([&] { appearanceChanged(); });
-    root_.appearanceChanged();
-    root_.placed();
-    root_.invalidate();
+    // The next fitting takes over what changed, be it the one under way or that of the next showing.
+    fittedTo_.reset();
+    sizeChanged();
 }
 
 AccessibleItem PopUpPanel::describeSurface() const {

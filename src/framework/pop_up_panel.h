@@ -6,6 +6,8 @@
 #include "framework/pop_up_placement.h"
 #include "widgets/surface.h"
 
+#include <functional>
+
 namespace obk {
 
 // Holds the panel's widgets from the beginning; its window exists from the first showing until the control is
@@ -13,8 +15,10 @@ namespace obk {
 // and tells its host.
 class PopUpPanel final : private SurfaceOwner {
 public:
+    // In pixels, where a pixel is as large as there; the panel's widgets are made ready for that.
+    using SizeAt = std::function<PixelSize(Dpi)>;
     // `owner` is borrowed and outlives the panel.
-    explicit PopUpPanel(Control& owner);
+    PopUpPanel(Control& owner, SizeAt sizeAt);
     PopUpPanel(const PopUpPanel&) = delete;
     PopUpPanel& operator=(const PopUpPanel&) = delete;
     ~PopUpPanel();
@@ -25,24 +29,22 @@ public:
     void setAccessibleName(Text name) { accessibleName_ = std::move(name); }
 
     bool visible() const { return visible_; }
-    // Places the panel beside the control, whole on its monitor, takes the mouse capture and shows it. Does
-    // nothing while it is shown, and false when the control has no place on the screen.
-    bool show(PixelSize size, PopUpSide first);
-    // Another size at the same control, as far as it is shown.
-    void resize(PixelSize size, PopUpSide first);
+    // Places the panel beside the control, whole on its monitor and at the scale of that, takes the mouse
+    // capture and shows it. Does nothing while it is shown. Whether it is shown now: not when the control has
+    // no place on the screen, nor when a host, told that its capture is gone, has hidden it at once.
+    bool show(PopUpSide first);
+    // Its size is another one now.
+    void sizeChanged();
     // Gives up the capture only if the panel has it.
     void hide();
     // Gives the capture up and takes it anew, as a press does that begins a drag.
     void renewCapture();
     bool holdsCapture() const { return surface_.hasCapture(); }
-    // In the control's pixels: those of the monitor that it is on.
-    Dpi dpi() const { return owner_.root().dpi(); }
     // 0 before it was shown first, and when the control has no window any more.
     NativeWindow window() const { return surface_.window(); }
 
     Event<> dismissed;
     Event<const MouseEvent&> mouseElsewhere;  // in pixels of the panel
-    Event<> appearanceChanged;
 
 private:
     friend class Control;
@@ -56,7 +58,8 @@ private:
         PopUpPanel& panel_;
     };
 
-    PixelRect placed(PixelSize size, PopUpSide first, const Surface& host) const;
+    PixelRect placed(PixelSize size, const Surface& host) const;
+    void fit();
     void hostMoved() { surfaceHostMoved(); }
     // The control has no window any more.
     void close();
@@ -74,8 +77,12 @@ private:
     Control& owner_;
     Root root_;
     Surface surface_;
+    SizeAt sizeAt_;
     Text accessibleName_;
+    PopUpSide side_ = PopUpSide::below;
+    std::optional<Dpi> fittedTo_;  // the scale that the widgets are laid out for
     bool visible_ = false;
+    bool fitting_ = false;
 };
 
 }  // namespace obk

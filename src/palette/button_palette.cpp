@@ -15,7 +15,7 @@ ButtonPalette::ButtonPalette(Platform& platform)
     : Control(platform),
       cmdMAINBTN(root(), button_),
       barPALETTE(*this, root()),
-      panel_(*this),
+      panel_(*this, [this](Dpi scale) { return layOutPanel(scale); }),
       picDROPDOWNPANEL(*this, panel_.root(), model_),
       cTIMER(platform.clock()) {
     barPALETTE.setTakesMouse(false);
@@ -46,9 +46,6 @@ ButtonPalette::ButtonPalette(Platform& platform)
     on(picDROPDOWNPANEL.mouseReported, [this](const MouseEvent& event) { panelMouse(event); });
     on(panel_.mouseElsewhere, [this](const MouseEvent& event) { panelMouse(event); });
     on(panel_.dismissed, [this] { HidePopUp(); });
-    on(panel_.appearanceChanged, [this] {
-        if (panel_.visible()) HidePopUp();
-    });
 }
 
 void ButtonPalette::initialize() {
@@ -155,7 +152,7 @@ void ButtonPalette::SetMaskHLightColor(OleColour MaskHLightColor) {
 
 void ButtonPalette::SetPalette(int32_t Palette) {
     attempt([&] { loadPalette(Palette); });
-    if (panel_.visible()) attempt([&] { panel_.resize(layOutPanel(), model_.drop.firstSide()); });
+    attempt([&] { panel_.sizeChanged(); });
     PropertyChanged<&ButtonPalette::Palette>();
 }
 
@@ -198,9 +195,8 @@ void ButtonPalette::SetTheme() {
 void ButtonPalette::ShowPopUp() {
     if (panel_.visible()) return;
     model_.endWalk();
-    const PixelSize size = layOutPanel();
     model_.set(&ButtonState::hot, false);
-    panel_.show(size, model_.drop.firstSide());
+    panel_.show(model_.drop.firstSide());
     refresh();
 }
 
@@ -240,8 +236,8 @@ void ButtonPalette::refresh() {
     model_.set(&ButtonState::down, model_.drop.pressed || panel_.visible());
 }
 
-PixelSize ButtonPalette::layOutPanel() {
-    model_.setScale(panel_.dpi());
+PixelSize ButtonPalette::layOutPanel(Dpi scale) {
+    model_.setScale(scale);
     return picDROPDOWNPANEL.layOut();
 }
 

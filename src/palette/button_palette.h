@@ -107,7 +107,7 @@ private:
     void put(T ButtonState::*place, const T& value);
     Rgb buttonFace() const;
     void refresh();
-    PixelSize layOutPanel();
+    PixelSize layOutPanel(Dpi scale);
 
     // The button.
     void buttonMouse(const MouseEvent& event);

@@ -43,6 +43,9 @@ void PaletteModel::setScale(Dpi dpi) {
     palette_.setScale(dpi);
     for (const PaletteCell& cell : palette_.cells()) {
         if (cell.standsFor(selectedCell_)) selectedCell_.rect = cell.rect;
+        for (std::optional<PaletteCell>* shown : {&hoverCell_, &walkCell_}) {
+            if (*shown && cell.standsFor(**shown)) (*shown)->rect = cell.rect;
+        }
     }
 }
 

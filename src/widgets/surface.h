@@ -30,8 +30,8 @@ public:
     Dpi dpi() const;
     // A point of the window on the screen; itself when it is not open.
     PixelPoint toScreen(PixelPoint point) const { return peer_ ? peer_->toScreen(point) : point; }
-    // Of the monitor that it is on; empty when it is not open.
-    PixelRect workArea() const { return peer_ ? peer_->workArea() : PixelRect{}; }
+    // Of the monitor that a place on the screen is on; empty when it is not open.
+    PixelRect workArea(const PixelRect& place) const { return peer_ ? peer_->workArea(place) : PixelRect{}; }
 
     // What follows does nothing when it is not open.
     void setBounds(const PixelRect& bounds);

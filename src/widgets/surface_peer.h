@@ -80,8 +80,8 @@ public:
     // From now on things may be dropped on it, where the system and the host's thread are ready for that.
     virtual void acceptDrops() = 0;
     virtual PixelPoint toScreen(PixelPoint point) const = 0;
-    // The part of the screen that windows may use, of the monitor this surface is on.
-    virtual PixelRect workArea() const = 0;
+    // The part of the screen that windows may use, of the monitor that most of a place on the screen is on.
+    virtual PixelRect workArea(const PixelRect& place) const = 0;
 
     // Null when the system refuses.
     virtual std::unique_ptr<TextBoxPeer> createTextBox(TextBoxClient& client,

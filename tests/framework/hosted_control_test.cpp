@@ -17,7 +17,10 @@ public:
           own(root()),
           beside(*this, root()),
           arrow(*this, root()),
-          panel(*this),
+          panel(*this,
+                [](Dpi scale) {
+                    return PixelSize{scale.scaled(100), scale.scaled(40)};
+                }),
           inPanel(*this, panel.root()) {
         connections_.push_back(beside->Change.connect([this] { Told(); }));
         connections_.push_back(panel.dismissed.connect([this] { panel.hide(); }));
@@ -144,12 +147,12 @@ protected:
 };
 
 TEST_F(PopUpPanelTest, HasAWindowOnlyOnceItCanBeShown) {
-    EXPECT_FALSE(panel().show({100, 40}, PopUpSide::below));
+    EXPECT_FALSE(panel().show(PopUpSide::below));
     control->window();  // parked: without a place on the screen
-    EXPECT_FALSE(panel().show({100, 40}, PopUpSide::below));
+    EXPECT_FALSE(panel().show(PopUpSide::below));
     activate({10, 20, 310, 80});
     const size_t before = platform.windowCount();
-    EXPECT_TRUE(panel().show({100, 40}, PopUpSide::below));
+    EXPECT_TRUE(panel().show(PopUpSide::below));
     EXPECT_EQ(place(), (PixelRect{10, 80, 110, 120}));
     panel().hide();
     EXPECT_GT(platform.windowCount(), before);
@@ -160,7 +163,7 @@ TEST_F(PopUpPanelTest, HasAWindowOnlyOnceItCanBeShown) {
 
 TEST_F(PopUpPanelTest, HoldsTheCaptureWhileItIsOpenAndGivesUpOnlyItsOwn) {
     activate({0, 0, 300, 60});
-    panel().show({100, 40}, PopUpSide::below);
+    panel().show(PopUpSide::below);
     EXPECT_EQ(platform.capture(), panel().window());
     std::vector<PixelPoint> seen;
     const Connection connection =
@@ -172,7 +175,7 @@ TEST_F(PopUpPanelTest, HoldsTheCaptureWhileItIsOpenAndGivesUpOnlyItsOwn) {
     EXPECT_TRUE(panel().holdsCapture());
     panel().hide();
     EXPECT_EQ(platform.capture(), 0u);
-    panel().show({100, 40}, PopUpSide::below);
+    panel().show(PopUpSide::below);
     platform.stealCapture();
     EXPECT_FALSE(panel().visible());
 }
@@ -181,7 +184,7 @@ TEST_F(PopUpPanelTest, APressOnAFieldInsideTakesNoFocusAndTheSpinnersCaptureCome
     activate({0, 0, 300, 60});
     control->focus();
     const NativeWindow focus = platform.focus();
-    panel().show({100, 40}, PopUpSide::below);
+    panel().show(PopUpSide::below);
     const NativeWindow window = panel().window();
     platform.click(window, {14, 14});
     EXPECT_EQ(platform.focus(), focus);
@@ -197,18 +200,77 @@ TEST_F(PopUpPanelTest, APressOnAFieldInsideTakesNoFocusAndTheSpinnersCaptureCome
 
 TEST_F(PopUpPanelTest, IsDismissedWhenTheHostsWindowOrTheControlMoves) {
     activate({0, 0, 300, 60});
-    panel().show({100, 40}, PopUpSide::below);
+    panel().show(PopUpSide::below);
     platform.moveHost();
     EXPECT_FALSE(panel().visible());
-    panel().show({100, 40}, PopUpSide::below);
+    panel().show(PopUpSide::below);
     control->setBounds({5, 5, 305, 65});
     EXPECT_FALSE(panel().visible());
+}
+
+TEST_F(PopUpPanelTest, TakesTheScaleOfItsMonitorWheneverItIsToldAndStaysOpen) {
+    using Told = headless::HeadlessPlatform::ScaleTold;
+    const auto monitors = [](int32_t right) {
+        return std::vector<headless::HeadlessPlatform::Monitor>{{{0, 0, 700, 800}, Dpi(96)},
+                                                                {{700, 0, 1400, 800}, Dpi(right)}};
+    };
+    const auto fieldInside = [this] {
+        return platform.surface(panel().window())->children().front()->bounds();
+    };
+    int dismissed = 0;
+    const Connection connection = panel().dismissed.connect([&] { ++dismissed; });
+    for (const Told told : {Told::moved, Told::shown}) {
+        SCOPED_TRACE(static_cast<int>(told));
+        platform.setMonitors(monitors(144), told);
+        // Made on one monitor, shown on the other one, and on the first one again.
+        for (const auto& [left, width] : {std::pair(100, 100), {720, 150}, {100, 100}, {720, 150}}) {
+            activate({left, 20, left + 300, 80});
+            dismissed = 0;
+            ASSERT_TRUE(panel().show(PopUpSide::below));
+            EXPECT_EQ(place(), (PixelRect{left, 80, left + width, 80 + width * 2 / 5}));
+            EXPECT_EQ(fieldInside().left, Dpi(width * 96 / 100).toPixels(Twips{150}) + 2);
+            EXPECT_EQ(platform.capture(), panel().window());
+            if (left == 720) {
+                platform.setMonitors(monitors(192), told);
+                EXPECT_EQ(place(), (PixelRect{720, 80, 920, 160})) << "while it is open";
+                platform.setMonitors(monitors(144), told);
+                EXPECT_EQ(place(), (PixelRect{720, 80, 870, 140}));
+            }
+            EXPECT_EQ(dismissed, 0);
+            panel().hide();
+        }
+        control->deactivate();
+    }
+}
+
+TEST_F(PopUpPanelTest, OpensOnTheMonitorOfItsControlAndNotOfTheWholeSurface) {
+    platform.setMonitors({{{0, 0, 700, 800}}, {{700, 0, 1400, 800}}});
+    activate({100, 20, 1000, 80});
+    class Field final : public Control {
+    public:
+        explicit Field(Platform& platform)
+            : Control(platform), panel(*this, [](Dpi) {
+                  return PixelSize{100, 40};
+              }) {}
+        static const ControlTable& memberTable() {
+            static const ControlTable table = TableBuilder<Field>(u"Field", u"Drops a panel down").build();
+            return table;
+        }
+        const ControlTable& table() const override { return memberTable(); }
+        void resize() override {}
+        PopUpPanel panel;
+    };
+    Hosted<Field> cell(outer(), outer().root());
+    cell.move({{9300}, {0}, {900}, {300}});  // from pixel 720 of the screen on
+    ASSERT_TRUE(cell->panel.show(PopUpSide::below));
+    EXPECT_EQ(platform.surface(cell->panel.window())->bounds().left, 720);
+    cell->panel.hide();
 }
 
 TEST_F(PopUpPanelTest, StaysAwayWhenTheSystemRefusesAWindow) {
     activate({0, 0, 300, 60});
     platform.refuseWindows(true);
-    EXPECT_FALSE(panel().show({100, 40}, PopUpSide::below));
+    EXPECT_FALSE(panel().show(PopUpSide::below));
     EXPECT_EQ(platform.capture(), 0u);
 }
 

@@ -314,7 +314,6 @@ TEST_F(ButtonPaletteTest, EverythingThatTakesThePanelsPlaceHidesIt) {
         {"the control moved", [&] { control->setBounds(moved); }},
         {"the capture was taken", [this] { platform.stealCapture(); }},
         {"disabled", [this] { put(u"Enabled", false); }},
-        {"another scale", [this] { platform.setDpi(panel()->id(), Dpi(144)); }},
     };
     for (const auto& [name, way] : ways) {
         put(u"Enabled", true);
@@ -374,7 +373,7 @@ TEST_F(ButtonPaletteTest, ADisabledButtonDoesNothing) {
 
 TEST_F(ButtonPaletteTest, ThePanelStaysWholeOnTheMonitorAndGoesUpWhenAsked) {
     put(u"bPOSITIONDEFAULT", false);
-    platform.setWorkAreas({{0, 0, 1280, 800}, {-1024, 0, 0, 768}});
+    platform.setMonitors({{{0, 0, 1280, 800}}, {{-1024, 0, 0, 768}}});
     control->setBounds({-500, 500, -425, 523});
     show();
     const PixelRect up = panel()->bounds();

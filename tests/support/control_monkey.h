@@ -23,6 +23,7 @@ public:
     ControlMonkey(const ControlTable& table, Dice dice) : table_(table), dice_(std::move(dice)) {
         platform_.registry().setString(u"SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion", u"CurrentVersion",
                                        "6.3");
+        twoMonitors();
         platform_.answerMenu([this](std::span<const MenuItem> items, const PixelRect&) {
             hear("asking");
             return std::optional(static_cast<size_t>(below(static_cast<int32_t>(items.size()) + 1)));
@@ -223,12 +224,22 @@ private:
                              state, at_});
         }
     }
+    // Side by side; whether a panel hears of its scale at once is for the dice, too.
+    void twoMonitors() {
+        using Told = headless::HeadlessPlatform::ScaleTold;
+        platform_.setMonitors({{{0, 0, 500, 800}, Dpi(one({96, 144}))}, {{500, 0, 1280, 800}, Dpi(144)}},
+                              one({Told::moved, Told::shown}));
+    }
     void surroundings() {
-        switch (below(10)) {
+        switch (below(11)) {
             case 0: {
                 const auto held = control_;
-                return held->setBounds({0, 0, below(3) == 0 ? below(600) : bounds.right, bounds.bottom});
+                const int32_t left = one({0, 0, 300, 600});
+                const int32_t width = below(3) == 0 ? below(600) : bounds.right;
+                return held->setBounds({left, 0, left + width, bounds.bottom});
             }
+            case 10:
+                return twoMonitors();
             case 1:
                 return platform_.setDpi(control_->window(), Dpi(one({96, 120, 144, 168, 192})));
             case 2:

@@ -91,14 +91,23 @@ void HeadlessPlatform::moveHost() {
     }
 }
 
-PixelRect HeadlessPlatform::workAreaOf(const PixelRect& rect) const {
-    const auto shown = [&rect](const PixelRect& area) {
-        const PixelRect part = rect.intersected(area);
+void HeadlessPlatform::setMonitors(std::vector<Monitor> monitors, ScaleTold told) {
+    monitors_ = std::move(monitors);
+    scaleTold_ = told;
+    for (const NativeWindow id : windows()) {
+        HeadlessSurface* const shown = surface(id);
+        if (shown && shown->visible()) shown->followMonitor();
+    }
+}
+
+const HeadlessPlatform::Monitor& HeadlessPlatform::monitorOf(const PixelRect& rect) const {
+    const auto shown = [&rect](const Monitor& monitor) {
+        const PixelRect part = rect.intersected(monitor.workArea);
         return part.empty() ? int64_t{0} : static_cast<int64_t>(part.width()) * part.height();
     };
     return *std::max_element(
-        workAreas_.begin(), workAreas_.end(),
-        [&shown](const PixelRect& left, const PixelRect& right) { return shown(left) < shown(right); });
+        monitors_.begin(), monitors_.end(),
+        [&shown](const Monitor& left, const Monitor& right) { return shown(left) < shown(right); });
 }
 
 void HeadlessPlatform::pressKey(int16_t code, int16_t shift) {

@@ -68,9 +68,17 @@ public:
     // Lets a surface paint, at once; what it draws and what was invalid are in its record.
     HeadlessSurface* surface(NativeWindow window) const;
     void setDpi(NativeWindow window, Dpi dpi);
-    // The parts of the monitors that windows may use; at first one of 1280 by 800 pixels.
-    void setWorkAreas(std::vector<PixelRect> areas) { workAreas_ = std::move(areas); }
-    PixelRect workAreaOf(const PixelRect& rect) const;
+    // What windows may use of a monitor, and its scale; that of the system where it has none of its own.
+    struct Monitor {
+        PixelRect workArea;
+        std::optional<Dpi> dpi{};
+    };
+    // At first there is one, of 1280 by 800 pixels. A panel has the scale of the monitor that it is on, and
+    // hears of another one as soon as it is moved there, or only when it is shown.
+    enum class ScaleTold { moved, shown };
+    void setMonitors(std::vector<Monitor> monitors, ScaleTold told = ScaleTold::moved);
+    const Monitor& monitorOf(const PixelRect& rect) const;
+    ScaleTold scaleTold() const { return scaleTold_; }
 
     NativeWindow focus() const { return focus_; }
     NativeWindow capture() const { return capture_; }
@@ -101,7 +109,8 @@ private:
     NativeWindow focus_ = 0;
     NativeWindow capture_ = 0;
     NativeWindow hovered_ = 0;
-    std::vector<PixelRect> workAreas_{{0, 0, 1280, 800}};
+    std::vector<Monitor> monitors_{{{0, 0, 1280, 800}}};
+    ScaleTold scaleTold_ = ScaleTold::moved;
 };
 
 }  // namespace obk::headless

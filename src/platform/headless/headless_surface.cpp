@@ -14,6 +14,7 @@ HeadlessSurface::HeadlessSurface(HeadlessPlatform& platform, SurfaceClient& clie
       kind_(placement.kind),
       dpi_(platform.appearance().systemDpi()) {
     bounds_ = clip_ = placement.bounds;
+    if (kind_ == SurfacePlacement::Kind::panel) dpi_ = monitorDpi();
     visible_ = kind_ == SurfacePlacement::Kind::control;
     invalidate(area());
 }
@@ -31,12 +32,22 @@ void HeadlessSurface::setBounds(const PixelRect& bounds) {
     const PixelRect before = area();
     bounds_ = clip_ = bounds;
     if (area() != before) invalidate(area());
+    if (visible_ || platform_.scaleTold() == HeadlessPlatform::ScaleTold::moved) followMonitor();
+}
+
+Dpi HeadlessSurface::monitorDpi() const {
+    return platform_.monitorOf(bounds_).dpi.value_or(platform_.appearance().systemDpi());
+}
+
+void HeadlessSurface::followMonitor() {
+    if (kind_ == SurfacePlacement::Kind::panel && monitorDpi() != dpi_) setDpi(monitorDpi());
 }
 
 void HeadlessSurface::setVisible(bool visible) {
     if (visible && !visible_) invalidate(area());
     visible_ = visible;
     if (!visible && hasFocus()) platform_.setFocus(0);
+    if (visible) followMonitor();
 }
 
 void HeadlessSurface::setEnabled(bool enabled) {
@@ -99,8 +110,7 @@ RecordingCanvas HeadlessSurface::paint() {
 
 void HeadlessSurface::setDpi(Dpi dpi) {
     dpi_ = dpi;
-    const auto alive = surfaceClient_.keepAlive();
-    surfaceClient_.dpiChanged(dpi);
+    if (const auto alive = surfaceClient_.keepAlive()) surfaceClient_.dpiChanged(dpi);
 }
 
 HeadlessWindow* HeadlessSurface::childAt(PixelPoint point) const {

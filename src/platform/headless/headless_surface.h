@@ -38,7 +38,7 @@ public:
     PixelPoint toScreen(PixelPoint point) const override {
         return {point.x + bounds_.left, point.y + bounds_.top};
     }
-    PixelRect workArea() const override { return platform_.workAreaOf(bounds_); }
+    PixelRect workArea(const PixelRect& place) const override { return platform_.monitorOf(place).workArea; }
     std::unique_ptr<TextBoxPeer> createTextBox(TextBoxClient& client, HorizontalAlignment alignment) override;
     std::unique_ptr<CheckBoxPeer> createCheckBox(CheckBoxClient& client) override;
 
@@ -54,6 +54,8 @@ public:
     SurfaceClient& surfaceClient() const { return surfaceClient_; }
     SurfacePlacement::Kind kind() const { return kind_; }
     void setDpi(Dpi dpi);
+    // A panel takes the scale of the monitor that it is on.
+    void followMonitor();
     HeadlessWindow* childAt(PixelPoint point) const;
     const std::vector<HeadlessWindow*>& children() const { return children_; }
     void addChild(HeadlessWindow& child) { children_.push_back(&child); }
@@ -62,6 +64,7 @@ public:
     Cursor cursor() const { return cursor_; }
 
 private:
+    Dpi monitorDpi() const;
     PixelRect area() const { return {0, 0, bounds_.width(), bounds_.height()}; }
 
     SurfaceClient& surfaceClient_;

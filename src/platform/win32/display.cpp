@@ -36,11 +36,11 @@ Dpi windowDpi(HWND window) {
     return systemDpi();
 }
 
-PixelRect workAreaOf(HWND window) {
+PixelRect workAreaOf(const PixelRect& place) {
     MONITORINFO info{};
     info.cbSize = sizeof info;
-    if (GetMonitorInfoW(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &info))
-        return fromRect(info.rcWork);
+    const RECT on = toRect(place);
+    if (GetMonitorInfoW(MonitorFromRect(&on, MONITOR_DEFAULTTONEAREST), &info)) return fromRect(info.rcWork);
     RECT area{};
     SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0);
     return fromRect(area);

@@ -12,7 +12,7 @@ Dpi systemDpi();
 // does not tell them apart.
 Dpi windowDpi(HWND window);
 // Without task bars; monitors left of or above the first one have negative coordinates.
-PixelRect workAreaOf(HWND window);
+PixelRect workAreaOf(const PixelRect& place);
 
 // Coordinates are held within what GDI can draw (27 bits).
 RECT toRect(const PixelRect& rect);

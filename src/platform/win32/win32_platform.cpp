@@ -57,14 +57,16 @@ public:
 
     NativeWindow window() const override { return reinterpret_cast<NativeWindow>(window_->hwnd()); }
     void setBounds(const PixelRect& bounds, const PixelRect& clip) override {
-        window_->setBounds(bounds, clip);
+        held()->setBounds(bounds, clip);
     }
-    void setVisible(bool visible) override { window_->setVisible(visible); }
-    void setEnabled(bool enabled) override { window_->setEnabled(enabled); }
-    void focus() override { window_->focus(); }
+    void setVisible(bool visible) override { held()->setVisible(visible); }
+    void setEnabled(bool enabled) override { held()->setEnabled(enabled); }
+    void focus() override { held()->focus(); }
     bool hasFocus() const override { return window_->holdsFocus(); }
 
 protected:
+    // What follows from a call may destroy the peer: for those that make windows speak.
+    std::shared_ptr<Window> held() const { return window_; }
     std::shared_ptr<Window> window_;
 };
 
@@ -72,15 +74,15 @@ class TextBox final : public Child<TextBoxPeer, TextBoxWindow> {
 public:
     using Child::Child;
 
-    void setFont(const FontDescription& font) override { window_->setFont(font); }
+    void setFont(const FontDescription& font) override { held()->setFont(font); }
     void setColours(Rgb text, Rgb background) override { window_->setColours(text, background); }
     void setAccessibleName(TextView name) override { window_->setAccessibleName(name); }
-    void setText(TextView text) override { window_->setText(text); }
-    void setSelection(TextSelection selection) override { window_->setSelection(selection); }
+    void setText(TextView text) override { held()->setText(text); }
+    void setSelection(TextSelection selection) override { held()->setSelection(selection); }
     TextSelection selection() const override { return window_->selection(); }
-    void setAlignment(HorizontalAlignment alignment) override { window_->setAlignment(alignment); }
+    void setAlignment(HorizontalAlignment alignment) override { held()->setAlignment(alignment); }
     void setMaxLength(int32_t length) override { window_->setMaxLength(length); }
-    void perform(EditCommand command) override { window_->perform(command); }
+    void perform(EditCommand command) override { held()->perform(command); }
 };
 
 class CheckBox final : public Child<CheckBoxPeer, CheckBoxWindow> {
@@ -103,17 +105,17 @@ public:
 
     NativeWindow window() const override { return reinterpret_cast<NativeWindow>(window_->hwnd()); }
     Dpi dpi() const override { return window_->dpi(); }
-    void setParent(NativeWindow parent) override { window_->setParent(reinterpret_cast<HWND>(parent)); }
-    void setBounds(const PixelRect& bounds) override { window_->setBounds(bounds); }
-    void setVisible(bool visible) override { window_->setVisible(visible); }
-    void setEnabled(bool enabled) override { window_->setEnabled(enabled); }
+    void setParent(NativeWindow parent) override { held()->setParent(reinterpret_cast<HWND>(parent)); }
+    void setBounds(const PixelRect& bounds) override { held()->setBounds(bounds); }
+    void setVisible(bool visible) override { held()->setVisible(visible); }
+    void setEnabled(bool enabled) override { held()->setEnabled(enabled); }
     void invalidate(const PixelRect& rect) override { window_->invalidate(rect); }
-    void update() override { window_->update(); }
+    void update() override { held()->update(); }
     void scroll(const PixelRect& rect, int32_t x, int32_t y) override { window_->scroll(rect, x, y); }
-    void capture() override { window_->capture(); }
-    void releaseCapture() override { window_->releaseCapture(); }
+    void capture() override { held()->capture(); }
+    void releaseCapture() override { held()->releaseCapture(); }
     bool hasCapture() const override { return window_->hasCapture(); }
-    void focus() override { window_->takeFocus(); }
+    void focus() override { held()->takeFocus(); }
     bool hasFocus() const override { return window_->holdsFocus(); }
     void setCursor(Cursor cursor) override { window_->setCursor(cursor); }
     void setToolTip(const PixelRect& rect, TextView text) override { window_->setToolTip(rect, text); }
@@ -123,7 +125,7 @@ public:
         ClientToScreen(window_->hwnd(), &at);
         return {at.x, at.y};
     }
-    PixelRect workArea() const override { return workAreaOf(window_->hwnd()); }
+    PixelRect workArea(const PixelRect& place) const override { return workAreaOf(place); }
     std::unique_ptr<TextBoxPeer> createTextBox(TextBoxClient& client,
                                                HorizontalAlignment alignment) override {
         auto made = TextBoxWindow::create(environment_, window_, client, alignment);
@@ -141,6 +143,8 @@ public:
     }
 
 private:
+    std::shared_ptr<SurfaceWindow> held() const { return window_; }  // as for children
+
     std::shared_ptr<Environment> environment_;
     std::shared_ptr<SurfaceWindow> window_;
 };
