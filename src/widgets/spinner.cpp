@@ -98,12 +98,10 @@ void Spinner::mouse(const MouseEvent& event) {
     const std::optional<Part> part = partAt(event.at);
     switch (event.kind) {
         case MouseEvent::Kind::down:
+        case MouseEvent::Kind::doubleClick:  // the second press of a quick pair is one like any other
             mousePressed(event);
             // The host may have taken the control away meanwhile.
             if (event.button == button::left && part && surface() && enabled()) press(*part);
-            break;
-        case MouseEvent::Kind::doubleClick:  // the second press of a quick pair steps like any other
-            if (event.button == button::left && part) press(*part);
             break;
         case MouseEvent::Kind::move:
             if (hovered_ != part) {
