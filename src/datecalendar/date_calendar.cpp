@@ -4,6 +4,7 @@
 #include "base/scoped_value.h"
 #include "datecalendar/quick_menu.h"
 #include "framework/kxlib_system.h"
+#include "framework/whole_line.h"
 
 #include <utility>
 
@@ -87,6 +88,7 @@ void DateCalendar::connectChildren() {
     });
     on(txtfraBORDER.fontChanged, [this] {
         followedFont_.changed();
+        resize();
         if (!settingFont_) PropertyChanged<&DateCalendar::Font>();
     });
     const auto menuAsked = [this](const Widget& asked) {
@@ -235,8 +237,8 @@ void DateCalendar::resize() {
     fraBORDER.move({{0}, {0}, width(), height()});
     picfraBOX.move({edge, edge, width() - 2 * edge, inner});
     picfraICON.move({{0}, {0}, iconWidth, inner});
-    txtfraBORDER.move(
-        {iconWidth, 0.5 * (height() - lineHeight), picfraBOX.bounds().width - iconWidth, lineHeight});
+    txtfraBORDER.move(wholeLine(txtfraBORDER, {iconWidth, 0.5 * (height() - lineHeight),
+                                               picfraBOX.bounds().width - iconWidth, lineHeight}));
 }
 
 void DateCalendar::enterFocus() {

@@ -4,6 +4,7 @@
 #include "base/scoped_value.h"
 #include "framework/colours.h"
 #include "framework/kxlib_system.h"
+#include "framework/whole_line.h"
 #include "updown/shift_color.h"
 
 #include <cmath>
@@ -189,12 +190,11 @@ void UpDownTextBox::resize() {
 
     txtBORDER.move({{0}, {0}, w, h});
     picfraBOX.move({2 * p, 2 * p, w - 4 * p, h - 4 * p});
-    if (w > spinnerWidth) txtUPDOWN.setWidth(w - spinnerWidth);
-    txtUPDOWN.setHeight(lineHeight);
-    txtUPDOWN.setTop(0.5 * (h - lineHeight));
     udnCTRL.move({2 * p, {0}, w - 6 * p, h - 4 * p});
     // Buttons at the left edge push their field aside.
-    txtUPDOWN.setLeft(udnCTRL.buddyAlignment() == 0 ? Twips{0} : 2 * p + Spinner::buttonWidth);
+    const Twips left = udnCTRL.buddyAlignment() == 0 ? Twips{0} : 2 * p + Spinner::buttonWidth;
+    const Twips fieldWidth = w > spinnerWidth ? w - spinnerWidth : txtUPDOWN.bounds().width;
+    txtUPDOWN.move(wholeLine(txtUPDOWN, {left, 0.5 * (h - lineHeight), fieldWidth, lineHeight}));
     lblBACK.move({{0}, {0}, w, lineHeight});
 }
 

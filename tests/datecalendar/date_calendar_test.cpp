@@ -498,6 +498,20 @@ TEST_F(DateCalendarTest, StoredColoursAndToolTipHaveTheirEffect) {
     EXPECT_NE(platform.surface(surface())->toolTip().find(u"F4"), Text::npos);
 }
 
+TEST_F(DateCalendarTest, GlyphsAreWholeAboutTheMiddleOfTheFieldInLargeFonts) {
+    activate({100, 100, 400, 200});
+    const auto line = [this] { return platform.surface(surface())->children().front()->bounds(); };
+    const int32_t middle = line().top + line().bottom;
+    const auto font = std::make_shared<SharedFont>();
+    put(u"Font", FontRef(font));
+    for (const double size : {8.25, 14.0, 24.0, 36.0}) {
+        font->setDescription({u"Tahoma", size});
+        const int32_t height = platform.appearance().metrics(font->description(), Dpi(96)).height();
+        EXPECT_GE(line().height(), height) << size;
+        EXPECT_NEAR(line().top + line().bottom, middle, 2) << size;
+    }
+}
+
 TEST_F(DateCalendarTest, TheMouseIsTrackedInAndOut) {
     platform.mouse(surface(), {Kind::move, 0, 0, field});
     EXPECT_EQ(host.takeEvents(), (Journal{"MouseOut 0 0 900 150", "MouseMove 0 0 900 150"}));
