@@ -178,7 +178,7 @@ void ButtonFace::paintCaption(Canvas& canvas, const PixelRect& content) const {
     style.font = font_.description();
     style.horizontal = HorizontalAlignment::centre;
     style.showAccessKey = true;
-    style.colour = rgb(enabled() ? state_.ForeColor : OleColour(SystemColour::greyText));
+    style.colour = rgb(enabled() ? state_.caption : OleColour(SystemColour::greyText));
     // Blanks that set the caption off are the first to go where there is no room for them.
     const TextView caption = state_.Caption;
     const bool fits =

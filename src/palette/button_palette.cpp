@@ -68,7 +68,7 @@ void ButtonPalette::initProperties() {
     model_.set(&ButtonState::FocusRect, true);
     model_.set(&ButtonState::ButtonType, 1);
     model_.set(&ButtonState::BackColor, systemColour(SystemColour::buttonFace));
-    model_.set(&ButtonState::ForeColor, systemColour(SystemColour::buttonText));
+    model_.setForeColor(systemColour(SystemColour::buttonText));
     const FontRef ambient = ambientFont();
     cmdMAINBTN.setFont(ambient);
     followedFont_.took(ambient, ambient);
@@ -143,7 +143,8 @@ void ButtonPalette::SetFont(const FontRef& Font) {
 }
 
 void ButtonPalette::SetForeColor(OleColour ForeColor) {
-    put<&ButtonPalette::ForeColor>(&ButtonState::ForeColor, ForeColor);
+    model_.setForeColor(ForeColor);
+    PropertyChanged<&ButtonPalette::ForeColor>();
 }
 
 void ButtonPalette::SetMaskHLightColor(OleColour MaskHLightColor) {
@@ -189,7 +190,7 @@ void ButtonPalette::HidePopUp() {
 }
 
 void ButtonPalette::SetTheme() {
-    model_.repaintBackground(buttonFace());
+    model_.repaint(buttonFace());
 }
 
 void ButtonPalette::ShowPopUp() {

@@ -19,7 +19,8 @@ struct ButtonState {
     bool BackcolorCustom = false;
     OleColour background{SystemColour::buttonFace};  // BackColor or the system's button face, whichever shows
     OleColour ForeColor{SystemColour::buttonText};
-    OleColour ButtonColor;  // on the button's swatch
+    OleColour caption{SystemColour::buttonText};  // ForeColor or the system's button text, whichever shows
+    OleColour ButtonColor;                        // on the button's swatch
     // Pixels of this colour are left out of the pictures.
     OleColour MaskHLightColor{SystemColour::buttonFace};
     PictureRef Picture, PictureDisabled;
@@ -43,7 +44,15 @@ public:
     // A custom BackColor shows from its setting or loading until the first repaint, the button face from then
     // on; one that is not custom the other way round. Both are meant.
     void showBackground(Rgb buttonFace) { setBackground(button_.BackcolorCustom, buttonFace); }
-    void repaintBackground(Rgb buttonFace) { setBackground(!button_.BackcolorCustom, buttonFace); }
+    // A ForeColor shows until the first repaint, too.
+    void setForeColor(OleColour colour) {
+        button_.caption = colour;
+        set(&ButtonState::ForeColor, colour);
+    }
+    void repaint(Rgb buttonFace) {
+        button_.caption = SystemColour::buttonText;
+        setBackground(!button_.BackcolorCustom, buttonFace);
+    }
 
     // The mouse over the button and what a click does; plain values, of which no change is told.
     DropDownState drop;

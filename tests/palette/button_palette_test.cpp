@@ -439,17 +439,27 @@ TEST_F(ButtonPaletteTest, TheHoverFrameAndTheChosenSwatchAreDrawnApart) {
         << "painted anew, and no swatch has that colour";
 }
 
-TEST_F(ButtonPaletteTest, ACustomBackgroundShowsUntilTheFirstRepaint) {
+TEST_F(ButtonPaletteTest, ColoursOfAHostsOwnShowUntilTheFirstRepaint) {
     const OleColour pink = Rgb::of(250, 200, 210);
     put(u"BackColor", pink);
     put(u"BackcolorCustom", true);
     MemoryBag bag;
     control->save(bag);
     control->load(bag);
+    put(u"ForeColor", pink);
     const auto ground = [this] { return platform.surface(surface())->paint().colourAt({50, 3}); };
+    const auto caption = [this] {
+        for (const headless::DrawnItem& item : platform.surface(surface())->paint().items()) {
+            if (item.kind == headless::DrawnItem::Kind::text) return item.style.colour;
+        }
+        return Rgb{};
+    };
     EXPECT_EQ(ground(), Rgb::of(250, 200, 210));
+    EXPECT_EQ(caption(), Rgb::of(250, 200, 210));
     call(u"SetTheme");
     EXPECT_EQ(ground(), Rgb::of(240, 240, 240));
+    EXPECT_EQ(caption(), system(SystemColour::buttonText));
+    EXPECT_EQ(get(u"ForeColor"), Value(pink));
     EXPECT_EQ(get(u"BackColor"), Value(pink));
     put(u"BackcolorCustom", false);
     call(u"SetTheme");
