@@ -132,13 +132,18 @@ void CalendarModel::show(YearMonth month, int32_t framed) {
 void CalendarModel::refill(int32_t framed) {
     const ScopedFlag busy(blnCALENDARBUSY);
     const auto month = shownMonth();
+    filled_ = {};
+    filled_.layout.lngDAYSINMONTH = 0;
+    filled_.heading = Text(monthName(month_)) + u", " + year_;
     if (const auto layout = month ? monthLayout(*month) : std::nullopt) {
         const Date today = today_();
         if (lngDAY > layout->lngDAYSINMONTH) lngDAY = 1;
         if (lngDAY < 1) lngDAY = dayOf(today);
         const int32_t mentioned = mentionedDay(*month);
-        filled_ = {*layout, Text(monthName(month_)) + u", " + year_, lngDAY,
-                   *month == monthOf(today) ? dayOf(today) : 0, mentioned != 0 ? mentioned : framed};
+        filled_.layout = *layout;
+        filled_.chosen = lngDAY;
+        filled_.today = *month == monthOf(today) ? dayOf(today) : 0;
+        filled_.framed = mentioned != 0 ? mentioned : framed;
     }
     changed();
 }

@@ -23,7 +23,7 @@ public:
     const Text& typed() const { return strTYPEDTEXT; }
 
     std::chrono::month month() const { return month_; }
-    // As it was typed. While it is no year the days stay as they are, and nothing turns or is chosen.
+    // As it was typed. While it is no year there are no days, and nothing turns or is chosen.
     const Text& year() const { return year_; }
     const FilledMonth& filled() const { return filled_; }
     // The text of the chosen day. Throws StatementFailed where it has none: while there is no year, and for a

@@ -147,7 +147,7 @@ TEST_F(CalendarModelTest, ATextThatBeginsWithTheMonthKeepsTheFrame) {
     EXPECT_EQ(framed(), 11);
 }
 
-TEST_F(CalendarModelTest, WhatIsNoYearLeavesTheDaysAndNothingTurnsOrIsChosen) {
+TEST_F(CalendarModelTest, WhatIsNoYearHasNoDaysAndNothingTurnsOrIsChosen) {
     openOn(u"Sat 31 Oct 2026");
     for (const char16_t* none : {u"", u"20", u"10000", u"20.6", u"next"}) {
         model.typeYear(none);
@@ -156,8 +156,9 @@ TEST_F(CalendarModelTest, WhatIsNoYearLeavesTheDaysAndNothingTurnsOrIsChosen) {
         model.chooseMonth(std::chrono::February);
         EXPECT_FALSE(press(key::right));
         model.CalendarUpdate();
-        EXPECT_EQ(chosen(), "31 October, 2026");
-        EXPECT_EQ(model.month(), std::chrono::February);
+        EXPECT_EQ(model.filled().layout.lngDAYSINMONTH, 0);
+        EXPECT_EQ(model.filled().chosen + model.filled().today + model.filled().framed, 0);
+        EXPECT_EQ(month(), "February, " + toUtf8(none));
         EXPECT_THROW(model.chosenText(), StatementFailed);
     }
     // The year that comes next fills the month that was chosen meanwhile.
