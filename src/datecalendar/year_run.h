@@ -1,4 +1,4 @@
-// Steps again and again, faster and faster, while a button is held.
+// Steps when a button is pressed, and again and again, faster and faster, while it is held.
 #pragma once
 
 #include "widgets/drawn_button.h"
@@ -26,9 +26,8 @@ private:
     static constexpr milliseconds shortest{40};
 
     void start() {
-        // The first step comes at once, the second after the delay of held keys.
         next_ = image_.platform().appearance().metrics().repeatDelay;
-        timer_.start(milliseconds(1));
+        tick();
     }
     void tick() {
         timer_.start(next_);
