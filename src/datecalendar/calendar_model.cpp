@@ -44,6 +44,26 @@ CalendarModel::CalendarModel(std::function<Date()> today) : today_(std::move(tod
     show(monthOf(today_()));
 }
 
+void CalendarModel::commit(TextView text) {
+    strDATETEXT = text;
+    edited_ = false;
+    standsIn_ = false;
+}
+
+void CalendarModel::write(TextView text) {
+    strTYPEDTEXT = text;
+    edited_ = false;
+}
+
+void CalendarModel::type(TextView text) {
+    strTYPEDTEXT = text;
+    edited_ = true;
+}
+
+void CalendarModel::endStandIn() {
+    if (standsIn_) commit({});
+}
+
 std::optional<YearMonth> CalendarModel::shownMonth() const {
     const auto year = yearFromText(year_);
     return year ? std::optional(std::chrono::year(*year) / month_) : std::nullopt;
@@ -74,6 +94,7 @@ void CalendarModel::showDate() {
         const auto today = dateText(today_());
         if (!today) throw StatementFailed("today has no date text");
         strDATETEXT = *today;
+        standsIn_ = true;
     }
     const TextView text = date();
     const auto shown = dateFromText(text.substr(std::min(text.size(), weekdayAndBlank)));

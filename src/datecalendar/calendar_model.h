@@ -16,11 +16,16 @@ public:
     explicit CalendarModel(std::function<Date()> today);
 
     // The committed date is a text, whatever that says. Blanks around it are kept, and read by nobody.
-    void commit(TextView text) { strDATETEXT = text; }
+    void commit(TextView text);
     TextView date() const { return trimmed(strDATETEXT); }
-    // What the text box was last changed to, or loaded with.
-    void type(TextView text) { strTYPEDTEXT = text; }
+    // What the text box was last changed to, by whatever wrote or loaded it, or by a person.
+    void write(TextView text);
+    void type(TextView text);
     const Text& typed() const { return strTYPEDTEXT; }
+    // Whether a person has changed the text since the date was committed last.
+    bool edited() const { return edited_; }
+    // Today that stands in for an empty date, since the calendar was opened on it, goes again.
+    void endStandIn();
 
     std::chrono::month month() const { return month_; }
     // As it was typed. While it is no year there are no days, and nothing turns or is chosen.
@@ -35,8 +40,8 @@ public:
     void subNEWDATE();
     // `framed` is the day that has the frame where the date's text gives it to none; 0 for no day.
     void show(YearMonth month, int32_t framed = 0);
-    // The date's month, its day chosen and framed; an empty date becomes today's. Throws StatementFailed for
-    // a text that is no date behind its weekday, with nothing else changed.
+    // The date's month, its day chosen and framed; today stands in for an empty date. Throws StatementFailed
+    // for a text that is no date behind its weekday, with nothing else changed.
     void showDate();
 
     void chooseMonth(std::chrono::month month);
@@ -60,6 +65,8 @@ private:
     std::function<Date()> today_;
     Text strDATETEXT;
     Text strTYPEDTEXT;
+    bool edited_ = false;
+    bool standsIn_ = false;
     std::chrono::month month_;
     Text year_;
     int32_t lngDAY = 0;  // below 1: none yet, so that today's is taken

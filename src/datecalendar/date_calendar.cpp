@@ -16,6 +16,15 @@ constexpr Twips lineHeight{285};
 constexpr Twips iconWidth{315};
 constexpr TextView defaultToolTip = u"Calendar: click here or press F4. Quick dates: right click.";
 
+// Whether a text window acts on a key by itself; what it types comes as a character.
+bool editsText(const KeyEvent& event) {
+    constexpr TextView commands = u"ACVXZ";
+    if (event.shift == shift::control && commands.find(static_cast<char16_t>(event.code)) != TextView::npos)
+        return true;
+    const bool moves = event.code >= key::pageUp && event.code <= key::down;
+    return moves || event.code == key::insert || event.code == key::deleteKey || event.code == key::backspace;
+}
+
 Text shownAs(TextView date) {
     return Text(date).append(displayBlanks);
 }
@@ -53,8 +62,8 @@ void DateCalendar::loaded() {
     if (model_.date().empty()) {
         // An empty date shows an empty field whatever was stored, and yet is stored again as it was.
         const obk::Text stored = model_.typed();
-        attempt([&] { txtfraBORDER.setText({}); });
-        attempt([&] { model_.type(stored); });
+        attempt([&] { showText({}); });
+        attempt([&] { model_.write(stored); });
         const Date today = platform().clock().today();
         attempt([&] { model_.show(today.year() / today.month()); });
         return;
@@ -62,7 +71,7 @@ void DateCalendar::loaded() {
     const auto date = dateFromText(model_.date());
     const auto text = date ? dateText(*date) : std::nullopt;
     if (!text) return;
-    attempt([&] { txtfraBORDER.setText(shownAs(*text)); });
+    attempt([&] { showText(shownAs(*text)); });
     attempt([&] { model_.show(date->year() / date->month()); });
 }
 
@@ -70,8 +79,14 @@ void DateCalendar::connectChildren() {
     const auto on = [this](auto& event, auto handler) {
         connections_.push_back(event.connect(std::move(handler)));
     };
-    on(txtfraBORDER.changed, [this] { model_.type(trimmed(txtfraBORDER.text())); });
+    on(txtfraBORDER.changed, [this] {
+        const TextView text = trimmed(txtfraBORDER.text());
+        writing_ ? model_.write(text) : model_.type(text);
+    });
     on(txtfraBORDER.keyWentDown, [this](KeyEvent& event) { keyDown(event); });
+    on(txtfraBORDER.characterTyped, [this](int16_t& character) {
+        if (panel_.visible()) character = 0;
+    });
     on(txtfraBORDER.keyWentUp, [this](KeyEvent& event) { attempt([&] { KeyUp(event.code, event.shift); }); });
     on(txtfraBORDER.mousePressed, [this](const MouseEvent& event) { press(txtfraBORDER, event); });
     on(txtfraBORDER.mouseMoved, [this](const MouseEvent& event) { moveMouse(txtfraBORDER, event); });
@@ -112,11 +127,11 @@ void DateCalendar::connectPanel() {
     const auto on = [this](auto& event, auto handler) {
         connections_.push_back(event.connect(std::move(handler)));
     };
-    on(panel_.dismissed, [this] { HidePopUp(); });
+    on(panel_.dismissed, [this] { dismiss(); });
     on(panel_.mouseElsewhere, [this](const MouseEvent& event) {
         const bool presses =
             event.kind == MouseEvent::Kind::down || event.kind == MouseEvent::Kind::doubleClick;
-        if (presses && panel_.visible()) HidePopUp();
+        if (presses && panel_.visible()) dismiss();
     });
     on(model_.changed, [this] { picDROPDOWNPANEL.refresh(); });
     on(picDROPDOWNPANEL.monthChosen, [this](std::chrono::month month) { model_.chooseMonth(month); });
@@ -181,7 +196,7 @@ obk::Text DateCalendar::Text() const {
 
 void DateCalendar::SetText(const obk::Text& Text) {
     attempt([&] { model_.commit(trimmed(Text)); });
-    attempt([&] { txtfraBORDER.setText(shownAs(trimmed(Text))); });
+    attempt([&] { showText(shownAs(trimmed(Text))); });
     PropertyChanged<&DateCalendar::Text>();
 }
 
@@ -195,8 +210,14 @@ void DateCalendar::HidePopUp() {
     attempt([&] { FocusHidden(); });
 }
 
+void DateCalendar::dismiss() {
+    dismissed_ = true;
+    HidePopUp();
+}
+
 void DateCalendar::ShowPopUp() {
     if (panel_.visible()) return;
+    dismissed_ = false;
     if (!drop_.popupEnabled) {
         attempt([&] { PopUp(); });
         return;
@@ -207,13 +228,15 @@ void DateCalendar::ShowPopUp() {
 }
 
 void DateCalendar::UserControl_Click() {
-    if (!Enabled()) return;
-    if (panel_.visible())
-        HidePopUp();
-    else if (drop_.popupEnabled)
-        ShowPopUp();
-    attempt([&] { PopUp(); });
-    attempt([&] { Click(); });
+    if (Enabled()) {
+        if (panel_.visible())
+            HidePopUp();
+        else if (drop_.popupEnabled)
+            dropDown();
+        attempt([&] { PopUp(); });
+        attempt([&] { Click(); });
+    }
+    if (Surface* shownOn = root().surface()) shownOn->releaseCapture(picfraICON);
     drop_.mouseOver = true;
 }
 
@@ -247,11 +270,29 @@ void DateCalendar::enterFocus() {
 
 void DateCalendar::exitFocus() {
     fraBORDER.setFocused(false);
-    // The end of editing: what was typed is the date, whatever it is.
-    HidePopUp();
+    endEditing();
+    UserControl_ExitFocus();
+}
+
+// What was typed is the date, whatever it is.
+void DateCalendar::endEditing() {
+    if (std::exchange(dismissed_, false))
+        drop_.mouseHeld = false;
+    else
+        HidePopUp();
+    if (!model_.edited()) return model_.endStandIn();
     attempt([&] { model_.commit(txtfraBORDER.text()); });
     attempt([&] { DateUpdated(); });
-    UserControl_ExitFocus();
+}
+
+void DateCalendar::dropDown() {
+    if (model_.edited()) endEditing();
+    ShowPopUp();
+}
+
+void DateCalendar::showText(const obk::Text& shown) {
+    const ScopedFlag writing(writing_);
+    txtfraBORDER.setText(shown);
 }
 
 void DateCalendar::useAmbientFont(const FontRef& font) {
@@ -264,13 +305,17 @@ void DateCalendar::loadFont(const FontRef& font) {
 }
 
 void DateCalendar::loadTypedText(const obk::Text& text) {
-    attempt([&] { txtfraBORDER.setText(text); });
-    attempt([&] { model_.type(text); });
+    attempt([&] { showText(text); });
+    attempt([&] { model_.write(text); });
 }
 
 KeyRoute DateCalendar::preTranslate(const KeyEvent& event) {
+    dismissed_ = false;
     const bool wanted = panel_.visible() && (event.code == key::escape || event.code == key::enter);
-    return wanted && hasFocus() ? KeyRoute::child : Control::preTranslate(event);
+    if ((wanted || drop_.keepsKey(event, panel_.visible())) && hasFocus()) return KeyRoute::child;
+    // A default button that Enter presses finds what was typed stored.
+    if (event.code == key::enter && hasFocus() && model_.edited()) endEditing();
+    return Control::preTranslate(event);
 }
 
 AccessibleItem DateCalendar::describeSurface() const {
@@ -281,13 +326,13 @@ AccessibleItem DateCalendar::describeSurface() const {
 }
 
 void DateCalendar::write(const obk::Text& shown) {
-    txtfraBORDER.setText(shown);
+    showText(shown);
     commitShown();
 }
 
 void DateCalendar::pickDay() {
     attemptSequence([&] {
-        txtfraBORDER.setText(shownAs(model_.chosenText()));
+        showText(shownAs(model_.chosenText()));
         HidePopUp();
         commitShown();
     });
@@ -308,10 +353,14 @@ void DateCalendar::openQuickMenu(const PixelRect& beside) {
 }
 
 void DateCalendar::keyDown(KeyEvent& event) {
-    const bool used = actOn(event);
+    const bool open = panel_.visible();
+    const bool used = drop_.keepsKey(event, open) || actOn(event);
+    drop_.keyUsed(event, open && used);
+    const bool discarded = used || (panel_.visible() && editsText(event));
     attempt([&] { KeyDown(event.code, event.shift); });
-    // The key has done its work; the text window would type it or move its caret by it.
-    if (used) event.code = 0;
+    // The key has done its work, or was for an open calendar; the text window would type it or move its caret
+    // by it.
+    if (discarded) event.code = 0;
 }
 
 bool DateCalendar::actOn(const KeyEvent& event) {
@@ -324,7 +373,7 @@ bool DateCalendar::actOn(const KeyEvent& event) {
         if (panel_.visible())
             HidePopUp();
         else
-            ShowPopUp();
+            dropDown();
         return true;
     }
     if (!panel_.visible()) return false;
@@ -378,6 +427,7 @@ void DateCalendar::iconMouse(const MouseEvent& event) {
 }
 
 void DateCalendar::press(const Widget& on, const MouseEvent& event) {
+    dismissed_ = false;
     drop_.mouseHeld = event.button != button::right;
     raiseMouse(MouseDown, on, event);
 }

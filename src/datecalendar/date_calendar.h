@@ -91,6 +91,11 @@ private:
 
     void connectChildren();
     void connectPanel();
+    void showText(const obk::Text& shown);
+    void dismiss();
+    void endEditing();
+    // For a person: on the date that was typed.
+    void dropDown();
     void pickDay();
     // Steps of commands that end at their first failure.
     void write(const obk::Text& shown);
@@ -116,6 +121,8 @@ private:
 
     bool focusRect_ = true;
     bool settingFont_ = false;
+    bool dismissed_ = false;  // what hid the calendar may take the focus next: that is no news then
+    bool writing_ = false;    // the text box gets its text from here, and not from a person
     DropDownState drop_;
     obk::Text toolTip_;
     FollowedFont followedFont_;

@@ -14,6 +14,16 @@ struct DropDownState {
     bool mouseOver = false;
     bool pressed = false;  // since a press on the button that drops down, until its release
 
+    int16_t panelKey = 0;  // went down while the panel was open, which used it
+
+    // Such a key is the panel's until it is released, also when it has closed the panel.
+    bool keepsKey(const KeyEvent& event, bool open) const {
+        return !open && event.repeated && event.code == panelKey;
+    }
+    void keyUsed(const KeyEvent& event, bool byPanel) {
+        if (!event.repeated) panelKey = byPanel ? event.code : int16_t{0};
+    }
+
     PopUpSide firstSide() const { return positionDefault ? PopUpSide::below : PopUpSide::above; }
 
     // The end of UserControl_ExitFocus: hosts learn that the focus is lost and, since a mouse button that is

@@ -59,14 +59,19 @@ void ButtonPalette::exitFocus() {
 }
 
 KeyRoute ButtonPalette::preTranslate(const KeyEvent& event) {
-    const bool wanted =
-        (event.code == key::escape && panel_.visible()) || (event.code == key::enter && model_.walking());
+    const bool wanted = (event.code == key::escape && panel_.visible()) ||
+                        (event.code == key::enter && model_.walking()) ||
+                        model_.drop.keepsKey(event, panel_.visible());
     return wanted && hasFocus() ? KeyRoute::child : Control::preTranslate(event);
 }
 
 void ButtonPalette::surfaceKeyDown(KeyEvent& event) {
     if (!Enabled()) return;
-    if (panelKeyDown(event)) {
+    const bool open = panel_.visible();
+    const bool closes = open && event.code == key::escape;
+    const bool ofPanel = model_.drop.keepsKey(event, open) || panelKeyDown(event);
+    model_.drop.keyUsed(event, ofPanel || closes);
+    if (ofPanel) {
         // The key was the panel's: the button does nothing with it, nor with its release.
         attempt([&] { KeyDown(event.code, event.shift); });
         model_.LastKeyDown = 0;

@@ -133,8 +133,7 @@ TEST_F(DateCalendarTest, TheMenuIsAskedForByIconAndKeysStandsThereAndMayBeDismis
     platform.mouse(surface(), {Kind::up, button::right, 0, icon});
     EXPECT_EQ(asked, 3);
     const Journal events = host.takeEvents();
-    // Disabling took the focus, which ends the editing once.
-    EXPECT_EQ(std::count(events.begin(), events.end(), "DateUpdated"), 1);
+    EXPECT_EQ(std::count(events.begin(), events.end(), "FocusLost"), 1) << "with the disabling";
 }
 
 TEST_F(DateCalendarTest, LeavingCommitsWhatWasTypedInTheOrderHostsKnow) {
@@ -146,11 +145,125 @@ TEST_F(DateCalendarTest, LeavingCommitsWhatWasTypedInTheOrderHostsKnow) {
     EXPECT_EQ(host.take(),
               (Journal{"FocusHidden", "DateUpdated", "FocusLost", "MouseUp 1 0 0 0", "focus out"}));
     EXPECT_EQ(date(), "soon" + blanks);
-    // Also where nothing was typed, and where the window is taken away.
+    // Also where the window is taken away.
     ASSERT_TRUE(control->focus());
+    platform.type(u"!");
     host.take();
     control->deactivate();
     EXPECT_EQ(host.takeEvents(), (Journal{"FocusHidden", "DateUpdated", "FocusLost", "MouseUp 1 0 0 0"}));
+}
+
+TEST_F(DateCalendarTest, EnterStoresWhatWasTypedBeforeTheContainerGetsIt) {
+    ASSERT_TRUE(control->focus());
+    platform.type(u"Mon 2 Mar 2026");
+    host.take();
+    host.takesKeys = true;
+    for (const char* told : {"Mon 2 Mar 2026", "once"}) {
+        platform.pressKey(key::enter);
+        EXPECT_EQ(host.take(), told == std::string("once")
+                                   ? (Journal{"offered 13", "KeyUp 13 0"})
+                                   : (Journal{"FocusHidden", "DateUpdated", "offered 13", "KeyUp 13 0"}));
+        EXPECT_EQ(date(), "Mon 2 Mar 2026" + blanks);
+    }
+    platform.pressKey(key::escape);
+    platform.setFocus(0);
+    EXPECT_EQ(host.take(), (Journal{"offered 27", "KeyUp 27 0", "FocusHidden", "FocusLost", "MouseUp 1 0 0 0",
+                                    "focus out"}));
+}
+
+TEST_F(DateCalendarTest, LeftUntouchedTheFieldStoresNothingAndADateThatWasNoneIsNoneAgain) {
+    const auto openAndEscape = [this] {
+        platform.pressKey(key::f4);
+        platform.pressKey(key::escape);
+    };
+    const auto clear = [this] {
+        platform.pressKey(key::f4);
+        press(clearButton);
+    };
+    struct Row {
+        const char16_t* date;
+        std::function<void()> act;
+        const char *before, *after;
+    };
+    const Row rows[] = {
+        {u"Mon 2 Mar 2026", [] {}, "Mon 2 Mar 2026", "Mon 2 Mar 2026"},
+        {u"Mon 2 Mar 2026", openAndEscape, "Mon 2 Mar 2026", "Mon 2 Mar 2026"},
+        {u"", openAndEscape, "Sat 14 Nov 2026", ""},
+        {u"Mon 2 Mar 2026", clear, "", ""},
+        {u"Mon 2 Mar 2026",
+         [&] {
+             platform.type(u"!");
+             clear();
+             openAndEscape();
+         },
+         "Sat 14 Nov 2026", ""},
+    };
+    for (const Row& row : rows) {
+        put(u"Text", Text(row.date));
+        ASSERT_TRUE(control->focus());
+        row.act();
+        EXPECT_EQ(date(), row.before + blanks) << &row - rows;
+        host.take();
+        platform.setFocus(0);
+        EXPECT_EQ(host.takeEvents(), (Journal{"FocusHidden", "FocusLost", "MouseUp 1 0 0 0"})) << &row - rows;
+        EXPECT_EQ(date(), row.after + blanks) << &row - rows;
+    }
+}
+
+TEST_F(DateCalendarTest, WhatAPersonOpensItByReadsWhatWasTyped) {
+    const std::function<void()> ways[] = {[this] { platform.pressKey(key::f4); },
+                                          [this] { platform.pressKey(key::down, shift::alt); },
+                                          [this] { platform.click(surface(), icon); }};
+    for (const auto& way : ways) {
+        put(u"Text", Text(u"Sun 1 Nov 2026"));
+        ASSERT_TRUE(control->focus());
+        platform.pressKey('A', shift::control);
+        platform.type(u"Mon 2 Mar 2020");
+        way();
+        EXPECT_EQ(chosen(), "2 March, 2020") << &way - ways;
+        platform.pressKey(key::escape);
+        host.take();
+        platform.setFocus(0);
+        EXPECT_EQ(date(), "Mon 2 Mar 2020" + blanks);
+    }
+}
+
+TEST_F(DateCalendarTest, WhileTheCalendarIsOpenNothingIsTypedIntoTheField) {
+    const auto shown = [this] {
+        MemoryBag bag;
+        control->save(bag);
+        return bag.read(u"TEXT", ValueType::text);
+    };
+    ASSERT_TRUE(control->focus());
+    openOn(u"Sat 14 Nov 2026");
+    const auto before = shown();
+    platform.setClipboard(u"pasted");
+    platform.type(u"x 7\b");
+    ASSERT_FALSE(open()) << "the blank has chosen";
+    openOn(u"Sat 14 Nov 2026");
+    for (const auto& [code, state] : {std::pair(key::deleteKey, int16_t{0}),
+                                      {key::backspace, int16_t{0}},
+                                      {'V', shift::control},
+                                      {'X', shift::control},
+                                      {'Z', shift::control},
+                                      {key::insert, shift::shift},
+                                      {key::left, shift::shift}})
+        platform.pressKey(static_cast<int16_t>(code), state);
+    EXPECT_EQ(shown(), before);
+    // A key that is held is the calendar's until it is released.
+    host.takesKeys = true;
+    for (const int16_t held : {key::space, key::enter, key::escape}) {
+        SCOPED_TRACE(held);
+        openOn(u"Sat 14 Nov 2026");
+        for (int time = 0; time < 4; ++time) platform.keyDown(held, 0, time > 0);
+        platform.keyUp(held);
+        EXPECT_FALSE(open());
+        const Journal told = host.takeEvents();
+        EXPECT_EQ(std::count(told.begin(), told.end(), "DateUpdated"), held == key::escape ? 0 : 1);
+        EXPECT_EQ(shown(), before);
+    }
+    platform.pressKey(key::enter);
+    EXPECT_EQ(host.take(), (Journal{"offered 13", "KeyUp 13 0"})) << "pressed anew it is the container's";
 }
 
 TEST_F(DateCalendarTest, TypingRaisesTheKeysAndNeitherChangeNorKeyPress) {
@@ -177,6 +290,15 @@ TEST_F(DateCalendarTest, AClickOnTheIconOpensAndAPressOutsideCloses) {
     EXPECT_EQ(host.takeEvents(), (Journal{"FocusHidden", "MouseUp 1 0 150 150"}));
     EXPECT_FALSE(open());
     EXPECT_EQ(platform.capture(), 0u);
+    // Such a press may take the focus as well: the calendar has been hidden once.
+    platform.click(surface(), icon);
+    host.take();
+    platform.stealCapture();
+    platform.setFocus(0);
+    EXPECT_EQ(host.takeEvents(), (Journal{"FocusHidden", "FocusLost", "MouseUp 1 0 0 0"}));
+    ASSERT_TRUE(control->focus());
+    platform.setFocus(0);
+    EXPECT_EQ(host.takeEvents(), (Journal{"FocusHidden", "FocusLost", "MouseUp 1 0 0 0"}));
     // Let go beside the icon, the press is no click.
     platform.mouse(surface(), {Kind::down, button::left, 0, icon});
     platform.mouse(surface(), {Kind::up, button::left, 0, {10, 60}});
@@ -524,6 +646,12 @@ TEST_F(DateCalendarTest, TheMouseIsTrackedInAndOut) {
     EXPECT_EQ(get(u"bMOUSEPOSLOC"), Value(false));
     call(u"UserControlMouseOut", {int16_t{0}, int16_t{0}, 2115.0f, 5.0f});
     EXPECT_EQ(get(u"bMOUSEPOSLOC"), Value(true)) << "the far edge is inside";
+    put(u"MousePosn", false);
+    put(u"Enabled", false);
+    host.take();
+    call(u"UserControl_Click");
+    EXPECT_EQ(host.take(), Journal{});
+    EXPECT_EQ(get(u"MousePosn"), Value(true)) << "a disabled click ends like any other";
 }
 
 TEST_F(DateCalendarTest, EverythingThatTakesThePanelsPlaceHidesIt) {

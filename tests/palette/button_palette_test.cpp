@@ -297,6 +297,27 @@ TEST_F(ButtonPaletteTest, APressOrADragOverABaseColourBringsItsShades) {
     EXPECT_EQ(text(u"Text"), "CHROME") << "of white";
 }
 
+TEST_F(ButtonPaletteTest, AHeldKeyThatChoosesOrClosesDoesNothingMoreUntilItIsReleased) {
+    ASSERT_TRUE(control->focus());
+    host.takesKeys = true;
+    for (const int16_t held : {key::space, key::enter, key::escape}) {
+        SCOPED_TRACE(held);
+        show();
+        platform.pressKey(key::right);
+        platform.pressKey(key::right);
+        host.take();
+        platform.keyDown(held);
+        EXPECT_FALSE(open());
+        host.take();
+        for (int time = 0; time < 3; ++time) platform.keyDown(held, 0, true);
+        platform.keyUp(held);
+        const std::string told = std::to_string(held) + " 0";
+        EXPECT_EQ(host.take(),
+                  (Journal{"KeyDown " + told, "KeyDown " + told, "KeyDown " + told, "KeyUp " + told}));
+        EXPECT_FALSE(open());
+    }
+}
+
 TEST_F(ButtonPaletteTest, LosingTheFocusHidesThePanelAndTellsBothLosses) {
     ASSERT_TRUE(control->focus());
     show();

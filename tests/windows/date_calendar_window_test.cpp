@@ -130,6 +130,84 @@ TEST_F(DateCalendarWindow, TheKeyboardDropsTheCalendarWalksAndChooses) {
     EXPECT_EQ(GetFocus(), edit);
 }
 
+TEST_F(DateCalendarWindow, EnterStoresAndF4ReadsWhatWasTyped) {
+    enter();
+    person.key(L'A', MOD_CONTROL);
+    person.type(L"MON 2 MAR 2026");
+    takeEvents();
+    person.key(VK_RETURN);
+    EXPECT_EQ(date(), std::wstring(L"mon 2 mar 2026") + blanks);
+    EXPECT_EQ(takeEvents().find(L"FocusHidden DateUpdated"), 0u);
+    EXPECT_EQ(GetFocus(), edit);
+    SetFocus(other);
+    hosted.loop.pumpPending();
+    EXPECT_EQ(takeEvents(), L"FocusHidden FocusLost MouseUp") << "nothing was typed since";
+    SetFocus(edit);
+    person.key(L'A', MOD_CONTROL);
+    person.type(L"WED 4 MAR 2026");
+    person.key(VK_F4);
+    person.key(VK_RIGHT);
+    person.key(VK_RETURN);
+    EXPECT_EQ(date(), std::wstring(L"Thu 5 Mar 2026") + blanks);
+}
+
+TEST_F(DateCalendarWindow, AnOpenCalendarKeepsItsKeysFromTheFieldAlsoWhileTheyAreHeld) {
+    const auto text = [&] {
+        wchar_t shown[64]{};
+        GetWindowTextW(edit, shown, 64);
+        return std::wstring(shown);
+    };
+    enter();
+    person.key(VK_F4);
+    for (const WORD code : {WORD{L'X'}, WORD{L'7'}, WORD{VK_DELETE}, WORD{VK_BACK}}) person.key(code);
+    EXPECT_EQ(text(), std::wstring(L"Fri 20 Nov 2026") + blanks);
+    for (const WORD held : {WORD{VK_SPACE}, WORD{VK_RETURN}}) {
+        if (!openPanel()) person.key(VK_F4);
+        ASSERT_TRUE(openPanel());
+        person.key(VK_RIGHT);
+        takeEvents();
+        INPUT input{};
+        input.type = INPUT_KEYBOARD;
+        input.ki.wVk = held;
+        for (int time = 0; time < 4; ++time) SendInput(1, &input, sizeof input);
+        input.ki.dwFlags = KEYEVENTF_KEYUP;
+        SendInput(1, &input, sizeof input);
+        hosted.loop.pumpPending();
+        const std::wstring events = takeEvents();
+        EXPECT_EQ(events, L"FocusHidden DateUpdated KeyDown KeyDown KeyDown KeyDown KeyUp");
+        EXPECT_FALSE(openPanel());
+        EXPECT_EQ(text(), date());
+        EXPECT_EQ(text().substr(0, 1).find(L' '), std::wstring::npos);
+    }
+}
+
+TEST_F(DateCalendarWindow, ATapOnAYearArrowIsOneStep) {
+    const HWND panel = open();
+    ASSERT_TRUE(panel);
+    person.click(panel, yearsOn.x, yearsOn.y);
+    person.wait(std::chrono::milliseconds(700));
+    pressDay(7);
+    EXPECT_EQ(date(), std::wstring(L"Mon 1 Nov 2027") + blanks);
+}
+
+TEST_F(DateCalendarWindow, GlyphsAreWholeInLargeFonts) {
+    hosted.site.moveTo({10, 10, 390, 110});
+    const container::Dispatch font(object().value(L"Font").toObject().get());
+    for (const double size : {8.25, 36.0}) {
+        font.put(L"Size", size);
+        const HDC dc = GetDC(edit);
+        const HGDIOBJ before =
+            SelectObject(dc, reinterpret_cast<HFONT>(SendMessageW(edit, WM_GETFONT, 0, 0)));
+        TEXTMETRICW metrics{};
+        GetTextMetricsW(dc, &metrics);
+        SelectObject(dc, before);
+        ReleaseDC(edit, dc);
+        const RECT line = windowRect(edit), field = windowRect(face());
+        EXPECT_GE(line.bottom - line.top, metrics.tmHeight) << size;
+        EXPECT_NEAR(line.top + line.bottom, field.top + field.bottom, 5) << size;
+    }
+}
+
 TEST_F(DateCalendarWindow, TheQuickDatesAreAMenuForMouseAndKeys) {
     enter();
     {
@@ -176,7 +254,9 @@ TEST_F(DateCalendarWindow, WhatTakesItsPlaceClosesTheCalendarAndKeepsTheDate) {
         way();
         hosted.loop.pumpPending();
         EXPECT_FALSE(openPanel()) << name;
-        EXPECT_NE(takeEvents().find(L"FocusHidden"), std::wstring::npos) << name;
+        const std::wstring events = takeEvents();
+        EXPECT_EQ(events.find(L"FocusHidden"), 0u) << name;
+        EXPECT_EQ(events.find(L"FocusHidden", 1), std::wstring::npos) << name << ": " << events;
         EXPECT_EQ(date(), std::wstring(L"Fri 20 Nov 2026") + blanks) << name;
         EXPECT_NE(GetCapture(), face()) << name;
         if (GetCapture()) ReleaseCapture();
@@ -190,9 +270,9 @@ TEST_F(DateCalendarWindow, WhatTakesItsPlaceClosesTheCalendarAndKeepsTheDate) {
 
 TEST_F(DateCalendarWindow, NoPartOfTheCalendarTakesTheFocusWhoeverAsks) {
     enter();
-    constexpr POINT parts[] = {monthList, {110, 16},     {146, 11},       {146, 21}, {164, 16}, yearsOn,
-                               {16, 39},  previousMonth, {97, 39},        nextMonth, nextYear,  {16, 58},
-                               {33, 80},  {16, 60},      {35, 209},       clearButton,          closeButton};
+    constexpr POINT parts[] = {monthList, {110, 16},     {146, 11}, {146, 21},   {164, 16},  yearsOn,
+                               {16, 39},  previousMonth, {97, 39},  nextMonth,   nextYear,   {16, 58},
+                               {33, 80},  {16, 60},      {35, 209}, clearButton, closeButton};
     for (const POINT& at : parts) {
         SCOPED_TRACE(testing::Message() << at.x << "," << at.y);
         if (!openPanel()) person.key(VK_F4);
