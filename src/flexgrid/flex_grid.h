@@ -1,5 +1,5 @@
 // The flexible grid: cells that a person scrolls through, selects and copies, drawn without windows of their
-// own.
+// own. Works without a window.
 #pragma once
 
 #include "flexgrid/current_cell_grid.h"
@@ -11,11 +11,9 @@
 
 namespace obk {
 
-// Works without a window.
 class FlexGrid final : public Container, public CurrentCellGrid, public GridEvents {
 public:
     static constexpr int32_t startRows = 2, startCols = 2;
-
     explicit FlexGrid(Container& parent);
 
     // BackColor, of the widget below, is the background of cells that have none of their own.
@@ -29,9 +27,8 @@ public:
     bool SetHighLight(int32_t setting);  // 0 never, 1 always, 2 while the grid has the focus
     void SetAllowUserResizing(bool allow) { allowUserResizing_ = allow; }
 
-    // False suspends drawing; all is drawn anew when it is True again.
     bool Redraw() const { return redraw_; }
-    void SetRedraw(bool redraw);
+    void SetRedraw(bool redraw);  // False suspends drawing; True draws all anew
 
     // The first row and column that show, in part at least. The end of the grid stops the scrolling.
     int32_t TopRow() const { return view().topRow(); }
@@ -47,8 +44,7 @@ public:
     int32_t MouseCol() const { return view().colAt(mouse_.x); }
     // Where a cell stands, in twips from the grid's left top corner; nowhere for a cell that is not there.
     TwipsRect cellPlace(CellAddress cell) const;
-    // As a person goes to a cell: it is shown and the events tell of it.
-    void goTo(CellAddress cell);
+    void goTo(CellAddress cell);  // as a person does: it is shown, and the events tell of it
     // Makes a column as wide as its texts that show need, as a double click on its border does.
     void fitColumn(int32_t col);
     // The column whose right border is near `x`, in pixels from the grid's left edge; -1 for none, and while
@@ -85,7 +81,6 @@ private:
     void cellsChanged(const CellRange& cells) override;
     void selectionChanged(const CellRange& before) override;
     void placesChanged(int32_t fromRow, int32_t fromCol) override;
-
     GridView viewAt(ScrollOffset offset) const;
     void invalidateCells(const CellRange& cells);
     void invalidateArea(const PixelRect& onWidget);
@@ -94,7 +89,6 @@ private:
     void showFocus();
     GridLook look() const;
     GridMarks marks() const;
-
     void press(const MouseEvent& event);
     void dragSelection();
     void resizeColumn(int32_t col, int32_t twips);
