@@ -147,4 +147,14 @@ void PaletteModel::endWalk() {
     setHover(std::nullopt);
 }
 
+void PaletteModel::setForeColor(OleColour colour) {
+    button_.caption = colour;
+    set(&ButtonState::ForeColor, colour);
+}
+
+void PaletteModel::repaint(Rgb buttonFace) {
+    button_.caption = SystemColour::buttonText;
+    setBackground(!button_.BackcolorCustom, buttonFace);
+}
+
 }  // namespace obk

@@ -45,14 +45,8 @@ public:
     // on; one that is not custom the other way round. Both are meant.
     void showBackground(Rgb buttonFace) { setBackground(button_.BackcolorCustom, buttonFace); }
     // A ForeColor shows until the first repaint, too.
-    void setForeColor(OleColour colour) {
-        button_.caption = colour;
-        set(&ButtonState::ForeColor, colour);
-    }
-    void repaint(Rgb buttonFace) {
-        button_.caption = SystemColour::buttonText;
-        setBackground(!button_.BackcolorCustom, buttonFace);
-    }
+    void setForeColor(OleColour colour);
+    void repaint(Rgb buttonFace);
 
     // The mouse over the button and what a click does; plain values, of which no change is told.
     DropDownState drop;

@@ -46,10 +46,10 @@ public:
         const PixelRect clip = pixelClip();
         const bool seen = !clip.empty();
         if (!peer_ && !(seen && makeWindow())) return;
-        const Shown shown{windowBounds(pixelBounds()), clip};
+        const std::pair place{windowBounds(pixelBounds()), clip};
         // Each step may take the focus away, and who hears of that may close the window.
         tell(enabled_, enabled(), [&] { peer_->setEnabled(enabled()); });
-        if (seen) tell(shown_, {shown}, [&] { peer_->setBounds(shown.bounds, shown.clip); });
+        if (seen) tell(place_, place, [&] { peer_->setBounds(place.first, place.second); });
         tell(seen_, seen, [&] { peer_->setVisible(seen); });
     }
     void appearanceChanged() override { showColours(); }
@@ -82,11 +82,6 @@ protected:
     }
 
 private:
-    struct Shown {
-        PixelRect bounds, clip;
-        friend bool operator==(const Shown&, const Shown&) = default;
-    };
-
     std::shared_ptr<void> keepAlive() override { return Widget::keepAlive(); }
     KeyRoute preTranslate(const KeyEvent& event) override {
         Surface* shownOn = surface();
@@ -106,7 +101,7 @@ private:
         if (!surfacePeer_ || !made) return false;
         peer_ = std::move(made);
         enabled_ = seen_ = true;
-        shown_.reset();
+        place_.reset();
         windowMade();
         ask([&] { showColours(); });
         return peer_ != nullptr;
@@ -118,10 +113,8 @@ private:
 
     SurfacePeer* surfacePeer_ = nullptr;  // borrowed, while there is one to make a window on
     std::unique_ptr<Peer> peer_;
-    // What the window was told last.
-    std::optional<Shown> shown_;
-    bool enabled_ = true;
-    bool seen_ = true;
+    std::optional<std::pair<PixelRect, PixelRect>> place_;  // and clip, that the window was told last
+    bool enabled_ = true, seen_ = true;                     // likewise
     bool making_ = false;
 };
 
