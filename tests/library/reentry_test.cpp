@@ -1,4 +1,5 @@
 // A person at each control, whose host does the worst of things inside one of its events.
+#include "base/attempt.h"
 #include "grid/grid_edit.h"
 #include "library/library.h"
 #include "pagetab/page_tab.h"
@@ -18,6 +19,16 @@ public:
     using ControlMonkey::ControlMonkey;
     bool gone() const { return !control_; }
     bool shows() const { return control_ && control_->active(); }
+    void person() { below(2) == 0 ? key() : mouse(); }
+    bool disable() {
+        const Member* const enabled = control_->table().member(u"Enabled");
+        return enabled && putProperty(*control_, *enabled, false) == CallStatus::done;
+    }
+    std::vector<std::byte> saved() const {
+        MemoryBag bag;
+        if (control_) control_->save(bag);
+        return bag.serialized();
+    }
     void callMembers() {
         const auto held = control_;
         for (int call = 0; call < 8 && control_; ++call) callMember();
@@ -80,9 +91,45 @@ TEST_P(ReentryTest, TheHostMayDoAnythingInsideEveryEvent) {
                 for (int step = 0; step < 5 && !monkey.gone(); ++step) monkey.act();
                 monkey.letGo();
                 ASSERT_EQ(monkey.leftOver(), nullptr) << monkey.leftOver();
+                ASSERT_EQ(monkey.broken(), nullptr) << monkey.broken();
             }
             EXPECT_GT(times, 0) << "it was never raised";
         }
+    }
+}
+
+TEST_P(ReentryTest, ADisabledControlTellsNothingOfAPerson) {
+    std::mt19937 random(1);
+    BusyMonkey monkey(*GetParam(), [&random](int32_t limit) {
+        return static_cast<int32_t>(random() % static_cast<uint32_t>(limit));
+    });
+    monkey.place();
+    std::vector<std::string> told;
+    if (!monkey.disable()) return;
+    const std::vector<std::byte> before = monkey.saved();
+    monkey.hears = [&](const std::string& what) { told.push_back(what); };
+    for (int step = 0; step < 500; ++step) monkey.person();
+    EXPECT_EQ(told, std::vector<std::string>{});
+    EXPECT_EQ(monkey.saved(), before);
+}
+
+TEST_P(ReentryTest, AHostThatFailsInItsEventsStopsNoStepAfterThem) {
+    for (uint32_t seed = 1; seed <= 12; ++seed) {
+        const auto session = [&](bool fails) {
+            std::mt19937 random(seed);
+            BusyMonkey monkey(*GetParam(), [&random](int32_t limit) {
+                return static_cast<int32_t>(random() % static_cast<uint32_t>(limit));
+            });
+            std::vector<std::string> told;
+            monkey.hears = [&](const std::string& what) {
+                told.push_back(what);
+                if (fails && what != "asking") throw StatementFailed("the host's own");
+            };
+            monkey.place();
+            for (int step = 0; step < 200; ++step) monkey.act();
+            return std::pair(told, monkey.saved());
+        };
+        ASSERT_EQ(session(true), session(false)) << "seed " << seed;
     }
 }
 

@@ -7,6 +7,7 @@
 #include "platform/headless/headless_platform.h"
 #include "platform/headless/headless_surface.h"
 
+#include <algorithm>
 #include <functional>
 #include <memory>
 #include <string>
@@ -105,16 +106,25 @@ public:
         const auto& members = table_.members;
         if (members.empty()) return;
         const Member& member = members[static_cast<size_t>(below(static_cast<int32_t>(members.size())))];
+        Value result;
         if (member.kind == MemberKind::property) {
             if (member.put) putProperty(*held, member, argument(member.type));
+            if (member.get &&
+                (getProperty(*held, member, result) != CallStatus::done || typeOf(result) != member.type))
+                broken_ = "properties have their declared types";
             return;
         }
-        Value result;
         std::vector<Value> arguments;
         for (const Parameter& parameter : member.parameters) arguments.push_back(argument(parameter.type));
-        callMethod(*held, member, arguments, result);
+        // There is no time for grids as large as hosts may ask for.
+        if (member.name == u"RowsSet" || member.name == u"ColsSet")
+            arguments[0] = std::min(toLong(arguments[0]).value_or(0), 60);
+        if (callMethod(*held, member, arguments, result) == CallStatus::done && typeOf(result) != member.type)
+            broken_ = "results have their declared types";
     }
 
+    // What does not hold though it must; null when all does.
+    const char* broken() const { return broken_; }
     // What is left of a control that was let go; null for nothing.
     const char* leftOver() const {
         if (platform_.windowCount() != 0) return "a window is left";
@@ -134,8 +144,13 @@ protected:
     virtual void prepare(Control&) {}
 
     void raise(const Member& event, std::span<Value> arguments) override {
+        for (size_t at = 0; at < event.parameters.size(); ++at) {
+            if (arguments.size() != event.parameters.size() ||
+                typeOf(arguments[at]) != event.parameters[at].type)
+                broken_ = "events have their declared arguments";
+        }
+        if (!hears && !arguments.empty() && below(20) == 0) arguments[0] = int16_t{0};
         hear(toUtf8(event.name));
-        if (!arguments.empty() && below(20) == 0) arguments[0] = int16_t{0};
     }
     void propertyChanged(const Member*) override {}
     FontRef ambientFont() override { return nullptr; }
@@ -145,12 +160,6 @@ protected:
     void viewChanged() override {}
     bool designMode() override { return designs_; }
 
-    headless::HeadlessPlatform platform_;
-    std::shared_ptr<Control> control_;
-
-private:
-    static constexpr int32_t deepest = 3;
-
     void hear(const std::string& name) {
         if (hears) return hears(name);
         if (depth_ >= deepest || below(6) != 0) return;
@@ -158,11 +167,7 @@ private:
         act();
         --depth_;
     }
-    Text text() {
-        return Text(one<TextView>({u"", u"oak", u"12", u"a", u"Mon 2 Feb 2026", u"9:30 am", u"a\tb\tc\td",
-                                   u"two\r\nlines", u"1\t2\r\n3\t4\r\n", u"\"q\"\t\"\r\n\"\"\""}));
-    }
-    Value argument(ValueType type) {
+    virtual Value argument(ValueType type) {
         switch (type) {
             case ValueType::longInteger:
                 return below(30) == 0 ? INT32_MIN : below(15) - 1;
@@ -176,6 +181,7 @@ private:
                 return converted(Value(below(2)), type).value_or(Value());
         }
     }
+
     void key() {
         const int16_t code = below(4) == 0
                                  ? static_cast<int16_t>(1 + below(254))
@@ -203,7 +209,8 @@ private:
         if (!surface) return;
         // Often where it was last, at the edges, where buttons are, and a little outside.
         const PixelRect& area = surface->bounds();
-        if (below(2) == 0) at_ = {below(area.width() + 40) - 20, below(area.height() + 40) - 20};
+        if (below(2) == 0)
+            at_ = {below(std::max(area.width(), 0) + 40) - 20, below(std::max(area.height(), 0) + 40) - 20};
         if (below(4) == 0) at_.y = one({5, 15, area.height() - 17});
         const int16_t pressed = one({button::left, button::left, button::left, button::right});
         const auto state = static_cast<int16_t>(below(4) == 0 ? below(8) : 0);
@@ -223,6 +230,18 @@ private:
                     window, {one({Kind::down, Kind::move, Kind::up, Kind::doubleClick, Kind::leave}), pressed,
                              state, at_});
         }
+    }
+
+    headless::HeadlessPlatform platform_;
+    std::shared_ptr<Control> control_;
+    const char* broken_ = nullptr;
+
+private:
+    static constexpr int32_t deepest = 3;
+
+    Text text() {
+        return Text(one<TextView>({u"", u"oak", u"12", u"a", u"Mon 2 Feb 2026", u"9:30 am", u"a\tb\tc\td",
+                                   u"two\r\nlines", u"1\t2\r\n3\t4\r\n", u"\"q\"\t\"\r\n\"\"\""}));
     }
     // Side by side; whether a panel hears of its scale at once is for the dice, too.
     void twoMonitors() {

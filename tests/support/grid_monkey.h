@@ -94,7 +94,6 @@ private:
         return nullptr;
     }
 
-    const char* broken_ = nullptr;
     bool telling_ = false;
 };
 

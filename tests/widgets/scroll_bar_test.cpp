@@ -2,6 +2,7 @@
 
 #include "platform/headless/headless_platform.h"
 #include "platform/headless/headless_surface.h"
+#include "support/quiet_surface_owner.h"
 #include "widgets/surface.h"
 
 #include <gtest/gtest.h>
@@ -37,7 +38,7 @@ TEST(ScrollThumb, StandsForItsPlaceAtAnySize) {
 
 // A vertical bar of 17 x 134 pixels: arrows of 17, a track of 100, a thumb of 20 for 100 lines of which 20
 // show.
-class ScrollBarTest : public testing::Test, protected SurfaceOwner {
+class ScrollBarTest : public testing::Test, protected QuietSurfaceOwner {
 protected:
     ScrollBarTest() {
         root.move({{0}, {0}, {1500}, {2010}});
@@ -45,13 +46,6 @@ protected:
         bar.setRange({100, 20, 0});
         EXPECT_TRUE(surface.open({SurfacePlacement::Kind::control, 1000, {0, 0, 100, 134}}));
     }
-    KeyRoute preTranslate(const KeyEvent&) override { return KeyRoute::child; }
-    bool offerToContainer(const KeyEvent&) override { return false; }
-    void focusEntered() override {}
-    void focusLeft() override {}
-    void surfaceCaptureLost() override {}
-    void surfaceChanged() override {}
-    AccessibleItem describeSurface() const override { return {}; }
 
     void mouse(Kind kind, PixelPoint at) { platform.mouse(surface.window(), {kind, 1, 0, at}); }
     void pass(int milliseconds) { platform.advance(std::chrono::milliseconds(milliseconds)); }
