@@ -55,6 +55,7 @@ TEST(MemoryBagTest, KeysIgnoreCaseAndKeepTheirFirstPlace) {
     bag.write(u"Max", 1);
     bag.write(u"Min", 2);
     bag.write(u"MAX", 3);
+    bag.write(u"object", std::make_shared<OpaqueObject>());  // nobody knows what is in it
     ASSERT_EQ(bag.entries().size(), 2u);
     EXPECT_EQ(bag.entries()[0], (MemoryBag::Entry{u"Max", 3}));
     EXPECT_EQ(bag.read(u"mIN", ValueType::longInteger), Value(2));
@@ -113,6 +114,14 @@ TEST(MemoryBagTest, ClaimsBeyondTheBytesAreNotBelieved) {
             if (const auto parsed = MemoryBag::parsed(damaged)) {
                 EXPECT_LE(parsed->serialized().size(), bytes.size());
             }
+        }
+        // Both sides of a picture below nothing.
+        std::vector<std::byte> negative = bytes;
+        std::fill_n(negative.begin() + static_cast<ptrdiff_t>(at), std::min<size_t>(8, bytes.size() - at),
+                    std::byte{0xFF});
+        if (const auto parsed = MemoryBag::parsed(negative); parsed && !parsed->entries().empty()) {
+            const auto* const picture = std::get_if<PictureRef>(&parsed->entries()[0].second);
+            EXPECT_TRUE(!picture || !*picture || (*picture)->size().width >= 0) << at;
         }
     }
 }

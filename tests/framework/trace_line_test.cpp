@@ -78,6 +78,22 @@ TEST_F(TraceLineTest, SaysWhichStatementWasSkippedAndKnowsWhoIsAtWork) {
     EXPECT_NE(lines[0].find(", the host's"), std::string::npos) << lines[0];
 }
 
+TEST_F(TraceLineTest, AHostThatErrsWhileItIsAskedForTheNameIsNotAskedAgain) {
+    struct : JournalHost {
+        Text name() override {
+            tellUndone({.kind = LeftUndone::Kind::font, .subject = u"inner"});
+            return u"outer";
+        }
+    } erring;
+    place(UpDownTextBox::memberTable());
+    control->setHost(&erring);
+    const AtWork work(*control, u"Font");
+    tellUndone({.kind = LeftUndone::Kind::font, .subject = u"Nada"});
+    EXPECT_EQ(lines, (Journal{"now UpDownTextBox - Font: no font is named \"inner\"",
+                              "now UpDownTextBox outer Font: no font is named \"Nada\""}));
+    control->setHost(nullptr);
+}
+
 TEST_F(TraceLineTest, ANestedControlGivesThePlaceBackToTheOneAround) {
     place(UpDownTextBox::memberTable());
     const auto inner = GridEdit::memberTable().create(platform);

@@ -81,14 +81,6 @@ TEST_F(GridCheckTest, APersonTurnsTheMarkOverWithTheMouseAndTheBlankKey) {
     EXPECT_EQ(value(), 0);
 }
 
-TEST_F(GridCheckTest, AKeyThatTheHostDiscardsTurnsNothingOver) {
-    activate(cell);
-    control->focus();
-    host.on["KeyDown"] = [](std::span<Value> arguments) { arguments[0] = int16_t{0}; };
-    platform.type(u" ");
-    EXPECT_EQ(value(), 0);
-}
-
 TEST_F(GridCheckTest, OnlyMarksAreTakenAndEveryPutIsTold) {
     for (const int32_t wanted : {1, 1, 2, -1, 0}) put(u"Value", wanted);
     EXPECT_EQ(host.take(), (Journal(5, "changed Value")));
@@ -96,19 +88,6 @@ TEST_F(GridCheckTest, OnlyMarksAreTakenAndEveryPutIsTold) {
     put(u"Value", int16_t{1});
     put(u"Value", int16_t{2});
     EXPECT_EQ(value(), 1);
-}
-
-TEST_F(GridCheckTest, ADisabledBoxKeepsItsMarkAndHearsNothing) {
-    put(u"Value", int16_t{1});
-    activate(cell);
-    put(u"Enabled", false);
-    host.take();
-    platform.click(control->window(), inBox);
-    EXPECT_EQ(host.take(), Journal{});
-    EXPECT_EQ(value(), 1);
-    put(u"Enabled", true);
-    platform.click(control->window(), inBox);
-    EXPECT_EQ(value(), 0);
 }
 
 TEST_F(GridCheckTest, EitherSpellingOfTheValueLoadsAndTheSecondStands) {

@@ -134,22 +134,14 @@ TEST_F(GridFileTest, TheCaptionLosesThreeCharactersHoweverLongTheNumberIs) {
                 {"\"5|Orders\"", 5, u"rders"},
                 {"\"120|Orders\"", 120, u"|Orders"},
                 {"\"10001|x\"", 10001, u"01|x"},
-                {"\"7|\"", 7, u""},
-                {"\"7\"", 3, u""},
                 {"\"Orders\"", 3, u"ers"},
                 {"12|Orders \r\n", 12, u"Orders"},
-                {"12|Or\"ders, 1", 12, u"Or\"ders"},
-                {"\" 12 |x\"", 12, u" |x"},
                 {"\"1,000|x\"", 1000, u"00|x"},
-                {"\"6.5|x\"", 6, u"|x"},
-                {"\"|x|y\"", 3, u"y"},
                 {"\"twelve|x\"", 3, u"lve|x"},
                 // Refused by the grid, which keeps what it has.
                 {"\"0|x\"", 3, u""},
-                {"\"-4|x\"", 3, u"x"},
                 {"\"10002|x\"", 3, u"02|x"},
                 {"\"4000000000|x\"", 3, u"0000000|x"},
-                {"\"1e300|x\"", 3, u"00|x"},
                 {"\"12|never ends", 12, u"never ends"},
                 {"\r\n\"2|x\"", 3, u""},
                 {"", 3, u""}};
@@ -163,41 +155,19 @@ TEST_F(GridFileTest, TheCaptionLosesThreeCharactersHoweverLongTheNumberIs) {
 }
 
 TEST_F(GridFileTest, FilesMadeByHandGiveWhatTheRuleOfFieldsSays) {
-    const std::string first = "\"2|x\"\r\n";
-    const std::string nul(1, '\0');
-    const struct {
-        std::string bytes;
-        PlainTexts rows;
-    } cases[] = {
-        {"", {}},
-        {"\"a\"\r\n\"b\"\r\n", {{u"a", u"b"}}},
-        {"\"a\"\n\"b\"\r\"c\"\r\n\"d\"", {{u"a", u"b"}, {u"c", u"d"}}},
-        {"\"a\"\n\r\"b\"", {{u"a", u""}, {u"b", u"b"}}},
-        {"a,b\r\n  c  d  ,\"e, f\"  dropped , g", {{u"a", u"b"}, {u"c  d", u"e, f"}, {u"g", u"g"}}},
-        {"\"a\" x \"y\", b", {{u"a", u"b"}}},
-        {"a \"b\", c\"", {{u"a \"b\"", u"c\""}}},
-        {"a\"\r\nb", {{u"a\"", u"b"}}},
-        {"\"", {{u"", u""}}},
-        {"\"a\nb,c", {{u"a\nb,c", u"a\nb,c"}}},
-        {"a,b,c", {{u"a", u"b"}, {u"c", u"c"}}},
-        {"a,", {{u"a", u"a"}}},
-        {",", {{u"", u""}}},
-        {",,,", {{u"", u""}, {u"", u""}}},
-        {"\r\n\r\n", {{u"", u""}}},
-        {"   ", {{u"", u""}}},
-        {"a\tb,\t", {{u"a\tb", u"\t"}}},
-        {nul + "," + nul + "\"" + nul, {{Text(1, u'\0'), Text(u"\0\"\0", 3)}}},
-        {"\x80,\x9F", {{u"€", u"Ÿ"}}},
-    };
-    for (const auto& [bytes, rows] : cases) {
-        for (const size_t longest : {size_t{1}, size_t{1000}}) {
-            SCOPED_TRACE(bytes);
-            files.put(path, first + bytes);
-            files.setLongestRead(longest);
-            GridModel grid(1, 3, Dpi(96));
-            load(grid);
-            EXPECT_EQ(textsOf(grid), rows);
-        }
+    static const std::string parts[] = {"a", "\"",   "\"",   ",",  ",",
+                                        " ", "\r\n", "\r\n", "\n", "\r",
+                                        "b", "\t",   "\x80", "|",  std::string(1, '\0')};
+    Random random(7);
+    for (int run = 0; run < 5'000; ++run) {
+        std::string bytes = "\"2|x\"\r\n";
+        for (size_t left = random.below(14); left > 0; --left) bytes += parts[random.below(std::size(parts))];
+        SCOPED_TRACE(bytes);
+        files.put(path, bytes);
+        files.setLongestRead(run % 2 == 0 ? 1 : 1000);
+        GridModel grid(1, 3, Dpi(96));
+        load(grid);
+        ASSERT_EQ(textsOf(grid), test::plainRows(test::plainFields(bytes), 2));
     }
 }
 

@@ -4,8 +4,7 @@
 #include "support/control_fixture.h"
 #include "support/expect_skipped.h"
 #include "support/failing_memory.h"
-
-#include <optional>
+#include "support/sample_values.h"
 
 namespace obk::test {
 namespace {
@@ -27,33 +26,6 @@ public:
     const Member* watched = nullptr;
     int told = 0;
 };
-
-std::optional<std::pair<Value, Value>> twoValues(const Member& member) {
-    if (member.enumeration) return std::pair<Value, Value>{0, 1};
-    switch (member.type) {
-        case ValueType::boolean:
-            return std::pair<Value, Value>{true, false};
-        case ValueType::integer:
-            return std::pair<Value, Value>{int16_t{1}, int16_t{0}};
-        case ValueType::longInteger:
-            return std::pair<Value, Value>{1, 0};
-        case ValueType::doubleFloat:
-            return std::pair<Value, Value>{2.5, 1.0};
-        case ValueType::text:
-            return std::pair<Value, Value>{Text(u"12 text that needs memory"),
-                                           Text(u"3,and,another,of,them")};
-        case ValueType::colour:
-            return std::pair<Value, Value>{OleColour(0x123456u), OleColour(0x80000005u)};
-        case ValueType::font: {
-            const auto font = [](double size) {
-                return std::make_shared<SharedFont>(FontDescription{u"A font with a long name", size});
-            };
-            return std::pair<Value, Value>{font(9), font(14)};
-        }
-        default:
-            return std::nullopt;
-    }
-}
 
 class TotalityTest : public ControlFixture, public testing::WithParamInterface<const ControlTable*> {
 protected:
@@ -89,30 +61,30 @@ INSTANTIATE_TEST_SUITE_P(Every, TotalityTest, testing::ValuesIn(library().contro
 TEST_P(TotalityTest, TheContainerHearsOfAPropertyAlthoughAllChildWindowsFail) {
     const AllowSkipped announced(Cause::other);
     for (const Member& property : GetParam()->members) {
-        const auto values = property.put ? twoValues(property) : std::nullopt;
-        if (!values) continue;
+        const std::vector<Value> values = property.put ? valuesOf(property) : std::vector<Value>();
+        if (values.size() < 2) continue;
         SCOPED_TRACE(toUtf8(property.name));
-        told(property, values->first);
-        const int usually = told(property, values->second);
-        told(property, values->first);
+        told(property, values[0]);
+        const int usually = told(property, values[1]);
+        told(property, values[0]);
         platform.failChildWindows(true);
-        EXPECT_EQ(told(property, values->second), usually);
+        EXPECT_EQ(told(property, values[1]), usually);
         platform.failChildWindows(false);
     }
 }
 
 TEST_P(TotalityTest, TheContainerHearsOfAPropertyWhereverMemoryEnds) {
     for (const Member& property : GetParam()->members) {
-        const auto values = property.put ? twoValues(property) : std::nullopt;
-        if (!values) continue;
-        told(property, values->first);
-        const bool usually = told(property, values->second) > 0;
+        const std::vector<Value> values = property.put ? valuesOf(property) : std::vector<Value>();
+        if (values.size() < 2) continue;
+        told(property, values[0]);
+        const bool usually = told(property, values[1]) > 0;
         bool failed = true;
         for (uint64_t end = 0; failed; ++end) {
             SCOPED_TRACE(toUtf8(property.name) + ", memory ends after " + std::to_string(end));
-            told(property, values->first);
+            told(property, values[0]);
             const FailingMemory memory(end);
-            const bool now = told(property, values->second) > 0;
+            const bool now = told(property, values[1]) > 0;
             failed = memory.failed();
             const EnoughMemory enough;
             ASSERT_EQ(now, usually);

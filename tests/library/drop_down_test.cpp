@@ -1,0 +1,43 @@
+// What holds for every control that drops a panel down.
+#include "library/library.h"
+#include "support/control_fixture.h"
+
+namespace obk::test {
+namespace {
+
+class DropDownTest : public ControlFixture, public testing::WithParamInterface<const char16_t*> {};
+
+INSTANTIATE_TEST_SUITE_P(Every, DropDownTest, testing::Values(u"ButtonPalette", u"DateCalendar"),
+                         [](const auto& row) { return toUtf8(row.param); });
+
+TEST_P(DropDownTest, EverythingThatTakesThePanelsPlaceHidesIt) {
+    place(*library().control(GetParam()));
+    const PixelRect bounds{100, 100, 241, 121}, moved{120, 100, 261, 121};
+    const std::pair<const char*, std::function<void()>> ways[] = {
+        {"the host's window moved", [this] { platform.moveHost(); }},
+        {"the control moved", [&] { control->setBounds(moved); }},
+        {"the capture was taken", [this] { platform.stealCapture(); }},
+        {"disabled", [this] { put(u"Enabled", false); }},
+        {"the focus went", [this] { platform.setFocus(0); }},
+        {"another scale", [this] { platform.setDpi(panel()->id(), Dpi(144)); }},
+        {"no window", [this] { control->deactivate(); }},
+    };
+    for (const auto& [name, way] : ways) {
+        put(u"Enabled", true);
+        activate(bounds);
+        if (name == std::string("the focus went")) control->focus();
+        call(u"ShowPopUp");
+        ASSERT_TRUE(open()) << name;
+        host.take();
+        way();
+        const Journal told = host.takeEvents();
+        EXPECT_EQ(std::count(told.begin(), told.end(), "FocusHidden"), 1) << name;
+        EXPECT_FALSE(open()) << name;
+        EXPECT_EQ(platform.capture(), 0u) << name;
+    }
+    call(u"ShowPopUp");
+    EXPECT_EQ(platform.windowCount(), 0u) << "without a place on the screen there is no panel";
+}
+
+}  // namespace
+}  // namespace obk::test
