@@ -50,17 +50,12 @@ void AmbientProperties::set(DISPID number, Variant value) {
     values_[number] = std::move(value);
 }
 
-void AmbientProperties::remove(DISPID number) {
-    values_.erase(number);
-}
-
 Variant AmbientProperties::value(DISPID number) const {
     const auto found = values_.find(number);
     return found == values_.end() ? Variant() : found->second;
 }
 
 HRESULT AmbientProperties::read(DISPID number, VARIANT* result) {
-    asked_.push_back(number);
     const auto found = values_.find(number);
     if (found == values_.end()) return DISP_E_MEMBERNOTFOUND;
     if (result) *result = Variant(found->second).detach();

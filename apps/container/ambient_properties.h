@@ -20,19 +20,13 @@ public:
 
     // Sets a value; the control is told by ControlSite::ambientChanged.
     void set(DISPID number, Variant value);
-    // From now on the container does not know the property.
-    void remove(DISPID number);
     // Empty when the container does not know it.
     Variant value(DISPID number) const;
-
-    // The numbers that controls have asked for, in order, unknown ones too.
-    const std::vector<DISPID>& asked() const { return asked_; }
 
     HRESULT read(DISPID number, VARIANT* result);
 
 private:
     std::map<DISPID, Variant> values_;
-    std::vector<DISPID> asked_;
 };
 
 }  // namespace obk::container

@@ -12,7 +12,6 @@ size_t ChangeJournal::countChanged(DISPID number) const {
 
 void ChangeJournal::clear() {
     changed_.clear();
-    requested_.clear();
 }
 
 HRESULT ChangeJournal::OnChanged(DISPID number) {
@@ -20,13 +19,6 @@ HRESULT ChangeJournal::OnChanged(DISPID number) {
     changed_.push_back(number);
     if (const auto handler = onChanged) handler(number);
     return S_OK;
-}
-
-HRESULT ChangeJournal::OnRequestEdit(DISPID number) {
-    const ComPtr<ChangeJournal> alive(this);
-    requested_.push_back(number);
-    const auto handler = onRequestEdit;
-    return !handler || handler(number) ? S_OK : S_FALSE;
 }
 
 }  // namespace obk::container

@@ -11,7 +11,7 @@
 
 namespace obk::container {
 
-// Keeps the numbers of changed properties in the order of their arrival; may refuse changes.
+// Keeps the numbers of changed properties in the order of their arrival.
 class ChangeJournal final : public ComObject<IPropertyNotifySink> {
 public:
     // Subscribes; CONNECT_E_NOCONNECTION when the control does not notify.
@@ -21,21 +21,17 @@ public:
     void disconnect() { connection_.close(); }
 
     const std::vector<DISPID>& changed() const { return changed_; }
-    const std::vector<DISPID>& requested() const { return requested_; }
     size_t countChanged(DISPID number) const;
     void clear();
 
     std::function<void(DISPID)> onChanged;
-    // False refuses the change.
-    std::function<bool(DISPID)> onRequestEdit;
 
     HRESULT STDMETHODCALLTYPE OnChanged(DISPID number) override;
-    HRESULT STDMETHODCALLTYPE OnRequestEdit(DISPID number) override;
+    HRESULT STDMETHODCALLTYPE OnRequestEdit(DISPID) override { return S_OK; }
 
 private:
     Connection connection_;
     std::vector<DISPID> changed_;
-    std::vector<DISPID> requested_;
 };
 
 }  // namespace obk::container

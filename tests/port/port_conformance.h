@@ -196,17 +196,13 @@ TEST_P(PortConformance, AKeyIsTranslatedReportedTypedAndReleasedInThisOrder) {
     EXPECT_EQ(first->selection(), (TextSelection{0, 0}));
 }
 
-TEST_P(PortConformance, AHandledKeyReachesNobodyElse) {
+TEST_P(PortConformance, AHandledKeyReachesNobodyElseAndOneForTheContainerOnlyWhenNotUsedThere) {
     openFocused();
     firstClient.route = KeyRoute::handled;
     driver->keyDown('A', 0);
     EXPECT_EQ(taken(), (Journal{"first.preTranslate 65"}));
     driver->keyUp('A', 0);
     EXPECT_EQ(taken(), (Journal{"first.keyUp 65"}));
-}
-
-TEST_P(PortConformance, AKeyForTheContainerIsOfferedAndReportedOnlyWhenNotUsedThere) {
-    openFocused();
     firstClient.route = KeyRoute::container;
     firstClient.containerUses = true;
     driver->keyDown(key::tab, 0);
@@ -259,7 +255,7 @@ TEST_P(PortConformance, EnterTabAndEscapeAreTypedButNotInserted) {
     EXPECT_TRUE(first->hasFocus());
 }
 
-TEST_P(PortConformance, AHeldKeyRepeats) {
+TEST_P(PortConformance, AHeldKeyRepeatsAndKeysCarryTheShiftState) {
     openFocused();
     driver->keyDown('A', 0);
     EXPECT_FALSE(firstClient.lastKey.repeated);
@@ -267,10 +263,6 @@ TEST_P(PortConformance, AHeldKeyRepeats) {
     EXPECT_TRUE(firstClient.lastKey.repeated);
     driver->keyUp('A', 0);
     EXPECT_EQ(firstClient.text, u"aa");
-}
-
-TEST_P(PortConformance, KeysCarryTheShiftState) {
-    openFocused();
     driver->key(key::right, shift::control | shift::shift);
     EXPECT_EQ(firstClient.lastKey.shift, shift::control | shift::shift);
     driver->key(key::down, shift::alt);
@@ -452,7 +444,7 @@ TEST_P(PortConformance, AnUnusedWheelOverATextBoxIsTheHostsAndNotTheSurfaces) {
 
 // Capture
 
-TEST_P(PortConformance, OurOwnChangesOfCaptureAreNotReported) {
+TEST_P(PortConformance, OnlyACaptureThatIsTakenAwayIsReported) {
     openArea();
     journal.clear();
     area->capture();
@@ -462,12 +454,7 @@ TEST_P(PortConformance, OurOwnChangesOfCaptureAreNotReported) {
     EXPECT_FALSE(area->hasCapture());
     area->releaseCapture();
     EXPECT_EQ(taken(), Journal{});
-}
-
-TEST_P(PortConformance, ACaptureTakenAwayIsReportedOnce) {
-    openArea();
     area->capture();
-    journal.clear();
     driver->takeCaptureAway();
     EXPECT_FALSE(area->hasCapture());
     EXPECT_EQ(taken(), (Journal{"area.captureLost"}));

@@ -11,14 +11,12 @@
 #include "container/property_bag_text.h"
 #include "container/text.h"
 #include "container/type_members.h"
-#include "container_probe_support.h"
 #include "server_support.h"
 
 namespace obk::container {
 namespace {
 
-using testing_support::ProbeControl;
-using testing_support::ProbeManner;
+using testing_support::HostedControl;
 using testing_support::TestWindow;
 
 std::string narrow(std::wstring_view text) {
@@ -122,42 +120,6 @@ TEST(PropertyBagText, BringsBytesOfEveryLengthBack) {
         EXPECT_EQ(std::string_view(static_cast<const char*>(array->pvData), array->rgsabound[0].cElements),
                   content);
     }
-}
-
-TEST(PropertyBagText, KeepsFontsAsTheyWereWhenWritten) {
-    const auto object = makeFont({L"Tahoma", 9.75, 600, ANSI_CHARSET, true, false, true});
-    ASSERT_TRUE(object);
-    const auto before = describeFont(object.get());
-    ASSERT_TRUE(before);
-    FormText form;
-    PropertyBagText& bag = *form.add(L"Control", L"").bag;
-    VARIANT raw = {};
-    raw.vt = VT_DISPATCH;
-    raw.pdispVal = object.get();
-    ASSERT_EQ(bag.Write(L"Font", &raw), S_OK);
-    object.query<IFont>()->put_Italic(FALSE);
-
-    std::vector<TextProblem> problems;
-    const FormText read = FormText::read(form.write(), problems);
-    ASSERT_TRUE(problems.empty()) << narrow(form.write());
-    Variant result;
-    ASSERT_EQ(read.sections().front().bag->Read(L"Font", result.put(), nullptr), S_OK);
-    const auto font = describeFont(result.toObject().get());
-    ASSERT_TRUE(font);
-    EXPECT_EQ(narrow(font->name), narrow(before->name));
-    EXPECT_EQ(font->size, 9.75);
-    EXPECT_EQ(font->weight, 600);
-    EXPECT_EQ(font->characterSet, ANSI_CHARSET);
-    EXPECT_TRUE(font->italic) << "a change after writing reached the bag";
-    EXPECT_FALSE(font->underline);
-    EXPECT_TRUE(font->strikethrough);
-
-    // A control may pass the object that it wants filled instead of taking a new one.
-    const auto own = makeFont({L"Arial", 20});
-    raw.pdispVal = own.get();
-    ASSERT_EQ(read.sections().front().bag->Read(L"Font", &raw, nullptr), S_OK);
-    EXPECT_EQ(raw.pdispVal, own.get());
-    EXPECT_EQ(describeFont(own.get())->size, 9.75);
 }
 
 TEST(PropertyBagText, StoresPicturesThroughTheirOwnPersistence) {
@@ -269,23 +231,16 @@ TEST(PropertyBagText, GivesTheTypeThatIsAskedForOrRefuses) {
 
 // --- Events ----------------------------------------------------------------------------------------
 
-struct ConnectedProbe {
-    ComPtr<ProbeControl> probe = new ProbeControl;
-    ComPtr<EventSink> sink = new EventSink;
-    ConnectedProbe() { EXPECT_EQ(sink->connect(static_cast<IOleObject*>(probe.get())), S_OK); }
-    ~ConnectedProbe() { sink->disconnect(); }
-};
-
 TEST(EventSink, LetsHandlersChangeArgumentsByReference) {
-    ConnectedProbe connected;
-    connected.sink->on(6, [](EventCall& call) {
-        EXPECT_EQ(call.count(), 3u);
+    const ComPtr<EventSink> sink = new EventSink;
+    sink->on(6, [](EventCall& call) {
+        EXPECT_EQ(call.count(), 6u);
         EXPECT_EQ(call.value(0).toLong(), 65) << "arguments come in declared order";
         EXPECT_TRUE(call.set(0, L"66")) << "converted to the type referred to";
-        EXPECT_TRUE(call.set(1, 2.5));
+        EXPECT_TRUE(call.set(1, 2.5) && call.set(3, L"after") && call.set(4, true) && call.set(5, 7L));
         EXPECT_FALSE(call.set(2, 9L)) << "an argument by value cannot change";
     });
-    connected.sink->on(6, [](EventCall& call) {
+    sink->on(6, [](EventCall& call) {
         EXPECT_EQ(call.value(0).toLong(), 66) << "later handlers see earlier changes";
         EXPECT_FALSE(call.set(0, L"no number"));
         EXPECT_FALSE(call.set(0, 70000L)) << "does not fit in 16 bits";
@@ -293,178 +248,83 @@ TEST(EventSink, LetsHandlersChangeArgumentsByReference) {
     });
     short key = 65;
     float x = 1;
-    EXPECT_EQ(connected.probe->raise(6, {Variant::reference(key), Variant::reference(x), 3L}), S_OK);
-    EXPECT_EQ(key, 66);
-    EXPECT_EQ(x, 2.5f);
-    ASSERT_EQ(connected.sink->journal().size(), 1u);
-    EXPECT_EQ(connected.sink->journal()[0].arguments[0].toLong(), 65) << "the journal keeps what arrived";
-}
-
-TEST(EventSink, WritesTextBooleansAndVariantsThrough) {
-    ConnectedProbe connected;
-    connected.sink->onAny([](EventCall& call) {
-        EXPECT_TRUE(call.set(0, L"after"));
-        EXPECT_TRUE(call.set(1, true));
-        EXPECT_TRUE(call.set(2, 7L));
-    });
     BSTR text = SysAllocString(L"before");
     VARIANT_BOOL flag = VARIANT_FALSE;
-    Variant any(L"any");
-    VARIANT slot = any.detach();
-    connected.probe->raise(
-        1, {Variant::reference(text), Variant::booleanReference(flag), Variant::reference(slot)});
+    VARIANT slot = Variant(L"any").detach();
+    const Variant arguments[] = {Variant::reference(slot), Variant::booleanReference(flag),
+                                 Variant::reference(text), 3L,
+                                 Variant::reference(x),    Variant::reference(key)};
+    VARIANT raw[6];
+    std::transform(std::begin(arguments), std::end(arguments), raw,
+                   [](const Variant& argument) { return argument.get(); });
+    DISPPARAMS parameters = {raw, nullptr, 6, 0};
+    EXPECT_EQ(sink->Invoke(6, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parameters, nullptr, nullptr,
+                           nullptr),
+              S_OK);
+    EXPECT_EQ(key, 66);
+    EXPECT_EQ(x, 2.5f);
     EXPECT_STREQ(text, L"after");
     EXPECT_EQ(flag, VARIANT_TRUE);
     EXPECT_EQ(slot.vt, VT_I4);
     EXPECT_EQ(slot.lVal, 7);
+    ASSERT_EQ(sink->journal().size(), 1u);
+    EXPECT_EQ(sink->journal()[0].arguments[0].toLong(), 65) << "the journal keeps what arrived";
     SysFreeString(text);
-    VariantClear(&slot);
 }
 
-// --- Sites -----------------------------------------------------------------------------------------
+// --- Sites, keys and focus -------------------------------------------------------------------------
 
-struct OneSite {
-    TestWindow window;
-    ControlForm form{window.handle()};
-    ComPtr<ProbeControl> probe;
-    std::unique_ptr<ControlSite> site;
-
-    explicit OneSite(ProbeManner manner = {}, SiteSettings settings = {}) : probe(new ProbeControl(manner)) {
-        site = std::make_unique<ControlSite>(form, settings);
-        EXPECT_EQ(site->adopt(ComPtr<IUnknown>(static_cast<IOleObject*>(probe.get()))), S_OK);
-    }
-};
-
-TEST(ControlSite, SetsTheSiteWhenTheControlAsksOrAsForced) {
-    struct Case {
-        DWORD status;
-        SiteOrder order;
-        const char* journal;
-    };
-    const Case cases[] = {
-        {OLEMISC_SETCLIENTSITEFIRST, SiteOrder::asControlAsks, "SetClientSite InitNew"},
-        {0, SiteOrder::asControlAsks, "InitNew SetClientSite"},
-        {0, SiteOrder::beforeState, "SetClientSite InitNew"},
-        {OLEMISC_SETCLIENTSITEFIRST, SiteOrder::afterState, "InitNew SetClientSite"},
-        {OLEMISC_SETCLIENTSITEFIRST, SiteOrder::never, "InitNew"},
-    };
-    for (const Case& row : cases) {
-        const OneSite one({row.status}, {L"", row.order});
-        EXPECT_EQ(one.probe->journal(), row.journal);
-    }
+TEST(ControlSite, HasNoActiveControlInDesignMode) {
+    HostedControl hosted(L"UpDownTextBox", {L"Quantity", SiteOrder::asControlAsks, SiteMode::design});
+    hosted.activate();
+    EXPECT_EQ(hosted.site.state(), SiteState::inPlaceActive) << "it shows itself";
+    hosted.site.uiActivate();
+    EXPECT_EQ(hosted.site.state(), SiteState::inPlaceActive);
+    EXPECT_EQ(hosted.form.activeSite(), nullptr);
+    EXPECT_EQ(hosted.site.ambients().value(DISPID_AMBIENT_USERMODE).toBool(), false);
+    EXPECT_EQ(hosted.site.ambients().value(DISPID_AMBIENT_DISPLAYNAME).toText(), L"Quantity");
 }
 
-TEST(ControlSite, ClosesInOrderAndReleasesTheControl) {
-    {
-        OneSite one;
-        one.site->activate({10, 10, 110, 34});
-        EXPECT_EQ(one.site->uiActivate(), S_OK);
-        EXPECT_EQ(one.site->state(), SiteState::uiActive);
-        EXPECT_EQ(one.form.activeSite(), one.site.get());
-        one.probe->calls.clear();
-        one.site->close();
-        EXPECT_EQ(one.probe->journal(),
-                  "UIDeactivate InPlaceDeactivate Unadvise Unadvise Close SetClientSite(null)");
-        EXPECT_EQ(one.site->state(), SiteState::empty);
-        EXPECT_EQ(one.form.activeSite(), nullptr);
-        one.probe->site.reset();
-        EXPECT_EQ(ProbeControl::alive, 1) << "only the test's own reference is left";
-    }
-    EXPECT_EQ(ProbeControl::alive, 0);
+TEST(ControlSite, DetachesFromWhoeverOutlivesIt) {
+    const testing_support::LoadedServer server;
+    const TestWindow window;
+    ControlForm form(window.handle());
+    auto site = std::make_unique<ControlSite>(form);
+    const auto control = server.create(L"UpDownTextBox");
+    ASSERT_EQ(site->adopt(control), S_OK);
+    ComPtr<IOleClientSite> held;
+    ASSERT_EQ(control.query<IOleObject>()->GetClientSite(held.put()), S_OK);
+    site.reset();
+    HWND parent = window.handle();
+    EXPECT_TRUE(FAILED(held.query<IOleInPlaceSite>()->GetWindow(&parent)));
+    EXPECT_EQ(parent, nullptr);
+    EXPECT_TRUE(FAILED(held.query<IOleInPlaceSite>()->OnInPlaceActivate()));
+    EXPECT_EQ(held.query<IOleControlSite>()->OnFocus(TRUE), S_OK);
 }
 
-TEST(ControlSite, HonoursARectangleThatTheControlAsksFor) {
-    OneSite one;
-    int moves = 0;
-    one.site->onMoved = [&] { ++moves; };
-    one.site->activate({10, 10, 110, 34});
-    const RECT wanted = {10, 10, 90, 60};
-    EXPECT_EQ(one.probe->site.query<IOleInPlaceSite>()->OnPosRectChange(&wanted), S_OK);
-    const RECT got = one.site->position();
-    EXPECT_TRUE(EqualRect(&got, &wanted));
-    EXPECT_TRUE(EqualRect(&one.probe->rectangle, &wanted)) << "the control is told that it got it";
-    EXPECT_EQ(moves, 1);
-}
-
-TEST(ControlSite, RefusesUiActivationInDesignMode) {
-    OneSite one({}, {L"Design", SiteOrder::asControlAsks, SiteMode::design});
-    one.site->activate({10, 10, 110, 34});
-    EXPECT_EQ(one.site->state(), SiteState::inPlaceActive) << "it shows itself";
-    EXPECT_TRUE(FAILED(one.site->uiActivate()));
-    EXPECT_EQ(one.form.activeSite(), nullptr);
-    EXPECT_EQ(one.site->ambients().value(DISPID_AMBIENT_USERMODE).toBool(), false);
-}
-
-TEST(ControlSite, TellsAmbientPropertiesAndTheirChanges) {
-    OneSite one({}, {L"Quantity"});
-    Dispatch ambient(one.probe->site.query<IUnknown>().get());
-    EXPECT_EQ(ambient.value(DISPID_AMBIENT_DISPLAYNAME).toText(), L"Quantity");
-    EXPECT_TRUE(describeFont(ambient.value(DISPID_AMBIENT_FONT).toObject().get()));
-    one.site->setAmbient(DISPID_AMBIENT_BACKCOLOR, 0x112233L);
-    EXPECT_EQ(one.probe->ambientChanges, std::vector<DISPID>{DISPID_AMBIENT_BACKCOLOR});
-    EXPECT_EQ(ambient.value(DISPID_AMBIENT_BACKCOLOR).toLong(), 0x112233);
-    one.site->ambients().remove(DISPID_AMBIENT_BACKCOLOR);
-    Variant value;
-    EXPECT_EQ(ambient.read(DISPID_AMBIENT_BACKCOLOR, value), DISP_E_MEMBERNOTFOUND);
-    EXPECT_EQ(one.site->ambients().asked().back(), DISPID_AMBIENT_BACKCOLOR)
-        << "unknown ones are noted as well";
-}
-
-TEST(ControlSite, MayRefuseAnEditAndKeepsChangesInOrder) {
-    OneSite one;
-    ASSERT_TRUE(one.probe->notifySink);
-    one.site->changes().onRequestEdit = [](DISPID number) { return number != 4; };
-    EXPECT_EQ(one.probe->notifySink->OnRequestEdit(3), S_OK);
-    EXPECT_EQ(one.probe->notifySink->OnRequestEdit(4), S_FALSE);
-    one.probe->notifySink->OnChanged(3);
-    one.probe->notifySink->OnChanged(3);
-    EXPECT_EQ(one.site->changes().changed(), (std::vector<DISPID>{3, 3}));
-    EXPECT_EQ(one.site->changes().requested(), (std::vector<DISPID>{3, 4}));
-}
-
-TEST(ControlSite, DetachesFromAControlThatOutlivesIt) {
-    OneSite one;
-    const ComPtr<IOleClientSite> site = one.probe->site;
-    const auto inPlace = site.query<IOleInPlaceSite>();
-    one.site.reset();
-    HWND window = one.window.handle();
-    EXPECT_TRUE(FAILED(inPlace->GetWindow(&window)));
-    EXPECT_EQ(window, nullptr);
-    EXPECT_TRUE(FAILED(inPlace->OnInPlaceActivate()));
-    EXPECT_EQ(site.query<IOleControlSite>()->OnFocus(TRUE), S_OK);
-}
-
-// --- Keys and focus --------------------------------------------------------------------------------
-
-/// edit 1, control A, a label-like control, a control that takes no focus, a disabled and a hidden
-/// edit, control B, edit 2.
+// edit 1, field 0, a line and an arrow, which take no focus, a disabled and a hidden edit, field 3, edit 2.
 class TabOrder : public testing::Test {
 protected:
+    testing_support::LoadedServer server;
     TestWindow window;
     ControlForm form{window.handle()};
     MessageLoop loop;
     HWND edit1 = window.addEdit(0);
-    std::vector<ComPtr<ProbeControl>> probes;
     std::vector<std::unique_ptr<ControlSite>> sites;
     HWND edit2 = nullptr;
 
-    ControlSite& addProbe(ProbeManner manner) {
-        probes.emplace_back(new ProbeControl(manner));
+    void addControl(const wchar_t* name) {
         sites.push_back(std::make_unique<ControlSite>(form));
-        sites.back()->adopt(ComPtr<IUnknown>(static_cast<IOleObject*>(probes.back().get())));
+        ASSERT_EQ(sites.back()->adopt(server.create(name)), S_OK);
         const int y = 30 * static_cast<int>(sites.size());
         sites.back()->activate({10, y, 110, y + 24});
-        return *sites.back();
     }
-
     void SetUp() override {
         form.add(edit1);
-        addProbe({});
-        addProbe({OLEMISC_INSIDEOUT | OLEMISC_ACTSLIKELABEL | OLEMISC_NOUIACTIVATE});
-        addProbe({OLEMISC_INSIDEOUT, false});
+        for (const wchar_t* name : {L"UpDownTextBox", L"lns", L"ButtonArrow"}) addControl(name);
         form.add(window.addEdit(180, WS_VISIBLE | WS_DISABLED));
         form.add(window.addEdit(210, 0));
-        addProbe({});
+        addControl(L"UpDownTextBox");
         edit2 = window.addEdit(240);
         form.add(edit2);
         loop.add(form);
@@ -481,34 +341,37 @@ protected:
         keys[VK_SHIFT] = down ? 0x80 : 0;
         SetKeyboardState(keys);
     }
-    void key(WPARAM code) {
-        MSG message = {};
-        message.hwnd = GetFocus();
-        message.message = WM_KEYDOWN;
-        message.wParam = code;
-        message.lParam = 1;
-        loop.handle(message);
-    }
-    std::string where() const {
-        const HWND focus = GetFocus();
-        for (size_t index = 0; index < sites.size(); ++index)
-            if (sites[index]->holdsWindow(focus)) return std::string("control ") + char('0' + index);
-        return focus == edit1 ? "edit 1" : focus == edit2 ? "edit 2" : "elsewhere";
-    }
     std::string walk(int steps) {
         std::string path;
         for (int step = 0; step < steps; ++step) {
-            key(VK_TAB);
-            path += (path.empty() ? "" : ", ") + where();
+            MSG message = {};
+            message.hwnd = GetFocus();
+            message.message = WM_KEYDOWN;
+            message.wParam = VK_TAB;
+            message.lParam = 1;
+            loop.handle(message);
+            const HWND focus = GetFocus();
+            std::string where = focus == edit1 ? "edit 1" : focus == edit2 ? "edit 2" : "elsewhere";
+            for (size_t index = 0; index < sites.size(); ++index)
+                if (sites[index]->holdsWindow(focus)) where = "field " + std::to_string(index);
+            path += (path.empty() ? "" : ", ") + where;
         }
         return path;
     }
 };
 
 TEST_F(TabOrder, GoesThroughWindowsAndControlsAndPassesOverTheRest) {
-    EXPECT_EQ(walk(4), "control 0, control 3, edit 2, edit 1");
+    EXPECT_EQ(walk(4), "field 0, field 3, edit 2, edit 1");
     shift(true);
-    EXPECT_EQ(walk(4), "edit 2, control 3, control 0, edit 1");
+    EXPECT_EQ(walk(4), "edit 2, field 3, field 0, edit 1");
+    shift(false);
+    bool asked = false;
+    sites[0]->onKey = [&](MSG&) { return asked = true; };
+    EXPECT_EQ(walk(2), "field 0, field 0") << "the container used the key";
+    EXPECT_TRUE(asked);
+    sites[0]->close();
+    SetFocus(edit1);
+    EXPECT_EQ(walk(2), "field 3, edit 2") << "closed while it had the focus";
 }
 
 TEST_F(TabOrder, HasOneActiveControlAtMost) {
@@ -521,38 +384,12 @@ TEST_F(TabOrder, HasOneActiveControlAtMost) {
     walk(1);
     EXPECT_EQ(form.activeSite(), nullptr) << "an ordinary window has the focus";
     EXPECT_EQ(sites[3]->state(), SiteState::inPlaceActive);
-}
-
-TEST_F(TabOrder, OffersKeysToTheActiveControlFirst) {
-    walk(1);
-    probes[0]->usedKey = VK_TAB;
-    EXPECT_EQ(walk(1), "control 0") << "it used the key itself";
-    EXPECT_EQ(probes[0]->acceleratorCalls, 1);
-    probes[0]->usedKey = 0;
-    probes[0]->offersTab = true;
-    EXPECT_EQ(walk(1), "control 3") << "one press moves once, though it comes back through the site";
-    bool asked = false;
-    sites[3]->onKey = [&](MSG&) { return asked = true; };
-    probes[3]->offersTab = true;
-    EXPECT_EQ(walk(1), "control 3") << "the container used the key";
-    EXPECT_TRUE(asked);
-}
-
-TEST_F(TabOrder, DeactivatesTheControlThatLostTheFocusToAnOrdinaryWindow) {
+    SetFocus(edit1);
     walk(1);
     SetFocus(edit2);
-    EXPECT_EQ(form.activeSite(), sites[0].get());
     loop.pumpPending();
     form.followFocus();
-    EXPECT_EQ(form.activeSite(), nullptr);
-    EXPECT_EQ(sites[0]->state(), SiteState::inPlaceActive);
-}
-
-TEST_F(TabOrder, SurvivesAControlThatIsClosedWhileItHasTheFocus) {
-    walk(1);
-    sites[0]->close();
-    SetFocus(edit1);
-    EXPECT_EQ(walk(2), "control 3, edit 2");
+    EXPECT_EQ(form.activeSite(), nullptr) << "also where no key has moved it";
 }
 
 // --- The server's files ----------------------------------------------------------------------------

@@ -1,6 +1,5 @@
 // The tab strip as a person meets it: real keys and presses in our own container.
 #include "person_support.h"
-#include "resource_count.h"
 #include "server_support.h"
 
 #include <gtest/gtest.h>
@@ -16,9 +15,6 @@ namespace {
 
 using namespace testing_support;
 using container::Variant;
-
-constexpr const wchar_t* longSet =
-    L"Tab 1,Tab 2,Tab 3,Tab 4,Tab 5,Tab 6,Tab 7,Tab 8,Tab 9,Tab 10,Tab 11,Tab 12";
 
 class PageTabWindow : public PersonAtControl {
 protected:
@@ -63,14 +59,6 @@ protected:
         const RECT place = placeOf(part);
         return {(place.left + place.right) / 2, (place.top + place.bottom) / 2};
     }
-    bool shows(long tab) const {
-        const RECT place = placeOf(tab);
-        return IsRectEmpty(&place) == FALSE;
-    }
-    void clickTab(long tab) {
-        const POINT at = middleOf(tab);
-        person.click(strip(), at.x, at.y);
-    }
     COLORREF pixel(POINT at) const {
         UpdateWindow(strip());
         const HDC dc = GetDC(strip());
@@ -79,48 +67,6 @@ protected:
         return colour;
     }
 };
-
-TEST_F(PageTabWindow, APressChoosesTheTabAndTakesTheFocus) {
-    clickTab(3);
-    EXPECT_EQ(takeEvents(), L"MouseDown Click(Video) Show MouseUp");
-    EXPECT_EQ(active(), 3);
-    EXPECT_EQ(GetFocus(), strip());
-    EXPECT_EQ(GetCapture(), nullptr);
-    person.click(strip(), 300, 12);
-    EXPECT_EQ(takeEvents(), L"MouseDownback MouseUp");
-    const POINT at = middleOf(1);
-    person.moveTo(strip(), at.x, at.y);
-    person.press(MOUSEEVENTF_RIGHTDOWN);
-    person.release(MOUSEEVENTF_RIGHTUP);
-    EXPECT_EQ(takeEvents(), L"MouseDown MouseUp");
-    EXPECT_EQ(active(), 3);
-    // A press that is dragged off the strip ends there.
-    person.press();
-    person.moveTo(other, 5, 5);
-    person.release();
-    EXPECT_EQ(takeEvents(), L"MouseDown Click(Home) Show MouseUp");
-    EXPECT_EQ(GetCapture(), nullptr);
-}
-
-TEST_F(PageTabWindow, TheKeyboardDoesWhatTheMouseDoes) {
-    clickTab(1);
-    takeEvents();
-    person.moveTo(other, 5, 5);
-    person.key(VK_RIGHT);
-    EXPECT_EQ(takeEvents(), L"Click(&Help) Show");
-    person.key(VK_END);
-    EXPECT_EQ(takeEvents(), L"Click(Video) Show");
-    person.key(VK_TAB, MOD_CONTROL);
-    EXPECT_EQ(takeEvents(), L"Click(Home) Show");
-    person.key(VK_TAB, MOD_CONTROL | MOD_SHIFT);
-    EXPECT_EQ(takeEvents(), L"Click(Video) Show");
-    person.type(L"h");
-    EXPECT_EQ(takeEvents(), L"Click(Home) Show");
-    EXPECT_EQ(GetFocus(), strip());
-    person.key(VK_TAB);
-    EXPECT_TRUE(person.waitFor([&] { return GetFocus() == other; }));
-    EXPECT_EQ(takeEvents(), L"");
-}
 
 TEST_F(PageTabWindow, AnAccessKeyCallsItsTabFromTheWholeForm) {
     SetFocus(other);
@@ -151,25 +97,6 @@ TEST_F(PageTabWindow, AnAccessKeyCallsItsTabFromTheWholeForm) {
     EXPECT_EQ(info.cAccel, 0);
 }
 
-TEST_F(PageTabWindow, TabsScrollByHeldButtonsAndTheWheel) {
-    setTabs(longSet, 1);
-    ASSERT_TRUE(shows(1));
-    ASSERT_FALSE(shows(12));
-    const long forward = 14;  // after twelve tabs and the button that goes back
-    const POINT at = middleOf(forward);
-    person.moveTo(strip(), at.x, at.y);
-    person.press();
-    EXPECT_FALSE(shows(1));
-    EXPECT_TRUE(person.waitFor([&] { return shows(12); })) << "held";
-    person.release();
-    EXPECT_EQ(takeEvents(), L"") << "scrolling is no choice";
-    person.moveTo(strip(), 60, 12);
-    person.turnWheel(360);
-    EXPECT_TRUE(person.waitFor([&] { return !shows(12); }));
-    object().put(L"ActiveTab", 12L);
-    EXPECT_TRUE(shows(12));
-}
-
 TEST_F(PageTabWindow, TheTabUnderTheMouseIsHighlightedUntilItLeaves) {
     const POINT below{placeOf(2).left + 3, placeOf(2).bottom - 4};
     const COLORREF quiet = pixel(below);
@@ -179,30 +106,6 @@ TEST_F(PageTabWindow, TheTabUnderTheMouseIsHighlightedUntilItLeaves) {
     EXPECT_TRUE(person.waitFor([&] { return pixel(below) == quiet; }));
 }
 
-TEST_F(PageTabWindow, ScreenReadersHearTabsAndWhichOneIsSelected) {
-    const auto strips = accessible();
-    ASSERT_TRUE(strips);
-    const auto longOf = [](const VARIANT& value) { return value.vt == VT_I4 ? value.lVal : -1; };
-    VARIANT child{};
-    child.vt = VT_I4;
-    VARIANT answer{};
-    ASSERT_EQ(strips->get_accRole(child, &answer), S_OK);
-    EXPECT_EQ(longOf(answer), ROLE_SYSTEM_PAGETABLIST);
-    for (long tab = 1; tab <= 3; ++tab) {
-        child.lVal = tab;
-        ASSERT_EQ(strips->get_accRole(child, &answer), S_OK);
-        EXPECT_EQ(longOf(answer), ROLE_SYSTEM_PAGETAB);
-        ASSERT_EQ(strips->get_accState(child, &answer), S_OK);
-        EXPECT_EQ((longOf(answer) & STATE_SYSTEM_SELECTED) != 0, tab == 1);
-    }
-    Bstr name;
-    child.lVal = 2;
-    ASSERT_EQ(strips->get_accName(child, name.put()), S_OK);
-    EXPECT_EQ(name.text(), L"Help");
-    ASSERT_EQ(strips->accDoDefaultAction(child), S_OK);
-    EXPECT_EQ(active(), 2);
-}
-
 TEST_F(PageTabWindow, ARightToLeftFormHasItsTabsAtTheRight) {
     const RECT before = placeOf(1);
     hosted.site.setAmbient(DISPID_AMBIENT_RIGHTTOLEFT, true);
@@ -210,18 +113,6 @@ TEST_F(PageTabWindow, ARightToLeftFormHasItsTabsAtTheRight) {
     GetClientRect(strip(), &client);
     EXPECT_EQ(placeOf(1).right, client.right - before.left);
     EXPECT_GT(placeOf(1).left, placeOf(2).left);
-}
-
-TEST(PageTabResources, RebuildingAndScrollingLeavesNothing) {
-    expectNothingIsLeft([] {
-        HostedControl hosted(L"PageTab");
-        hosted.activate({10, 10, 200, 36});
-        for (const wchar_t* tabs : {longSet, L"a,b", L"", longSet}) {
-            hosted.object().put(L"ActiveTabs", tabs);
-            hosted.object().call(L"SetFont", {Variant(L"Tahoma"), Variant(L"10")});
-            UpdateWindow(hosted.site.window());
-        }
-    });
 }
 
 }  // namespace

@@ -47,15 +47,23 @@ void Person::sendKey(WORD code, bool down) {
         send(input, WM_KEYUP, WM_SYSKEYUP);
 }
 
-void Person::key(WORD code, UINT modifiers) {
+void Person::keyDown(WORD code, UINT modifiers) {
     if (modifiers & MOD_SHIFT) sendKey(VK_SHIFT, true);
     if (modifiers & MOD_CONTROL) sendKey(VK_CONTROL, true);
     if (modifiers & MOD_ALT) sendKey(VK_MENU, true);
     sendKey(code, true);
+}
+
+void Person::keyUp(WORD code, UINT modifiers) {
     sendKey(code, false);
     if (modifiers & MOD_ALT) sendKey(VK_MENU, false);
     if (modifiers & MOD_CONTROL) sendKey(VK_CONTROL, false);
     if (modifiers & MOD_SHIFT) sendKey(VK_SHIFT, false);
+}
+
+void Person::key(WORD code, UINT modifiers) {
+    keyDown(code, modifiers);
+    keyUp(code, modifiers);
 }
 
 void Person::type(std::wstring_view text) {
@@ -67,7 +75,7 @@ void Person::type(std::wstring_view text) {
 
 void Person::moveTo(HWND window, int x, int y) {
     POINT at{x, y};
-    ClientToScreen(window, &at);
+    if (window) ClientToScreen(window, &at);
     POINT now{};
     GetCursorPos(&now);
     if (now.x == at.x && now.y == at.y) return;

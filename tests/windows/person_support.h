@@ -20,9 +20,11 @@ public:
 
     // A key going down and up, with the modifiers held (MOD_SHIFT, MOD_CONTROL, MOD_ALT).
     void key(WORD code, UINT modifiers = 0);
+    void keyDown(WORD code, UINT modifiers = 0);
+    void keyUp(WORD code, UINT modifiers = 0);
     // Digits, letters and ".".
     void type(std::wstring_view text);
-    // Client coordinates of a window.
+    // Client coordinates of a window; null: of the screen.
     void moveTo(HWND window, int x, int y);
     void press(DWORD downFlag = MOUSEEVENTF_LEFTDOWN);
     void release(DWORD upFlag = MOUSEEVENTF_LEFTUP);

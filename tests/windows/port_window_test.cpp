@@ -74,27 +74,6 @@ BOOL CALLBACK findToolTip(HWND window, LPARAM found) {
 
 // Resources
 
-TEST(ResourceCountTest, CountsWindowsAndDrawingObjects) {
-    // The first window of a thread brings helpers of the system's own, and the last one takes them away.
-    const WindowDriver keepsOneWindow;
-    const ResourceCount before = ResourceCount::now();
-    const HWND parent =
-        CreateWindowExW(0, L"STATIC", L"", WS_POPUP, 0, 0, 1, 1, nullptr, nullptr, nullptr, nullptr);
-    CreateWindowExW(0, L"STATIC", L"", WS_CHILD, 0, 0, 1, 1, parent, nullptr, nullptr, nullptr);
-    const HWND silent =
-        CreateWindowExW(0, L"STATIC", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
-    const HBRUSH brush = CreateSolidBrush(RGB(1, 2, 3));
-    const HRGN region = CreateRectRgn(0, 0, 1, 1);
-    const ResourceCount held = ResourceCount::now();
-    EXPECT_EQ(held.windows - before.windows, 3);
-    EXPECT_EQ(held.gdiObjects - before.gdiObjects, 2);
-    DeleteObject(brush);
-    DeleteObject(region);
-    DestroyWindow(silent);
-    DestroyWindow(parent);
-    EXPECT_EQ(ResourceCount::now(), before);
-}
-
 TEST(PlatformResourcesTest, NothingIsLeftOfManyPlatforms) {
     const WindowDriver shared;  // its host and its own platform stay the same throughout
     std::wstring lastClass;
@@ -591,7 +570,8 @@ public:
         using Role = AccessibleItem::Role;
         return {{Role::client, u"Amount", u"7", {0, 0, 200, 120}},
                 {Role::button, u"Up", u"", {150, 0, 170, 20}, true, true},
-                {Role::button, u"Down", u"", {150, 20, 170, 40}, false, false}};
+                {Role::button, u"Down", u"", {150, 20, 170, 40}, false, false},
+                {Role::pageTab, u"Home", u"", {0, 0, 40, 20}, true, true}};
     }
 };
 
@@ -624,13 +604,15 @@ TEST_F(WindowTest, AScreenReaderFindsThePartsAndTheChildWindows) {
     };
     LONG count = 0;
     EXPECT_EQ(accessible->get_accChildCount(&count), S_OK);
-    EXPECT_EQ(count, 3);
+    EXPECT_EQ(count, 4);
     EXPECT_EQ(name(0), u"Amount");
     EXPECT_EQ(name(1), u"Up");
     EXPECT_EQ(number(&IAccessible::get_accRole, 0), ROLE_SYSTEM_CLIENT);
     EXPECT_EQ(number(&IAccessible::get_accRole, 1), ROLE_SYSTEM_PUSHBUTTON);
     EXPECT_EQ(number(&IAccessible::get_accState, 1), STATE_SYSTEM_PRESSED);
     EXPECT_EQ(number(&IAccessible::get_accState, 2), STATE_SYSTEM_UNAVAILABLE);
+    EXPECT_EQ(number(&IAccessible::get_accRole, 3), ROLE_SYSTEM_PAGETAB);
+    EXPECT_TRUE(number(&IAccessible::get_accState, 3) & STATE_SYSTEM_SELECTED);
     EXPECT_EQ(number(&IAccessible::get_accState, 9), -1);
     LONG left = 0;
     LONG top = 0;
@@ -643,10 +625,10 @@ TEST_F(WindowTest, AScreenReaderFindsThePartsAndTheChildWindows) {
     EXPECT_EQ(accessible->accHitTest(left + 1, top - 1, &hit), S_OK);
     EXPECT_EQ(hit.lVal, 1);
     IDispatch* window = nullptr;
-    EXPECT_EQ(accessible->get_accChild(child(3), &window), S_OK);
+    EXPECT_EQ(accessible->get_accChild(child(4), &window), S_OK);
     ASSERT_TRUE(window);
     window->Release();
-    EXPECT_EQ(accessible->get_accChild(child(4), &window), E_INVALIDARG);
+    EXPECT_EQ(accessible->get_accChild(child(5), &window), E_INVALIDARG);
     taken();
     EXPECT_EQ(accessible->accDoDefaultAction(child(1)), S_OK);
     EXPECT_EQ(taken(), (Journal{"area.mouseDown 1", "area.mouseUp 1"}));

@@ -241,50 +241,21 @@ TEST_F(ServerDispatch, WrongCallsAreRefusedAndChangeNothing) {
 }
 
 TEST_F(ServerDispatch, ANumberIsTakenFromEveryAutomationTypeThatHoldsOne) {
-    signed char i1 = 7;
-    unsigned char ui1 = 7;
-    short i2 = 7;
-    unsigned short ui2 = 7;
-    long i4 = 7;
-    unsigned long ui4 = 7;
-    long long i8 = 7;
-    unsigned long long ui8 = 7;
-    float r4 = 7;
-    double r8 = 7;
-    CY currency{};
-    currency.int64 = 70000;
     const Bstr text(L" 7 ");
     BSTR bstr = text.get();
-    VARIANT decimal{};
-    VarDecFromI4(7, &V_DECIMAL(&decimal));
-    V_VT(&decimal) = VT_DECIMAL;
     const ComPtr<IDispatch> object(new DefaultValueObject(Variant(L"7")));
     VARIANT inner = Variant(7.0).detach();
-
-    std::vector<Variant> sevens{Variant(text.view()),
-                                Variant(decimal),
-                                object.get(),
-                                reference(VT_BSTR, bstr),
-                                reference(VT_DECIMAL, V_DECIMAL(&decimal)),
+    std::vector<Variant> sevens{Variant(text.view()), object.get(), reference(VT_BSTR, bstr),
                                 reference(VT_VARIANT, inner)};
-    const auto both = [&sevens](VARTYPE type, auto& value) {
-        sevens.push_back(plain(type, value));
-        sevens.push_back(reference(type, value));
-    };
-    both(VT_I1, i1);
-    both(VT_UI1, ui1);
-    both(VT_I2, i2);
-    both(VT_UI2, ui2);
-    both(VT_I4, i4);
-    both(VT_UI4, ui4);
-    both(VT_INT, i4);
-    both(VT_UINT, ui4);
-    both(VT_I8, i8);
-    both(VT_UI8, ui8);
-    both(VT_R4, r4);
-    both(VT_R8, r8);
-    both(VT_CY, currency);
-    both(VT_DATE, r8);
+    constexpr VARTYPE types[] = {VT_I1, VT_UI1, VT_I2, VT_UI2, VT_I4, VT_UI4,  VT_INT,    VT_UINT,
+                                 VT_I8, VT_UI8, VT_R4, VT_R8,  VT_CY, VT_DATE, VT_DECIMAL};
+    VARIANT numbers[std::size(types)]{};
+    for (size_t at = 0; at < std::size(types); ++at) {
+        ASSERT_EQ(VariantChangeType(&numbers[at], &inner, 0, types[at]), S_OK) << types[at];
+        sevens.emplace_back(numbers[at]);
+        sevens.push_back(types[at] == VT_DECIMAL ? reference(types[at], V_DECIMAL(&numbers[at]))
+                                                 : reference(types[at], V_NONE(&numbers[at])));
+    }
     for (const Variant& seven : sevens) {
         putOn(L"Max", 0L);
         putOn(L"Interval", 0.0);

@@ -54,38 +54,6 @@ TEST(ServerLifetime, AConnectionPointKeepsItsControl) {
     EXPECT_TRUE(server.canUnload());
 }
 
-// Creates, activates and destroys; the class changes from cycle to cycle.
-void cycle(LoadedServer& server, container::ControlForm& form, int number) {
-    const auto& classes = serverClasses();
-    container::ControlSite site(form);
-    ASSERT_EQ(site.adopt(server.create(classes[static_cast<size_t>(number) % classes.size()])), S_OK);
-    ASSERT_EQ(site.activate({5, 5, 105, 30}), S_OK);
-    ASSERT_TRUE(site.window());
-    if (number % 4 == 0) site.uiActivate();
-    if (number % 3 == 0) site.deactivate();  // otherwise closed while it shows
-}
-
-TEST(ServerLifetime, AThousandControlsLeaveNothingBehind) {
-    LoadedServer server;
-    TestWindow window;
-    container::ControlForm form(window.handle());
-    container::MessageLoop loop;
-    loop.add(form);
-    // What the system keeps for itself, for each class and each way, and for what it draws.
-    for (int number = 0; number < 60; ++number) {
-        cycle(server, form, number);
-        loop.pumpPending();
-    }
-    const ResourceCount before = ResourceCount::now();
-    for (int number = 0; number < 1000; ++number) {
-        cycle(server, form, number);
-        if (number % 50 == 0) loop.pumpPending();
-    }
-    loop.pumpPending();
-    EXPECT_EQ(ResourceCount::now(), before);
-    EXPECT_TRUE(server.canUnload());
-}
-
 TEST(ServerLifetime, AScriptThatShowsNothingMakesNoWindow) {
     LoadedServer server;
     const auto first = server.create(L"UpDownTextBox");  // whatever the platform keeps for the thread

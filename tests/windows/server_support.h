@@ -4,7 +4,7 @@
 #include "container/control_site.h"
 #include "container/message_loop.h"
 #include "container/server_context.h"
-#include "container_probe_support.h"
+#include "test_window_support.h"
 
 #include <gtest/gtest.h>
 

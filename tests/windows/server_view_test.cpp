@@ -137,22 +137,6 @@ TEST_F(ServerView, AFixedSizeSnapsBackInTheContainerWithoutALoop) {
     EXPECT_LE(std::count(calls.begin(), calls.end(), "OnPosRectChange"), 2);
 }
 
-TEST_F(ServerView, DecorationNeverTakesTheFocus) {
-    for (const std::wstring& name : serverClasses()) {
-        HostedControl hosted(name);
-        const bool decoration = name == L"lns" || name == L"ButtonArrow";
-        EXPECT_EQ((hosted.site.status() & OLEMISC_NOUIACTIVATE) != 0, decoration) << container::toUtf8(name);
-        constexpr DWORD always = OLEMISC_ACTIVATEWHENVISIBLE | OLEMISC_INSIDEOUT |
-                                 OLEMISC_SETCLIENTSITEFIRST | OLEMISC_CANTLINKINSIDE |
-                                 OLEMISC_RECOMPOSEONRESIZE;
-        EXPECT_EQ(hosted.site.status() & always, always) << container::toUtf8(name);
-        hosted.activate();
-        hosted.site.uiActivate();
-        EXPECT_EQ(hosted.site.state() == container::SiteState::uiActive, !decoration)
-            << container::toUtf8(name);
-    }
-}
-
 TEST_F(ServerView, ChangesAreToldToWhoeverWatchesTheView) {
     HostedControl hosted(L"UpDownTextBox");
     hosted.site.siteCalls().clear();

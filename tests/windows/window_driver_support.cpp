@@ -1,12 +1,9 @@
 #include "window_driver_support.h"
 
-#include <array>
-
 namespace obk::testing_support {
 
 namespace {
 
-constexpr std::chrono::milliseconds deadline{5000};
 constexpr wchar_t hostClass[] = L"OrbekTestHost";
 
 // One for all tests of the process: where there is no window manager, hiding a top-level window takes
@@ -27,70 +24,25 @@ HWND sharedHost() {
     return host;
 }
 
-void sendKey(int16_t code, bool down) {
-    INPUT input{};
-    input.type = INPUT_KEYBOARD;
-    input.ki.wVk = static_cast<WORD>(code);
-    input.ki.wScan = static_cast<WORD>(MapVirtualKeyW(input.ki.wVk, MAPVK_VK_TO_VSC));
-    const bool extended = code >= key::pageUp && code <= key::down;
-    input.ki.dwFlags = (down ? 0u : KEYEVENTF_KEYUP) | (extended ? KEYEVENTF_EXTENDEDKEY : 0u);
-    SendInput(1, &input, sizeof input);
-    bool arrived = false;
-    pumpUntil([&] { return arrived; },
-              [&](const MSG& message) {
-                  const bool right = down ? message.message == WM_KEYDOWN || message.message == WM_SYSKEYDOWN
-                                          : message.message == WM_KEYUP || message.message == WM_SYSKEYUP;
-                  arrived |= right && message.wParam == static_cast<WPARAM>(code);
-              });
-    pumpAll();
+UINT modifiersOf(int16_t state) {
+    return ((state & shift::shift) != 0 ? MOD_SHIFT : 0) | ((state & shift::control) != 0 ? MOD_CONTROL : 0) |
+           ((state & shift::alt) != 0 ? MOD_ALT : 0);
 }
-
-struct Modifier {
-    int16_t bit;
-    int16_t code;
-};
-constexpr std::array<Modifier, 3> modifiers{
-    {{shift::shift, VK_SHIFT}, {shift::control, VK_CONTROL}, {shift::alt, VK_MENU}}};
 
 }  // namespace
 
-bool pumpUntil(const std::function<bool()>& done, const std::function<void(const MSG&)>& seen) {
-    const ULONGLONG end = GetTickCount64() + static_cast<ULONGLONG>(deadline.count());
-    while (!done()) {
-        MSG message{};
-        if (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
-            if (seen) seen(message);
-            TranslateMessage(&message);
-            DispatchMessageW(&message);
-        } else if (GetTickCount64() >= end) {
-            return false;
-        } else {
-            MsgWaitForMultipleObjects(0, nullptr, FALSE, 5, QS_ALLINPUT);
-        }
-    }
-    return true;
+bool pumpUntil(const std::function<bool()>& done) {
+    return container::MessageLoop().pumpUntil(done);
 }
 
 void pumpAll() {
-    MSG message{};
-    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
-        TranslateMessage(&message);
-        DispatchMessageW(&message);
-    }
-}
-
-void pumpFor(std::chrono::milliseconds time) {
-    const ULONGLONG end = GetTickCount64() + static_cast<ULONGLONG>(time.count());
-    pumpUntil([end] { return GetTickCount64() >= end; });
+    container::MessageLoop().pumpPending();
 }
 
 WindowDriver::WindowDriver() : host_(sharedHost()), platform_(GetModuleHandleW(nullptr)) {
     SetWindowPos(host_, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_SHOWWINDOW);
-    SetForegroundWindow(host_);
-    SetFocus(host_);
     // Away from every surface.
     SetCursorPos(600, 500);
-    pumpUntil([this] { return GetFocus() == host_; });
     pumpAll();
 }
 
@@ -100,73 +52,25 @@ WindowDriver::~WindowDriver() {
 }
 
 void WindowDriver::keyDown(int16_t code, int16_t state) {
-    for (const Modifier& modifier : modifiers) {
-        if (state & modifier.bit) sendKey(modifier.code, true);
-    }
-    sendKey(code, true);
+    person_.keyDown(static_cast<WORD>(code), modifiersOf(state));
 }
 
 void WindowDriver::keyUp(int16_t code, int16_t state) {
-    sendKey(code, false);
-    for (const Modifier& modifier : modifiers) {
-        if (state & modifier.bit) sendKey(modifier.code, false);
-    }
+    person_.keyUp(static_cast<WORD>(code), modifiersOf(state));
 }
 
 void WindowDriver::mouseMove(SurfacePeer& surface, PixelPoint at) {
     const PixelPoint target = surface.toScreen(at);
-    POINT current{};
-    GetCursorPos(&current);
-    const bool moves = current.x != target.x || current.y != target.y;
-    SetCursorPos(target.x, target.y);
-    bool arrived = !moves;
-    pumpUntil([&] { return arrived; },
-              [&](const MSG& message) {
-                  arrived |=
-                      message.message == WM_MOUSEMOVE && message.pt.x == target.x && message.pt.y == target.y;
-              });
+    person_.moveTo(nullptr, target.x, target.y);
     pumpAll();
 }
 
-void WindowDriver::press(int16_t button, bool down) {
-    INPUT input{};
-    input.type = INPUT_MOUSE;
-    UINT expected = 0;
-    switch (button) {
-        case button::right:
-            input.mi.dwFlags = down ? MOUSEEVENTF_RIGHTDOWN : MOUSEEVENTF_RIGHTUP;
-            expected = down ? WM_RBUTTONDOWN : WM_RBUTTONUP;
-            break;
-        case button::middle:
-            input.mi.dwFlags = down ? MOUSEEVENTF_MIDDLEDOWN : MOUSEEVENTF_MIDDLEUP;
-            expected = down ? WM_MBUTTONDOWN : WM_MBUTTONUP;
-            break;
-        default:
-            input.mi.dwFlags = down ? MOUSEEVENTF_LEFTDOWN : MOUSEEVENTF_LEFTUP;
-            expected = down ? WM_LBUTTONDOWN : WM_LBUTTONUP;
-            break;
-    }
-    SendInput(1, &input, sizeof input);
-    constexpr UINT doubleClickOffset = WM_LBUTTONDBLCLK - WM_LBUTTONDOWN;
-    bool arrived = false;
-    pumpUntil([&] { return arrived; },
-              [&](const MSG& message) {
-                  arrived |= message.message == expected ||
-                             (down && message.message == expected + doubleClickOffset);
-              });
-    pumpAll();
+void WindowDriver::mouseDown(int16_t button) {
+    person_.press(button == button::right ? MOUSEEVENTF_RIGHTDOWN : MOUSEEVENTF_LEFTDOWN);
 }
 
-void WindowDriver::wheel(int32_t delta) {
-    INPUT input{};
-    input.type = INPUT_MOUSE;
-    input.mi.dwFlags = MOUSEEVENTF_WHEEL;
-    input.mi.mouseData = static_cast<DWORD>(delta);
-    SendInput(1, &input, sizeof input);
-    bool arrived = false;
-    pumpUntil([&] { return arrived; },
-              [&](const MSG& message) { arrived |= message.message == WM_MOUSEWHEEL; });
-    pumpAll();
+void WindowDriver::mouseUp(int16_t button) {
+    person_.release(button == button::right ? MOUSEEVENTF_RIGHTUP : MOUSEEVENTF_LEFTUP);
 }
 
 void WindowDriver::focusHost() {

@@ -3,6 +3,8 @@
 #pragma once
 
 #include "../port/port_driver.h"
+#include "container/message_loop.h"
+#include "person_support.h"
 #include "platform/win32/win32_platform.h"
 
 #include <gtest/gtest.h>
@@ -11,12 +13,10 @@
 
 namespace obk::testing_support {
 
-// Runs the message loop until `done`, at most a few seconds; whether it became true. `seen` is told of every
-// message.
-bool pumpUntil(const std::function<bool()>& done, const std::function<void(const MSG&)>& seen = {});
+// Runs the message loop until `done`, at most a few seconds; whether it became true.
+bool pumpUntil(const std::function<bool()>& done);
 // Delivers everything that is under way.
 void pumpAll();
-void pumpFor(std::chrono::milliseconds time);
 
 class WindowDriver final : public port::PortDriver {
 public:
@@ -31,20 +31,20 @@ public:
     void keyDown(int16_t code, int16_t shift) override;
     void keyUp(int16_t code, int16_t shift) override;
     void mouseMove(SurfacePeer& surface, PixelPoint at) override;
-    void mouseDown(int16_t button) override { press(button, true); }
-    void mouseUp(int16_t button) override { press(button, false); }
-    void wheel(int32_t delta) override;
+    void mouseDown(int16_t button) override;
+    void mouseUp(int16_t button) override;
+    void wheel(int32_t delta) override { person_.turnWheel(delta); }
     void focusHost() override;
     void askFocus(NativeWindow window) override;
     void takeCaptureAway() override;
-    void pass(std::chrono::milliseconds time) override { pumpFor(time); }
+    void pass(std::chrono::milliseconds time) override { person_.wait(time); }
     void settle() override { pumpAll(); }
 
 private:
-    void press(int16_t button, bool down);
-
     HWND host_;
     win32::Win32Platform platform_;
+    container::MessageLoop loop_;
+    Person person_{loop_, host_};
 };
 
 }  // namespace obk::testing_support

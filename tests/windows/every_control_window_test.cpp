@@ -1,0 +1,218 @@
+// What holds for every control in its window, and a button that is held down in one.
+#include "container/text.h"
+#include "container/type_members.h"
+#include "panel_support.h"
+#include "person_support.h"
+#include "resource_count.h"
+#include "server_support.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <map>
+
+namespace obk {
+namespace {
+
+using namespace testing_support;
+
+RECT placeOf(const std::wstring& name) {
+    return name == L"GridEdit" ? RECT{10, 10, 310, 130} : RECT{10, 10, 151, 31};
+}
+
+// Gives a control something to work on.
+void prepare(const HostedControl& hosted, const std::wstring& name) {
+    const auto object = hosted.object();
+    if (name == L"UpDownTextBox") object.put(L"Interval", 1.0);
+    if (name == L"PageTab") object.put(L"ActiveTabs", L"a,b");
+    if (name == L"GridEdit") {
+        object.call(L"ColsSet", {7});
+        for (long col = 0; col < 7; ++col) object.call(L"ColTypeSet", {col, col});
+        object.call(L"ComboAdd", {L"Desk"});
+    }
+}
+
+// What a person does who has not met the control before, as long as it is there.
+void work(HostedControl& hosted, HWND field) {
+    Person person(hosted.loop, hosted.window.handle());
+    const MenuKeys menus{{VK_RETURN}, {VK_RETURN}, {VK_RETURN}};
+    const HWND window = hosted.site.window();
+    RECT area{};
+    GetClientRect(window, &area);
+    const int low = std::min(30, static_cast<int>(area.bottom) - 6);
+    const auto panelClick = [&] {
+        const HWND panel = openPanel();
+        if (panel) person.moveTo(panel, 20, 100);
+        if (panel && panel == openPanel()) person.click(panel, 20, 100);
+    };
+    std::vector<std::function<void()>> steps{
+        [&] { person.moveTo(window, area.right - 12, 10); },
+        [&] { person.click(window, area.right - 12, 10); },
+        [&] { person.moveTo(window, 10, low); },
+        [&] { person.click(window, 10, low); },
+        [&] { person.moveTo(window, 10, 10); },
+        [&] { person.click(window, 10, 10); },
+        panelClick,
+        [&] { person.moveTo(window, 11, 11); },
+        [&] { person.moveTo(field, 5, 5); },
+        [&] { person.rightClick(window, 10, 10), hosted.loop.pumpPending(); },
+        [&] { SendMessageW(window, WM_LBUTTONDBLCLK, MK_LBUTTON, MAKELPARAM(10, low)); },
+        [&] { SendMessageW(window, WM_LBUTTONUP, 0, MAKELPARAM(10, low)); },
+        [&] { hosted.object().call(L"ShowPopUp"), hosted.loop.pumpPending(); },
+        panelClick,
+        [&] { hosted.site.uiActivate(); },
+    };
+    for (const WORD code :
+         {WORD{VK_RIGHT}, WORD{VK_LEFT}, WORD{VK_UP}, WORD{'5'}, WORD{VK_SPACE}, WORD{VK_RETURN},
+          WORD{VK_ESCAPE}, WORD{VK_INSERT}, WORD{VK_DELETE}, WORD{VK_DOWN}, WORD{VK_F4}})
+        steps.emplace_back([&, code] { person.key(code); });
+    steps.emplace_back([&] { SetFocus(field), hosted.loop.pumpPending(); });
+    for (const auto& step : steps) {
+        if (!IsWindow(window)) return;
+        step();
+    }
+}
+
+TEST(EveryControlWindow, AHostMayEndTheControlInsideEveryEvent) {
+    for (const std::wstring& name : serverClasses()) {
+        std::wstring unheard;
+        const auto members = container::TypeMembers::of(LoadedServer().create(name).get());
+        for (const auto& event : members.events()) {
+            HostedControl doomed(name);
+            const HWND field = doomed.window.addEdit(270);
+            prepare(doomed, name);
+            doomed.activate(placeOf(name));
+            bool ended = false;
+            doomed.site.events().on(event.name, [&](container::EventCall&) {
+                if (!std::exchange(ended, true)) doomed.site.close();
+            });
+            work(doomed, field);
+            if (!ended) unheard += L" " + event.name;
+            doomed.site.close();
+            doomed.loop.pumpPending();
+            EXPECT_FALSE(openPanel()) << container::toUtf8(name + L" " + event.name);
+            EXPECT_EQ(GetCapture(), nullptr) << container::toUtf8(name + L" " + event.name);
+        }
+        // What nothing of the work above brings about, or hosts know and nothing raises.
+        const std::map<std::wstring, std::wstring> expected{
+            {L"DateCalendar", L" Change KeyPress"},
+            {L"ButtonPalette", L" Change ChangeCustom KeyPress PopUp"},
+            {L"GridEdit", L" CboBoxClick CboClick DblClickExt OLEDragDrop"}};
+        const auto known = expected.find(name);
+        EXPECT_EQ(unheard, known == expected.end() ? L"" : known->second) << container::toUtf8(name);
+    }
+}
+
+TEST(EveryControlWindow, WorkingLeavesNothing) {
+    const LoadedServer server;
+    for (const std::wstring& name : serverClasses()) {
+        SCOPED_TRACE(container::toUtf8(name));
+        int turn = 0;
+        expectNothingIsLeft([&] {
+            HostedControl hosted(name);
+            prepare(hosted, name);
+            hosted.activate(placeOf(name));
+            EXPECT_TRUE(IsWindowVisible(hosted.site.window()));
+            hosted.site.uiActivate();
+            if (++turn % 2 == 0) hosted.site.deactivate(), hosted.activate(placeOf(name));
+            hosted.object().call(L"ShowPopUp");
+            hosted.loop.pumpPending();
+            if (name == L"ButtonPalette" || name == L"DateCalendar") {
+                EXPECT_TRUE(openPanel());
+            }
+            hosted.object().call(L"HidePopUp");
+            if (name == L"GridEdit") {
+                for (long col = 0; col < 7; ++col) {
+                    hosted.object().call(L"GridSetFocus", {col, 0});
+                    hosted.loop.pumpPending();
+                }
+            }
+            if (name == L"PageTab") hosted.object().put(L"ActiveTabs", L"a,b,c,d,e,f,g,h,i,j,k,l,m,n,o,p");
+            hosted.object().call(L"ShowPopUp");  // closed while it shows
+        });
+    }
+    EXPECT_TRUE(server.canUnload());
+}
+
+class DropDownWindow : public testing::TestWithParam<const wchar_t*> {
+protected:
+    HostedControl hosted{GetParam()};
+    HWND other = hosted.window.addEdit(270);
+    Person person{hosted.loop, hosted.window.handle()};
+};
+
+INSTANTIATE_TEST_SUITE_P(Every, DropDownWindow, testing::Values(L"ButtonPalette", L"DateCalendar"));
+
+TEST_P(DropDownWindow, WhatTakesItsPlaceClosesThePanel) {
+    hosted.activate({10, 10, 151, 31});
+    const HWND form = hosted.window.handle();
+    const std::pair<const char*, std::function<void()>> ways[] = {
+        {"a press elsewhere", [&] { person.click(other, 5, 5); }},
+        {"the focus goes elsewhere", [&] { SetFocus(other); }},
+        {"the form moves",
+         [&] { SetWindowPos(form, nullptr, 60, 60, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE); }},
+        {"the form is minimised", [&] { ShowWindow(form, SW_MINIMIZE); }},
+        {"the form is hidden", [&] { ShowWindow(form, SW_HIDE); }},
+        {"another window takes the capture", [&] { SetCapture(form); }},
+    };
+    for (const auto& [name, way] : ways) {
+        ShowWindow(form, SW_SHOWNORMAL);
+        // The window system may still move the form, which would close what is opened then.
+        person.wait(std::chrono::milliseconds(100));
+        hosted.site.uiActivate();
+        hosted.object().call(L"ShowPopUp");
+        hosted.loop.pumpPending();
+        ASSERT_TRUE(openPanel()) << name;
+        hosted.takeEvents();
+        way();
+        hosted.loop.pumpPending();
+        EXPECT_FALSE(openPanel()) << name;
+        EXPECT_EQ(hosted.takeEvents().find(L"FocusHidden"), 0u) << name;
+        EXPECT_NE(GetCapture(), hosted.site.window()) << name;
+        if (GetCapture()) ReleaseCapture();
+    }
+}
+
+TEST_P(DropDownWindow, AClickDropsThePanelAndASecondOneClosesIt) {
+    hosted.activate({10, 10, 85, 33});
+    const HWND face = hosted.site.window();
+    person.click(face, 10, 10);
+    const HWND panel = openPanel();
+    ASSERT_TRUE(panel);
+    EXPECT_TRUE(hosted.takeEvents().starts_with(L"MouseDown MouseUp"));
+    EXPECT_EQ(GetCapture(), panel);
+    EXPECT_TRUE(hosted.site.holdsWindow(GetFocus())) << "the panel never takes the focus";
+    EXPECT_EQ(windowRect(panel).left, windowRect(face).left);
+    EXPECT_EQ(windowRect(panel).top, windowRect(face).bottom);
+    person.click(face, 10, 10);
+    EXPECT_FALSE(openPanel()) << "closed, and not opened again";
+    EXPECT_EQ(hosted.takeEvents(), L"FocusHidden MouseUp");
+    EXPECT_NE(GetCapture(), panel);
+}
+
+class UpDownTextBoxWindow : public PersonAtControl {
+protected:
+    UpDownTextBoxWindow() : PersonAtControl(L"UpDownTextBox", {10, 10, 110, 31}) {
+        object().put(L"Interval", 1.0);
+        object().put(L"Text", L"5");
+    }
+    std::wstring text() const { return object().value(L"Text").toText(); }
+};
+
+TEST_F(UpDownTextBoxWindow, AHeldSpinnerButtonRepeatsUntilItIsReleased) {
+    person.moveTo(face(), 92, 5);
+    person.press();
+    EXPECT_EQ(text(), L"6");
+    EXPECT_EQ(GetFocus(), GetWindow(face(), GW_CHILD));
+    EXPECT_TRUE(person.waitFor([&] { return text() == L"8"; }));
+    person.release();
+    const std::wstring released = text();
+    person.wait(std::chrono::milliseconds(300));
+    EXPECT_EQ(text(), released);
+    EXPECT_EQ(GetCapture(), nullptr);
+    person.turnWheel(WHEEL_DELTA * 2);
+    EXPECT_EQ(text(), std::to_wstring(std::stoi(released) + 2));
+}
+
+}  // namespace
+}  // namespace obk

@@ -1,0 +1,21 @@
+#include "test_window_support.h"
+
+namespace obk::testing_support {
+
+// Without a caption and shown without activation, no window manager has to answer before it is there.
+TestWindow::TestWindow()
+    : handle_(CreateWindowExW(0, L"STATIC", L"container test", WS_POPUP, 20, 20, 400, 300, nullptr, nullptr,
+                              GetModuleHandleW(nullptr), nullptr)) {
+    ShowWindow(handle_, SW_SHOWNOACTIVATE);
+}
+
+TestWindow::~TestWindow() {
+    DestroyWindow(handle_);
+}
+
+HWND TestWindow::addEdit(int y, DWORD style) const {
+    return CreateWindowExW(0, L"EDIT", L"edit", style | WS_CHILD, 10, y, 100, 20, handle_, nullptr, nullptr,
+                           nullptr);
+}
+
+}  // namespace obk::testing_support
