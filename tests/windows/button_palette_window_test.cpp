@@ -19,6 +19,18 @@ namespace {
 using namespace testing_support;
 using container::Variant;
 
+// The middle of a base cell.
+POINT cellAt(size_t index, Dpi dpi = {}) {
+    ColourPalette cells(enQUILLPalette::QP24X8);
+    cells.setScale(dpi);
+    const PixelRect rect = cells.baseCells()[index].rect;
+    return {(rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2};
+}
+
+long colourOf(size_t index) {
+    return static_cast<long>(ColourPalette(enQUILLPalette::QP24X8).baseCells()[index].Color.value);
+}
+
 // Answers the system's colour chooser as soon as it shows, while it runs its own loop.
 class ChooserAnswer {
 public:
@@ -121,17 +133,11 @@ TEST_F(ButtonPaletteWindow, OnAMonitorOfAnotherScaleThePanelIsWholeAndAnswers) {
     hosted.site.moveTo({160, 10, 235, 33});
     const RECT form = windowRect(hosted.window.handle());
     TwoScales scales((form.left + form.right) / 2 + 40, 144, TwoScales::Tells::moved);
-    ColourPalette cells(enQUILLPalette::QP24X8);
-    cells.setScale(Dpi(144));
-    const auto middle = [&](size_t index) {
-        const PixelRect rect = cells.baseCells()[index].rect;
-        return POINT{(rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2};
-    };
     HWND panel = open();
     ASSERT_TRUE(panel);
     EXPECT_EQ(GetCapture(), panel);
-    EXPECT_GT(windowRect(panel).right - windowRect(panel).left, cells.baseCells().back().rect.right);
-    person.click(panel, middle(8).x, middle(8).y);
+    EXPECT_GT(windowRect(panel).right - windowRect(panel).left, cellAt(191, Dpi(144)).x);
+    person.click(panel, cellAt(8, Dpi(144)).x, cellAt(8, Dpi(144)).y);
     EXPECT_EQ(takeEvents(), L"Change FocusHidden FocusHidden Click Change");
     EXPECT_EQ(colour(), colourOf(8));
     // Its scale changes while a walk of the keys is under way.

@@ -16,8 +16,9 @@ using namespace testing_support;
 constexpr const wchar_t* blanks = L"        ";
 // November 2026 begins on a Sunday, the last column of its first row.
 constexpr int32_t firstCellOfNovember2026 = 13;
-// Where a press meets the panel's list, in pixels at 96 DPI.
-constexpr POINT monthList{40, 16};
+// Where a press meets the panel's children, in pixels at 96 DPI.
+constexpr POINT monthList{40, 16}, yearsOn{180, 16}, previousMonth{36, 39}, nextMonth{158, 39},
+    nextYear{178, 39}, clearButton{97, 209}, closeButton{159, 209};
 
 class DateCalendarWindow : public PersonAtControl {
 protected:
