@@ -40,11 +40,11 @@ HRESULT WINAPI DllCanUnloadNow() {
 }
 
 HRESULT WINAPI DllRegisterServer() {
-    return entryPoint([] { return registerServer(RegistrationScope::machine); });
+    return entryPoint([] { return registerThisServer(RegistrationScope::machine); });
 }
 
 HRESULT WINAPI DllUnregisterServer() {
-    return entryPoint([] { return unregisterServer(RegistrationScope::machine); });
+    return entryPoint([] { return unregisterThisServer(RegistrationScope::machine); });
 }
 
 // "user" registers for the present user only, which needs no rights on the machine; nothing means the
@@ -56,7 +56,7 @@ HRESULT WINAPI DllInstall(BOOL install, PCWSTR commandLine) {
             if (!equalIgnoringCase(viewOf(commandLine), u"user")) return E_INVALIDARG;
             scope = RegistrationScope::user;
         }
-        return install ? registerServer(scope) : unregisterServer(scope);
+        return install ? registerThisServer(scope) : unregisterThisServer(scope);
     });
 }
 

@@ -1,16 +1,12 @@
-// Writes and removes what makes the controls known to the system.
+// Registers the server's own file in the system's registry.
 #pragma once
 
-#include "server/registry_entries.h"
-
-#include <windows.h>
+#include "server/classes_key.h"
 
 namespace obk::server {
 
-// Every public class, its programmatic identifiers and the type library. What a failure leaves half done is
-// removed.
-HRESULT registerServer(RegistrationScope scope);
-// Removes what registering writes, and nothing else: keys that hold anything of others stay.
-HRESULT unregisterServer(RegistrationScope scope);
+// What a failure leaves half done is removed.
+HRESULT registerThisServer(RegistrationScope scope);
+HRESULT unregisterThisServer(RegistrationScope scope);
 
 }  // namespace obk::server

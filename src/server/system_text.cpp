@@ -13,10 +13,4 @@ LPOLESTR newTaskText(TextView text) {
     return result;
 }
 
-std::wstring guidText(const GUID& guid) {
-    wchar_t text[40] = L"";
-    StringFromGUID2(guid, text, 40);
-    return text;
-}
-
 }  // namespace obk::server

@@ -10,7 +10,6 @@
 #include <oleauto.h>
 
 #include <cstring>
-#include <string>
 
 namespace obk::server {
 
@@ -43,7 +42,5 @@ inline GUID systemGuid(const Guid& guid) {
     std::memcpy(&result, &guid, sizeof result);
     return result;
 }
-// "{00000000-0000-0000-0000-000000000000}", in capitals.
-std::wstring guidText(const GUID& guid);
 
 }  // namespace obk::server
