@@ -191,7 +191,8 @@ bool ControlForm::translate(MSG& message) {
 }
 
 bool ControlForm::translateMnemonic(MSG& message) {
-    if (message.message != WM_SYSCHAR && message.message != WM_SYSKEYDOWN) return false;
+    if (message.message != WM_SYSCHAR && message.message != WM_SYSKEYDOWN && message.message != WM_KEYDOWN)
+        return false;
     for (const Stop& stop : stops_) {
         const auto control = stop.site ? stop.site->query<IOleControl>() : nullptr;
         CONTROLINFO information = {};

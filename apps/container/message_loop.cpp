@@ -9,6 +9,7 @@ void MessageLoop::handle(MSG& message) {
     for (ControlForm* form : forms) {
         if (form->translate(message)) return;
     }
+    if (onUnclaimed && onUnclaimed(message)) return;
     TranslateMessage(&message);
     DispatchMessageW(&message);
     for (ControlForm* form : std::vector<ControlForm*>(forms_)) form->followFocus();

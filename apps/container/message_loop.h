@@ -20,7 +20,10 @@ public:
     // Asked before the forms; true ends the message. For keys that belong to the whole program.
     std::function<bool(MSG&)> onMessage;
 
-    // One message: `onMessage`, forms, dispatch.
+    // Asked after the forms: the program's shortcuts, which go after the keys that controls claim.
+    std::function<bool(MSG&)> onUnclaimed;
+
+    // One message: `onMessage`, forms, `onUnclaimed`, dispatch.
     void handle(MSG& message);
     // Until WM_QUIT; answers its exit code.
     int run();

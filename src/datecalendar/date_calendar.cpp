@@ -309,6 +309,27 @@ void DateCalendar::loadTypedText(const obk::Text& text) {
     attempt([&] { model_.write(text); });
 }
 
+std::span<const KeyGroup> DateCalendar::keyGroups() const {
+    static constexpr KeyClaim field[] = {
+        keyClaim(key::f4, shifts::none, u"opens the calendar, or closes it"),
+        keyClaim(key::down, shifts::alt, u"opens the calendar, or closes it"),
+    };
+    static constexpr TextView walk = u"walk through the calendar", page = u"turn its pages";
+    static constexpr KeyClaim calendar[] = {
+        {key::end, key::down, shifts::none, walk},
+        {key::pageUp, key::pageDown, shifts::none | shifts::control, page},
+        keyClaim(key::enter, shifts::none, u"takes the day"),
+        keyClaim(key::space, shifts::none, u"takes the day"),
+        keyClaim(key::escape, shifts::none, u"closes it"),
+        keyClaim(key::up, shifts::alt, u"closes it"),
+    };
+    static constexpr KeyGroup groups[] = {{{}, 0, textLineKeys},
+                                          {{}, 0, textLineArrows},
+                                          {{}, 0, field},
+                                          {u"while the calendar is open", 1, calendar}};
+    return groups;
+}
+
 KeyRoute DateCalendar::preTranslate(const KeyEvent& event) {
     dismissed_ = false;
     const bool wanted = panel_.visible() && (event.code == key::escape || event.code == key::enter);

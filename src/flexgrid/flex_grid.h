@@ -4,6 +4,7 @@
 
 #include "flexgrid/current_cell_grid.h"
 #include "flexgrid/grid_events.h"
+#include "flexgrid/grid_keys.h"
 #include "flexgrid/grid_painter.h"
 #include "widgets/font_holder.h"
 #include "widgets/scroll_bar.h"

@@ -176,14 +176,15 @@ void Control::requestSize(Twips width, Twips height) {
 }
 
 KeyRoute Control::preTranslate(const KeyEvent& event) {
-    switch (event.code) {
-        case key::tab:
-        case key::enter:
-        case key::escape:
-            return KeyRoute::container;
-        default:
-            return hasFocus() ? KeyRoute::child : KeyRoute::container;
+    if (!hasFocus()) return KeyRoute::container;
+    const uint16_t states = keyStates();
+    for (const KeyGroup& group : keyGroups()) {
+        if ((group.states & states) == group.states && isClaimed(event, group.claims)) return KeyRoute::child;
     }
+    for (HostedControl* hosted : hosted_) {
+        if (hosted->control().preTranslate(event) != KeyRoute::container) return KeyRoute::child;
+    }
+    return KeyRoute::container;
 }
 
 AccessibleItem Control::describeSurface() const {

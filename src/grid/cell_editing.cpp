@@ -7,6 +7,7 @@
 #include "grid/cell_rules.h"
 #include "grid/cell_values.h"
 #include "grid/grid_edit.h"
+#include "widgets/text_box.h"
 
 #include <algorithm>
 #include <utility>
@@ -14,6 +15,9 @@
 namespace obk {
 
 namespace {
+
+// Beside those of the rules.
+constexpr uint16_t inText = 256, inList = 512;
 
 // What was a letter in the cell is a check mark from now on. `cells` is a grid or its model.
 template <typename Cells>
@@ -158,21 +162,39 @@ void CellEditing::cellWritten(CellAddress cell) {
     if (editors_.isOpen() && editors_.cell() == cell) editors_.cellWritten();
 }
 
-KeyRoute CellEditing::preTranslate(const KeyEvent& event, KeyRoute otherwise) {
+std::vector<KeyGroup> CellEditing::keyGroups() {
+    std::vector<KeyGroup> groups = editKeyGroups();
+    groups.insert(groups.end(), {{u"in the cells", edit_key_states::cells, flexGridKeys},
+                                 {u"in the editor of a text", inText, textLineKeys},
+                                 {u"in the editor of a text", inText, textLineArrows},
+                                 {u"in a list, that of times as well", inList, dropListKeys},
+                                 {u"in the editors of numbers and dates also the keys of `UpDownTextBox` and "
+                                  u"`DateCalendar`, on a check mark Space",
+                                  0,
+                                  {}}});
+    return groups;
+}
+
+uint16_t CellEditing::keyStates() const {
+    using namespace edit_key_states;
+    uint16_t states = 0;
+    const auto holds = [&states](uint16_t state, bool now) {
+        if (now) states = static_cast<uint16_t>(states | state);
+    };
+    const bool typing = editors_.hasFocus();
+    const ColumnType type = editors_.type();
+    holds(cells, !typing);
+    holds(edit_key_states::editable, editable());
+    holds(editorOpen, editors_.isOpen());
+    holds(cellAfter, neighbour(1).has_value());
+    holds(cellBefore, neighbour(-1).has_value());
+    holds(inText, typing && type == ColumnType::text);
+    holds(inList, typing && (type == ColumnType::list || type == ColumnType::time));
+    return states;
+}
+
+void CellEditing::keyComes(const KeyEvent& event) {
     othersKey_ = editors_.hasFocus() && editors_.droppedDown() && event.code != key::tab;
-    if (otherwise != KeyRoute::container || !control_.hasFocus()) return otherwise;
-    const EditState state{editors_.hasFocus() ? EditPlace::editor : EditPlace::cells, editable(), false};
-    switch (editAction(event, state)) {
-        case EditAction::nextCell:
-            return neighbour(1) ? KeyRoute::child : otherwise;
-        case EditAction::previousCell:
-            return neighbour(-1) ? KeyRoute::child : otherwise;
-        case EditAction::commit:
-            // Otherwise a dialog may want to be cancelled.
-            return editors_.isOpen() ? KeyRoute::child : otherwise;
-        default:
-            return KeyRoute::child;
-    }
 }
 
 void CellEditing::keyDown(KeyEvent& event, EditPlace at) {

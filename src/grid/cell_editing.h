@@ -34,7 +34,10 @@ public:
     void rowRemoved(int32_t row);
     void cellWritten(CellAddress cell);
 
-    KeyRoute preTranslate(const KeyEvent& event, KeyRoute otherwise);
+    static std::vector<KeyGroup> keyGroups();
+    uint16_t keyStates() const;
+    // Before anything is done with a key.
+    void keyComes(const KeyEvent& event);
 
 private:
     void connect();

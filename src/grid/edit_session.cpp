@@ -7,68 +7,54 @@ namespace obk {
 
 namespace {
 
-constexpr int16_t anyShift = -1;
+using namespace edit_key_states;
 constexpr uint8_t inCells = 1, inEditor = 2, everywhere = inCells | inEditor;
 
 struct Rule {
-    int16_t key;
-    int16_t shift;
+    KeyClaim key;
     uint8_t places;
     bool changes;  // what is shown: only where that is allowed
     EditAction action;
+    uint16_t claimedIn = 0;  // where nothing else is asked for, wherever the rule holds
+    TextView where = {};     // in words
 };
+
+constexpr uint16_t toChange = cells | editable;
+constexpr TextView whereCellsChange = u"in the cells, while they can be edited";
 
 constexpr Rule rules[] = {
-    {key::escape, anyShift, everywhere, false, EditAction::commit},
-    {key::enter, anyShift, everywhere, false, EditAction::goOn},
-    {key::tab, 0, everywhere, false, EditAction::nextCell},
-    {key::tab, shift::shift, everywhere, false, EditAction::previousCell},
-    {key::down, 0, inCells, true, EditAction::addRow},
-    {key::f2, 0, inCells, true, EditAction::openAtEnd},
-    {key::insert, 0, inCells, true, EditAction::insertRow},
-    {key::insert, shift::shift, inCells, true, EditAction::paste},
-    {key::deleteKey, 0, inCells, true, EditAction::deleteRow},
-    {'V', shift::control, inCells, true, EditAction::paste},
-    {'Z', shift::control, inCells, true, EditAction::undo},
+    {keyClaim(key::escape, shifts::any, u"closes it, and keeps what it holds"), everywhere, false,
+     EditAction::commit, editorOpen, u"while an editor is open"},
+    {keyClaim(key::enter, shifts::any, u"goes to the row below"), everywhere, false, EditAction::goOn},
+    {keyClaim(key::tab, shifts::none, u"goes to that cell"), everywhere, false, EditAction::nextCell,
+     cellAfter, u"where a cell with an editor follows"},
+    {keyClaim(key::tab, shifts::shift, u"goes to that cell"), everywhere, false, EditAction::previousCell,
+     cellBefore, u"where a cell with an editor comes before"},
+    {keyClaim(key::down, shifts::none, u"adds a row behind the last one"), inCells, true, EditAction::addRow,
+     toChange, whereCellsChange},
+    {keyClaim(key::f2, shifts::none, u"opens the editor"), inCells, true, EditAction::openAtEnd, toChange,
+     whereCellsChange},
+    {keyClaim(key::insert, shifts::none, u"inserts a row"), inCells, true, EditAction::insertRow, toChange,
+     whereCellsChange},
+    {keyClaim(key::insert, shifts::shift, u"pastes"), inCells, true, EditAction::paste, toChange,
+     whereCellsChange},
+    {keyClaim(key::deleteKey, shifts::none, u"deletes the row"), inCells, true, EditAction::deleteRow,
+     toChange, whereCellsChange},
+    {keyClaim('V', shifts::control, u"pastes"), inCells, true, EditAction::paste, toChange, whereCellsChange},
+    {keyClaim('Z', shifts::control, u"takes the last change back"), inCells, true, EditAction::undo, toChange,
+     whereCellsChange},
+    {typedCharacters(u"open the editor, and are written there"), inCells, true, EditAction::open, toChange,
+     whereCellsChange},
 };
-
-struct KeyRange {
-    int16_t first, last;
-};
-
-// Keys that move, command, or only change others: everything else is typed.
-constexpr KeyRange notTyped[] = {
-    {3, 3},                    // Cancel
-    {12, 12},                  // Clear
-    {16, 20},                  // Shift, Ctrl, Alt, Pause, Caps Lock
-    {key::pageUp, key::down},  // with End, Home and the arrows
-    {41, key::deleteKey},      // Select, Print, Execute, Print Screen, Insert
-    {91, 93},                  // Windows keys and the menu key
-    {95, 95},                  // Sleep
-    {112, 135},                // function keys
-    {144, 145},                // Num Lock, Scroll Lock
-    {160, 183},                // one side's Shift, Ctrl and Alt; browsers, volume, media, programs
-};
-
-bool isTyped(const KeyEvent& event) {
-    // AltGr types characters; they open the editor when they come.
-    if ((event.shift & (shift::control | shift::alt)) != 0 || event.code <= 0) return false;
-    return std::none_of(std::begin(notTyped), std::end(notTyped), [&event](const KeyRange& range) {
-        return event.code >= range.first && event.code <= range.last;
-    });
-}
 
 }  // namespace
 
 EditAction editAction(const KeyEvent& event, const EditState& state) {
     const uint8_t place = state.place == EditPlace::cells ? inCells : inEditor;
     const auto* const rule = std::find_if(std::begin(rules), std::end(rules), [&](const Rule& each) {
-        return each.key == event.code && (each.shift == anyShift || each.shift == event.shift) &&
-               (each.places & place) != 0;
+        return each.key.claims(event) && (each.places & place) != 0;
     });
-    if (rule == std::end(rules))
-        return place == inCells && state.editable && isTyped(event) ? EditAction::open : EditAction::none;
-    if (rule->changes && !state.editable) return EditAction::none;
+    if (rule == std::end(rules) || (rule->changes && !state.editable)) return EditAction::none;
     // A key that is held adds and deletes one row.
     switch (rule->action) {
         case EditAction::goOn:
@@ -82,6 +68,12 @@ EditAction editAction(const KeyEvent& event, const EditState& state) {
         default:
             return rule->action;
     }
+}
+
+std::vector<KeyGroup> editKeyGroups() {
+    std::vector<KeyGroup> groups;
+    for (const Rule& rule : rules) groups.push_back({rule.where, rule.claimedIn, {&rule.key, 1}});
+    return groups;
 }
 
 bool opensEditor(int16_t character) {

@@ -1,9 +1,10 @@
 // Which key does what in a grid that is edited, whatever shows on the screen.
 #pragma once
 
-#include "widgets/input.h"
+#include "framework/key_group.h"
 
 #include <cstdint>
+#include <vector>
 
 namespace obk {
 
@@ -34,6 +35,17 @@ enum class EditAction : uint8_t {
 
 // Nothing cancels: whatever closes an editor keeps what it holds.
 EditAction editAction(const KeyEvent& event, const EditState& state);
+
+// What the claims of keys depend on.
+namespace edit_key_states {
+constexpr uint16_t cells = 1;  // the keyboard is in the cells, and not in an editor
+constexpr uint16_t editable = 2;
+constexpr uint16_t editorOpen = 4;
+constexpr uint16_t cellAfter = 8, cellBefore = 16;  // one with an editor, in reading order
+}  // namespace edit_key_states
+
+// The claims of the keys above.
+std::vector<KeyGroup> editKeyGroups();
 
 // Whether a character that no key has opened an editor for opens one: an input method's, say.
 bool opensEditor(int16_t character);

@@ -22,6 +22,11 @@ public:
     bool Enabled() const { return chkBOX.enabled(); }
     void SetEnabled(bool Enabled);
 
+    std::span<const KeyGroup> keyGroups() const override {
+        static constexpr KeyGroup groups[] = {{{}, 0, checkBoxKeys}};
+        return groups;
+    }
+
     // Those of the check box, as they are.
     Event<> Click;
     Event<int16_t&, int16_t&> KeyDown, KeyUp;                                 // KeyCode, Shift

@@ -105,6 +105,11 @@ void GridEdit::loaded() {
     editing_.show(CellEditing::Focus::leave);
 }
 
+std::span<const KeyGroup> GridEdit::keyGroups() const {
+    static const std::vector<KeyGroup> groups = CellEditing::keyGroups();
+    return groups;
+}
+
 void GridEdit::resize() {
     const Twips border = borderOffset(), top = border + headerHeight();
     const Twips inner = width() - 2 * border;

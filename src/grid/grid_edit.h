@@ -143,8 +143,11 @@ private:
     void resize() override;
     void enterFocus() override { gbrBORDER.setFocused(true); }
     void exitFocus() override;
+    std::span<const KeyGroup> keyGroups() const override;
+    uint16_t keyStates() const override { return editing_.keyStates(); }
     KeyRoute preTranslate(const KeyEvent& event) override {
-        return editing_.preTranslate(event, Control::preTranslate(event));
+        editing_.keyComes(event);
+        return Control::preTranslate(event);
     }
     void useAmbientFont(const FontRef& font) override;
 

@@ -4,6 +4,7 @@
 #include "library/class_facts.h"
 
 #include <algorithm>
+#include <map>
 
 namespace obk {
 
@@ -53,6 +54,56 @@ Text cell(const DefaultValue& value) {
     return cell(std::get<Value>(value));
 }
 
+Text keyName(int16_t code) {
+    static const std::map<int16_t, TextView> names{
+        {key::backspace, u"Backspace"},
+        {key::tab, u"Tab"},
+        {key::enter, u"Enter"},
+        {key::escape, u"Escape"},
+        {key::space, u"Space"},
+        {key::pageUp, u"Page Up"},
+        {key::pageDown, u"Page Down"},
+        {key::end, u"End"},
+        {key::home, u"Home"},
+        {key::left, u"Left"},
+        {key::up, u"Up"},
+        {key::right, u"Right"},
+        {key::down, u"Down"},
+        {key::insert, u"Insert"},
+        {key::deleteKey, u"Delete"},
+        {key::menu, u"the menu key"},
+        {key::f2, u"F2"},
+        {key::f4, u"F4"},
+        {key::f10, u"F10"},
+    };
+    const auto named = names.find(code);
+    return named == names.end() ? Text(1, static_cast<char16_t>(code)) : Text(named->second);
+}
+
+// "Left, Right, also with Shift, Ctrl", "Ctrl+Tab"
+Text keyNames(const KeyClaim& claim) {
+    if (claim.shifts == 0) return u"characters";
+    constexpr std::pair<uint8_t, TextView> states[] = {{shifts::none, u""},
+                                                       {shifts::shift, u"Shift"},
+                                                       {shifts::control, u"Ctrl"},
+                                                       {shifts::controlShift, u"Ctrl+Shift"},
+                                                       {shifts::alt, u"Alt"}};
+    Text first, others, text;
+    bool found = false;
+    for (const auto& [state, name] : states) {
+        if ((claim.shifts & state) == 0) continue;
+        if (found)
+            others += (others.empty() ? u", also with " : u", ") + Text(name);
+        else if (!name.empty())
+            first = Text(name) + u"+";
+        found = true;
+    }
+    if (claim.shifts == shifts::any) others = u", whatever is held with it";
+    for (int16_t code = claim.first; code <= claim.last; ++code)
+        text += (text.empty() ? u"" : u", ") + first + keyName(code);
+    return text + others;
+}
+
 class ReferenceWriter {
 public:
     explicit ReferenceWriter(Control& fresh) : fresh_(fresh), table_(fresh.table()) {}
@@ -67,6 +118,7 @@ public:
         writeProperties();
         writeMethods();
         writeEvents();
+        writeKeys();
         writeOtherValues();
         writeEnumerations();
         return std::move(text_);
@@ -172,6 +224,22 @@ private:
             if (parameter.defaultValue) text += u" = " + valueText(*parameter.defaultValue);
         }
         return text + u")";
+    }
+
+    void writeKeys() {
+        if (fresh_.keyGroups().empty()) return;
+        beginSection(u"Keys");
+        line(
+            u"The control uses these while it has the keyboard. Every other key is its container's first; what");
+        line(u"nobody there uses then reaches the control.");
+        line();
+        line(u"| keys | where | |");
+        line(u"|---|---|---|");
+        for (const KeyGroup& group : fresh_.keyGroups()) {
+            for (const KeyClaim& claim : group.claims)
+                line(u"| " + keyNames(claim) + u" | " + Text(group.where) + u" | " + Text(claim.use) + u" |");
+            if (group.claims.empty()) line(u"| | " + Text(group.where) + u" | |");
+        }
     }
 
     void writeOtherValues() {

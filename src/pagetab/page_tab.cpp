@@ -191,11 +191,26 @@ void PageTab::doubleClick(int32_t tab, const MouseEvent& event) {
     attempt([&] { dlbClick(); });
 }
 
+std::span<const KeyGroup> PageTab::keyGroups() const {
+    static constexpr KeyClaim tabs[] = {
+        keyClaim(key::left, shifts::none, u"the tab on the left"),
+        keyClaim(key::right, shifts::none, u"the tab on the right"),
+        keyClaim(key::home, shifts::none, u"the first tab"),
+        keyClaim(key::end, shifts::none, u"the last tab"),
+        keyClaim(key::tab, shifts::control, u"the next tab"),
+        keyClaim(key::pageDown, shifts::control, u"the next tab"),
+        keyClaim(key::tab, shifts::controlShift, u"the tab before"),
+        keyClaim(key::pageUp, shifts::control, u"the tab before"),
+        typedCharacters(u"the next tab that begins so"),
+    };
+    static constexpr KeyGroup groups[] = {{u"where there are tabs", 1, tabs}};
+    return groups;
+}
+
 KeyRoute PageTab::preTranslate(const KeyEvent& event) {
-    if (hasFocus() && model_.meantBy(event, rightToLeft())) return KeyRoute::child;
-    // What is called with Alt, and is none of the tabs, is the form's.
-    if ((event.shift & shift::alt) != 0) return KeyRoute::container;
-    return Control::preTranslate(event);
+    // The access keys are as many as the tabs.
+    const bool called = event.shift == shift::alt && model_.meantBy(event, rightToLeft());
+    return called && hasFocus() ? KeyRoute::child : Control::preTranslate(event);
 }
 
 void PageTab::surfaceKeyDown(KeyEvent& event) {
@@ -215,6 +230,18 @@ int16_t PageTab::surfaceKeyPress(int16_t character) {
 
 void PageTab::useAccessKey(char16_t character) {
     if (const auto target = model_.withAccessKey(character)) choose(*target);
+}
+
+std::span<const KeyEvent> PageTab::formKeys() const {
+    static constexpr KeyEvent turning[] = {{key::tab, shift::control},
+                                           {key::tab, shift::control | shift::shift},
+                                           {key::pageDown, shift::control},
+                                           {key::pageUp, shift::control}};
+    return model_.count() > 0 ? std::span<const KeyEvent>(turning) : std::span<const KeyEvent>();
+}
+
+void PageTab::useFormKey(const KeyEvent& event) {
+    if (const auto target = model_.meantBy(event, rightToLeft())) choose(*target);
 }
 
 AccessibleItem PageTab::describeSurface() const {

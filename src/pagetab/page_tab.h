@@ -59,8 +59,13 @@ public:
     Event<int16_t&, int16_t&, float&, float&> MouseMove, MouseUp;
     Event<> Show;
 
+    std::span<const KeyGroup> keyGroups() const override;
+    uint16_t keyStates() const override { return model_.count() > 0 ? 1 : 0; }
     Text accessKeys() const override { return model_.accessKeys(); }
     void useAccessKey(char16_t character) override;
+    // Those that turn pages.
+    std::span<const KeyEvent> formKeys() const override;
+    void useFormKey(const KeyEvent& event) override;
 
 private:
     void initialize() override;

@@ -85,10 +85,12 @@ std::optional<int32_t> PageTabModel::meantBy(const KeyEvent& event, bool rightTo
             (event.code >= '0' && event.code <= '9') || (event.code >= 'A' && event.code <= 'Z');
         return letter ? withAccessKey(static_cast<char16_t>(event.code)) : std::nullopt;
     }
-    if (event.code == key::tab) {
-        if (event.shift == shift::control) return active_ % last + 1;
-        if (event.shift == (shift::control | shift::shift)) return active_ > 1 ? active_ - 1 : last;
+    const int32_t next = active_ % last + 1, before = active_ > 1 ? active_ - 1 : last;
+    if (event.shift == shift::control) {
+        if (event.code == key::tab || event.code == key::pageDown) return next;
+        if (event.code == key::pageUp) return before;
     }
+    if (event.code == key::tab && event.shift == (shift::control | shift::shift)) return before;
     if (event.shift != 0) return std::nullopt;
     const int32_t onward = rightToLeft ? -1 : 1;
     switch (event.code) {

@@ -2,6 +2,7 @@
 
 #include "base/attempt.h"
 #include "framework/colours.h"
+#include "pagetab/caption_text.h"
 
 namespace obk {
 
@@ -109,7 +110,9 @@ void ButtonPalette::SetButtonType(int32_t ButtonType) {
 }
 
 void ButtonPalette::SetCaption(const obk::Text& Caption) {
+    const obk::Text keyBefore = accessKeys();
     put<&ButtonPalette::Caption>(&ButtonState::Caption, Caption);
+    if (accessKeys() != keyBefore) accessKeysChanged();
 }
 
 void ButtonPalette::SetColor(OleColour Color) {
@@ -214,7 +217,8 @@ void ButtonPalette::useAmbientFont(const FontRef& font) {
 AccessibleItem ButtonPalette::describeSurface() const {
     AccessibleItem item = Control::describeSurface();
     item.role = AccessibleItem::Role::button;
-    if (const TextView caption = trimmed(button_.Caption); !caption.empty()) item.name = caption;
+    if (const TextView caption = trimmed(button_.Caption); !caption.empty())
+        item.name = plainCaption(caption);
     item.value = Text();
     item.enabled = Enabled();
     item.pressed = panel_.visible();

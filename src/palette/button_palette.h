@@ -89,6 +89,10 @@ private:
     void exitFocus() override;
     void useAmbientFont(const FontRef& font) override;
     KeyRoute preTranslate(const KeyEvent& event) override;
+    obk::Text accessKeys() const override;
+    void useAccessKey(char16_t character) override;
+    std::span<const KeyGroup> keyGroups() const override;
+    uint16_t keyStates() const override;
     void surfaceKeyDown(KeyEvent& event) override;
     void surfaceKeyUp(KeyEvent& event) override;
     AccessibleItem describeSurface() const override;

@@ -1,8 +1,16 @@
 // What the mouse, the keys and the focus do to the button; the keys of its open panel come this way, too.
 #include "base/attempt.h"
+#include "pagetab/caption_text.h"
 #include "palette/button_palette.h"
 
 namespace obk {
+
+namespace {
+
+// What the keys depend on.
+constexpr uint16_t panelOpen = 1, walked = 2;
+
+}  // namespace
 
 void ButtonPalette::UserControl_Click() {
     if (model_.LastButton == button::left && Enabled()) {
@@ -56,6 +64,46 @@ void ButtonPalette::exitFocus() {
     if (panel_.visible()) HidePopUp();
     attempt([&] { FocusLost(); });
     UserControl_ExitFocus();
+}
+
+std::span<const KeyGroup> ButtonPalette::keyGroups() const {
+    static constexpr KeyClaim button[] = {
+        keyClaim(key::space, shifts::none | shifts::shift, u"presses the button"),
+        keyClaim(key::down, shifts::none, u"opens the panel, or closes it"),
+        keyClaim(key::pageDown, shifts::none, u"opens the panel, or closes it"),
+        keyClaim(key::left, shifts::none, u"goes back, as Shift+Tab"),
+        keyClaim(key::up, shifts::none, u"goes back, as Shift+Tab"),
+    };
+    static constexpr KeyClaim panel[] = {
+        keyClaim(key::escape, shifts::none, u"closes it"),
+        keyClaim(key::right, shifts::none, u"begins to walk through the swatches"),
+        {key::end, key::home, shifts::none, u"begin to walk through the swatches"},
+    };
+    static constexpr KeyClaim walk[] = {
+        {key::pageUp, key::down, shifts::none, u"go to another swatch"},
+        keyClaim(key::enter, shifts::none, u"takes the colour"),
+        keyClaim(key::space, shifts::none, u"takes the colour"),
+    };
+    static constexpr KeyGroup groups[] = {{{}, 0, button},
+                                          {u"while the panel is open", panelOpen, panel},
+                                          {u"while its swatches are walked through", walked, walk}};
+    return groups;
+}
+
+obk::Text ButtonPalette::accessKeys() const {
+    const auto key = accessKeyOf(button_.Caption);
+    return key ? obk::Text(1, *key) : obk::Text();
+}
+
+void ButtonPalette::useAccessKey(char16_t) {
+    if (!Enabled()) return;
+    cmdMAINBTN.takeFocus();
+    model_.LastButton = button::left;
+    UserControl_Click();
+}
+
+uint16_t ButtonPalette::keyStates() const {
+    return static_cast<uint16_t>((panel_.visible() ? panelOpen : 0) | (model_.walking() ? walked : 0));
 }
 
 KeyRoute ButtonPalette::preTranslate(const KeyEvent& event) {

@@ -1,6 +1,7 @@
 #include "server/ole_control_part.h"
 
 #include "framework/control.h"
+#include "platform/win32/key_router.h"
 
 #include "server/control_object.h"
 
@@ -21,6 +22,12 @@ HRESULT OleControlPart::GetControlInfo(CONTROLINFO* info) {
             const SHORT typedBy = VkKeyScanW(static_cast<WCHAR>(key));
             if (typedBy != -1) keys.push_back({FVIRTKEY | FALT, LOBYTE(typedBy), 0});
         }
+        for (const KeyEvent& key : object_.control().formKeys()) {
+            const BYTE held = static_cast<BYTE>((key.shift & shift::shift ? FSHIFT : 0) |
+                                                (key.shift & shift::control ? FCONTROL : 0) |
+                                                (key.shift & shift::alt ? FALT : 0));
+            keys.push_back({static_cast<BYTE>(FVIRTKEY | held), static_cast<WORD>(key.code), 0});
+        }
         accessKeys_.reset(keys.empty() ? nullptr
                                        : CreateAcceleratorTableW(keys.data(), static_cast<int>(keys.size())));
         if (!accessKeys_) return S_OK;
@@ -33,6 +40,10 @@ HRESULT OleControlPart::GetControlInfo(CONTROLINFO* info) {
 HRESULT OleControlPart::OnMnemonic(LPMSG message) {
     if (!message) return E_POINTER;
     return perform([&] {
+        if (message->message == WM_KEYDOWN) {
+            object_.control().useFormKey(win32::keyEvent(message->wParam, message->lParam));
+            return S_OK;
+        }
         const bool character = message->message == WM_SYSCHAR || message->message == WM_CHAR;
         const auto code = static_cast<UINT>(message->wParam);
         const UINT key = character ? code : MapVirtualKeyW(code, MAPVK_VK_TO_CHAR);

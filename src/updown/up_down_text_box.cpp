@@ -214,6 +214,18 @@ void UpDownTextBox::loadFont(const FontRef& font) {
     followedFont_.took(font, ambientFont());
 }
 
+std::span<const KeyGroup> UpDownTextBox::keyGroups() const {
+    static constexpr KeyClaim steps[] = {
+        {key::up, key::up, shifts::withoutAlt, u"steps up"},
+        {key::down, key::down, shifts::withoutAlt, u"steps down"},
+        // With Ctrl they turn the pages of a form.
+        keyClaim(key::pageUp, shifts::none | shifts::shift, u"steps up"),
+        keyClaim(key::pageDown, shifts::none | shifts::shift, u"steps down"),
+    };
+    static constexpr KeyGroup groups[] = {{{}, 0, textLineKeys}, {{}, 0, steps}};
+    return groups;
+}
+
 void UpDownTextBox::keyDown(KeyEvent& event) {
     const bool stepsUp = event.code == key::up || event.code == key::pageUp;
     const bool stepsDown = event.code == key::down || event.code == key::pageDown;

@@ -66,6 +66,8 @@ public:
     // For a control that hosts this one: what is typed next replaces the text.
     void selectText() { txtUPDOWN.setSelection({0, static_cast<int32_t>(txtUPDOWN.text().size())}); }
 
+    std::span<const KeyGroup> keyGroups() const override;
+
     // Events.
     Event<> Change, Click, DblClick;
     Event<> DownClick, UpClick;  // before an increasing, before a decreasing step: the pairing is meant

@@ -4,10 +4,13 @@
 #include "base/event.h"
 #include "widgets/check_box_peer.h"
 #include "widgets/child_widget.h"
+#include "widgets/key_claims.h"
 
 #include <memory>
 
 namespace obk {
+
+constexpr KeyClaim checkBoxKeys[] = {keyClaim(key::space, shifts::none, u"checks, or takes the mark away")};
 
 class CheckBox final : public ChildWidget<CheckBoxClient, CheckBoxPeer> {
 public:

@@ -3,11 +3,21 @@
 
 #include "base/event.h"
 #include "widgets/font_holder.h"
+#include "widgets/key_claims.h"
 #include "widgets/widget.h"
 
 #include <vector>
 
 namespace obk {
+
+constexpr KeyClaim dropListKeys[] = {
+    typedCharacters(u"choose the next item that begins so"),
+    {key::left, key::down, shifts::none, u"choose an item"},
+    {key::end, key::home, shifts::none, u"choose an item"},
+    keyClaim(key::f4, shifts::none, u"opens the list"),
+    keyClaim(key::up, shifts::alt, u"opens the list"),
+    keyClaim(key::down, shifts::alt, u"opens the list"),
+};
 
 class DropList final : public Widget {
 public:

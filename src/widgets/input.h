@@ -50,6 +50,8 @@ struct KeyEvent {
     int16_t code = 0;       // virtual key code
     int16_t shift = 0;      // shift:: bits
     bool repeated = false;  // the key was down already
+    // Ctrl and Alt are held, which for this key of the user's keyboard means a character and no command.
+    bool typesWithAltGr = false;
 };
 
 struct MouseEvent {

@@ -112,11 +112,15 @@ TEST_F(PageTabTest, KeysWalkTheTabs) {
              {key::left, 0, "Click &Video"},
              {key::home, 0, "Click Home"},
              {key::home, 0, nullptr},
-             {key::right, shift::shift, nullptr},
+             {key::right, shift::shift, nullptr, true},
              {key::tab, shift::control, "Click Help"},
              {key::tab, shift::control | shift::shift, "Click Home"},
              {key::tab, shift::control | shift::shift, "Click E&xtra"},
+             {key::pageDown, shift::control, "Click Home"},
+             {key::pageUp, shift::control, "Click E&xtra"},
              {key::tab, shift::control, "Click Home"},
+             {key::pageDown, 0, nullptr, true},
+             {'S', shift::control, nullptr, true},
              {'H', 0, "Click Help"},
              {'H', shift::shift, "Click Home"},
              {'V', 0, "Click &Video"},
@@ -138,6 +142,9 @@ TEST_F(PageTabTest, KeysWalkTheTabs) {
     control->useAccessKey(u'v');
     EXPECT_EQ(host.take(), (Journal{"changed ActiveTab", "Click &Video", "Show"}))
         << "from anywhere on the form";
+    EXPECT_EQ(control->formKeys().size(), 4u);
+    control->useFormKey({key::pageDown, shift::control});
+    EXPECT_EQ(host.take(), (Journal{"changed ActiveTab", "Click E&xtra", "Show"})) << "likewise";
 }
 
 TEST_F(PageTabTest, TheContainerHearsOfOtherAccessKeys) {
@@ -166,7 +173,8 @@ TEST_F(PageTabTest, WithoutTabsKeysAreTheContainers) {
     platform.pressKey(key::tab, shift::control);
     EXPECT_EQ(host.take(), (Journal{"offered 9"}));
     for (const int16_t code : {key::right, key::end, int16_t{'A'}}) platform.pressKey(code);
-    EXPECT_EQ(host.take(), Journal{});
+    EXPECT_EQ(host.take(), (Journal{"offered 39", "offered 35", "offered 65"}));
+    EXPECT_TRUE(control->formKeys().empty());
     setTabs(u"a,b", 0);
     platform.pressKey(key::left);
     EXPECT_EQ(text(u"ActiveTab"), "1") << "none was active";

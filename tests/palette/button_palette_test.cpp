@@ -183,6 +183,23 @@ TEST_F(ButtonPaletteTest, KeysOpenCloseAndMoveOn) {
     EXPECT_EQ(host.take(), (Journal{"offered 27", "KeyUp 27 0"}));
 }
 
+TEST_F(ButtonPaletteTest, ItsAccessKeyPressesIt) {
+    for (const auto& [caption, keys] : std::initializer_list<std::pair<const char16_t*, const char16_t*>>{
+             {u"Ground && &text", u"T"}, {u"Ground && text", u""}, {u"   &ground", u"G"}}) {
+        put(u"Caption", Text(caption));
+        EXPECT_EQ(control->accessKeys(), keys);
+    }
+    host.take();
+    control->useAccessKey(u'g');
+    EXPECT_TRUE(open());
+    EXPECT_TRUE(control->hasFocus());
+    EXPECT_EQ(host.takeEvents().back(), "Click");
+    put(u"Enabled", false);
+    host.take();
+    control->useAccessKey(u'g');
+    EXPECT_EQ(host.take(), Journal{});
+}
+
 TEST_F(ButtonPaletteTest, AWalkMovesTheFrameAndChoosesLikeAPressAndRelease) {
     ASSERT_TRUE(control->focus());
     show();

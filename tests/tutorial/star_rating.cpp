@@ -16,6 +16,13 @@ void StarRating::SetStars(int32_t Stars) {
     Change();
 }
 
+std::span<const KeyGroup> StarRating::keyGroups() const {
+    static constexpr KeyClaim keys[] = {keyClaim(key::left, shifts::none, u"takes a star back"),
+                                        keyClaim(key::right, shifts::none, u"gives one more")};
+    static constexpr KeyGroup groups[] = {{{}, 0, keys}};
+    return groups;
+}
+
 const ControlTable& StarRating::memberTable() {
     static const ControlTable table =
         TableBuilder<StarRating>(

@@ -19,6 +19,8 @@ public:
 
     void Clear() { SetStars(0); }
 
+    std::span<const KeyGroup> keyGroups() const override;
+
     Event<> Change;
 
 private:

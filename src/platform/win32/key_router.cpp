@@ -10,9 +10,32 @@ int16_t shiftState() {
                                 bit(VK_MENU, shift::alt));
 }
 
+namespace {
+
+// AltGr comes as Ctrl and Alt, and on some keyboards the two are it; so the keyboard's layout is asked.
+bool typesWithAltGr(WPARAM key, LPARAM lParam) {
+    BYTE state[256]{};
+    if (!GetKeyboardState(state)) return false;
+    constexpr UINT leaveDeadKeys = 1 << 2;
+    const auto translated = [&](wchar_t(&typed)[8]) {
+        return ToUnicodeEx(static_cast<UINT>(key), static_cast<UINT>(lParam >> 16 & 0xFF), state, typed, 8,
+                           leaveDeadKeys, GetKeyboardLayout(0));
+    };
+    wchar_t typed[8]{};
+    const int length = translated(typed);
+    // An accent that waits for its letter. Older systems keep it, until they are asked again.
+    if (length < 0) translated(typed);
+    return length < 0 || (length > 0 && typed[0] >= L' ');
+}
+
+}  // namespace
+
 KeyEvent keyEvent(WPARAM wParam, LPARAM lParam) {
     constexpr LPARAM wasDown = 1 << 30;
-    return {static_cast<int16_t>(wParam), shiftState(), (lParam & wasDown) != 0};
+    KeyEvent event{static_cast<int16_t>(wParam), shiftState(), (lParam & wasDown) != 0};
+    if ((event.shift & shift::control) != 0 && (event.shift & shift::alt) != 0)
+        event.typesWithAltGr = typesWithAltGr(wParam, lParam);
+    return event;
 }
 
 bool isKeyDown(UINT message) {

@@ -1,0 +1,223 @@
+// Every key in every state of every control: what is claimed is used, and what is used is claimed.
+#include "datecalendar/date_calendar.h"
+#include "grid/grid_check.h"
+#include "grid/grid_edit.h"
+#include "pagetab/page_tab.h"
+#include "palette/button_palette.h"
+#include "support/control_fixture.h"
+#include "updown/up_down_text_box.h"
+
+#include <algorithm>
+#include <set>
+
+namespace obk {
+namespace {
+
+using namespace test;
+
+constexpr int16_t none_ = 0, shift_ = shift::shift, control_ = shift::control, alt_ = shift::alt,
+                  altGr = shift::control | shift::alt, all = shift_ | control_ | alt_;
+
+class KeyClaims : public ControlFixture {
+public:
+    void TestBody() override {}
+    void begin(const ControlTable& table) {
+        host.readsRightToLeft = false;
+        place(table);
+        activate({0, 0, 400, 200});
+        control->focus();
+    }
+    using ControlFixture::call;
+    using ControlFixture::control;
+    using ControlFixture::host;
+    using ControlFixture::platform;
+    using ControlFixture::put;
+
+    KeyRoute route(const KeyEvent& event) const { return control->preTranslate(event); }
+    // Whether anything but the reports of the key itself tells that it was pressed.
+    bool press(int16_t code, int16_t shift) {
+        platform.paintInvalid();
+        bool menu = false;
+        platform.answerMenu([&menu](auto, const auto&) {
+            menu = true;
+            return std::nullopt;
+        });
+        const Text clipboard = platform.clipboard();
+        const NativeWindow focus = platform.focus();
+        const size_t windows = platform.windowCount();
+        const auto picture = visible();
+        host.take();
+        platform.keyDown(code, shift);
+        bool told = false;
+        const std::string offered = "offered " + std::to_string(code);
+        for (const std::string& line : host.take()) told |= line.rfind("Key", 0) != 0 && line != offered;
+        const bool used = told || menu || visible() != picture || clipboard != platform.clipboard() ||
+                          focus != platform.focus() || windows != platform.windowCount();
+        platform.keyUp(code, shift);
+        return used;
+    }
+
+private:
+    // Which windows show, and which of them have something new to show.
+    std::set<NativeWindow> visible() const {
+        std::set<NativeWindow> found;
+        for (const NativeWindow window : platform.windows()) {
+            const headless::HeadlessSurface* surface = platform.surface(window);
+            if (!surface) continue;
+            if (surface->visible()) found.insert(2 * window);
+            if (!surface->invalid().empty()) found.insert(2 * window + 1);
+        }
+        return found;
+    }
+};
+
+struct Situation {
+    const char* name;
+    std::function<void(KeyClaims&)> prepare;
+    bool writes = false;  // into a text line, whose window uses its keys by itself
+    // Of these and some keys held with them: used once the container has had them.
+    std::vector<int16_t> late = {};
+    // And these are kept from it whatever is held with them.
+    std::vector<int16_t> kept = {};
+};
+
+void inCell(KeyClaims& test, int32_t type, bool open) {
+    test.begin(GridEdit::memberTable());
+    test.call(u"ColsSet", {int32_t{3}});
+    test.call(u"RowsSet", {int32_t{0}});
+    for (int32_t col = 0; col < 3; ++col) test.call(u"ColTypeSet", {col, type});
+    for (const char16_t* item : {u"Desk", u"Lamp", u"Safe"}) test.call(u"ComboAdd", {Text(item)});
+    for (int32_t row = 0; row < 3; ++row)
+        test.call(u"RowAddQuick", {Text(type == 5 ? u"5\t5\t5" : u"Lamp\tLamp\tLamp"), row});
+    test.call(u"RowSetFocus", {int32_t{1}});
+    test.call(u"ColSetFocus", {int32_t{1}});
+    test.platform.setClipboard(u"pasted");
+    if (!open) return;
+    test.call(u"BoxShow");
+    const bool drawn = type == 4 || type == 6;
+    EXPECT_EQ(test.platform.focus() == test.control->window(), drawn) << "the keyboard is in the editor";
+}
+
+const std::vector<Situation>& situations() {
+    // The last one by the window of a text alone.
+    const std::vector<int16_t> steps{key::up, key::down, key::pageUp, key::pageDown, key::deleteKey};
+    const std::vector<int16_t> button{key::space, key::left, key::up, key::escape};
+    static const std::vector<Situation> all{
+        {"UpDownTextBox",
+         [](KeyClaims& test) {
+             test.begin(UpDownTextBox::memberTable());
+             test.put(u"Interval", 1.0);
+             test.put(u"Text", Text(u"5"));
+         },
+         true, steps},
+        {"DateCalendar", [](KeyClaims& test) { test.begin(DateCalendar::memberTable()); }, true},
+        {"DateCalendar, open",
+         [](KeyClaims& test) {
+             test.begin(DateCalendar::memberTable());
+             test.call(u"ShowPopUp");
+         },
+         true,
+         {},
+         {key::enter, key::escape}},
+        {"ButtonPalette", [](KeyClaims& test) { test.begin(ButtonPalette::memberTable()); }, false, button},
+        {"ButtonPalette, open",
+         [](KeyClaims& test) {
+             test.begin(ButtonPalette::memberTable());
+             test.call(u"ShowPopUp");
+         },
+         false,
+         button,
+         {key::escape}},
+        {"ButtonPalette, walked",
+         [](KeyClaims& test) {
+             test.begin(ButtonPalette::memberTable());
+             test.call(u"ShowPopUp");
+             test.platform.pressKey(key::home);
+             test.platform.pressKey(key::right);
+             test.platform.pressKey(key::down);
+         },
+         false,
+         button,
+         {key::escape, key::enter}},
+        {"PageTab",
+         [](KeyClaims& test) {
+             test.begin(PageTab::memberTable());
+             test.put(u"ActiveTabs", Text(u"Cut,Zoom,&See,Apple,Violet,1,X"));
+             test.put(u"ActiveTab", int32_t{2});
+         }},
+        {"PageTab without tabs", [](KeyClaims& test) { test.begin(PageTab::memberTable()); }},
+        // Nothing was done yet that could be taken back.
+        {"cells", [](KeyClaims& test) { inCell(test, 0, false); }, false, {key::escape}, {'Z'}},
+        {"cells that are not edited",
+         [](KeyClaims& test) {
+             inCell(test, 0, false);
+             test.put(u"AllowGridEdit", false);
+         },
+         false,
+         {key::escape}},
+        {"text editor", [](KeyClaims& test) { inCell(test, 0, true); }, true},
+        {"date editor", [](KeyClaims& test) { inCell(test, 1, true); }, true},
+        {"check editor", [](KeyClaims& test) { inCell(test, 3, true); }},
+        {"list editor", [](KeyClaims& test) { inCell(test, 4, true); }},
+        {"number editor", [](KeyClaims& test) { inCell(test, 5, true); }, true, steps},
+        {"time editor", [](KeyClaims& test) { inCell(test, 6, true); }},
+    };
+    return all;
+}
+
+TEST(KeyClaimsOfEveryControl, AreWhatTheControlDoesWithTheKey) {
+    const int16_t codes[] = {8,  9,  12,  13,  16,  17,  18,  20,  27,  32,  33,  34,  35,  36,  37,
+                             38, 39, 40,  44,  45,  46,  '1', 'A', 'C', 'F', 'S', 'V', 'X', 'Z', 91,
+                             93, 96, 112, 113, 114, 115, 116, 117, 120, 121, 123, 144, 188};
+    for (const Situation& situation : situations()) {
+        auto test = std::make_unique<KeyClaims>();
+        situation.prepare(*test);
+        ASSERT_TRUE(test->control->hasFocus()) << situation.name;
+        std::string faults;
+        for (const int16_t code : codes) {
+            for (int16_t shift = none_; shift <= all; ++shift) {
+                const KeyEvent event{code, shift, false};
+                const bool claimed = test->route(event) != KeyRoute::container;
+                const bool used = test->press(code, shift);
+                const bool windows =
+                    situation.writes && (isClaimed(event, textLineKeys) || isClaimed(event, textLineArrows));
+                const auto among = [code](const std::vector<int16_t>& keys) {
+                    return std::find(keys.begin(), keys.end(), code) != keys.end();
+                };
+                const bool expected =
+                    claimed ? windows || isTyped(event) || among(situation.kept) : among(situation.late);
+                if (claimed != used && !expected)
+                    faults += (claimed ? "\nclaimed in vain: " : "\nused without a claim: ") +
+                              std::to_string(code) + " with " + std::to_string(shift);
+                if (!used && !claimed) continue;
+                test = std::make_unique<KeyClaims>();
+                situation.prepare(*test);
+            }
+        }
+        EXPECT_EQ(faults, "") << situation.name;
+    }
+}
+
+// Whatever the form's own shortcuts may be.
+TEST(KeyClaimsOfEveryControl, LeaveTheFormItsShortcutsAndTakeWhatIsWritten) {
+    for (const Situation& situation : situations()) {
+        KeyClaims test;
+        situation.prepare(test);
+        for (const KeyEvent& event : {KeyEvent{'S', control_},
+                                      {'N', control_},
+                                      {'P', control_ | shift_},
+                                      {112},
+                                      {116},
+                                      {'F', alt_},
+                                      {key::f4, alt_},
+                                      {key::f10},
+                                      {'S', altGr}})
+            EXPECT_EQ(test.route(event), KeyRoute::container) << situation.name << " " << event.code;
+        EXPECT_EQ(test.route({'Q', altGr, false, true}) == KeyRoute::child,
+                  test.route({'Q'}) == KeyRoute::child)
+            << situation.name << ": AltGr writes as other keys do";
+    }
+}
+
+}  // namespace
+}  // namespace obk
