@@ -2,6 +2,8 @@
 
 #include <ole2.h>
 
+#include <utility>
+
 namespace obk::server {
 
 HRESULT Advisers::advise(IAdviseSink* sink, DWORD* cookie) {
@@ -10,6 +12,7 @@ HRESULT Advisers::advise(IAdviseSink* sink, DWORD* cookie) {
     if (!holder_) {
         if (const HRESULT created = CreateOleAdviseHolder(holder_.put()); FAILED(created)) return created;
     }
+    toldClosed_ = false;
     return holder_->Advise(sink, cookie);
 }
 
@@ -50,6 +53,7 @@ void Advisers::saved() {
 }
 
 void Advisers::closed() {
+    if (std::exchange(toldClosed_, true)) return;
     if (const auto holder = holder_) holder->SendOnClose();
 }
 

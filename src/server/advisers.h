@@ -22,13 +22,16 @@ public:
     bool viewWatched() const { return static_cast<bool>(viewSink_); }
     void viewChanged();
     void saved();
+    // Told once, until the control runs again or somebody else wants to know.
     void closed();
+    void running() { toldClosed_ = false; }
 
 private:
     ComPtr<IOleAdviseHolder> holder_;
     ComPtr<IAdviseSink> viewSink_;
     DWORD viewAspects_ = 0;
     DWORD viewFlags_ = 0;
+    bool toldClosed_ = false;
 };
 
 }  // namespace obk::server

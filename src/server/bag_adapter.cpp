@@ -26,7 +26,8 @@ HRESULT readExactly(IStream& stream, void* bytes, ULONG count) {
 
 std::optional<Value> BagAdapter::read(TextView key, ValueType expected) {
     OwnedVariant stored;
-    if (FAILED(bag_.Read(toWide(key).c_str(), &stored, log_))) return std::nullopt;
+    if (FAILED(bag_.Read(toWide(key).c_str(), &stored, log_)) || V_VT(&stored) == VT_EMPTY)
+        return std::nullopt;
     const bool wantsObject = expected == ValueType::font || expected == ValueType::picture;
     Value value;
     if (FAILED(valueFromVariant(stored, wantsObject ? expected : ValueType::empty, value)))

@@ -1,6 +1,7 @@
 #include "server/control_object.h"
 
 #include "base/attempt.h"
+#include "base/scoped_value.h"
 #include "framework/control.h"
 
 #include <olectl.h>
@@ -73,7 +74,17 @@ void ControlObject::setSite(IOleClientSite* site) {
     if (site == site_.get().get()) return;
     if (!site) session_.deactivate();
     site_.set(site);
-    if (site) control_->ambientFontChanged();
+    if (site) followAmbientFont();
+}
+
+void ControlObject::followAmbientFont() {
+    const ScopedFlag following(followingAmbient_);
+    control_->ambientFontChanged();
+}
+
+void ControlObject::beginUse() {
+    advisers_.running();
+    if (!placed_) placedAfresh();
 }
 
 void ControlObject::close() {
@@ -82,12 +93,14 @@ void ControlObject::close() {
 }
 
 void ControlObject::loaded(PropertyBag& bag) {
+    placed_ = true;
     control_->load(bag);
     dirty_ = false;
     viewChanged();
 }
 
 void ControlObject::placedAfresh() {
+    placed_ = true;
     control_->initNew();
     dirty_ = false;
     viewChanged();
@@ -117,6 +130,8 @@ void ControlObject::raise(const Member& event, std::span<Value> arguments) {
 }
 
 void ControlObject::propertyChanged(const Member* property) {
+    // What follows the container is no change of the container's document.
+    if (followingAmbient_) return viewChanged();
     dirty_ = true;
     if (!connections_.notifies() && !advisers_.viewWatched()) return;
     const Hold hold(*this);

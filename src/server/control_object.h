@@ -45,6 +45,12 @@ public:
     void close();
     void loaded(PropertyBag& bag);
     void placedAfresh();
+    // Before the first member is called and whenever the control is activated. One that was neither loaded
+    // nor placed by then is placed.
+    void beginUse();
+    bool inUse() const { return placed_; }
+    // Of which the container knows, and which changes nothing that it keeps.
+    void followAmbientFont();
     bool dirty() const { return dirty_; }
     void setDirty(bool dirty) { dirty_ = dirty; }
     // Events are dropped, not kept for later, as long as there is a freeze more than thaws: their arguments
@@ -78,6 +84,8 @@ private:
     Advisers advisers_;
     int frozen_ = 0;
     bool dirty_ = false;
+    bool placed_ = false;  // afresh, or loaded
+    bool followingAmbient_ = false;
 
     DispatchPart dispatch_;
     OleObjectPart oleObject_;

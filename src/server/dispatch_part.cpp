@@ -31,6 +31,7 @@ HRESULT DispatchPart::Invoke(DISPID id, REFIID reserved, LCID, WORD flags, DISPP
     if (reserved != IID_NULL) return DISP_E_UNKNOWNINTERFACE;
     if (!parameters) return E_POINTER;
     return perform([&] {
+        if (!object_.inUse()) object_.beginUse();
         const HRESULT called =
             invokeMember(object_.table(), object_.control(), id, flags, *parameters, result, wrongArgument);
         if ((flags & DISPATCH_METHOD) && called == S_OK) object_.viewChanged();

@@ -28,6 +28,7 @@ HRESULT InPlaceSession::activate(IOleClientSite& clientSite, HWND parent, const 
     const auto site = query<IOleInPlaceSite>(&clientSite);
     if (!site) return E_FAIL;
     if (site->CanInPlaceActivate() != S_OK) return E_FAIL;
+    object_.beginUse();
     site->OnInPlaceActivate();
     site_ = site;
 

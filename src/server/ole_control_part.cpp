@@ -54,7 +54,7 @@ HRESULT OleControlPart::OnMnemonic(LPMSG message) {
 
 HRESULT OleControlPart::OnAmbientPropertyChange(DISPID id) {
     return perform([&] {
-        if (id == DISPID_AMBIENT_FONT || id == DISPID_UNKNOWN) object_.control().ambientFontChanged();
+        if (id == DISPID_AMBIENT_FONT || id == DISPID_UNKNOWN) object_.followAmbientFont();
         if (id == DISPID_AMBIENT_UIDEAD || id == DISPID_UNKNOWN) object_.applyUiDead();
         if (id == DISPID_AMBIENT_RIGHTTOLEFT || id == DISPID_UNKNOWN) {
             // Laid out anew at the same size, it asks which way the container reads.

@@ -127,8 +127,9 @@ HRESULT StoragePart::Load(IStorage* storage) {
     });
 }
 
-HRESULT StoragePart::Save(IStorage* storage, BOOL) {
+HRESULT StoragePart::Save(IStorage* storage, BOOL sameAsLoad) {
     if (!storage) return E_POINTER;
+    copySaved_ = !sameAsLoad;
     return perform([&] {
         ComPtr<IStream> stream;
         const HRESULT created = storage->CreateStream(
@@ -140,9 +141,10 @@ HRESULT StoragePart::Save(IStorage* storage, BOOL) {
     });
 }
 
-HRESULT StoragePart::SaveCompleted(IStorage*) {
-    // Nothing of the storage is kept between calls, so that any other will do from here on.
-    object_.setDirty(false);
+HRESULT StoragePart::SaveCompleted(IStorage* storage) {
+    // Nothing of the storage is kept between calls, so that any other will do from here on. Without one, what
+    // was saved elsewhere was a copy, and the document itself is not saved.
+    if (storage || !copySaved_) object_.setDirty(false);
     return S_OK;
 }
 

@@ -41,6 +41,9 @@ public:
     HRESULT STDMETHODCALLTYPE Save(IStorage* storage, BOOL sameAsLoad) override;
     HRESULT STDMETHODCALLTYPE SaveCompleted(IStorage* storage) override;
     HRESULT STDMETHODCALLTYPE HandsOffStorage() override;
+
+private:
+    bool copySaved_ = false;
 };
 
 }  // namespace obk::server

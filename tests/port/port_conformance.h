@@ -592,7 +592,7 @@ TEST_P(PortConformance, APanelStartsHiddenAndNeverTakesTheFocus) {
     EXPECT_EQ(panel->toScreen({0, 0}), corner);
     TextClient textClient(journal, "text");
     CheckClient checkClient(journal, "check");
-    const auto text = panel->createTextBox(textClient);
+    const auto text = panel->createTextBox(textClient, HorizontalAlignment::left);
     const auto check = panel->createCheckBox(checkClient);
     text->setBounds({5, 5, 45, 25}, {0, 0, 100, 60});
     check->setBounds({5, 40, 25, 55}, {0, 0, 100, 60});

@@ -100,6 +100,16 @@ void changeEverything(IUnknown* control) {
     }
 }
 
+ComPtr<IStorage> newStorage() {
+    ComPtr<ILockBytes> bytes;
+    CreateILockBytesOnHGlobal(nullptr, TRUE, bytes.put());
+    ComPtr<IStorage> storage;
+    EXPECT_EQ(StgCreateDocfileOnILockBytes(bytes.get(), STGM_CREATE | STGM_READWRITE | STGM_SHARE_EXCLUSIVE,
+                                           0, storage.put()),
+              S_OK);
+    return storage;
+}
+
 // One way to keep a control: saves it, and loads another one from what was saved.
 struct Way {
     const char* name;
@@ -139,16 +149,10 @@ const std::vector<Way>& ways() {
          }},
         {"storage",
          [](IUnknown* from, IUnknown* to) {
-             ComPtr<ILockBytes> bytes;
-             CreateILockBytesOnHGlobal(nullptr, TRUE, bytes.put());
-             ComPtr<IStorage> storage;
-             ASSERT_EQ(
-                 StgCreateDocfileOnILockBytes(
-                     bytes.get(), STGM_CREATE | STGM_READWRITE | STGM_SHARE_EXCLUSIVE, 0, storage.put()),
-                 S_OK);
+             const ComPtr<IStorage> storage = newStorage();
              const auto saving = ComPtr<IUnknown>(from).query<IPersistStorage>();
              EXPECT_EQ(saving->Save(storage.get(), FALSE), S_OK);
-             EXPECT_EQ(saving->SaveCompleted(nullptr), S_OK);
+             EXPECT_EQ(saving->SaveCompleted(storage.get()), S_OK);
              CLSID stored{}, own{};
              EXPECT_EQ(ReadClassStg(storage.get(), &stored), S_OK);
              EXPECT_EQ(saving->GetClassID(&own), S_OK);
@@ -205,14 +209,37 @@ TEST_F(ServerPersistence, ACopyIsSavedWithoutTheDefaultsAndLeavesTheControlUnsav
     ASSERT_EQ(saved->entries().size(), 1u);
     EXPECT_EQ(saved->entries()[0].key, L"Backcolor");
     EXPECT_EQ(control.query<IPersistStreamInit>()->IsDirty(), S_OK);
+    const ComPtr<IStorage> storage = newStorage();
+    const auto storing = control.query<IPersistStorage>();
+    for (const BOOL same : {FALSE, TRUE}) {
+        EXPECT_EQ(storing->Save(storage.get(), same), S_OK);
+        EXPECT_EQ(storing->SaveCompleted(nullptr), S_OK);
+        EXPECT_EQ(storing->IsDirty(), same ? S_FALSE : S_OK);
+    }
+}
+
+// Some containers never say that a control is new.
+TEST_F(ServerPersistence, AControlThatNobodyPlacedIsPlacedByItsFirstUse) {
+    for (const std::wstring& name : serverClasses()) {
+        const auto placed = server.create(name), used = server.create(name);
+        placed.query<IPersistStreamInit>()->InitNew();
+        EXPECT_EQ(stateOf(used.get()), stateOf(placed.get())) << container::toUtf8(name);
+        SIZEL wanted{}, found{};
+        placed.query<IOleObject>()->GetExtent(DVASPECT_CONTENT, &wanted);
+        used.query<IOleObject>()->GetExtent(DVASPECT_CONTENT, &found);
+        EXPECT_EQ(std::pair(found.cx, found.cy), std::pair(wanted.cx, wanted.cy)) << container::toUtf8(name);
+        EXPECT_EQ(used.query<IPersistStreamInit>()->IsDirty(), S_FALSE) << container::toUtf8(name);
+    }
 }
 
 TEST_F(ServerPersistence, AStoredValueThatNothingHereHoldsLeavesWhatIsThere) {
     const ComPtr<PropertyBagText> bag(new PropertyBagText);
     bag->set(L"Interval", container::StoredBytes{"\x01\x02"});
     bag->set(L"Font", Variant(L"Tahoma"));
+    bag->set(L"ThousandsSeparator", Variant());  // nothing under a key is no key: the default
     const Dispatch object(loadedFrom(*bag).get());
     EXPECT_EQ(object.value(L"Interval").toDouble(), 0.0) << "and not the default";
+    EXPECT_EQ(object.value(L"ThousandsSeparator").toBool(), true);
     EXPECT_TRUE(container::describeFont(object.value(L"Font").toObject().get()));
 }
 
@@ -272,6 +299,8 @@ TEST_F(ServerPersistence, TheAmbientFontIsTheDefaultAndIsFollowed) {
         EXPECT_NEAR(shown(), 12, 0.5) << static_cast<int>(order);
         site.setAmbient(DISPID_AMBIENT_FONT, container::makeFont(second).get());
         EXPECT_NEAR(shown(), 20, 0.5) << static_cast<int>(order);
+        const auto stream = site.query<IPersistStreamInit>();
+        EXPECT_EQ(stream->IsDirty(), S_FALSE) << "following the container changes no document";
     }
 }
 

@@ -145,6 +145,22 @@ TEST_F(ServerView, ChangesAreToldToWhoeverWatchesTheView) {
     EXPECT_GE(std::count(calls.begin(), calls.end(), "OnViewChange"), 1);
 }
 
+TEST_F(ServerView, ItsEndIsToldOnceForEachTimeThatItRan) {
+    HostedControl hosted(L"UpDownTextBox");
+    const auto object = hosted.site.query<IOleObject>();
+    ComPtr<IAdviseSink> sink;
+    DWORD cookie = 0;
+    ASSERT_EQ(hosted.site.query<IViewObject>()->GetAdvise(nullptr, nullptr, sink.put()), S_OK);
+    ASSERT_EQ(object->Advise(sink.get(), &cookie), S_OK);
+    for (const int times : {1, 2}) {
+        hosted.activate();
+        object->Close(OLECLOSE_NOSAVE);
+        object->Close(OLECLOSE_NOSAVE);
+        const auto& calls = hosted.site.siteCalls();
+        EXPECT_EQ(std::count(calls.begin(), calls.end(), "OnClose"), times);
+    }
+}
+
 TEST_F(ServerView, VerbsAreListedAndHidingHides) {
     HostedControl hosted(L"UpDownTextBox");
     ComPtr<IEnumOLEVERB> verbs;
