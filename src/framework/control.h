@@ -3,8 +3,8 @@
 
 #include "base/event.h"
 #include "framework/control_host.h"
+#include "framework/control_keys.h"
 #include "framework/control_table.h"
-#include "framework/key_group.h"
 #include "framework/member_token.h"
 #include "framework/property_bag.h"
 #include "widgets/container.h"
@@ -20,7 +20,7 @@ class PopUpPanel;
 
 // A control surface with its child widgets. Works from the moment it is created, with or without a host, with
 // or without a window. Held by shared_ptr; created through its table.
-class Control : public std::enable_shared_from_this<Control>, private SurfaceOwner {
+class Control : public std::enable_shared_from_this<Control>, public ControlKeys, private SurfaceOwner {
 public:
     Control(const Control&) = delete;
     Control& operator=(const Control&) = delete;
@@ -48,19 +48,8 @@ public:
     void setBounds(const PixelRect& bounds);  // while active; pixels of the parent
     // The control's window; made, invisible, when a host asks before activation. 0 when the system refuses.
     NativeWindow window();
-    // While it has the keyboard the control gets the keys that it claims, by its own table or that of a
-    // control inside it. All others are its container's, and have their effect once nobody else has used
-    // them.
+    // By its own keys, or those of a control inside it.
     KeyRoute preTranslate(const KeyEvent& event) override;
-    virtual std::span<const KeyGroup> keyGroups() const { return {}; }
-    // Those that hold now.
-    virtual uint16_t keyStates() const { return 0; }
-    // Letters that call the control, with Alt, from wherever the keyboard is on its form; upper case.
-    virtual Text accessKeys() const { return {}; }
-    virtual void useAccessKey(char16_t) {}
-    // Other keys that call it from there.
-    virtual std::span<const KeyEvent> formKeys() const { return {}; }
-    virtual void useFormKey(const KeyEvent&) {}
     bool focus();  // to the control's first child that takes it; whether one did
     bool hasFocus() const;
     // Paints the whole control into `bounds`, with or without a window.
