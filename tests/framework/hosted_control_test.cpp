@@ -166,7 +166,7 @@ TEST_F(PopUpPanelTest, HasAWindowOnlyOnceItCanBeShown) {
     EXPECT_EQ(panel().window(), 0u);
     activate({0, 0, 300, 60});
     platform.refuseWindows(true);
-    EXPECT_FALSE(panel().show({100, 40}, PopUpSide::below));
+    EXPECT_FALSE(panel().show(PopUpSide::below));
     EXPECT_EQ(platform.capture(), 0u);
 }
 
