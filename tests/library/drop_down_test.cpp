@@ -19,7 +19,6 @@ TEST_P(DropDownTest, EverythingThatTakesThePanelsPlaceHidesIt) {
         {"the capture was taken", [this] { platform.stealCapture(); }},
         {"disabled", [this] { put(u"Enabled", false); }},
         {"the focus went", [this] { platform.setFocus(0); }},
-        {"another scale", [this] { platform.setDpi(panel()->id(), Dpi(144)); }},
         {"no window", [this] { control->deactivate(); }},
     };
     for (const auto& [name, way] : ways) {
