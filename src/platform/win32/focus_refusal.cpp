@@ -1,34 +1,36 @@
 #include "platform/win32/focus_refusal.h"
 
-#include <algorithm>
-#include <vector>
+#include <utility>
 
 namespace obk::win32 {
 
 namespace {
 
-// Hooks know nothing but their thread.
-thread_local std::vector<HWND> refusing;
+// Hooks know nothing but their thread. The chain owns nothing: what a thread has to take down at its end
+// keeps the module loaded until then.
+thread_local FocusRefusal* first = nullptr;
 
 }  // namespace
 
 void FocusRefusal::begin(HWND topLevel) {
-    refusing.push_back(topLevel);
     window_ = topLevel;
+    next_ = std::exchange(first, this);
     hook_ = SetWindowsHookExW(WH_CBT, decide, nullptr, GetCurrentThreadId());
 }
 
 void FocusRefusal::end() {
-    if (hook_) UnhookWindowsHookEx(hook_);
-    if (window_) std::erase(refusing, window_);
-    hook_ = nullptr;
-    window_ = nullptr;
+    if (hook_) UnhookWindowsHookEx(std::exchange(hook_, nullptr));
+    if (!std::exchange(window_, nullptr)) return;
+    FocusRefusal** place = &first;
+    while (*place && *place != this) place = &(*place)->next_;
+    if (*place) *place = next_;
 }
 
 LRESULT CALLBACK FocusRefusal::decide(int code, WPARAM wParam, LPARAM lParam) {
     if (code == HCBT_SETFOCUS || code == HCBT_ACTIVATE) {
         const HWND wanted = GetAncestor(reinterpret_cast<HWND>(wParam), GA_ROOT);
-        if (wanted && std::find(refusing.begin(), refusing.end(), wanted) != refusing.end()) return 1;
+        for (const FocusRefusal* refusal = first; wanted && refusal; refusal = refusal->next_)
+            if (refusal->window_ == wanted) return 1;
     }
     return CallNextHookEx(nullptr, code, wParam, lParam);
 }

@@ -19,6 +19,7 @@ public:
 private:
     static LRESULT CALLBACK decide(int code, WPARAM wParam, LPARAM lParam);
 
+    FocusRefusal* next_ = nullptr;  // of this thread, while it refuses
     HWND window_ = nullptr;
     HHOOK hook_ = nullptr;
 };
