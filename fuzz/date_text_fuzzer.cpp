@@ -1,8 +1,10 @@
 // Any text as a date: what is read is a day of the calendar, and writes and reads back as itself. As a year
-// and as a host's text it leaves the calendar on a month with a chosen day.
+// and as a host's text it leaves the calendar on a month with a chosen day, or on one without days.
 #include "datecalendar/calendar_model.h"
 #include "datecalendar/quick_menu.h"
 #include "fuzz_values.h"
+
+#include <algorithm>
 
 using namespace obk;
 
@@ -14,8 +16,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     model.typeYear(text);
     model.subNEWDATE();
     const FilledMonth& month = model.filled();
-    fuzz::require(month.chosen >= 1 && month.chosen <= month.layout.lngDAYSINMONTH, "a day is chosen");
-    fuzz::require(month.framed >= 0 && month.framed <= month.layout.lngDAYSINMONTH, "a day is framed");
+    const int32_t days = month.layout.lngDAYSINMONTH;
+    fuzz::require(month.chosen >= std::min(days, 1) && month.chosen <= days, "a day is chosen");
+    fuzz::require(month.framed >= 0 && month.framed <= days, "a day is framed");
     const auto date = dateFromText(text);
     if (!date) return 0;
     fuzz::require(date->ok(), "a date of the calendar");
