@@ -399,6 +399,12 @@ TEST_F(DateCalendarTest, TheMonthListAndTheYearFieldRefillTheDays) {
 
 TEST_F(DateCalendarTest, TodayCommitsAndStaysClearKeepsTheTextAndCloseKeepsAll) {
     openOn(u"Mon 2 Mar 2020");
+    // Between cells, and from there to a button and back.
+    for (const auto& [from, to] : {std::pair(PixelPoint{31, 80}, todayButton), {todayButton, {31, 80}}}) {
+        platform.mouse(panel()->id(), {Kind::down, button::left, 0, from});
+        platform.mouse(panel()->id(), {Kind::up, button::left, 0, to});
+        EXPECT_EQ(host.take(), Journal{}) << "a click is a press and its release";
+    }
     press(todayButton);
     EXPECT_EQ(host.take(), (Journal{"DateUpdated"}));
     EXPECT_EQ(chosen(), "14 November, 2026");

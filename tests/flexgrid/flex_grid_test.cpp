@@ -340,32 +340,6 @@ TEST_F(FlexGridTest, CopiesTheSelectionForOtherPrograms) {
     EXPECT_EQ(platform.clipboard(), u"\"b\tc\"\r\n");
 }
 
-TEST_F(FlexGridTest, RefusesWhatIsOutOfRange) {
-    grid.Select({4, 4}, {5, 5});
-    for (const int32_t row : {-1, 1000, INT32_MAX}) {
-        EXPECT_FALSE(grid.SetRow(row));
-        EXPECT_FALSE(grid.Select({4, 4}, {row, 5}));
-        EXPECT_FALSE(grid.setText({row, 4}, u"x"));
-        EXPECT_FALSE(grid.SetTopRow(row));
-        EXPECT_FALSE(grid.RemoveItem(row));
-    }
-    for (const int32_t col : {-1, 10, INT32_MIN}) {
-        EXPECT_FALSE(grid.SetCol(col));
-        EXPECT_FALSE(grid.Select({4, 4}, {5, col}));
-        EXPECT_FALSE(grid.setText({4, col}, u"x"));
-        EXPECT_FALSE(grid.setAttribute<&CellStyle::bold>({4, col}, true));
-        EXPECT_FALSE(grid.setPicture({4, col}, nullptr, CellAlignment::leftTop));
-        EXPECT_FALSE(grid.Sort(col, SortDirection::ascending));
-        EXPECT_FALSE(grid.SetLeftCol(col));
-        EXPECT_FALSE(grid.SetColAlignment(col, CellAlignment::leftTop));
-    }
-    for (const int32_t number : {-1, 3}) EXPECT_FALSE(grid.SetHighLight(number));
-    EXPECT_FALSE(grid.setAttribute<&CellStyle::fontName>({4, 4}, std::make_shared<const Text>()));
-    EXPECT_FALSE(grid.setAttribute<&CellStyle::fontSize>({4, 4}, 0.0f));
-    EXPECT_EQ(grid.selection(), (CellRange{4, 4, 5, 5}));
-    EXPECT_EQ(grid.model().styleCount(), 0u);
-}
-
 TEST_F(FlexGridTest, PlacesOfTheCurrentCellFollowTheScrolling) {
     grid.Select({12, 2}, {12, 2});
     EXPECT_EQ(grid.cellPlace({12, 2}), (TwipsRect{{128 * 15}, {12 * 270}, {960}, {270}}));
@@ -507,19 +481,6 @@ TEST_F(FlexGridTest, TheKeyboardComesBackFromAField) {
     grid.setEnabled(false);
     platform.setFocus(surface.window());
     EXPECT_FALSE(grid.hasFocus());
-}
-
-TEST_F(FlexGridTest, WorksWithoutAWindow) {
-    surface.close();
-    grid.SetTopRow(500);
-    EXPECT_EQ(grid.TopRow(), 500);
-    grid.Select({500, 0}, {500, 0});
-    EXPECT_EQ(grid.cellPlace({500, 0}).top, Twips{0});
-    EXPECT_FALSE(grid.takeFocus());
-    EXPECT_TRUE(surface.open({SurfacePlacement::Kind::control, 1000, {0, 0, 300, 200}}));
-    EXPECT_EQ(grid.TopRow(), 500);
-    grid.SetRows(3);
-    EXPECT_EQ(grid.TopRow(), 0);
 }
 
 }  // namespace

@@ -130,19 +130,6 @@ TEST_F(HostedControlTest, KeysOfAHostedControlAreOfferedToTheOutermostContainer)
     EXPECT_EQ(outer().beside->Text(), u"1");  // without an interval a step goes nowhere
 }
 
-TEST_F(HostedControlTest, AHostMayLetGoInsideAnEventThatAHostedControlCaused) {
-    activate({0, 0, 300, 60});
-    platform.setFocus(textAt(control->window(), {104, 30}));
-    host.on["Told"] = [this](std::span<Value>) {
-        host.on.clear();
-        if (control) release();
-    };
-    platform.type(u"5");
-    EXPECT_EQ(control, nullptr);
-    EXPECT_EQ(platform.windowCount(), 0u);
-    EXPECT_EQ(platform.timerCount(), 0u);
-}
-
 class PopUpPanelTest : public HostedControlTest {
 protected:
     PopUpPanel& panel() { return outer().panel; }

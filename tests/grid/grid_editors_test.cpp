@@ -392,6 +392,10 @@ TEST_F(GridEditorsTest, TheListTellsWhatIsChosen) {
     host.take();
     click(at(0, listCol));
     EXPECT_EQ(takeNews(), (Journal{"CboBoxClick", "CboClick"}));
+    call(u"BoxShow");
+    platform.answerMenu([](auto...) { return ADD_FAILURE() << "a held key opens no list", std::nullopt; });
+    platform.keyDown(key::f4, 0, true);
+    host.take();
     std::vector<Value> up{int16_t{key::up}, int16_t{0}};
     call(u"cboLIST_KeyDown", up);
     EXPECT_EQ(news(host.take()), Journal{"CboClick"});

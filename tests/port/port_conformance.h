@@ -426,8 +426,12 @@ TEST_P(PortConformance, MovesCarryTheButtonsHeldAndLeavingIsReported) {
     driver->mouseUp(button::right);
     driver->mouseMove(*area, {152, 70});
     EXPECT_EQ(taken(), (Journal{"area.mouseUp 2", "area.move 0"}));
-    driver->mouseMove(*area, overFirst);
-    EXPECT_EQ(taken(), (Journal{"area.leave"}));
+    for (int time = 0; time < 2; ++time) {
+        driver->mouseMove(*area, overFirst);
+        EXPECT_EQ(taken(), (Journal{"area.leave"}));
+        driver->mouseMove(*area, {152, 70});
+        taken();
+    }
 }
 
 TEST_P(PortConformance, AnUnusedWheelOverATextBoxIsTheHostsAndNotTheSurfaces) {

@@ -120,6 +120,8 @@ TEST_F(UpDownTextBoxTest, TypingIsFilteredByTheWholeText) {
     put(u"MaxLength", 3);
     platform.type(u"123");
     EXPECT_EQ(text(u"Text"), "7.1");
+    put(u"Text", Text(u"12345"));
+    EXPECT_EQ(text(u"Text"), "123") << "a host's text is cut";
 }
 
 TEST_F(UpDownTextBoxTest, EditingCommandsWorkThoughTheirCharactersAreFiltered) {
@@ -307,6 +309,10 @@ TEST_F(UpDownTextBoxTest, APressOnAButtonFocusesReportsAndSteps) {
         << "the second press of a quick pair is one like any other";
     letGo(onUp);
     EXPECT_EQ(platform.capture(), 0u);
+    host.on["MouseDown"] = [this](auto) { put(u"Enabled", false); };
+    press(onUp);
+    EXPECT_EQ(text(u"Text"), "2") << "the host has disabled it";
+    EXPECT_EQ(platform.capture(), 0u);
 }
 
 TEST_F(UpDownTextBoxTest, AHeldButtonRepeatsAfterADelayWhileTheMouseIsOnIt) {
@@ -458,13 +464,14 @@ TEST_F(UpDownTextBoxTest, WindowsComeAndGoWithoutLosingTextOrSelection) {
     platform.type(u"0");
     EXPECT_EQ(text(u"Text"), "104");
     control->deactivate();
+    put(u"Text", Text(u"77"));
     // A handle that is asked for early is the one that is activated.
     const NativeWindow early = window();
     EXPECT_NE(early, 0u);
     EXPECT_FALSE(control->active());
-    put(u"Text", Text(u"77"));
     activate();
     EXPECT_EQ(window(), early);
+    EXPECT_EQ(textWindow().selection(), (TextSelection{0, 0})) << "a set text is not selected";
     control->focus();
     platform.pressKey(key::up);
     EXPECT_EQ(text(u"Text"), "78");

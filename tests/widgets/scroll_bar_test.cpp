@@ -117,6 +117,8 @@ TEST_F(ScrollBarTest, WithoutAnythingToScrollThereIsNoThumb) {
     EXPECT_TRUE(platform.surface(surface.window())->invalid().empty()) << "nothing looks otherwise";
     mouse(Kind::down, {8, 60});
     EXPECT_EQ(bar.range().position, 0);
+    for (const AccessibleItem& item : platform.surface(surface.window())->surfaceClient().accessibleItems())
+        EXPECT_TRUE(item.role != AccessibleItem::Role::button || !item.enabled);
 }
 
 }  // namespace

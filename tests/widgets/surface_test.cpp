@@ -226,6 +226,9 @@ TEST_F(SurfaceTest, OnlyWhatIsVisibleIsPaintedAndEachInsideItsParent) {
     c.setVisible(false);
     EXPECT_EQ(peer().invalid(), (PixelRect{10, 50, 20, 60})) << "no more than showed of it";
     for (const headless::DrawnItem& item : peer().paint().items()) EXPECT_NE(item.colour.value, 0xCu);
+    c.setVisible(true);
+    EXPECT_EQ(peer().invalid(), (PixelRect{10, 50, 20, 60}));
+    peer().paint();
     b.move({{0}, {0}, {150}, {150}});
     EXPECT_EQ(peer().invalid(), (PixelRect{0, 0, 60, 30})) << "where it was and where it is";
 }

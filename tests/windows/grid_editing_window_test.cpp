@@ -237,26 +237,6 @@ TEST_F(GridEditing, TheWheelScrolls) {
     EXPECT_EQ(number(L"TopRowRead"), 0);
 }
 
-TEST_F(GridEditing, ADraggedBorderSizesAColumnAndASelectionScrollsAtTheEdge) {
-    object().put(L"AllowGridEdit", false);
-    object().call(L"RowsSet", {100});
-    const POINT inFirst = middle(hosted, 1, 0);
-    const long before = number(L"CellCurrentWidth");
-    const auto edge = static_cast<int>(before / 15);
-    person.moveTo(face(), border + edge - 1, inFirst.y);
-    person.press();
-    person.moveTo(face(), border + edge + 39, inFirst.y);
-    person.release();
-    EXPECT_EQ(number(L"CellCurrentWidth"), before + 40 * 15);
-    person.moveTo(face(), inFirst.x, inFirst.y);
-    person.press();
-    person.moveTo(face(), inFirst.x, place.bottom - place.top + 30);
-    EXPECT_TRUE(person.waitFor([&] { return number(L"TopRowRead") > 5; }));
-    person.release();
-    EXPECT_EQ(GetCapture(), nullptr);
-    EXPECT_EQ(number(L"RowCurrent"), 1);
-}
-
 // What a drag asks: it goes on until the button is let go.
 class DragSource final : public ComObject<IDropSource> {
 public:

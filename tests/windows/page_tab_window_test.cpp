@@ -59,13 +59,6 @@ protected:
         const RECT place = placeOf(part);
         return {(place.left + place.right) / 2, (place.top + place.bottom) / 2};
     }
-    COLORREF pixel(POINT at) const {
-        UpdateWindow(strip());
-        const HDC dc = GetDC(strip());
-        const COLORREF colour = GetPixel(dc, at.x, at.y);
-        ReleaseDC(strip(), dc);
-        return colour;
-    }
 };
 
 TEST_F(PageTabWindow, AnAccessKeyCallsItsTabFromTheWholeForm) {
@@ -100,15 +93,6 @@ TEST_F(PageTabWindow, AnAccessKeyCallsItsTabFromTheWholeForm) {
     setTabs(L"", 0);
     ASSERT_EQ(control->GetControlInfo(&info), S_OK);
     EXPECT_EQ(info.cAccel, 0);
-}
-
-TEST_F(PageTabWindow, TheTabUnderTheMouseIsHighlightedUntilItLeaves) {
-    const POINT below{placeOf(2).left + 3, placeOf(2).bottom - 4};
-    const COLORREF quiet = pixel(below);
-    person.moveTo(strip(), middleOf(2).x, middleOf(2).y);
-    EXPECT_TRUE(person.waitFor([&] { return pixel(below) != quiet; }));
-    person.moveTo(other, 5, 5);
-    EXPECT_TRUE(person.waitFor([&] { return pixel(below) == quiet; }));
 }
 
 TEST_F(PageTabWindow, ARightToLeftFormHasItsTabsAtTheRight) {

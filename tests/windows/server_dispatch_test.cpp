@@ -253,9 +253,11 @@ TEST_F(ServerDispatch, ANumberIsTakenFromEveryAutomationTypeThatHoldsOne) {
     for (size_t at = 0; at < std::size(types); ++at) {
         ASSERT_EQ(VariantChangeType(&numbers[at], &inner, 0, types[at]), S_OK) << types[at];
         sevens.emplace_back(numbers[at]);
-        sevens.push_back(types[at] == VT_DECIMAL ? reference(types[at], V_DECIMAL(&numbers[at]))
-                                                 : reference(types[at], V_NONE(&numbers[at])));
+        if (types[at] != VT_DECIMAL) sevens.push_back(reference(types[at], V_NONE(&numbers[at])));
     }
+    DECIMAL decimal = V_DECIMAL(&numbers[std::size(types) - 1]);
+    decimal.wReserved = 0;  // where a variant has its type
+    sevens.push_back(reference(VT_DECIMAL, decimal));
     for (const Variant& seven : sevens) {
         putOn(L"Max", 0L);
         putOn(L"Interval", 0.0);
@@ -316,6 +318,8 @@ TEST_F(ServerDispatch, ArgumentsMayBeNamedLeftOutOrByReference) {
     EXPECT_EQ(unknownName.wrong, 0u);
     Call twice{DISPATCH_METHOD, {46L, 46L}, {0}, {}, untouched};
     EXPECT_EQ(twice.on(box.get(), keyLock), DISP_E_PARAMNOTFOUND) << "by name and by place";
+    Call sameName{DISPATCH_METHOD, {46L, 46L}, {0, 0}, {}, untouched};
+    EXPECT_EQ(sameName.on(box.get(), keyLock), DISP_E_PARAMNOTFOUND);
 }
 
 TEST_F(ServerDispatch, AFontIsSharedWithTheHost) {

@@ -54,19 +54,6 @@ TEST(ServerLifetime, AConnectionPointKeepsItsControl) {
     EXPECT_TRUE(server.canUnload());
 }
 
-TEST(ServerLifetime, AScriptThatShowsNothingMakesNoWindow) {
-    LoadedServer server;
-    const auto first = server.create(L"UpDownTextBox");  // whatever the platform keeps for the thread
-    const int before = windowCount();
-    const auto second = server.create(L"UpDownTextBox");
-    const container::Dispatch object(second.get());
-    object.put(L"Interval", 2.0);
-    object.put(L"Text", L"7");
-    EXPECT_EQ(object.call(L"Refresh"), S_OK);
-    EXPECT_EQ(object.value(L"Text").toText(), L"7");
-    EXPECT_EQ(windowCount(), before);
-}
-
 // An object that contains a control as a part of itself.
 class Aggregate final : public IUnknown {
 public:

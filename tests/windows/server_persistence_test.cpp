@@ -216,6 +216,8 @@ TEST_F(ServerPersistence, ACopyIsSavedWithoutTheDefaultsAndLeavesTheControlUnsav
         EXPECT_EQ(storing->SaveCompleted(nullptr), S_OK);
         EXPECT_EQ(storing->IsDirty(), same ? S_FALSE : S_OK);
     }
+    control.query<IPersistPropertyBag>()->Load(saved.get(), saved.get());
+    EXPECT_EQ(control.query<IPersistStreamInit>()->IsDirty(), S_FALSE) << "it is what is stored";
 }
 
 // Some containers never say that a control is new.

@@ -137,6 +137,32 @@ TEST_F(ServerView, AFixedSizeSnapsBackInTheContainerWithoutALoop) {
     EXPECT_LE(std::count(calls.begin(), calls.end(), "OnPosRectChange"), 2);
 }
 
+TEST_F(ServerView, DecorationIsNeverUiActive) {
+    for (const wchar_t* name : {L"lns", L"ButtonArrow"}) {
+        HostedControl hosted(name);
+        hosted.activate();
+        hosted.site.uiActivate();
+        EXPECT_EQ(hosted.site.state(), container::SiteState::inPlaceActive);
+    }
+}
+
+TEST_F(ServerView, WhoeverEndsTheActivationTheContainerHearsOfBothEnds) {
+    for (const bool byLosingTheSite : {false, true}) {
+        HostedControl hosted(L"UpDownTextBox");
+        hosted.activate();
+        hosted.site.uiActivate();
+        const HWND window = hosted.site.window();
+        if (byLosingTheSite)
+            hosted.site.query<IOleObject>()->SetClientSite(nullptr);
+        else
+            hosted.site.query<IOleInPlaceObject>()->InPlaceDeactivate();
+        EXPECT_FALSE(IsWindow(window) && IsWindowVisible(window));
+        const auto& calls = hosted.site.siteCalls();
+        for (const char* end : {"OnUIDeactivate", "OnInPlaceDeactivate"})
+            EXPECT_EQ(std::count(calls.begin(), calls.end(), end), 1) << end;
+    }
+}
+
 TEST_F(ServerView, ChangesAreToldToWhoeverWatchesTheView) {
     HostedControl hosted(L"UpDownTextBox");
     hosted.site.siteCalls().clear();
