@@ -38,7 +38,7 @@ void setIcons(benchmark::State& state) {
         for (int32_t cell = 0; cell < iconCells; ++cell)
             grid.CellSetIcon(cell % cols, cell / cols, names[static_cast<size_t>(cell) % names.size()]);
     });
-    constexpr size_t area = 16 * 16;
+    constexpr size_t area = size_t{16} * 16;
     const double plain = measure([] { return std::vector<uint32_t>(iconCells * area); },
                                  [&](std::vector<uint32_t>& pictures) {
                                      for (size_t cell = 0; cell < iconCells; ++cell)

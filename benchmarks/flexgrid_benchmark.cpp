@@ -1,28 +1,11 @@
 // The flexible grid's model against the least that its work could cost: plain loops over the same data, in
 // the same run. "ratio" is ours against the plain loop, each the median of five runs after a warm-up.
-#include "flexgrid/grid_model.h"
-#include "grid_data.h"
+#include "measured_grid.h"
 
 #include <malloc.h>
 
 namespace obk {
 namespace {
-
-using GridPointer = std::unique_ptr<GridModel>;
-
-GridPointer emptyGrid() {
-    return std::make_unique<GridModel>(0, cols, Dpi(96));
-}
-
-void addAll(GridModel& grid, const Data& data) {
-    for (const Text& item : data.items) grid.addItem(item, grid.rows());
-}
-
-GridPointer filledGrid(const Data& data) {
-    GridPointer grid = emptyGrid();
-    addAll(*grid, data);
-    return grid;
-}
 
 // The texts one after the other, with where each ends.
 struct Arena {
@@ -91,8 +74,8 @@ void readRandomCells(benchmark::State& state) {
     });
     const double plain = measure(nothing, [&](int) {
         for (const uint32_t cell : cells) {
-            const Text text = flat[cell];
-            benchmark::DoNotOptimize(text.data());
+            Text text(flat[cell]);
+            benchmark::DoNotOptimize(text);
         }
     });
     report(state, ours, plain, 3);
@@ -209,7 +192,7 @@ void makeAndDestroySmallGrid(benchmark::State& state) {
     });
     const double plain = measure(nothing, [&](int) {
         for (int time = 0; time < times; ++time) {
-            const std::vector<Text> texts(data.cells.begin(), data.cells.begin() + 10 * cols);
+            const std::vector<Text> texts(data.cells.begin(), data.cells.begin() + ptrdiff_t{10} * cols);
             benchmark::DoNotOptimize(texts.data());
         }
     });

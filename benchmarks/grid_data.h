@@ -23,7 +23,7 @@ class Data {
 public:
     explicit Data(int32_t rows) {
         std::mt19937 random(20261114);
-        const auto below = [&random](uint32_t limit) { return random() % limit; };
+        const auto below = [&random](uint32_t limit) { return static_cast<uint32_t>(random()) % limit; };
         const auto word = [&](size_t least, size_t most) {
             Text text;
             for (size_t left = least + below(static_cast<uint32_t>(most - least + 1)); left > 0; --left)

@@ -1,7 +1,7 @@
 // The grid's text file against the least that its work could cost: a buffered write of the same bytes, and
 // splitting and widening them into one piece of memory.
 #include "grid/grid_file_rows.h"
-#include "grid_data.h"
+#include "measured_grid.h"
 
 #include <cstring>
 #include <string>
@@ -63,18 +63,6 @@ public:
     std::chrono::year_month_day today() override { return {}; }
 };
 
-using GridPointer = std::unique_ptr<GridModel>;
-
-GridPointer emptyGrid() {
-    return std::make_unique<GridModel>(0, cols, Dpi(96));
-}
-
-GridPointer filledGrid() {
-    GridPointer grid = emptyGrid();
-    for (const Text& item : dataOf(rows).items) grid->addItem(item, grid->rows());
-    return grid;
-}
-
 void save(const GridModel& grid, File& file) {
     StillClock clock;
     WaitCursor waitCursor(clock, [](bool) {});
@@ -85,7 +73,7 @@ void save(const GridModel& grid, File& file) {
 }
 
 void saveRows(benchmark::State& state) {
-    const GridPointer grid = filledGrid();
+    const GridPointer grid = filledGrid(dataOf(rows));
     const auto emptyFile = [] { return File(); };
     const double ours = measure(emptyFile, [&](File& file) { save(*grid, file); });
 
@@ -113,7 +101,7 @@ BENCHMARK(saveRows)->Iterations(1)->UseManualTime()->Unit(benchmark::kMillisecon
 
 void loadRows(benchmark::State& state) {
     File file;
-    save(*filledGrid(), file);
+    save(*filledGrid(dataOf(rows)), file);
     const ColumnTypes types;
     StillClock clock;
     const double ours = measure(emptyGrid, [&](GridPointer& grid) {

@@ -7,6 +7,7 @@
 
 #include <cstring>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -77,9 +78,10 @@ public:
 
 private:
     template <typename Content>
-    Variant(int type, Content content) : Variant() {
+    Variant(int type, const Content& content) : Variant() {
         value_.vt = static_cast<VARTYPE>(type);
-        std::memcpy(&V_NONE(&value_), &content, sizeof(Content));
+        const auto bytes = std::as_bytes(std::span(&content, 1));
+        std::memcpy(&V_NONE(&value_), bytes.data(), bytes.size());
     }
 
     VARIANT value_;

@@ -112,7 +112,7 @@ double listViewFrame(HWND host, long rows) {
     const double took = medianMicroseconds(200, [&] {
         const auto wanted = static_cast<long>(random() % static_cast<unsigned long>(rows - 50));
         const auto top = static_cast<long>(SendMessageW(list, LVM_GETTOPINDEX, 0, 0));
-        SendMessageW(list, LVM_SCROLL, 0, (wanted - top) * (row.bottom - row.top));
+        SendMessageW(list, LVM_SCROLL, 0, LPARAM{wanted - top} * (row.bottom - row.top));
         UpdateWindow(list);
     });
     DestroyWindow(list);

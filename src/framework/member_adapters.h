@@ -9,9 +9,7 @@
 #include <type_traits>
 #include <utility>
 
-namespace obk {
-
-namespace detail {
+namespace obk::detail {
 
 template <auto Function, typename C, typename Result, typename... Arguments>
 struct MethodOf {
@@ -97,6 +95,4 @@ struct EventRow<C, Field> {
     }
 };
 
-}  // namespace detail
-
-}  // namespace obk
+}  // namespace obk::detail

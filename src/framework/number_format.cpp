@@ -33,7 +33,7 @@ std::optional<Text> fixedText(double number, int32_t places) {
         digits.insert(0, static_cast<size_t>(zeros), '0');
         pointAt = 1;
     }
-    const auto kept = static_cast<size_t>(pointAt + places);
+    const auto kept = static_cast<size_t>(pointAt) + static_cast<size_t>(places);
     const bool up = kept < digits.size() && digits[kept] >= '5';
     digits.resize(kept, '0');
     if (up) {

@@ -9,12 +9,12 @@ using std::chrono::day;
 using std::chrono::month;
 using std::chrono::year;
 
-Date date(int y, unsigned m, unsigned d) {
+Date dayOf(int y, unsigned m, unsigned d) {
     return year(y) / month(m) / day(d);
 }
 
 std::string written(int y, unsigned m, unsigned d) {
-    return toUtf8(dateText(date(y, m, d)).value_or(u"none"));
+    return toUtf8(dateText(dayOf(y, m, d)).value_or(u"none"));
 }
 
 TEST(DateTextTest, DatesAreWrittenWithWeekdayDayMonthAndYear) {
@@ -36,8 +36,8 @@ TEST(DateTextTest, WhatIsNoDateAndYearsOutOfRangeAreNotWritten) {
 }
 
 TEST(DateTextTest, DaysOfTwoCenturiesReadBackFromTheirTexts) {
-    std::chrono::sys_days each = date(1899, 12, 1);
-    const std::chrono::sys_days last = date(2101, 1, 31);
+    std::chrono::sys_days each = dayOf(1899, 12, 1);
+    const std::chrono::sys_days last = dayOf(2101, 1, 31);
     // Counted on from a day that is known: 1 December 1899 was a Friday.
     size_t weekday = 4;
     const char* const names[] = {"Mon", "Tue", "Wed", "Thu", "Fri", "Sat", "Sun"};
@@ -52,14 +52,14 @@ TEST(DateTextTest, DaysOfTwoCenturiesReadBackFromTheirTexts) {
 }
 
 TEST(DateTextTest, TypedDatesAreReadInTheWaysPeopleWriteThem) {
-    const Date wanted = date(2026, 11, 14);
+    const Date wanted = dayOf(2026, 11, 14);
     for (const char16_t* text : {u"14 Nov 2026", u"14 nov 2026", u"  14   NOVEMBER  2026 ", u"Nov 14, 2026",
                                  u"november 14 2026", u"Saturday, 14 November 2026", u"sat 14 Nov 2026",
                                  u"Mon 14 Nov 2026", u"14-Nov-2026", u"14.Nov.2026"})
         EXPECT_EQ(dateFromText(text), wanted) << toUtf8(text);
-    EXPECT_EQ(dateFromText(u"1 Jan 100"), date(100, 1, 1));
-    EXPECT_EQ(dateFromText(u"Mon 7 Jan 0101"), date(101, 1, 7));
-    EXPECT_EQ(dateFromText(u"1 May 2026"), date(2026, 5, 1)) << "abbreviation and name are the same word";
+    EXPECT_EQ(dateFromText(u"1 Jan 100"), dayOf(100, 1, 1));
+    EXPECT_EQ(dateFromText(u"Mon 7 Jan 0101"), dayOf(101, 1, 7));
+    EXPECT_EQ(dateFromText(u"1 May 2026"), dayOf(2026, 5, 1)) << "abbreviation and name are the same word";
 }
 
 TEST(DateTextTest, OtherTextsAreNoDates) {

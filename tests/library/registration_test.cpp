@@ -107,7 +107,7 @@ Text fileOf(size_t hive, Architecture architecture) {
 // How a program of one architecture reads: each value from the user's keys, else from the machine's.
 std::optional<Text> merged(System system, State& state, Architecture program, const Text& key) {
     for (Hive& hive : state.hives) {
-        if (const auto text = ModelRegistry(system, hive).read(program, key, {})) return text;
+        if (auto text = ModelRegistry(system, hive).read(program, key, {})) return text;
     }
     return std::nullopt;
 }

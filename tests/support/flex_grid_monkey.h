@@ -97,7 +97,7 @@ private:
         const bool inWindow = surface_.isOpen() && below(3) == 0;
         const int32_t first = inWindow ? 0 : needWindow;
         const int32_t end = inWindow ? needWindow : static_cast<int32_t>(changes_.size());
-        changes_[static_cast<size_t>(first + below(end - first))]();
+        changes_[static_cast<size_t>(first) + static_cast<size_t>(below(end - first))]();
     }
     void pressKey() {
         const auto code = one<int16_t>({key::up, key::down, key::left, key::right, key::home, key::end,

@@ -192,6 +192,7 @@ TEST(PropertyBagText, ReportsAndSkipsWhatItCannotRead) {
     std::vector<TextProblem> problems;
     const FormText form = FormText::read(text, problems);
     std::vector<int> reported;
+    reported.reserve(problems.size());
     for (const TextProblem& problem : problems) reported.push_back(problem.line);
     EXPECT_EQ(reported, expected);
 

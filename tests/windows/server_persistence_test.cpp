@@ -54,11 +54,11 @@ std::map<std::wstring, std::wstring> stateOf(IUnknown* control) {
             !test::comesBack(container::toUtf8(members.className()), container::toUtf8(member.name)))
             continue;
         const Variant value = Dispatch(control).value(member.number);
-        const ComPtr<IUnknown> object(value.toObject().get());
+        const ComPtr<IUnknown> object = value.toObject();
         const auto font = container::describeFont(object.get());
         const auto picture = object ? object.query<IPicture>() : ComPtr<IPicture>();
         state[member.name] = font      ? container::fontText(*font)
-                             : picture ? pictureText(*picture.get())
+                             : picture ? pictureText(*picture)
                                        : value.toText();
     }
     return state;

@@ -23,15 +23,17 @@ void collect(HKEY key, const std::wstring& path, Snapshot& snapshot) {
         if (RegEnumValueW(key, at, name, &length, nullptr, &type, nullptr, &size) != ERROR_SUCCESS) break;
         std::wstring data(size / sizeof(wchar_t) + 1, L'\0');
         RegQueryValueExW(key, name, nullptr, nullptr, reinterpret_cast<BYTE*>(data.data()), &size);
-        snapshot[path + L":" + name] = data.c_str();
+        data.resize(data.find(L'\0'));
+        snapshot[path + L":" + name] = data;
     }
     for (DWORD at = 0;; ++at) {
         DWORD length = 512;
         if (RegEnumKeyExW(key, at, name, &length, nullptr, nullptr, nullptr, nullptr) != ERROR_SUCCESS) break;
         HKEY child = nullptr;
-        const std::wstring childName = name;
         if (RegOpenKeyExW(key, name, 0, KEY_READ, &child) != ERROR_SUCCESS) continue;
-        collect(child, path + L"\\" + childName, snapshot);
+        std::wstring below = path + L"\\";
+        below += name;
+        collect(child, below, snapshot);
         RegCloseKey(child);
     }
 }
@@ -48,13 +50,15 @@ Snapshot classesUnder(HKEY root) {
 
 std::string differences(const Snapshot& before, const Snapshot& after) {
     std::wstring text;
-    for (const auto& [key, value] : after) {
-        const auto found = before.find(key);
-        if (found == before.end() || found->second != value) text += L"\n+ " + key + L" = " + value;
-    }
-    for (const auto& [key, value] : before) {
-        if (!after.contains(key)) text += L"\n- " + key + L" = " + value;
-    }
+    const auto tell = [&text](const wchar_t* mark, const Snapshot& some, const Snapshot& others) {
+        for (const auto& [key, value] : some) {
+            const auto other = others.find(key);
+            if (other == others.end() || other->second != value)
+                text.append(mark).append(key).append(L" = ").append(value);
+        }
+    };
+    tell(L"\n+ ", after, before);
+    tell(L"\n- ", before, after);
     return container::toUtf8(text);
 }
 

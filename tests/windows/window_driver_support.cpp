@@ -51,12 +51,12 @@ WindowDriver::~WindowDriver() {
     pumpAll();
 }
 
-void WindowDriver::keyDown(int16_t code, int16_t state) {
-    person_.keyDown(static_cast<WORD>(code), modifiersOf(state));
+void WindowDriver::keyDown(int16_t code, int16_t shift) {
+    person_.keyDown(static_cast<WORD>(code), modifiersOf(shift));
 }
 
-void WindowDriver::keyUp(int16_t code, int16_t state) {
-    person_.keyUp(static_cast<WORD>(code), modifiersOf(state));
+void WindowDriver::keyUp(int16_t code, int16_t shift) {
+    person_.keyUp(static_cast<WORD>(code), modifiersOf(shift));
 }
 
 void WindowDriver::mouseMove(SurfacePeer& surface, PixelPoint at) {
