@@ -39,7 +39,7 @@ int32_t countedStepByStep(const Text& tabString) {
 void run(FuzzedDataProvider& input) {
     headless::HeadlessPlatform platform;
     const auto control = PageTab::memberTable().create(platform);
-    PageTab& strip = static_cast<PageTab&>(*control);
+    auto& strip = static_cast<PageTab&>(*control);
     control->initNew();
     control->activate(1000, {0, 0, 300, 25});
     for (int round = 0; round < 20 && input.remaining_bytes() > 0; ++round) {

@@ -377,9 +377,9 @@ TEST(GridModel, SortsRowsWithTheirHeights) {
     ASSERT_TRUE(grid.setRowHeight(0, 480));
     ASSERT_TRUE(grid.sort(0, SortDirection::ascending, 0, rows - 1));
     EXPECT_EQ(grid.rowList().height(rows - 1), 480);
-    EXPECT_EQ(grid.rowList().top(rows - 1), (rows - 1) * 20);
-    EXPECT_EQ(grid.rowList().top(rows), (rows + 1) * 20);
-    EXPECT_EQ(grid.rowList().rowAt(1000 * 20), 1000);
+    EXPECT_EQ(grid.rowList().top(rows - 1), int64_t{rows - 1} * 20);
+    EXPECT_EQ(grid.rowList().top(rows), int64_t{rows + 1} * 20);
+    EXPECT_EQ(grid.rowList().rowAt(20'000), 1000);
 }
 
 TEST(GridModel, AlignsByCellThenColumnThenContent) {

@@ -13,6 +13,7 @@ protected:
         headless::RecordingCanvas canvas(Dpi(dpi), {0, 0, size.width, size.height});
         control->draw(canvas, {0, 0, size.width, size.height});
         std::vector<Rgb> colours;
+        colours.reserve(static_cast<size_t>(size.height));
         for (int32_t y = 0; y < size.height; ++y) colours.push_back(canvas.colourAt({x, y}));
         return colours;
     }

@@ -129,7 +129,8 @@ TEST(ColourPaletteTest, EveryBaseCellHasItsColourNameAndPlace) {
         };
         for (const auto& [hue, name] : pairs(expected.hues)) {
             for (const auto& [luminance, prefix] : pairs(expected.luminances))
-                check(hue, luminance, 240, prefix.empty() ? name : prefix + " " + name);
+                check(hue, luminance, 240,
+                      prefix.empty() ? name : std::string(prefix).append(" ").append(name));
         }
         for (const auto& [luminance, name] : pairs(expected.greys)) check(0, luminance, 0, name);
         EXPECT_EQ(at, cells.size());

@@ -45,7 +45,7 @@ protected:
         return {};
     }
     // What each key of a walk comes to; "" on the strip.
-    std::string walked(std::vector<int16_t> keys) {
+    std::string walked(const std::vector<int16_t>& keys) {
         for (const int16_t key : keys) EXPECT_TRUE(model.walk(key)) << key;
         return model.walkCell() ? toUtf8(model.walkCell()->Name()) : "";
     }

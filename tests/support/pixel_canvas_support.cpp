@@ -54,7 +54,7 @@ void PixelCanvas::fillPolygon(std::span<const PixelPoint> points, Rgb colour) {
 }
 
 void PixelCanvas::drawText(TextView text, const PixelRect& rect, const TextStyle& style) {
-    stamp(rect, std::hash<TextView>()(text) + style.colour.value * 3 +
+    stamp(rect, std::hash<TextView>()(text) + uint64_t{style.colour.value} * 3 +
                     static_cast<uint64_t>(style.horizontal) + static_cast<uint64_t>(style.font.weight));
 }
 

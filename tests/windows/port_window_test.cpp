@@ -358,7 +358,7 @@ TEST(AppearanceTest, AnswersWhatTheSystemHas) {
     EXPECT_EQ(at96.height(), appearance.measure(u"X", tahoma, Dpi(96)).height);
     const PixelSize wide = appearance.measure(u"Some text", tahoma, Dpi(192));
     const PixelSize narrow = appearance.measure(u"Some text", tahoma, Dpi(96));
-    EXPECT_NEAR(wide.width, 2 * narrow.width, narrow.width / 3);
+    EXPECT_NEAR(wide.width, 2 * narrow.width, narrow.width / 3.0);
     EXPECT_EQ(appearance.measure(u"", tahoma, Dpi(96)).width, 0);
     EXPECT_GT(appearance.measure(u"x", {u"No such face", -5}, Dpi(96)).width, 0);
     EXPECT_GT(appearance.measure(u"x", {u"Tahoma", 1e300}, Dpi(960)).width, 0);
@@ -380,12 +380,13 @@ TEST(RegistryTest, ReadsBytesAsTheSystemKeepsThem) {
         RegSetValueExA(key, name, 0, type, reinterpret_cast<const BYTE*>(bytes), size);
     };
     put("Text", REG_SZ, "6.1", 4);
-    put("Number", REG_DWORD, "\1\0\0\0", 4);
+    constexpr DWORD one = 1;
+    put("Number", REG_DWORD, reinterpret_cast<const char*>(&one), sizeof one);
     put("Long", REG_SZ, std::string(400, 'x').c_str(), 401);
     RegCloseKey(key);
 
     win32::Win32Platform platform(GetModuleHandleW(nullptr));
-    constexpr int32_t currentUser = static_cast<int32_t>(0x80000001);
+    constexpr auto currentUser = static_cast<int32_t>(0x80000001);
     {
         const auto opened = platform.registry().open(currentUser, u"SOFTWARE\\orbektest", KEY_ALL_ACCESS);
         ASSERT_TRUE(opened);
@@ -462,8 +463,8 @@ TEST(GdiCanvasTest, TextKeepsToItsRectangleAndItsAlignment) {
     style.horizontal = HorizontalAlignment::centre;
     style.vertical = VerticalAlignment::centre;
     const PixelRect middle = inkOf(u"HHH", style, rect);
-    EXPECT_NEAR((middle.left + middle.right) / 2, 100, 2);
-    EXPECT_NEAR((middle.top + middle.bottom) / 2, 30, 2);
+    EXPECT_NEAR(middle.left + middle.right, 200, 4);
+    EXPECT_NEAR(middle.top + middle.bottom, 60, 4);
 
     const Text tooLong(300, u'H');
     for (const bool ellipsis : {true, false}) {
@@ -607,7 +608,7 @@ TEST_F(WindowTest, AScreenReaderFindsThePartsAndTheChildWindows) {
     const auto name = [&](LONG id) {
         BSTR text = nullptr;
         accessible->get_accName(child(id), &text);
-        const Text result = win32::fromWide({text ? text : L"", SysStringLen(text)});
+        Text result = win32::fromWide({text ? text : L"", SysStringLen(text)});
         SysFreeString(text);
         return result;
     };

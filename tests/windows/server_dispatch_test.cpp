@@ -9,6 +9,7 @@
 
 #include <cstring>
 #include <cwctype>
+#include <span>
 
 namespace obk {
 namespace {
@@ -48,20 +49,17 @@ std::string label(const std::wstring& control, const Member& member) {
     return container::toUtf8(control + L"." + member.name);
 }
 
-Variant raw(VARTYPE type, const void* bytes, size_t size) {
+template <typename T>
+Variant plain(VARTYPE type, const T& value) {
     VARIANT variant{};
     V_VT(&variant) = type;
-    std::memcpy(&V_NONE(&variant), bytes, size);
+    const auto bytes = std::as_bytes(std::span(&value, 1));
+    std::memcpy(&V_NONE(&variant), bytes.data(), bytes.size());
     return Variant(variant);
 }
 template <typename T>
-Variant plain(VARTYPE type, T value) {
-    return raw(type, &value, sizeof value);
-}
-template <typename T>
 Variant reference(VARTYPE type, T& value) {
-    T* pointer = &value;
-    return raw(static_cast<VARTYPE>(type | VT_BYREF), &pointer, sizeof pointer);
+    return plain(static_cast<VARTYPE>(type | VT_BYREF), &value);
 }
 
 // An object whose default property is a given value, and nothing else.
@@ -110,11 +108,13 @@ TEST_F(ServerDispatch, NamesAreFoundInAnyLetterCaseWithTheNumbersOfTheTypeLibrar
         for (const auto* list : {&members.properties(), &members.methods()}) {
             for (const Member& member : *list) {
                 std::vector<std::wstring> names{member.name};
+                names.reserve(member.arguments.size() + 1);
                 for (const auto& argument : member.arguments) names.push_back(argument.name);
                 for (std::wstring& each : names) {
                     for (wchar_t& letter : each) letter = static_cast<wchar_t>(std::towupper(letter));
                 }
                 std::vector<LPOLESTR> pointers;
+                pointers.reserve(names.size());
                 for (std::wstring& each : names) pointers.push_back(each.data());
                 std::vector<DISPID> ids(names.size(), 999);
                 ASSERT_EQ(dispatch->GetIDsOfNames(IID_NULL, pointers.data(),
@@ -292,7 +292,7 @@ TEST_F(ServerDispatch, ConversionsFollowThePlatform) {
     EXPECT_EQ(putOn(L"Max", Variant::missing(), &wrong), DISP_E_PARAMNOTOPTIONAL) << "nothing to put";
 }
 
-TEST_F(ServerDispatch, ArgumentsMayBeNamedLeftOutOrByReference) {
+TEST_F(ServerDispatch, ArgumentsMayBeNamedOrByReferenceAndNoneIsMissing) {
     const DISPID keyLock = number(L"KeyLock");
     const auto answer = [&](Call call) {
         EXPECT_EQ(call.on(box.get(), keyLock), S_OK);
@@ -301,8 +301,13 @@ TEST_F(ServerDispatch, ArgumentsMayBeNamedLeftOutOrByReference) {
     // Declared order: KeyAscii, Extra_Check, Extra_sText.
     EXPECT_EQ(answer({DISPATCH_METHOD, {L"125", true, 46L}, {}, {}, 0}), 46);
     EXPECT_EQ(answer({DISPATCH_METHOD, {46L, L"12.5", true}, {0, 2, 1}, {}, 0}), 0) << "all by name";
-    EXPECT_EQ(answer({DISPATCH_METHOD, {L"125", 46L}, {2}, {}, 0}), 0) << "no check: a point is refused";
-    EXPECT_EQ(answer({DISPATCH_METHOD, {Variant::missing(), Variant::missing(), 56L}, {}, {}, 0}), 56);
+    for (const Call& missing :
+         {Call{DISPATCH_METHOD, {L"125", 46L}, {2}, {}, 0},
+          Call{DISPATCH_METHOD, {Variant::missing(), Variant::missing(), 56L}, {}, {}, 0},
+          Call{DISPATCH_METHOD, {}, {}, {}, 0}}) {
+        Call call = missing;
+        EXPECT_EQ(call.on(box.get(), keyLock), DISP_E_PARAMNOTOPTIONAL);
+    }
     Bstr text(L"125");
     BSTR bstr = text.get();
     VARIANT inVariant{};

@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <map>
 
 namespace obk {
@@ -23,7 +24,7 @@ void collect(HKEY key, const std::wstring& path, Snapshot& snapshot) {
         if (RegEnumValueW(key, at, name, &length, nullptr, &type, nullptr, &size) != ERROR_SUCCESS) break;
         std::wstring data(size / sizeof(wchar_t) + 1, L'\0');
         RegQueryValueExW(key, name, nullptr, nullptr, reinterpret_cast<BYTE*>(data.data()), &size);
-        data.resize(data.find(L'\0'));
+        data.resize(std::min(data.find(L'\0'), data.size()));
         snapshot[path + L":" + name] = data;
     }
     for (DWORD at = 0;; ++at) {

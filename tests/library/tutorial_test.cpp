@@ -85,7 +85,7 @@ std::string content(const std::filesystem::path& file) {
 
 TEST(Tutorial, ThePageQuotesItsSourcesWhole) {
     const std::filesystem::path repository = OBK_REPOSITORY_DIR;
-    const std::string opening = "`tests/tutorial/";
+    const std::string opening = "`docs/tutorial/";
     std::map<std::string, std::vector<std::string>> quoted;
     // A block of code belongs to the file that was named last before it.
     std::string file;
@@ -98,9 +98,8 @@ TEST(Tutorial, ThePageQuotesItsSourcesWhole) {
         else if (const size_t at = line.find(opening); at != std::string::npos)
             file = line.substr(at + opening.size(), line.find('`', at + 1) - at - opening.size());
     }
-    for (const auto& entry : std::filesystem::directory_iterator(repository / "tests/tutorial")) {
+    for (const auto& entry : std::filesystem::directory_iterator(repository / "docs/tutorial")) {
         const std::string name = entry.path().filename().string();
-        if (name.ends_with("_test.cpp")) continue;
         EXPECT_EQ(quoted[name], lines(content(entry.path()))) << name;
         quoted.erase(name);
     }
