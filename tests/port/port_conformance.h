@@ -316,6 +316,45 @@ TEST_P(PortConformance, TheFocusIsLostBeforeItIsGainedAndStaysInTheSurface) {
     EXPECT_TRUE(left);
 }
 
+TEST_P(PortConformance, AnotherApplicationIsNoLeaving) {
+    openFocused();
+    const auto away = [&] {
+        driver->leaveApplication();
+        EXPECT_TRUE(first->hasFocus() && area->hasFocus());
+        return taken();
+    };
+    EXPECT_EQ(away(), Journal{});
+    driver->returnToApplication(first->window());
+    EXPECT_EQ(taken(), Journal{}) << "it has never left";
+    driver->key('A');
+    EXPECT_EQ(firstClient.text, u"a");
+    taken();
+    away();
+    driver->returnToApplication(0);
+    EXPECT_EQ(taken(), (Journal{"first.focusLost"}));
+    EXPECT_FALSE(area->hasFocus());
+    first->focus();
+    driver->settle();
+    taken();
+    away();
+    driver->returnToApplication(second->window());
+    EXPECT_EQ(taken(), (Journal{"first.focusLost", "second.focusGained"}));
+    // What cannot have the focus any more has lost it, there as here; and panels go.
+    AreaClient panelClient(journal, "panel");
+    const auto panel = driver->platform().createSurface(
+        panelClient, {SurfacePlacement::Kind::panel, area->window(), {300, 200, 360, 240}});
+    ASSERT_TRUE(panel);
+    panel->setVisible(true);
+    driver->settle();
+    taken();
+    driver->leaveApplication();
+    EXPECT_EQ(taken(), (Journal{"panel.hostMoved"}));
+    second->setEnabled(false);
+    EXPECT_EQ(taken(), (Journal{"second.focusLost"}));
+    driver->returnToApplication(0);
+    EXPECT_EQ(taken(), Journal{});
+}
+
 TEST_P(PortConformance, NoFocusWhileDisabledOrInvisible) {
     openBoxes();
     const auto refused = [&](const char* why) {

@@ -37,6 +37,10 @@ public:
     virtual void focusHost() = 0;
     // Asks the window system itself to give the focus to a window.
     virtual void askFocus(NativeWindow window) = 0;
+    // The person turns to another application, and comes back to a host that gives the focus to `window`, or
+    // with 0 to itself.
+    virtual void leaveApplication() = 0;
+    virtual void returnToApplication(NativeWindow window) = 0;
     // Another window takes the mouse capture.
     virtual void takeCaptureAway() = 0;
     // Lets `time` pass.

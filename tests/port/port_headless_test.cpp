@@ -53,6 +53,11 @@ public:
         platform_.setFocus(window);
         settle();
     }
+    void leaveApplication() override {
+        platform_.leaveApplication();
+        settle();
+    }
+    void returnToApplication(NativeWindow window) override { askFocus(window); }
     void takeCaptureAway() override {
         platform_.stealCapture();
         settle();

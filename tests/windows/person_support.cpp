@@ -6,6 +6,53 @@
 
 namespace obk::testing_support {
 
+namespace {
+
+constexpr UINT comeToFrontMessage = WM_APP;
+
+LRESULT CALLBACK elsewhere(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == comeToFrontMessage) return SetForegroundWindow(window);
+    if (message == WM_DESTROY) PostQuitMessage(0);
+    return DefWindowProcW(window, message, wParam, lParam);
+}
+
+struct Start {
+    HWND window = nullptr;
+    HANDLE ready = CreateEventW(nullptr, TRUE, FALSE, nullptr);
+};
+
+DWORD WINAPI liveElsewhere(void* parameter) {
+    auto& start = *static_cast<Start*>(parameter);
+    const HWND window = CreateWindowExW(0, L"STATIC", L"Elsewhere", WS_POPUP | WS_VISIBLE, 700, 10, 60, 20,
+                                        nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
+    SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(elsewhere));
+    start.window = window;
+    SetEvent(start.ready);
+    MSG message{};
+    while (GetMessageW(&message, nullptr, 0, 0) > 0) DispatchMessageW(&message);
+    return 0;
+}
+
+}  // namespace
+
+OtherApplication::OtherApplication() {
+    Start start;
+    thread_ = CreateThread(nullptr, 0, liveElsewhere, &start, 0, nullptr);
+    WaitForSingleObject(start.ready, INFINITE);
+    CloseHandle(start.ready);
+    window_ = start.window;
+}
+
+OtherApplication::~OtherApplication() {
+    PostMessageW(window_, WM_CLOSE, 0, 0);
+    WaitForSingleObject(thread_, 5000);
+    CloseHandle(thread_);
+}
+
+void OtherApplication::comeToFront() const {
+    PostMessageW(window_, comeToFrontMessage, 0, 0);
+}
+
 Person::Person(container::MessageLoop& loop, HWND form) : loop_(loop) {
     SetForegroundWindow(form);
     SetFocus(form);

@@ -42,6 +42,21 @@ private:
     container::MessageLoop& loop_;
 };
 
+// A window of a thread of its own, which is another application to this one's windows.
+class OtherApplication {
+public:
+    OtherApplication();
+    OtherApplication(const OtherApplication&) = delete;
+    OtherApplication& operator=(const OtherApplication&) = delete;
+    ~OtherApplication();
+    // The person turns to it. The windows of this thread hear of it with their next messages.
+    void comeToFront() const;
+
+private:
+    HANDLE thread_ = nullptr;
+    HWND window_ = nullptr;
+};
+
 // A form with one control that shows, another field below it, and someone at the keyboard.
 class PersonAtControl : public ::testing::Test {
 protected:

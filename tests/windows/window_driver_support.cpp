@@ -83,6 +83,22 @@ void WindowDriver::askFocus(NativeWindow window) {
     pumpAll();
 }
 
+void WindowDriver::leaveApplication() {
+    if (!elsewhere_) elsewhere_ = std::make_unique<OtherApplication>();
+    elsewhere_->comeToFront();
+    EXPECT_TRUE(pumpUntil([] { return !GetActiveWindow() && !GetFocus(); }));
+    pumpAll();
+}
+
+void WindowDriver::returnToApplication(NativeWindow window) {
+    SetForegroundWindow(host_);
+    EXPECT_TRUE(pumpUntil([this] { return GetActiveWindow() == host_ && GetFocus(); }));
+    const HWND wanted = window ? reinterpret_cast<HWND>(window) : host_;
+    SetFocus(wanted);
+    // What stays with the host is noticed a moment later.
+    pass(std::chrono::milliseconds(40));
+}
+
 void WindowDriver::takeCaptureAway() {
     SetCapture(host_);
     ReleaseCapture();

@@ -36,6 +36,8 @@ public:
     void wheel(int32_t delta) override { person_.turnWheel(delta); }
     void focusHost() override;
     void askFocus(NativeWindow window) override;
+    void leaveApplication() override;
+    void returnToApplication(NativeWindow window) override;
     void takeCaptureAway() override;
     void pass(std::chrono::milliseconds time) override { person_.wait(time); }
     void settle() override { pumpAll(); }
@@ -45,6 +47,7 @@ private:
     win32::Win32Platform platform_;
     container::MessageLoop loop_;
     Person person_{loop_, host_};
+    std::unique_ptr<OtherApplication> elsewhere_;  // made when a test needs one
 };
 
 }  // namespace obk::testing_support

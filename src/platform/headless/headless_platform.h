@@ -55,12 +55,14 @@ public:
     void wheel(NativeWindow surface, const WheelEvent& event);
     // Lets go of something dragged from elsewhere. What was done with it; none where it cannot be dropped.
     int32_t drop(NativeWindow surface, DropEvent event);
-    // Gives the focus to a window that is not in a panel, or with 0 to another application.
+    // Gives the focus to a window that is not in a panel, or with 0 to the host itself.
     void setFocus(NativeWindow window);
     // Another window takes the capture.
     void stealCapture();
     // The host's window is moved, minimised, hidden or closed.
     void moveHost();
+    // The person turns to another application: whoever has the focus keeps it, panels go.
+    void leaveApplication() { moveHost(); }
     // Time passes; timers tick in their order.
     void advance(std::chrono::milliseconds time);
     // Paints what is invalid, as the window system does when nothing else is under way.

@@ -106,6 +106,7 @@ void ClientWindow::replace(HWND window) {
     SetWindowLongPtrW(old, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(ownOfOld));
     adopt(window);
     tracking_ = false;
+    environment_->away().replaced(old, window);
     if (GetFocus() == old) SetFocus(window);
     DestroyWindow(old);
 }
@@ -119,7 +120,7 @@ void ClientWindow::close() {
 void ClientWindow::setEnabled(bool enabled) {
     if (!window_ || (IsWindowEnabled(window_) != FALSE) == enabled) return;
     // The system takes the focus from this window, but not from one inside it.
-    if (!enabled && holdsFocus()) SetFocus(nullptr);
+    if (!enabled) giveFocusTo(nullptr);
     if (window_) EnableWindow(window_, enabled);
 }
 
@@ -132,8 +133,26 @@ void ClientWindow::focus() {
 }
 
 bool ClientWindow::holdsFocus() const {
-    const HWND focus = GetFocus();
+    HWND focus = GetFocus();
+    if (!focus) focus = environment_->away().window();
     return window_ && focus && (focus == window_ || IsChild(window_, focus));
+}
+
+void ClientWindow::focusLeft() {
+    const Hold hold(*this);
+    if (listening()) client_->focusLost();
+}
+
+void ClientWindow::giveFocusTo(HWND window) {
+    if (!holdsFocus()) return;
+    if (environment_->away().window())
+        environment_->away().leave();
+    else
+        SetFocus(window);
+}
+
+bool ClientWindow::isOne(HWND window) {
+    return reinterpret_cast<WNDPROC>(GetWindowLongPtrW(window, GWLP_WNDPROC)) == procedure;
 }
 
 LRESULT CALLBACK ClientWindow::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -146,6 +165,7 @@ LRESULT CALLBACK ClientWindow::procedure(HWND window, UINT message, WPARAM wPara
             const LRESULT result = self->systemDefault(whole);
             SetWindowLongPtrW(window, GWLP_USERDATA, 0);
             self->window_ = nullptr;
+            self->environment_->away().replaced(window, nullptr);
             self->destroyed();
             self->keptByWindow_.reset();
             return result;
@@ -183,18 +203,17 @@ LRESULT ClientWindow::handle(const Message& message) {
             return character(message);
         case WM_GETDLGCODE:
             return dialogCode(message);
-        case WM_SETFOCUS:
-        case WM_KILLFOCUS: {
+        case WM_SETFOCUS: {
             // A key that was used when it went down may have been released elsewhere.
-            if (message.code == WM_SETFOCUS) discardCharacter_ = false;
+            discardCharacter_ = false;
             const LRESULT result = defaultFor(message);
-            if (listening()) {
-                if (message.code == WM_SETFOCUS) {
-                    client_->focusGained();
-                } else {
-                    client_->focusLost();
-                }
-            }
+            const bool back = environment_->away().returnedTo(*this);
+            if (!back && listening()) client_->focusGained();
+            return result;
+        }
+        case WM_KILLFOCUS: {
+            const LRESULT result = defaultFor(message);
+            if (!environment_->away().keep(shared_from_this()) && listening()) client_->focusLost();
             return result;
         }
         case WM_MOUSEMOVE:

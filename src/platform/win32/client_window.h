@@ -32,7 +32,14 @@ public:
     void setEnabled(bool enabled);
     // Refused, without effect, unless a person could put the focus there.
     void focus();
-    bool holdsFocus() const;  // this window or one inside it
+    // This window or one inside it, also while the person works in another application.
+    bool holdsFocus() const;
+    // The focus, which another application had, does not come back here.
+    void focusLeft();
+    // The focus, if it is here, goes to another window, or with null to none.
+    void giveFocusTo(HWND window);
+    // Whether a window of this process is the inside of a peer.
+    static bool isOne(HWND window);
 
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 

@@ -1,6 +1,7 @@
 // What all windows of one platform share; lives until the last of them has gone.
 #pragma once
 
+#include "platform/win32/away_focus.h"
 #include "platform/win32/fonts.h"
 #include "platform/win32/key_router.h"
 #include "platform/win32/service_window.h"
@@ -29,6 +30,7 @@ public:
     FontCache& fonts() { return fonts_; }
     KeyRouter& keys() { return keys_; }
     ServiceWindow& service() { return service_; }
+    AwayFocus& away() { return away_; }
     // Registered on first use; null when the system refuses.
     const wchar_t* surfaceClass();
 
@@ -54,6 +56,7 @@ private:
     FontCache fonts_;
     KeyRouter keys_;
     ServiceWindow service_;
+    AwayFocus away_{service_};
 };
 
 }  // namespace obk::win32

@@ -34,6 +34,9 @@ LRESULT CALLBACK HostWatch::procedure(HWND window, UINT message, WPARAM wParam, 
             gone = (change.flags & still) != still || (change.flags & SWP_HIDEWINDOW) != 0;
             break;
         }
+        case WM_ACTIVATEAPP:
+            gone = wParam == FALSE;
+            break;
         case WM_ENTERSIZEMOVE:
         case WM_DESTROY:
             gone = true;

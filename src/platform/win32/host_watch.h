@@ -1,4 +1,5 @@
-// Notices when the top-level window that something hangs on moves, changes its size, hides or goes.
+// Notices when the top-level window that something hangs on moves, changes its size, hides or goes, or
+// when the person turns to another application.
 #pragma once
 
 #include <windows.h>

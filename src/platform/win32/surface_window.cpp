@@ -111,7 +111,7 @@ void SurfaceWindow::show() {
     if (shown == ((GetWindowLongW(window, GWL_STYLE) & WS_VISIBLE) != 0)) return;
     if (!shown) {
         // The system moves the focus out of this window, but not out of one inside it.
-        if (holdsFocus()) SetFocus(GetParent(window));
+        giveFocusTo(GetParent(window));
         ShowWindow(window, SW_HIDE);
         return;
     }
