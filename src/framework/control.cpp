@@ -33,6 +33,12 @@ std::shared_ptr<void> hold(std::shared_ptr<Control> control) {
     return std::make_shared<Held>(std::move(control));
 }
 
+// A container may give one font object to every control that it loads; none of them means to share it.
+Value ownFont(const Value& value) {
+    const auto* font = std::get_if<FontRef>(&value);
+    return font && *font ? Value(std::make_shared<SharedFont>((*font)->description())) : value;
+}
+
 bool equal(const Value& left, const Value& right) {
     const auto* font = std::get_if<FontRef>(&left);
     const auto* otherFont = std::get_if<FontRef>(&right);
@@ -80,7 +86,7 @@ void Control::load(PropertyBag& bag) {
             const std::optional<Value> own =
                 converted(stored ? *stored : resolved(row.readDefault, *this), row.type);
             if (own)
-                row.load(*this, *own);
+                row.load(*this, ownFont(*own));
             else if (stored)
                 tellUnconverted({.kind = LeftUndone::Kind::stored, .subject = row.readKey}, *stored,
                                 row.type);
@@ -228,6 +234,10 @@ void Control::surfaceChanged() {
     root_.appearanceChanged();
     root_.placed();
     root_.invalidate();
+}
+
+void Control::surfaceLooksDifferent() {
+    if (host_ && !loading_) attempt([&] { host_->viewChanged(); });
 }
 
 void Control::closePanels() {

@@ -100,6 +100,7 @@ private:
     void focusLeft() override;
     void surfaceCaptureLost() override {}
     void surfaceChanged() override;
+    void surfaceLooksDifferent() override;
     void closePanels();
 
     Container root_;

@@ -66,11 +66,15 @@ void Surface::setToolTip(const PixelRect& rect, TextView text) {
 }
 
 void Surface::invalidate(const PixelRect& rect) {
-    if (peer_ && !rect.empty()) attempt([&] { peer_->invalidate(rect); });
+    if (!peer_ || rect.empty()) return;
+    looksDifferent_ = true;
+    attempt([&] { peer_->invalidate(rect); });
 }
 
 void Surface::scroll(const PixelRect& rect, int32_t x, int32_t y) {
-    if (peer_ && !rect.empty()) attempt([&] { peer_->scroll(rect, x, y); });
+    if (!peer_ || rect.empty()) return;
+    looksDifferent_ = true;
+    attempt([&] { peer_->scroll(rect, x, y); });
 }
 
 bool Surface::takeFocus() {
@@ -225,8 +229,14 @@ void Surface::focusLost() {
 }
 
 void Surface::paint(Canvas& canvas, const PixelRect& dirty) {
-    const CanvasClip clip(canvas, dirty);
-    root_.paint(canvas, root_.pixelBounds());
+    {
+        const CanvasClip clip(canvas, dirty);
+        // A container may have given the window another size than the root keeps.
+        const PixelRect own = root_.pixelBounds();
+        if (dirty.intersected(own) != dirty) canvas.fillRect(dirty, root_.rgb(root_.BackColor()));
+        root_.paint(canvas, own);
+    }
+    if (std::exchange(looksDifferent_, false)) owner_.surfaceLooksDifferent();
 }
 
 void Surface::captureLost() {

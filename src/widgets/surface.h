@@ -42,6 +42,8 @@ public:
     // Shown when the mouse rests inside `rect`; an empty text removes it. One at a time.
     void setToolTip(const PixelRect& rect, TextView text);
     void invalidate(const PixelRect& rect);
+    // A child's window shows something else.
+    void childLooksDifferent() { owner_.surfaceLooksDifferent(); }
     // Moves what is drawn inside a rectangle and invalidates what is uncovered.
     void scroll(const PixelRect& rect, int32_t x, int32_t y);
     // Whether the focus is in the window or one of its children.
@@ -109,6 +111,7 @@ private:
     bool holding_ = false;
     bool resting_ = false;  // the held capture, while a menu is open
     bool placed_ = false;
+    bool looksDifferent_ = false;  // from what was painted last
 };
 
 }  // namespace obk

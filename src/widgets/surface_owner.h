@@ -19,6 +19,8 @@ public:
     virtual void surfaceChanged() = 0;  // another DPI, other system colours or metrics
     // Of a panel: the window that it belongs to moved, was minimised, hidden or closed.
     virtual void surfaceHostMoved() {}
+    // What it shows is not what it showed: told once it has been painted, or a child window has changed.
+    virtual void surfaceLooksDifferent() {}
     virtual AccessibleItem describeSurface() const = 0;
     virtual void surfaceKeyDown(KeyEvent&) {}
     virtual void surfaceKeyUp(KeyEvent&) {}

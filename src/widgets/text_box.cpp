@@ -214,6 +214,7 @@ void TextBox::textChanged(Text text) {
     if (text == text_) return;
     text_ = std::move(text);
     changed();
+    if (Surface* shownOn = surface()) shownOn->childLooksDifferent();
 }
 
 HorizontalAlignment TextBox::horizontalAlignment() const {
