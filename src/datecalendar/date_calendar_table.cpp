@@ -1,4 +1,5 @@
 #include "datecalendar/date_calendar.h"
+#include "framework/choices.h"
 #include "framework/table_builder.h"
 
 namespace obk {
@@ -20,6 +21,7 @@ const ControlTable& DateCalendar::memberTable() {
                 2, u"bMOUSEPOSLOC", u"Whether the mouse is over the field; the same as MousePosn")
             .property<&C::BorderStyle, &C::SetBorderStyle>(
                 3, u"BorderStyle", u"Border of the field: 0 none, 1 a border; not stored with a form")
+            .choices(borderChoices())
             .property<&C::bPOSITIONDEFAULT, &C::SetbPOSITIONDEFAULT>(
                 4, u"bPOSITIONDEFAULT",
                 u"Whether the calendar drops down where there is room; else it goes up")

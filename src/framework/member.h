@@ -50,6 +50,8 @@ struct Member {
     Text help;
     ValueType type = ValueType::empty;         // of a property's value or a method's result; empty: no result
     const Enumeration* enumeration = nullptr;  // the values of a longInteger that has names
+    // Names for the values of a number that has no public enumeration, for people at a property browser.
+    std::span<const EnumerationValue> choices;
     std::vector<Parameter> parameters;
     bool neverRaised = false;     // an event that hosts know and that nothing raises
     bool putByReference = false;  // a font or picture, which hosts put with "Set" as well

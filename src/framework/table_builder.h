@@ -35,6 +35,11 @@ public:
         row.putByReference = row.type == ValueType::font || row.type == ValueType::picture;
         return *this;
     }
+    // Names for the values of the property before, for people at a property browser; they outlive the table.
+    TableBuilder& choices(std::span<const EnumerationValue> named) {
+        rows_.table.members.back().choices = named;
+        return *this;
+    }
     template <auto Getter>
     TableBuilder& readOnlyProperty(int32_t number, TextView name, TextView help) {
         using Read = detail::PropertyRead<Getter>;

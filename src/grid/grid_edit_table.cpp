@@ -1,3 +1,4 @@
+#include "framework/choices.h"
 #include "framework/table_builder.h"
 #include "grid/grid_edit.h"
 
@@ -41,6 +42,7 @@ const ControlTable& GridEdit::memberTable() {
                 12, u"BarHeaderSort",
                 u"Sorts by the column at which the header bar was last pressed, downwards at first and then in turn")
             .property<&C::BorderStyle, &C::SetBorderStyle>(13, u"BorderStyle", u"Show/hide the Grid Border")
+            .choices(borderChoices())
             .method<&C::BoxHide>(
                 14, u"BoxHide",
                 u"Closes the editor and keeps what it holds; raises ChangeEdited in any case, and Change and ChangePost where an editor was open")

@@ -1,6 +1,7 @@
 #include "library/manifest_writer.h"
 
 #include "library/class_facts.h"
+#include "library/property_pages.h"
 
 namespace obk {
 
@@ -24,6 +25,8 @@ std::string writeManifest(const Library& library) {
         text += u"      <progid>" + programmaticId(*table) + u"</progid>\n";
         text += u"    </comClass>\n";
     }
+    for (const PropertyPageFacts& page : propertyPages())
+        text += u"    <comClass clsid=\"{" + guidDigits(page.id) + u"}\" threadingModel=\"Apartment\"/>\n";
     text += u"    <typelib tlbid=\"{" + guidDigits(library.id) + u"}\" version=\"" + version +
             u"\" helpdir=\"\" resourceid=\"1\"/>\n";
     text += u"  </file>\n</assembly>\n";

@@ -1,6 +1,7 @@
 #include "library/registration.h"
 
 #include "library/class_facts.h"
+#include "library/property_pages.h"
 
 namespace obk {
 
@@ -111,6 +112,15 @@ Entries classEntries(const Library& library, const ControlTable& table, const Te
     return entries;
 }
 
+Entries pageEntries(const Library& library, const PropertyPageFacts& page, const Text& file) {
+    const Text key = u"CLSID\\" + inBraces(page.id);
+    Entries entries;
+    entries.add(key, library.description + u", property page " + Text(page.title));
+    entries.add(key + u"\\InprocServer32", file);
+    entries.add(key + u"\\InprocServer32", u"Apartment", u"ThreadingModel");
+    return entries;
+}
+
 // Names and the type library are shared by both architectures.
 Entries versionedNameEntries(const ControlTable& table) {
     Entries entries;
@@ -156,12 +166,16 @@ bool registerServer(const Library& library, Architecture architecture, const Tex
         written = versionedNameEntries(*table).write(classes, architecture) && written;
         written = currentNameEntries(*table).write(classes, architecture) && written;
     }
+    for (const PropertyPageFacts& page : propertyPages())
+        written = pageEntries(library, page, file).write(classes, architecture) && written;
     return written;
 }
 
 bool unregisterServer(const Library& library, Architecture architecture, ClassesRegistry& classes) {
     const Architecture other = otherThan(architecture);
     bool removed = true;
+    for (const PropertyPageFacts& page : propertyPages())
+        removed = pageEntries(library, page, {}).remove(classes, architecture) && removed;
     for (const ControlTable* table : publicControls(library)) {
         removed = classEntries(library, *table, {}).remove(classes, architecture) && removed;
         // Asked once our own is gone, because both views may show the same keys.

@@ -2,6 +2,8 @@
 
 #include "framework/control.h"
 #include "framework/member_call.h"
+#include "library/property_pages.h"
+#include "library/property_text.h"
 
 #include "server/control_object.h"
 #include "server/variant_value.h"
@@ -14,38 +16,22 @@ namespace obk::server {
 
 namespace {
 
-// The system's own pages.
-constexpr GUID stockFontPage{0x7EBDAAE0, 0x8120, 0x11CF, {0x89, 0x9F, 0x00, 0xAA, 0x00, 0x68, 0x8B, 0x10}};
-constexpr GUID stockColourPage{0x7EBDAAE1, 0x8120, 0x11CF, {0x89, 0x9F, 0x00, 0xAA, 0x00, 0x68, 0x8B, 0x10}};
-constexpr GUID stockPicturePage{0x7EBDAAE2, 0x8120, 0x11CF, {0x89, 0x9F, 0x00, 0xAA, 0x00, 0x68, 0x8B, 0x10}};
-
-const GUID* pageFor(const Member& property) {
+PropertyCategory categoryOf(const Member& property) {
     switch (property.type) {
-        case ValueType::colour:
-            return &stockColourPage;
         case ValueType::font:
-            return &stockFontPage;
+            return PropertyCategory::font;
+        case ValueType::colour:
         case ValueType::picture:
-            return &stockPicturePage;
+            return PropertyCategory::appearance;
+        case ValueType::text:
+            return PropertyCategory::text;
+        case ValueType::doubleFloat:
+            return PropertyCategory::data;
         default:
-            return nullptr;
+            return choicesOf(property).empty()           ? PropertyCategory::data
+                   : property.type == ValueType::boolean ? PropertyCategory::behaviour
+                                                         : PropertyCategory::appearance;
     }
-}
-
-// One value that a property browser offers.
-struct Choice {
-    Text text;
-    Value value;
-};
-
-std::vector<Choice> choicesOf(const Member& property) {
-    if (property.type == ValueType::boolean) return {{u"False", false}, {u"True", true}};
-    std::vector<Choice> choices;
-    if (property.enumeration) {
-        for (const EnumerationValue& value : property.enumeration->values)
-            choices.push_back({decimalText(value.value) + u" - " + value.name, value.value});
-    }
-    return choices;
 }
 
 const Member* readableProperty(const ControlTable& table, DISPID id) {
@@ -68,7 +54,7 @@ HRESULT PropertyBrowsingPart::GetDisplayString(DISPID id, BSTR* text) {
         if (!property) return DISP_E_MEMBERNOTFOUND;
         Value value;
         getProperty(object_.control(), *property, value);
-        for (const Choice& choice : choicesOf(*property)) {
+        for (const PropertyChoice& choice : choicesOf(*property)) {
             if (choice.value != value) continue;
             *text = newBstr(choice.text);
             return *text ? S_OK : E_OUTOFMEMORY;
@@ -82,9 +68,9 @@ HRESULT PropertyBrowsingPart::MapPropertyToPage(DISPID id, CLSID* page) {
     *page = CLSID_NULL;
     const Member* property = readableProperty(object_.table(), id);
     if (!property) return DISP_E_MEMBERNOTFOUND;
-    const GUID* found = pageFor(*property);
+    const PropertyPageFacts* found = pageOf(object_.table(), *property);
     if (!found) return PERPROP_E_NOPAGEAVAILABLE;
-    *page = *found;
+    *page = systemGuid(found->id);
     return S_OK;
 }
 
@@ -96,7 +82,8 @@ HRESULT PropertyBrowsingPart::GetPredefinedStrings(DISPID id, CALPOLESTR* texts,
         const Member* member = object_.table().member(id);
         if (!member || member->kind != MemberKind::property) return DISP_E_MEMBERNOTFOUND;
         // A browser shows what is chosen, which it cannot where nothing can be read.
-        const std::vector<Choice> choices = member->get ? choicesOf(*member) : std::vector<Choice>();
+        const std::vector<PropertyChoice> choices =
+            member->get ? choicesOf(*member) : std::vector<PropertyChoice>();
         if (choices.empty()) return S_FALSE;
         auto* names = newTaskArray<LPOLESTR>(choices.size());
         auto* numbers = newTaskArray<DWORD>(choices.size());
@@ -125,23 +112,34 @@ HRESULT PropertyBrowsingPart::GetPredefinedValue(DISPID id, DWORD cookie, VARIAN
     return perform([&]() -> HRESULT {
         const Member* property = readableProperty(object_.table(), id);
         if (!property) return DISP_E_MEMBERNOTFOUND;
-        const std::vector<Choice> choices = choicesOf(*property);
+        const std::vector<PropertyChoice> choices = choicesOf(*property);
         return cookie < choices.size() ? variantFromValue(choices[cookie].value, *value) : E_INVALIDARG;
     });
+}
+
+HRESULT CategoriesPart::MapPropertyToCategory(DISPID id, PropertyCategory* category) {
+    if (!category) return E_POINTER;
+    *category = PropertyCategory::misc;
+    const Member* member = object_.table().member(id);
+    if (!member || member->kind != MemberKind::property) return DISP_E_MEMBERNOTFOUND;
+    *category = categoryOf(*member);
+    return S_OK;
+}
+
+HRESULT CategoriesPart::GetCategoryName(PropertyCategory, LCID, BSTR* name) {
+    if (!name) return E_POINTER;
+    *name = nullptr;
+    return S_FALSE;  // all are the browser's own
 }
 
 HRESULT PropertyPagesPart::GetPages(CAUUID* pages) {
     if (!pages) return E_POINTER;
     *pages = {};
     return perform([&]() -> HRESULT {
-        std::vector<const GUID*> wanted;
-        for (const Member& member : object_.table().members) {
-            const GUID* page = member.put ? pageFor(member) : nullptr;
-            if (page && std::find(wanted.begin(), wanted.end(), page) == wanted.end()) wanted.push_back(page);
-        }
+        const std::vector<const PropertyPageFacts*> wanted = pagesOf(object_.table());
         auto* ids = newTaskArray<GUID>(wanted.size());
         if (!ids) return E_OUTOFMEMORY;
-        for (size_t at = 0; at < wanted.size(); ++at) ids[at] = *wanted[at];
+        for (size_t at = 0; at < wanted.size(); ++at) ids[at] = systemGuid(wanted[at]->id);
         *pages = {static_cast<ULONG>(wanted.size()), ids};
         return S_OK;
     });

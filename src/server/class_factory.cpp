@@ -1,13 +1,13 @@
 #include "server/class_factory.h"
 
-#include "server/control_object.h"
+#include "server/module.h"
 
 namespace obk::server {
 
-ClassFactory::ClassFactory(const ControlTable& table) : ComObject(module::presence()), table_(table) {}
+ClassFactory::ClassFactory(Create create) : ComObject(module::presence()), create_(std::move(create)) {}
 
 HRESULT ClassFactory::CreateInstance(IUnknown* outer, REFIID iid, void** result) {
-    return ControlObject::create(table_, outer, iid, result);
+    return create_(outer, iid, result);
 }
 
 HRESULT ClassFactory::LockServer(BOOL lock) {

@@ -36,14 +36,18 @@ ControlObject::ControlObject(const ControlTable& table, IUnknown* outer)
       inPlaceObject_(*this),
       activeObject_(*this),
       view_(*this),
+      data_(*this),
+      quickActivate_(*this),
       propertyBag_(*this),
       stream_(*this),
       storage_(*this),
       connections_(*this, table),
       classInfo_(*this),
       browsing_(*this),
+      categories_(*this),
       pages_(*this) {
     control_->setHost(this);
+    setExtent(control_->width(), control_->height());
 }
 
 ControlObject::~ControlObject() {
@@ -59,13 +63,19 @@ IUnknown* ControlObject::find(REFIID iid) {
     if (iid == __uuidof(IOleControl)) return &oleControl_;
     if (iid == __uuidof(IOleInPlaceObject) || iid == __uuidof(IOleWindow)) return &inPlaceObject_;
     if (iid == __uuidof(IOleInPlaceActiveObject)) return &activeObject_;
-    if (iid == __uuidof(IViewObject2) || iid == __uuidof(IViewObject)) return &view_;
+    if (iid == __uuidof(IViewObjectEx) || iid == __uuidof(IViewObject2) || iid == __uuidof(IViewObject))
+        return &view_;
+    if (iid == __uuidof(IDataObject)) return &data_;
+    if (iid == __uuidof(IQuickActivate)) return &quickActivate_;
     if (iid == __uuidof(IPersistPropertyBag)) return &propertyBag_;
-    if (iid == __uuidof(IPersistStreamInit) || iid == __uuidof(IPersist)) return &stream_;
+    // IPersistStream has the first functions of IPersistStreamInit, in the same order.
+    if (iid == __uuidof(IPersistStreamInit) || iid == __uuidof(IPersistStream) || iid == __uuidof(IPersist))
+        return &stream_;
     if (iid == __uuidof(IPersistStorage)) return &storage_;
     if (iid == __uuidof(IConnectionPointContainer)) return &connections_;
     if (iid == __uuidof(IProvideClassInfo2) || iid == __uuidof(IProvideClassInfo)) return &classInfo_;
     if (iid == __uuidof(IPerPropertyBrowsing)) return &browsing_;
+    if (iid == __uuidof(ICategorizeProperties)) return &categories_;
     if (iid == __uuidof(ISpecifyPropertyPages)) return &pages_;
     return nullptr;
 }
@@ -95,6 +105,7 @@ void ControlObject::close() {
 void ControlObject::loaded(PropertyBag& bag) {
     placed_ = true;
     control_->load(bag);
+    if (!session_.active()) setExtent(control_->width(), control_->height());
     dirty_ = false;
     viewChanged();
 }
@@ -102,6 +113,7 @@ void ControlObject::loaded(PropertyBag& bag) {
 void ControlObject::placedAfresh() {
     placed_ = true;
     control_->initNew();
+    if (!session_.active()) setExtent(control_->width(), control_->height());
     dirty_ = false;
     viewChanged();
 }
@@ -114,13 +126,29 @@ void ControlObject::freezeEvents(bool freeze) {
     }
 }
 
-void ControlObject::applyUiDead() {
-    if (const HWND window = session_.window())
-        EnableWindow(window, !site_.ambientFlag(DISPID_AMBIENT_UIDEAD, false));
+bool ControlObject::live() const {
+    return (session_.madeLive() || site_.ambientFlag(DISPID_AMBIENT_USERMODE, true)) &&
+           !site_.ambientFlag(DISPID_AMBIENT_UIDEAD, false);
+}
+
+void ControlObject::applyLive() {
+    if (const HWND window = session_.window()) EnableWindow(window, live());
+}
+
+void ControlObject::setExtent(Twips width, Twips height) {
+    extentWidth_ = width;
+    extentHeight_ = height;
+}
+
+void ControlObject::takeExtent() {
+    if (control_->width() != extentWidth_ || control_->height() != extentHeight_)
+        control_->setSize(extentWidth_, extentHeight_);
 }
 
 void ControlObject::viewChanged() {
+    const Hold hold(*this);
     advisers_.viewChanged();
+    data_.changed();
 }
 
 void ControlObject::raise(const Member& event, std::span<Value> arguments) {
@@ -133,10 +161,10 @@ void ControlObject::propertyChanged(const Member* property) {
     // What follows the container is no change of the container's document.
     if (followingAmbient_) return viewChanged();
     dirty_ = true;
-    if (!connections_.notifies() && !advisers_.viewWatched()) return;
+    if (!connections_.notifies() && !advisers_.viewWatched() && !data_.watched()) return;
     const Hold hold(*this);
     attempt([&] { connections_.propertyChanged(property ? property->number : DISPID_UNKNOWN); });
-    advisers_.viewChanged();
+    viewChanged();
 }
 
 FontRef ControlObject::ambientFont() {
@@ -145,6 +173,7 @@ FontRef ControlObject::ambientFont() {
 
 void ControlObject::requestSize(Twips width, Twips height) {
     const Hold hold(*this);
+    setExtent(width, height);
     if (session_.active()) {
         const Dpi dpi = control_->root().dpi();
         session_.requestSize({dpi.toPixels(width), dpi.toPixels(height)});

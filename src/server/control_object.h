@@ -11,6 +11,7 @@
 #include "server/class_info_part.h"
 #include "server/client_site.h"
 #include "server/connection_points.h"
+#include "server/data_object_part.h"
 #include "server/dispatch_part.h"
 #include "server/in_place_parts.h"
 #include "server/in_place_session.h"
@@ -18,6 +19,7 @@
 #include "server/ole_control_part.h"
 #include "server/ole_object_part.h"
 #include "server/persistence_parts.h"
+#include "server/quick_activate_part.h"
 #include "server/system_text.h"
 #include "server/view_part.h"
 
@@ -49,6 +51,13 @@ public:
     // nor placed by then is placed.
     void beginUse();
     bool inUse() const { return placed_; }
+    // The size that the container keeps for the control, or that the control wished for. The window may have
+    // another: a container that shows its document at a larger scale places it so.
+    Twips extentWidth() const { return extentWidth_; }
+    Twips extentHeight() const { return extentHeight_; }
+    void setExtent(Twips width, Twips height);
+    // Lays the control out at its extent again, now that no window says otherwise.
+    void takeExtent();
     // Of which the container knows, and which changes nothing that it keeps.
     void followAmbientFont();
     bool dirty() const { return dirty_; }
@@ -56,8 +65,10 @@ public:
     // Events are dropped, not kept for later, as long as there is a freeze more than thaws: their arguments
     // would tell of a state that is gone.
     void freezeEvents(bool freeze);
-    // A container that is busy lets no user act: the window then takes no input.
-    void applyUiDead();
+    // Whether the control works with the person: not where the container designs its form or is busy.
+    bool live() const;
+    // Lets the window take input accordingly; what it does not take goes to the container's own.
+    void applyLive();
     void viewChanged() override;
 
 private:
@@ -86,6 +97,7 @@ private:
     bool dirty_ = false;
     bool placed_ = false;  // afresh, or loaded
     bool followingAmbient_ = false;
+    Twips extentWidth_{0}, extentHeight_{0};
 
     DispatchPart dispatch_;
     OleObjectPart oleObject_;
@@ -93,12 +105,15 @@ private:
     InPlaceObjectPart inPlaceObject_;
     ActiveObjectPart activeObject_;
     ViewPart view_;
+    DataObjectPart data_;
+    QuickActivatePart quickActivate_;
     PropertyBagPart propertyBag_;
     StreamPart stream_;
     StoragePart storage_;
     ConnectionPoints connections_;
     ClassInfoPart classInfo_;
     PropertyBrowsingPart browsing_;
+    CategoriesPart categories_;
     PropertyPagesPart pages_;
 };
 

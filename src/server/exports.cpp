@@ -1,10 +1,13 @@
 // The functions by which the system loads, asks and registers the server.
 #include "library/class_facts.h"
 #include "library/library.h"
+#include "library/property_pages.h"
 
 #include "server/class_factory.h"
+#include "server/control_object.h"
 #include "server/entry_point.h"
 #include "server/module.h"
+#include "server/property_page.h"
 #include "server/registration.h"
 #include "server/system_text.h"
 #include "server/trace.h"
@@ -28,7 +31,18 @@ HRESULT WINAPI DllGetClassObject(REFCLSID classId, REFIID iid, void** result) {
         startTrace();
         for (const ControlTable* table : publicControls(library())) {
             if (systemGuid(table->classId) != classId) continue;
-            const ComPtr<ClassFactory> factory(new ClassFactory(*table));
+            const ComPtr<ClassFactory> factory(
+                new ClassFactory([table](IUnknown* outer, REFIID wanted, void** made) {
+                    return ControlObject::create(*table, outer, wanted, made);
+                }));
+            return factory->QueryInterface(iid, result);
+        }
+        for (const PropertyPageFacts& page : propertyPages()) {
+            if (systemGuid(page.id) != classId) continue;
+            const ComPtr<ClassFactory> factory(
+                new ClassFactory([&page](IUnknown* outer, REFIID wanted, void** made) {
+                    return createPropertyPage(page, outer, wanted, made);
+                }));
             return factory->QueryInterface(iid, result);
         }
         return CLASS_E_CLASSNOTAVAILABLE;

@@ -66,7 +66,7 @@ HRESULT ActiveObjectPart::TranslateAccelerator(LPMSG message) {
     if (!message) return E_POINTER;
     return perform([&]() -> HRESULT {
         const HWND window = object_.session().window();
-        if (!window || !isKeyDown(*message)) return S_FALSE;
+        if (!window || !isKeyDown(*message) || !object_.live()) return S_FALSE;
         if (message->hwnd != window && !IsChild(window, message->hwnd)) return S_FALSE;
         const KeyRoute route = object_.platform().keys().routeFromHost(
             *message, [this](const KeyEvent& event) { return object_.control().preTranslate(event); });

@@ -48,7 +48,7 @@ HRESULT InPlaceSession::activate(IOleClientSite& clientSite, HWND parent, const 
         return E_FAIL;
     }
     place(at, clip);
-    object_.applyUiDead();
+    object_.applyLive();
     clientSite.ShowObject();
     return S_OK;
 }
@@ -56,6 +56,8 @@ HRESULT InPlaceSession::activate(IOleClientSite& clientSite, HWND parent, const 
 HRESULT InPlaceSession::activateUi() {
     if (!active()) return E_FAIL;
     if (!object_.table().takesFocus) return S_OK;
+    madeLive_ = true;
+    object_.applyLive();
     if (!object_.control().hasFocus()) object_.control().focus();
     // The focus may be refused where nothing inside can take it; the container still deals with this control
     // now.
@@ -86,6 +88,7 @@ void InPlaceSession::becomeUiActive() {
 }
 
 void InPlaceSession::deactivateUi() {
+    if (std::exchange(madeLive_, false)) object_.applyLive();
     if (!uiActive_) return;
     uiActive_ = false;
     const ComPtr<IOleInPlaceSite> site = site_;
@@ -105,6 +108,7 @@ void InPlaceSession::deactivate() {
     document_.reset();
     clipped_ = false;
     object_.control().deactivate();
+    object_.takeExtent();
     if (site) site->OnInPlaceDeactivate();
 }
 

@@ -20,6 +20,8 @@ public:
     InPlaceSession& operator=(const InPlaceSession&) = delete;
 
     bool active() const { return static_cast<bool>(site_); }
+    // Whether the container made the control work with the person, though it designs its form.
+    bool madeLive() const { return madeLive_; }
 
     // Shows the control in the site's window. `parent` and `position` are what the caller of a verb suggests;
     // the site knows better.
@@ -52,6 +54,7 @@ private:
     bool uiActive_ = false;
     bool asking_ = false;
     bool clipped_ = false;
+    bool madeLive_ = false;
 };
 
 }  // namespace obk::server

@@ -144,7 +144,11 @@ HRESULT place(const Member& method, const DISPPARAMS& arguments, Places& places,
     const std::span<Value> values = list.values();
     bool tellsChanges = false;
     for (size_t at = 0; at < values.size(); ++at) {
-        if (places[at] == none) continue;
+        if (places[at] == none || isLeftOut(arguments.rgvarg[places[at]])) {
+            if (method.parameters[at].defaultValue) continue;
+            if (places[at] != none) setWrongArgument(wrongArgument, places[at]);
+            return DISP_E_PARAMNOTOPTIONAL;
+        }
         tellsChanges = tellsChanges || method.parameters[at].byReference;
         const ValueType wanted = method.parameters[at].type;
         const HRESULT read = valueFromVariant(arguments.rgvarg[places[at]], wanted, values[at]);

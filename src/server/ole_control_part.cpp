@@ -40,6 +40,7 @@ HRESULT OleControlPart::GetControlInfo(CONTROLINFO* info) {
 HRESULT OleControlPart::OnMnemonic(LPMSG message) {
     if (!message) return E_POINTER;
     return perform([&] {
+        if (!object_.live()) return S_OK;
         if (message->message == WM_KEYDOWN) {
             object_.control().useFormKey(win32::keyEvent(message->wParam, message->lParam));
             return S_OK;
@@ -55,7 +56,8 @@ HRESULT OleControlPart::OnMnemonic(LPMSG message) {
 HRESULT OleControlPart::OnAmbientPropertyChange(DISPID id) {
     return perform([&] {
         if (id == DISPID_AMBIENT_FONT || id == DISPID_UNKNOWN) object_.followAmbientFont();
-        if (id == DISPID_AMBIENT_UIDEAD || id == DISPID_UNKNOWN) object_.applyUiDead();
+        if (id == DISPID_AMBIENT_UIDEAD || id == DISPID_AMBIENT_USERMODE || id == DISPID_UNKNOWN)
+            object_.applyLive();
         if (id == DISPID_AMBIENT_RIGHTTOLEFT || id == DISPID_UNKNOWN) {
             // Laid out anew at the same size, it asks which way the container reads.
             Control& control = object_.control();

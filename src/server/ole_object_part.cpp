@@ -26,9 +26,8 @@ struct Verb {
 }  // namespace
 
 SIZEL extentOf(ControlObject& object) {
-    const Control& control = object.control();
-    return {std::lround(control.width().value * himetricPerTwip),
-            std::lround(control.height().value * himetricPerTwip)};
+    return {std::lround(object.extentWidth().value * himetricPerTwip),
+            std::lround(object.extentHeight().value * himetricPerTwip)};
 }
 
 HRESULT OleObjectPart::SetClientSite(IOleClientSite* site) {
@@ -168,8 +167,10 @@ HRESULT OleObjectPart::SetExtent(DWORD aspect, SIZEL* size) {
     if (aspect != DVASPECT_CONTENT) return DV_E_DVASPECT;
     if (!size) return E_POINTER;
     return perform([&] {
-        object_.control().setSize({static_cast<double>(size->cx) / himetricPerTwip},
-                                  {static_cast<double>(size->cy) / himetricPerTwip});
+        object_.setExtent({static_cast<double>(size->cx) / himetricPerTwip},
+                          {static_cast<double>(size->cy) / himetricPerTwip});
+        // In place, the rectangle that the container gives is what is laid out.
+        if (!object_.session().active()) object_.takeExtent();
         object_.viewChanged();
         return S_OK;
     });

@@ -1,31 +1,15 @@
 #include "server/view_part.h"
 
-#include "framework/control.h"
-#include "platform/win32/gdi_canvas.h"
-
 #include "server/control_object.h"
+#include "server/control_picture.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace obk::server {
 
 namespace {
 
 constexpr DWORD freezeKey = 1;
-
-// Restores a device context, mapping and clip included.
-class SavedContext {
-public:
-    explicit SavedContext(HDC context) : context_(context), state_(SaveDC(context)) {}
-    SavedContext(const SavedContext&) = delete;
-    SavedContext& operator=(const SavedContext&) = delete;
-    ~SavedContext() { RestoreDC(context_, state_); }
-
-private:
-    HDC context_;
-    int state_;
-};
 
 RECT ordered(const RECTL& bounds) {
     return {std::min(bounds.left, bounds.right), std::min(bounds.top, bounds.bottom),
@@ -52,30 +36,6 @@ ViewPart::~ViewPart() {
     if (frozen_) DeleteEnhMetaFile(frozen_);
 }
 
-void ViewPart::paint(HDC context, const RECT& bounds) {
-    Control& control = object_.control();
-    // The resolution at which the control's own size comes nearest to the bounds: lines and text come out
-    // sharp at any scale, instead of being stretched.
-    const SIZE wanted{bounds.right - bounds.left, bounds.bottom - bounds.top};
-    const double across = control.width().value > 0 ? wanted.cx * 1440 / control.width().value : 0;
-    const double down = control.height().value > 0 ? wanted.cy * 1440 / control.height().value : 0;
-    const Dpi dpi(static_cast<int32_t>(std::lround(std::min({across, down, 1e5}))));
-    const PixelSize own{std::max(dpi.toPixels(control.width()), 1),
-                        std::max(dpi.toPixels(control.height()), 1)};
-    PixelRect area{bounds.left, bounds.top, bounds.right, bounds.bottom};
-    // What is left is a scale near 1, or a container that distorts. An old metafile has no room for it.
-    if ((own.width != wanted.cx || own.height != wanted.cy) && GetObjectType(context) != OBJ_METADC) {
-        SetMapMode(context, MM_ANISOTROPIC);
-        SetWindowOrgEx(context, 0, 0, nullptr);
-        SetWindowExtEx(context, own.width, own.height, nullptr);
-        SetViewportOrgEx(context, bounds.left, bounds.top, nullptr);
-        SetViewportExtEx(context, wanted.cx, wanted.cy, nullptr);
-        area = {0, 0, own.width, own.height};
-    }
-    win32::GdiCanvas canvas(context, dpi, &object_.platform().fonts());
-    control.draw(canvas, area);
-}
-
 HRESULT ViewPart::Draw(DWORD aspect, LONG, void*, DVTARGETDEVICE*, HDC, HDC context, LPCRECTL bounds,
                        LPCRECTL, BOOL(STDMETHODCALLTYPE*)(ULONG_PTR), ULONG_PTR) {
     if (aspect != DVASPECT_CONTENT) return DV_E_DVASPECT;
@@ -97,7 +57,7 @@ HRESULT ViewPart::Draw(DWORD aspect, LONG, void*, DVTARGETDEVICE*, HDC, HDC cont
         if (frozen_) {
             PlayEnhMetaFile(context, frozen_, &target);
         } else {
-            paint(context, target);
+            paintControl(object_, context, target);
         }
         return S_OK;
     });
@@ -116,14 +76,7 @@ HRESULT ViewPart::Freeze(DWORD aspect, LONG, void*, DWORD* key) {
             *key = freezeKey;
             return VIEW_S_ALREADY_FROZEN;
         }
-        const SIZEL extent = extentOf(object_);
-        const RECT frame{0, 0, extent.cx, extent.cy};
-        const HDC context = CreateEnhMetaFileW(nullptr, nullptr, &frame, nullptr);
-        if (!context) return E_OUTOFMEMORY;
-        const Dpi dpi = object_.control().root().dpi();
-        paint(context,
-              {0, 0, dpi.toPixels(object_.control().width()), dpi.toPixels(object_.control().height())});
-        frozen_ = CloseEnhMetaFile(context);
+        frozen_ = recordPicture(object_);
         *key = freezeKey;
         return frozen_ ? S_OK : E_OUTOFMEMORY;
     });
@@ -147,6 +100,54 @@ HRESULT ViewPart::GetAdvise(DWORD* aspects, DWORD* flags, IAdviseSink** sink) {
 HRESULT ViewPart::GetExtent(DWORD aspect, LONG, DVTARGETDEVICE*, LPSIZEL size) {
     if (aspect != DVASPECT_CONTENT) return DV_E_DVASPECT;
     if (!size) return E_POINTER;
+    *size = extentOf(object_);
+    return S_OK;
+}
+
+HRESULT ViewPart::GetRect(DWORD aspect, LPRECTL rect) {
+    if (!rect) return E_POINTER;
+    *rect = {};
+    if (aspect != DVASPECT_CONTENT) return DV_E_DVASPECT;
+    const SIZEL extent = extentOf(object_);
+    *rect = {0, 0, extent.cx, extent.cy};
+    return S_OK;
+}
+
+HRESULT ViewPart::GetViewStatus(DWORD* status) {
+    if (!status) return E_POINTER;
+    *status = wholeView;
+    return S_OK;
+}
+
+HRESULT ViewPart::QueryHitPoint(DWORD aspect, LPCRECT bounds, POINT point, LONG closeHint, DWORD* result) {
+    const RECT place{point.x, point.y, point.x + 1, point.y + 1};
+    return QueryHitRect(aspect, bounds, &place, closeHint, result);
+}
+
+HRESULT ViewPart::QueryHitRect(DWORD aspect, LPCRECT bounds, LPCRECT place, LONG closeHint, DWORD* result) {
+    if (!bounds || !place || !result) return E_POINTER;
+    *result = HITRESULT_OUTSIDE;
+    if (aspect != DVASPECT_CONTENT) return DV_E_DVASPECT;
+    RECT common{};
+    if (IntersectRect(&common, bounds, place)) {
+        *result = HITRESULT_HIT;
+        return S_OK;
+    }
+    const SIZEL extent = extentOf(object_);
+    if (closeHint <= 0 || extent.cx <= 0) return S_OK;
+    // The hint is a distance on the control itself; here it is as many pixels as the bounds make of it.
+    const int reach = MulDiv(closeHint, bounds->right - bounds->left, extent.cx);
+    RECT wide = *bounds;
+    InflateRect(&wide, reach, reach);
+    if (IntersectRect(&common, &wide, place)) *result = HITRESULT_CLOSE;
+    return S_OK;
+}
+
+HRESULT ViewPart::GetNaturalExtent(DWORD aspect, LONG, DVTARGETDEVICE*, HDC, DVEXTENTINFO* info,
+                                   LPSIZEL size) {
+    if (!info || !size) return E_POINTER;
+    if (aspect != DVASPECT_CONTENT) return DV_E_DVASPECT;
+    if (info->dwExtentMode != DVEXTENT_CONTENT) return E_NOTIMPL;
     *size = extentOf(object_);
     return S_OK;
 }

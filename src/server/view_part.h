@@ -3,11 +3,14 @@
 
 #include "server/part.h"
 
-#include <oleidl.h>
+#include <ocidl.h>
 
 namespace obk::server {
 
-class ViewPart final : public Part<IViewObject2> {
+// Every control paints all of its rectangle.
+inline constexpr DWORD wholeView = VIEWSTATUS_OPAQUE;
+
+class ViewPart final : public Part<IViewObjectEx> {
 public:
     using Part::Part;
     ~ViewPart();
@@ -23,10 +26,16 @@ public:
     HRESULT STDMETHODCALLTYPE GetAdvise(DWORD* aspects, DWORD* flags, IAdviseSink** sink) override;
     HRESULT STDMETHODCALLTYPE GetExtent(DWORD aspect, LONG index, DVTARGETDEVICE* device,
                                         LPSIZEL size) override;
+    HRESULT STDMETHODCALLTYPE GetRect(DWORD aspect, LPRECTL rect) override;
+    HRESULT STDMETHODCALLTYPE GetViewStatus(DWORD* status) override;
+    HRESULT STDMETHODCALLTYPE QueryHitPoint(DWORD aspect, LPCRECT bounds, POINT point, LONG closeHint,
+                                            DWORD* result) override;
+    HRESULT STDMETHODCALLTYPE QueryHitRect(DWORD aspect, LPCRECT bounds, LPCRECT place, LONG closeHint,
+                                           DWORD* result) override;
+    HRESULT STDMETHODCALLTYPE GetNaturalExtent(DWORD aspect, LONG index, DVTARGETDEVICE* device, HDC target,
+                                               DVEXTENTINFO* info, LPSIZEL size) override;
 
 private:
-    void paint(HDC context, const RECT& bounds);
-
     HENHMETAFILE frozen_ = nullptr;  // the look to show instead, while frozen
 };
 

@@ -1,3 +1,4 @@
+#include "framework/choices.h"
 #include "framework/table_builder.h"
 #include "updown/up_down_text_box.h"
 
@@ -19,6 +20,7 @@ const ControlTable& UpDownTextBox::memberTable() {
 
             .property<&C::Alignment, &C::SetAlignment>(1, u"Alignment",
                                                        u"Alignment of the text: 0 left, 1 right, 2 centre")
+            .choices(alignmentChoices())
             .property<&C::AllowArrowKeys, &C::SetAllowArrowKeys>(
                 2, u"AllowArrowKeys", u"Whether the mouse wheel steps the value; the arrow keys always do")
             .property<&C::AllowDecpoint, &C::SetAllowDecpoint>(
@@ -28,8 +30,10 @@ const ControlTable& UpDownTextBox::memberTable() {
                 4, u"BackColor", u"Background colour; enabling the control sets it to the window background")
             .property<&C::BorderStyle, &C::SetBorderStyle>(5, u"BorderStyle",
                                                            u"Border of the field: 0 none, 1 a border")
+            .choices(borderChoices())
             .property<&C::BuddyAlignment, &C::SetBuddyAlignment>(6, u"BuddyAlignment",
                                                                  u"Side of the buttons: 0 right, 1 left")
+            .choices(sideChoices())
             .method<&C::DecimalpointCheck>(7, u"DecimalpointCheck",
                                            u"1 when a text holds a full stop, else 0", {u"Number"})
             .property<&C::Enabled, &C::SetEnabled>(8, u"Enabled", u"Whether the user can change the value")

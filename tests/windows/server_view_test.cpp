@@ -225,8 +225,9 @@ TEST_F(ServerView, PropertyBrowsersAreOfferedChoicesAndPages) {
         for (const auto& member : members.properties()) {
             CALPOLESTR texts{};
             CADWORD cookies{};
+            const bool named = member.name.ends_with(L"Alignment") || member.name == L"BorderStyle";
             const bool choices = member.readable && (member.type.kind == container::ValueKind::boolean ||
-                                                     !member.type.choices.empty());
+                                                     named || !member.type.choices.empty());
             EXPECT_EQ(browsing->GetPredefinedStrings(member.number, &texts, &cookies),
                       choices ? S_OK : S_FALSE);
             EXPECT_EQ(texts.cElems, cookies.cElems);
@@ -255,7 +256,9 @@ TEST_F(ServerView, PropertyBrowsersAreOfferedChoicesAndPages) {
             givenPages.insert(text);
         }
         CoTaskMemFree(pages.pElems);
-        EXPECT_EQ(givenPages, wantedPages) << container::toUtf8(name);
+        EXPECT_TRUE(
+            std::includes(givenPages.begin(), givenPages.end(), wantedPages.begin(), wantedPages.end()))
+            << container::toUtf8(name);
         CLSID page{};
         EXPECT_EQ(browsing->MapPropertyToPage(0x7000, &page), DISP_E_MEMBERNOTFOUND);
     }
