@@ -93,8 +93,11 @@ Entries classEntries(const Library& library, const ControlTable& table, const Te
     entries.add(key + u"\\Control", u"");
     entries.add(key + u"\\MiscStatus", u"0");
     entries.add(key + u"\\MiscStatus\\1", decimalText(miscellaneousStatus(table)));
-    if (table.toolboxPicture != 0)
-        entries.add(key + u"\\ToolboxBitmap32", file + u", " + decimalText(table.toolboxPicture));
+    if (table.toolboxPicture != 0) {
+        const Text number = decimalText(table.toolboxPicture);
+        entries.add(key + u"\\ToolboxBitmap32", file + u", " + number);
+        entries.add(key + u"\\DefaultIcon", file + u",-" + number);
+    }
     entries.add(key + u"\\TypeLib", inBraces(library.id));
     entries.add(key + u"\\Version", libraryVersion(library));
     entries.add(key + u"\\Verb\\0", u"Edit,0,0");

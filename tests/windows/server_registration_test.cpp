@@ -143,6 +143,15 @@ TEST_P(ServerRegistration, WritesEveryClassAndRemovesExactlyThat) {
         EXPECT_EQ(size.bmWidth, 16) << resource;
         EXPECT_EQ(size.bmHeight, resource ? size.bmHeight : 0);
         DeleteObject(bitmap);
+        EXPECT_EQ(value(key + L"\\DefaultIcon"), file + L",-" + std::to_wstring(resource));
+        const HANDLE icon = LoadImageW(server.module(), MAKEINTRESOURCEW(resource), IMAGE_ICON, 32, 32, 0);
+        ICONINFO large{};
+        ASSERT_TRUE(icon && GetIconInfo(static_cast<HICON>(icon), &large)) << resource;
+        EXPECT_TRUE(GetObjectW(large.hbmColor, sizeof size, &size));
+        EXPECT_EQ(size.bmWidth, 32) << resource;
+        DeleteObject(large.hbmColor);
+        DeleteObject(large.hbmMask);
+        DestroyIcon(static_cast<HICON>(icon));
     }
     const Snapshot& elsewhere = GetParam().root == HKEY_LOCAL_MACHINE ? userBefore : machineBefore;
     const HKEY otherRoot = GetParam().root == HKEY_LOCAL_MACHINE ? HKEY_CURRENT_USER : HKEY_LOCAL_MACHINE;
