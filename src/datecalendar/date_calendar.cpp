@@ -339,6 +339,11 @@ KeyRoute DateCalendar::preTranslate(const KeyEvent& event) {
     return Control::preTranslate(event);
 }
 
+void DateCalendar::surfacePressedElsewhere() {
+    // So does what a tool bar or a menu does, although neither takes the focus.
+    if (model_.edited()) endEditing();
+}
+
 AccessibleItem DateCalendar::describeSurface() const {
     AccessibleItem item = Control::describeSurface();
     item.value = model_.date();

@@ -73,6 +73,7 @@ private:
     void exitFocus() override;
     void useAmbientFont(const FontRef& font) override;
     KeyRoute preTranslate(const KeyEvent& event) override;
+    void surfacePressedElsewhere() override;
     std::span<const KeyGroup> keyGroups() const override;
     uint16_t keyStates() const override { return panel_.visible() ? 1 : 0; }
     AccessibleItem describeSurface() const override;

@@ -96,6 +96,7 @@ private:
     void dpiChanged(Dpi dpi) override;
     void appearanceChanged() override;
     void hostMoved() override { owner_.surfaceHostMoved(); }
+    void pressedElsewhere() override { owner_.surfacePressedElsewhere(); }
     std::vector<AccessibleItem> accessibleItems() override;
 
     void deliver(Widget& widget, const MouseEvent& event);

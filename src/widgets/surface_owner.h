@@ -21,6 +21,8 @@ public:
     virtual void surfaceHostMoved() {}
     // What it shows is not what it showed: told once it has been painted, or a child window has changed.
     virtual void surfaceLooksDifferent() {}
+    // The focus has stayed here while something else in the host's window was pressed, or its menu opened.
+    virtual void surfacePressedElsewhere() {}
     virtual AccessibleItem describeSurface() const = 0;
     virtual void surfaceKeyDown(KeyEvent&) {}
     virtual void surfaceKeyUp(KeyEvent&) {}

@@ -28,6 +28,9 @@ public:
     // Told to a panel while it is visible: the top-level window of the control that owns it moved, was
     // resized, minimised, hidden or closed.
     virtual void hostMoved() = 0;
+    // Told while the focus is in the surface: the mouse was pressed elsewhere in the host's top-level window,
+    // or the menu of that opened, and the focus has stayed. As far as the system tells of it.
+    virtual void pressedElsewhere() {}
     // Whether something may be dropped at a point; asked of surfaces that accept drops, while it is over
     // them.
     virtual bool takesDrop(PixelPoint) { return false; }

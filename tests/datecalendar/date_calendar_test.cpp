@@ -161,6 +161,12 @@ TEST_F(DateCalendarTest, EnterStoresWhatWasTypedBeforeTheContainerGetsIt) {
                                    : (Journal{"FocusHidden", "DateUpdated", "offered 13", "KeyUp 13 0"}));
         EXPECT_EQ(date(), "Mon 2 Mar 2026" + blanks);
     }
+    platform.type(u"!");
+    host.take();
+    for (const char* told : {"FocusHidden DateUpdated", ""}) {
+        platform.pressHost();
+        EXPECT_EQ(host.take(), *told ? (Journal{"FocusHidden", "DateUpdated"}) : Journal{});
+    }
     platform.pressKey(key::escape);
     platform.setFocus(0);
     EXPECT_EQ(host.take(), (Journal{"offered 27", "KeyUp 27 0", "FocusHidden", "FocusLost", "MouseUp 1 0 0 0",

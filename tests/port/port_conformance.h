@@ -653,6 +653,32 @@ TEST_P(PortConformance, APanelStartsHiddenAndNeverTakesTheFocus) {
     for (const std::string& line : taken()) EXPECT_EQ(line.find("focus"), std::string::npos) << line;
 }
 
+TEST_P(PortConformance, APressOfSomethingElseThatTakesNoFocusIsToldWhereTheFocusIs) {
+    openBoxes();
+    driver->focusHost();
+    journal.clear();
+    driver->pressTool();
+    EXPECT_EQ(taken(), Journal{});
+    first->focus();
+    driver->settle();
+    journal.clear();
+    driver->pressTool();
+    EXPECT_EQ(taken(), (Journal{"area.pressedElsewhere"}));
+    EXPECT_TRUE(first->hasFocus());
+    // Neither what is pressed inside, nor what takes the focus.
+    driver->click(*area, overFirst);
+    driver->click(*area, overSecond);
+    for (const std::string& line : taken()) EXPECT_EQ(line.find("pressedElsewhere"), std::string::npos);
+    driver->focusHost();
+    areaClient.on["pressedElsewhere"] = [&] { area.reset(); };
+    second->focus();
+    driver->settle();
+    second.reset();
+    first->focus();
+    driver->pressTool();
+    EXPECT_FALSE(area) << "which may be closed then";
+}
+
 TEST_P(PortConformance, AParkedSurfaceIsKeptWhenItGetsItsPlace) {
     EXPECT_FALSE(
         driver->platform().createSurface(areaClient, {SurfacePlacement::Kind::control, 0, {0, 0, 10, 10}}));

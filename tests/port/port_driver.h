@@ -35,6 +35,8 @@ public:
     virtual void wheel(int32_t delta) = 0;
     // The focus goes to the host itself.
     virtual void focusHost() = 0;
+    // Presses something in the host's window that takes no focus, as tools on a tool bar do.
+    virtual void pressTool() = 0;
     // Asks the window system itself to give the focus to a window.
     virtual void askFocus(NativeWindow window) = 0;
     // The person turns to another application, and comes back to a host that gives the focus to `window`, or
@@ -176,6 +178,7 @@ public:
     }
     void captureLost() override { said("captureLost"); }
     void hostMoved() override { said("hostMoved"); }
+    void pressedElsewhere() override { said("pressedElsewhere"); }
     void dpiChanged(Dpi) override { said("dpiChanged"); }
     void appearanceChanged() override {}
     std::vector<AccessibleItem> accessibleItems() override { return {}; }

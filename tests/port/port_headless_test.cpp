@@ -49,6 +49,10 @@ public:
         platform_.setFocus(0);
         settle();
     }
+    void pressTool() override {
+        platform_.pressHost();
+        settle();
+    }
     void askFocus(NativeWindow window) override {
         platform_.setFocus(window);
         settle();

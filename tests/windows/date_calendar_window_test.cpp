@@ -83,6 +83,22 @@ TEST_F(DateCalendarWindow, EnterStoresAndF4ReadsWhatWasTyped) {
     EXPECT_EQ(date(), std::wstring(L"mon 2 mar 2026") + blanks);
     EXPECT_EQ(takeEvents().find(L"FocusHidden DateUpdated"), 0u);
     EXPECT_EQ(GetFocus(), edit);
+    // So do a tool bar and a menu, which take no focus.
+    const HWND form = hosted.window.handle();
+    const HWND tool = CreateWindowExW(0, L"STATIC", L"Save", WS_CHILD | WS_VISIBLE | SS_NOTIFY, 200, 200, 60,
+                                      20, form, nullptr, nullptr, nullptr);
+    person.type(L"7");
+    takeEvents();
+    person.moveTo(tool, 10, 10);
+    person.press();
+    EXPECT_EQ(takeEvents(), L"FocusHidden DateUpdated");
+    EXPECT_EQ(GetFocus(), edit);
+    person.release();
+    person.type(L"8");
+    takeEvents();
+    SendMessageW(form, WM_ENTERMENULOOP, FALSE, 0);  // as the system does for a form with a menu
+    hosted.loop.pumpPending();
+    EXPECT_EQ(takeEvents(), L"FocusHidden DateUpdated");
     SetFocus(other);
     hosted.loop.pumpPending();
     EXPECT_EQ(takeEvents(), L"FocusHidden FocusLost MouseUp") << "nothing was typed since";

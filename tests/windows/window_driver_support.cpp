@@ -78,6 +78,14 @@ void WindowDriver::focusHost() {
     pumpAll();
 }
 
+void WindowDriver::pressTool() {
+    const HWND tool = CreateWindowExW(0, L"STATIC", L"", WS_CHILD | WS_VISIBLE | SS_NOTIFY, 370, 270, 20, 20,
+                                      host_, nullptr, GetModuleHandleW(nullptr), nullptr);
+    person_.click(tool, 10, 10);
+    DestroyWindow(tool);
+    pumpAll();
+}
+
 void WindowDriver::askFocus(NativeWindow window) {
     SetFocus(reinterpret_cast<HWND>(window));
     pumpAll();

@@ -35,6 +35,7 @@ public:
     void mouseUp(int16_t button) override;
     void wheel(int32_t delta) override { person_.turnWheel(delta); }
     void focusHost() override;
+    void pressTool() override;
     void askFocus(NativeWindow window) override;
     void leaveApplication() override;
     void returnToApplication(NativeWindow window) override;

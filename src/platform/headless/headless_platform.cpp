@@ -81,6 +81,13 @@ std::optional<size_t> HeadlessPlatform::chooseFromMenu(NativeWindow, std::span<c
     return possible ? chosen : std::nullopt;
 }
 
+void HeadlessPlatform::pressHost() {
+    HeadlessWindow* const focused = find(focus_);
+    if (!focused) return;
+    const HeadlessSurface* const on = focused->parent() ? focused->parent() : surface(focus_);
+    if (const auto alive = focused->client().keepAlive(); alive && on) on->surfaceClient().pressedElsewhere();
+}
+
 void HeadlessPlatform::moveHost() {
     std::vector<NativeWindow> panels;
     for (const auto& [id, window] : windows_) panels.push_back(id);

@@ -59,6 +59,8 @@ public:
     void setFocus(NativeWindow window);
     // Another window takes the capture.
     void stealCapture();
+    // Something in the host's window is pressed that takes no focus.
+    void pressHost();
     // The host's window is moved, minimised, hidden or closed.
     void moveHost();
     // The person turns to another application: whoever has the focus keeps it, panels go.

@@ -68,6 +68,10 @@ LRESULT ChildWindow::passWheelOn(const Message& message) {
     return surface ? surface->passWheelToHost(message) : 0;
 }
 
+void ChildWindow::focusIsInside(bool inside) {
+    if (const auto surface = surface_.lock()) surface->focusIsInside(inside);
+}
+
 LRESULT ChildWindow::handle(const Message& message) {
     Message received = message;
     if (message.code == WM_LBUTTONDOWN) {

@@ -26,6 +26,7 @@ protected:
 
     LRESULT handle(const Message& message) override;
     LRESULT passWheelOn(const Message& message) override;
+    void focusIsInside(bool inside) override;
     bool hasOwnMouse() const override { return true; }
 
     std::shared_ptr<SurfaceWindow> surfaceWindow() const { return surface_.lock(); }

@@ -207,12 +207,14 @@ LRESULT ClientWindow::handle(const Message& message) {
             // A key that was used when it went down may have been released elsewhere.
             discardCharacter_ = false;
             const LRESULT result = defaultFor(message);
+            focusIsInside(true);
             const bool back = environment_->away().returnedTo(*this);
             if (!back && listening()) client_->focusGained();
             return result;
         }
         case WM_KILLFOCUS: {
             const LRESULT result = defaultFor(message);
+            focusIsInside(false);
             if (!environment_->away().keep(shared_from_this()) && listening()) client_->focusLost();
             return result;
         }

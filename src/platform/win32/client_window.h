@@ -58,6 +58,8 @@ protected:
     LRESULT defaultFor(const Message& message);
     // Where a wheel goes that the client does not use.
     virtual LRESULT passWheelOn(const Message& message) { return defaultFor(message); }
+    // Of this window alone, before its client hears of it.
+    virtual void focusIsInside(bool) {}
     // Whether the window acts on the mouse by itself.
     virtual bool hasOwnMouse() const { return false; }
 

@@ -1,5 +1,4 @@
-// Notices when the top-level window that something hangs on moves, changes its size, hides or goes, or
-// when the person turns to another application.
+// Notices what happens to the top-level window that something hangs on.
 #pragma once
 
 #include <windows.h>
@@ -15,9 +14,15 @@ public:
     HostWatch& operator=(const HostWatch&) = delete;
     ~HostWatch() { end(); }
 
-    // `moved` is called from inside the window's own messages and may end the watch. Another thread's windows
-    // cannot be watched.
-    void begin(HWND topLevel, std::function<void()> moved);
+    using Concerns = bool(UINT message, WPARAM wParam, LPARAM lParam);
+    // It moves, changes its size, hides or goes.
+    static Concerns moves;
+    // The mouse is pressed somewhere in it, or its menu opens.
+    static Concerns isPressed;
+
+    // `happened` is called from inside the window's own messages and may end the watch. Another thread's
+    // windows cannot be watched.
+    void begin(HWND topLevel, Concerns& concerns, std::function<void(UINT message)> happened);
     void end();
 
 private:
@@ -25,7 +30,8 @@ private:
                                       DWORD_PTR reference);
 
     HWND window_ = nullptr;
-    std::function<void()> moved_;
+    Concerns* concerns_ = nullptr;
+    std::function<void(UINT message)> happened_;
 };
 
 }  // namespace obk::win32

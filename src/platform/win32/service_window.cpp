@@ -7,6 +7,7 @@ namespace obk::win32 {
 namespace {
 
 constexpr UINT tellListenersMessage = WM_APP;
+constexpr UINT runActionsMessage = WM_APP + 1;
 
 }  // namespace
 
@@ -61,6 +62,17 @@ void ServiceWindow::addListener(std::weak_ptr<AppearanceListener> listener) {
     window();
 }
 
+bool ServiceWindow::soon(std::function<void()> action) {
+    if (!window()) return false;
+    if (actions_.empty() && !PostMessageW(window_, runActionsMessage, 0, 0)) return false;
+    actions_.push_back(std::move(action));
+    return true;
+}
+
+void ServiceWindow::runActions() {
+    for (const auto& action : std::exchange(actions_, {})) action();
+}
+
 void ServiceWindow::appearanceChangedSoon() {
     if (newsPending_ || !window()) return;
     newsPending_ = PostMessageW(window_, tellListenersMessage, 0, 0) != 0;
@@ -92,6 +104,9 @@ LRESULT ServiceWindow::handle(HWND window, UINT message, WPARAM wParam, LPARAM l
             break;
         case tellListenersMessage:
             tellListeners();
+            return 0;
+        case runActionsMessage:
+            runActions();
             return 0;
         case WM_NCDESTROY:
             window_ = nullptr;

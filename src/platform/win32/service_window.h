@@ -35,6 +35,8 @@ public:
     void stopTimer(UINT_PTR timer);
 
     void addListener(std::weak_ptr<AppearanceListener> listener);
+    // From the message loop, with what is posted: before the mouse and the keys go on. Whether it will be.
+    bool soon(std::function<void()> action);
     // One change of theme comes as a dozen messages; the listeners are told once, when they have all come.
     void appearanceChangedSoon();
 
@@ -43,6 +45,7 @@ private:
     LRESULT handle(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
     HWND window();
     void tellListeners();
+    void runActions();
 
     HINSTANCE module_;
     std::wstring className_;
@@ -53,6 +56,7 @@ private:
     UINT_PTR lastTimer_ = 0;
     std::map<UINT_PTR, std::shared_ptr<std::function<void()>>> timers_;
     std::vector<std::weak_ptr<AppearanceListener>> listeners_;
+    std::vector<std::function<void()>> actions_;
 };
 
 }  // namespace obk::win32

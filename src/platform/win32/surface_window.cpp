@@ -90,6 +90,7 @@ void SurfaceWindow::closeSurface() {
     surfaceClient_ = nullptr;
     toolTip_.close();
     hostWatch_.end();
+    pressWatch_.end();
     refuseDrops();
     close();
 }
@@ -98,6 +99,7 @@ void SurfaceWindow::destroyed() {
     wantsCapture_ = false;
     toolTip_.close();
     hostWatch_.end();
+    pressWatch_.end();
     focusRefusal_.end();
     // Screen readers in other processes let go of what no longer shows.
     if (accessible_) CoDisconnectObject(accessible_.get(), 0);
@@ -172,7 +174,7 @@ void SurfaceWindow::setVisible(bool visible) {
 void SurfaceWindow::watchHost() {
     if (kind_ != Kind::panel) return;
     if (visible_ && hwnd())
-        hostWatch_.begin(GetWindow(hwnd(), GW_OWNER), [this] { hostMoved(); });
+        hostWatch_.begin(GetWindow(hwnd(), GW_OWNER), HostWatch::moves, [this](UINT) { hostMoved(); });
     else
         hostWatch_.end();
 }
@@ -180,6 +182,31 @@ void SurfaceWindow::watchHost() {
 void SurfaceWindow::hostMoved() {
     const Hold hold(*this);
     if (listening() && surfaceClient_) surfaceClient_->hostMoved();
+}
+
+void SurfaceWindow::focusIsInside(bool inside) {
+    const HWND top = inside && hwnd() ? GetAncestor(hwnd(), GA_ROOT) : nullptr;
+    if (top)
+        pressWatch_.begin(top, HostWatch::isPressed, [this](UINT message) { hostPressed(message); });
+    else
+        pressWatch_.end();
+}
+
+void SurfaceWindow::hostPressed(UINT message) {
+    POINT at{};
+    const bool byMouse = message != WM_ENTERMENULOOP;
+    const HWND under = byMouse && GetCursorPos(&at) ? WindowFromPoint(at) : nullptr;
+    if (under && hwnd() && (under == hwnd() || IsChild(hwnd(), under))) return;
+    // One press comes as several messages. Where it goes may yet take the focus: that is told by itself.
+    if (pressToTell_) return;
+    pressToTell_ = environment().service().soon([weak = weak_from_this()] {
+        const auto self = std::static_pointer_cast<SurfaceWindow>(weak.lock());
+        if (!self) return;
+        self->pressToTell_ = false;
+        if (!self->holdsFocus()) return;
+        const Hold hold(*self);
+        if (self->listening() && self->surfaceClient_) self->surfaceClient_->pressedElsewhere();
+    });
 }
 
 void SurfaceWindow::takeFocus() {

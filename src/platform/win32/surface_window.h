@@ -44,6 +44,8 @@ public:
     void closeSilently(ClientWindow& child);
     // A child window's own capture has ended: the surface has it again if it had it before.
     void childReleasedCapture();
+    // The focus has come to this window or a child of it, or has left that.
+    void focusIsInside(bool inside) override;
     // Whether a press on a child is the second of a double click that began on the surface, where the child
     // has come in between. The system counts the presses of each window by themselves.
     bool endsDoubleClick();
@@ -76,6 +78,7 @@ private:
     void refuseDrops();
     void watchHost();
     void hostMoved();
+    void hostPressed(UINT message);
     std::shared_ptr<ChildWindow> child(HWND window) const;
 
     SurfaceClient* surfaceClient_;
@@ -85,6 +88,7 @@ private:
     bool wantsCapture_ = false;
     bool releasing_ = false;
     bool acceptsDrops_ = false;
+    bool pressToTell_ = false;
     Cursor cursor_ = Cursor::arrow;
     struct Press {
         LONG time;
@@ -94,6 +98,7 @@ private:
     std::vector<std::weak_ptr<ChildWindow>> children_;
     ToolTip toolTip_;
     HostWatch hostWatch_;        // while a panel shows
+    HostWatch pressWatch_;       // while the focus is inside
     FocusRefusal focusRefusal_;  // of a panel
     ComPtr<IUnknown> accessible_;
 };
