@@ -2,7 +2,9 @@
 // and as a host's text it leaves the calendar on a month with a chosen day, or on one without days.
 #include "datecalendar/calendar_model.h"
 #include "datecalendar/quick_menu.h"
+#include "datecalendar/typed_date.h"
 #include "fuzz_values.h"
+#include "platform/headless/headless_machine.h"
 
 #include <algorithm>
 
@@ -11,7 +13,8 @@ using namespace obk;
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     Text text;
     for (size_t at = 0; at < size; ++at) text += static_cast<char16_t>(data[at]);
-    CalendarModel model([] { return std::chrono::year(2026) / 11 / 14; });
+    headless::ManualClock clock;
+    CalendarModel model(clock);
     model.commit(text);
     model.typeYear(text);
     model.subNEWDATE();
@@ -19,6 +22,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const int32_t days = month.layout.lngDAYSINMONTH;
     fuzz::require(month.chosen >= std::min(days, 1) && month.chosen <= days, "a day is chosen");
     fuzz::require(month.framed >= 0 && month.framed <= days, "a day is framed");
+    const auto typed = typedDate(text, clock.dateForms());
+    fuzz::require(!typed || typed->ok(), "what is typed is a date of the calendar");
     const auto date = dateFromText(text);
     if (!date) return 0;
     fuzz::require(date->ok(), "a date of the calendar");

@@ -2,6 +2,7 @@
 
 #include "base/attempt.h"
 #include "base/scoped_value.h"
+#include "datecalendar/typed_date.h"
 
 #include <algorithm>
 #include <utility>
@@ -18,8 +19,8 @@ YearMonth monthOf(const Date& date) {
     return date.year() / date.month();
 }
 
-// `months` is how many a page turns.
-std::optional<ShownDay> walked(const ShownDay& from, int16_t code, int32_t months) {
+std::optional<ShownDay> walked(const ShownDay& from, int16_t code, bool byYear) {
+    const int32_t page = byYear ? monthsOfYear : 1;
     switch (code) {
         case key::left:
             return moved(from, -1);
@@ -30,18 +31,20 @@ std::optional<ShownDay> walked(const ShownDay& from, int16_t code, int32_t month
         case key::down:
             return moved(from, cellColumns);
         case key::home:
-            return ShownDay{from.month, 1};
-        case key::end:
-            return ShownDay{from.month, daysShown(from.month)};
+            return ShownDay{byYear ? from.month.year() / std::chrono::January : from.month, 1};
+        case key::end: {
+            const YearMonth last = byYear ? from.month.year() / std::chrono::December : from.month;
+            return ShownDay{last, daysShown(last)};
+        }
         default:
-            return turned(from, code == key::pageUp ? -months : months);
+            return turned(from, code == key::pageUp ? -page : page);
     }
 }
 
 }  // namespace
 
-CalendarModel::CalendarModel(std::function<Date()> today) : today_(std::move(today)) {
-    show(monthOf(today_()));
+CalendarModel::CalendarModel(Clock& clock) : clock_(clock) {
+    show(monthOf(clock_.today()));
 }
 
 void CalendarModel::commit(TextView text) {
@@ -91,13 +94,14 @@ void CalendarModel::subNEWDATE() {
 void CalendarModel::showDate() {
     constexpr size_t weekdayAndBlank = 4;
     if (date().empty()) {
-        const auto today = dateText(today_());
+        const auto today = dateText(clock_.today());
         if (!today) throw StatementFailed("today has no date text");
         strDATETEXT = *today;
         standsIn_ = true;
     }
     const TextView text = date();
-    const auto shown = dateFromText(text.substr(std::min(text.size(), weekdayAndBlank)));
+    auto shown = dateFromText(text.substr(std::min(text.size(), weekdayAndBlank)));
+    if (!shown) shown = typedDate(text, clock_.dateForms());
     if (!shown) throw StatementFailed("the text is no date");
     lngDAY = dayOf(*shown);
     show(monthOf(*shown), lngDAY);
@@ -114,19 +118,26 @@ void CalendarModel::typeYear(TextView year) {
     refill();
 }
 
+void CalendarModel::endYear() {
+    auto year = yearFromText(year_);
+    if (!year) year = yearOfTwoDigits(year_, clock_.dateForms());
+    const int32_t shown = year.value_or(lastYear_);
+    if (yearText(shown) != year_) show(std::chrono::year(shown) / month_);
+}
+
 void CalendarModel::turn(int32_t months) {
     const auto from = shownMonth();
     if (const auto to = from ? turned(*from, months) : std::nullopt) show(*to);
 }
 
 bool CalendarModel::walk(const KeyEvent& event) {
-    const bool turns = event.code == key::pageUp || event.code == key::pageDown;
-    const bool byYear = turns && event.shift == shift::control;
     // These keys have successive codes.
+    const bool goesFar = event.code >= key::pageUp && event.code <= key::home;
+    const bool byYear = goesFar && event.shift == shift::control;
     const bool walks = event.code >= key::pageUp && event.code <= key::down;
     const auto month = shownMonth();
     if (!walks || !month || (event.shift != 0 && !byYear)) return false;
-    const auto to = walked({*month, lngDAY}, event.code, byYear ? monthsOfYear : 1);
+    const auto to = walked({*month, lngDAY}, event.code, byYear);
     if (!to) return true;
     lngDAY = to->day;
     // A walk inside the month leaves the frame where it is.
@@ -139,7 +150,7 @@ void CalendarModel::chooseCell(int32_t cell) {
 }
 
 void CalendarModel::chooseToday() {
-    const Date today = today_();
+    const Date today = clock_.today();
     lngDAY = dayOf(today);
     show(monthOf(today));
 }
@@ -153,11 +164,12 @@ void CalendarModel::show(YearMonth month, int32_t framed) {
 void CalendarModel::refill(int32_t framed) {
     const ScopedFlag busy(blnCALENDARBUSY);
     const auto month = shownMonth();
+    if (month) lastYear_ = int{month->year()};
     filled_ = {};
     filled_.layout.lngDAYSINMONTH = 0;
     filled_.heading = Text(monthName(month_)) + u", " + year_;
     if (const auto layout = month ? monthLayout(*month) : std::nullopt) {
-        const Date today = today_();
+        const Date today = clock_.today();
         if (lngDAY > layout->lngDAYSINMONTH) lngDAY = 1;
         if (lngDAY < 1) lngDAY = dayOf(today);
         const int32_t mentioned = mentionedDay(*month);

@@ -5,15 +5,14 @@
 #include "base/event.h"
 #include "datecalendar/month_layout.h"
 #include "widgets/input.h"
-
-#include <functional>
+#include "widgets/platform.h"
 
 namespace obk {
 
 class CalendarModel {
 public:
-    // `today` is asked whenever it matters which day it is.
-    explicit CalendarModel(std::function<Date()> today);
+    // The clock is borrowed, and asked whenever it matters which day it is and how dates are written.
+    explicit CalendarModel(Clock& clock);
 
     // The committed date is a text, whatever that says. Blanks around it are kept, and read by nobody.
     void commit(TextView text);
@@ -40,13 +39,17 @@ public:
     void subNEWDATE();
     // `framed` is the day that has the frame where the date's text gives it to none; 0 for no day.
     void show(YearMonth month, int32_t framed = 0);
-    // The date's month, its day chosen and framed; today stands in for an empty date. Throws StatementFailed
-    // for a text that is no date behind its weekday, with nothing else changed.
+    // The date's month, its day chosen and framed; today stands in for an empty date. A text that is no date
+    // behind its weekday is read as people write dates. Throws StatementFailed for any other one, with
+    // nothing else changed.
     void showDate();
 
     void chooseMonth(std::chrono::month month);
     // Without effect while the calendar is being refilled: what shows it echoes its year then.
     void typeYear(TextView year);
+    // A year of one or two digits gets its century; anything else that is none gives way to the last that
+    // was.
+    void endYear();
     // Without effect beyond the years of date texts.
     void turn(int32_t months);
     // What a key does while the calendar is open: moves the chosen day, or turns months and years. Whether it
@@ -62,14 +65,15 @@ private:
     int32_t mentionedDay(YearMonth shown) const;
     void refill(int32_t framed = 0);
 
-    std::function<Date()> today_;
+    Clock& clock_;
     Text strDATETEXT;
     Text strTYPEDTEXT;
     bool edited_ = false;
     bool standsIn_ = false;
     std::chrono::month month_;
     Text year_;
-    int32_t lngDAY = 0;  // below 1: none yet, so that today's is taken
+    int32_t lastYear_ = firstYear;  // that was one
+    int32_t lngDAY = 0;             // below 1: none yet, so that today's is taken
     FilledMonth filled_;
     bool blnCALENDARBUSY = false;
 };

@@ -17,6 +17,15 @@ DrawnButton::Face arrows(TextView name, ArrowDirection direction, int32_t count)
 
 }  // namespace
 
+void PartRing::moveAround(const TwipsRect& part) {
+    const Twips gap{30};
+    move({part.left - gap, part.top - gap, part.width + 2 * gap, part.height + 2 * gap});
+}
+
+void PartRing::paint(Canvas& canvas, const PixelRect& bounds) {
+    canvas.frameRect(bounds, canvas.dpi().scaled(1), systemRgb(platform(), SystemColour::highlight));
+}
+
 CalendarPanel::CalendarPanel(Control& outer, Container& parent, const CalendarModel& model)
     : Container(parent),
       model_(model),
@@ -35,7 +44,8 @@ CalendarPanel::CalendarPanel(Control& outer, Container& parent, const CalendarMo
       cmdCLEAR(*this, {u"Clear"}),
       cmdCLOSE(*this, {u"Close"}),
       tmrUP(imgUP),
-      tmrDOWN(imgDOWN) {
+      tmrDOWN(imgDOWN),
+      partRing_(*this) {
     SetBackColor(SystemColour::window);
     lblMONTHYEAR.setBackColour(SystemColour::window);
     lblMONTHYEAR.setForeColour(SystemColour::windowText);
@@ -74,6 +84,7 @@ void CalendarPanel::connectChildren() {
     on(cboMONTH.chosen,
        [this] { monthChosen(std::chrono::month(static_cast<unsigned>(cboMONTH.selected() + 1))); });
     on(udnYEAR->Change, [this] { yearTyped(udnYEAR->Text()); });
+    on(udnYEAR->Click, [this] { turnTo(Part::year); });
     on(cmdimgYEARBACK.clicked, [this] { monthsTurned(-monthsOfYear); });
     on(cmdimgYEARNEXT.clicked, [this] { monthsTurned(monthsOfYear); });
     on(cmdimgMONTHPREV.clicked, [this] { monthsTurned(-1); });
@@ -107,12 +118,131 @@ void CalendarPanel::refresh() {
     lblDAYNO.refresh();
     lblCURRENTDATE.setVisible(month.framed != 0);
     if (month.framed != 0) lblCURRENTDATE.moveOnto(month.layout.cellOf(month.framed));
+    showPart();
 }
 
 void CalendarPanel::rest() {
     tmrUP.stop();
     tmrDOWN.stop();
     wheel_.forget();
+    part_ = Part::days;
+    showPart();
+}
+
+TwipsRect CalendarPanel::place(Part part) const {
+    const FilledMonth& month = model_.filled();
+    switch (part) {
+        case Part::days:
+            break;
+        case Part::month:
+            return cboMONTH.bounds();
+        case Part::year:
+            return udnYEAR.bounds();
+        case Part::today:
+            return cmdTODAY.bounds();
+        case Part::clear:
+            return cmdCLEAR.bounds();
+        case Part::close:
+            return cmdCLOSE.bounds();
+    }
+    if (month.chosen != 0) return cellBounds(month.layout.cellOf(month.chosen));
+    const TwipsRect first = cellBounds(cellColumns);
+    const TwipsRect last = cellBounds(cellCount - cellColumns - 1);
+    return {first.left, first.top, last.left + last.width - first.left, last.top + last.height - first.top};
+}
+
+void CalendarPanel::showPart() {
+    partRing_.moveAround(place(part_));
+}
+
+void CalendarPanel::turnTo(Part part) {
+    if (part_ == Part::year) yearEnded();
+    part_ = part;
+    replacesYear_ = part == Part::year;
+    showPart();
+}
+
+bool CalendarPanel::useKey(const KeyEvent& event) {
+    constexpr int32_t parts = static_cast<int32_t>(Part::close) + 1;
+    const bool pages = event.code == key::pageUp || event.code == key::pageDown;
+    if (event.code == key::tab && (event.shift == 0 || event.shift == shift::shift)) {
+        const int32_t by = event.shift == 0 ? 1 : parts - 1;
+        turnTo(static_cast<Part>((static_cast<int32_t>(part_) + by) % parts));
+        return true;
+    }
+    if (event.shift == 0) {
+        switch (event.code) {
+            case 'T':
+                if (!event.repeated) todayPressed();
+                return true;
+            case key::enter:
+            case key::space:
+                if (!event.repeated) pressPart(event.code);
+                return true;
+            case key::deleteKey:
+                if (part_ == Part::year) break;
+                if (!event.repeated) clearPressed();
+                return true;
+            default:
+                break;
+        }
+        if (part_ == Part::year && yearKey(event.code)) return true;
+        if (part_ == Part::month && !pages) {
+            KeyEvent own = event;
+            cboMONTH.keyDown(own);
+            return own.code == 0;
+        }
+    }
+    bool used = false;
+    if (part_ == Part::days || pages) walked(event, used);
+    return used;
+}
+
+void CalendarPanel::pressPart(int16_t code) {
+    switch (part_) {
+        case Part::days:
+            return dayTaken();
+        case Part::month:
+            return code == key::space ? cboMONTH.open() : dayTaken();
+        case Part::year:
+            if (code == key::space) return;
+            yearEnded();
+            return dayTaken();
+        case Part::today:
+            return todayPressed();
+        case Part::clear:
+            return clearPressed();
+        case Part::close:
+            return closePressed();
+    }
+}
+
+bool CalendarPanel::yearKey(int16_t code) {
+    const Text& year = model_.year();
+    switch (code) {
+        case key::up:
+        case key::down:
+            yearEnded();
+            monthsTurned(code == key::up ? monthsOfYear : -monthsOfYear);
+            return true;
+        case key::backspace:
+        case key::deleteKey:
+            udnYEAR->SetText(replacesYear_ || code == key::deleteKey || year.empty()
+                                 ? Text()
+                                 : year.substr(0, year.size() - 1));
+            replacesYear_ = false;
+            return true;
+        default:
+            return false;
+    }
+}
+
+void CalendarPanel::useCharacter(char16_t character) {
+    constexpr size_t yearLength = 4;
+    if (part_ == Part::month) cboMONTH.keyPress(static_cast<int16_t>(character));
+    if (part_ != Part::year || character < u'0' || character > u'9') return;
+    const bool begins = std::exchange(replacesYear_, false) || model_.year().size() >= yearLength;
+    udnYEAR->SetText((begins ? Text() : model_.year()) + character);
 }
 
 bool CalendarPanel::wheel(const WheelEvent& event) {

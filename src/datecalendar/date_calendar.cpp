@@ -33,7 +33,7 @@ Text shownAs(TextView date) {
 
 DateCalendar::DateCalendar(Platform& platform)
     : Control(platform),
-      model_([&platform] { return platform.clock().today(); }),
+      model_(platform.clock()),
       fraBORDER(root()),
       picfraBOX(root()),
       picfraICON(picfraBOX),
@@ -85,7 +85,8 @@ void DateCalendar::connectChildren() {
     });
     on(txtfraBORDER.keyWentDown, [this](KeyEvent& event) { keyDown(event); });
     on(txtfraBORDER.characterTyped, [this](int16_t& character) {
-        if (panel_.visible()) character = 0;
+        if (!panel_.visible()) return;
+        picDROPDOWNPANEL.useCharacter(static_cast<char16_t>(std::exchange(character, int16_t{0})));
     });
     on(txtfraBORDER.keyWentUp, [this](KeyEvent& event) { attempt([&] { KeyUp(event.code, event.shift); }); });
     on(txtfraBORDER.mousePressed, [this](const MouseEvent& event) { press(txtfraBORDER, event); });
@@ -136,6 +137,9 @@ void DateCalendar::connectPanel() {
     on(model_.changed, [this] { picDROPDOWNPANEL.refresh(); });
     on(picDROPDOWNPANEL.monthChosen, [this](std::chrono::month month) { model_.chooseMonth(month); });
     on(picDROPDOWNPANEL.yearTyped, [this](TextView year) { model_.typeYear(year); });
+    on(picDROPDOWNPANEL.yearEnded, [this] { model_.endYear(); });
+    on(picDROPDOWNPANEL.walked, [this](const KeyEvent& event, bool& used) { used = model_.walk(event); });
+    on(picDROPDOWNPANEL.dayTaken, [this] { pickDay(); });
     on(picDROPDOWNPANEL.monthsTurned, [this](int32_t months) { model_.turn(months); });
     on(picDROPDOWNPANEL.cellChosen, [this](int32_t cell) {
         model_.chooseCell(cell);
@@ -316,10 +320,15 @@ std::span<const KeyGroup> DateCalendar::keyGroups() const {
     };
     static constexpr TextView walk = u"walk through the calendar", page = u"turn its pages";
     static constexpr KeyClaim calendar[] = {
-        {key::end, key::down, shifts::none, walk},
+        keyClaim(key::tab, shifts::none | shifts::shift, u"go to another part of the calendar"),
+        {key::left, key::down, shifts::none, walk},
+        {key::end, key::home, shifts::none | shifts::control,
+         u"go to the ends of the month; with Ctrl, of the year"},
         {key::pageUp, key::pageDown, shifts::none | shifts::control, page},
-        keyClaim(key::enter, shifts::none, u"takes the day"),
-        keyClaim(key::space, shifts::none, u"takes the day"),
+        keyClaim(key::enter, shifts::none, u"takes the day, or presses the button"),
+        keyClaim(key::space, shifts::none, u"takes the day, presses the button, or opens the list of months"),
+        keyClaim('T', shifts::none, u"goes to today and takes that"),
+        keyClaim(key::deleteKey, shifts::none, u"clears the date; from the year, that"),
         keyClaim(key::escape, shifts::none, u"closes it"),
         keyClaim(key::up, shifts::alt, u"closes it"),
     };
@@ -332,10 +341,9 @@ std::span<const KeyGroup> DateCalendar::keyGroups() const {
 
 KeyRoute DateCalendar::preTranslate(const KeyEvent& event) {
     dismissed_ = false;
-    const bool wanted = panel_.visible() && (event.code == key::escape || event.code == key::enter);
-    if ((wanted || drop_.keepsKey(event, panel_.visible())) && hasFocus()) return KeyRoute::child;
+    if (drop_.keepsKey(event, panel_.visible()) && hasFocus()) return KeyRoute::child;
     // A default button that Enter presses finds what was typed stored.
-    if (event.code == key::enter && hasFocus() && model_.edited()) endEditing();
+    if (event.code == key::enter && !panel_.visible() && hasFocus() && model_.edited()) endEditing();
     return Control::preTranslate(event);
 }
 
@@ -407,11 +415,7 @@ bool DateCalendar::actOn(const KeyEvent& event) {
         HidePopUp();
         return true;
     }
-    if (event.shift == 0 && (event.code == key::enter || event.code == key::space)) {
-        if (!event.repeated) pickDay();
-        return true;
-    }
-    return model_.walk(event);
+    return picDROPDOWNPANEL.useKey(event);
 }
 
 void DateCalendar::iconMouse(const MouseEvent& event) {

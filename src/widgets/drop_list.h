@@ -37,6 +37,8 @@ public:
     // Shows a text, as an item if the list has it.
     void show(TextView text);
     const Text& text() const { return text_; }
+    // Offers the list as a menu.
+    void open();
     void setLook(Look look);
     void setBackColour(OleColour colour);
     void setFont(FontRef font) { font_.set(std::move(font)); }
@@ -64,7 +66,6 @@ public:
 
 private:
     void hover(bool inside);
-    void open();
     void choose(int32_t item);
     void find(char16_t typed);
 

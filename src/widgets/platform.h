@@ -10,6 +10,8 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace obk {
 
@@ -21,6 +23,15 @@ class SurfaceClient;
 class SurfacePeer;
 struct SurfacePlacement;
 
+// How the user writes dates.
+struct DateForms {
+    enum class Order : uint8_t { monthDayYear, dayMonthYear, yearMonthDay };
+    Order order = Order::monthDayYear;
+    int32_t lastOfTwoDigits = 2049;  // the last of the hundred years that two digits stand for
+    // In the user's language: whole, short, and as they stand beside a day.
+    std::vector<std::pair<Text, std::chrono::month>> monthNames;
+};
+
 class Clock {
 public:
     virtual ~Clock() = default;
@@ -28,6 +39,7 @@ public:
     virtual int32_t tickCount() = 0;
     // The current date in the user's time zone.
     virtual std::chrono::year_month_day today() = 0;
+    virtual DateForms dateForms() = 0;
 };
 
 // One opened key of the system registry; closed when it goes.

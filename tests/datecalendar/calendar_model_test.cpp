@@ -1,6 +1,7 @@
 #include "datecalendar/calendar_model.h"
 
 #include "base/attempt.h"
+#include "platform/headless/headless_machine.h"
 
 #include <gtest/gtest.h>
 
@@ -25,8 +26,8 @@ protected:
     int32_t framed() const { return model.filled().framed; }
     bool press(int16_t code, int16_t shift = 0) { return model.walk({code, shift, false}); }
 
-    Date today = date(2026, 11, 14);
-    CalendarModel model{[this] { return today; }};
+    headless::ManualClock clock;  // Saturday, 14 November 2026
+    CalendarModel model{clock};
 };
 
 TEST_F(CalendarModelTest, AtFirstItShowsTodaysMonthAndDay) {
@@ -35,7 +36,7 @@ TEST_F(CalendarModelTest, AtFirstItShowsTodaysMonthAndDay) {
     EXPECT_EQ(framed(), 0);
     EXPECT_EQ(model.date(), u"");
     // Another day begins while the calendar stands: the mark follows, the choice does not.
-    today = date(2026, 11, 15);
+    clock.setToday(date(2026, 11, 15));
     model.CalendarUpdate();
     EXPECT_EQ(chosen(), "14 November, 2026");
     EXPECT_EQ(model.filled().today, 15);
@@ -78,6 +79,8 @@ TEST_F(CalendarModelTest, KeysWalkByDaysWeeksMonthsAndYears) {
                            Row{u"Tue 31 Mar 2026", key::pageUp, 0, "28 February, 2026"},
                            Row{u"Thu 29 Feb 2024", key::pageDown, shift::control, "28 February, 2025"},
                            Row{u"Sat 28 Feb 2026", key::pageUp, shift::control, "28 February, 2025"},
+                           Row{u"Sat 28 Feb 2026", key::home, shift::control, "1 January, 2026"},
+                           Row{u"Sat 28 Feb 2026", key::end, shift::control, "31 December, 2026"},
                            // At the ends of time a key is taken and has no effect.
                            Row{u"Fri 31 Dec 9999", key::right, 0, "31 December, 9999"},
                            Row{u"Fri 31 Dec 9999", key::pageDown, 0, "31 December, 9999"},
@@ -173,6 +176,58 @@ TEST_F(CalendarModelTest, TheYearIsShownAsItWasTypedUntilTheCalendarWritesIt) {
     model.turn(1);
     EXPECT_EQ(month(), "December, 0101");
     EXPECT_EQ(model.year(), u"0101");
+    // Once it is all, two digits get their century, and what is no year leaves the last that was.
+    for (const auto& [typed, year] : {std::pair(u"26", u"2026"),
+                                      {u"50", u"1950"},
+                                      {u"7", u"2007"},
+                                      {u"", u"2007"},
+                                      {u"12", u"2012"},
+                                      {u"1999", u"1999"}}) {
+        model.typeYear(typed);
+        model.endYear();
+        EXPECT_EQ(model.year(), year) << toUtf8(typed);
+    }
+}
+
+TEST_F(CalendarModelTest, OpeningReadsDatesAsPeopleWriteThem) {
+    using Order = DateForms::Order;
+    DateForms german{
+        Order::dayMonthYear, 2049, {{u"M\u00e4rz", std::chrono::March}, {u"Mrz.", std::chrono::March}}};
+    DateForms spanish{
+        Order::dayMonthYear, 2029, {{u"febrero", std::chrono::February}, {u"marzo", std::chrono::March}}};
+    DateForms japanese{
+        Order::yearMonthDay, 2049, {{u"1\u6708", std::chrono::January}, {u"3\u6708", std::chrono::March}}};
+    struct Row {
+        const DateForms forms;
+        const char16_t* text;
+        const char* read;
+    };
+    const Row rows[] = {
+        {{}, u"3/2/2026", "2 March, 2026"},
+        {{}, u"3/2/26", "2 March, 2026"},
+        {{}, u"3/2/50", "2 March, 1950"},
+        {{}, u"2 Mar 2026", "2 March, 2026"},
+        {{}, u"Monday, March 2, 2026", "2 March, 2026"},
+        {{}, u"2026-03-02", "2 March, 2026"},
+        {{}, u"20260302", "2 March, 2026"},
+        {{}, u"on the 2nd of march '26, at noon", "2 March, 2026"},
+        {{}, u"Sept 3, 2026", "3 September, 2026"},
+        {german, u"02.03.26", "2 March, 2026"},
+        {german, u"2026-03-02", "2 March, 2026"},
+        {german, u"Montag, 2. M\u00c4RZ 2026", "2 March, 2026"},
+        {german, u"2. mrz 2026", "2 March, 2026"},
+        {german, u"march 2, 2026", "2 March, 2026"},
+        {spanish, u"mar., 3 de febrero de 2026", "3 February, 2026"},
+        {spanish, u"3/2/30", "3 February, 1930"},
+        {japanese, u"2026\u5e743\u67082\u65e5", "2 March, 2026"},
+        {japanese, u"26/03/02", "2 March, 2026"},
+    };
+    for (const Row& row : rows) {
+        clock.setDateForms(row.forms);
+        openOn(row.text);
+        EXPECT_EQ(chosen(), row.read) << toUtf8(row.text);
+        EXPECT_EQ(model.date(), row.text);
+    }
 }
 
 TEST_F(CalendarModelTest, AnEchoOfTheYearDuringARefillIsNotTyped) {
@@ -208,14 +263,15 @@ TEST_F(CalendarModelTest, OpeningShowsTheDateBehindItsWeekdayAndTakesTodayForAnE
     EXPECT_EQ(model.date(), u"Sat 14 Nov 2026");
     EXPECT_EQ(framed(), 14);
     openOn(u"Thu 29 Feb 2024");
-    for (const char16_t* none : {u"x", u"Feb", u"Nov 14, 2025", u"Wed 31 Nov 2026", u"14 Nov 2026"}) {
+    for (const char16_t* none : {u"x", u"Feb", u"Nov 14", u"Wed 31 Nov 2026", u"14.15.2026", u"1.2.3.2026",
+                                 u"259-3-2026", u"20261314", u"7 Nov 20266"}) {
         model.commit(none);
         EXPECT_THROW(model.showDate(), StatementFailed) << toUtf8(none);
         EXPECT_EQ(chosen(), "29 February, 2024") << toUtf8(none);
         EXPECT_EQ(model.date(), none);
     }
     model.commit(u"");
-    today = date(10000, 1, 1);
+    clock.setToday(date(10000, 1, 1));
     EXPECT_THROW(model.showDate(), StatementFailed);
     EXPECT_EQ(model.date(), u"");
 }

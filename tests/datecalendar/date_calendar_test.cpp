@@ -497,6 +497,93 @@ TEST_F(DateCalendarTest, KeysOpenWalkChooseAndKeep) {
     EXPECT_EQ(host.take(), (Journal{"offered 13", "KeyUp 13 0", "offered 27", "KeyUp 27 0"}));
 }
 
+TEST_F(DateCalendarTest, TabGoesRoundThePartsOfTheOpenCalendarAndEachShowsThatItIsTheOne) {
+    ASSERT_TRUE(control->focus());
+    openOn(u"Sat 14 Nov 2026");
+    const NativeWindow focusBefore = platform.focus();
+    const auto part = [this] {
+        const PixelRect day = Dpi().toPixels(cellBounds(26));
+        std::string ringed;
+        // Beside the left edges.
+        for (const auto& [name, at] : {std::pair("days", PixelPoint{day.left - 2, day.top + 5}),
+                                       {"month", {5, 15}},
+                                       {"year", {94, 15}},
+                                       {"today", {5, 209}},
+                                       {"clear", {67, 209}},
+                                       {"close", {129, 209}}}) {
+            if (panel()->paint().colourAt(at) == system(SystemColour::highlight)) ringed += name;
+        }
+        return ringed;
+    };
+    const char* const parts[] = {"days", "month", "year", "today", "clear", "close", "days"};
+    for (const char* expected : parts) {
+        EXPECT_EQ(part(), expected);
+        platform.pressKey(key::tab);
+    }
+    platform.pressKey(key::tab, shift::shift);
+    platform.pressKey(key::tab, shift::shift);
+    EXPECT_EQ(part(), "close");
+    EXPECT_EQ(platform.focus(), focusBefore);
+    for (const std::string& told : host.take()) EXPECT_EQ(told.rfind("Key", 0), 0u) << told;
+    platform.pressKey(key::space);
+    EXPECT_FALSE(open());
+    call(u"ShowPopUp");
+    EXPECT_EQ(part(), "days") << "each time anew";
+}
+
+TEST_F(DateCalendarTest, EachPartOfTheCalendarHasItsKeys) {
+    const auto tabs = [this](int times) {
+        for (; times > 0; --times) platform.pressKey(key::tab);
+    };
+    ASSERT_TRUE(control->focus());
+    openOn(u"Sat 14 Nov 2026");
+    tabs(1);
+    platform.pressKey(key::down);
+    EXPECT_EQ(chosen(), "14 December, 2026");
+    platform.type(u"m");
+    EXPECT_EQ(chosen(), "14 March, 2026");
+    platform.answerMenu([](auto, const auto&) { return std::optional<size_t>(0); });
+    platform.pressKey(key::space);
+    EXPECT_EQ(chosen(), "14 January, 2026");
+    tabs(1);
+    for (const auto& [typed, year] : {std::pair(u"2031", "2031"), {u"7", "2007"}, {u"203\b6", "0206"}}) {
+        platform.type(typed);
+        tabs(6);
+        EXPECT_EQ(chosen(), std::string("14 January, ") + year);
+    }
+    platform.pressKey(key::deleteKey);
+    platform.keyDown(key::up, 0);
+    platform.keyDown(key::up, 0, true);
+    EXPECT_EQ(chosen(), "14 January, 0208") << "held keys repeat";
+    platform.pressKey(key::pageDown);
+    EXPECT_EQ(chosen(), "14 February, 0208") << "pages turn wherever the keys are";
+    platform.type(u"2030");
+    platform.pressKey(key::enter);
+    EXPECT_EQ(date(), "Thu 14 Feb 2030" + blanks);
+    EXPECT_FALSE(open());
+    // T and Delete from every part, once however long they are held.
+    for (const auto& [code, what] :
+         {std::pair<int16_t, const char*>('T', "Sat 14 Nov 2026"), {key::deleteKey, ""}}) {
+        for (const int times : {0, 1, 3, 5}) {
+            openOn(u"Mon 2 Mar 2020");
+            tabs(times);
+            host.take();
+            platform.keyDown(code, 0);
+            platform.keyDown(code, 0, true);
+            platform.keyUp(code);
+            const Journal told = host.takeEvents();
+            EXPECT_EQ(std::count(told.begin(), told.end(), "DateUpdated"), 1) << code << " " << times;
+            EXPECT_EQ(date(), what + blanks);
+            call(u"HidePopUp");
+        }
+    }
+    // The mouse may put them into the year, too.
+    openOn(u"Mon 2 Mar 2020");
+    press({105, 17});
+    platform.type(u"2021");
+    EXPECT_EQ(chosen(), "2 March, 2021");
+}
+
 TEST_F(DateCalendarTest, TheWheelTurnsMonthsByWholeNotches) {
     openOn(u"Sat 14 Nov 2026");
     for (const int32_t delta : {-40, -40, -40, -240, 120})

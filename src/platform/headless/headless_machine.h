@@ -15,17 +15,20 @@ public:
     // Moves on each time it is read, so that loops which poll it end.
     int32_t tickCount() override;
     std::chrono::year_month_day today() override { return today_; }
+    DateForms dateForms() override { return dateForms_; }
 
     void setTickCount(int32_t ticks) { ticks_ = ticks; }
     // By how much it moves on; at first one millisecond.
     void setPace(std::chrono::milliseconds pace) { pace_ = pace; }
     void advance(std::chrono::milliseconds time);
     void setToday(std::chrono::year_month_day today) { today_ = today; }
+    void setDateForms(DateForms forms) { dateForms_ = std::move(forms); }
 
 private:
     int32_t ticks_ = 1000;
     std::chrono::milliseconds pace_{1};
     std::chrono::year_month_day today_{std::chrono::year{2026}, std::chrono::month{11}, std::chrono::day{14}};
+    DateForms dateForms_;
 };
 
 class MemoryRegistry : public Registry {

@@ -4,6 +4,9 @@
 
 #include <windows.h>
 
+#include <algorithm>
+#include <iterator>
+
 namespace obk::win32 {
 
 namespace {
@@ -30,6 +33,24 @@ private:
     HKEY key_;
 };
 
+std::wstring localeText(LCTYPE type) {
+    wchar_t text[80]{};
+    return GetLocaleInfoW(LOCALE_USER_DEFAULT, type, text, static_cast<int>(std::size(text))) > 0 ? text
+                                                                                                  : L"";
+}
+
+// A month as it stands beside its day, which in some languages is a form of its own.
+std::wstring besideDay(WORD month) {
+    SYSTEMTIME first{};
+    first.wYear = 2026;
+    first.wMonth = month;
+    first.wDay = 1;
+    wchar_t text[80]{};
+    GetDateFormatW(LOCALE_USER_DEFAULT, 0, &first, L"d MMMM", text, static_cast<int>(std::size(text)));
+    const std::wstring whole = text;
+    return whole.substr(std::min(whole.find(L' '), whole.size()));
+}
+
 }  // namespace
 
 int32_t SystemClock::tickCount() {
@@ -40,6 +61,27 @@ std::chrono::year_month_day SystemClock::today() {
     SYSTEMTIME now{};
     GetLocalTime(&now);
     return std::chrono::year(now.wYear) / std::chrono::month(now.wMonth) / std::chrono::day(now.wDay);
+}
+
+DateForms SystemClock::dateForms() {
+    using Order = DateForms::Order;
+    DateForms forms;
+    const std::wstring pattern = localeText(LOCALE_SSHORTDATE);
+    const size_t day = pattern.find(L'd'), month = pattern.find(L'M'), year = pattern.find(L'y');
+    forms.order = year < month  ? Order::yearMonthDay
+                  : day < month ? Order::dayMonthYear
+                                : Order::monthDayYear;
+    DWORD last = 0;
+    if (GetCalendarInfoW(LOCALE_USER_DEFAULT, CAL_GREGORIAN, CAL_ITWODIGITYEARMAX | CAL_RETURN_NUMBER,
+                         nullptr, 0, &last))
+        forms.lastOfTwoDigits = static_cast<int32_t>(last);
+    for (WORD each = 0; each < 12; ++each) {
+        for (const std::wstring& name :
+             {localeText(LOCALE_SMONTHNAME1 + each), besideDay(static_cast<WORD>(each + 1)),
+              localeText(LOCALE_SABBREVMONTHNAME1 + each)})
+            forms.monthNames.emplace_back(fromWide(name), std::chrono::month(each + 1u));
+    }
+    return forms;
 }
 
 std::unique_ptr<RegistryKey> SystemRegistry::open(int32_t rootKey, TextView subKey, uint32_t access) {

@@ -9,6 +9,7 @@ class SystemClock final : public Clock {
 public:
     int32_t tickCount() override;
     std::chrono::year_month_day today() override;
+    DateForms dateForms() override;
 };
 
 class SystemRegistry final : public Registry {
