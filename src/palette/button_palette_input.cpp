@@ -10,6 +10,13 @@ namespace {
 // What the keys depend on.
 constexpr uint16_t panelOpen = 1, walked = 2;
 
+// Whether a key clicks the button when it goes down.
+bool clicks(const KeyEvent& event, bool open) {
+    if (event.shift == shift::alt) return event.code == key::down || (event.code == key::up && open);
+    return event.shift == 0 &&
+           (event.code == key::pageDown || event.code == key::down || event.code == key::f4);
+}
+
 }  // namespace
 
 void ButtonPalette::UserControl_Click() {
@@ -69,13 +76,15 @@ void ButtonPalette::exitFocus() {
 std::span<const KeyGroup> ButtonPalette::keyGroups() const {
     static constexpr KeyClaim button[] = {
         keyClaim(key::space, shifts::none | shifts::shift, u"presses the button"),
-        keyClaim(key::down, shifts::none, u"opens the panel, or closes it"),
+        keyClaim(key::down, shifts::none | shifts::alt, u"opens the panel, or closes it"),
+        keyClaim(key::f4, shifts::none, u"opens the panel, or closes it"),
         keyClaim(key::pageDown, shifts::none, u"opens the panel, or closes it"),
         keyClaim(key::left, shifts::none, u"goes back, as Shift+Tab"),
         keyClaim(key::up, shifts::none, u"goes back, as Shift+Tab"),
     };
     static constexpr KeyClaim panel[] = {
         keyClaim(key::escape, shifts::none, u"closes it"),
+        keyClaim(key::up, shifts::alt, u"closes it"),
         keyClaim(key::right, shifts::none, u"begins to walk through the swatches"),
         {key::end, key::home, shifts::none, u"begin to walk through the swatches"},
     };
@@ -107,16 +116,15 @@ uint16_t ButtonPalette::keyStates() const {
 }
 
 KeyRoute ButtonPalette::preTranslate(const KeyEvent& event) {
-    const bool wanted = (event.code == key::escape && panel_.visible()) ||
-                        (event.code == key::enter && model_.walking()) ||
-                        model_.drop.keepsKey(event, panel_.visible());
-    return wanted && hasFocus() ? KeyRoute::child : Control::preTranslate(event);
+    const bool kept = model_.drop.keepsKey(event, panel_.visible()) && hasFocus();
+    return kept ? KeyRoute::child : Control::preTranslate(event);
 }
 
 void ButtonPalette::surfaceKeyDown(KeyEvent& event) {
     if (!Enabled()) return;
     const bool open = panel_.visible();
-    const bool closes = open && event.code == key::escape;
+    const bool alone = event.shift == 0;
+    const bool closes = open && alone && event.code == key::escape;
     const bool ofPanel = model_.drop.keepsKey(event, open) || panelKeyDown(event);
     model_.drop.keyUsed(event, ofPanel || closes);
     if (ofPanel) {
@@ -126,15 +134,18 @@ void ButtonPalette::surfaceKeyDown(KeyEvent& event) {
         return;
     }
     // A key that is held must not open and close the panel again and again.
-    if ((event.code == key::pageDown || event.code == key::down) && event.shift == 0 && !event.repeated)
+    if (clicks(event, open) && !event.repeated) {
+        if (event.code == key::f4 || !alone) model_.LastButton = button::left;
         UserControl_Click();
-    else if (event.code == key::escape)
+    } else if (event.code == key::escape && alone)
         HidePopUp();
     attempt([&] { KeyDown(event.code, event.shift); });
-    model_.LastKeyDown = event.code;
-    if (event.code == key::space)
+    // With Ctrl or Alt it is a shortcut that nobody had.
+    const bool presses = (event.shift & ~shift::shift) == 0;
+    model_.LastKeyDown = presses ? event.code : int16_t{0};
+    if (event.code == key::space && presses)
         press({button::left, shift::shift, 1, 1});
-    else if (event.code == key::left || event.code == key::up)
+    else if ((event.code == key::left || event.code == key::up) && alone)
         offerToContainer({key::tab, shift::shift, false});
 }
 

@@ -92,10 +92,12 @@ PixelPoint PalettePanel::walkPoint() const {
 void PalettePanel::showCells(const PixelRect& place) {
     const auto& hovered = model_.HoverCell();
     if (Surface* shownOn = surface(); shownOn) {
+        // Keys leave no mouse to rest anywhere.
+        const auto when = model_.walking() ? ToolTipShown::atOnce : ToolTipShown::whenMouseRests;
         if (!hovered)
             shownOn->setToolTip({}, {});
-        else if (!model_.walking())
-            attempt([&] { shownOn->setToolTip(hovered->rect, hovered->Name()); });
+        else
+            attempt([&] { shownOn->setToolTip(hovered->rect, hovered->Name(), when); });
     }
     if (!place.empty()) invalidatePart(outset(place, model_.palette().scale().scaled(2)));
 }

@@ -4,6 +4,8 @@
 #include "framework/value.h"
 #include "widgets/input.h"
 
+#include <limits>
+
 namespace obk {
 
 namespace {
@@ -38,6 +40,14 @@ std::optional<Text> NumericField::increased(TextView text) const {
 
 std::optional<Text> NumericField::decreased(TextView text) const {
     return moved(text, -Interval, pattern());
+}
+
+bool NumericField::atMax(TextView text) const {
+    return numberFromText(text).value_or(std::numeric_limits<double>::quiet_NaN()) >= Max;
+}
+
+bool NumericField::atMin(TextView text) const {
+    return numberFromText(text).value_or(std::numeric_limits<double>::quiet_NaN()) <= Min;
 }
 
 std::optional<Text> NumericField::heldByMax(TextView text, Pattern writtenAs) const {

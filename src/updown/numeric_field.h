@@ -39,6 +39,10 @@ struct NumericField {
     std::optional<Text> increased(TextView text) const;
     std::optional<Text> decreased(TextView text) const;
 
+    // Whether a step leads no further. Not where `text` is no number.
+    bool atMax(TextView text) const;
+    bool atMin(TextView text) const;
+
     // The bound, where the value of `text` is strictly beyond it; else nothing.
     std::optional<Text> heldByMax(TextView text, Pattern writtenAs) const;
     std::optional<Text> heldByMin(TextView text, Pattern writtenAs) const;

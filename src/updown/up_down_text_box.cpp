@@ -12,6 +12,18 @@
 
 namespace obk {
 
+namespace {
+
+constexpr KeyClaim stepKeys[] = {
+    {key::up, key::up, shifts::withoutAlt, u"steps up"},
+    {key::down, key::down, shifts::withoutAlt, u"steps down"},
+    // With Ctrl they turn the pages of a form.
+    keyClaim(key::pageUp, shifts::none | shifts::shift, u"steps up"),
+    keyClaim(key::pageDown, shifts::none | shifts::shift, u"steps down"),
+};
+
+}  // namespace
+
 UpDownTextBox::UpDownTextBox(Platform& platform)
     : Control(platform),
       txtBORDER(root()),
@@ -36,7 +48,10 @@ void UpDownTextBox::connectChildren() {
     const auto on = [this](auto& event, auto handler) {
         connections_.push_back(event.connect(std::move(handler)));
     };
-    on(txtUPDOWN.changed, [this] { attempt([&] { Change(); }); });
+    on(txtUPDOWN.changed, [this] {
+        showEnds();
+        attempt([&] { Change(); });
+    });
     on(txtUPDOWN.clicked, [this] { attempt([&] { Click(); }); });
     on(txtUPDOWN.doubleClicked, [this] { attempt([&] { DblClick(); }); });
     on(txtUPDOWN.keyWentDown, [this](KeyEvent& event) { keyDown(event); });
@@ -51,6 +66,9 @@ void UpDownTextBox::connectChildren() {
     });
     on(txtUPDOWN.mouseMoved, [this](const MouseEvent& event) { raiseMouse(MouseMove, event); });
     on(txtUPDOWN.mouseReleased, [this](const MouseEvent& event) { raiseMouse(MouseUp, event); });
+    on(txtUPDOWN.focusCame, [this] {
+        if (txtUPDOWN.enteredByKeys()) selectText();
+    });
     on(txtUPDOWN.focusWent, [this] { holdInRange(field_.pattern()); });
     on(txtUPDOWN.wheelTurned, [this](const WheelEvent& event, bool& used) { used = udnCTRL.wheel(event); });
     on(txtUPDOWN.fontChanged, [this] {
@@ -128,6 +146,7 @@ void UpDownTextBox::SetInterval(double Interval) {
 
 void UpDownTextBox::SetMax(int32_t Max) {
     field_.Max = Max;
+    showEnds();
     PropertyChanged<&UpDownTextBox::Max>();
 }
 
@@ -138,6 +157,7 @@ void UpDownTextBox::SetMaxLength(int32_t MaxLength) {
 
 void UpDownTextBox::SetMin(int32_t Min) {
     field_.Min = Min;
+    showEnds();
     PropertyChanged<&UpDownTextBox::Min>();
 }
 
@@ -215,28 +235,22 @@ void UpDownTextBox::loadFont(const FontRef& font) {
 }
 
 std::span<const KeyGroup> UpDownTextBox::keyGroups() const {
-    static constexpr KeyClaim steps[] = {
-        {key::up, key::up, shifts::withoutAlt, u"steps up"},
-        {key::down, key::down, shifts::withoutAlt, u"steps down"},
-        // With Ctrl they turn the pages of a form.
-        keyClaim(key::pageUp, shifts::none | shifts::shift, u"steps up"),
-        keyClaim(key::pageDown, shifts::none | shifts::shift, u"steps down"),
-    };
-    static constexpr KeyGroup groups[] = {{{}, 0, textLineKeys}, {{}, 0, steps}};
+    static constexpr KeyGroup groups[] = {{{}, 0, textLineKeys}, {{}, 0, stepKeys}};
     return groups;
 }
 
 void UpDownTextBox::keyDown(KeyEvent& event) {
-    const bool stepsUp = event.code == key::up || event.code == key::pageUp;
-    const bool stepsDown = event.code == key::down || event.code == key::pageDown;
-    if (stepsUp)
-        stepUp();
-    else if (stepsDown)
-        stepDown();
-    if (stepsUp || stepsDown) txtUPDOWN.setSelection({txtUPDOWN.selection().start, 0});
+    const bool steps = isClaimed(event, stepKeys);
+    if (steps) {
+        if (event.code == key::up || event.code == key::pageUp)
+            stepUp();
+        else
+            stepDown();
+        txtUPDOWN.setSelection({txtUPDOWN.selection().start, 0});
+    }
     attempt([&] { KeyDown(event.code, event.shift); });
     // The key has done its work; the text window would move its caret by it.
-    if (stepsUp || stepsDown) event.code = 0;
+    if (steps) event.code = 0;
 }
 
 void UpDownTextBox::stepUp() {

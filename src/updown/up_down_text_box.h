@@ -85,6 +85,7 @@ private:
 
     void connectChildren();
     void keyDown(KeyEvent& event);
+    void showEnds() { udnCTRL.setEnds(field_.atMax(txtUPDOWN.text()), field_.atMin(txtUPDOWN.text())); }
     void stepUp();
     void stepDown();
     void holdInRange(NumericField::Pattern writtenAs);

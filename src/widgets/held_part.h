@@ -15,9 +15,11 @@ namespace obk {
 template <typename Part>
 class HeldPart {
 public:
+    // Whether it acts more often after two seconds.
+    enum class Pace : uint8_t { even, quickens };
     // `widget` is borrowed; `underMouse` answers its part there at the moment.
-    HeldPart(Widget& widget, std::function<std::optional<Part>()> underMouse)
-        : widget_(widget), underMouse_(std::move(underMouse)), timer_(widget) {
+    HeldPart(Widget& widget, std::function<std::optional<Part>()> underMouse, Pace pace = Pace::even)
+        : widget_(widget), underMouse_(std::move(underMouse)), pace_(pace), timer_(widget) {
         ticked_ = timer_.ticked.connect([this] { repeat(); });
     }
 
@@ -31,7 +33,8 @@ public:
     }
     void press(Part part) {
         hold(part);
-        timer_.start(metrics().repeatDelay);
+        heldFor_ = {};
+        wait(metrics().repeatDelay);
         acted(part);
     }
     // Whether a part was held.
@@ -50,15 +53,22 @@ public:
 
 private:
     Appearance::Metrics metrics() const { return widget_.platform().appearance().metrics(); }
+    void wait(std::chrono::milliseconds time) {
+        heldFor_ += time;
+        timer_.start(time);
+    }
     void repeat() {
         if (!part_) return;
-        timer_.start(metrics().repeatInterval);
+        const auto interval = metrics().repeatInterval;
+        wait(pace_ == Pace::quickens && heldFor_ >= std::chrono::seconds(2) ? interval / 4 : interval);
         if (underMouse_() == part_) acted(*part_);
     }
 
     Widget& widget_;
     std::function<std::optional<Part>()> underMouse_;
     std::optional<Part> part_;
+    Pace pace_;
+    std::chrono::milliseconds heldFor_{};
     Timer timer_;
     Connection ticked_;
 };

@@ -62,6 +62,8 @@ struct MouseEvent {
     PixelPoint at;  // relative to the receiver's client area; outside it while captured
 };
 
+enum class ToolTipShown : uint8_t { whenMouseRests, atOnce };
+
 struct WheelEvent {
     int32_t delta = 0;  // 120 a notch, positive away from the user; fine-grained wheels send less
     bool horizontal = false;

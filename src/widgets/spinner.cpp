@@ -8,7 +8,10 @@
 
 namespace obk {
 
-Spinner::Spinner(Container& parent) : Widget(parent), held_(*this, [this] { return hovered_; }) {
+Spinner::Spinner(Container& parent)
+    : Widget(parent),
+      held_(
+          *this, [this] { return hovered_; }, HeldPart<Part>::Pace::quickens) {
     acted_ = held_.acted.connect([this](Part part) { step(part); });
 }
 
@@ -21,6 +24,13 @@ bool Spinner::setBuddyAlignment(int32_t alignment) {
 
 void Spinner::setLook(Look look) {
     look_ = look;
+    invalidate();
+}
+
+void Spinner::setEnds(bool up, bool down) {
+    if (up == upEnds_ && down == downEnds_) return;
+    upEnds_ = up;
+    downEnds_ = down;
     invalidate();
 }
 
@@ -53,10 +63,11 @@ void Spinner::paintPart(Canvas& canvas, const PixelRect& bounds, Part part) cons
     const auto colour = [this](SystemColour index) { return systemRgb(platform(), index); };
     const PixelRect rect = partRect(part, bounds, canvas.dpi());
     const bool down = held_.part() == part && hovered_ == part;
-    const bool hot = enabled() && !held_.part() && hovered_ == part;
+    const bool leads = enabled() && !(part == Part::up ? upEnds_ : downEnds_);
+    const bool hot = leads && !held_.part() && hovered_ == part;
     const bool highContrast = platform().appearance().highContrast();
     const int32_t line = canvas.dpi().scaled(1);
-    Rgb arrow = colour(enabled() ? SystemColour::buttonText : SystemColour::greyText);
+    Rgb arrow = colour(leads ? SystemColour::buttonText : SystemColour::greyText);
     PixelRect arrowRect = rect.inset(line);
 
     if (look_ == Look::classic && !highContrast) {
@@ -73,7 +84,7 @@ void Spinner::paintPart(Canvas& canvas, const PixelRect& bounds, Part part) cons
     } else {
         const Rgb face = colour(SystemColour::buttonFace);
         const Rgb accent = colour(SystemColour::highlight);
-        Rgb fill = enabled() ? face : mixed(face, colour(SystemColour::window), 128);
+        Rgb fill = leads ? face : mixed(face, colour(SystemColour::window), 128);
         if (down)
             fill = highContrast ? accent : mixed(accent, face, 120);
         else if (hot)

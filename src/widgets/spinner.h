@@ -22,6 +22,8 @@ public:
     // 0: buttons at the right edge, 1: at the left. False, and nothing changed, for any other number.
     bool setBuddyAlignment(int32_t alignment);
     void setLook(Look look);
+    // A button that leads no further looks disabled, and acts all the same.
+    void setEnds(bool up, bool down);
     // Width that the buttons take at their side.
     static constexpr Twips buttonWidth{255};
 
@@ -48,6 +50,7 @@ private:
     bool allowArrowKeys_ = true;
     uint8_t buddyAlignment_ = 0;
     Look look_ = Look::flat;
+    bool upEnds_ = false, downEnds_ = false;
     HeldPart<Part> held_;
     std::optional<Part> hovered_;
     WheelNotches wheel_;

@@ -61,8 +61,8 @@ void Surface::setCursor(Cursor cursor) {
     if (peer_) attempt([&] { peer_->setCursor(cursor); });
 }
 
-void Surface::setToolTip(const PixelRect& rect, TextView text) {
-    if (peer_) attempt([&] { peer_->setToolTip(rect, text); });
+void Surface::setToolTip(const PixelRect& rect, TextView text, ToolTipShown shown) {
+    if (peer_) attempt([&] { peer_->setToolTip(rect, text, shown); });
 }
 
 void Surface::invalidate(const PixelRect& rect) {

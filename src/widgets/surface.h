@@ -39,8 +39,9 @@ public:
     // Paints what is invalid now rather than later.
     void update();
     void setCursor(Cursor cursor);
-    // Shown when the mouse rests inside `rect`; an empty text removes it. One at a time.
-    void setToolTip(const PixelRect& rect, TextView text);
+    // Shown when the mouse rests inside `rect`, or at once below that; an empty text removes it. One at a
+    // time.
+    void setToolTip(const PixelRect& rect, TextView text, ToolTipShown shown = ToolTipShown::whenMouseRests);
     void invalidate(const PixelRect& rect);
     // A child's window shows something else.
     void childLooksDifferent() { owner_.surfaceLooksDifferent(); }

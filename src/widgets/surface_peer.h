@@ -78,8 +78,9 @@ public:
     // Whether the focus is in this window or one of its children.
     virtual bool hasFocus() const = 0;
     virtual void setCursor(Cursor cursor) = 0;
-    // Shown when the mouse rests inside `rect`; an empty text removes it. One at a time.
-    virtual void setToolTip(const PixelRect& rect, TextView text) = 0;
+    // Shown when the mouse rests inside `rect`, or at once below that; an empty text removes it. One at a
+    // time.
+    virtual void setToolTip(const PixelRect& rect, TextView text, ToolTipShown shown) = 0;
     // From now on things may be dropped on it, where the system and the host's thread are ready for that.
     virtual void acceptDrops() = 0;
     virtual PixelPoint toScreen(PixelPoint point) const = 0;

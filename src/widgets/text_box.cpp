@@ -41,6 +41,12 @@ void TextBox::setSelection(TextSelection selection) {
     ask([&] { window().setSelection(selection_); });
 }
 
+bool TextBox::enteredByKeys() const {
+    bool byKeys = false;
+    ask([&] { byKeys = window().enteredByKeys(); });
+    return byKeys;
+}
+
 bool TextBox::setAlignment(int32_t alignment) {
     if (alignment < 0 || alignment > 2) return refuseNumber(alignment, u"0 to 2");
     alignment_ = static_cast<uint8_t>(alignment);

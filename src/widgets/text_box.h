@@ -61,6 +61,8 @@ public:
     const FontRef& font() const { return font_.font(); }
     void setFont(FontRef font) { font_.set(std::move(font)); }
     void setAccessibleName(TextView name);
+    // While `focusCame` is raised: whether keys or a host brought the focus from elsewhere in the form.
+    bool enteredByKeys() const;
     // The text in the middle of the height above some room (pixels at 96 DPI); at first it is at the top.
     void centreAbove(int32_t room);
 

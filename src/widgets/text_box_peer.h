@@ -38,6 +38,9 @@ public:
     // What a person may type or paste; 0 is no limit. Does not shorten the present text.
     virtual void setMaxLength(int32_t length) = 0;
     virtual void perform(EditCommand command) = 0;
+    // Asked when the focus has come: whether that was neither by the mouse nor because the form, which had
+    // lost the focus to another one, has it again.
+    virtual bool enteredByKeys() const = 0;
 };
 
 }  // namespace obk

@@ -177,6 +177,22 @@ TEST_F(ButtonPaletteTest, KeysOpenCloseAndMoveOn) {
     EXPECT_FALSE(open());
     platform.pressKey(key::left);
     EXPECT_EQ(host.take(), (Journal{"KeyDown 37 0", "offered 9", "KeyUp 37 0"}));
+    // F4 and Alt with an arrow as in any field that drops something down, whichever button was pressed last.
+    platform.mouse(surface(), {Kind::down, button::right, 0, {20, 10}});
+    platform.mouse(surface(), {Kind::up, button::right, 0, {20, 10}});
+    for (const auto& [code, state] :
+         {std::pair(key::f4, int16_t{0}), {key::f4, 0}, {key::down, shift::alt}, {key::up, shift::alt}}) {
+        const bool before = open();
+        host.take();
+        platform.pressKey(code, state);
+        EXPECT_NE(open(), before);
+        const Journal told = host.takeEvents();
+        EXPECT_EQ(std::count(told.begin(), told.end(), "Click"), 1);
+    }
+    // With Ctrl or Alt, Space is a shortcut that nobody had.
+    platform.pressKey(key::space, shift::control);
+    EXPECT_FALSE(open());
+    EXPECT_EQ(host.take(), (Journal{"offered 32", "KeyDown 32 2", "KeyUp 32 2"}));
     // A closed panel leaves Escape to the container first.
     host.takesKeys = true;
     platform.pressKey(key::escape);
@@ -409,7 +425,9 @@ TEST_F(ButtonPaletteTest, SwatchesAreNamedInToolTipsAndForScreenReaders) {
     EXPECT_EQ(own[0].name, u"Button");
     EXPECT_EQ(own[0].value, u"EARTH RED");
     platform.pressKey(key::home);
-    EXPECT_EQ(panel()->toolTip(), u"PASTEL COPPER") << "where the mouse is, not where the keys are";
+    EXPECT_EQ(toUtf8(panel()->toolTip()),
+              toUtf8(ColourPalette(enQUILLPalette::QP24X8).baseCells()[0].Name()));
+    EXPECT_EQ(panel()->toolTipShown(), ToolTipShown::atOnce) << "keys leave no mouse to rest";
     call(u"HidePopUp");
     EXPECT_EQ(panel()->toolTip(), u"");
 }

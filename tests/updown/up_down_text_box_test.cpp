@@ -69,6 +69,10 @@ TEST_F(UpDownTextBoxTest, ArrowAndPageKeysStepBeforeTheHostSeesThem) {
     platform.pressKey(key::pageDown);
     EXPECT_EQ(host.takeEvents(), (Journal{"UpClick", "Change", "KeyDown 34 0", "KeyUp 34 0"}));
     EXPECT_EQ(text(u"Text"), "8");
+    // What it does not claim it leaves alone, also where no host takes it.
+    platform.pressKey(key::up, shift::alt);
+    platform.pressKey(key::pageUp, shift::control);
+    EXPECT_EQ(text(u"Text"), "8");
 }
 
 TEST_F(UpDownTextBoxTest, StepsAreHeldAtTheBoundAheadOnly) {
@@ -332,11 +336,59 @@ TEST_F(UpDownTextBoxTest, AHeldButtonRepeatsAfterADelayWhileTheMouseIsOnIt) {
         EXPECT_EQ(text(u"Text"), before) << "dragged away";
     }
     drag(onUp);
-    platform.advance(100ms);
-    EXPECT_EQ(text(u"Text"), "7");
+    platform.advance(96ms);
+    EXPECT_EQ(text(u"Text"), "13") << "four times as often after two seconds";
     letGo(outside);
     platform.advance(10s);
+    EXPECT_EQ(text(u"Text"), "13");
+    press(onUp);
+    platform.advance(550ms);
+    EXPECT_EQ(text(u"Text"), "16") << "each press begins anew";
+}
+
+TEST_F(UpDownTextBoxTest, AButtonAtItsBoundLooksDisabledAndActs) {
+    activate();
+    const auto inks = [this] {
+        std::vector<Rgb> colours;
+        for (const size_t button : {1, 2}) {
+            const PixelRect place = items()[button].bounds;
+            EXPECT_TRUE(items()[button].enabled);
+            colours.push_back(platform.surface(window())->paint().colourAt(
+                {(place.left + place.right) / 2, (place.top + place.bottom) / 2}));
+        }
+        return colours;
+    };
+    const Rgb live = system(SystemColour::buttonText), grey = system(SystemColour::greyText);
+    for (const auto& [value, up, down] : {std::tuple(u"10", grey, live),
+                                          {u"0", live, grey},
+                                          {u"5", live, live},
+                                          {u"12", grey, live},
+                                          {u"", live, live}}) {
+        put(u"Text", Text(value));
+        EXPECT_EQ(inks(), (std::vector{up, down})) << toUtf8(value);
+    }
+    put(u"Text", Text(u"5"));
+    put(u"Max", 5);
+    put(u"Min", 5);
+    EXPECT_EQ(inks(), (std::vector{grey, grey}));
+    host.take();
+    press(onUp);
+    letGo(onUp);
+    EXPECT_EQ(host.takeEvents(), (Journal{"MouseDown 1 0 990 45", "DownClick", "Change", "Change"}));
+}
+
+TEST_F(UpDownTextBoxTest, AllIsSelectedWhereKeysEnterAndNotWhereTheMouseDoes) {
+    setText(u"10");
+    edit();
+    platform.type(u"7");
     EXPECT_EQ(text(u"Text"), "7");
+    for (const PixelPoint at : {inText, onDown}) {
+        platform.setFocus(0);
+        setText(u"9");
+        press(at);
+        letGo(at);
+        EXPECT_EQ(textWindow().selection().length, 0);
+    }
 }
 
 TEST_F(UpDownTextBoxTest, WhateverEndsAPressEndsTheRepeating) {
@@ -460,7 +512,8 @@ TEST_F(UpDownTextBoxTest, WindowsComeAndGoWithoutLosingTextOrSelection) {
     EXPECT_EQ(host.take().back(), "focus out");
     activate();
     EXPECT_EQ(textWindow().selection(), (TextSelection{1, 2}));
-    control->focus();
+    press(inText);
+    letGo(inText);
     platform.type(u"0");
     EXPECT_EQ(text(u"Text"), "104");
     control->deactivate();

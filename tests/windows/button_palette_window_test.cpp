@@ -6,6 +6,8 @@
 #include "server_support.h"
 #include "two_scales_support.h"
 
+#include <commctrl.h>
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -84,6 +86,41 @@ TEST_F(ButtonPaletteWindow, LeftLeavesTheButtonBackwards) {
     person.key(VK_LEFT);
     EXPECT_TRUE(person.waitFor([&] { return GetFocus() == other; }));
     EXPECT_EQ(takeEvents(), L"KeyDown FocusLost FocusLost MouseUp");
+}
+
+TEST_F(ButtonPaletteWindow, ItIsOpenedAndWalkedByKeysAndEachSwatchIsNamedAtOnce) {
+    // Of the tool tips that show.
+    const auto named = [] {
+        std::wstring text;
+        EnumThreadWindows(
+            GetCurrentThreadId(),
+            [](HWND window, LPARAM found) {
+                wchar_t name[64]{};
+                GetClassNameW(window, name, 64);
+                if (!IsWindowVisible(window) || lstrcmpiW(name, TOOLTIPS_CLASSW) != 0) return TRUE;
+                GetWindowTextW(window, name, 64);
+                *reinterpret_cast<std::wstring*>(found) += name;
+                return TRUE;
+            },
+            reinterpret_cast<LPARAM>(&text));
+        return text;
+    };
+    SetFocus(button());
+    person.key(VK_F4);
+    ASSERT_TRUE(openPanel());
+    EXPECT_EQ(named(), L"");
+    person.key(VK_HOME);
+    EXPECT_EQ(named(), L"PASTEL RED");
+    person.key(VK_RIGHT);
+    EXPECT_EQ(named(), L"PASTEL COPPER");
+    person.key(VK_F4);
+    EXPECT_FALSE(openPanel());
+    EXPECT_EQ(named(), L"");
+    person.key(VK_DOWN, MOD_ALT);
+    EXPECT_TRUE(openPanel());
+    for (const WORD code : {WORD{VK_HOME}, WORD{VK_RIGHT}, WORD{VK_RETURN}}) person.key(code);
+    EXPECT_EQ(colour(), colourOf(8));
+    EXPECT_EQ(GetFocus(), button());
 }
 
 TEST_F(ButtonPaletteWindow, ThePanelStaysWholeOnTheScreenAtEveryEdge) {

@@ -199,6 +199,20 @@ protected:
     std::wstring text() const { return object().value(L"Text").toText(); }
 };
 
+TEST_F(UpDownTextBoxWindow, TabSelectsAllAndTheMousePutsTheCaret) {
+    const HWND edit = GetWindow(face(), GW_CHILD);
+    object().put(L"Max", 100L);
+    SetFocus(other);
+    person.key(VK_TAB, MOD_SHIFT);
+    ASSERT_TRUE(person.waitFor([&] { return GetFocus() == edit; }));
+    person.type(L"12");
+    EXPECT_EQ(text(), L"12");
+    SetFocus(other);
+    person.click(edit, 2, 8);
+    person.type(L"3");
+    EXPECT_EQ(text(), L"312");
+}
+
 TEST_F(UpDownTextBoxWindow, AHeldSpinnerButtonRepeatsUntilItIsReleased) {
     person.moveTo(face(), 92, 5);
     person.press();
@@ -212,6 +226,19 @@ TEST_F(UpDownTextBoxWindow, AHeldSpinnerButtonRepeatsUntilItIsReleased) {
     EXPECT_EQ(GetCapture(), nullptr);
     person.turnWheel(WHEEL_DELTA * 2);
     EXPECT_EQ(text(), std::to_wstring(std::stoi(released) + 2));
+    // After two seconds it is faster.
+    object().put(L"Max", 1000L);
+    person.press();
+    const auto stepsIn = [&](int milliseconds) {
+        const int before = std::stoi(text());
+        person.wait(std::chrono::milliseconds(milliseconds));
+        return std::stoi(text()) - before;
+    };
+    person.wait(std::chrono::milliseconds(700));
+    const int slowly = stepsIn(600);
+    person.wait(std::chrono::milliseconds(800));
+    EXPECT_GT(stepsIn(600), slowly * 3 / 2);
+    person.release();
 }
 
 }  // namespace

@@ -88,7 +88,7 @@ TEST(PlatformResourcesTest, NothingIsLeftOfManyPlatforms) {
         const auto box = area->createTextBox(boxClient, HorizontalAlignment::left);
         box->setFont({u"Tahoma", 9.75, 700, 0, true});
         box->setAlignment(HorizontalAlignment::right);
-        area->setToolTip({0, 0, 10, 10}, u"tip");
+        area->setToolTip({0, 0, 10, 10}, u"tip", ToolTipShown::whenMouseRests);
         const auto timer = platform.createTimer([] { return std::make_shared<int>(0); }, [] {});
         timer->start(std::chrono::milliseconds(1));
         platform.appearance().measure(u"text", {}, Dpi(144));
@@ -121,7 +121,7 @@ TEST_F(WindowTest, PeersOutliveTheirPlatformAndTheirHostsWindow) {
     EXPECT_EQ(area->window(), NativeWindow{0});
     area->setBounds({0, 0, 10, 10});
     area->capture();
-    area->setToolTip({0, 0, 10, 10}, u"tip");
+    area->setToolTip({0, 0, 10, 10}, u"tip", ToolTipShown::whenMouseRests);
     EXPECT_FALSE(area->createTextBox(boxClient, HorizontalAlignment::left));
     box->setAlignment(HorizontalAlignment::right);
     box->setText(u"text");
@@ -299,11 +299,11 @@ TEST_F(WindowTest, AToolTipShowsWhereTheMouseRests) {
         EnumThreadWindows(GetCurrentThreadId(), findToolTip, reinterpret_cast<LPARAM>(&tip));
         return tip != nullptr;
     };
-    area->setToolTip({140, 70, 200, 120}, u"Navy");
+    area->setToolTip({140, 70, 200, 120}, u"Navy", ToolTipShown::whenMouseRests);
     driver.mouseMove(*area, {150, 80});
     driver.mouseMove(*area, {151, 80});
     EXPECT_TRUE(pumpUntil(shown));
-    area->setToolTip({}, u"");
+    area->setToolTip({}, u"", ToolTipShown::whenMouseRests);
     EXPECT_FALSE(shown());
 }
 

@@ -1,5 +1,6 @@
 #include "platform/headless/headless_platform.h"
 
+#include "base/scoped_value.h"
 #include "platform/headless/headless_surface.h"
 #include "platform/headless/headless_timer.h"
 
@@ -187,6 +188,7 @@ void HeadlessPlatform::type(TextView text) {
 }
 
 void HeadlessPlatform::mouse(NativeWindow surfaceWindow, const MouseEvent& event) {
+    const ScopedFlag acts(mouseActs_);
     HeadlessSurface* target = surface(surfaceWindow);
     if (!target) return;
     MouseEvent own = event;

@@ -86,6 +86,8 @@ public:
 
     NativeWindow focus() const { return focus_; }
     NativeWindow capture() const { return capture_; }
+    // While the mouse does something.
+    bool mouseActs() const { return mouseActs_; }
     size_t windowCount() const { return windows_.size(); }
     std::vector<NativeWindow> windows() const;  // in the order they were made
     size_t timerCount() const { return timers_.size(); }
@@ -112,6 +114,7 @@ private:
     NativeWindow nextWindow_ = 1;
     NativeWindow focus_ = 0;
     NativeWindow capture_ = 0;
+    bool mouseActs_ = false;
     NativeWindow hovered_ = 0;
     std::vector<Monitor> monitors_{{{0, 0, 1280, 800}}};
     ScaleTold scaleTold_ = ScaleTold::moved;

@@ -32,7 +32,10 @@ public:
     bool hasFocus() const override { return contains(platform_.focus()); }
     bool canTakeFocus() const override;
     void setCursor(Cursor cursor) override { cursor_ = cursor; }
-    void setToolTip(const PixelRect&, TextView text) override { toolTip_ = text; }
+    void setToolTip(const PixelRect&, TextView text, ToolTipShown shown) override {
+        toolTip_ = text;
+        toolTipShown_ = shown;
+    }
     void acceptDrops() override { acceptsDrops_ = true; }
     bool acceptsDrops() const { return acceptsDrops_; }
     PixelPoint toScreen(PixelPoint point) const override {
@@ -61,6 +64,7 @@ public:
     void addChild(HeadlessWindow& child) { children_.push_back(&child); }
     void removeChild(HeadlessWindow& child) { std::erase(children_, &child); }
     const Text& toolTip() const { return toolTip_; }
+    ToolTipShown toolTipShown() const { return toolTipShown_; }
     Cursor cursor() const { return cursor_; }
 
 private:
@@ -74,6 +78,7 @@ private:
     std::vector<Scrolled> scrolled_;
     std::vector<HeadlessWindow*> children_;
     Text toolTip_;
+    ToolTipShown toolTipShown_ = ToolTipShown::whenMouseRests;
     Cursor cursor_ = Cursor::arrow;
     bool acceptsDrops_ = false;
 };

@@ -22,6 +22,7 @@ public:
         maxLength_ = length;
     }
     void perform(EditCommand command) override;
+    bool enteredByKeys() const override { return !platform_.mouseActs(); }
 
     void keyEffect(const KeyEvent& event) override;
     void characterEffect(char16_t character) override;

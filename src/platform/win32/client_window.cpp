@@ -206,6 +206,7 @@ LRESULT ClientWindow::handle(const Message& message) {
         case WM_SETFOCUS: {
             // A key that was used when it went down may have been released elsewhere.
             discardCharacter_ = false;
+            noteFocus(message);
             const LRESULT result = defaultFor(message);
             focusIsInside(true);
             const bool back = environment_->away().returnedTo(*this);
@@ -213,6 +214,7 @@ LRESULT ClientWindow::handle(const Message& message) {
             return result;
         }
         case WM_KILLFOCUS: {
+            noteFocus(message);
             const LRESULT result = defaultFor(message);
             focusIsInside(false);
             if (!environment_->away().keep(shared_from_this()) && listening()) client_->focusLost();
@@ -229,6 +231,17 @@ LRESULT ClientWindow::handle(const Message& message) {
         default:
             return buttonMessage(message.code) ? mouse(message) : defaultFor(message);
     }
+}
+
+void ClientWindow::noteFocus(const Message& message) {
+    if (message.code == WM_KILLFOCUS) {
+        const auto next = reinterpret_cast<HWND>(message.wParam);
+        leftForm_ = !next || GetAncestor(next, GA_ROOT) != GetAncestor(message.window, GA_ROOT);
+        return;
+    }
+    const auto held = [](int button) { return GetKeyState(button) < 0; };
+    enteredByKeys_ = !leftForm_ && !held(VK_LBUTTON) && !held(VK_RBUTTON) && !held(VK_MBUTTON);
+    leftForm_ = false;
 }
 
 LRESULT ClientWindow::keyDown(const Message& message) {

@@ -40,6 +40,8 @@ public:
     void giveFocusTo(HWND window);
     // Whether a window of this process is the inside of a peer.
     static bool isOne(HWND window);
+    // Whether the focus came from elsewhere in the form, and not by the mouse.
+    bool enteredByKeys() const { return enteredByKeys_; }
 
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
@@ -103,6 +105,7 @@ private:
     LRESULT contextMenu(const Message& message);
     LRESULT dialogCode(const Message& message);
     void trackLeaving();
+    void noteFocus(const Message& message);
 
     std::shared_ptr<Environment> environment_;
     PeerClient* client_;
@@ -113,6 +116,8 @@ private:
     int silences_ = 0;
     bool discardCharacter_ = false;  // of a key that was used or discarded
     bool tracking_ = false;
+    bool leftForm_ = false;  // when the focus left this window
+    bool enteredByKeys_ = false;
 };
 
 }  // namespace obk::win32

@@ -287,8 +287,8 @@ void SurfaceWindow::setCursor(Cursor cursor) {
         SetCursor(systemCursor(cursor_));
 }
 
-void SurfaceWindow::setToolTip(const PixelRect& rect, TextView text) {
-    toolTip_.set(environment(), hwnd(), rect, text);
+void SurfaceWindow::setToolTip(const PixelRect& rect, TextView text, ToolTipShown shown) {
+    toolTip_.set(environment(), hwnd(), rect, text, shown);
 }
 
 void SurfaceWindow::acceptDrops() {

@@ -36,7 +36,7 @@ public:
     void releaseCapture();
     bool hasCapture() const { return hwnd() && GetCapture() == hwnd(); }
     void setCursor(Cursor cursor);
-    void setToolTip(const PixelRect& rect, TextView text);
+    void setToolTip(const PixelRect& rect, TextView text, ToolTipShown shown);
     void acceptDrops();
 
     void add(const std::shared_ptr<ChildWindow>& child);

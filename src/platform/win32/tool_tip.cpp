@@ -3,22 +3,22 @@
 #include "platform/win32/display.h"
 #include "platform/win32/text_conversion.h"
 
-#include <commctrl.h>
-
 namespace obk::win32 {
 
-void ToolTip::set(const Environment& environment, HWND owner, const PixelRect& rect, TextView text) {
+void ToolTip::set(const Environment& environment, HWND owner, const PixelRect& rect, TextView text,
+                  ToolTipShown shown) {
     std::wstring wanted = toWide(text);
-    if (wanted == text_ && rect == rect_ && owner == owner_) return;
+    if (wanted == text_ && rect == rect_ && owner == owner_ && shown == shown_) return;
     if (wanted.empty() || !owner) {
         close();
         return;
     }
-    if (owner != owner_) close();
+    if (owner != owner_ || shown != shown_) close();
+    const bool atOnce = shown == ToolTipShown::atOnce;
     TTTOOLINFOW tool{};
     // The size that every version of the common controls accepts.
     tool.cbSize = TTTOOLINFOW_V1_SIZE;
-    tool.uFlags = TTF_SUBCLASS | TTF_TRANSPARENT;
+    tool.uFlags = TTF_TRANSPARENT | (atOnce ? TTF_TRACK | TTF_ABSOLUTE : TTF_SUBCLASS);
     tool.hwnd = owner;
     tool.uId = 1;
     tool.rect = toRect(rect);
@@ -39,6 +39,15 @@ void ToolTip::set(const Environment& environment, HWND owner, const PixelRect& r
     }
     text_ = std::move(wanted);
     rect_ = rect;
+    shown_ = shown;
+    if (atOnce) showAtOnce(tool, rect);
+}
+
+void ToolTip::showAtOnce(TTTOOLINFOW& tool, const PixelRect& rect) const {
+    POINT below{rect.left, rect.bottom};
+    ClientToScreen(owner_, &below);
+    SendMessageW(window_, TTM_TRACKPOSITION, 0, MAKELPARAM(below.x, below.y));
+    SendMessageW(window_, TTM_TRACKACTIVATE, TRUE, reinterpret_cast<LPARAM>(&tool));
 }
 
 void ToolTip::close() {

@@ -83,6 +83,7 @@ public:
     void setAlignment(HorizontalAlignment alignment) override { held()->setAlignment(alignment); }
     void setMaxLength(int32_t length) override { window_->setMaxLength(length); }
     void perform(EditCommand command) override { held()->perform(command); }
+    bool enteredByKeys() const override { return held()->enteredByKeys(); }
 };
 
 class CheckBox final : public Child<CheckBoxPeer, CheckBoxWindow> {
@@ -118,7 +119,9 @@ public:
     void focus() override { held()->takeFocus(); }
     bool hasFocus() const override { return window_->holdsFocus(); }
     void setCursor(Cursor cursor) override { window_->setCursor(cursor); }
-    void setToolTip(const PixelRect& rect, TextView text) override { window_->setToolTip(rect, text); }
+    void setToolTip(const PixelRect& rect, TextView text, ToolTipShown shown) override {
+        window_->setToolTip(rect, text, shown);
+    }
     void acceptDrops() override { window_->acceptDrops(); }
     PixelPoint toScreen(PixelPoint point) const override {
         POINT at{point.x, point.y};
