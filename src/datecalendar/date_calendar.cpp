@@ -415,7 +415,7 @@ bool DateCalendar::actOn(const KeyEvent& event) {
         HidePopUp();
         return true;
     }
-    return picDROPDOWNPANEL.useKey(event);
+    return picDROPDOWNPANEL.useKey(alongReading(event));
 }
 
 void DateCalendar::iconMouse(const MouseEvent& event) {

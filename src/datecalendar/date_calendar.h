@@ -72,6 +72,7 @@ private:
     void enterFocus() override;
     void exitFocus() override;
     void useAmbientFont(const FontRef& font) override;
+    bool mirrorsItself() const override { return true; }
     KeyRoute preTranslate(const KeyEvent& event) override;
     void surfacePressedElsewhere() override;
     std::span<const KeyGroup> keyGroups() const override;

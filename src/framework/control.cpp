@@ -5,6 +5,7 @@
 #include "framework/hosted_control.h"
 #include "framework/pop_up_panel.h"
 #include "framework/trace_line.h"
+#include "widgets/mirrored_canvas.h"
 
 #include <algorithm>
 
@@ -120,7 +121,17 @@ void Control::setSize(Twips width, Twips height) {
     width_ = std::max(width, Twips{0});
     height_ = std::max(height, Twips{0});
     root_.move({{0}, {0}, width_, height_});
+    readContainer();
     attempt([&] { resize(); });
+}
+
+void Control::readContainer() {
+    const bool mirrored = mirrorsItself() && rightToLeft();
+    if (mirrored == mirrored_) return;
+    mirrored_ = mirrored;
+    root_.appearanceChanged();
+    root_.placed();
+    root_.invalidate();
 }
 
 bool Control::activate(NativeWindow parent, const PixelRect& bounds) {
@@ -167,7 +178,12 @@ bool Control::hasFocus() const {
 
 void Control::draw(Canvas& canvas, const PixelRect& bounds) {
     const AtWork work(*this);
-    attempt([&] { root_.paint(canvas, bounds); });
+    readContainer();
+    attempt([&] {
+        if (!mirrored_) return root_.paint(canvas, bounds);
+        MirroredCanvas mirror(canvas, bounds);
+        root_.paint(mirror, bounds);
+    });
 }
 
 FontRef Control::ambientFont() const {
@@ -205,6 +221,14 @@ void Control::propertyChanged(const void* token) {
 
 bool Control::rightToLeft() const {
     return host_ && host_->rightToLeft();
+}
+
+KeyEvent Control::alongReading(const KeyEvent& event) const {
+    KeyEvent read = event;
+    const bool aside = event.code == key::left || event.code == key::right;
+    if (aside && mirrorsItself() && rightToLeft())
+        read.code = event.code == key::left ? key::right : key::left;
+    return read;
 }
 
 void Control::accessKeysChanged() {

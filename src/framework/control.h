@@ -86,6 +86,11 @@ protected:
     }
     void requestSize(Twips width, Twips height);  // asks the container for it
     bool rightToLeft() const;  // whether the container reads so; `resize` runs when that changes
+    // Whether all of the control is mirrored then, so that x counts from the reading edge. Otherwise it lays
+    // itself out for both.
+    virtual bool mirrorsItself() const { return false; }
+    // A key as it would be without mirroring: the arrows to the sides change places.
+    KeyEvent alongReading(const KeyEvent& event) const;
     void accessKeysChanged();
     // Shift+Tab and the like, on behalf of the user. Whether the container used it.
     bool offerToContainer(const KeyEvent& event) override;
@@ -101,6 +106,8 @@ private:
     void surfaceCaptureLost() override {}
     void surfaceChanged() override;
     void surfaceLooksDifferent() override;
+    bool mirrored() const override { return mirrored_; }
+    void readContainer();
     void closePanels();
 
     Container root_;
@@ -109,6 +116,7 @@ private:
     const ControlTable* ownTable_ = nullptr;  // known from the start on; setters ask it every time
     Twips width_{4800}, height_{3600};
     bool active_ = false;
+    bool mirrored_ = false;  // as the container read when it was asked last
     bool loading_ = false;
     bool focusInside_ = false;
     std::vector<PopUpPanel*> panels_;     // borrowed; they take themselves out

@@ -4,6 +4,7 @@
 #include "base/scoped_value.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace obk {
 
@@ -26,6 +27,8 @@ bool PopUpPanel::show(PopUpSide first) {
     const Surface* host = owner_.root().surface();
     if (!host || !host->placed() || owner_.root().pixelClip().empty()) return false;
     side_ = first;
+    const bool mirrored = owner_.mirrorsItself() && owner_.rightToLeft();
+    if (std::exchange(mirrored_, mirrored) != mirrored) fittedTo_.reset();
     if (!surface_.isOpen() && !surface_.open({SurfacePlacement::Kind::panel, host->window(),
                                               placed(sizeAt_(owner_.root().dpi()), *host)}))
         return false;
@@ -76,10 +79,8 @@ void PopUpPanel::renewCapture() {
 }
 
 PixelRect PopUpPanel::placed(PixelSize size, const Surface& host) const {
-    const PixelRect own = owner_.root().pixelBounds();
-    const PixelPoint origin = host.toScreen({own.left, own.top});
-    const PixelRect anchor{origin.x, origin.y, origin.x + own.width(), origin.y + own.height()};
-    return placePopUp(anchor, size, host.workArea(anchor), side_);
+    const PixelRect anchor = host.toScreen(owner_.root().pixelBounds());
+    return placePopUp(anchor, size, host.workArea(anchor), side_, mirrored_);
 }
 
 void PopUpPanel::close() {

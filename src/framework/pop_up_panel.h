@@ -72,6 +72,7 @@ private:
     void surfaceCaptureLost() override;
     void surfaceHostMoved() override;
     void surfaceChanged() override;
+    bool mirrored() const override { return mirrored_; }
     AccessibleItem describeSurface() const override;
 
     Control& owner_;
@@ -81,6 +82,7 @@ private:
     Text accessibleName_;
     PopUpSide side_ = PopUpSide::below;
     std::optional<Dpi> fittedTo_;  // the scale that the widgets are laid out for
+    bool mirrored_ = false;
     bool visible_ = false;
     bool fitting_ = false;
 };

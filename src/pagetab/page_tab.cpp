@@ -170,7 +170,9 @@ void PageTab::showPieces(PageTabModel::Pieces pieces) {
 
 template <typename Raised, typename... More>
 void PageTab::raiseMouse(const Raised& event, const MouseEvent& mouse, More&... more) {
-    MouseArguments arguments = MouseArguments::inTwips(mouse, root().dpi());
+    MouseEvent read = mouse;
+    if (rightToLeft()) read.at.x = root().pixelBounds().width() - 1 - mouse.at.x;
+    MouseArguments arguments = MouseArguments::inTwips(read, root().dpi());
     attempt([&] { arguments.raise(event, more...); });
 }
 

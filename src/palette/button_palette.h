@@ -88,6 +88,7 @@ private:
     void enterFocus() override;
     void exitFocus() override;
     void useAmbientFont(const FontRef& font) override;
+    bool mirrorsItself() const override { return true; }
     KeyRoute preTranslate(const KeyEvent& event) override;
     obk::Text accessKeys() const override;
     void useAccessKey(char16_t character) override;

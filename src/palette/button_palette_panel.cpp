@@ -40,7 +40,7 @@ bool ButtonPalette::panelKeyDown(const KeyEvent& event) {
         if (panel_.visible()) panelRelease(at);
         return true;
     }
-    if (!model_.walk(event.code)) return false;
+    if (!model_.walk(alongReading(event).code)) return false;
     // Like a press on a base colour, so that its shades can be reached.
     if (const auto cell = model_.walkCell()) model_.becomeBase(*cell);
     return true;

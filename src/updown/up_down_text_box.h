@@ -82,6 +82,7 @@ private:
     void enterFocus() override { txtBORDER.setFocused(true); }
     void exitFocus() override;
     void useAmbientFont(const FontRef& font) override;
+    bool mirrorsItself() const override { return true; }
 
     void connectChildren();
     void keyDown(KeyEvent& event);

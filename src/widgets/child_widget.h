@@ -46,7 +46,9 @@ public:
         const PixelRect clip = pixelClip();
         const bool seen = !clip.empty();
         if (!peer_ && !(seen && makeWindow())) return;
-        const std::pair place{windowBounds(pixelBounds()), clip};
+        const Surface* shownOn = surface();
+        const auto inWindow = [&](const PixelRect& part) { return shownOn ? shownOn->inWindow(part) : part; };
+        const std::pair place{inWindow(windowBounds(pixelBounds())), inWindow(clip)};
         // Each step may take the focus away, and who hears of that may close the window.
         tell(enabled_, enabled(), [&] { peer_->setEnabled(enabled()); });
         if (seen) tell(place_, place, [&] { peer_->setBounds(place.first, place.second); });

@@ -1,5 +1,7 @@
 #include "widgets/surface.h"
 
+#include "widgets/mirrored_canvas.h"
+
 #include <utility>
 #include "base/attempt.h"
 
@@ -45,6 +47,21 @@ Dpi Surface::dpi() const {
     return peer_ ? peer_->dpi() : root_.platform().appearance().systemDpi();
 }
 
+PixelRect Surface::toScreen(const PixelRect& part) const {
+    const PixelPoint origin = peer_ ? peer_->toScreen({0, 0}) : PixelPoint{};
+    return inWindow(part).moved(origin.x, origin.y);
+}
+
+PixelRect Surface::inWindow(const PixelRect& part) const {
+    if (!mirrored()) return part;
+    const int32_t width = root_.pixelBounds().width();
+    return {width - part.right, part.top, width - part.left, part.bottom};
+}
+
+PixelPoint Surface::fromWindow(PixelPoint point) const {
+    return mirrored() ? PixelPoint{root_.pixelBounds().width() - 1 - point.x, point.y} : point;
+}
+
 void Surface::setBounds(const PixelRect& bounds) {
     if (peer_) attempt([&] { peer_->setBounds(bounds); });
 }
@@ -62,19 +79,19 @@ void Surface::setCursor(Cursor cursor) {
 }
 
 void Surface::setToolTip(const PixelRect& rect, TextView text, ToolTipShown shown) {
-    if (peer_) attempt([&] { peer_->setToolTip(rect, text, shown); });
+    if (peer_) attempt([&] { peer_->setToolTip(inWindow(rect), text, shown); });
 }
 
 void Surface::invalidate(const PixelRect& rect) {
     if (!peer_ || rect.empty()) return;
     looksDifferent_ = true;
-    attempt([&] { peer_->invalidate(rect); });
+    attempt([&] { peer_->invalidate(inWindow(rect)); });
 }
 
 void Surface::scroll(const PixelRect& rect, int32_t x, int32_t y) {
     if (!peer_ || rect.empty()) return;
     looksDifferent_ = true;
-    attempt([&] { peer_->scroll(rect, x, y); });
+    attempt([&] { peer_->scroll(inWindow(rect), mirrored() ? -x : x, y); });
 }
 
 bool Surface::takeFocus() {
@@ -128,10 +145,7 @@ std::optional<size_t> Surface::chooseFromMenu(std::span<const MenuItem> items, c
     endCapture();
     resting_ = held;
     std::optional<size_t> chosen;
-    attempt([&] {
-        const PixelPoint origin = toScreen({0, 0});
-        chosen = root_.platform().chooseFromMenu(window(), items, beside.moved(origin.x, origin.y));
-    });
+    attempt([&] { chosen = root_.platform().chooseFromMenu(window(), items, toScreen(beside)); });
     // Whoever closed or hid the surface meanwhile has ended the capture for good.
     if (std::exchange(resting_, false)) holdCapture();
     return chosen;
@@ -164,7 +178,9 @@ void Surface::deliver(Widget& widget, const MouseEvent& event) {
     widget.mouse(own);
 }
 
-void Surface::mouse(const MouseEvent& event) {
+void Surface::mouse(const MouseEvent& reported) {
+    MouseEvent event = reported;
+    event.at = fromWindow(reported.at);
     Widget* target = captured_;
     if (!target && event.kind != MouseEvent::Kind::leave) {
         target = root_.hitTest(event.at);
@@ -181,7 +197,7 @@ void Surface::mouse(const MouseEvent& event) {
 }
 
 bool Surface::wheel(const WheelEvent& event) {
-    Widget* target = captured_ ? captured_ : root_.hitTest(event.at);
+    Widget* target = captured_ ? captured_ : root_.hitTest(fromWindow(event.at));
     for (; target; target = target->parent()) {
         if (target->enabled() && target->wheel(event)) return true;
     }
@@ -189,6 +205,7 @@ bool Surface::wheel(const WheelEvent& event) {
 }
 
 bool Surface::contextMenu(std::optional<PixelPoint> at) {
+    if (at) at = fromWindow(*at);
     for (Widget* target = at ? root_.hitTest(*at) : nullptr; target; target = target->parent()) {
         const PixelRect place = target->pixelBounds();
         if (target->enabled() && target->contextMenu(PixelPoint{at->x - place.left, at->y - place.top}))
@@ -231,10 +248,15 @@ void Surface::focusLost() {
 void Surface::paint(Canvas& canvas, const PixelRect& dirty) {
     {
         const CanvasClip clip(canvas, dirty);
+        const PixelRect all = root_.pixelBounds();
         // A container may have given the window another size than the root keeps.
-        const PixelRect own = root_.pixelBounds();
-        if (dirty.intersected(own) != dirty) canvas.fillRect(dirty, root_.rgb(root_.BackColor()));
-        root_.paint(canvas, own);
+        if (dirty.intersected(all) != dirty) canvas.fillRect(dirty, root_.rgb(root_.BackColor()));
+        if (mirrored()) {
+            MirroredCanvas mirror(canvas, all);
+            root_.paint(mirror, all);
+        } else {
+            root_.paint(canvas, all);
+        }
     }
     if (std::exchange(looksDifferent_, false)) owner_.surfaceLooksDifferent();
 }
@@ -248,7 +270,7 @@ void Surface::captureLost() {
 }
 
 Widget* Surface::dropTarget(PixelPoint at) {
-    Widget* target = root_.hitTest(at);
+    Widget* target = root_.hitTest(fromWindow(at));
     while (target && !(target->enabled() && target->takesDrops())) target = target->parent();
     return target;
 }
@@ -257,7 +279,8 @@ void Surface::drop(DropEvent& event) {
     const int32_t allowed = event.effect;
     if (Widget* target = dropTarget(event.at)) {
         const PixelRect place = target->pixelBounds();
-        event.at = {event.at.x - place.left, event.at.y - place.top};
+        const PixelPoint at = fromWindow(event.at);
+        event.at = {at.x - place.left, at.y - place.top};
         target->drop(event);
     }
     // A source that hears of a move takes away what was dragged: only who has moved it says so.
@@ -275,6 +298,7 @@ void Surface::appearanceChanged() {
 std::vector<AccessibleItem> Surface::accessibleItems() {
     std::vector<AccessibleItem> items{owner_.describeSurface()};
     root_.describe(items);
+    for (AccessibleItem& item : items) item.bounds = inWindow(item.bounds);
     return items;
 }
 

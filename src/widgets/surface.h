@@ -28,8 +28,12 @@ public:
     // 0 when it is not open.
     NativeWindow window() const { return peer_ ? peer_->window() : 0; }
     Dpi dpi() const;
-    // A point of the window on the screen; itself when it is not open.
-    PixelPoint toScreen(PixelPoint point) const { return peer_ ? peer_->toScreen(point) : point; }
+    // Where a part of it is on the screen; where it is in the window when it is not open.
+    PixelRect toScreen(const PixelRect& part) const;
+    bool mirrored() const { return owner_.mirrored(); }
+    // Where a part is in the window, which differs where it is mirrored; and the other way round.
+    PixelRect inWindow(const PixelRect& part) const;
+    PixelPoint fromWindow(PixelPoint point) const;
     // Of the monitor that a place on the screen is on; empty when it is not open.
     PixelRect workArea(const PixelRect& place) const { return peer_ ? peer_->workArea(place) : PixelRect{}; }
 

@@ -23,6 +23,9 @@ public:
     virtual void surfaceLooksDifferent() {}
     // The focus has stayed here while something else in the host's window was pressed, or its menu opened.
     virtual void surfacePressedElsewhere() {}
+    // Whether all is placed from right to left: x then counts from the right edge, for widgets and for
+    // whoever hears of the mouse.
+    virtual bool mirrored() const { return false; }
     virtual AccessibleItem describeSurface() const = 0;
     virtual void surfaceKeyDown(KeyEvent&) {}
     virtual void surfaceKeyUp(KeyEvent&) {}

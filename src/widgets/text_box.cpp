@@ -50,7 +50,7 @@ bool TextBox::enteredByKeys() const {
 bool TextBox::setAlignment(int32_t alignment) {
     if (alignment < 0 || alignment > 2) return refuseNumber(alignment, u"0 to 2");
     alignment_ = static_cast<uint8_t>(alignment);
-    ask([&] { window().setAlignment(horizontalAlignment()); });
+    ask([&] { window().setAlignment(windowAlignment()); });
     invalidate();
     return true;
 }
@@ -97,7 +97,7 @@ void TextBox::paint(Canvas& canvas, const PixelRect& bounds) {
 }
 
 std::unique_ptr<TextBoxPeer> TextBox::createPeer(SurfacePeer& surface) {
-    return surface.createTextBox(*this, horizontalAlignment());
+    return surface.createTextBox(*this, windowAlignment());
 }
 
 void TextBox::windowMade() {
@@ -122,7 +122,19 @@ PixelRect TextBox::windowBounds(PixelRect bounds) const {
     return bounds;
 }
 
-void TextBox::mouse(const MouseEvent& event) {
+// Points of the window, where x counts from its left edge.
+PixelPoint TextBox::fromWindow(PixelPoint point) const {
+    return mirrored() ? PixelPoint{pixelBounds().width() - 1 - point.x, point.y} : point;
+}
+
+bool TextBox::mirrored() const {
+    const Surface* shownOn = surface();
+    return shownOn && shownOn->mirrored();
+}
+
+void TextBox::mouse(const MouseEvent& reported) {
+    MouseEvent event = reported;
+    event.at = fromWindow(reported.at);
     // The window of a disabled one lets the mouse through to the surface, which finds the widget there.
     if (!enabled()) {
         pressed_ = false;
@@ -162,6 +174,7 @@ bool TextBox::wheel(const WheelEvent& event) {
 
 bool TextBox::contextMenu(std::optional<PixelPoint> at) {
     bool shown = false;
+    if (at) at = fromWindow(*at);
     menuAsked(at, shown);
     return shown;
 }
@@ -225,6 +238,17 @@ void TextBox::textChanged(Text text) {
 
 HorizontalAlignment TextBox::horizontalAlignment() const {
     return static_cast<HorizontalAlignment>(alignment_);
+}
+
+HorizontalAlignment TextBox::windowAlignment() const {
+    const HorizontalAlignment own = horizontalAlignment();
+    if (!mirrored() || own == HorizontalAlignment::centre) return own;
+    return own == HorizontalAlignment::left ? HorizontalAlignment::right : HorizontalAlignment::left;
+}
+
+void TextBox::appearanceChanged() {
+    ask([&] { window().setAlignment(windowAlignment()); });
+    ChildWidget::appearanceChanged();
 }
 
 void TextBox::showColours() {

@@ -67,6 +67,7 @@ public:
     void centreAbove(int32_t room);
 
     void paint(Canvas& canvas, const PixelRect& bounds) override;
+    void appearanceChanged() override;
 
     Event<> fontChanged;
     Event<> changed;
@@ -99,6 +100,9 @@ private:
     void focusLost() override;
     void textChanged(Text text) override;
     HorizontalAlignment horizontalAlignment() const;
+    HorizontalAlignment windowAlignment() const;
+    bool mirrored() const;
+    PixelPoint fromWindow(PixelPoint point) const;
 
     Text text_;
     TextSelection selection_;  // while there is no window

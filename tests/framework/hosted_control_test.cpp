@@ -262,6 +262,7 @@ TEST(PopUpPlacement, GoesBelowElseAboveElseBesideAndStaysWholeOnTheMonitor) {
         PixelRect area;
         PopUpSide first;
         PixelPoint expected;
+        bool rightToLeft = false;
     };
     const PixelRect screen{0, 0, 800, 600};
     const PixelRect left{-1024, -200, 0, 568};  // a monitor to the left of the first one, and higher
@@ -279,9 +280,11 @@ TEST(PopUpPlacement, GoesBelowElseAboveElseBesideAndStaysWholeOnTheMonitor) {
         {"larger than the monitor", {300, 280, 500, 303}, {900, 700}, screen, PopUpSide::below, {0, 0}},
         {"negative", {-1000, -150, -925, -127}, {200, 150}, left, PopUpSide::below, {-1000, -127}},
         {"negative, at the right", {-80, 500, -5, 523}, {200, 150}, left, PopUpSide::below, {-200, 350}},
+        {"right to left", {300, 100, 375, 123}, {200, 150}, screen, PopUpSide::below, {175, 123}, true},
+        {"that to the left", {300, 280, 375, 303}, {200, 500}, screen, PopUpSide::below, {100, 100}, true},
     };
     for (const Case& row : cases) {
-        const PixelRect placed = placePopUp(row.anchor, row.size, row.area, row.first);
+        const PixelRect placed = placePopUp(row.anchor, row.size, row.area, row.first, row.rightToLeft);
         EXPECT_EQ(placed, (PixelRect{row.expected.x, row.expected.y, row.expected.x + row.size.width,
                                      row.expected.y + row.size.height}))
             << row.name;

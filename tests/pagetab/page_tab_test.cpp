@@ -387,6 +387,9 @@ TEST_F(PageTabTest, AHostReadingRightToLeftSeesTheMirrorImage) {
     host.readsRightToLeft = true;
     control->setSize(control->width(), control->height());
     EXPECT_EQ(tabs()[0].bounds.right, 320 - first.left);
+    host.take();
+    mouse(Kind::move, {319 - 4, 4}, 0);
+    EXPECT_EQ(host.takeEvents(), (Journal{"MouseMove 0 0 60 60"})) << "x counts from there";
     control->focus();
     platform.pressKey(key::left);
     EXPECT_EQ(text(u"ActiveTab"), "2") << "to the left is onward";

@@ -190,6 +190,23 @@ TEST_P(DropDownWindow, AClickDropsThePanelAndASecondOneClosesIt) {
     EXPECT_NE(GetCapture(), panel);
 }
 
+TEST_P(DropDownWindow, ARightToLeftFormHasTheMirrorImage) {
+    hosted.activate({240, 10, 381, 33});
+    const HWND face = hosted.site.window();
+    const HWND text = GetWindow(face, GW_CHILD);
+    const LONG before = text ? windowRect(text).left - windowRect(face).left : 0;
+    hosted.site.setAmbient(DISPID_AMBIENT_RIGHTTOLEFT, true);
+    hosted.loop.pumpPending();
+    if (text) {
+        EXPECT_EQ(windowRect(face).right - windowRect(GetWindow(face, GW_CHILD)).right, before);
+    }
+    person.click(face, 131, 10);
+    const HWND panel = openPanel();
+    ASSERT_TRUE(panel);
+    const RECT area = windowRect(panel);
+    EXPECT_EQ(area.right, std::max(windowRect(face).right, area.right - area.left));
+}
+
 class UpDownTextBoxWindow : public PersonAtControl {
 protected:
     UpDownTextBoxWindow() : PersonAtControl(L"UpDownTextBox", {10, 10, 110, 31}) {

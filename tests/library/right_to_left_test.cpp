@@ -1,0 +1,105 @@
+// A container that reads from right to left gets the mirror image, with its places counted from there.
+#include "datecalendar/month_layout.h"
+#include "library/library.h"
+#include "support/control_fixture.h"
+
+namespace obk::test {
+namespace {
+
+using Kind = MouseEvent::Kind;
+
+constexpr PixelRect bounds{500, 100, 641, 121};
+constexpr int32_t width = 141;
+
+class RightToLeft : public ControlFixture {
+protected:
+    void begin(const char16_t* name, bool rightToLeft) {
+        host.readsRightToLeft = rightToLeft;
+        place(*library().control(name));
+        activate(bounds);
+    }
+    // Everything that is painted or is a window of its own; a mirrored picture is put the right way round.
+    static std::vector<std::string> picture(headless::HeadlessSurface& of, bool mirrored) {
+        std::vector<std::string> lines;
+        const int32_t all = of.bounds().width();
+        const auto add = [&](const std::string& what, const PixelRect& place) {
+            const PixelRect seen =
+                mirrored ? PixelRect{all - place.right, place.top, all - place.left, place.bottom} : place;
+            lines.push_back(what + " " + std::to_string(seen.left) + "," + std::to_string(seen.top) + "-" +
+                            std::to_string(seen.right) + "," + std::to_string(seen.bottom));
+        };
+        for (const headless::DrawnItem& item : of.paint().items()) {
+            const bool isText = item.kind == headless::DrawnItem::Kind::text;
+            HorizontalAlignment side = item.style.horizontal;
+            if (isText && mirrored && side != HorizontalAlignment::centre)
+                side = side == HorizontalAlignment::left ? HorizontalAlignment::right
+                                                         : HorizontalAlignment::left;
+            EXPECT_EQ(item.style.rightToLeft, mirrored && isText);
+            add(std::to_string(static_cast<int>(item.kind)) + " " + std::to_string(item.colour.value) + " " +
+                    toUtf8(item.text) + " " + std::to_string(static_cast<int>(side)),
+                item.rect);
+        }
+        for (const headless::HeadlessWindow* child : of.children()) add("window", child->bounds());
+        for (const AccessibleItem& item : of.surfaceClient().accessibleItems())
+            add(toUtf8(item.name), item.bounds);
+        return lines;
+    }
+};
+
+class RightToLeftTest : public RightToLeft, public testing::WithParamInterface<const char16_t*> {};
+
+INSTANTIATE_TEST_SUITE_P(Every, RightToLeftTest,
+                         testing::Values(u"UpDownTextBox", u"ButtonPalette", u"DateCalendar"),
+                         [](const auto& row) { return toUtf8(row.param); });
+
+TEST_P(RightToLeftTest, IsTheMirrorImageAndCountsFromThere) {
+    std::vector<std::string> pictures[2], panels[2];
+    Journal told[2];
+    for (const bool mirrored : {false, true}) {
+        // A container may turn round while the control shows.
+        begin(GetParam(), !mirrored);
+        host.readsRightToLeft = mirrored;
+        control->setSize(control->width(), control->height());
+        pictures[mirrored] = picture(*platform.surface(control->window()), mirrored);
+        host.take();
+        for (const int32_t x : {60, 135}) {
+            const PixelPoint at{mirrored ? width - 1 - x : x, 10};
+            platform.mouse(control->window(), {Kind::down, button::right, 0, at});
+            platform.mouse(control->window(), {Kind::up, button::right, 0, at});
+        }
+        told[mirrored] = host.takeEvents();
+        if (control->table().member(u"ShowPopUp")) {
+            call(u"ShowPopUp");
+            ASSERT_TRUE(open());
+            panels[mirrored] = picture(*panel(), mirrored);
+            const PixelRect place = panel()->bounds();
+            EXPECT_EQ(mirrored ? place.right : place.left, mirrored ? bounds.right : bounds.left);
+        }
+    }
+    EXPECT_EQ(pictures[0], pictures[1]);
+    EXPECT_EQ(panels[0], panels[1]);
+    EXPECT_EQ(told[0], told[1]);
+    EXPECT_GE(told[0].size(), 2u);
+}
+
+TEST_F(RightToLeft, TheArrowsGoWhereTheyPoint) {
+    begin(u"DateCalendar", true);
+    ASSERT_TRUE(control->focus());
+    put(u"Text", Text(u"Sat 14 Nov 2026"));
+    call(u"ShowPopUp");
+    platform.pressKey(key::left);
+    platform.pressKey(key::enter);
+    EXPECT_EQ(text(u"Text"), "Sun 15 Nov 2026        ");
+    call(u"ShowPopUp");
+    const PixelRect monday = Dpi().toPixels(cellBounds(14));
+    platform.click(panel()->id(), {panel()->bounds().width() - monday.left - 5, monday.top + 5});
+    EXPECT_EQ(text(u"Text"), "Mon 2 Nov 2026        ");
+    begin(u"ButtonPalette", true);
+    ASSERT_TRUE(control->focus());
+    call(u"ShowPopUp");
+    for (const int16_t code : {key::home, key::left, key::enter}) platform.pressKey(code);
+    EXPECT_EQ(text(u"Text"), "PASTEL COPPER");
+}
+
+}  // namespace
+}  // namespace obk::test
