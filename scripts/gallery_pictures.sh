@@ -1,7 +1,7 @@
 #!/bin/bash
 # Inside wine.sh's session: makes pictures of the gallery's pages on a system that looks as asked.
 #
-#   gallery_pictures.sh <gallery> <folder> <dots per inch> <flat|classic|contrast>
+#   gallery_pictures.sh <gallery> <folder> <dots per inch> <flat|classic|contrast|dark>
 set -eu
 gallery=$1 folder=$2 dpi=$3 look=$4
 
@@ -26,6 +26,18 @@ case $look in
         value "$colours" GrayText REG_SZ '0 255 0'
         value "$colours" Hilight REG_SZ '0 255 255'
         value "$colours" HilightText REG_SZ '0 0 0'
+        ;;
+    dark)
+        for dark in Window AppWorkspace InfoWindow Background; do value "$colours" $dark REG_SZ '30 30 32'; done
+        for face in ButtonFace Menu MenuBar Scrollbar ButtonLight; do value "$colours" $face REG_SZ '48 48 52'; done
+        for light in WindowText ButtonText MenuText InfoText TitleText WindowFrame HilightText; do
+            value "$colours" $light REG_SZ '235 235 235'
+        done
+        value "$colours" ButtonHilight REG_SZ '84 84 90'
+        value "$colours" ButtonShadow REG_SZ '110 110 116'
+        value "$colours" ButtonDkShadow REG_SZ '16 16 16'
+        value "$colours" GrayText REG_SZ '150 150 150'
+        value "$colours" Hilight REG_SZ '0 95 184'
         ;;
     *) echo "unknown look '$look'" >&2; exit 1 ;;
 esac

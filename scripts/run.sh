@@ -2,7 +2,7 @@
 # Shows the gallery under Wine: in a window where there is a display, otherwise as pictures of every page in
 # dist/pictures/.
 #
-#   scripts/run.sh [--pictures [--dpi N] [--look flat|classic|contrast]]
+#   scripts/run.sh [--pictures [--dpi N] [--look flat|classic|contrast|dark]]
 #
 # --pictures makes pictures also where there is a display, of the pages at N dots per inch (96) in one of the
 # looks (flat). Wine has no switch for high contrast: contrast is the colours of it alone.

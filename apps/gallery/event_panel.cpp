@@ -62,7 +62,7 @@ void EventList::drawRow(HDC dc, const RECT& area, int index, bool selected) {
                  row.kind == Kind::problem ? theme().accent : strong, oneLine);
         return;
     }
-    drawText(dc, row.name, column(150, 240), theme().strong(), strong, oneLine);
+    drawStrong(dc, theme(), row.name, column(150, 240), strong, oneLine);
     std::wstring text = row.text;
     if (row.repeated > 1) text += L"   \x00D7" + std::to_wstring(row.repeated);
     drawText(dc, text, column(244, 0), theme().body(), strong, oneLine);

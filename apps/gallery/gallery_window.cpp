@@ -16,13 +16,22 @@ using container::PictureSurface;
 namespace {
 
 constexpr SIZE openingSize = {1130, 700};  // of the client area, at 96 dots per inch
-constexpr SIZE smallestSize = {1060, 520};
-constexpr UINT dpiChanged = 0x02E0;  // WM_DPICHANGED, newer than the headers' target
+constexpr SIZE smallestSize = {620, 520};
+constexpr int besideEachOther = 1060;  // from this width on the properties stand beside the controls
+constexpr int withNames = 780;         // and from this one the pages have their names
+constexpr UINT dpiChanged = 0x02E0;    // WM_DPICHANGED, newer than the headers' target
 constexpr wchar_t formSection[] = L"Gallery";
 constexpr wchar_t fileFilter[] = L"Forms (*.form)\0*.form\0Text files (*.txt)\0*.txt\0All files\0*.*\0";
 
 const PageEntry& entry(int page) {
     return pages()[static_cast<size_t>(page)];
+}
+
+RECT workArea(HWND window) {
+    MONITORINFO monitor = {};
+    monitor.cbSize = sizeof monitor;
+    GetMonitorInfoW(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &monitor);
+    return monitor.rcWork;
 }
 
 std::wstring openFileName(HWND owner, bool save) {
@@ -70,8 +79,15 @@ bool GalleryWindow::open(int show) {
 
     RECT frame = theme().scale(RECT{0, 0, openingSize.cx, openingSize.cy});
     AdjustWindowRectEx(&frame, WS_OVERLAPPEDWINDOW, FALSE, 0);
-    SetWindowPos(handle(), nullptr, 0, 0, frame.right - frame.left, frame.bottom - frame.top,
-                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    // Whole on the monitor, whatever its scale leaves room for.
+    const RECT work = workArea(handle());
+    RECT place = {};
+    GetWindowRect(handle(), &place);
+    const LONG width = std::min(frame.right - frame.left, work.right - work.left);
+    const LONG height = std::min(frame.bottom - frame.top, work.bottom - work.top);
+    SetWindowPos(handle(), nullptr, std::clamp(place.left, work.left, work.right - width),
+                 std::clamp(place.top, work.top, work.bottom - height), width, height,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
     showPage(0);
     ShowWindow(handle(), show);
     UpdateWindow(handle());
@@ -146,10 +162,12 @@ GalleryWindow::Layout GalleryWindow::layout() const {
     const int gap = scale(14);
     const int button = theme().fieldHeight() + scale(2);
     Layout result = {};
-    const int pagesWidth = scale(206);
+    const bool beside = area.right >= scale(besideEachOther);
+    const bool named = area.right >= scale(withNames);
+    const int pagesWidth = scale(named ? 206 : 52);
     const int titleHeight = theme().lineHeight(theme().title());
     const int top = margin - scale(4);
-    result.brand = {margin, top, pagesWidth - scale(8), top + titleHeight};
+    if (named) result.brand = {margin, top, pagesWidth - scale(8), top + titleHeight};
     const int body = top + titleHeight + theme().lineHeight(theme().body()) + scale(22);
     result.pages = {0, body, pagesWidth, area.bottom};
 
@@ -162,12 +180,13 @@ GalleryWindow::Layout GalleryWindow::layout() const {
                    result.save.bottom};
     result.title = {left, top, result.load.left - gap, top + titleHeight};
     result.description = {left, result.title.bottom + scale(4), right, body - scale(8)};
-    result.properties = {right - propertiesWidth, body, right, area.bottom - margin};
-    const int middleRight = result.properties.left - gap;
     const int sceneHeight = scale(284);
-    result.scene = {left + 1, body + 1, middleRight - 1,
-                    std::min<LONG>(body + sceneHeight, area.bottom - margin) - 1};
-    result.events = {left, result.scene.bottom + 1 + gap, middleRight, area.bottom - margin};
+    const int bottom = area.bottom - margin;
+    const int below = std::min(body + sceneHeight, bottom) + gap;
+    const int middleRight = beside ? right - propertiesWidth - gap : (left + right - gap) / 2;
+    result.scene = {left + 1, body + 1, (beside ? middleRight : right) - 1, below - gap - 1};
+    result.events = {left, below, middleRight, bottom};
+    result.properties = {middleRight + gap, beside ? body : below, right, bottom};
     return result;
 }
 
@@ -350,8 +369,9 @@ LRESULT GalleryWindow::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             return 0;
         case WM_GETMINMAXINFO: {
             auto& limits = *reinterpret_cast<MINMAXINFO*>(lParam);
-            limits.ptMinTrackSize = {theme().scale(static_cast<int>(smallestSize.cx)),
-                                     theme().scale(static_cast<int>(smallestSize.cy))};
+            const RECT work = workArea(handle());
+            limits.ptMinTrackSize = {std::min<LONG>(theme().scale(smallestSize.cx), work.right - work.left),
+                                     std::min<LONG>(theme().scale(smallestSize.cy), work.bottom - work.top)};
             return 0;
         }
         case WM_ACTIVATE:

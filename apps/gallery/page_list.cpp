@@ -28,7 +28,7 @@ void PageList::drawRow(HDC dc, const RECT& area, int row, bool selected) {
         const HDC source = CreateCompatibleDC(dc);
         const HGDIOBJ old = SelectObject(source, bitmap);
         // Whole multiples only: the pictures are drawn pixel by pixel.
-        const int factor = theme().dpi() >= 192 ? 2 : 1;
+        const int factor = (theme().dpi() + 48) / 96;
         const int width = static_cast<int>(picture.bmWidth) * factor;
         const int height = static_cast<int>(picture.bmHeight) * factor;
         const COLORREF transparent = GetPixel(source, 0, 0);
@@ -43,8 +43,9 @@ void PageList::drawRow(HDC dc, const RECT& area, int row, bool selected) {
     const COLORREF kind = selected ? theme().selectedText : theme().dimText;
     RECT place = {area.left + theme().scale(46), area.top + theme().scale(7), area.right - theme().scale(8),
                   0};
+    if (place.left >= place.right) return;
     place.bottom = place.top + theme().lineHeight(theme().strong());
-    drawText(dc, page.name, place, theme().strong(), name, oneLine);
+    drawStrong(dc, theme(), page.name, place, name, oneLine);
     place.top = place.bottom + theme().scale(1);
     place.bottom = place.top + theme().lineHeight(theme().body());
     drawText(dc, page.kind, place, theme().body(), kind, oneLine);

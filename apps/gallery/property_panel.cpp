@@ -123,7 +123,7 @@ void PropertyList::drawRow(HDC dc, const RECT& area, int index, bool selected) {
     const COLORREF colour = selected && shown->member ? theme().selectedText : theme().text;
     if (!shown->member) {
         const RECT place = {area.left + inset, area.top, area.right, area.bottom};
-        drawText(dc, shown->name, place, theme().strong(), theme().dimText, oneLine);
+        drawStrong(dc, theme(), shown->name, place, theme().dimText, oneLine);
         return;
     }
     const int middle = area.left + nameWidth(area.right - area.left);
@@ -409,7 +409,11 @@ void PropertyPanel::themeChanged() {
 
 RECT PropertyPanel::helpArea() const {
     RECT area = client();
-    area.top = area.bottom - theme().lineHeight(theme().body()) * helpLines - theme().scale(16);
+    const int line = theme().lineHeight(theme().body());
+    // Where there is little room the list has it.
+    const LONG rows = cardContent(theme(), area).top + 3L * theme().rowHeight();
+    area.top = std::max<LONG>(area.bottom - line * helpLines - theme().scale(16), rows);
+    if (area.top + 2 * line + theme().scale(16) > area.bottom) area.top = area.bottom;
     return area;
 }
 
@@ -440,8 +444,8 @@ void PropertyPanel::paint(HDC dc, const RECT& area) {
         drawText(dc, L"This control has no properties and no methods.", help, theme().body(), theme().dimText,
                  DT_WORDBREAK | DT_NOPREFIX);
     } else if (row && row->member) {
-        help.top += drawText(dc, typedSignature(*row->member), help, theme().strong(), theme().text,
-                             DT_WORDBREAK | DT_NOPREFIX) +
+        help.top += drawStrong(dc, theme(), typedSignature(*row->member), help, theme().text,
+                               DT_WORDBREAK | DT_NOPREFIX) +
                     theme().scale(2);
         drawText(dc, row->member->help, help, theme().body(), theme().dimText,
                  DT_WORDBREAK | DT_NOPREFIX | DT_END_ELLIPSIS);

@@ -236,8 +236,8 @@ void Scene::paint(HDC dc, const RECT& area) {
                 colour = theme().dimFormText;
                 break;
             case TextLook::strong:
-                font = theme().strong();
-                break;
+                drawStrong(dc, theme(), item.text, pixels(item.place), colour, oneLine | item.format);
+                continue;
             case TextLook::heading:
             case TextLook::total:
                 font = theme().heading();

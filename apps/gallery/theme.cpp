@@ -19,6 +19,24 @@ FontHandle fontOf(LOGFONTW description, int percent, LONG weight) {
     return FontHandle(CreateFontIndirectW(&description));
 }
 
+// How much of some letters a font makes dark.
+int inkOf(HFONT font) {
+    constexpr int side = 80;
+    const HDC dc = CreateCompatibleDC(nullptr);
+    const HDC screen = GetDC(nullptr);
+    const BitmapHandle bitmap(CreateCompatibleBitmap(screen, side, side));
+    ReleaseDC(nullptr, screen);
+    const HGDIOBJ old = SelectObject(dc, bitmap.get());
+    const RECT area = {0, 0, side, side};
+    FillRect(dc, &area, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
+    drawText(dc, L"lli", area, font, RGB(0, 0, 0), DT_SINGLELINE);
+    int ink = 0;
+    for (int at = 0; at < side * side; ++at) ink += 255 - GetGValue(GetPixel(dc, at % side, at / side));
+    SelectObject(dc, old);
+    DeleteDC(dc);
+    return ink;
+}
+
 }  // namespace
 
 COLORREF mixed(COLORREF first, COLORREF second, int weight) {
@@ -34,6 +52,7 @@ void Theme::refresh(int dpi) {
     strong_ = fontOf(message, 100, FW_BOLD);
     heading_ = fontOf(message, 127, FW_NORMAL);
     title_ = fontOf(message, 200, FW_NORMAL);
+    strikesTwice_ = inkOf(strong_.get()) * 4 < inkOf(body_.get()) * 5;
 
     const COLORREF window = GetSysColor(COLOR_WINDOW);
     const COLORREF windowText = GetSysColor(COLOR_WINDOWTEXT);
@@ -95,6 +114,14 @@ int drawText(HDC dc, std::wstring_view text, RECT rectangle, HFONT font, COLORRE
     SetTextColor(dc, colour);
     const int height = DrawTextW(dc, text.data(), static_cast<int>(text.size()), &rectangle, format);
     SelectObject(dc, old);
+    return height;
+}
+
+int drawStrong(HDC dc, const Theme& theme, std::wstring_view text, RECT rectangle, COLORREF colour,
+               UINT format) {
+    const int height = drawText(dc, text, rectangle, theme.strong(), colour, format);
+    rectangle.left += theme.scale(1);
+    if (theme.strikesTwice()) drawText(dc, text, rectangle, theme.strong(), colour, format);
     return height;
 }
 

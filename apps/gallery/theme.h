@@ -36,6 +36,8 @@ public:
     HFONT strong() const { return strong_.get(); }
     HFONT heading() const { return heading_.get(); }
     HFONT title() const { return title_.get(); }
+    // Some systems have bold faces whose strokes are no heavier in larger sizes.
+    bool strikesTwice() const { return strikesTwice_; }
     // Height of one line of the font in pixels.
     int lineHeight(HFONT font) const;
     // Height of a one-line field or button, and of a row of a list.
@@ -63,6 +65,7 @@ private:
     FontHandle strong_;
     FontHandle heading_;
     FontHandle title_;
+    bool strikesTwice_ = false;
     BrushHandle cardBrush_;
     BrushHandle formBrush_;
 };
@@ -71,6 +74,10 @@ void fillRect(HDC dc, const RECT& rectangle, COLORREF colour);
 void frameRect(HDC dc, const RECT& rectangle, COLORREF colour);
 // DrawText with a font and a colour, on a transparent background.
 int drawText(HDC dc, std::wstring_view text, RECT rectangle, HFONT font, COLORREF colour, UINT format);
+
+// In the bold face, and bold in any case.
+int drawStrong(HDC dc, const Theme& theme, std::wstring_view text, RECT rectangle, COLORREF colour,
+               UINT format);
 
 // One line, cut with an ellipsis where it does not fit.
 inline constexpr UINT oneLine = DT_SINGLELINE | DT_VCENTER | DT_END_ELLIPSIS | DT_NOPREFIX;

@@ -138,8 +138,8 @@ void PalettePanel::paintCell(Canvas& canvas, const PaletteCell& cell, PixelPoint
     const int32_t line = canvas.dpi().scaled(1);
     const Rgb shown = rgb(cell.Color);
     canvas.fillRect(rect, shown);
-    // A slightly darker edge keeps light swatches apart from the ground.
-    canvas.frameRect(rect, line, mixed(shown, Rgb{}, 205));
+    // A slightly stronger edge keeps swatches apart from a ground of their own brightness.
+    canvas.frameRect(rect, line, mixed(shown, systemRgb(platform(), SystemColour::windowText), 205));
     if (cell != model_.SelectedCell()) return;
     // Dark outside and light inside: seen on every colour.
     canvas.frameRect(outset(rect, line), line, systemRgb(platform(), SystemColour::windowText));
