@@ -437,6 +437,21 @@ TEST_P(PortConformance, APressOnATextBoxFocusesItBeforeItIsReported) {
     EXPECT_EQ(secondClient.lastMouse.at, (PixelPoint{10, 10}));
 }
 
+TEST_P(PortConformance, ATextBoxKnowsWhetherKeysEnteredIt) {
+    openBoxes();
+    driver->focusHost();
+    for (TextBoxPeer* entered : {first.get(), second.get()}) {
+        entered->focus();
+        driver->settle();
+        EXPECT_TRUE(entered->enteredByKeys());
+    }
+    bool byKeys = true;
+    firstClient.on["focusGained"] = [&] { byKeys = first->enteredByKeys(); };
+    driver->click(*area, overFirst);
+    EXPECT_TRUE(first->hasFocus());
+    EXPECT_FALSE(byKeys);
+}
+
 TEST_P(PortConformance, ADisabledTextBoxHearsNothingOfTheMouse) {
     openBoxes();
     first->setEnabled(false);
@@ -647,10 +662,18 @@ TEST_P(PortConformance, APanelStartsHiddenAndNeverTakesTheFocus) {
     for (const PixelPoint at : {PixelPoint{70, 30}, {10, 10}, {10, 45}}) driver->click(*panel, at);
     EXPECT_TRUE(first->hasFocus());
     EXPECT_FALSE(panel->hasFocus() || text->hasFocus() || check->hasFocus());
-    panel->setVisible(false);
-    driver->settle();
-    EXPECT_TRUE(first->hasFocus());
     for (const std::string& line : taken()) EXPECT_EQ(line.find("focus"), std::string::npos) << line;
+    // Nor while its host moves, of which it hears as long as it shows.
+    driver->moveHost();
+    EXPECT_EQ(taken(), (Journal{"panel.hostMoved"}));
+    panel->setVisible(false);
+    driver->moveHost();
+    EXPECT_TRUE(first->hasFocus());
+    EXPECT_EQ(taken(), Journal{});
+    panel->setVisible(true);
+    panelClient.on["hostMoved"] = [&] { area.reset(); };
+    driver->moveHost();
+    EXPECT_FALSE(area) << "its control may be closed then";
 }
 
 TEST_P(PortConformance, APressOfSomethingElseThatTakesNoFocusIsToldWhereTheFocusIs) {

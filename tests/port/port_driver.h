@@ -37,6 +37,8 @@ public:
     virtual void focusHost() = 0;
     // Presses something in the host's window that takes no focus, as tools on a tool bar do.
     virtual void pressTool() = 0;
+    // A person moves the host's window.
+    virtual void moveHost() = 0;
     // Asks the window system itself to give the focus to a window.
     virtual void askFocus(NativeWindow window) = 0;
     // The person turns to another application, and comes back to a host that gives the focus to `window`, or

@@ -53,6 +53,10 @@ public:
         platform_.pressHost();
         settle();
     }
+    void moveHost() override {
+        platform_.moveHost();
+        settle();
+    }
     void askFocus(NativeWindow window) override {
         platform_.setFocus(window);
         settle();

@@ -159,6 +159,7 @@ protected:
     bool offerToContainer(const KeyEvent&) override { return below(4) == 0; }
     void viewChanged() override {}
     bool designMode() override { return designs_; }
+    bool rightToLeft() override { return readsRightToLeft_; }
 
     void hear(const std::string& name) {
         if (hears) return hears(name);
@@ -250,7 +251,7 @@ private:
                               one({Told::moved, Told::shown}));
     }
     void surroundings() {
-        switch (below(11)) {
+        switch (below(14)) {
             case 0: {
                 const auto held = control_;
                 const int32_t left = one({0, 0, 300, 600});
@@ -259,6 +260,15 @@ private:
             }
             case 10:
                 return twoMonitors();
+            case 11:
+                return platform_.moveHost();
+            case 12:
+                return platform_.pressHost();
+            case 13: {
+                const auto held = control_;
+                readsRightToLeft_ = below(2) == 0;
+                return held->setSize(held->width(), held->height());
+            }
             case 1:
                 return platform_.setDpi(control_->window(), Dpi(one({96, 120, 144, 168, 192})));
             case 2:
@@ -286,6 +296,7 @@ private:
     PixelPoint at_;
     int32_t depth_ = 0;
     bool designs_ = false;
+    bool readsRightToLeft_ = false;
 };
 
 }  // namespace obk::test

@@ -295,29 +295,61 @@ TEST_F(DateCalendarWindow, OnAMonitorOfAnotherScaleTheCalendarIsWholeAndAnswers)
 }
 
 TEST_F(DateCalendarWindow, AHostLetsGoInsideFocusHiddenWhateverTheScalesDo) {
-    for (const TwoScales::Tells tells : {TwoScales::Tells::moved, TwoScales::Tells::shown}) {
-        for (const bool moves : {false, true}) {
-            HostedControl doomed(L"DateCalendar");
-            doomed.activate({240, 10, 381, 31});
-            doomed.site.events().on(L"FocusHidden", [&](container::EventCall&) { doomed.site.close(); });
-            const RECT form = windowRect(doomed.window.handle());
-            TwoScales scales((form.left + form.right) / 2 + 40, 144, tells);
-            doomed.object().call(L"ShowPopUp");
-            doomed.loop.pumpPending();
-            const HWND panel = openPanel();
-            ASSERT_TRUE(panel);
-            if (moves) {
-                SetWindowPos(doomed.window.handle(), nullptr, 200, 40, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
-            } else {
-                scales.move(0);
-                doomed.object().call(L"HidePopUp");
-            }
-            doomed.loop.pumpPending();
-            EXPECT_FALSE(openPanel());
-            EXPECT_FALSE(IsWindow(panel));
-            EXPECT_EQ(GetCapture(), nullptr);
+    enum : unsigned { shown = 1, moves = 2, destroys = 4, button = 8, all = 16 };
+    for (unsigned way = 0; way < all; ++way) {
+        SCOPED_TRACE(way);
+        HostedControl doomed(way & button ? L"ButtonPalette" : L"DateCalendar");
+        doomed.activate({240, 10, 381, 31});
+        const HWND form = doomed.window.handle();
+        doomed.site.events().on(L"FocusHidden", [&](container::EventCall&) {
+            if (way & destroys)
+                DestroyWindow(form);
+            else
+                doomed.site.close();
+        });
+        const RECT place = windowRect(form);
+        TwoScales scales((place.left + place.right) / 2 + 40, 144,
+                         way & shown ? TwoScales::Tells::shown : TwoScales::Tells::moved);
+        doomed.object().call(L"ShowPopUp");
+        doomed.loop.pumpPending();
+        const HWND panel = openPanel();
+        ASSERT_TRUE(panel);
+        if (way & moves) {
+            SetWindowPos(form, nullptr, 200, 40, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+        } else {
+            scales.move(0);
+            doomed.object().call(L"HidePopUp");
         }
+        doomed.loop.pumpPending();
+        EXPECT_FALSE(openPanel());
+        EXPECT_FALSE(IsWindow(panel));
+        EXPECT_EQ(GetCapture(), nullptr);
     }
+}
+
+class DateCellWindow : public PersonAtControl {
+protected:
+    DateCellWindow() : PersonAtControl(L"GridEdit", {10, 10, 490, 250}) {}
+};
+
+TEST_F(DateCellWindow, OpensItsCalendarOnTheMonitorOfTheCellAndNotOfTheGrid) {
+    object().call(L"ColsSet", {7L});
+    for (long col = 0; col < 7; ++col) object().call(L"ColTypeSet", {col, 1L});
+    object().call(L"RowAddQuick", {L"", 0L});
+    object().call(L"RowSetFocus", {0L});
+    object().call(L"ColSetFocus", {6L});
+    object().call(L"BoxShow");
+    hosted.loop.pumpPending();
+    const HWND cell = GetFocus();
+    ASSERT_TRUE(hosted.site.holdsWindow(cell));
+    const int line = static_cast<int>(windowRect(cell).left) - 30;
+    ASSERT_GT(line, (windowRect(face()).left + windowRect(face()).right) / 2);
+    const TwoScales scales(line, 144, TwoScales::Tells::moved);
+    person.key(VK_F4);
+    const HWND panel = openPanel();
+    ASSERT_TRUE(panel);
+    EXPECT_GE(windowRect(panel).left, line);
+    EXPECT_EQ(windowRect(panel).right - windowRect(panel).left, Dpi(144).toPixels(Twips{2910}));
 }
 
 }  // namespace

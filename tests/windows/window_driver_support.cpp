@@ -86,6 +86,13 @@ void WindowDriver::pressTool() {
     pumpAll();
 }
 
+void WindowDriver::moveHost() {
+    RECT place{};
+    GetWindowRect(host_, &place);
+    SetWindowPos(host_, nullptr, place.left + 7, place.top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    pumpAll();
+}
+
 void WindowDriver::askFocus(NativeWindow window) {
     SetFocus(reinterpret_cast<HWND>(window));
     pumpAll();

@@ -36,6 +36,7 @@ public:
     void wheel(int32_t delta) override { person_.turnWheel(delta); }
     void focusHost() override;
     void pressTool() override;
+    void moveHost() override;
     void askFocus(NativeWindow window) override;
     void leaveApplication() override;
     void returnToApplication(NativeWindow window) override;
