@@ -125,6 +125,7 @@ void CalendarPanel::rest() {
     tmrUP.stop();
     tmrDOWN.stop();
     wheel_.forget();
+    cboMONTH.closeList();
     part_ = Part::days;
     showPart();
 }
@@ -243,6 +244,13 @@ void CalendarPanel::useCharacter(char16_t character) {
     if (part_ != Part::year || character < u'0' || character > u'9') return;
     const bool begins = std::exchange(replacesYear_, false) || model_.year().size() >= yearLength;
     udnYEAR->SetText((begins ? Text() : model_.year()) + character);
+}
+
+bool CalendarPanel::keyInList(const KeyEvent& event) {
+    if (!cboMONTH.listOpen() || event.code == key::tab) return false;
+    KeyEvent own = event;
+    cboMONTH.keyDown(own);
+    return own.code == 0;
 }
 
 bool CalendarPanel::wheel(const WheelEvent& event) {

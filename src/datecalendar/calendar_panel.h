@@ -32,11 +32,13 @@ public:
     static PixelSize size(Dpi dpi);
     // Shows what the model has now.
     void refresh();
-    // Ends what a held button does; keys go to the days again.
+    // Ends what a held button does, and closes the list of months; keys go to the days again.
     void rest();
     // Keys go to one part after the other, by Tab: none of them ever has the focus. Whether it was used.
     bool useKey(const KeyEvent& event);
     void useCharacter(char16_t character);
+    // Whether a key was for the list of months, which is open.
+    bool keyInList(const KeyEvent& event);
 
     void paint(Canvas& canvas, const PixelRect& bounds) override;
     bool wheel(const WheelEvent& event) override;

@@ -398,6 +398,7 @@ void DateCalendar::keyDown(KeyEvent& event) {
 }
 
 bool DateCalendar::actOn(const KeyEvent& event) {
+    if (picDROPDOWNPANEL.keyInList(event)) return true;
     const bool drops = (event.code == key::f4 && event.shift == 0) ||
                        (event.code == key::down && event.shift == shift::alt) ||
                        (event.code == key::up && event.shift == shift::alt && panel_.visible());

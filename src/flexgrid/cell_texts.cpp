@@ -7,7 +7,7 @@ namespace obk {
 namespace {
 
 void appendCell(Text& all, TextView text) {
-    if (text.find_first_of(u"\t\r\n") == TextView::npos) {
+    if (!text.starts_with(u'"') && text.find_first_of(u"\t\r\n") == TextView::npos) {
         all += text;
         return;
     }

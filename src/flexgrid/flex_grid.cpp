@@ -226,6 +226,7 @@ void FlexGrid::useFont() {
 
 GridLook FlexGrid::look() const {
     GridLook look;
+    look.checkColumns = checkColumns_;
     look.font = font_.description();
     look.rgb = [this](OleColour colour) { return rgb(colour); };
     look.window = systemRgb(platform(), SystemColour::window);

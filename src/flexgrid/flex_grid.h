@@ -43,6 +43,9 @@ public:
     // What is below the mouse, wherever it was heard of last; -1 for none.
     int32_t MouseRow() const { return view().rowAt(mouse_.y); }
     int32_t MouseCol() const { return view().colAt(mouse_.x); }
+    PixelPoint mouseAt() const { return mouse_; }
+    // Columns whose cells show a check mark for their letter, whatever their font is; none at first.
+    void setCheckColumns(CheckColumns are) { checkColumns_ = std::move(are); }
     // Where a cell stands, in twips from the grid's left top corner; nowhere for a cell that is not there.
     TwipsRect cellPlace(CellAddress cell) const;
     void goTo(CellAddress cell);  // as a person does: it is shown, and the events tell of it
@@ -54,6 +57,7 @@ public:
     // Moves a column's right border there, as dragging it does; a column keeps a few pixels.
     void dragColumnBorder(int32_t col, int32_t x);
     void copySelection() const;
+    void selectAll();  // as a person does; the current cell is the first one
 
     bool hasFocus() const;
     bool takeFocus() override;
@@ -102,6 +106,7 @@ private:
     void step(ScrollBar::Step by, const ScrollBar& bar);
 
     GridColours colours_;
+    CheckColumns checkColumns_;
     FontHolder font_;
     ScrollOffset offset_;
     bool attached_ = false;  // there is a window to draw in

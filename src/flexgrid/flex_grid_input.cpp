@@ -148,6 +148,12 @@ void FlexGrid::select(CellAddress cell, bool extend) {
     attempt([&] { selectionMoved(); });
 }
 
+void FlexGrid::selectAll() {
+    select({0, 0}, false);
+    // Whoever listens may have gone elsewhere.
+    if (current() == CellAddress{0, 0}) select({Rows() - 1, Cols() - 1}, true);
+}
+
 void FlexGrid::drop(DropEvent& event) {
     mouse_ = event.at;
     dropped(event);

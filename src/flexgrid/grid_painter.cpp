@@ -10,11 +10,14 @@ namespace obk {
 namespace {
 
 constexpr char16_t checkFont[] = u"webdings";
+constexpr double checkFontSize = 12;  // points
 
 struct Placement {
     HorizontalAlignment horizontal;
     VerticalAlignment vertical;
 };
+
+constexpr Placement centred{HorizontalAlignment::centre, VerticalAlignment::centre};
 
 Placement placementOf(CellAlignment alignment) {
     const auto number = static_cast<int32_t>(alignment);
@@ -37,8 +40,8 @@ PixelRect placed(PixelSize size, const PixelRect& rect, Placement placement) {
 }
 
 // In this font the letter stands for a check mark; drawn, it is there and sharp without the font too.
-bool isCheckMark(const CellStyle& style, TextView text) {
-    return trimmed(text) == u"a" && style.fontName && equalIgnoringCase(*style.fontName, checkFont);
+bool isCheckFont(const CellStyle& style) {
+    return style.fontName && equalIgnoringCase(*style.fontName, checkFont);
 }
 
 PixelRect checkMarkPlace(const Canvas& canvas, const PixelRect& rect, double points, Placement placement) {
@@ -156,8 +159,11 @@ void GridPainter::paintCell(CellAddress cell, const PixelRect& rect) {
     const Rgb colour = marked(cell)                            ? look_.selectionFore
                        : look_.ownColours && style->foreColour ? look_.rgb(*style->foreColour)
                                                                : look_.fore;
-    if (isCheckMark(*style, text)) {
-        drawCheckMark(canvas_, checkMarkPlace(canvas_, content, textStyle(*style).font.size, at), colour);
+    // In a column of check marks they stand where its editor has its box.
+    const bool inCheckColumn = look_.checkColumns && look_.checkColumns(cell.col);
+    if (trimmed(text) == u"a" && (inCheckColumn || isCheckFont(*style))) {
+        const double size = isCheckFont(*style) ? textStyle(*style).font.size : checkFontSize;
+        drawCheckMark(canvas_, checkMarkPlace(canvas_, content, size, inCheckColumn ? centred : at), colour);
         return;
     }
     textStyle(*style);

@@ -17,6 +17,9 @@ struct GridColours {
     OleColour selectionBack{SystemColour::highlight}, selectionFore{SystemColour::highlightText};
 };
 
+// Whether a column is one of check marks; empty: none is.
+using CheckColumns = std::function<bool(int32_t)>;
+
 // What the cells look like where they say nothing themselves; colours as they are drawn.
 struct GridLook {
     FontDescription font;
@@ -27,6 +30,7 @@ struct GridLook {
     Rgb window, focus;       // the frame of the current cell, inside and outside
     bool ownColours = true;  // false: cells are drawn in the colours above, as in high contrast
     std::function<Rgb(OleColour)> rgb;
+    CheckColumns checkColumns;
 };
 
 // The font of a cell.

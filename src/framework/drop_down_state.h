@@ -3,7 +3,7 @@
 
 #include "base/attempt.h"
 #include "framework/mouse_arguments.h"
-#include "framework/pop_up_placement.h"
+#include "widgets/pop_up_placement.h"
 
 namespace obk {
 

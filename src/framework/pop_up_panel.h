@@ -3,7 +3,7 @@
 
 #include "base/event.h"
 #include "framework/control.h"
-#include "framework/pop_up_placement.h"
+#include "widgets/pop_up_placement.h"
 #include "widgets/surface.h"
 
 #include <functional>

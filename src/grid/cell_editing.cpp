@@ -4,8 +4,8 @@
 #include "base/scoped_value.h"
 #include "flexgrid/cell_movement.h"
 #include "flexgrid/cell_texts.h"
-#include "grid/cell_rules.h"
 #include "grid/cell_values.h"
+#include "grid/check_mark.h"
 #include "grid/grid_edit.h"
 #include "widgets/text_box.h"
 
@@ -17,21 +17,22 @@ namespace obk {
 namespace {
 
 // Beside those of the rules.
-constexpr uint16_t inText = 256, inList = 512;
+constexpr uint16_t inText = 512, inNumber = 1024, listDropped = 2048;
 
-// What was a letter in the cell is a check mark from now on. `cells` is a grid or its model.
-template <typename Cells>
-void showCheckMark(Cells& cells, CellAddress cell) {
-    attempt([&] {
-        cells.template setAttribute<&CellStyle::fontName>(cell, std::make_shared<const Text>(checkFontName));
-    });
-    attempt([&] { cells.template setAttribute<&CellStyle::fontSize>(cell, checkFontSize); });
-}
+constexpr KeyClaim numberKeys[] = {
+    keyClaim(key::up, shifts::alt, u"steps up"),
+    keyClaim(key::down, shifts::alt, u"steps down"),
+};
 
 }  // namespace
 
 CellEditing::CellEditing(GridEdit& control, FlexGrid& grid, const ColumnTypes& types)
-    : control_(control), grid_(grid), types_(types), editors_(control, grid), lastChange_(grid) {
+    : control_(control),
+      grid_(grid),
+      types_(types),
+      editors_(control, grid),
+      history_(grid),
+      ranges_(grid, types, editors_.list(), history_) {
     connect();
 }
 
@@ -43,7 +44,7 @@ void CellEditing::connect() {
         on(event, [&raised](auto&... arguments) { attempt([&] { raised(arguments...); }); });
     };
     on(grid_.keyWentDown, [this](KeyEvent& event) { keyDown(event, EditPlace::cells); });
-    on(editors_.keyWentDown, [this](KeyEvent& event) { keyDown(event, EditPlace::editor); });
+    on(editors_.keyWentDown, [this](KeyEvent& event) { keyDown(event, editorPlace()); });
     for (auto* const keyWentUp : {&grid_.keyWentUp, &editors_.keyWentUp})
         on(*keyWentUp,
            [this](KeyEvent& event) { attempt([&] { control_.KeyUp(event.code, event.shift); }); });
@@ -55,11 +56,17 @@ void CellEditing::connect() {
         leaves = !editors_.isOpen();
     });
     on(grid_.cellEntered, [this] { entered(); });
-    passOn(grid_.selectionMoved, control_.SelChange);
+    on(grid_.selectionMoved, [this] {
+        if (grid_.current() != grid_.corner()) commit();
+        attempt([&] { control_.SelChange(); });
+    });
     on(grid_.clicked, [this] {
         const bool one = grid_.current() == grid_.corner();
         // An editor that opens is told of as a click.
-        if (!one || !show()) attempt([&] { control_.Click(); });
+        if (!one || !show())
+            attempt([&] { control_.Click(); });
+        else if (mouseAtBox())
+            editors_.toggle();
     });
     passOn(grid_.doubleClicked, control_.DblClick);
     on(grid_.disturbed, [this] { commit(); });
@@ -97,15 +104,25 @@ bool CellEditing::show(Focus focus) {
         if (editors_.cell() == grid_.current() && focus == Focus::take) editors_.takeFocus();
         return false;
     }
-    if (!editable()) return false;
+    if (opening_ || !editable() || !editors_.has(types_.type(grid_.Col()), grid_.current())) return false;
+    {
+        const ScopedFlag opening(opening_);
+        attempt([&] { control_.Click(); });
+    }
+    // The host may have filled the list, gone to another cell, or forbidden editing.
+    if (!editable()) return true;
     grid_.show(grid_.current());
-    bool opened = false;
-    attempt([&] { opened = editors_.open(types_.type(grid_.Col()), grid_.current()); });
-    if (!opened) return false;
+    attempt([&] { editors_.open(types_.type(grid_.Col()), grid_.current()); });
     editors_.selectText();
     if (focus == Focus::take) editors_.takeFocus();
-    attempt([&] { control_.Click(); });
     return true;
+}
+
+bool CellEditing::mouseAtBox() const {
+    constexpr int32_t reach = 12;  // pixels at 96 DPI from the middle of the cell
+    if (!editors_.isOpen(ColumnType::checkBox)) return false;
+    const PixelRect cell = grid_.view().rect(editors_.cell());
+    return std::abs(grid_.mouseAt().x - (cell.left + cell.right) / 2) <= grid_.dpi().scaled(reach);
 }
 
 void CellEditing::hide() {
@@ -122,7 +139,7 @@ void CellEditing::hide() {
     const ColumnType type = editors_.type();
     std::optional<Text> text;
     attempt([&] { text = editors_.close(); });
-    if (text) attempt([&] { write(cell, *text); });
+    if (text) attempt([&] { ranges_.write(cell, *text); });
     // Also in a cell that keeps its text.
     if (type == ColumnType::checkBox) showCheckMark(grid_, cell);
     tellChanged();
@@ -138,24 +155,22 @@ void CellEditing::commit() {
     if (editors_.isOpen()) hide();
 }
 
-void CellEditing::write(CellAddress cell, const Text& text) {
-    std::vector<LastChange::CellBefore> before{{cell, Text(grid_.model().text(cell))}};
-    if (before.front().text != text && grid_.setText(cell, text)) lastChange_.edited(std::move(before));
-}
-
 void CellEditing::returnFocus() {
     if (control_.hasFocus() && !editors_.hasFocus() && !grid_.hasFocus()) grid_.takeFocus();
 }
 
-void CellEditing::rowInserted(int32_t row) {
+void CellEditing::rowInserted(int32_t row, ChangedBy by) {
+    history_.rowInserted(row, by);
     const CellAddress cell = editors_.cell();
     if (editors_.isOpen() && row <= cell.row) editors_.moveTo({cell.row + 1, cell.col});
 }
 
-void CellEditing::rowRemoved(int32_t row) {
+void CellEditing::rowRemoved(EditHistory::RowEdit row, ChangedBy by) {
+    const int32_t gone = row.row;
+    history_.rowRemoved(std::move(row), by);
     const CellAddress cell = editors_.cell();
-    if (!editors_.isOpen() || row > cell.row) return;
-    editors_.moveTo({row < cell.row ? cell.row - 1 : -1, cell.col});
+    if (!editors_.isOpen() || gone > cell.row) return;
+    editors_.moveTo({gone < cell.row ? cell.row - 1 : -1, cell.col});
 }
 
 void CellEditing::cellWritten(CellAddress cell) {
@@ -165,11 +180,12 @@ void CellEditing::cellWritten(CellAddress cell) {
 std::vector<KeyGroup> CellEditing::keyGroups() {
     std::vector<KeyGroup> groups = editKeyGroups();
     groups.insert(groups.end(), {{u"in the cells", edit_key_states::cells, flexGridKeys},
-                                 {u"in the editor of a text", inText, textLineKeys},
-                                 {u"in the editor of a text", inText, textLineArrows},
-                                 {u"in a list, that of times as well", inList, dropListKeys},
-                                 {u"in the editors of numbers and dates also the keys of `UpDownTextBox` and "
-                                  u"`DateCalendar`, on a check mark Space",
+                                 {u"in the editor of a text or number", inText, textLineKeys},
+                                 {u"in the editor of a number", inNumber, numberKeys},
+                                 {u"in a list, that of times as well", edit_key_states::list, dropListKeys},
+                                 {u"in a list that is dropped down", listDropped, openListKeys},
+                                 {u"in the editor of a date also the keys of `DateCalendar`, on a check mark "
+                                  u"Space",
                                   0,
                                   {}}});
     return groups;
@@ -182,15 +198,32 @@ uint16_t CellEditing::keyStates() const {
         if (now) states = static_cast<uint16_t>(states | state);
     };
     const bool typing = editors_.hasFocus();
-    const ColumnType type = editors_.type();
+    const bool text = editors_.type() == ColumnType::text, number = editors_.type() == ColumnType::number;
     holds(cells, !typing);
     holds(edit_key_states::editable, editable());
     holds(editorOpen, editors_.isOpen());
     holds(cellAfter, neighbour(1).has_value());
     holds(cellBefore, neighbour(-1).has_value());
-    holds(inText, typing && type == ColumnType::text);
-    holds(inList, typing && (type == ColumnType::list || type == ColumnType::time));
+    holds(line, typing && editorPlace() == EditPlace::line && !editors_.droppedDown());
+    holds(mark, typing && editorPlace() == EditPlace::mark);
+    holds(untouched, typing && editors_.untouched() && !editors_.droppedDown());
+    holds(list, typing && editorPlace() == EditPlace::list);
+    holds(listDropped, typing && editorPlace() == EditPlace::list && editors_.droppedDown());
+    holds(inText, typing && (text || number));
+    holds(inNumber, typing && number);
     return states;
+}
+
+EditPlace CellEditing::editorPlace() const {
+    switch (editors_.type()) {
+        case ColumnType::checkBox:
+            return EditPlace::mark;
+        case ColumnType::list:
+        case ColumnType::time:
+            return EditPlace::list;
+        default:
+            return EditPlace::line;
+    }
 }
 
 void CellEditing::keyComes(const KeyEvent& event) {
@@ -200,7 +233,7 @@ void CellEditing::keyComes(const KeyEvent& event) {
 void CellEditing::keyDown(KeyEvent& event, EditPlace at) {
     bool used = false;
     if (!std::exchange(othersKey_, false)) {
-        const EditState state{at, editable(), !rowBeside(key::down)};
+        const EditState state{at, editable(), !rowBeside(key::down), editors_.untouched()};
         attempt([&] { used = act(editAction(event, state), event); });
     }
     attempt([&] { control_.KeyDown(event.code, event.shift); });
@@ -218,6 +251,10 @@ bool CellEditing::act(EditAction action, const KeyEvent& event) {
         case EditAction::none:
             return false;
         case EditAction::open:
+            if (event.code == key::space && ranges_.selectsMarks()) {
+                changeCells(&RangeEditing::turnMarks);
+                return true;
+            }
             if (show() && event.code == key::space) editors_.toggle();
             return false;
         case EditAction::openAtEnd:
@@ -227,9 +264,17 @@ bool CellEditing::act(EditAction action, const KeyEvent& event) {
         case EditAction::commit:
             hide();
             return true;
+        case EditAction::leave:
+            leaveFor(movedBy(event.code, false, focusedCell(), grid_.view()).value_or(focusedCell()));
+            return true;
         case EditAction::goOn: {
             const auto below = rowBeside(key::down);
             goOnTo(below ? CellAddress{*below, focusedCell().col} : focusedCell());
+            return true;
+        }
+        case EditAction::goBack: {
+            const auto above = rowBeside(key::up);
+            goOnTo(above ? CellAddress{*above, focusedCell().col} : focusedCell());
             return true;
         }
         case EditAction::addRow:
@@ -249,14 +294,31 @@ bool CellEditing::act(EditAction action, const KeyEvent& event) {
         case EditAction::insertRow:
             addRow(std::max(grid_.Row(), 0));
             return true;
-        case EditAction::deleteRow:
-            deleteRow();
+        case EditAction::deleteRows:
+            deleteRows();
             return true;
         case EditAction::paste:
-            paste();
+            return paste(false);
+        case EditAction::pasteBlock:
+            return paste(true);
+        case EditAction::cut:
+            grid_.copySelection();
+            changeCells(&RangeEditing::empty);
+            return true;
+        case EditAction::selectAll:
+            commit();
+            grid_.selectAll();
+            return true;
+        case EditAction::fillDown:
+            changeCells(&RangeEditing::fillDown);
             return true;
         case EditAction::undo:
-            undo();
+            commit();
+            showUndone(history_.undo());
+            return true;
+        case EditAction::redo:
+            commit();
+            showUndone(history_.redo());
             return true;
     }
     return false;
@@ -266,18 +328,22 @@ void CellEditing::selectFocusedCell() {
     grid_.Select(focusedCell());
 }
 
-void CellEditing::goOnTo(CellAddress cell) {
+void CellEditing::leaveFor(CellAddress cell) {
     selectFocusedCell();
     if (cell == grid_.current())
         hide();
     else
         grid_.goTo(cell);
+}
+
+void CellEditing::goOnTo(CellAddress cell) {
+    leaveFor(cell);
     show();
 }
 
 void CellEditing::addRow(int32_t row) {
     const int32_t before = grid_.Rows();
-    control_.RowAdd({}, row);
+    control_.insertRow({}, row, ChangedBy::person);
     if (grid_.Rows() <= before) return;
     grid_.show(grid_.current());
     auto number = static_cast<int16_t>(std::min<int32_t>(row, INT16_MAX));
@@ -287,82 +353,63 @@ void CellEditing::addRow(int32_t row) {
     attempt([&] { control_.SelChange(); });
 }
 
-void CellEditing::deleteRow() {
+void CellEditing::deleteRows() {
     commit();
-    const int32_t row = grid_.Row();
-    if (row < 0) return;
-    const int32_t rows = grid_.Rows();
-    const bool only = rows == 1;
-    std::optional<LastChange::Row> gone;
-    attempt([&] { gone = lastChange_.rowNow(row); });
-    control_.RowDel(row);
-    // The only row is emptied and the grid hidden; a person still needs it.
-    if (only) control_.GridShow();
-    // A host that was asked may have done something else.
-    if (gone && (only || grid_.Rows() == rows - 1)) lastChange_.deleted(std::move(*gone));
-    attempt([&] { control_.DelRow(); });
+    const CellRange selected = grid_.selection();
+    const EditHistory::Together together(history_);
+    // From below, so that those that are left keep their numbers; a host that is told may take more away.
+    for (int32_t row = selected.bottom; row >= std::max(selected.top, 0); --row) {
+        if (row >= grid_.Rows()) continue;
+        const bool only = grid_.Rows() == 1;
+        control_.removeRow(row, ChangedBy::person);
+        // The only row is emptied and the grid hidden; a person still needs it.
+        if (only) control_.GridShow();
+        attempt([&] { control_.DelRow(); });
+    }
 }
 
-void CellEditing::paste() {
+std::optional<Text> CellEditing::clipboard() const {
     const Surface* shownOn = grid_.surface();
-    const NativeWindow owner = shownOn ? shownOn->window() : 0;
-    const auto text = grid_.platform().textOnClipboard(owner);
-    if (!text || text->empty()) {
-        show();
-        return;
-    }
+    auto text = grid_.platform().textOnClipboard(shownOn ? shownOn->window() : 0);
+    return text && !text->empty() ? std::move(text) : std::nullopt;
+}
+
+bool CellEditing::paste(bool onlyBlock) {
+    const auto text = clipboard();
     int32_t cells = 0;
     Text first;
-    eachCell(*text, [&](int32_t, int32_t, TextView cell) {
-        if (cells == 0) first = cell;
-        return ++cells < 2;
-    });
-    if (cells > 1) return pasteCells(*text);
+    if (text)
+        eachCell(*text, [&](int32_t, int32_t, TextView cell) {
+            if (cells == 0) first = cell;
+            return ++cells < 2;
+        });
+    const bool one = cells < 2;
+    if (onlyBlock && one) return false;
+    if (!one || (cells > 0 && grid_.current() != grid_.corner())) {
+        pasteCells(*text);
+        return true;
+    }
     show();
-    if (editors_.isOpen()) editors_.paste(first);
+    if (text && editors_.isOpen()) editors_.paste(first);
+    return true;
 }
 
 void CellEditing::pasteCells(TextView text) {
     commit();
-    const CellAddress start = grid_.current();
-    if (!grid_.model().contains(start)) return;
-    std::vector<LastChange::CellBefore> before;
-    const auto put = [&](GridModel& model, CellAddress cell, TextView pasted) {
-        const ColumnType type = types_.type(cell.col);
-        const auto own = cellText(type, pasted, editors_.list().items());
-        if (!own) return;
-        before.push_back({cell, Text(model.text(cell))});
-        model.setText(cell, *own);
-        if (type == ColumnType::checkBox) showCheckMark(model, cell);
-    };
-    // What memory has no room for is left out, and what was pasted before it can be taken back.
-    attempt([&] {
-        grid_.change([&](GridModel& model) {
-            eachCell(text, [&](int32_t row, int32_t col, TextView pasted) {
-                const CellAddress cell{start.row + row, start.col + col};
-                if (model.contains(cell)) put(model, cell, pasted);
-                return cell.row < model.rows();
-            });
-        });
-    });
-    if (before.empty()) return;
-    lastChange_.edited(std::move(before));
-    tellChanged();
+    if (ranges_.paste(text)) tellChanged();
 }
 
-void CellEditing::undo() {
+void CellEditing::changeCells(bool (RangeEditing::*how)()) {
     commit();
-    switch (lastChange_.takeBack()) {
-        case LastChange::Undone::nothing:
-            break;
-        case LastChange::Undone::cells:
-            tellChanged();
-            break;
-        case LastChange::Undone::row:
-            grid_.show(grid_.current());
-            attempt([&] { control_.Change(); });
-            break;
-    }
+    if ((ranges_.*how)()) tellChanged();
+}
+
+void CellEditing::showUndone(const EditHistory::Outcome& done) {
+    if (!done) return;
+    const int32_t row = std::min(done.at.row, grid_.Rows() - 1);
+    grid_.goTo({row, done.cells ? done.at.col : grid_.Col()});
+    attempt([&] { control_.Change(); });
+    if (done.cells) attempt([&] { control_.ChangePost(); });
 }
 
 std::optional<CellAddress> CellEditing::neighbour(int32_t step) const {

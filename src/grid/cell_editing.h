@@ -3,7 +3,7 @@
 
 #include "grid/cell_editors.h"
 #include "grid/edit_session.h"
-#include "grid/last_change.h"
+#include "grid/range_editing.h"
 
 namespace obk {
 
@@ -20,7 +20,8 @@ public:
     void allow(bool allowed);
 
     enum class Focus : uint8_t { take, leave };
-    // Opens the editor of the current cell. False where there is none, and for one that is open already.
+    // Opens the editor of the current cell, of which the host is told first. False where there is none to
+    // open, and for one that is open already.
     bool show(Focus focus = Focus::take);
     // Closes the open editor and keeps what it holds. The host hears of it in any case.
     void hide();
@@ -30,8 +31,9 @@ public:
     void returnFocus();
 
     // An editor that a host has opened meanwhile goes along with its row.
-    void rowInserted(int32_t row);
-    void rowRemoved(int32_t row);
+    void rowInserted(int32_t row, ChangedBy by);
+    void rowRemoved(EditHistory::RowEdit row, ChangedBy by);
+    const EditHistory& history() const { return history_; }
     void cellWritten(CellAddress cell);
 
     static std::vector<KeyGroup> keyGroups();
@@ -42,24 +44,30 @@ public:
 private:
     void connect();
     void keyDown(KeyEvent& event, EditPlace at);
+    EditPlace editorPlace() const;
     void typed(int16_t& character);
     // Whether the key has done its work.
     bool act(EditAction action, const KeyEvent& event);
     void entered();
     void tellChanged();
-    void write(CellAddress cell, const Text& text);
 
     // The cell that keys are about: that of the editor they go to, wherever a host has moved the current one.
     CellAddress focusedCell() const;
     void selectFocusedCell();
+    void leaveFor(CellAddress cell);
     void goOnTo(CellAddress cell);
     void addRow(int32_t row);
-    void deleteRow();
-    void paste();
+    void deleteRows();
+    // With `onlyBlock` false where there is but one cell to paste.
+    bool paste(bool onlyBlock);
+    std::optional<Text> clipboard() const;
+    void changeCells(bool (RangeEditing::*how)());
     void pasteCells(TextView text);
-    void undo();
+    void showUndone(const EditHistory::Outcome& done);
 
     bool editable() const;
+    // Whether the mouse is where the current cell's editor has its check box.
+    bool mouseAtBox() const;
     // The row that an arrow leads to; nothing at the ends.
     std::optional<int32_t> rowBeside(int16_t key) const;
     // The next cell in reading order which has an editor; nothing beyond the last one.
@@ -69,8 +77,10 @@ private:
     FlexGrid& grid_;
     const ColumnTypes& types_;
     CellEditors editors_;
-    LastChange lastChange_;
+    EditHistory history_;
+    RangeEditing ranges_;
     bool allowed_ = true;
+    bool opening_ = false;     // the host is being told that one opens
     bool closing_ = false;     // the host is being told that an editor closes
     bool announcing_ = false;  // and has not yet been told of its text
     bool othersKey_ = false;   // the key under way is a dropped down calendar's

@@ -28,9 +28,8 @@ void CellEditors::load(CellEditor& editor) {
 }
 
 bool CellEditors::open(ColumnType type, CellAddress cell) {
-    const auto found = editors_.find(type);
-    if (found == editors_.end() || open_ || !grid_.model().contains(cell)) return false;
-    CellEditor& editor = *found->second;
+    if (open_ || !has(type, cell)) return false;
+    CellEditor& editor = *editors_.at(type);
     if (closed_ != &editor) hideClosed();
     closed_ = nullptr;
     type_ = type;
@@ -77,13 +76,13 @@ void CellEditors::moveTo(CellAddress cell) {
 }
 
 void CellEditors::cellWritten() {
-    if (open_ && open_->value() == loaded_) load(*open_);
+    if (untouched()) load(*open_);
 }
 
 void CellEditors::paste(TextView text) {
     if (!open_) return;
     attempt([&] {
-        if (const auto accepted = cellText(type_, text, cboLIST.items()))
+        if (const auto accepted = cellText(type_, text, cboLIST.items(), grid_.platform().regionalFormats()))
             open_->load(*accepted, grid_.BackColor());
     });
     putCaretAtEnd();

@@ -25,10 +25,15 @@ public:
     ColumnType type() const { return type_; }
     CellAddress cell() const { return cell_; }
     bool hasFocus() const { return open_ && open_->widget().focused(); }
+    // It has what it was opened with, and leaving it changes nothing but an empty date.
+    bool untouched() const { return open_ && open_->value() == loaded_; }
     bool takeFocus() { return open_ && open_->widget().takeFocus(); }
     // Whether the keys are a calendar's, which is dropped down.
     bool droppedDown() const { return open_ && open_->droppedDown(); }
 
+    bool has(ColumnType type, CellAddress cell) const {
+        return editors_.count(type) > 0 && grid_.model().contains(cell);
+    }
     // Opens the editor of a type over a cell, with the cell's text. None may be open. False for a type that
     // has none.
     bool open(ColumnType type, CellAddress cell);

@@ -7,8 +7,10 @@
 namespace obk {
 
 Text checkText(TextView value) {
+    TextView number = trimmed(value);
+    if (number.starts_with(u'+')) number = trimmed(number.substr(1));
     const bool checked =
-        value == checkedText || equalIgnoringCase(value, u"TRUE") || leadingNumber(value) == 1;
+        value == checkedText || equalIgnoringCase(value, u"TRUE") || leadingNumber(number) == 1;
     return checked ? Text(checkedText) : Text();
 }
 

@@ -17,7 +17,7 @@ inline constexpr TextView checkFontName = u"webdings";
 inline constexpr float checkFontSize = 12;  // points
 
 // The text of a check cell: checked for "a", for "true" in any case, and for a text whose leading number
-// is 1.
+// is 1, blanks and a plus sign before it aside.
 Text checkText(TextView value);
 
 // A column's width in whole twips, halves to even. Nothing for 200 twips or less, which nobody could use, and

@@ -1,12 +1,11 @@
 #include "grid/cell_values.h"
 
-#include "datecalendar/date_text.h"
-#include "framework/value.h"
 #include "grid/cell_rules.h"
+#include "grid/number_typing.h"
+#include "grid/typed_date.h"
 
 #include <algorithm>
 #include <array>
-#include <utility>
 
 namespace obk {
 
@@ -33,32 +32,6 @@ std::optional<int32_t> takeNumber(TextView& text, size_t most) {
         number = number * 10 + (text[digits] - u'0');
     text.remove_prefix(digits);
     return digits > 0 ? std::optional(number) : std::nullopt;
-}
-
-// "4.12.2026", "4/12/2026" and "2026-12-04".
-std::optional<Date> numericDate(TextView text) {
-    std::array<int32_t, 3> parts{};
-    const bool yearFirst = text.size() > 4 && text[4] == u'-';
-    const char16_t mark = yearFirst ? u'-' : text.find(u'/') == TextView::npos ? u'.' : u'/';
-    for (size_t part = 0; part < parts.size(); ++part) {
-        if (part > 0) {
-            if (text.empty() || text.front() != mark) return std::nullopt;
-            text.remove_prefix(1);
-        }
-        const auto number = takeNumber(text, part == (yearFirst ? 0u : 2u) ? 4 : 2);
-        if (!number) return std::nullopt;
-        parts[part] = *number;
-    }
-    if (!text.empty()) return std::nullopt;
-    if (yearFirst) std::swap(parts[0], parts[2]);
-    return std::chrono::year(parts[2]) / std::chrono::month(static_cast<unsigned>(parts[1])) /
-           std::chrono::day(static_cast<unsigned>(parts[0]));
-}
-
-std::optional<Text> dateCellText(TextView text) {
-    auto date = dateFromText(text);
-    if (!date) date = numericDate(text);
-    return date ? dateText(*date) : std::nullopt;
 }
 
 std::optional<Text> listItem(TextView text, std::span<const Text> items) {
@@ -107,20 +80,22 @@ std::optional<Text> timeText(TextView text) {
     return timeText(hour, minute, second);
 }
 
-std::optional<Text> cellText(ColumnType type, TextView text, std::span<const Text> listItems) {
+std::optional<Text> cellText(ColumnType type, TextView text, std::span<const Text> listItems,
+                             const RegionalFormats& formats) {
     if (type == ColumnType::readOnly) return std::nullopt;
     if (text.empty()) return Text();
     switch (type) {
         case ColumnType::text:
             return Text(text);
         case ColumnType::date:
-            return dateCellText(trimmed(text));
+            if (const auto date = typedDate(text, formats)) return dateText(*date);
+            return std::nullopt;
         case ColumnType::checkBox:
             return checkText(trimmed(text));
         case ColumnType::list:
             return listItem(trimmed(text), listItems);
         case ColumnType::number:
-            return numberFromText(text) ? std::optional(Text(trimmed(text))) : std::nullopt;
+            return numberCellText(text, formats.decimalSeparator);
         case ColumnType::time:
             return timeText(text);
         case ColumnType::readOnly:

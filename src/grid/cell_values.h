@@ -3,6 +3,7 @@
 
 #include "base/text.h"
 #include "grid/column_types.h"
+#include "widgets/regional.h"
 
 #include <optional>
 #include <span>
@@ -17,9 +18,9 @@ const std::vector<Text>& timeList();
 // day.
 std::optional<Text> timeText(TextView text);
 
-// The text that a cell of the type keeps of it; an empty one stays empty. Dates may be numbers too, day,
-// month and year or, with hyphens, year, month and day. Nothing for what is no such value, for what
-// `listItems` does not hold where it is a list's, and for a cell that cannot be edited.
-std::optional<Text> cellText(ColumnType type, TextView text, std::span<const Text> listItems);
+// The text that a cell of the type keeps of it; an empty one stays empty. Nothing for what is no such value,
+// for what `listItems` does not hold where it is a list's, and for a cell that cannot be edited.
+std::optional<Text> cellText(ColumnType type, TextView text, std::span<const Text> listItems,
+                             const RegionalFormats& formats);
 
 }  // namespace obk

@@ -16,8 +16,6 @@ public:
         txtTEXTBOX.centreAbove(1);
         passOnKeys(txtTEXTBOX);
         passOnDoubleClick(txtTEXTBOX.doubleClicked);
-        on(txtTEXTBOX.wheelTurned,
-           [&grid](const WheelEvent& event, bool& used) { used = grid.wheel(event); });
     }
 
     Widget& widget() override { return txtTEXTBOX; }
@@ -52,6 +50,8 @@ public:
     Text value() const override { return list_.text(); }
     void setFont(const FontRef& font) override { list_.setFont(font); }
     void setLook(Look look) override { list_.setLook(look); }
+    bool droppedDown() const override { return list_.listOpen(); }
+    void closePanel() override { list_.closeList(); }
 
 private:
     DropList& list_;

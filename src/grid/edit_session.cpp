@@ -8,7 +8,10 @@ namespace obk {
 namespace {
 
 using namespace edit_key_states;
-constexpr uint8_t inCells = 1, inEditor = 2, everywhere = inCells | inEditor;
+// Bits of EditPlace.
+constexpr uint8_t inCells = 1, inLine = 2, inMark = 4, inList = 8;
+constexpr uint8_t everywhere = inCells | inLine | inMark | inList;
+constexpr uint8_t inUntouched = 16;  // in any editor, as long as it is
 
 struct Rule {
     KeyClaim key;
@@ -19,13 +22,22 @@ struct Rule {
     TextView where = {};     // in words
 };
 
-constexpr uint16_t toChange = cells | editable;
+constexpr uint16_t toChange = cells | editable, toChangeUntouched = untouched | editable;
+constexpr TextView leaves = u"close it, and go to another cell";
+constexpr TextView whereLine = u"in the editor of a text, number or date", whereMark = u"on a check mark";
+constexpr TextView whereUntouched = u"in an editor that nothing was typed into";
 constexpr TextView whereCellsChange = u"in the cells, while they can be edited";
 
 constexpr Rule rules[] = {
     {keyClaim(key::escape, shifts::any, u"closes it, and keeps what it holds"), everywhere, false,
      EditAction::commit, editorOpen, u"while an editor is open"},
+    {keyClaim(key::enter, shifts::shift, u"goes to the row above"), everywhere, false, EditAction::goBack},
     {keyClaim(key::enter, shifts::any, u"goes to the row below"), everywhere, false, EditAction::goOn},
+    {keyClaim(key::up, shifts::none, leaves), inLine, false, EditAction::leave, line, whereLine},
+    {keyClaim(key::down, shifts::none, leaves), inLine, false, EditAction::leave, line, whereLine},
+    {{key::pageUp, key::pageDown, shifts::none, leaves}, inLine, false, EditAction::leave, line, whereLine},
+    {{key::left, key::down, shifts::none, leaves}, inMark, false, EditAction::leave, mark, whereMark},
+    {{key::pageUp, key::pageDown, shifts::none, leaves}, inMark, false, EditAction::leave, mark, whereMark},
     {keyClaim(key::tab, shifts::none, u"goes to that cell"), everywhere, false, EditAction::nextCell,
      cellAfter, u"where a cell with an editor follows"},
     {keyClaim(key::tab, shifts::shift, u"goes to that cell"), everywhere, false, EditAction::previousCell,
@@ -38,11 +50,29 @@ constexpr Rule rules[] = {
      whereCellsChange},
     {keyClaim(key::insert, shifts::shift, u"pastes"), inCells, true, EditAction::paste, toChange,
      whereCellsChange},
-    {keyClaim(key::deleteKey, shifts::none, u"deletes the row"), inCells, true, EditAction::deleteRow,
-     toChange, whereCellsChange},
+    {keyClaim(key::deleteKey, shifts::none, u"deletes the selected rows"), inCells, true,
+     EditAction::deleteRows, toChange, whereCellsChange},
     {keyClaim('V', shifts::control, u"pastes"), inCells, true, EditAction::paste, toChange, whereCellsChange},
-    {keyClaim('Z', shifts::control, u"takes the last change back"), inCells, true, EditAction::undo, toChange,
+    {keyClaim('V', shifts::control, u"pastes several cells"), inUntouched, true, EditAction::pasteBlock,
+     toChangeUntouched, whereUntouched},
+    {keyClaim(key::insert, shifts::shift, u"pastes several cells"), inUntouched, true, EditAction::pasteBlock,
+     toChangeUntouched, whereUntouched},
+    {keyClaim('X', shifts::control, u"cuts what is selected"), inCells, true, EditAction::cut, toChange,
      whereCellsChange},
+    {keyClaim(key::deleteKey, shifts::shift, u"cuts what is selected"), inCells, true, EditAction::cut,
+     toChange, whereCellsChange},
+    {keyClaim('A', shifts::control, u"selects all cells"), inCells, false, EditAction::selectAll, cells,
+     u"in the cells"},
+    {keyClaim('D', shifts::control, u"fills the first selected row, or the one above, down"), inCells, true,
+     EditAction::fillDown, toChange, whereCellsChange},
+    {keyClaim('Z', shifts::control, u"takes the last step back, one of a hundred"), inCells, true,
+     EditAction::undo, toChange, whereCellsChange},
+    {keyClaim('Z', shifts::control, u"takes the last step back"), inUntouched, true, EditAction::undo,
+     toChangeUntouched, whereUntouched},
+    {keyClaim('Y', shifts::control, u"does it again"), inCells, true, EditAction::redo, toChange,
+     whereCellsChange},
+    {keyClaim('Y', shifts::control, u"does it again"), inUntouched, true, EditAction::redo, toChangeUntouched,
+     whereUntouched},
     {typedCharacters(u"open the editor, and are written there"), inCells, true, EditAction::open, toChange,
      whereCellsChange},
 };
@@ -50,7 +80,9 @@ constexpr Rule rules[] = {
 }  // namespace
 
 EditAction editAction(const KeyEvent& event, const EditState& state) {
-    const uint8_t place = state.place == EditPlace::cells ? inCells : inEditor;
+    const bool fresh = state.untouched && state.place != EditPlace::cells;
+    const auto place =
+        static_cast<uint8_t>(1u << static_cast<unsigned>(state.place) | (fresh ? inUntouched : 0u));
     const auto* const rule = std::find_if(std::begin(rules), std::end(rules), [&](const Rule& each) {
         return each.key.claims(event) && (each.places & place) != 0;
     });
@@ -63,7 +95,9 @@ EditAction editAction(const KeyEvent& event, const EditState& state) {
         case EditAction::addRow:
             return state.onLastRow && !event.repeated ? EditAction::addRow : EditAction::none;
         case EditAction::insertRow:
-        case EditAction::deleteRow:
+        case EditAction::deleteRows:
+        case EditAction::cut:
+        case EditAction::fillDown:
             return event.repeated ? EditAction::none : rule->action;
         default:
             return rule->action;

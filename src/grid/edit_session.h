@@ -8,13 +8,14 @@
 
 namespace obk {
 
-// Where the keyboard is.
-enum class EditPlace : uint8_t { cells, editor };
+// Where the keyboard is: in the cells, or in an editor: of a line of text, of a check mark, of a list.
+enum class EditPlace : uint8_t { cells, line, mark, list };
 
 struct EditState {
     EditPlace place = EditPlace::cells;
     bool editable = true;    // editors may open, rows may come and go
     bool onLastRow = false;  // also in a grid without rows
+    bool untouched = false;  // the editor has what it was opened with
 };
 
 enum class EditAction : uint8_t {
@@ -22,15 +23,22 @@ enum class EditAction : uint8_t {
     open,           // the current cell's editor, which gets what is typed in place of its text
     openAtEnd,      // the same, with the caret behind the text
     commit,         // an open editor closes
+    leave,          // an open editor closes, and the key goes to another cell
     goOn,           // an open editor closes, and that of the row below opens
+    goBack,         // the same with the row above
     addRow,         // behind the last row
     addRowAndGoOn,  // an open editor closes, and that of a new row opens
     nextCell,       // an open editor closes, and that of the next cell which has one opens
     previousCell,
-    insertRow,  // before the current row
-    deleteRow,
+    insertRow,   // before the current row
+    deleteRows,  // all that the selection spans
     paste,
-    undo,  // takes the last edit, paste or deleted row back
+    pasteBlock,  // where there are several cells to paste; else the key is the editor's own
+    cut,
+    selectAll,
+    fillDown,
+    undo,
+    redo,
 };
 
 // Nothing cancels: whatever closes an editor keeps what it holds.
@@ -41,7 +49,9 @@ namespace edit_key_states {
 constexpr uint16_t cells = 1;  // the keyboard is in the cells, and not in an editor
 constexpr uint16_t editable = 2;
 constexpr uint16_t editorOpen = 4;
-constexpr uint16_t cellAfter = 8, cellBefore = 16;  // one with an editor, in reading order
+constexpr uint16_t cellAfter = 8, cellBefore = 16;    // one with an editor, in reading order
+constexpr uint16_t line = 32, mark = 64, list = 128;  // the keyboard is in such an editor
+constexpr uint16_t untouched = 256;                   // and a person has changed nothing in it
 }  // namespace edit_key_states
 
 // The claims of the keys above.

@@ -20,6 +20,7 @@ GridEdit::GridEdit(Platform& platform)
       flexGRID(root()),
       picTOPBAR(root(), flexGRID, header_),
       editing_(*this, flexGRID, types_) {
+    flexGRID.setCheckColumns([this](int32_t col) { return types_.type(col) == ColumnType::checkBox; });
     connectChildren();
     FontUpdate();
 }

@@ -72,10 +72,10 @@ public:
     void ColTypeSet(int32_t colno, int32_t type) { types_.set(colno, type); }
     void ColumnVisible(int32_t colno, int32_t width, bool visible);
     void ColWidth(int32_t colno, double width);
-    void RowAdd(const Text& text, int32_t rowno);
+    void RowAdd(const Text& text, int32_t rowno) { insertRow(text, rowno, ChangedBy::host); }
     void RowAddQuick(const Text& text, int32_t rowno);
     int32_t RowCurrent() const { return flexGRID.Row(); }
-    void RowDel(int32_t rowno);
+    void RowDel(int32_t rowno) { removeRow(rowno, ChangedBy::host); }
     int32_t RowsCurrent() const { return flexGRID.Rows(); }
     void RowSetFocus(int32_t rowno) { flexGRID.SetRow(rowno); }
     void RowsRefreshColors(int32_t& newColor);
@@ -114,6 +114,10 @@ public:
     void ColumnRefreshHeaders(int32_t) { picTOPBAR.invalidate(); }  // captions follow all columns at once
     void GridColSort(int32_t colno);
     void GridColSortInitialDate();
+
+    // What `RowAdd` and `RowDel` do, for whom.
+    void insertRow(const Text& text, int32_t rowno, ChangedBy by);
+    void removeRow(int32_t rowno, ChangedBy by);
 
     // Editors over a cell.
     void SetAllowGridEdit(bool allow) { editing_.allow(allow); }
@@ -158,7 +162,7 @@ private:
     // cell then is the one that a member is about.
     CellAddress goTo(int32_t rowno, int32_t colno) { return flexGRID.SelectByHalves({rowno, colno}); }
     int32_t currentPlace(Twips TwipsRect::*part) const;  // whole twips
-    void addItem(const Text& text, int32_t rowno);
+    void addItem(const Text& text, int32_t rowno, ChangedBy by);
     void sortRows(SortDirection direction);
     void listKey(void (DropList::*act)(KeyEvent&), int16_t& keyCode, int16_t& shift);
     void raiseMouse(const MouseRaised& event, const MouseEvent& mouse);

@@ -113,37 +113,42 @@ void GridEdit::ColWidth(int32_t colno, double width) {
     picTOPBAR.invalidate();
 }
 
-void GridEdit::RowAdd(const Text& text, int32_t rowno) {
+void GridEdit::insertRow(const Text& text, int32_t rowno, ChangedBy by) {
     // So that the insertion does not flicker; the host hears of it meanwhile.
     flexGRID.setVisible(false);
     BoxHide();
-    addItem(text, rowno);
+    addItem(text, rowno, by);
     flexGRID.SetRow(rowno);
     GridChange();
     attempt([&] { Change(); });
     GridShow();
 }
 
-void GridEdit::addItem(const Text& text, int32_t rowno) {
+void GridEdit::addItem(const Text& text, int32_t rowno, ChangedBy by) {
     attempt([&] {
-        if (flexGRID.AddItem(text, rowno)) editing_.rowInserted(rowno);
+        if (flexGRID.AddItem(text, rowno)) editing_.rowInserted(rowno, by);
     });
 }
 
 void GridEdit::RowAddQuick(const Text& text, int32_t rowno) {
-    addItem(text, rowno);
+    addItem(text, rowno, ChangedBy::host);
     flexGRID.SetRow(rowno);
     GridShow();
 }
 
-void GridEdit::RowDel(int32_t rowno) {
+void GridEdit::removeRow(int32_t rowno, ChangedBy by) {
+    using Kind = EditHistory::RowEdit::Kind;
     BoxHide();
-    if (flexGRID.Rows() == 1) {
+    const bool only = flexGRID.Rows() == 1;
+    EditHistory::RowEdit gone{only ? Kind::emptied : Kind::removed, rowno, 0, {}, {}};
+    if (by == ChangedBy::person) attempt([&] { gone = editing_.history().rowNow(gone.kind, rowno); });
+    if (only) {
         flexGRID.Clear();
         GridReset();
+        if (by == ChangedBy::person) editing_.rowRemoved(std::move(gone), by);
     } else {
         attempt([&] {
-            if (flexGRID.RemoveItem(rowno)) editing_.rowRemoved(rowno);
+            if (flexGRID.RemoveItem(rowno)) editing_.rowRemoved(std::move(gone), by);
         });
     }
     GridChange();

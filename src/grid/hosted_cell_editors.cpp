@@ -5,6 +5,7 @@
 #include "grid/cell_rules.h"
 #include "grid/cell_values.h"
 #include "grid/grid_check.h"
+#include "grid/number_typing.h"
 #include "updown/up_down_text_box.h"
 
 namespace obk {
@@ -29,7 +30,8 @@ public:
     Text value() const override {
         // What is no date is kept as it was typed, as the field itself does.
         const Text shown = dtpDATE->Text();
-        return cellText(ColumnType::date, trimmed(shown), {}).value_or(Text(trimmed(shown)));
+        return cellText(ColumnType::date, trimmed(shown), {}, dtpDATE->platform().regionalFormats())
+            .value_or(Text(trimmed(shown)));
     }
     void setFont(const FontRef& font) override { dtpDATE->SetFont(font); }
     void selectText() override { dtpDATE->selectText(); }
@@ -67,34 +69,34 @@ public:
     NumberCellEditor(const CellEditorEvents& events, Control& outer, Container& grid)
         : CellEditor(events), udnLIST(outer, grid) {
         udnLIST->SetBorderStyle(0);
-        udnLIST->SetInterval(1);
-        udnLIST->SetMin(INT32_MIN);
-        udnLIST->SetMax(INT32_MAX);
-        udnLIST->SetAllowDecpoint(true);
+        // The wheel is the grid's.
+        udnLIST->SetAllowArrowKeys(false);
+        udnLIST->setEntry(typing_);
         passOnKeys(udnLIST);
         passOnDoubleClick(udnLIST->DblClick);
-        on(udnLIST->Change, [this] {
-            if (udnLIST.focused()) number_ = udnLIST->Text();
-            udnLIST->SetAllowDecpoint(true);
-        });
-        // A step writes as many decimals as the number has, one at most; a decimal point can always be typed.
-        for (Event<>* step : {&udnLIST->UpClick, &udnLIST->DownClick})
-            on(*step,
-               [this] { udnLIST->SetAllowDecpoint(udnLIST->DecimalpointCheck(udnLIST->Text()) != 0); });
     }
 
     Widget& widget() override { return udnLIST; }
     void load(TextView text, OleColour background) override {
+        typing_.setDecimalSeparator(separator());
         udnLIST->SetBackColor(background);
         udnLIST->SetText(Text(text));
-        number_ = udnLIST->Text();
+        loaded_ = udnLIST->Text();
     }
-    Text value() const override { return number_; }
+    // What is no number, a sign without digits say, leaves the cell its text.
+    Text value() const override {
+        const Text shown = udnLIST->Text();
+        if (shown.empty() || shown == loaded_) return shown;
+        return numberCellText(shown, separator()).value_or(loaded_);
+    }
     void setFont(const FontRef& font) override { udnLIST->SetFont(font); }
     void selectText() override { udnLIST->selectText(); }
 
 private:
-    Text number_;  // as it was typed: leaving the editor may cut it
+    char16_t separator() const { return udnLIST->platform().regionalFormats().decimalSeparator; }
+
+    NumberTyping typing_;
+    Text loaded_;
     Hosted<UpDownTextBox> udnLIST;
 };
 

@@ -56,8 +56,10 @@ void UpDownTextBox::connectChildren() {
     on(txtUPDOWN.doubleClicked, [this] { attempt([&] { DblClick(); }); });
     on(txtUPDOWN.keyWentDown, [this](KeyEvent& event) { keyDown(event); });
     on(txtUPDOWN.characterTyped, [this](int16_t& character) {
-        character = field_.filtered(character, txtUPDOWN.text());
+        character =
+            entry_ ? entry_->filtered(character, txtUPDOWN) : field_.filtered(character, txtUPDOWN.text());
         attempt([&] { KeyPress(character); });
+        if (entry_) character = entry_->written(character, txtUPDOWN);
     });
     on(txtUPDOWN.keyWentUp, [this](KeyEvent& event) { attempt([&] { KeyUp(event.code, event.shift); }); });
     on(txtUPDOWN.mousePressed, [this](const MouseEvent& event) {
@@ -236,36 +238,52 @@ void UpDownTextBox::loadFont(const FontRef& font) {
 
 std::span<const KeyGroup> UpDownTextBox::keyGroups() const {
     static constexpr KeyGroup groups[] = {{{}, 0, textLineKeys}, {{}, 0, stepKeys}};
+    if (entry_) return {};
     return groups;
 }
 
 void UpDownTextBox::keyDown(KeyEvent& event) {
-    const bool steps = isClaimed(event, stepKeys);
-    if (steps) {
-        if (event.code == key::up || event.code == key::pageUp)
-            stepUp();
-        else
-            stepDown();
-        txtUPDOWN.setSelection({txtUPDOWN.selection().start, 0});
-    }
+    const bool stepped = step(event);
+    if (stepped) txtUPDOWN.setSelection({txtUPDOWN.selection().start, 0});
     attempt([&] { KeyDown(event.code, event.shift); });
     // The key has done its work; the text window would move its caret by it.
-    if (steps) event.code = 0;
+    if (stepped) event.code = 0;
+}
+
+bool UpDownTextBox::step(const KeyEvent& event) {
+    using Step = NumberEntry::Step;
+    const bool up = event.code == key::up || event.code == key::pageUp;
+    const Step by = entry_                        ? entry_->stepOf(event)
+                    : !isClaimed(event, stepKeys) ? Step::none
+                    : up                          ? Step::up
+                                                  : Step::down;
+    if (by == Step::up) stepUp();
+    if (by == Step::down) stepDown();
+    return by != Step::none;
 }
 
 void UpDownTextBox::stepUp() {
     attempt([&] { DownClick(); });
+    if (entry_) {
+        attempt([&] { write(entry_->stepped(txtUPDOWN.text(), NumberEntry::Step::up)); });
+        return;
+    }
     attempt([&] { write(field_.increased(txtUPDOWN.text())); });
     attempt([&] { write(field_.heldByMax(txtUPDOWN.text(), field_.pattern())); });
 }
 
 void UpDownTextBox::stepDown() {
     attempt([&] { UpClick(); });
+    if (entry_) {
+        attempt([&] { write(entry_->stepped(txtUPDOWN.text(), NumberEntry::Step::down)); });
+        return;
+    }
     attempt([&] { write(field_.decreased(txtUPDOWN.text())); });
     attempt([&] { write(field_.heldByMin(txtUPDOWN.text(), field_.pattern())); });
 }
 
 void UpDownTextBox::holdInRange(NumericField::Pattern writtenAs) {
+    if (entry_) return;
     attempt([&] { write(field_.heldByMax(txtUPDOWN.text(), writtenAs)); });
     attempt([&] { write(field_.heldByMin(txtUPDOWN.text(), writtenAs)); });
 }

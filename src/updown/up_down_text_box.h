@@ -5,6 +5,7 @@
 #include "framework/control.h"
 #include "framework/followed_font.h"
 #include "framework/mouse_arguments.h"
+#include "updown/number_entry.h"
 #include "updown/numeric_field.h"
 #include "widgets/decoration.h"
 #include "widgets/spinner.h"
@@ -63,7 +64,9 @@ public:
     void RefreshFont() { resize(); }  // which takes over the font's name and size
     int32_t ShiftColor(int32_t Color, int32_t amount, bool IsXP);
 
-    // For a control that hosts this one: what is typed next replaces the text.
+    // For a control that hosts this one: its own rules for what a person writes, borrowed and outliving the
+    // field. What is typed next replaces the text.
+    void setEntry(const NumberEntry& entry) { entry_ = &entry; }
     void selectText() { txtUPDOWN.setSelection({0, static_cast<int32_t>(txtUPDOWN.text().size())}); }
 
     std::span<const KeyGroup> keyGroups() const override;
@@ -87,6 +90,7 @@ private:
     void connectChildren();
     void keyDown(KeyEvent& event);
     void showEnds() { udnCTRL.setEnds(field_.atMax(txtUPDOWN.text()), field_.atMin(txtUPDOWN.text())); }
+    bool step(const KeyEvent& event);
     void stepUp();
     void stepDown();
     void holdInRange(NumericField::Pattern writtenAs);
@@ -106,6 +110,7 @@ private:
     ReferenceCombo cboHEIGHT;
 
     NumericField field_;
+    const NumberEntry* entry_ = nullptr;
     FollowedFont followedFont_;
     bool settingFont_ = false;
     std::vector<Connection> connections_;

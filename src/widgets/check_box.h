@@ -37,7 +37,7 @@ private:
     void windowMade() override;
     void showColours() override;
     void mouse(const MouseEvent& event) override;
-    bool wheel(const WheelEvent&) override { return false; }
+    bool wheel(const WheelEvent& event) override { return wheelAround(event); }
     void keyDown(KeyEvent& event) override { keyWentDown(event); }
     void keyUp(KeyEvent& event) override { keyWentUp(event); }
     int16_t keyPress(int16_t character) override;

@@ -21,10 +21,17 @@ bool startsWith(TextView text, TextView start) {
 }  // namespace
 
 DropList::DropList(Container& parent, Text name)
-    : Widget(parent), name_(std::move(name)), font_([this] { invalidate(); }) {}
+    : Widget(parent), name_(std::move(name)), font_([this] { invalidate(); }), panel_(*this, items_, name_) {
+    picked_ = panel_.chosen.connect([this](int32_t item) {
+        if (select(item)) chosen();
+    });
+}
 
 void DropList::add(TextView item) {
-    attempt([&] { items_.emplace_back(item); });
+    if (!attempt([&] { items_.emplace_back(item); })) return;
+    // A host that fills the list anew means the item that is shown by its text.
+    if (selected_ < 0 && item == text_) selected_ = count() - 1;
+    panel_.itemsChanged();
 }
 
 bool DropList::remove(int32_t item) {
@@ -34,12 +41,14 @@ bool DropList::remove(int32_t item) {
         selected_ = -1;
     else if (selected_ > item)
         --selected_;
+    panel_.itemsChanged();
     return true;
 }
 
 void DropList::clear() {
     items_.clear();
     selected_ = -1;
+    panel_.itemsChanged();
 }
 
 bool DropList::select(int32_t item) {
@@ -60,6 +69,7 @@ void DropList::show(TextView text) {
 
 void DropList::setLook(Look look) {
     look_ = look;
+    panel_.view().setLook(look);
     invalidate();
 }
 
@@ -130,14 +140,55 @@ void DropList::hover(bool inside) {
     invalidate();
 }
 
+void DropList::focusWentBelow() {
+    panel_.hide();
+    invalidate();
+}
+
+void DropList::detach() {
+    panel_.close();
+    Widget::detach();
+}
+
+void DropList::placed() {
+    panel_.hide();
+}
+
+void DropList::takeMarked() {
+    const int32_t item = panel_.view().marked();
+    panel_.hide();
+    if (select(item)) chosen();
+}
+
+bool DropList::keyInList(const KeyEvent& event) {
+    if (event.shift != 0) return false;
+    if (event.code == key::escape)
+        panel_.hide();
+    else if (event.code == key::enter)
+        takeMarked();
+    else
+        return panel_.view().walk(event.code);
+    return true;
+}
+
 void DropList::keyDown(KeyEvent& event) {
+    // Whoever moves on by it leaves what is marked.
+    if (panel_.open() && event.code == key::tab && (event.shift & ~shift::shift) == 0) takeMarked();
     keyWentDown(event);
     if (event.code == 0 || !enabled()) return;
     const bool alt = event.shift == shift::alt;
     const bool vertical = event.code == key::up || event.code == key::down;
     if ((event.code == key::f4 && event.shift == 0) || (vertical && alt)) {
         event.code = 0;
-        if (!event.repeated) open();
+        if (event.repeated) return;
+        if (panel_.open())
+            takeMarked();
+        else
+            open();
+        return;
+    }
+    if (panel_.open()) {
+        if (keyInList(event)) event.code = 0;
         return;
     }
     if (event.shift != 0) return;
@@ -178,11 +229,18 @@ void DropList::find(char16_t typed) {
     const bool again = typed_.size() == 1 && upperAscii(typed_[0]) == upperAscii(typed);
     if (!again) typed_ += typed;
     // A longer beginning may be that of the item that is shown.
-    const int32_t first = std::max(selected_, 0) + (typed_.size() == 1 && selected_ >= 0 ? 1 : 0);
+    const int32_t first = std::max(at(), 0) + (typed_.size() == 1 && at() >= 0 ? 1 : 0);
     for (int32_t step = 0; step < count(); ++step) {
         const int32_t item = (first + step) % count();
-        if (startsWith(items_[static_cast<size_t>(item)], typed_)) return choose(item);
+        if (startsWith(items_[static_cast<size_t>(item)], typed_)) return goTo(item);
     }
+}
+
+void DropList::goTo(int32_t item) {
+    if (panel_.open())
+        panel_.view().mark(item);
+    else
+        choose(item);
 }
 
 void DropList::choose(int32_t item) {
@@ -190,13 +248,9 @@ void DropList::choose(int32_t item) {
 }
 
 void DropList::open() {
-    Surface* shownOn = surface();
-    if (!shownOn) return;
-    std::vector<MenuItem> menu;
-    for (const Text& item : items_)
-        menu.push_back({item, true, menu.size() == static_cast<size_t>(selected_)});
-    const auto choice = shownOn->chooseFromMenu(menu, pixelBounds());
-    if (choice && select(static_cast<int32_t>(*choice))) chosen();
+    typed_.clear();
+    panel_.view().setFont(font_.description());
+    panel_.show(selected_);
 }
 
 void DropList::describe(std::vector<AccessibleItem>& items) const {

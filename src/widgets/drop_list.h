@@ -1,10 +1,10 @@
-// A field that shows one of a list of texts; a press or a key opens the list as a menu to choose from.
+// A field that shows one of a list of texts; a press or a key drops the list down to choose from.
 #pragma once
 
 #include "base/event.h"
 #include "widgets/font_holder.h"
 #include "widgets/key_claims.h"
-#include "widgets/widget.h"
+#include "widgets/list_panel.h"
 
 #include <vector>
 
@@ -14,9 +14,15 @@ constexpr KeyClaim dropListKeys[] = {
     typedCharacters(u"choose the next item that begins so"),
     {key::left, key::down, shifts::none, u"choose an item"},
     {key::end, key::home, shifts::none, u"choose an item"},
-    keyClaim(key::f4, shifts::none, u"opens the list"),
-    keyClaim(key::up, shifts::alt, u"opens the list"),
-    keyClaim(key::down, shifts::alt, u"opens the list"),
+    keyClaim(key::f4, shifts::none, u"opens the list, or chooses in it"),
+    keyClaim(key::up, shifts::alt, u"opens the list, or chooses in it"),
+    keyClaim(key::down, shifts::alt, u"opens the list, or chooses in it"),
+};
+// While the list is open, beside those.
+constexpr KeyClaim openListKeys[] = {
+    {key::pageUp, key::pageDown, shifts::none, u"walk through the list"},
+    keyClaim(key::enter, shifts::none, u"chooses in it"),
+    keyClaim(key::escape, shifts::none, u"closes it"),
 };
 
 class DropList final : public Widget {
@@ -43,6 +49,10 @@ public:
     void setBackColour(OleColour colour);
     void setFont(FontRef font) { font_.set(std::move(font)); }
 
+    bool listOpen() const { return panel_.open(); }
+    // Without a choice.
+    void closeList() { panel_.hide(); }
+
     bool hasFocus() const;
     bool takeFocus() override;
     Widget* focused() override { return hasFocus() ? this : nullptr; }
@@ -50,12 +60,16 @@ public:
     void paint(Canvas& canvas, const PixelRect& bounds) override;
     void mouse(const MouseEvent& event) override;
     // Arrows, Home and End choose an item, what is typed the next one that begins so; F4 and Alt with an
-    // arrow open the list.
+    // arrow open the list. In an open one they mark, as the Page keys do, and F4, Alt with an arrow, Enter
+    // and Tab choose what is marked.
     void keyDown(KeyEvent& event) override;
     void keyUp(KeyEvent& event) override { keyWentUp(event); }
     int16_t keyPress(int16_t character) override;
     void focusCameBelow() override { invalidate(); }
-    void focusWentBelow() override { invalidate(); }
+    void focusWentBelow() override;
+    bool wheel(const WheelEvent& event) override { return panel_.open() && panel_.view().wheel(event); }
+    void detach() override;
+    void placed() override;
     void describe(std::vector<AccessibleItem>& items) const override;
 
     Event<> pressed;  // by the mouse, before the list opens
@@ -66,6 +80,11 @@ public:
 
 private:
     void hover(bool inside);
+    void takeMarked();
+    bool keyInList(const KeyEvent& event);
+    // What typing and walking is about: the marked item of an open list.
+    int32_t at() const { return panel_.open() ? panel_.view().marked() : selected_; }
+    void goTo(int32_t item);
     void choose(int32_t item);
     void find(char16_t typed);
 
@@ -79,6 +98,8 @@ private:
     OleColour backColour_{SystemColour::window};
     FontHolder font_;
     bool hot_ = false;
+    ListPanel panel_;
+    Connection picked_;
 };
 
 }  // namespace obk

@@ -17,6 +17,8 @@ constexpr KeyRange notTyped[] = {
     {key::tab, key::tab},
     {12, key::enter},  // Clear
     {16, 20},          // Shift, Ctrl, Alt, Pause, Caps Lock
+    {21, 26},          // switch an input method, on and off and to other characters
+    {28, 31},          // convert in it
     {key::escape, key::escape},
     {key::pageUp, key::down},  // with End, Home and the arrows
     {41, key::deleteKey},      // Select, Print, Execute, Print Screen, Insert
@@ -24,6 +26,7 @@ constexpr KeyRange notTyped[] = {
     {95, 95},                  // Sleep
     {112, 135},                // function keys
     {144, 145},                // Num Lock, Scroll Lock
+    {240, 246},                // switch an input method on keyboards that have keys for it
     {160, 183},                // one side's Shift, Ctrl and Alt; browsers, volume, media, programs
 };
 

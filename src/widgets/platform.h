@@ -2,6 +2,7 @@
 #pragma once
 
 #include "widgets/appearance.h"
+#include "widgets/regional.h"
 
 #include <chrono>
 #include <cstdint>
@@ -93,6 +94,8 @@ public:
     virtual Clock& clock() = 0;
     virtual Registry& registry() = 0;
     virtual Appearance& appearance() = 0;
+    // As they are set now.
+    virtual RegionalFormats regionalFormats() = 0;
     virtual FileSystem& files() = 0;
     virtual std::unique_ptr<TimerPeer> createTimer(KeepAlive keepAlive, std::function<void()> tick) = 0;
     // Null when the system refuses.

@@ -34,6 +34,7 @@ void Surface::close() {
     root_.detach();
     captured_ = nullptr;
     hovered_ = nullptr;
+    droppedDown_ = nullptr;
     keyTarget_ = nullptr;
     ownFocus_ = false;
     holding_ = false;
@@ -151,7 +152,27 @@ std::optional<size_t> Surface::chooseFromMenu(std::span<const MenuItem> items, c
     return chosen;
 }
 
+void Surface::beginDropDown(Widget& widget) {
+    droppedDown_ = &widget;
+    const bool held = holding_;
+    endCapture();
+    resting_ = held;
+}
+
+void Surface::endDropDown(const Widget& widget) {
+    if (droppedDown_ != &widget) return;
+    droppedDown_ = nullptr;
+    if (std::exchange(resting_, false)) holdCapture();
+}
+
+void Surface::loseDropDown(const Widget& widget) {
+    if (droppedDown_ != &widget) return;
+    droppedDown_ = nullptr;
+    if (std::exchange(resting_, false)) captureLost();
+}
+
 void Surface::forget(const Widget& widget) {
+    endDropDown(widget);
     releaseCapture(widget);
     if (hovered_ == &widget) hovered_ = nullptr;
     if (keyTarget_ == &widget) keyTarget_ = nullptr;
@@ -197,7 +218,9 @@ void Surface::mouse(const MouseEvent& reported) {
 }
 
 bool Surface::wheel(const WheelEvent& event) {
-    Widget* target = captured_ ? captured_ : root_.hitTest(fromWindow(event.at));
+    Widget* target = droppedDown_ ? droppedDown_
+                     : captured_  ? captured_
+                                  : root_.hitTest(fromWindow(event.at));
     for (; target; target = target->parent()) {
         if (target->enabled() && target->wheel(event)) return true;
     }

@@ -74,6 +74,12 @@ public:
     // A menu of the system beside a rectangle of this surface; see Platform::chooseFromMenu. A capture that
     // is held rests meanwhile and is not reported as lost.
     std::optional<size_t> chooseFromMenu(std::span<const MenuItem> items, const PixelRect& beside);
+    // A panel of a widget's own is open, until it says otherwise or goes: a capture that is held rests and is
+    // not reported as lost, and the wheel is the widget's wherever the mouse is.
+    void beginDropDown(Widget& widget);
+    void endDropDown(const Widget& widget);
+    // Likewise, because another window has taken the panel's capture: so it is lost here.
+    void loseDropDown(const Widget& widget);
     // A widget is about to go.
     void forget(const Widget& widget);
 
@@ -112,10 +118,11 @@ private:
     std::unique_ptr<SurfacePeer> peer_;
     Widget* captured_ = nullptr;
     Widget* hovered_ = nullptr;
+    Widget* droppedDown_ = nullptr;
     Widget* keyTarget_ = nullptr;  // a drawn widget that keys go to
     bool ownFocus_ = false;        // the window itself has the focus, none of its children
     bool holding_ = false;
-    bool resting_ = false;  // the held capture, while a menu is open
+    bool resting_ = false;  // the held capture, while a menu or a list is open
     bool placed_ = false;
     bool looksDifferent_ = false;  // from what was painted last
 };

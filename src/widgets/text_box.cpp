@@ -169,7 +169,7 @@ void TextBox::mouse(const MouseEvent& reported) {
 bool TextBox::wheel(const WheelEvent& event) {
     bool used = false;
     wheelTurned(event, used);
-    return used;
+    return used || wheelAround(event);
 }
 
 bool TextBox::contextMenu(std::optional<PixelPoint> at) {

@@ -99,6 +99,13 @@ bool Widget::wheel(const WheelEvent&) {
     return false;
 }
 
+bool Widget::wheelAround(const WheelEvent& event) {
+    for (Widget* around = parent_; around; around = around->parent_) {
+        if (around->enabled_ && around->wheel(event)) return true;
+    }
+    return false;
+}
+
 void Widget::attach(SurfacePeer&) {}
 void Widget::detach() {}
 void Widget::describe(std::vector<AccessibleItem>&) const {}

@@ -91,6 +91,9 @@ public:
 
 protected:
     explicit Widget(Platform& platform) : platform_(platform) {}
+    // The wheel was turned over a window of this widget, which has no use for it: whether one of those around
+    // it has.
+    bool wheelAround(const WheelEvent& event);
     virtual Surface* ownSurface() const { return nullptr; }
     virtual std::shared_ptr<void> ownKeepAlive() const { return nullptr; }
 

@@ -382,20 +382,33 @@ TEST_F(DateCalendarTest, TheButtonsTurnMonthsAndYears) {
 }
 
 TEST_F(DateCalendarTest, TheMonthListAndTheYearFieldRefillTheDays) {
+    control->focus();
     openOn(u"Sat 31 Oct 2026");
-    platform.answerMenu([this](std::span<const MenuItem> items, const PixelRect& beside) {
-        EXPECT_EQ(items.size(), 12u);
-        EXPECT_TRUE(items[9].checked);
-        EXPECT_EQ(beside, (PixelRect{107, 128, 192, 148}));
+    const auto months = [this] {
+        press(monthList);
+        EXPECT_NE(topPanel(), panel());
         EXPECT_TRUE(open()) << "the panel stays behind its list";
-        return std::optional<size_t>(1);
-    });
-    press(monthList);
+        return parts(*topPanel(), AccessibleItem::Role::listItem);
+    };
+    const auto items = months();
+    ASSERT_EQ(items.size(), 12u);
+    EXPECT_TRUE(items[9].pressed);
+    const PixelRect& february = items[1].bounds;
+    platform.click(topPanel()->id(), {february.left + 5, february.top + 5});
     EXPECT_EQ(chosen(), "1 February, 2026");
+    EXPECT_EQ(topPanel(), panel());
     EXPECT_EQ(platform.capture(), panel()->id()) << "and has the mouse again";
-    platform.answerMenu({});
-    press(monthList);
+    EXPECT_EQ(host.take(), Journal{}) << "only a choice is news";
+    months();
+    platform.pressKey(key::end);
+    platform.pressKey(key::escape);
+    EXPECT_EQ(topPanel(), panel()) << "the keys are the list's";
+    months();
+    platform.pressKey(key::home);
+    platform.pressKey(key::down);
+    platform.pressKey(key::enter);
     EXPECT_EQ(chosen(), "1 February, 2026");
+    host.take();
     press(yearMore);
     EXPECT_EQ(chosen(), "1 February, 2027");
     press(yearMore);

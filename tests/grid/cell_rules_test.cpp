@@ -8,7 +8,8 @@ namespace obk {
 namespace {
 
 TEST(CellRules, AMarkIsTheLetterTrueOrOne) {
-    for (const char16_t* value : {u"a", u"true", u"TRUE", u"TrUe", u"1", u"1.0", u"01", u"1x", u"1.0.5"})
+    for (const char16_t* value :
+         {u"a", u"true", u"TRUE", u"TrUe", u"1", u"1.0", u"01", u"1x", u"1.0.5", u" 1", u"+1", u" + 1"})
         EXPECT_EQ(checkText(value), u"a") << toUtf8(value);
     for (const char16_t* value : {u"", u"0", u"2", u"yes", u"A", u"-1", u"1.1", u"11", u"a ", u"tru", u"x1"})
         EXPECT_EQ(checkText(value), u"") << toUtf8(value);

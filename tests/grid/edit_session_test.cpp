@@ -17,7 +17,9 @@ namespace {
 using enum EditAction;
 
 constexpr EditState cells{}, lastRow{EditPlace::cells, true, true}, fixed{EditPlace::cells, false, true},
-    editor{EditPlace::editor, true, false}, editorOnLastRow{EditPlace::editor, true, true};
+    editor{EditPlace::line, true, false}, editorOnLastRow{EditPlace::line, true, true},
+    opened{EditPlace::line, true, false, true}, mark{EditPlace::mark, true, false},
+    list{EditPlace::list, true, false};
 constexpr int16_t none_ = 0, shift_ = shift::shift, control_ = shift::control, alt_ = shift::alt,
                   altGr = shift::control | shift::alt;
 
@@ -29,24 +31,29 @@ TEST(EditSession, EachKeyHasOneMeaningInEachState) {
     const Row rows[] = {
         {key::enter, none_, goOn, addRowAndGoOn, goOn, goOn, addRowAndGoOn},
         {key::enter, control_, goOn, addRowAndGoOn, goOn, goOn, addRowAndGoOn},
+        {key::enter, shift_, goBack, goBack, goBack, goBack, goBack},
         {key::escape, none_, commit, commit, commit, commit, commit},
         {key::tab, none_, nextCell, nextCell, nextCell, nextCell, nextCell},
         {key::tab, shift_, previousCell, previousCell, previousCell, previousCell, previousCell},
         {key::tab, control_, none, none, none, none, none},
-        {key::down, none_, none, addRow, none, none, none},
+        {key::down, none_, none, addRow, none, leave, leave},
         {key::down, shift_, none, none, none, none, none},
-        {key::up, none_, none, none, none, none, none},
+        {key::up, none_, none, none, none, leave, leave},
         {key::home, none_, none, none, none, none, none},
-        {key::pageDown, none_, none, none, none, none, none},
+        {key::pageDown, none_, none, none, none, leave, leave},
         {key::f2, none_, openAtEnd, openAtEnd, none, none, none},
         {key::f4, none_, none, none, none, none, none},
         {key::insert, none_, insertRow, insertRow, none, none, none},
         {key::insert, control_, none, none, none, none, none},
         {key::insert, shift_, paste, paste, none, none, none},
-        {key::deleteKey, none_, deleteRow, deleteRow, none, none, none},
-        {key::deleteKey, shift_, none, none, none, none, none},
+        {key::deleteKey, none_, deleteRows, deleteRows, none, none, none},
+        {key::deleteKey, shift_, cut, cut, none, none, none},
         {'V', control_, paste, paste, none, none, none},
+        {'X', control_, cut, cut, none, none, none},
+        {'A', control_, selectAll, selectAll, selectAll, none, none},
+        {'D', control_, fillDown, fillDown, none, none, none},
         {'Z', control_, undo, undo, none, none, none},
+        {'Y', control_, redo, redo, none, none, none},
         {'C', control_, none, none, none, none, none},
         {'V', alt_, none, none, none, none, none},
         {'Q', altGr, none, none, none, none, none},
@@ -67,9 +74,25 @@ TEST(EditSession, EachKeyHasOneMeaningInEachState) {
     }
 }
 
+TEST(EditSession, TheEditorHasAShareInWhatAKeyMeans) {
+    for (const auto& [code, inOpened] :
+         {std::pair<int16_t, EditAction>{'V', pasteBlock}, {'Z', undo}, {'Y', redo}}) {
+        EXPECT_EQ(editAction({code, control_, false}, opened), inOpened) << code;
+        EXPECT_EQ(editAction({code, control_, false}, editor), none) << code;
+    }
+    for (const int16_t code : {key::left, key::right, key::up, key::down, key::pageUp}) {
+        EXPECT_EQ(editAction({code, 0, false}, mark), leave) << code;
+        EXPECT_EQ(editAction({code, 0, false}, list), none) << code << ": it chooses an item";
+    }
+    for (const int16_t code : {key::up, key::down}) EXPECT_EQ(editAction({code, alt_, false}, editor), none);
+}
+
 TEST(EditSession, AHeldKeyAddsAndDeletesOneRow) {
-    const std::pair<int16_t, EditAction> rows[] = {
-        {key::enter, goOn}, {key::down, none}, {key::insert, none}, {key::deleteKey, none}, {'X', open}};
+    const std::pair<int16_t, EditAction> rows[] = {{key::enter, goOn},
+                                                   {key::down, none},
+                                                   {key::insert, none},
+                                                   {key::deleteKey, none},
+                                                   {int16_t{'X'}, open}};
     for (const auto& [code, action] : rows) EXPECT_EQ(editAction({code, 0, true}, lastRow), action) << code;
 }
 
@@ -78,8 +101,9 @@ TEST(EditSession, WhatTypesNothingOpensNothing) {
     for (int16_t code = 1; code < 255; ++code) {
         if (editAction({code, 0, false}, cells) == open) opening.insert(code);
     }
-    for (const int16_t code : std::initializer_list<int16_t>{12, 16, 17, 18, 19, 20, 35, 39, 44, 91, 92, 93,
-                                                             112, 123, 144, 145, 173})
+    for (const int16_t code :
+         std::initializer_list<int16_t>{12, 16, 17, 18, 19,  20,  21,  25,  28,  29,  31,  35, 39,
+                                        44, 91, 92, 93, 112, 123, 144, 145, 173, 240, 243, 244})
         EXPECT_EQ(opening.count(code), 0u) << code;
     // Letters, digits, the number pad, punctuation, an input method's keys.
     for (const int16_t code :

@@ -211,7 +211,6 @@ TEST_F(GridEditorsTest, F2EditsWhatIsThereAndTypingReplacesIt) {
     platform.type(u"elm");
     platform.pressKey(key::deleteKey);
     platform.pressKey(key::insert);
-    platform.pressKey(key::down);
     EXPECT_EQ(number(u"RowsCurrent"), 4) << "in an editor these are its own";
     platform.pressKey(key::enter);
     EXPECT_EQ(column(0), "elm,,,");
@@ -386,15 +385,47 @@ TEST_F(GridEditorsTest, TheListTellsWhatIsChosen) {
     work();
     goTo(0, listCol);
     call(u"BoxShow");
-    platform.answerMenu([](std::span<const MenuItem> items, const PixelRect&) {
-        return items.size() == 3 ? std::optional<size_t>(2) : std::nullopt;
-    });
     host.take();
     click(at(0, listCol));
+    ASSERT_TRUE(topPanel());
+    const PixelRect third = parts(*topPanel(), AccessibleItem::Role::listItem)[2].bounds;
+    platform.click(topPanel()->id(), {third.left + 5, third.top + 5});
     EXPECT_EQ(takeNews(), (Journal{"CboBoxClick", "CboClick"}));
+    EXPECT_FALSE(topPanel());
     call(u"BoxShow");
-    platform.answerMenu([](auto...) { return ADD_FAILURE() << "a held key opens no list", std::nullopt; });
     platform.keyDown(key::f4, 0, true);
+    EXPECT_FALSE(topPanel()) << "a held key opens no list";
+    platform.pressKey(key::f4);
+    ASSERT_TRUE(topPanel());
+    platform.pressKey(key::home);
+    platform.pressKey(key::escape);
+    EXPECT_FALSE(topPanel());
+    EXPECT_TRUE(takeNews().empty()) << "the first Escape closes the list alone";
+    // A host that fills the list anew when it is about to open.
+    onEvent("CboBoxClick", [this] {
+        call(u"ComboClear");
+        for (const char16_t* item : {u"", u"R&D", u"ash", u"elm", u"oak"}) call(u"ComboAdd", {Text(item)});
+    });
+    click(at(0, listCol));
+    const auto items = parts(*topPanel(), AccessibleItem::Role::listItem);
+    ASSERT_EQ(items.size(), 5u);
+    EXPECT_EQ(items[1].name, u"R&D");
+    EXPECT_TRUE(items[2].pressed) << "the item stays";
+    platform.mouse(control->window(), {Kind::up, button::left, 0, at(0, listCol)});
+    EXPECT_TRUE(topPanel()) << "the press that opened it is over";
+    platform.mouse(topPanel()->id(), {Kind::down, button::left, 0, {-30, -40}});
+    EXPECT_FALSE(topPanel());
+    host.on.clear();
+    platform.pressKey(key::f4);
+    platform.pressKey(key::home);
+    host.take();
+    platform.pressKey(key::tab);
+    EXPECT_EQ(takeNews().front(), "CboClick") << "Tab takes what is marked along";
+    EXPECT_EQ(read(0, listCol), "") << "an empty item is one";
+    call(u"ComboClear");
+    for (const char16_t* item : {u"oak", u"elm", u"ash"}) call(u"ComboAdd", {Text(item)});
+    set(0, listCol, u"ash");
+    call(u"BoxShow");
     host.take();
     std::vector<Value> up{int16_t{key::up}, int16_t{0}};
     call(u"cboLIST_KeyDown", up);
@@ -428,49 +459,71 @@ TEST_F(GridEditorsTest, ACalendarHasTheKeysWhileItIsOpen) {
     EXPECT_EQ(platform.windowCount(), 0u) << "it goes with the grid's window";
 }
 
-TEST_F(GridEditorsTest, TheLastChangeIsTakenBack) {
+TEST_F(GridEditorsTest, StepsAreTakenBackAndDoneAgain) {
     work();
+    const auto back = [this] { platform.pressKey('Z', shift::control); };
+    const auto again = [this] { platform.pressKey('Y', shift::control); };
     set(1, 0, u"oak");
+    goTo(0, 0);
     platform.type(u"elm");
-    platform.pressKey(key::escape);
+    platform.pressKey(key::enter);
     host.take();
-    platform.pressKey('Z', shift::control);
-    EXPECT_EQ(column(0), ",oak,,");
-    EXPECT_EQ(takeNews(), (Journal{"Change", "ChangePost"}));
-    platform.pressKey('Z', shift::control);
-    EXPECT_EQ(takeNews(), Journal{});
+    back();
+    EXPECT_EQ(column(0), ",oak,,") << "also with the next editor open and untouched";
+    EXPECT_EQ(current(), std::pair(0, 0)) << "where the change was";
+    back();
+    again();
+    EXPECT_EQ(column(0), "elm,oak,,");
+    goTo(0, 0);
+    platform.type(u"ash");
+    back();
+    EXPECT_EQ(column(0), "elm,oak,,") << "in an editor that was typed into the key is its own";
+    platform.pressKey(key::escape);
     call(u"CellColorSetx", {red, 1, 1});
     platform.pressKey(key::deleteKey);
-    EXPECT_EQ(column(0), ",,");
-    platform.pressKey('Z', shift::control);
-    EXPECT_EQ(column(0), ",oak,,");
+    EXPECT_EQ(column(0), "as,,") << "its line has taken back one letter";
+    back();
+    EXPECT_EQ(column(0), "as,oak,,");
     EXPECT_EQ(colourAt(at(1, 1)), Rgb::of(255, 0, 0)) << "with all that its row had";
-    platform.pressKey(key::deleteKey);
+    again();
+    EXPECT_EQ(column(0), "as,,");
+    // The host's own rows move what is remembered, whatever it does inside the events.
     call(u"RowAdd", {Text(u"new"), 0});
-    platform.pressKey('Z', shift::control);
-    EXPECT_EQ(column(0), "new,,,") << "the host has gone on";
-    call(u"RowsSet", {1});
-    platform.pressKey(key::deleteKey);
-    EXPECT_EQ(column(0), "");
-    platform.pressKey('Z', shift::control);
-    EXPECT_EQ(column(0), "new");
-    call(u"RowAddQuick", {Text(u"second"), 1});
-    onEvent("Change", [this] { call(u"RowAddQuick", {Text(u"host's"), 0}); });
-    platform.pressKey(key::deleteKey);
-    host.on.clear();
-    platform.pressKey('Z', shift::control);
-    EXPECT_EQ(column(0), "host's,new") << "also in the middle of a deletion";
+    onEvent("Change", [this] {
+        host.on.clear();
+        call(u"RowAddQuick", {Text(u"quick"), 0});
+    });
+    back();
+    EXPECT_EQ(column(0), "quick,new,as,oak,,");
+    back();
+    EXPECT_EQ(column(0), "quick,new,elm,oak,,");
+    call(u"RowDel", {int32_t{2}});
+    back();
+    EXPECT_EQ(column(0), "quick,new,oak,,") << "what was about a row that is gone";
+    goTo(3, 0);
     platform.type(u"z");
     platform.pressKey(key::escape);
-    call(u"GridColSort", {0});
-    platform.pressKey('Z', shift::control);
-    EXPECT_EQ(column(0), "z,new") << "the rows stand elsewhere";
+    call(u"GridColSort", {int32_t{0}});
+    back();
+    EXPECT_EQ(column(0), "z,quick,oak,new,") << "the rows stand elsewhere";
+    call(u"RowsSet", {int32_t{1}});
+    set(0, 0, u"only");
+    platform.pressKey(key::deleteKey);
+    EXPECT_EQ(column(0), "");
+    back();
+    EXPECT_EQ(column(0), "only");
     platform.type(u"same");
-    set(number(u"RowCurrent"), 0, u"same");
+    set(0, 0, u"same");
     platform.pressKey(key::escape);
-    host.take();
-    platform.pressKey('Z', shift::control);
-    EXPECT_EQ(takeNews(), Journal{}) << "nothing but the host has changed the cell";
+    again();
+    EXPECT_EQ(column(0), "") << "nothing but the host has changed the cell";
+    back();
+    platform.pressKey(key::enter);
+    platform.pressKey(key::enter);
+    EXPECT_EQ(number(u"RowsCurrent"), 3);
+    back();
+    back();
+    EXPECT_EQ(number(u"RowsCurrent"), 1) << "rows that Enter has added";
 }
 
 TEST_F(GridEditorsTest, APasteGoesThroughTheColumnTypes) {
@@ -482,9 +535,11 @@ TEST_F(GridEditorsTest, APasteGoesThroughTheColumnTypes) {
         u"\"a\ttab\"\t3 mar 2027\tlost\tTRUE\tELM\t7.5\t9:30 pm\tbeyond\r\n"
         u"b\tno date\t\t0\tpine\tseven\t25:00\r\n");
     surface().paint();
+    call(u"BoxShow");
     host.take();
     platform.pressKey('V', shift::control);
-    EXPECT_EQ(takeNews(), (Journal{"Change", "ChangePost"}));
+    EXPECT_EQ(takeNews(), (Journal{"ChangeEdited", "Change", "ChangePost", "Change", "ChangePost"}))
+        << "from an editor that nothing was typed into";
     const auto row = [this](int32_t at) {
         std::string texts;
         for (int32_t col = 0; col < 7; ++col) texts += (col == 0 ? "" : "|") + read(at, col);
@@ -497,8 +552,12 @@ TEST_F(GridEditorsTest, APasteGoesThroughTheColumnTypes) {
     EXPECT_EQ(row(1), "||fixed||||");
     EXPECT_EQ(row(2), "|||||12|");
     platform.setClipboard(u"1\r\n2\r\n3\r\n4\r\n");
+    host.take();
     platform.pressKey(key::insert, shift::shift);
-    EXPECT_EQ(column(0), ",1,2,3") << "what is below the last row is left out";
+    EXPECT_EQ(column(0), ",1,2,3,4") << "rows come behind the last one";
+    EXPECT_EQ(takeNews(), (Journal{"Change", "ChangePost"}));
+    platform.pressKey('Z', shift::control);
+    EXPECT_EQ(column(0), ",,,");
     goTo(0, 0);
     platform.setClipboard(u"");
     platform.pressKey('V', shift::control);
@@ -513,13 +572,166 @@ TEST_F(GridEditorsTest, APasteGoesThroughTheColumnTypes) {
     EXPECT_EQ(read(0, 0), "one values");
 }
 
-TEST_F(GridEditorsTest, DatesAreReadInTheUsualWays) {
+TEST_F(GridEditorsTest, ASelectionIsWorkedOnAtOnce) {
+    work();
+    const auto select = [this](int32_t row, int32_t col, int32_t down, int32_t right) {
+        goTo(row, col);
+        for (; down > 0; --down) platform.pressKey(key::down, shift::shift);
+        for (; right > 0; --right) platform.pressKey(key::right, shift::shift);
+        host.take();
+    };
+    const Journal once{"Change", "ChangePost"};
+    platform.setClipboard(u"1\r\n2\r\n");
+    select(0, 0, 3, 0);
+    platform.pressKey('V', shift::control);
+    EXPECT_EQ(column(0), "1,2,1,2") << "again and again where there is room";
+    EXPECT_EQ(takeNews(), once);
+    select(0, 0, 2, 0);
+    platform.pressKey('V', shift::control);
+    EXPECT_EQ(column(0), "1,2,1,2") << "but no part of it";
+    platform.setClipboard(u"x");
+    platform.pressKey('V', shift::control);
+    EXPECT_EQ(column(0), "x,x,x,2") << "one value fills all";
+    set(1, fixedCol, u"fixed");
+    select(1, 0, 1, 2);
+    platform.pressKey('X', shift::control);
+    EXPECT_EQ(takeNews(), once);
+    EXPECT_EQ(toUtf8(platform.clipboard()), "x\t\tfixed\r\nx\t\t\r\n");
+    EXPECT_EQ(column(0), "x,,,2");
+    EXPECT_EQ(read(1, fixedCol), "fixed");
+    platform.pressKey('D', shift::control);
+    select(0, 0, 3, 0);
+    platform.pressKey('D', shift::control);
+    EXPECT_EQ(takeNews(), once);
+    EXPECT_EQ(column(0), "x,x,x,x");
+    goTo(0, textCol);
+    platform.pressKey('D', shift::control);
+    EXPECT_EQ(takeNews(), Journal{}) << "nothing is above";
+    set(1, checkCol, u"a");
+    select(0, checkCol, 3, 1);
+    platform.pressKey(key::space);
+    EXPECT_EQ(column(checkCol), "a,a,a,a");
+    EXPECT_EQ(takeNews(), once);
+    platform.pressKey(key::space);
+    EXPECT_EQ(column(checkCol), ",,,") << "all were checked";
+    select(1, 0, 1, 0);
+    platform.pressKey(key::deleteKey);
+    EXPECT_EQ(takeNews(), (Journal{"ChangeEdited", "Change", "DelRow", "ChangeEdited", "Change", "DelRow"}));
+    EXPECT_EQ(column(0), "x,x");
+    platform.pressKey('Z', shift::control);
+    EXPECT_EQ(column(0), "x,x,x,x") << "one step";
+    platform.pressKey('A', shift::control);
+    platform.pressKey('C', shift::control);
+    EXPECT_TRUE(platform.clipboard().ends_with(u"x\t\t\t\t\t\t\r\n"));
+    EXPECT_EQ(current(), std::pair(0, 0));
+    click(at(2, 0));
+    platform.mouse(control->window(), {Kind::down, button::left, shift::shift, at(3, 1)});
+    platform.mouse(control->window(), {Kind::up, button::left, shift::shift, at(3, 1)});
+    EXPECT_FALSE(isOpen()) << "cells are selected";
+    platform.pressKey('C', shift::control);
+    EXPECT_EQ(platform.clipboard(), u"x\t\r\nx\t\r\n");
+}
+
+TEST_F(GridEditorsTest, ANumberIsTypedAndNeverChangedByAccident) {
+    work();
+    const auto number = [this](TextView keys) { return typedInto(0, numberCol, keys); };
+    EXPECT_EQ(number(u"-5"), "-5");
+    EXPECT_EQ(number(u"5-"), "-5");
+    EXPECT_EQ(number(u"12--"), "12");
+    EXPECT_EQ(number(u"1,5"), "15") << "a comma is none here";
+    EXPECT_EQ(number(u"-"), "15") << "no number";
+    platform.setRegionalFormats({u',', DateOrder::dayMonthYear, 2049});
+    EXPECT_EQ(number(u"1,5,5"), "1.55");
+    EXPECT_EQ(number(u"1.5"), "1.5");
+    platform.setClipboard(u"1.234,50\t1,2,3\r\n");
+    goTo(1, numberCol);
+    platform.pressKey('V', shift::control);
+    EXPECT_EQ(read(1, numberCol), "1234.50");
+    for (const int16_t code : {key::up, key::down, key::pageUp, key::pageDown}) {
+        goTo(2, numberCol);
+        set(2, numberCol, u"12.34");
+        call(u"BoxShow");
+        platform.pressKey(code);
+        EXPECT_EQ(read(2, numberCol), "12.34") << code;
+        EXPECT_NE(current(), std::pair(2, numberCol)) << code;
+        EXPECT_FALSE(isOpen()) << code;
+    }
+    goTo(2, numberCol);
+    call(u"BoxShow");
+    platform.pressKey(key::up, shift::alt);
+    platform.pressKey(key::up, shift::alt);
+    platform.pressKey(key::down, shift::alt);
+    platform.pressKey(key::escape);
+    EXPECT_EQ(read(2, numberCol), "13.34") << "all decimals stay";
+    size(40, 7);
+    goTo(2, numberCol);
+    call(u"BoxShow");
+    platform.wheel(control->window(), {-120, false, 0, at(2, numberCol)});
+    EXPECT_EQ(this->number(u"TopRowRead"), 3) << "the wheel scrolls";
+    call(u"BoxHide");
+    EXPECT_EQ(read(2, numberCol), "13.34");
+    size(3, 7);
+    typedInto(0, numberCol, u"3-");
+    typedInto(1, numberCol, u"10");
+    typedInto(2, numberCol, u"2,5");
+    goTo(0, numberCol);
+    call(u"GridColSort", {numberCol});
+    EXPECT_EQ(column(numberCol), "-3,2.5,10");
+}
+
+TEST_F(GridEditorsTest, AClickOnItsBoxTurnsACheckMark) {
+    work();
+    const auto box = [](int32_t row) { return PixelPoint{border + checkCol * colWidth + 33, at(row, 0).y}; };
+    click(box(1));
+    EXPECT_TRUE(isOpen());
+    EXPECT_EQ(read(1, checkCol), "a");
+    click(at(1, checkCol));
+    EXPECT_TRUE(isOpen());
+    EXPECT_EQ(read(1, checkCol), "a") << "beside it the cell is chosen";
+    goTo(0, 0);
+    set(2, checkCol, u" a");
+    EXPECT_TRUE(drawnText(u" a").text.empty()) << "whoever has written it";
+    call(u"ColTypeSet", {checkCol, int32_t{0}});
+    EXPECT_FALSE(drawnText(u" a").text.empty());
+}
+
+TEST_F(GridEditorsTest, DatesAreReadAsTheUserWritesThem) {
+    const auto read = [](TextView text, DateOrder order) {
+        return cellText(ColumnType::date, text, {}, {u'.', order, 2049});
+    };
+    using enum DateOrder;
+    const std::pair<const char16_t*, std::vector<DateOrder>> rows[] = {
+        {u"4.12.2026", {dayMonthYear}},
+        {u" 04/12/2026 ", {dayMonthYear}},
+        {u"4-12-26", {dayMonthYear}},
+        {u"12/4/2026", {monthDayYear}},
+        {u"12.4.26", {monthDayYear}},
+        {u"26/12/04", {yearMonthDay}},
+        {u"4 dec 26", {dayMonthYear, monthDayYear}},
+        {u"2026-12-04", {dayMonthYear, monthDayYear, yearMonthDay}},
+        {u"4 dec 2026", {dayMonthYear, monthDayYear, yearMonthDay}},
+        {u"December 4, 2026", {dayMonthYear, monthDayYear, yearMonthDay}},
+    };
+    for (const auto& [text, orders] : rows) {
+        for (const DateOrder order : {dayMonthYear, monthDayYear, yearMonthDay}) {
+            const bool meant = std::count(orders.begin(), orders.end(), order) > 0;
+            EXPECT_EQ(read(text, order) == u"Fri 4 Dec 2026", meant) << toUtf8(text) << int(order);
+        }
+    }
+    EXPECT_EQ(read(u"4.12.2026", yearMonthDay), std::nullopt) << "the day or the month";
+    EXPECT_EQ(read(u"1.2.50", dayMonthYear), u"Wed 1 Feb 1950");
     for (const char16_t* text :
-         {u"4.12.2026", u" 04/12/2026 ", u"2026-12-04", u"4 dec 2026", u"December 4, 2026"})
-        EXPECT_EQ(cellText(ColumnType::date, text, {}), u"Fri 4 Dec 2026") << toUtf8(text);
-    for (const char16_t* text : {u"31.4.2026", u"4.13.2026", u"4.12.26", u"4.12/2026", u"4.12.20261",
-                                 u"4.12.", u"2026-12-4x", u"2026-", u"0.0.0"})
-        EXPECT_EQ(cellText(ColumnType::date, text, {}), std::nullopt) << toUtf8(text);
+         {u"31.4.2026", u"4.13.2026", u"4.12.126", u"4.12/2026", u"4.12.20261", u"4.12.", u"2026-12-4x",
+          u"2026-", u"0.0.0", u"1.2", u"4 dec", u"29.2.2026", u"dec 26"})
+        EXPECT_EQ(read(text, dayMonthYear), std::nullopt) << toUtf8(text);
+    work();
+    platform.setRegionalFormats({u'.', monthDayYear, 2049});
+    for (const auto& [typed, kept] : {std::pair<const char16_t*, const char*>{u"12/4/26", "Fri 4 Dec 2026"},
+                                      {u"4 dec 26", "Fri 4 Dec 2026"},
+                                      {u"2026-12-04", "Fri 4 Dec 2026"},
+                                      {u"31/12/26", "31/12/26"},
+                                      {u"soon", "soon"}})
+        EXPECT_EQ(typedInto(0, dateCol, typed), kept) << toUtf8(typed);
 }
 
 TEST_F(GridEditorsTest, TimesAreReadInTheUsualWays) {

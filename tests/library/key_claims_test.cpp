@@ -101,6 +101,8 @@ void inCell(KeyClaims& test, int32_t type, bool open) {
 const std::vector<Situation>& situations() {
     const std::vector<int16_t> window{key::deleteKey};  // of a text, by itself
     const std::vector<int16_t> button{key::escape};
+    // There is but one cell to paste.
+    const std::vector<int16_t> block{key::insert, 'V', 'Z', 'Y'};
     static const std::vector<Situation> all{
         {"UpDownTextBox",
          [](KeyClaims& test) {
@@ -140,7 +142,7 @@ const std::vector<Situation>& situations() {
          }},
         {"PageTab without tabs", [](KeyClaims& test) { test.begin(PageTab::memberTable()); }},
         // Nothing was done yet that could be taken back.
-        {"cells", [](KeyClaims& test) { inCell(test, 0, false); }, false, {key::escape}, {'Z'}},
+        {"cells", [](KeyClaims& test) { inCell(test, 0, false); }, false, {key::escape}, {'Y', 'Z'}},
         {"cells that are not edited",
          [](KeyClaims& test) {
              inCell(test, 0, false);
@@ -148,20 +150,28 @@ const std::vector<Situation>& situations() {
          },
          false,
          {key::escape}},
-        {"text editor", [](KeyClaims& test) { inCell(test, 0, true); }, true},
-        {"date editor", [](KeyClaims& test) { inCell(test, 1, true); }, true},
-        {"check editor", [](KeyClaims& test) { inCell(test, 3, true); }},
-        {"list editor", [](KeyClaims& test) { inCell(test, 4, true); }},
-        {"number editor", [](KeyClaims& test) { inCell(test, 5, true); }, true, window},
-        {"time editor", [](KeyClaims& test) { inCell(test, 6, true); }},
+        {"text editor", [](KeyClaims& test) { inCell(test, 0, true); }, true, {}, {'Y'}},
+        {"date editor", [](KeyClaims& test) { inCell(test, 1, true); }, true, {}, {'Y'}},
+        {"check editor", [](KeyClaims& test) { inCell(test, 3, true); }, false, {}, block},
+        {"list editor", [](KeyClaims& test) { inCell(test, 4, true); }, false, {}, block},
+        {"number editor", [](KeyClaims& test) { inCell(test, 5, true); }, true, {}, {'Y'}},
+        {"time editor", [](KeyClaims& test) { inCell(test, 6, true); }, false, {}, block},
+        {"list editor, open",
+         [](KeyClaims& test) {
+             inCell(test, 4, true);
+             test.platform.pressKey(key::f4);
+         },
+         false,
+         {},
+         {key::enter, key::escape}},
     };
     return all;
 }
 
 TEST(KeyClaimsOfEveryControl, AreWhatTheControlDoesWithTheKey) {
-    const int16_t codes[] = {8,  9,  12,  13,  16,  17,  18,  20,  27,  32,  33,  34,  35,  36,  37,
-                             38, 39, 40,  44,  45,  46,  '1', 'A', 'C', 'F', 'S', 'V', 'X', 'Z', 91,
-                             93, 96, 112, 113, 114, 115, 116, 117, 120, 121, 123, 144, 188};
+    const int16_t codes[] = {8,   9,  12, 13, 16,  17,  18,  20,  27,  32,  33,  34,  35,  36,  37,
+                             38,  39, 40, 44, 45,  46,  '1', 'A', 'C', 'D', 'F', 'S', 'V', 'X', 'Y',
+                             'Z', 91, 93, 96, 112, 113, 114, 115, 116, 117, 120, 121, 123, 144, 188};
     for (const Situation& situation : situations()) {
         auto test = std::make_unique<KeyClaims>();
         situation.prepare(*test);

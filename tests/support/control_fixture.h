@@ -63,6 +63,8 @@ protected:
     std::string text(TextView name) { return toUtf8(toText(get(name)).value_or(u"?")); }
     // The panel that the control drops down; null before it was first shown.
     headless::HeadlessSurface* panel() const;
+    // The one that shows and came last: a list that is dropped down, say.
+    headless::HeadlessSurface* topPanel() const;
     bool open() const { return panel() && panel()->visible(); }
     // The parts of a surface that have a role for screen readers.
     static std::vector<AccessibleItem> parts(headless::HeadlessSurface& of, AccessibleItem::Role role);

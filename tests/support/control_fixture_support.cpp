@@ -83,6 +83,15 @@ headless::HeadlessSurface* ControlFixture::panel() const {
     return nullptr;
 }
 
+headless::HeadlessSurface* ControlFixture::topPanel() const {
+    headless::HeadlessSurface* top = nullptr;
+    for (const NativeWindow id : platform.windows()) {
+        headless::HeadlessSurface* const found = platform.surface(id);
+        if (found && found->kind() == SurfacePlacement::Kind::panel && found->visible()) top = found;
+    }
+    return top;
+}
+
 std::vector<AccessibleItem> ControlFixture::parts(headless::HeadlessSurface& of, AccessibleItem::Role role) {
     std::vector<AccessibleItem> found = of.surfaceClient().accessibleItems();
     std::erase_if(found, [role](const AccessibleItem& item) { return item.role != role; });

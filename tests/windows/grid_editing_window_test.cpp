@@ -237,6 +237,103 @@ TEST_F(GridEditing, TheWheelScrolls) {
     EXPECT_EQ(number(L"TopRowRead"), 0);
 }
 
+TEST_F(GridEditing, ANumberIsTypedAndLeftAsItWas) {
+    object().call(L"RowsSet", {100});
+    object().call(L"CellTextSet", {0, numberCol, L"12.34"});
+    object().call(L"CellTextSet", {1, numberCol, L"12.34"});
+    object().call(L"TopRowSet", {0});
+    click(0, numberCol);
+    person.key(VK_DOWN);
+    EXPECT_EQ(current(), std::pair(1L, static_cast<long>(numberCol)));
+    click(1, numberCol);
+    person.key(VK_NEXT);
+    EXPECT_GT(current().first, 1L);
+    object().call(L"TopRowSet", {0});
+    click(1, numberCol);
+    const POINT over = middle(hosted, 1, numberCol);
+    person.moveTo(face(), over.x, over.y);
+    person.turnWheel(-WHEEL_DELTA);
+    EXPECT_GT(number(L"TopRowRead"), 0) << "the wheel scrolls";
+    EXPECT_EQ(read(0, numberCol), L"12.34");
+    EXPECT_EQ(read(1, numberCol), L"12.34");
+    object().call(L"GridSetFocus", {numberCol, 1});
+    person.key(VK_UP, MOD_ALT);
+    person.key(VK_RETURN);
+    EXPECT_EQ(read(1, numberCol), L"13.34");
+    person.type(L"5-");
+    person.key(VK_RETURN);
+    EXPECT_EQ(read(2, numberCol), L"-5");
+}
+
+TEST_F(GridEditing, AListDropsDownAndTheKeyboardStays) {
+    for (int item = 0; item < 10000; ++item)
+        object().call(L"ComboAdd", {(L"R&D " + std::to_wstring(item)).c_str()});
+    object().call(L"CellTextSet", {0, listCol, L"R&D 9000"});
+    click(0, listCol);
+    EXPECT_EQ(openPanel(), nullptr);
+    const HWND focus = GetFocus();
+    const ULONGLONG before = GetTickCount64();
+    person.key(VK_F4);
+    const HWND list = openPanel();
+    ASSERT_NE(list, nullptr);
+    EXPECT_LT(GetTickCount64() - before, 500u) << "with all that a key takes under way";
+    const RECT shown = windowRect(list);
+    EXPECT_GT(shown.right - shown.left, 64) << "as wide as its items need";
+    EXPECT_LT(shown.bottom - shown.top, 500);
+    EXPECT_TRUE(keepsFocusFromPanel(list, focus));
+    person.moveTo(list, 10, 10);
+    person.turnWheel(-WHEEL_DELTA);
+    EXPECT_EQ(openPanel(), list);
+    EXPECT_EQ(number(L"TopRowRead"), 0);
+    takeEvents();
+    person.click(list, 10, 5);
+    EXPECT_EQ(openPanel(), nullptr);
+    EXPECT_NE(takeEvents().find(L"CboClick"), std::wstring::npos);
+    person.key(VK_F4);
+    person.key(VK_ESCAPE);
+    EXPECT_EQ(openPanel(), nullptr);
+    EXPECT_EQ(GetFocus(), focus);
+    person.key(VK_DOWN, MOD_ALT);
+    person.key(VK_END);
+    person.key(VK_RETURN);
+    person.key(VK_RETURN);
+    EXPECT_EQ(read(0, listCol), L"R&D 9999");
+    EXPECT_EQ(current().first, 1);
+}
+
+TEST_F(GridEditing, CellsAreMarkedCutPastedAndTakenBack) {
+    const POINT mark = middle(hosted, 1, checkCol);
+    person.click(face(), mark.x, mark.y);
+    EXPECT_EQ(openWindows().size(), 1u);
+    person.key(VK_DOWN);
+    EXPECT_EQ(read(1, checkCol), L"a") << "one click";
+    for (long row = 0; row < 3; ++row)
+        object().call(L"CellTextSet", {row, textCol, std::to_wstring(row + 1).c_str()});
+    object().call(L"RowSetFocus", {0});
+    object().call(L"ColSetFocus", {textCol});
+    object().call(L"GridFocusShow");
+    person.key(VK_DOWN, MOD_SHIFT);
+    person.key('X', MOD_CONTROL);
+    EXPECT_EQ(read(0, textCol) + read(1, textCol) + read(2, textCol), L"3");
+    click(2, textCol);
+    EXPECT_EQ(openWindows().size(), 1u);
+    takeEvents();
+    person.key('V', MOD_CONTROL);
+    EXPECT_TRUE(openWindows().empty());
+    EXPECT_EQ(read(2, textCol) + read(3, textCol), L"12") << "out of an untouched editor into the cells";
+    person.key('Z', MOD_CONTROL);
+    EXPECT_EQ(number(L"RowsCurrent"), 3);
+    EXPECT_EQ(read(2, textCol), L"3");
+    person.key('Z', MOD_CONTROL);
+    EXPECT_EQ(read(0, textCol) + read(1, textCol), L"12");
+    person.key('Y', MOD_CONTROL);
+    person.key('Y', MOD_CONTROL);
+    EXPECT_EQ(read(2, textCol) + read(3, textCol), L"12");
+    object().call(L"GridSetFocus", {textCol, 0});
+    person.key('Z', MOD_CONTROL);
+    EXPECT_EQ(number(L"RowsCurrent"), 3) << "also from an editor that nothing was typed into";
+}
+
 // What a drag asks: it goes on until the button is let go.
 class DragSource final : public ComObject<IDropSource> {
 public:

@@ -27,6 +27,8 @@ public:
     ManualClock& clock() override { return clock_; }
     MemoryRegistry& registry() override { return registry_; }
     FixedAppearance& appearance() override { return appearance_; }
+    RegionalFormats regionalFormats() override { return regionalFormats_; }
+    void setRegionalFormats(const RegionalFormats& formats) { regionalFormats_ = formats; }
     MemoryFileSystem& files() override { return files_; }
     std::unique_ptr<TimerPeer> createTimer(KeepAlive keepAlive, std::function<void()> tick) override;
     std::unique_ptr<SurfacePeer> createSurface(SurfaceClient& client,
@@ -108,6 +110,7 @@ private:
     ManualClock clock_;
     MemoryRegistry registry_;
     FixedAppearance appearance_;
+    RegionalFormats regionalFormats_;
     MemoryFileSystem files_;
     std::map<NativeWindow, HeadlessWindow*> windows_;
     std::vector<HeadlessTimer*> timers_;

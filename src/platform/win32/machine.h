@@ -1,4 +1,4 @@
-// The clock and the registry.
+// The clock, the registry and the regional formats.
 #pragma once
 
 #include "widgets/platform.h"
@@ -17,5 +17,8 @@ public:
     // The access mask goes to the system as given.
     std::unique_ptr<RegistryKey> open(int32_t rootKey, TextView subKey, uint32_t access) override;
 };
+
+// The user's own; where the system does not say, those of RegionalFormats.
+RegionalFormats regionalFormats();
 
 }  // namespace obk::win32

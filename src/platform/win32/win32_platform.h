@@ -27,6 +27,7 @@ public:
     Clock& clock() override { return clock_; }
     Registry& registry() override { return registry_; }
     Appearance& appearance() override { return appearance_; }
+    RegionalFormats regionalFormats() override { return win32::regionalFormats(); }
     FileSystem& files() override { return files_; }
     std::unique_ptr<TimerPeer> createTimer(KeepAlive keepAlive, std::function<void()> tick) override;
     std::unique_ptr<SurfacePeer> createSurface(SurfaceClient& client,

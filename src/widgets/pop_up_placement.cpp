@@ -1,4 +1,4 @@
-#include "framework/pop_up_placement.h"
+#include "widgets/pop_up_placement.h"
 
 #include <algorithm>
 
