@@ -74,9 +74,7 @@ void ListPanel::close() {
 }
 
 PixelRect ListPanel::anchor(const Surface& host) const {
-    const PixelRect own = field_.pixelBounds();
-    const PixelPoint origin = host.toScreen({own.left, own.top});
-    return {origin.x, origin.y, origin.x + own.width(), origin.y + own.height()};
+    return host.toScreen(field_.pixelBounds());
 }
 
 // Below the field or above it, with as many items as there is room for.
@@ -87,7 +85,7 @@ PixelRect ListPanel::placed(Dpi dpi, const Surface& host) const {
     PixelSize size = view_.size(dpi, least, mostItems);
     for (int32_t items = mostItems; size.height > room && items > 1;) size = view_.size(dpi, least, --items);
     size.width = std::min(size.width, std::max(area.width(), least));
-    return placePopUp(beside, size, area, PopUpSide::below);
+    return placePopUp(beside, size, area, PopUpSide::below, host.mirrored());
 }
 
 // Where it comes to lie may be a monitor of another scale, at which it has another size.

@@ -52,6 +52,10 @@ private:
     void surfaceCaptureLost() override;
     void surfaceHostMoved() override { hide(); }
     void surfaceChanged() override;
+    bool mirrored() const override {
+        const Surface* const host = field_.surface();
+        return host && host->mirrored();
+    }
     AccessibleItem describeSurface() const override;
 
     Widget& field_;
