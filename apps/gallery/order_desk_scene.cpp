@@ -46,14 +46,16 @@ void dress(const container::Dispatch& grid, long row) {
     const std::wstring paid = cell(grid, row, paidCol);
     const bool isPaid = paid.find(L'a') != std::wstring::npos;
     grid.call(L"CellChkSet", {row, paidCol, isPaid ? L"1" : L"0"});
-    grid.call(L"CellFormatSet", {row, paidCol, L"webdings", L"12", false, false, 0});
+    grid.call(L"CellFormatSet", {row, paidCol, L"webdings", L"12", false, false,
+                                 static_cast<long>(0x80000000u | COLOR_WINDOWTEXT)});
     grid.call(L"CellSetIcon", {stateCol, row, isPaid ? L"Home - Money" : L"Work - Clock"});
 }
 
 // All rows, with the current cell where it was.
 void dressAll(const container::Dispatch& grid) {
     const long row = count(grid, L"RowCurrent"), col = count(grid, L"ColCurrent");
-    grid.call(L"RowsRefreshColors", {0xF7F1EA});
+    const COLORREF band = mixed(GetSysColor(COLOR_HIGHLIGHT), GetSysColor(COLOR_WINDOW), 24);
+    grid.call(L"RowsRefreshColors", {static_cast<long>(band)});
     for (long each = 0; each < count(grid, L"RowsCurrent"); ++each) dress(grid, each);
     grid.call(L"ColSetFocus", {col});
     grid.call(L"RowSetFocus", {row});

@@ -199,22 +199,22 @@ void Surface::deliver(Widget& widget, const MouseEvent& event) {
     widget.mouse(own);
 }
 
-void Surface::mouse(const MouseEvent& reported) {
-    MouseEvent event = reported;
-    event.at = fromWindow(reported.at);
+void Surface::mouse(const MouseEvent& event) {
+    MouseEvent own = event;
+    own.at = fromWindow(event.at);
     Widget* target = captured_;
     if (!target && event.kind != MouseEvent::Kind::leave) {
-        target = root_.hitTest(event.at);
+        target = root_.hitTest(own.at);
         if (!target && holding_) target = &root_;
     }
     if (target != hovered_ && !captured_) {
         Widget* left = hovered_;
         hovered_ = target;
-        if (left) deliver(*left, {MouseEvent::Kind::leave, 0, event.shift, event.at});
+        if (left) deliver(*left, {MouseEvent::Kind::leave, 0, event.shift, own.at});
         // A listener may have closed the surface or taken the widget away.
         target = hovered_;
     }
-    if (target) deliver(*target, event);
+    if (target) deliver(*target, own);
 }
 
 bool Surface::wheel(const WheelEvent& event) {

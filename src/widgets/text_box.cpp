@@ -132,9 +132,9 @@ bool TextBox::mirrored() const {
     return shownOn && shownOn->mirrored();
 }
 
-void TextBox::mouse(const MouseEvent& reported) {
-    MouseEvent event = reported;
-    event.at = fromWindow(reported.at);
+void TextBox::mouse(const MouseEvent& event) {
+    MouseEvent own = event;
+    own.at = fromWindow(event.at);
     // The window of a disabled one lets the mouse through to the surface, which finds the widget there.
     if (!enabled()) {
         pressed_ = false;
@@ -143,17 +143,17 @@ void TextBox::mouse(const MouseEvent& reported) {
     switch (event.kind) {
         case MouseEvent::Kind::down:
             pressed_ = event.button == button::left;
-            mousePressed(event);
+            mousePressed(own);
             break;
         case MouseEvent::Kind::move:
-            mouseMoved(event);
+            mouseMoved(own);
             break;
         case MouseEvent::Kind::up: {
-            const PixelRect own = pixelBounds();
+            const PixelRect place = pixelBounds();
             const bool click = pressed_ && event.button == button::left &&
-                               PixelRect{0, 0, own.width(), own.height()}.contains(event.at);
+                               PixelRect{0, 0, place.width(), place.height()}.contains(own.at);
             if (event.button == button::left) pressed_ = false;
-            mouseReleased(event);
+            mouseReleased(own);
             if (click) clicked();
             break;
         }
