@@ -121,6 +121,15 @@ TEST_F(ButtonPaletteWindow, ItIsOpenedAndWalkedByKeysAndEachSwatchIsNamedAtOnce)
     for (const WORD code : {WORD{VK_HOME}, WORD{VK_RIGHT}, WORD{VK_RETURN}}) person.key(code);
     EXPECT_EQ(colour(), colourOf(8));
     EXPECT_EQ(GetFocus(), button());
+    // However long it is held, Space picks once and opens nothing again.
+    person.key(VK_F4);
+    person.key(VK_HOME);
+    takeEvents();
+    person.hold(VK_SPACE, 4);
+    EXPECT_EQ(takeEvents(),
+              L"Change FocusHidden FocusHidden Click Change KeyDown KeyDown KeyDown KeyDown KeyUp");
+    EXPECT_FALSE(openPanel());
+    EXPECT_EQ(colour(), colourOf(0));
 }
 
 TEST_F(ButtonPaletteWindow, ThePanelStaysWholeOnTheScreenAtEveryEdge) {

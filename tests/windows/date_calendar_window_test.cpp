@@ -129,13 +129,7 @@ TEST_F(DateCalendarWindow, AnOpenCalendarKeepsItsKeysFromTheFieldAlsoWhileTheyAr
         ASSERT_TRUE(openPanel());
         person.key(VK_RIGHT);
         takeEvents();
-        INPUT input{};
-        input.type = INPUT_KEYBOARD;
-        input.ki.wVk = held;
-        for (int time = 0; time < 4; ++time) SendInput(1, &input, sizeof input);
-        input.ki.dwFlags = KEYEVENTF_KEYUP;
-        SendInput(1, &input, sizeof input);
-        hosted.loop.pumpPending();
+        person.hold(held, 4);
         const std::wstring events = takeEvents();
         EXPECT_EQ(events, L"FocusHidden DateUpdated KeyDown KeyDown KeyDown KeyDown KeyUp");
         EXPECT_FALSE(openPanel());
@@ -176,6 +170,33 @@ TEST_F(DateCalendarWindow, TheCalendarIsFilledInWithTheKeyboardAlone) {
     person.key(VK_ESCAPE);
     person.key(VK_TAB);
     EXPECT_TRUE(person.waitFor([&] { return GetFocus() == other; })) << "closed, it leaves Tab to the form";
+}
+
+TEST_F(DateCalendarWindow, WhatIsClearedStaysClearAndAnUntouchedEmptyFieldIsEmptyAgain) {
+    for (const bool clears : {true, false}) {
+        SetFocus(edit);
+        person.key(VK_F4);
+        if (clears)
+            pressPanel(clearButton);
+        else
+            person.key(VK_ESCAPE);
+        takeEvents();
+        SetFocus(other);
+        hosted.loop.pumpPending();
+        EXPECT_EQ(takeEvents(), L"FocusHidden FocusLost MouseUp");
+        EXPECT_EQ(date(), blanks);
+    }
+    // A press outside an open calendar hides it once; that the focus goes later is no news of it.
+    SetFocus(edit);
+    person.key(VK_F4);
+    ASSERT_TRUE(openPanel());
+    takeEvents();
+    person.click(other, 5, 5);
+    EXPECT_EQ(takeEvents(), L"FocusHidden");
+    EXPECT_FALSE(openPanel());
+    SetFocus(other);
+    hosted.loop.pumpPending();
+    EXPECT_EQ(takeEvents(), L"FocusLost MouseUp");
 }
 
 TEST_F(DateCalendarWindow, ATapOnAYearArrowIsOneStep) {

@@ -5,6 +5,7 @@
 #include "person_support.h"
 #include "resource_count.h"
 #include "server_support.h"
+#include "two_scales_support.h"
 
 #include <gtest/gtest.h>
 
@@ -230,6 +231,26 @@ TEST_F(UpDownTextBoxWindow, TabSelectsAllAndTheMousePutsTheCaret) {
     EXPECT_EQ(text(), L"312");
 }
 
+TEST_F(UpDownTextBoxWindow, AButtonAtItsBoundLooksDisabledAndActsAndAQuickPairIsTwoPresses) {
+    // Pixels of the arrow in one half of the spinner.
+    const auto arrow = [&](int top) {
+        hosted.loop.pumpPending();
+        int pixels = 0;
+        const HDC dc = GetDC(face());
+        for (int at = 0; at < 80; ++at)
+            pixels += GetPixel(dc, 86 + at % 10, top + at / 10) == GetSysColor(COLOR_BTNTEXT);
+        ReleaseDC(face(), dc);
+        return pixels;
+    };
+    EXPECT_TRUE(arrow(3) > 0 && arrow(11) > 0);
+    object().put(L"Text", L"10");
+    EXPECT_TRUE(arrow(3) == 0 && arrow(11) > 0);
+    takeEvents();
+    person.click(face(), 92, 5);
+    person.click(face(), 92, 5);
+    EXPECT_EQ(takeEvents(), L"MouseDown DownClick Change Change MouseDown DownClick Change Change");
+}
+
 TEST_F(UpDownTextBoxWindow, AHeldSpinnerButtonRepeatsUntilItIsReleased) {
     person.moveTo(face(), 92, 5);
     person.press();
@@ -256,6 +277,39 @@ TEST_F(UpDownTextBoxWindow, AHeldSpinnerButtonRepeatsUntilItIsReleased) {
     person.wait(std::chrono::milliseconds(800));
     EXPECT_GT(stepsIn(600), slowly * 3 / 2);
     person.release();
+}
+
+TEST_F(UpDownTextBoxWindow, AFormOfNumbersDatesAndColoursIsFilledByKeyboardAloneOnTwoMonitors) {
+    container::ControlSite date(hosted.form, {}), colour(hosted.form, {});
+    for (auto [site, name, bounds] : {std::tuple(&date, L"DateCalendar", RECT{10, 40, 151, 61}),
+                                      {&colour, L"ButtonPalette", RECT{280, 70, 355, 93}}}) {
+        hosted.form.add(*site);
+        ASSERT_EQ(site->adopt(hosted.server.create(name), {}), S_OK);
+        ASSERT_EQ(site->activate(bounds), S_OK);
+    }
+    object().put(L"Max", 100L);
+    date.object().put(L"Text", L"Fri 20 Nov 2026");
+    // The colours stand on the right monitor, and what they drop down.
+    const RECT form = windowRect(hosted.window.handle());
+    const TwoScales scales((form.left + form.right) / 2 + 40, 144, TwoScales::Tells::shown);
+    const auto tabInto = [&](container::ControlSite& site) {
+        for (int stop = 0; stop < 5 && !site.holdsWindow(GetFocus()); ++stop) person.key(VK_TAB);
+        return site.holdsWindow(GetFocus());
+    };
+    SetFocus(other);
+    ASSERT_TRUE(tabInto(hosted.site));
+    person.type(L"42");
+    person.key(VK_UP);
+    ASSERT_TRUE(tabInto(date));
+    for (const int code : {VK_F4, VK_DOWN, VK_TAB, VK_TAB}) person.key(static_cast<WORD>(code));
+    person.type(L"2027");
+    person.key(VK_RETURN);
+    ASSERT_TRUE(tabInto(colour));
+    for (const int code : {VK_F4, VK_HOME, VK_RIGHT, VK_DOWN, VK_RETURN}) person.key(static_cast<WORD>(code));
+    EXPECT_FALSE(openPanel());
+    EXPECT_EQ(text(), L"43");
+    EXPECT_EQ(date.object().value(L"Text").toText(), L"Sat 27 Nov 2027        ");
+    EXPECT_EQ(colour.object().value(L"Text").toText(), L"BARLEY COPPER");
 }
 
 }  // namespace

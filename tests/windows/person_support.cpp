@@ -94,6 +94,15 @@ void Person::sendKey(WORD code, bool down) {
         send(input, WM_KEYUP, WM_SYSKEYUP);
 }
 
+void Person::hold(WORD code, int times) {
+    INPUT input{};
+    input.type = INPUT_KEYBOARD;
+    input.ki.wVk = code;
+    for (; times > 0; --times) SendInput(1, &input, sizeof input);
+    input.ki.dwFlags = KEYEVENTF_KEYUP;
+    send(input, WM_KEYUP);
+}
+
 void Person::keyDown(WORD code, UINT modifiers) {
     if (modifiers & MOD_SHIFT) sendKey(VK_SHIFT, true);
     if (modifiers & MOD_CONTROL) sendKey(VK_CONTROL, true);

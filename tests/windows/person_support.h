@@ -22,6 +22,9 @@ public:
     void key(WORD code, UINT modifiers = 0);
     void keyDown(WORD code, UINT modifiers = 0);
     void keyUp(WORD code, UINT modifiers = 0);
+    // A key that repeats before it goes up, all sent at once: what the system knows of keys that are down is
+    // the real keyboard's again as soon as a window opens or closes.
+    void hold(WORD code, int times);
     // Digits, letters and ".".
     void type(std::wstring_view text);
     // Client coordinates of a window; null: of the screen.

@@ -303,6 +303,10 @@ TEST_F(ServerPersistence, TheAmbientFontIsTheDefaultAndIsFollowed) {
         EXPECT_NEAR(shown(), 20, 0.5) << static_cast<int>(order);
         const auto stream = site.query<IPersistStreamInit>();
         EXPECT_EQ(stream->IsDirty(), S_FALSE) << "following the container changes no document";
+        // Changed in place it is the control's own.
+        container::Dispatch(site.object().value(L"Font").toObject().get()).put(L"Size", 15.0);
+        site.setAmbient(DISPID_AMBIENT_FONT, container::makeFont(first).get());
+        EXPECT_NEAR(shown(), 15, 1) << static_cast<int>(order);
     }
 }
 
