@@ -107,8 +107,9 @@ void CurrentCellGrid::Clear() {
     if (watched_) cellsChanged({0, 0, Rows() - 1, Cols() - 1});
 }
 
-bool CurrentCellGrid::Sort(int32_t col, SortDirection direction) {
-    if (!model_.sort(col, direction, 0, Rows() - 1)) return false;
+bool CurrentCellGrid::Sort(int32_t col, SortDirection direction, const SortKeyOf& keyOf) {
+    if (!model_.sort(col, direction, 0, Rows() - 1, keyOf, &current_.row)) return false;
+    corner_ = current_;
     ++revision_;
     placesChanged(0, 0);
     return true;

@@ -59,8 +59,8 @@ public:
     bool RemoveItem(int32_t row);
     // Empties all cells; rows, columns and their sizes stay.
     void Clear();
-    // All rows, by the texts of one column.
-    bool Sort(int32_t col, SortDirection direction);
+    // All rows, by the texts of one column. The current record stays the current one, and alone is selected.
+    bool Sort(int32_t col, SortDirection direction, const SortKeyOf& keyOf = {});
 
     bool setText(CellAddress cell, TextView text);
     // One attribute of a cell's style: setAttribute<&CellStyle::bold>(cell, true).

@@ -49,7 +49,8 @@ public:
     // Where a cell stands, in twips from the grid's left top corner; nowhere for a cell that is not there.
     TwipsRect cellPlace(CellAddress cell) const;
     void goTo(CellAddress cell);  // as a person does: it is shown, and the events tell of it
-    // Makes a column as wide as its texts that show need, as a double click on its border does.
+    // Makes a column as wide as its texts need, as a double click on its border does; of a million rows the
+    // longest ones are measured.
     void fitColumn(int32_t col);
     // The column whose right border is near `x`, in pixels from the grid's left edge; -1 for none, and while
     // a person may not resize columns.
@@ -66,6 +67,7 @@ public:
     void paint(Canvas& canvas, const PixelRect& bounds) override;
     void mouse(const MouseEvent& event) override;
     bool wheel(const WheelEvent& event) override;
+    bool contextMenu(std::optional<PixelPoint> at) override;
     void captureLost() override { endDrag(); }
     bool takesDrops() const override { return true; }
     void drop(DropEvent& event) override;
@@ -91,6 +93,7 @@ private:
     void invalidateArea(const PixelRect& onWidget);
     void layOut();
     void useFont();
+    std::vector<int32_t> widestRows(int32_t col) const;
     void showFocus();
     GridLook look() const;
     GridMarks marks() const;

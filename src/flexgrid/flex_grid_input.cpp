@@ -154,6 +154,12 @@ void FlexGrid::selectAll() {
     if (current() == CellAddress{0, 0}) select({Rows() - 1, Cols() - 1}, true);
 }
 
+bool FlexGrid::contextMenu(std::optional<PixelPoint> at) {
+    bool shown = false;
+    if (enabled()) attempt([&] { menuAsked(at, shown); });
+    return shown;
+}
+
 void FlexGrid::drop(DropEvent& event) {
     mouse_ = event.at;
     dropped(event);

@@ -5,6 +5,7 @@
 #include "widgets/input.h"
 
 #include <cstdint>
+#include <optional>
 
 namespace obk {
 
@@ -17,6 +18,9 @@ struct GridEvents {
     Event<const MouseEvent&> mousePressed, mouseMoved, mouseReleased;  // before the grid acts
     Event<> clicked, doubleClicked;
     Event<DropEvent&> dropped;
+    // The right button or, without a point, the keyboard asks for a menu; listeners say whether one was
+    // shown.
+    Event<std::optional<PixelPoint>, bool&> menuAsked;
     Event<bool&> leavingCell;  // the current cell is about to be another one, unless a listener says false
     Event<> cellEntered;       // it is another one
     Event<> selectionMoved;

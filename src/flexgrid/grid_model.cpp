@@ -44,13 +44,19 @@ bool GridModel::removeItem(int32_t row) {
     return true;
 }
 
-bool GridModel::sort(int32_t col, SortDirection direction, int32_t first, int32_t last) {
+bool GridModel::sort(int32_t col, SortDirection direction, int32_t first, int32_t last,
+                     const SortKeyOf& keyOf, int32_t* follow) {
     if (col < 0 || col >= cols() || first < 0 || last < first || last >= rows()) return false;
     const auto key = [this, first, col](uint32_t place) {
         const PackedRow* row = rows_.at(first + static_cast<int32_t>(place));
         return row ? row->text(col) : TextView();
     };
-    rows_.reorder(first, sortedOrder(static_cast<uint32_t>(last - first) + 1, key, direction));
+    const auto order = sortedOrder(static_cast<uint32_t>(last - first) + 1, key, direction, keyOf);
+    rows_.reorder(first, order);
+    if (follow && *follow >= first && *follow <= last) {
+        const auto moved = std::find(order.begin(), order.end(), static_cast<uint32_t>(*follow - first));
+        *follow = first + static_cast<int32_t>(moved - order.begin());
+    }
     return true;
 }
 

@@ -46,7 +46,10 @@ public:
     // Texts, pictures and styles go; rows, columns and their sizes stay.
     void clear() { rows_.clearCells(); }
     // Reorders rows `first` to `last` as wholes by the texts of one column.
-    bool sort(int32_t col, SortDirection direction, int32_t first, int32_t last);
+    // Without an alphabet of `keyOf` by their capitals. Where the row that is now at `follow` goes is told
+    // there.
+    bool sort(int32_t col, SortDirection direction, int32_t first, int32_t last, const SortKeyOf& keyOf = {},
+              int32_t* follow = nullptr);
 
     // Valid until the next change of the grid.
     TextView text(CellAddress cell) const {

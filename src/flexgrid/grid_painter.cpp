@@ -52,6 +52,10 @@ PixelRect checkMarkPlace(const Canvas& canvas, const PixelRect& rect, double poi
 
 }  // namespace
 
+HorizontalAlignment horizontalOf(CellAlignment alignment) {
+    return placementOf(alignment).horizontal;
+}
+
 FontDescription cellFont(const FontDescription& usual, const CellStyle& style) {
     FontDescription font = usual;
     if (style.fontName) {

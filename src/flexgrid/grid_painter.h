@@ -35,6 +35,7 @@ struct GridLook {
 
 // The font of a cell.
 FontDescription cellFont(const FontDescription& usual, const CellStyle& style);
+HorizontalAlignment horizontalOf(CellAlignment alignment);
 // Between a cell's edge and its text.
 inline int32_t cellMargin(Dpi dpi) {
     return dpi.scaled(3);

@@ -26,6 +26,11 @@ public:
         const RowHandle* const handle = find(row);
         return handle ? handle->get() : nullptr;
     }
+    // The first row from this one on that is in no run of empty rows; size() where there is none.
+    int32_t nextStored(int32_t row) const {
+        while (row < size_ && blocks_[blockOf(row)].run()) row = blocks_[blockOf(row)].end();
+        return row;
+    }
     // Null in a run of empty rows, and for a row that is not there.
     RowHandle* stored(int32_t row) { return const_cast<RowHandle*>(find(row)); }
     // To write to it; heights are set with setHeight(). Rows are 0 to size() - 1 here and below.
@@ -69,6 +74,7 @@ private:
         int64_t ownPixels = 0;   // what those take
 
         bool run() const { return rows.empty(); }
+        int32_t end() const { return first + count; }
         bool contains(int32_t row) const {
             return static_cast<uint32_t>(row - first) < static_cast<uint32_t>(count);
         }

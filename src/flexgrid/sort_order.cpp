@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <bit>
 #include <optional>
+#include <string>
+#include <string_view>
 
 namespace obk {
 
@@ -55,6 +57,14 @@ uint64_t orderedBits(double number) {
     return (bits & sign) != 0 ? ~bits : bits | sign;
 }
 
+void appendCapitals(TextView text, std::string& key) {
+    for (const char16_t unit : text) {
+        const char16_t capital = upperSimple(unit);
+        key.push_back(static_cast<char>(capital >> 8));
+        key.push_back(static_cast<char>(capital & 0xFF));
+    }
+}
+
 // What decides nearly every comparison, and the place that keeps equal ones in their order.
 struct Key {
     uint64_t first = 0;
@@ -65,8 +75,8 @@ struct Key {
 // The keys of one kind, in the order of their places at first.
 class Keys {
 public:
-    explicit Keys(SortDirection direction)
-        : flip_(direction == SortDirection::descending ? ~uint64_t{0} : 0) {}
+    Keys(SortDirection direction, const std::function<TextView(uint32_t)>& text, const SortKeyOf& keyOf)
+        : flip_(direction == SortDirection::descending ? ~uint64_t{0} : 0), text_(text), keyOf_(keyOf) {}
 
     void add(uint32_t place, double number) { keys_.push_back({orderedBits(number) ^ flip_, place, 0}); }
     void add(uint32_t place, TextView text);
@@ -77,29 +87,36 @@ public:
     }
 
 private:
-    static constexpr size_t firstUnits = 4;
+    static constexpr size_t firstBytes = sizeof(uint64_t);
 
     struct Rest {
-        size_t start = 0, length = 0;  // length of the whole text
+        size_t start = 0, length = 0;  // of the whole key
     };
 
-    TextView rest(const Rest& of) const {
-        return TextView(capitals_).substr(of.start, of.length - std::min(of.length, firstUnits));
+    std::string_view rest(const Rest& of) const {
+        const size_t first = std::min(of.length, firstBytes);
+        return std::string_view(bytes_).substr(of.start + first, of.length - first);
     }
 
     uint64_t flip_;  // turns the order of the keys round, not that of their places
+    const std::function<TextView(uint32_t)>& text_;
+    const SortKeyOf& keyOf_;
     std::vector<Key> keys_;
     std::vector<Rest> rests_;
-    Text capitals_;
+    std::string bytes_;
 };
 
 void Keys::add(uint32_t place, TextView text) {
+    const size_t start = bytes_.size();
+    if (keyOf_)
+        keyOf_(text, bytes_);
+    else
+        appendCapitals(text, bytes_);
     uint64_t first = 0;
-    for (size_t at = 0; at < firstUnits; ++at)
-        first = first << 16 | (at < text.size() ? upperSimple(text[at]) : 0u);
+    for (size_t at = start; at < start + firstBytes; ++at)
+        first = first << 8 | (at < bytes_.size() ? static_cast<uint8_t>(bytes_[at]) : 0u);
     keys_.push_back({first ^ flip_, place, static_cast<uint32_t>(rests_.size())});
-    rests_.push_back({capitals_.size(), text.size()});
-    for (size_t at = firstUnits; at < text.size(); ++at) capitals_.push_back(upperSimple(text[at]));
+    rests_.push_back({start, bytes_.size() - start});
 }
 
 void Keys::sortNumbers() {
@@ -115,8 +132,13 @@ void Keys::sortTexts() {
         const Rest& leftRest = rests_[left.index];
         const Rest& rightRest = rests_[right.index];
         if (const int order = rest(leftRest).compare(rest(rightRest)); order != 0) return order * sign < 0;
-        // Zero units at a text's end look like none in the first part.
+        // Zero bytes at a key's end look like none in the first part.
         if (leftRest.length != rightRest.length) return (leftRest.length < rightRest.length) == (sign > 0);
+        // An alphabet may hold different texts for equal.
+        if (keyOf_) {
+            if (const int order = text_(left.place).compare(text_(right.place)); order != 0)
+                return order * sign < 0;
+        }
         return left.place < right.place;
     });
 }
@@ -128,8 +150,8 @@ bool isNumber(TextView text) {
 }
 
 std::vector<uint32_t> sortedOrder(uint32_t count, const std::function<TextView(uint32_t)>& text,
-                                  SortDirection direction) {
-    Keys early(direction), numbers(direction), late(direction);
+                                  SortDirection direction, const SortKeyOf& keyOf) {
+    Keys early(direction, text, keyOf), numbers(direction, text, keyOf), late(direction, text, keyOf);
     for (uint32_t place = 0; place < count; ++place) {
         const TextView key = text(place);
         if (const auto number = readNumber(key))

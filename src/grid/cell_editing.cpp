@@ -69,6 +69,7 @@ void CellEditing::connect() {
             editors_.toggle();
     });
     passOn(grid_.doubleClicked, control_.DblClick);
+    on(grid_.menuAsked, [this](std::optional<PixelPoint> at, bool& shown) { shown = showMenu(at); });
     on(grid_.disturbed, [this] { commit(); });
     on(grid_.scrolled, [this] { editors_.place(); });
     on(grid_.laidOut, [this] { editors_.place(); });
@@ -305,6 +306,21 @@ bool CellEditing::act(EditAction action, const KeyEvent& event) {
             grid_.copySelection();
             changeCells(&RangeEditing::empty);
             return true;
+        case EditAction::copy:
+            grid_.copySelection();
+            return true;
+        case EditAction::fitColumn:
+            control_.fitColumn(grid_.Col());
+            return true;
+        case EditAction::narrowColumn:
+            moveColumnBorder(-1);
+            return true;
+        case EditAction::widenColumn:
+            moveColumnBorder(1);
+            return true;
+        case EditAction::pressCaption:
+            control_.pressCaption(grid_.Col());
+            return true;
         case EditAction::selectAll:
             commit();
             grid_.selectAll();
@@ -392,6 +408,32 @@ bool CellEditing::paste(bool onlyBlock) {
     show();
     if (text && editors_.isOpen()) editors_.paste(first);
     return true;
+}
+
+bool CellEditing::showMenu(std::optional<PixelPoint> at) {
+    Surface* const shownOn = grid_.surface();
+    // A host that has taken the keyboard elsewhere means another thing.
+    if ((at && !rightClick_.take()) || !shownOn || !grid_.hasFocus() || control_.designMode()) return false;
+    const GridView view = grid_.view();
+    PixelRect beside = view.rect(grid_.current());
+    if (at) {
+        const CellAddress cell{view.rowAt(at->y), view.colAt(at->x)};
+        if (grid_.model().contains(cell) && !grid_.selection().contains(cell)) grid_.goTo(cell);
+        beside = {at->x, at->y, at->x, at->y};
+    }
+    commit();
+    const PixelRect own = grid_.pixelBounds();
+    const auto items =
+        contextMenu({editable(), clipboard().has_value(), history_.hasUndo(), history_.hasRedo()});
+    const auto chosen = shownOn->chooseFromMenu(items, beside.moved(own.left, own.top));
+    if (chosen && *chosen < items.size()) act(contextMenuLines()[*chosen].action, {});
+    return true;
+}
+
+void CellEditing::moveColumnBorder(int32_t steps) {
+    constexpr int32_t step = 8;  // pixels at 96 DPI
+    const int32_t col = grid_.Col();
+    grid_.dragColumnBorder(col, grid_.view().leftTop({0, col + 1}).x + steps * grid_.dpi().scaled(step));
 }
 
 void CellEditing::pasteCells(TextView text) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "grid/cell_editors.h"
+#include "grid/context_menu.h"
 #include "grid/edit_session.h"
 #include "grid/range_editing.h"
 
@@ -36,6 +37,8 @@ public:
     const EditHistory& history() const { return history_; }
     void cellWritten(CellAddress cell);
 
+    RightClick& rightClick() { return rightClick_; }
+
     static std::vector<KeyGroup> keyGroups();
     uint16_t keyStates() const;
     // Before anything is done with a key.
@@ -65,6 +68,9 @@ private:
     void pasteCells(TextView text);
     void showUndone(const EditHistory::Outcome& done);
 
+    bool showMenu(std::optional<PixelPoint> at);
+    void moveColumnBorder(int32_t steps);
+
     bool editable() const;
     // Whether the mouse is where the current cell's editor has its check box.
     bool mouseAtBox() const;
@@ -79,6 +85,7 @@ private:
     CellEditors editors_;
     EditHistory history_;
     RangeEditing ranges_;
+    RightClick rightClick_;
     bool allowed_ = true;
     bool opening_ = false;     // the host is being told that one opens
     bool closing_ = false;     // the host is being told that an editor closes

@@ -3,6 +3,7 @@
 
 #include "base/event.h"
 #include "framework/hosted_control.h"
+#include "widgets/canvas.h"
 
 #include <memory>
 #include <utility>
@@ -12,6 +13,13 @@ namespace obk {
 
 class DropList;
 class FlexGrid;
+
+// How a cell looks that an editor stands over.
+struct EditorLook {
+    OleColour back, fore;
+    FontRef font;
+    HorizontalAlignment alignment = HorizontalAlignment::left;
+};
 
 // What a person does in an editor. Listeners may set `code` or the character to 0: the editor then does
 // nothing with it.
@@ -27,12 +35,13 @@ public:
     virtual ~CellEditor() = default;
 
     virtual Widget& widget() = 0;
-    // Shows the text of a cell, on the background of the cells.
-    virtual void load(TextView text, OleColour background) = 0;
+    // Shows the text of a cell.
+    virtual void load(TextView text) = 0;
+    // As far as it can: a field of the system's keeps its own.
+    virtual void wear(const EditorLook& look) = 0;
     // The text that the cell gets.
     virtual Text value() const = 0;
 
-    virtual void setFont(const FontRef&) {}
     virtual void setLook(Look) {}
     virtual void selectText() {}
     virtual void putCaretAtEnd() {}

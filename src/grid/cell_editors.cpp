@@ -2,6 +2,7 @@
 
 #include "base/attempt.h"
 #include "grid/cell_values.h"
+#include "widgets/drawing.h"
 
 #include <utility>
 
@@ -23,8 +24,20 @@ CellEditors::CellEditors(Control& outer, FlexGrid& grid)
 
 void CellEditors::load(CellEditor& editor) {
     cellText_ = grid_.model().text(cell_);
-    editor.load(cellText_, grid_.BackColor());
+    editor.load(cellText_);
     loaded_ = editor.value();
+}
+
+EditorLook CellEditors::lookOf(CellAddress cell) const {
+    const StyleRef style = grid_.model().style(cell);
+    const OleColour back = grid_.BackColor(), fore = style->foreColour.value_or(grid_.colours().fore);
+    // The cell may have a background of its own, which the editor has not.
+    const bool plain = readableOn(grid_.rgb(back), grid_.rgb(fore)) == grid_.rgb(fore);
+    EditorLook look{back, plain ? fore : grid_.colours().fore, grid_.Font()};
+    const FontDescription own = cellFont(grid_.Font()->description(), *style);
+    if (own != grid_.Font()->description()) look.font = std::make_shared<SharedFont>(own);
+    look.alignment = horizontalOf(grid_.model().alignment(cell));
+    return look;
 }
 
 bool CellEditors::open(ColumnType type, CellAddress cell) {
@@ -34,6 +47,7 @@ bool CellEditors::open(ColumnType type, CellAddress cell) {
     closed_ = nullptr;
     type_ = type;
     cell_ = cell;
+    attempt([&] { editor.wear(lookOf(cell)); });
     load(editor);
     open_ = &editor;
     place();
@@ -83,13 +97,13 @@ void CellEditors::paste(TextView text) {
     if (!open_) return;
     attempt([&] {
         if (const auto accepted = cellText(type_, text, cboLIST.items(), grid_.platform().regionalFormats()))
-            open_->load(*accepted, grid_.BackColor());
+            open_->load(*accepted);
     });
     putCaretAtEnd();
 }
 
-void CellEditors::setFont(const FontRef& font) {
-    for (const auto& [type, editor] : editors_) editor->setFont(font);
+void CellEditors::fontChanged() {
+    if (open_) open_->wear(lookOf(cell_));
 }
 
 void CellEditors::setLook(Look look) {

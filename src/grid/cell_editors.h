@@ -60,7 +60,8 @@ public:
     }
     void paste(TextView text);
 
-    void setFont(const FontRef& font);
+    // The grid's: an open editor takes its cell's anew, the others when they open.
+    void fontChanged();
     void setTimeFont(const FontRef& font) { dtpTIME.setFont(font); }
     void setLook(Look look);
     DropList& list() { return cboLIST; }
@@ -69,6 +70,7 @@ public:
 
 private:
     void load(CellEditor& editor);
+    EditorLook lookOf(CellAddress cell) const;
 
     FlexGrid& grid_;
     DropList cboLIST;

@@ -19,12 +19,14 @@ public:
     }
 
     Widget& widget() override { return txtTEXTBOX; }
-    void load(TextView text, OleColour background) override {
-        txtTEXTBOX.setBackColour(background);
-        txtTEXTBOX.setText(text);
+    void load(TextView text) override { txtTEXTBOX.setText(text); }
+    void wear(const EditorLook& look) override {
+        txtTEXTBOX.setBackColour(look.back);
+        txtTEXTBOX.setForeColour(look.fore);
+        txtTEXTBOX.setFont(look.font);
+        txtTEXTBOX.setAlignment(static_cast<int32_t>(look.alignment));
     }
     Text value() const override { return txtTEXTBOX.text(); }
-    void setFont(const FontRef& font) override { txtTEXTBOX.setFont(font); }
     void selectText() override { txtTEXTBOX.setSelection({0, length()}); }
     void putCaretAtEnd() override { txtTEXTBOX.setSelection({length(), 0}); }
 
@@ -43,12 +45,13 @@ public:
     }
 
     Widget& widget() override { return list_; }
-    void load(TextView text, OleColour background) override {
-        list_.setBackColour(background);
-        list_.show(text);
+    void load(TextView text) override { list_.show(text); }
+    void wear(const EditorLook& look) override {
+        list_.setBackColour(look.back);
+        list_.setForeColour(look.fore);
+        list_.setFont(look.font);
     }
     Text value() const override { return list_.text(); }
-    void setFont(const FontRef& font) override { list_.setFont(font); }
     void setLook(Look look) override { list_.setLook(look); }
     bool droppedDown() const override { return list_.listOpen(); }
     void closePanel() override { list_.closeList(); }

@@ -70,6 +70,8 @@ public:
     };
     Outcome undo();
     Outcome redo();
+    bool hasUndo() const { return known() && !done_.empty(); }
+    bool hasRedo() const { return known() && !undone_.empty(); }
 
 private:
     enum class Joined : uint8_t { none, next, all };
@@ -79,6 +81,7 @@ private:
         bool inserted;
     };
 
+    bool known() const { return grid_.revision() == revision_; }
     void forgetUnknown(uint32_t changes);
     void forgetAll();
     void follow(RowMove move);

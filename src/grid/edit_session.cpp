@@ -26,6 +26,7 @@ constexpr uint16_t toChange = cells | editable, toChangeUntouched = untouched | 
 constexpr TextView leaves = u"close it, and go to another cell";
 constexpr TextView whereLine = u"in the editor of a text, number or date", whereMark = u"on a check mark";
 constexpr TextView whereUntouched = u"in an editor that nothing was typed into";
+constexpr TextView whereCells = u"in the cells";
 constexpr TextView whereCellsChange = u"in the cells, while they can be edited";
 
 constexpr Rule rules[] = {
@@ -62,7 +63,21 @@ constexpr Rule rules[] = {
     {keyClaim(key::deleteKey, shifts::shift, u"cuts what is selected"), inCells, true, EditAction::cut,
      toChange, whereCellsChange},
     {keyClaim('A', shifts::control, u"selects all cells"), inCells, false, EditAction::selectAll, cells,
-     u"in the cells"},
+     whereCells},
+    {keyClaim(key::add, shifts::control, u"makes the column as wide as its texts"), inCells, false,
+     EditAction::fitColumn, cells, whereCells},
+    {keyClaim(key::plus, shifts::control, u"makes the column as wide as its texts"), inCells, false,
+     EditAction::fitColumn, cells, whereCells},
+    {keyClaim(key::left, shifts::alt, u"makes the column narrower"), inCells, false, EditAction::narrowColumn,
+     cells, whereCells},
+    {keyClaim(key::right, shifts::alt, u"makes the column wider"), inCells, false, EditAction::widenColumn,
+     cells, whereCells},
+    {keyClaim(key::up, shifts::alt, u"presses the caption of the column"), inCells, false,
+     EditAction::pressCaption, cells, whereCells},
+    {keyClaim(key::menu, shifts::none | shifts::shift, u"opens the menu"), inCells, false, EditAction::none,
+     cells, whereCells},
+    {keyClaim(key::f10, shifts::shift, u"opens the menu"), inCells, false, EditAction::none, cells,
+     whereCells},
     {keyClaim('D', shifts::control, u"fills the first selected row, or the one above, down"), inCells, true,
      EditAction::fillDown, toChange, whereCellsChange},
     {keyClaim('Z', shifts::control, u"takes the last step back, one of a hundred"), inCells, true,

@@ -35,10 +35,15 @@ enum class EditAction : uint8_t {
     paste,
     pasteBlock,  // where there are several cells to paste; else the key is the editor's own
     cut,
+    copy,
     selectAll,
     fillDown,
     undo,
     redo,
+    fitColumn,
+    narrowColumn,
+    widenColumn,
+    pressCaption,  // of the current column
 };
 
 // Nothing cancels: whatever closes an editor keeps what it holds.

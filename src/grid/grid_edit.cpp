@@ -129,7 +129,7 @@ void GridEdit::exitFocus() {
 
 void GridEdit::FontUpdate() {
     picTOPBAR.setFont(Font());
-    editing_.editors().setFont(Font());
+    editing_.editors().fontChanged();
 }
 
 void GridEdit::GridClear() {
@@ -181,7 +181,16 @@ void GridEdit::listKey(void (DropList::*act)(KeyEvent&), int16_t& keyCode, int16
 }
 
 void GridEdit::raiseMouse(const MouseRaised& event, const MouseEvent& mouse) {
-    attempt([&] { MouseArguments::inTwips(mouse, root().dpi()).raise(event); });
+    MouseArguments told = MouseArguments::inTwips(mouse, root().dpi());
+    const bool right = mouse.button == button::right && mouse.kind != MouseEvent::Kind::move;
+    if (right && mouse.kind != MouseEvent::Kind::up) editing_.rightClick().pressed();
+    const auto raise = [&] { attempt([&] { told.raise(event); }); };
+    if (right) {
+        const bool menu = platform().opensMenu(raise);
+        editing_.rightClick().told(told.Button, menu);
+    } else {
+        raise();
+    }
 }
 
 }  // namespace obk

@@ -119,6 +119,10 @@ public:
     void insertRow(const Text& text, int32_t rowno, ChangedBy by);
     void removeRow(int32_t rowno, ChangedBy by);
 
+    // As a person does at the caption bar.
+    void fitColumn(int32_t col) { picTOPBAR.fit(col); }
+    void pressCaption(int32_t col) { picTOPBAR.pressCaption(col); }
+
     // Editors over a cell.
     void SetAllowGridEdit(bool allow) { editing_.allow(allow); }
     void BoxHide() { editing_.hide(); }

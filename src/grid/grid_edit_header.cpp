@@ -51,7 +51,9 @@ void GridEdit::GridColSortInitialDate() {
 }
 
 void GridEdit::sortRows(SortDirection direction) {
-    attempt([&] { flexGRID.Sort(header_.sortedCol(), direction); });
+    const auto keyOf = [this](TextView text, std::string& key) { platform().appendSortKey(text, key); };
+    attempt([&] { flexGRID.Sort(header_.sortedCol(), direction, keyOf); });
+    flexGRID.show(flexGRID.current());
     header_.sorted(direction);
 }
 

@@ -113,7 +113,7 @@ void HeaderBar::mouse(const MouseEvent& event) {
     switch (event.kind) {
         case MouseEvent::Kind::down:
         case MouseEvent::Kind::doubleClick:
-            pressedAt_ = dpi().toTwips(event.at.x);
+            notePress(event.at.x);
             if (event.button == button::left && enabled()) press(event);
             break;
         case MouseEvent::Kind::up: {
@@ -134,6 +134,13 @@ void HeaderBar::mouse(const MouseEvent& event) {
     }
 }
 
+// A press on a border is one on no caption.
+void HeaderBar::notePress(int32_t x) {
+    const int32_t border = grid_.columnBorderAt(x);
+    pressedX_ = x;
+    pressedAt_ = dpi().toTwips(border < 0 ? x : grid_.view().leftTop({0, border + 1}).x);
+}
+
 void HeaderBar::press(const MouseEvent& event) {
     border_ = grid_.columnBorderAt(event.at.x);
     if (border_ >= 0 && event.kind == MouseEvent::Kind::doubleClick) return fit(border_);
@@ -143,10 +150,10 @@ void HeaderBar::press(const MouseEvent& event) {
     if (Surface* shownOn = surface()) shownOn->capture(*this);
 }
 
-// A press on a border is a click like any other until the mouse moves.
+// A press on a border is a click on the bar until the mouse moves.
 void HeaderBar::drag(int32_t x) {
     if (!pressed_ || border_ < 0) return;
-    if (!dragged_ && dpi().toTwips(x) == pressedAt_) return;
+    if (!dragged_ && x == pressedX_) return;
     dragged_ = true;
     grid_.dragColumnBorder(border_, x + borderRest_);
 }
@@ -165,7 +172,13 @@ void HeaderBar::detach() {
     Widget::detach();
 }
 
-// As wide as its texts and its caption need.
+void HeaderBar::pressCaption(int32_t col) {
+    const GridView shown = grid_.view();
+    const int32_t left = shown.leftTop({0, col}).x, right = shown.leftTop({0, col + 1}).x;
+    pressedAt_ = 0.5 * dpi().toTwips(left + right);
+    clicked();
+}
+
 void HeaderBar::fit(int32_t col) {
     grid_.fitColumn(col);
     const GridView shown = grid_.view();

@@ -21,8 +21,14 @@ public:
     // The height that captions in the bar's font need.
     Twips naturalHeight() const;
 
-    // Where the bar was last pressed, in twips from the grid's left edge.
+    // Where the bar was last pressed, in twips from the grid's left edge; in the grip of a border, that
+    // border.
     Twips pressedAt() const { return pressedAt_; }
+
+    // Makes a column as wide as its texts and its caption need.
+    void fit(int32_t col);
+    // As a click in the middle of a caption that shows.
+    void pressCaption(int32_t col);
 
     void paint(Canvas& canvas, const PixelRect& bounds) override;
     void mouse(const MouseEvent& event) override;
@@ -37,11 +43,11 @@ private:
         Rgb back, fore;
     };
 
+    void notePress(int32_t x);
     void press(const MouseEvent& event);
     void drag(int32_t x);
     void endPress();
     void hover(PixelPoint at);
-    void fit(int32_t col);
     bool inside(PixelPoint at) const;
     Colours coloursOf(int32_t col) const;
     void paintCaption(Canvas& canvas, const PixelRect& section, int32_t col) const;
@@ -54,6 +60,7 @@ private:
     FontHolder font_;
     Look look_ = Look::flat;
     Twips pressedAt_;
+    int32_t pressedX_ = 0;  // pixels
     bool pressed_ = false;
     bool dragged_ = false;    // the press has become the drag of a border
     int32_t border_ = -1;     // the column whose border was pressed

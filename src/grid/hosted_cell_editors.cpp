@@ -22,8 +22,11 @@ public:
     }
 
     Widget& widget() override { return dtpDATE; }
-    void load(TextView text, OleColour background) override {
-        dtpDATE->SetBackColor(background);
+    void wear(const EditorLook& look) override {
+        dtpDATE->SetBackColor(look.back);
+        dtpDATE->SetFont(look.font);
+    }
+    void load(TextView text) override {
         const auto today = dateText(dtpDATE->platform().clock().today());
         dtpDATE->SetText(Text(text.empty() && today ? *today : text).append(displayBlanks));
     }
@@ -33,7 +36,6 @@ public:
         return cellText(ColumnType::date, trimmed(shown), {}, dtpDATE->platform().regionalFormats())
             .value_or(Text(trimmed(shown)));
     }
-    void setFont(const FontRef& font) override { dtpDATE->SetFont(font); }
     void selectText() override { dtpDATE->selectText(); }
     bool droppedDown() const override { return dtpDATE->droppedDown(); }
     void closePanel() override {
@@ -52,10 +54,10 @@ public:
     }
 
     Widget& widget() override { return gchCHECKBOX; }
-    void load(TextView text, OleColour background) override {
-        gchCHECKBOX.setAmbientBackColour(background);
-        gchCHECKBOX->SetBackColor(background);
-        gchCHECKBOX->SetValue(trimmed(text) == checkedText ? 1 : 0);
+    void load(TextView text) override { gchCHECKBOX->SetValue(trimmed(text) == checkedText ? 1 : 0); }
+    void wear(const EditorLook& look) override {
+        gchCHECKBOX.setAmbientBackColour(look.back);
+        gchCHECKBOX->SetBackColor(look.back);
     }
     Text value() const override { return gchCHECKBOX->Value() == 1 ? Text(checkedText) : Text(); }
     void toggle() override { gchCHECKBOX->SetValue(gchCHECKBOX->Value() == 0 ? 1 : 0); }
@@ -77,9 +79,14 @@ public:
     }
 
     Widget& widget() override { return udnLIST; }
-    void load(TextView text, OleColour background) override {
+    void wear(const EditorLook& look) override {
+        udnLIST->SetBackColor(look.back);
+        udnLIST->SetForeColor(look.fore);
+        udnLIST->SetFont(look.font);
+        udnLIST->SetAlignment(static_cast<int32_t>(look.alignment));
+    }
+    void load(TextView text) override {
         typing_.setDecimalSeparator(separator());
-        udnLIST->SetBackColor(background);
         udnLIST->SetText(Text(text));
         loaded_ = udnLIST->Text();
     }
@@ -89,7 +96,6 @@ public:
         if (shown.empty() || shown == loaded_) return shown;
         return numberCellText(shown, separator()).value_or(loaded_);
     }
-    void setFont(const FontRef& font) override { udnLIST->SetFont(font); }
     void selectText() override { udnLIST->selectText(); }
 
 private:

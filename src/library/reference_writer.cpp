@@ -71,6 +71,8 @@ Text keyName(int16_t code) {
         {key::down, u"Down"},
         {key::insert, u"Insert"},
         {key::deleteKey, u"Delete"},
+        {key::add, u"Plus on the number pad"},
+        {key::plus, u"Plus"},
         {key::menu, u"the menu key"},
         {key::f2, u"F2"},
         {key::f4, u"F4"},

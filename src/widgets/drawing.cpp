@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdlib>
 
 namespace obk {
 
@@ -73,6 +74,17 @@ Rgb mixed(Rgb first, Rgb second, int32_t share) {
     };
     return Rgb::of(channel(first.red(), second.red()), channel(first.green(), second.green()),
                    channel(first.blue(), second.blue()));
+}
+
+Rgb readableOn(Rgb ground, Rgb wanted) {
+    // Of 255: what the eye makes of a colour, and the least difference that text is read by.
+    constexpr int32_t enough = 96;
+    const auto brightness = [](Rgb colour) {
+        return (299 * colour.red() + 587 * colour.green() + 114 * colour.blue()) / 1000;
+    };
+    const int32_t on = brightness(ground);
+    if (std::abs(brightness(wanted) - on) >= enough) return wanted;
+    return on < 128 ? Rgb::of(255, 255, 255) : Rgb::of(0, 0, 0);
 }
 
 Rgb systemRgb(Platform& platform, SystemColour colour) {

@@ -24,6 +24,9 @@ void drawPanelEdges(Platform& platform, Canvas& canvas, const PixelRect& rect);
 // `share` (0 to 255) out of 255 of `first`, the rest of `second`.
 Rgb mixed(Rgb first, Rgb second, int32_t share);
 
+// `wanted` where it stands out on `ground`, else black or white, whichever does more.
+Rgb readableOn(Rgb ground, Rgb wanted);
+
 // The system's colour, black where it has none.
 Rgb systemRgb(Platform& platform, SystemColour colour);
 

@@ -78,6 +78,11 @@ void DropList::setBackColour(OleColour colour) {
     invalidate();
 }
 
+void DropList::setForeColour(OleColour colour) {
+    foreColour_ = colour;
+    invalidate();
+}
+
 bool DropList::hasFocus() const {
     const Surface* shownOn = surface();
     return shownOn && shownOn->focusedOn(*this);
@@ -109,7 +114,7 @@ void DropList::paint(Canvas& canvas, const PixelRect& bounds) {
     drawArrow(canvas, arrow, ArrowDirection::down, ink);
     TextStyle style;
     style.font = font_.description();
-    style.colour = ink;
+    style.colour = enabled() && !highContrast ? rgb(foreColour_) : ink;
     const int32_t margin = canvas.dpi().scaled(4);
     canvas.drawText(text(), {bounds.left + margin, bounds.top, arrow.left, bounds.bottom}, style);
 }

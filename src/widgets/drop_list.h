@@ -47,6 +47,7 @@ public:
     void open();
     void setLook(Look look);
     void setBackColour(OleColour colour);
+    void setForeColour(OleColour colour);
     void setFont(FontRef font) { font_.set(std::move(font)); }
 
     bool listOpen() const { return panel_.open(); }
@@ -95,7 +96,7 @@ private:
     Text typed_;           // since the last pause
     int32_t typedAt_ = 0;  // in ticks of the clock
     Look look_ = Look::flat;
-    OleColour backColour_{SystemColour::window};
+    OleColour backColour_{SystemColour::window}, foreColour_{SystemColour::windowText};
     FontHolder font_;
     bool hot_ = false;
     ListPanel panel_;

@@ -40,9 +40,11 @@ constexpr int16_t down = 40;
 constexpr int16_t insert = 45;
 constexpr int16_t deleteKey = 46;
 constexpr int16_t menu = 93;
+constexpr int16_t add = 107;  // on the number pad
 constexpr int16_t f2 = 113;
 constexpr int16_t f4 = 115;
 constexpr int16_t f10 = 121;
+constexpr int16_t plus = 187;
 }  // namespace key
 
 // One key going down or up. A listener that sets `code` to 0 discards the key.

@@ -96,6 +96,9 @@ public:
     virtual Appearance& appearance() = 0;
     // As they are set now.
     virtual RegionalFormats regionalFormats() = 0;
+    // Appends what a text is compared by, byte by byte, in the order of the user's alphabet: every character
+    // counts, hyphens and blanks among them.
+    virtual void appendSortKey(TextView text, std::string& key) = 0;
     virtual FileSystem& files() = 0;
     virtual std::unique_ptr<TimerPeer> createTimer(KeepAlive keepAlive, std::function<void()> tick) = 0;
     // Null when the system refuses.
@@ -110,6 +113,8 @@ public:
     // without a choice or could not be shown. It takes the mouse capture, and anything may happen meanwhile.
     virtual std::optional<size_t> chooseFromMenu(NativeWindow owner, std::span<const MenuItem> items,
                                                  const PixelRect& beside) = 0;
+    // Does some work. Whether anyone on this thread has opened a menu meanwhile.
+    virtual bool opensMenu(const std::function<void()>& work) = 0;
     // Puts a text on the clipboard in place of what is there. False, and nothing changed, when another
     // program holds it.
     virtual bool putOnClipboard(NativeWindow owner, TextView text) = 0;

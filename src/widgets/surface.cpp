@@ -229,10 +229,12 @@ bool Surface::wheel(const WheelEvent& event) {
 
 bool Surface::contextMenu(std::optional<PixelPoint> at) {
     if (at) at = fromWindow(*at);
-    for (Widget* target = at ? root_.hitTest(*at) : nullptr; target; target = target->parent()) {
+    Widget* const drawn = ownFocus_ ? keyTarget_ : nullptr;
+    for (Widget* target = at ? root_.hitTest(*at) : drawn; target; target = target->parent()) {
         const PixelRect place = target->pixelBounds();
-        if (target->enabled() && target->contextMenu(PixelPoint{at->x - place.left, at->y - place.top}))
-            return true;
+        std::optional<PixelPoint> own = at;
+        if (own) own = PixelPoint{at->x - place.left, at->y - place.top};
+        if (target->enabled() && target->contextMenu(own)) return true;
     }
     return false;
 }

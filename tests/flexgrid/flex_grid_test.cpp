@@ -270,13 +270,15 @@ TEST_F(FlexGridTest, BordersAreDraggedAndFitTheirColumn) {
     EXPECT_EQ(grid.current(), (CellAddress{0, 0})) << "no cell was pressed";
     EXPECT_EQ(resized, (std::vector<int32_t>{0, 0}));
 
-    // Only what shows is measured: ten units of six pixels (half of 11 and 1), in a bold cell as in others.
+    // All rows are measured, how many there may be: ten units of six pixels (half of 11 and 1).
     grid.change([](GridModel& model) {
-        model.setText({3, 0}, u"0123456789");
-        model.setText({900, 0}, Text(100, u'w'));
+        model.setRows(RowSequence::mostRows);
+        model.setText({3, 0}, u"01234567");
+        model.setText({RowSequence::mostRows - 900, 0}, u"0123456789");
     });
     mouse(Kind::doubleClick, {7, 30});
     EXPECT_EQ(grid.ColWidth(0), (60 + 2 * 3 + 1) * 15);
+    grid.SetRows(1000);
     grid.SetAllowUserResizing(false);
     mouse(Kind::doubleClick, {66, 30});
     EXPECT_EQ(resized.size(), 3u);

@@ -48,5 +48,38 @@ TEST(SortOrder, KeepsTheOrderOfEqualsInBothDirections) {
     EXPECT_EQ(sorted(texts, SortDirection::descending), descending);
 }
 
+TEST(SortOrder, AnAlphabetComparesTextsAndTheirUnitsBreakTies) {
+    // Letters without their case, "\xE4" beside "a".
+    const SortKeyOf alphabet = [](TextView text, std::string& key) {
+        for (const char16_t unit : text)
+            key.push_back(unit == u'\xE4' ? 'A' : static_cast<char>(unit < u'a' ? unit : unit - u'a' + u'A'));
+    };
+    const std::vector<Text> texts = {u"",
+                                     u"-",
+                                     u"2",
+                                     u"10",
+                                     u"AB",
+                                     u"Ab",
+                                     u"ab",
+                                     u"ab",
+                                     u"\xE4"
+                                     "b",
+                                     u"abacus",
+                                     u"b"};
+    std::vector<Text> shuffled = texts;
+    for (size_t turn = 0; turn < texts.size(); ++turn) {
+        std::rotate(shuffled.begin(), shuffled.begin() + 1, shuffled.end());
+        const auto text = [&](uint32_t place) -> TextView { return shuffled[place]; };
+        for (const auto direction : {SortDirection::ascending, SortDirection::descending}) {
+            std::vector<Text> result;
+            for (const uint32_t place :
+                 sortedOrder(static_cast<uint32_t>(texts.size()), text, direction, alphabet))
+                result.push_back(shuffled[place]);
+            if (direction == SortDirection::descending) std::reverse(result.begin(), result.end());
+            EXPECT_EQ(result, texts);
+        }
+    }
+}
+
 }  // namespace
 }  // namespace obk

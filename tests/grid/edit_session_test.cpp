@@ -62,6 +62,9 @@ TEST(EditSession, EachKeyHasOneMeaningInEachState) {
         {'V', none_, open, open, none, none, none},
         {'V', shift_, open, open, none, none, none},
         {key::menu, none_, none, none, none, none, none},
+        {key::add, control_, fitColumn, fitColumn, fitColumn, none, none},
+        {key::left, alt_, narrowColumn, narrowColumn, narrowColumn, none, none},
+        {key::up, alt_, pressCaption, pressCaption, pressCaption, none, none},
     };
     for (const Row& row : rows) {
         const KeyEvent event{row.key, row.shift, false};

@@ -1,6 +1,10 @@
 #include "grid_edit_fixture.h"
 
 #include "grid/cell_values.h"
+#include "grid/context_menu.h"
+#include "platform/headless/recording_canvas.h"
+
+#include <random>
 
 namespace obk::test {
 namespace {
@@ -526,6 +530,64 @@ TEST_F(GridEditorsTest, StepsAreTakenBackAndDoneAgain) {
     EXPECT_EQ(number(u"RowsCurrent"), 1) << "rows that Enter has added";
 }
 
+TEST_F(GridEditorsTest, APersonTakesBackAllThatWasDoneAndDoesItAgain) {
+    work();
+    const auto state = [this] {
+        std::string texts;
+        for (int32_t col = 0; col < 7; ++col) texts += column(col) + "|";
+        return texts;
+    };
+    for (uint32_t seed = 1; seed <= 12; ++seed) {
+        std::mt19937 random(seed);
+        const auto one = [&](auto... of) {
+            const std::common_type_t<decltype(of)...> all[] = {of...};
+            return all[random() % sizeof...(of)];
+        };
+        std::vector<std::string> states{state()};
+        for (int32_t action = 0; action < 45; ++action) {
+            switch (random() % 8) {
+                case 0:
+                case 1:
+                    platform.type(one(u"oak", u"7", u" ", u"3 mar 27", u"e", u"-"));
+                    break;
+                case 2: {
+                    platform.setClipboard(one(u"1\t2\r\n3\t4\r\n", u"x\r\ny\r\nz\r\n", u"TRUE"));
+                    platform.pressKey('V', shift::control);
+                    break;
+                }
+                case 3:
+                    platform.pressKey(one('X', 'D'), shift::control);
+                    break;
+                case 4:
+                    platform.pressKey(one(key::down, key::right), shift::shift);
+                    break;
+                case 5:
+                    platform.pressKey(one(key::enter, key::insert, key::deleteKey));
+                    break;
+                default:
+                    platform.pressKey(one(key::left, key::up, key::right, key::down, key::tab, key::escape));
+                    break;
+            }
+            // Nothing is in an editor then that was not told of.
+            platform.pressKey(key::escape);
+            if (state() != states.back()) states.push_back(state());
+        }
+        const auto walk = [&](int16_t key, auto next, auto end) {
+            // Each state is met on the way, in its order.
+            for (int32_t step = 0; step <= 100; ++step) {
+                while (next != end && *next == state()) ++next;
+                platform.pressKey(key, shift::control);
+            }
+            return next == end;
+        };
+        EXPECT_GT(states.size(), 10u) << seed;
+        EXPECT_TRUE(walk('Z', states.rbegin(), states.rend())) << seed;
+        EXPECT_TRUE(walk('Y', states.begin(), states.end())) << seed;
+        EXPECT_EQ(state(), states.back()) << seed;
+        call(u"RowsSet", {int32_t{4}});
+    }
+}
+
 TEST_F(GridEditorsTest, APasteGoesThroughTheColumnTypes) {
     work();
     set(1, fixedCol, u"fixed");
@@ -745,6 +807,95 @@ TEST_F(GridEditorsTest, TimesAreReadInTheUsualWays) {
     EXPECT_EQ(timeText(u"9:30pm"), u"9:30:00 pm");
     for (const char16_t* text : {u"24:00", u"9:60", u"9", u"13:00 pm", u"0:30 am", u"9:30 o'clock", u"9:"})
         EXPECT_EQ(timeText(text), std::nullopt) << toUtf8(text);
+}
+
+TEST_F(GridEditorsTest, TheRightButtonOpensAMenuUnlessTheHostHasOne) {
+    work();
+    set(1, 0, u"oak");
+    std::vector<MenuItem> asked;
+    std::optional<size_t> answer;
+    platform.answerMenu([&](std::span<const MenuItem> items, const PixelRect&) {
+        asked.assign(items.begin(), items.end());
+        return answer;
+    });
+    const auto choose = [&](TextView caption) {
+        asked.clear();
+        answer.reset();
+        const auto lines = contextMenuLines();
+        for (size_t line = 0; line < lines.size(); ++line) {
+            if (lines[line].caption.starts_with(caption)) answer = line;
+        }
+        platform.click(control->window(), at(1, 0), button::right);
+    };
+    choose(u"Cu&t");
+    EXPECT_EQ(column(0), ",,,") << "the cell under the mouse";
+    EXPECT_EQ(platform.clipboard(), u"oak\r\n");
+    choose(u"&Undo");
+    EXPECT_EQ(column(0), ",oak,,");
+    choose(u"&Delete row");
+    choose(u"&Undo");
+    EXPECT_EQ(column(0), ",oak,,");
+    choose(u"&Insert row");
+    EXPECT_EQ(column(0), ",,oak,,");
+    asked.clear();
+    answer.reset();
+    put(u"AllowGridEdit", false);
+    platform.pressKey(key::menu);
+    ASSERT_FALSE(asked.empty()) << "the menu key, at the current cell";
+    for (size_t line = 0; line < asked.size(); ++line) {
+        const EditAction action = contextMenuLines()[line].action;
+        if (action != EditAction::none)
+            EXPECT_EQ(asked[line].enabled, action == EditAction::copy || action == EditAction::fitColumn)
+                << line;
+    }
+    const std::pair<const char*, std::function<void(std::span<Value>)>> hosts[] = {
+        {"MouseDown", [](std::span<Value> arguments) { arguments[0] = int16_t{0}; }},
+        {"MouseUp", [](std::span<Value> arguments) { arguments[0] = int16_t{0}; }},
+        {"MouseUp", [this](std::span<Value>) { platform.chooseFromMenu(control->window(), {}, {}); }},
+        {"MouseUp", [this](std::span<Value>) { platform.setFocus(0); }},
+    };
+    for (const auto& [event, act] : hosts) {
+        call(u"GridFocusShow");
+        host.on[event] = act;
+        asked.clear();
+        platform.click(control->window(), at(1, 0), button::right);
+        host.on.clear();
+        EXPECT_TRUE(asked.empty()) << event;
+    }
+}
+
+TEST_F(GridEditorsTest, AnEditorShowsItsTextAsTheCellDoes) {
+    for (const int32_t dotsPerInch : {96, 144, 192}) {
+        for (const double size : {6.0, 8.25, 11.0, 20.0, 36.0}) {
+            SCOPED_TRACE(testing::Message() << dotsPerInch << " " << size);
+            const Dpi dpi(dotsPerInch);
+            platform.appearance().setDpi(dpi);
+            place(GridEdit::memberTable());
+            control->setSize(dpi.toTwips(900), dpi.toTwips(500));
+            put(u"Font", std::make_shared<SharedFont>(FontDescription{u"Tahoma", size}));
+            call(u"ColWidth", {0, 5000.0});
+            for (const bool own : {false, true}) {
+                if (own) call(u"CellFontSet", {0, 0, Text(u"Arial"), Text(u"6"), true, false, red});
+                set(0, 0, own ? u"7" : u"probe");
+                call(u"BoxShow");
+                headless::RecordingCanvas canvas(dpi, {0, 0, 900, 500});
+                control->draw(canvas, {0, 0, 900, 500});
+                auto items = canvas.items();
+                std::erase_if(items,
+                              [&](const DrawnItem& item) { return item.text != (own ? u"7" : u"probe"); });
+                ASSERT_EQ(items.size(), 2u) << "the cell's and the editor's";
+                const DrawnItem &cell = items[0], &editor = items[1];
+                EXPECT_EQ(editor.style.font, cell.style.font);
+                EXPECT_EQ(editor.style.colour, cell.style.colour);
+                EXPECT_EQ(editor.style.horizontal, cell.style.horizontal);
+                EXPECT_NEAR(editor.rect.left, cell.rect.left, dpi.scaled(1));
+                EXPECT_NEAR(editor.rect.right, cell.rect.right, 2 * dpi.scaled(1));
+                const int32_t line = platform.appearance().metrics(cell.style.font, dpi).height();
+                EXPECT_NEAR(editor.rect.top, (cell.rect.top + cell.rect.bottom - line) / 2, 1);
+                call(u"BoxHide");
+            }
+        }
+    }
 }
 
 TEST_F(GridEditorsTest, AHostMayAnswerInTheEventsOfAClosingEditor) {

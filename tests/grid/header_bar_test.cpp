@@ -101,8 +101,66 @@ TEST_F(HeaderBarTest, ABorderIsDraggedInTheBarAndIsNoClickThen) {
     click(rightOf(2), Kind::doubleClick);
     EXPECT_GT(width(2), 100);
     EXPECT_EQ(host.takeEvents(), Journal{});
-    click(rightOf(2));
-    EXPECT_EQ(host.takeEvents(), (Journal{"ChangeEdited", "SortClick"})) << "it was not dragged";
+    set(1, 0, u"b");
+    set(2, 0, u"c");
+    onSortClick();
+    for (const int32_t beside : {-2, 0, 2}) {
+        host.take();
+        click(rightOf(0) + beside);
+        EXPECT_EQ(host.takeEvents()[1], "SortClick") << "it was not dragged";
+        EXPECT_EQ(call(u"BarHeaderColumn"), Value(-1)) << "but is none on a caption";
+        EXPECT_EQ(column(0), ",b,c");
+    }
+}
+
+TEST_F(HeaderBarTest, KeysChangeColumnsAndPressCaptions) {
+    const auto width = [this] { return number(u"CelWidth") / 15; };
+    call(u"GridFocusShow");
+    call(u"ColSetFocus", {1});
+    platform.pressKey(key::right, shift::alt);
+    EXPECT_EQ(width(), colWidth + 8);
+    platform.pressKey(key::left, shift::alt);
+    platform.pressKey(key::left, shift::alt);
+    EXPECT_EQ(width(), colWidth - 8);
+    size(3000, 3);
+    set(2000, 1, u"A text far below all that shows, and the longest one");
+    call(u"RowSetFocus", {0});
+    platform.pressKey(key::add, shift::control);
+    EXPECT_GT(width(), 200) << "all rows count";
+    onSortClick();
+    platform.pressKey(key::up, shift::alt);
+    EXPECT_EQ(read(2999, 1).substr(0, 6), "A text");
+}
+
+TEST_F(HeaderBarTest, TheCurrentRecordStaysCurrentAndInSightWhenRowsAreSorted) {
+    size(100, 3);
+    for (int32_t row = 0; row < 100; ++row) set(row, 0, toText(Value(row))->c_str());
+    call(u"RowSetFocus", {3});
+    call(u"ColSetFocus", {0});
+    call(u"GridColSort", {0});
+    EXPECT_EQ(current(), std::pair(96, 0));
+    EXPECT_EQ(read(96, 0), "3");
+    EXPECT_GT(number(u"TopRowRead"), 80);
+    call(u"GridColSort", {0});
+    EXPECT_EQ(current(), std::pair(3, 0));
+    EXPECT_LE(number(u"TopRowRead"), 3);
+}
+
+TEST_F(HeaderBarTest, WhatIsSelectedIsReadInEveryColour) {
+    size(3, 1);
+    set(1, 0, u"probe");
+    call(u"GridFocusShow");
+    call(u"RowSetFocus", {0});
+    platform.pressKey('A', shift::control);
+    for (const auto red : std::initializer_list<uint8_t>{0, 128, 255}) {
+        for (const auto green : std::initializer_list<uint8_t>{0, 128, 255}) {
+            call(u"GridColr", {OleColour(Rgb::of(red, green, 128))});
+            const int32_t ground = 299 * red + 587 * green + 114 * 128;
+            const Rgb text = drawnText(u"probe").style.colour;
+            EXPECT_GT(std::abs(299 * text.red() + 587 * text.green() + 114 * text.blue() - ground), 90000)
+                << int{red} << " " << int{green};
+        }
+    }
 }
 
 TEST_F(HeaderBarTest, AClickIsAPressAndItsReleaseOnTheBar) {

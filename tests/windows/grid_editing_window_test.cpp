@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <shlobj.h>
+
 #include <algorithm>
 
 namespace obk {
@@ -334,6 +336,51 @@ TEST_F(GridEditing, CellsAreMarkedCutPastedAndTakenBack) {
     EXPECT_EQ(number(L"RowsCurrent"), 3) << "also from an editor that nothing was typed into";
 }
 
+TEST_F(GridEditing, TheRightButtonOpensAMenuUnlessTheHostHasOpenedOne) {
+    object().call(L"CellTextSet", {1L, static_cast<long>(textCol), L"oak"});
+    object().call(L"GridFocusShow");
+    const POINT cell = middle(hosted, 1, textCol);
+    {
+        const MenuKeys keys{{L'T'}};
+        person.rightClick(face(), cell.x, cell.y);
+        EXPECT_TRUE(person.waitFor([&] { return keys.menusSeen() == 1; }));
+        EXPECT_TRUE(person.waitFor([&] { return read(1, textCol).empty(); })) << "cut";
+    }
+    {
+        const MenuKeys keys{{L'U'}, {VK_ESCAPE}};
+        person.key(VK_APPS);
+        EXPECT_TRUE(person.waitFor([&] { return keys.menusSeen() == 1; }));
+        EXPECT_EQ(read(1, textCol), L"oak");
+        person.key(VK_F10, MOD_SHIFT);
+        EXPECT_TRUE(person.waitFor([&] { return keys.menusSeen() == 2; }));
+    }
+    const MenuKeys keys{{VK_ESCAPE}, {VK_ESCAPE}};
+    hosted.site.events().on(L"MouseUp", [&](container::EventCall&) {
+        const HMENU own = CreatePopupMenu();
+        AppendMenuW(own, MF_STRING, 1, L"The host's");
+        TrackPopupMenu(own, TPM_RETURNCMD, 0, 0, 0, hosted.window.handle(), nullptr);
+        DestroyMenu(own);
+    });
+    person.rightClick(face(), cell.x, cell.y);
+    hosted.loop.pumpPending();
+    EXPECT_EQ(keys.menusSeen(), 1);
+    hosted.site.events().on(L"MouseUp", [](container::EventCall& call) { call.set(0, short{0}); });
+    person.rightClick(face(), cell.x, cell.y);
+    hosted.loop.pumpPending();
+    EXPECT_EQ(keys.menusSeen(), 1);
+}
+
+TEST_F(GridEditing, TextsAreSortedByTheUsersAlphabet) {
+    const wchar_t* const sorted[] = {L"-", L"apple", L"\x00C4pfel", L"co-op", L"coop", L"Zebra"};
+    object().call(L"RowsSet", {6});
+    for (long row = 0; row < 6; ++row)
+        object().call(L"CellTextSet", {row, textCol, sorted[(row * 5 + 2) % 6]});
+    object().call(L"ColSetFocus", {textCol});
+    object().call(L"GridColSort", {textCol});
+    object().call(L"GridColSort", {textCol});
+    for (long row = 0; row < 6; ++row) EXPECT_EQ(read(row, textCol), sorted[row]) << row;
+}
+
 // What a drag asks: it goes on until the button is let go.
 class DragSource final : public ComObject<IDropSource> {
 public:
@@ -343,15 +390,64 @@ public:
     HRESULT STDMETHODCALLTYPE GiveFeedback(DWORD) override { return DRAGDROP_S_USEDEFAULTCURSORS; }
 };
 
+std::wstring droppedFiles() {
+    std::wstring bytes(sizeof(DROPFILES) / sizeof(wchar_t), L'\0');
+    reinterpret_cast<DROPFILES*>(bytes.data())->pFiles = sizeof(DROPFILES);
+    reinterpret_cast<DROPFILES*>(bytes.data())->fWide = TRUE;
+    return bytes + std::wstring(L"C:\\a.txt\0C:\\b.txt\0", 19);
+}
+
+void putOnClipboard(std::initializer_list<std::pair<UINT, std::wstring>> contents) {
+    OpenClipboard(nullptr);
+    EmptyClipboard();
+    for (const auto& [format, content] : contents) {
+        const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, content.size() * sizeof(wchar_t));
+        content.copy(static_cast<wchar_t*>(GlobalLock(memory)), content.size());
+        GlobalUnlock(memory);
+        SetClipboardData(format, memory);
+    }
+    CloseClipboard();
+}
+
+// What a script hears of what was dropped: its text in both formats, whether there is text and a picture, and
+// the files.
+std::wstring askedOf(const container::Dispatch& data) {
+    const auto answer = [&data](const wchar_t* member, const container::Arguments& arguments) {
+        Variant result;
+        data.call(member, arguments, &result);
+        return result;
+    };
+    const auto flag = [&](long format) {
+        return *answer(L"GetFormat", {format}).toLong() != 0 ? L" 1" : L" 0";
+    };
+    std::wstring all =
+        answer(L"GetData", {CF_UNICODETEXT}).toText() + L" " + answer(L"GetData", {CF_TEXT}).toText();
+    all += flag(CF_TEXT);
+    all += flag(CF_DIB);
+    const container::Dispatch files(answer(L"Files", {}).toObject().get());
+    Variant count;
+    files.call(L"Count", {}, &count);
+    all += L" " + std::to_wstring(*count.toLong());
+    for (long at = 1; at <= *count.toLong(); ++at) {
+        Variant name;
+        files.call(L"Item", {at}, &name);
+        all += L" " + name.toText();
+    }
+    return all;
+}
+
 TEST_F(GridEditing, ADropTellsTheHostWhatWasDroppedAndWhere) {
     ComPtr<IDataObject> data;
     OleSetClipboard(nullptr);
+    putOnClipboard({{CF_UNICODETEXT, std::wstring(L"oak", 4)}, {CF_HDROP, droppedFiles()}});
     ASSERT_EQ(OleGetClipboard(data.put()), S_OK);
+    std::wstring asked;
     std::vector<Variant> told;
     bool holdsData = false;
     hosted.site.events().on(L"OLEDragDrop", [&](container::EventCall& call) {
         for (size_t at = 0; at < call.count(); ++at) told.push_back(call.value(at));
         holdsData = static_cast<bool>(call.value(0).toObject().query<IDataObject>());
+        asked = askedOf(container::Dispatch(call.value(0).toObject().get()));
         call.set(1, DROPEFFECT_COPY);
     });
     const POINT target = middle(hosted, 2, 0);
@@ -367,6 +463,7 @@ TEST_F(GridEditing, ADropTellsTheHostWhatWasDroppedAndWhere) {
     EXPECT_EQ(effect, static_cast<DWORD>(DROPEFFECT_COPY)) << "as the host has answered";
     ASSERT_EQ(told.size(), 6u);
     EXPECT_TRUE(holdsData);
+    EXPECT_EQ(asked, L"oak oak 1 0 2 C:\\a.txt C:\\b.txt");
     EXPECT_EQ(told[1].toLong(), static_cast<long>(DROPEFFECT_COPY | DROPEFFECT_MOVE));
     EXPECT_EQ(told[2].toLong(), 1);
     EXPECT_EQ(told[4].toLong(), (target.x - border + 1) * 15);

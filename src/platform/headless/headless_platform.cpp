@@ -1,5 +1,6 @@
 #include "platform/headless/headless_platform.h"
 
+#include "base/letter_case.h"
 #include "base/scoped_value.h"
 #include "platform/headless/headless_surface.h"
 #include "platform/headless/headless_timer.h"
@@ -74,6 +75,7 @@ std::optional<Rgb> HeadlessPlatform::chooseColour(NativeWindow, const ColourQues
 
 std::optional<size_t> HeadlessPlatform::chooseFromMenu(NativeWindow, std::span<const MenuItem> items,
                                                        const PixelRect& beside) {
+    ++menusOpened_;
     takeCapture(0);  // the menu has it
     const MenuAnswer answer = menuAnswer_;
     const auto chosen = answer ? answer(items, beside) : std::nullopt;
@@ -240,6 +242,20 @@ void HeadlessPlatform::wheel(NativeWindow surfaceWindow, const WheelEvent& event
     WheelEvent own = event;
     if (child) own.at = {own.at.x - child->bounds().left, own.at.y - child->bounds().top};
     if (alive) receiver->client().wheel(own);
+}
+
+void HeadlessPlatform::appendSortKey(TextView text, std::string& key) {
+    for (const char16_t unit : text) {
+        const char16_t capital = upperSimple(unit);
+        key.push_back(static_cast<char>(capital >> 8));
+        key.push_back(static_cast<char>(capital & 0xFF));
+    }
+}
+
+bool HeadlessPlatform::opensMenu(const std::function<void()>& work) {
+    const uint32_t before = menusOpened_;
+    work();
+    return menusOpened_ != before;
 }
 
 int32_t HeadlessPlatform::drop(NativeWindow surfaceWindow, DropEvent event) {

@@ -28,6 +28,8 @@ public:
     MemoryRegistry& registry() override { return registry_; }
     FixedAppearance& appearance() override { return appearance_; }
     RegionalFormats regionalFormats() override { return regionalFormats_; }
+    // Texts are in the order of their capitals, unit by unit, here.
+    void appendSortKey(TextView text, std::string& key) override;
     void setRegionalFormats(const RegionalFormats& formats) { regionalFormats_ = formats; }
     MemoryFileSystem& files() override { return files_; }
     std::unique_ptr<TimerPeer> createTimer(KeepAlive keepAlive, std::function<void()> tick) override;
@@ -36,6 +38,7 @@ public:
     std::optional<Rgb> chooseColour(NativeWindow owner, const ColourQuestion& question) override;
     std::optional<size_t> chooseFromMenu(NativeWindow owner, std::span<const MenuItem> items,
                                          const PixelRect& beside) override;
+    bool opensMenu(const std::function<void()>& work) override;
     bool putOnClipboard(NativeWindow, TextView text) override {
         clipboard_ = text;
         return true;
@@ -114,6 +117,7 @@ private:
     MemoryFileSystem files_;
     std::map<NativeWindow, HeadlessWindow*> windows_;
     std::vector<HeadlessTimer*> timers_;
+    uint32_t menusOpened_ = 0;
     NativeWindow nextWindow_ = 1;
     NativeWindow focus_ = 0;
     NativeWindow capture_ = 0;

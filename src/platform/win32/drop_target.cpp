@@ -1,6 +1,7 @@
 #include "platform/win32/drop_target.h"
 
 #include "com/com_object.h"
+#include "platform/win32/dropped_data.h"
 #include "platform/win32/native_object.h"
 #include "platform/win32/surface_window.h"
 
@@ -26,7 +27,7 @@ int16_t buttonOf(DWORD keys) {
 class DropTarget final : public ComObject<IDropTarget> {
 public:
     DropTarget(const std::shared_ptr<SurfaceWindow>& surface, std::shared_ptr<void> moduleLock)
-        : ComObject(std::move(moduleLock)), surface_(surface) {}
+        : ComObject(moduleLock), surface_(surface), moduleLock_(std::move(moduleLock)) {}
 
     HRESULT STDMETHODCALLTYPE DragEnter(IDataObject*, DWORD keys, POINTL at, DWORD* effect) override {
         return DragOver(keys, at, effect);
@@ -57,7 +58,7 @@ public:
             const POINT onScreen{at.x, at.y};
             if (!data || !surface || !surface->takesDrop(onScreen)) return S_OK;
             DropEvent event;
-            event.data = std::make_shared<NativeObject>(data);
+            event.data = std::make_shared<NativeObject>(createDroppedData(data, moduleLock_));
             event.effect = static_cast<int32_t>(allowed);
             event.button = button_;
             event.shift = shiftOf(keys);
@@ -71,6 +72,7 @@ public:
 
 private:
     std::weak_ptr<SurfaceWindow> surface_;
+    const std::shared_ptr<void> moduleLock_;
     int16_t button_ = button::left;  // no button is held any more when it is let go
 };
 

@@ -113,4 +113,24 @@ RegionalFormats regionalFormats() {
     return formats;
 }
 
+void appendSortKey(TextView text, std::string& key) {
+    if (text.empty()) return;
+    constexpr DWORD flags = LCMAP_SORTKEY | SORT_STRINGSORT;
+    constexpr size_t bytesOfUnit = 10, mostUnits = 0x1000000;
+    const auto* const units = reinterpret_cast<const wchar_t*>(text.data());
+    const auto length = static_cast<int>(std::min(text.size(), mostUnits));
+    const size_t start = key.size();
+    const auto map = [&](size_t room) {
+        key.resize(start + room);
+        // A key is counted in bytes, whatever its type says.
+        return LCMapStringW(LOCALE_USER_DEFAULT, flags, units, length,
+                            room > 0 ? reinterpret_cast<wchar_t*>(key.data() + start) : nullptr,
+                            static_cast<int>(room));
+    };
+    int size = map(text.size() * bytesOfUnit);
+    if (size == 0) size = map(static_cast<size_t>(std::max(map(0), 0)));
+    // The zero at its end counts for nothing.
+    key.resize(start + static_cast<size_t>(std::max(size - 1, 0)));
+}
+
 }  // namespace obk::win32

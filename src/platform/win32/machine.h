@@ -20,5 +20,6 @@ public:
 
 // The user's own; where the system does not say, those of RegionalFormats.
 RegionalFormats regionalFormats();
+void appendSortKey(TextView text, std::string& key);
 
 }  // namespace obk::win32

@@ -4,6 +4,8 @@
 #include "platform/win32/handles.h"
 #include "platform/win32/text_conversion.h"
 
+#include <utility>
+
 namespace obk::win32 {
 
 std::optional<size_t> chooseFromMenu(HWND owner, std::span<const MenuItem> items, const PixelRect& beside) {
@@ -25,6 +27,27 @@ std::optional<size_t> chooseFromMenu(HWND owner, std::span<const MenuItem> items
                                         static_cast<int>(keepClear.rcExclude.left),
                                         static_cast<int>(keepClear.rcExclude.bottom), owner, &keepClear);
     return chosen > 0 ? std::optional(static_cast<size_t>(chosen - 1)) : std::nullopt;
+}
+
+namespace {
+
+thread_local bool menuSeen = false;
+
+LRESULT CALLBACK watchMenus(int code, WPARAM wParam, LPARAM lParam) {
+    if (code == MSGF_MENU) menuSeen = true;
+    return CallNextHookEx(nullptr, code, wParam, lParam);
+}
+
+}  // namespace
+
+bool opensMenu(const std::function<void()>& work) {
+    const bool before = std::exchange(menuSeen, false);
+    const HHOOK hook = SetWindowsHookExW(WH_MSGFILTER, watchMenus, nullptr, GetCurrentThreadId());
+    work();
+    if (hook) UnhookWindowsHookEx(hook);
+    const bool seen = menuSeen;
+    menuSeen = before || seen;
+    return seen;
 }
 
 }  // namespace obk::win32

@@ -186,6 +186,10 @@ void Win32Platform::showWaitCursor(bool shown) {
         SetCursor(beforeWait_);
 }
 
+bool Win32Platform::opensMenu(const std::function<void()>& work) {
+    return win32::opensMenu(work);
+}
+
 bool Win32Platform::putOnClipboard(NativeWindow owner, TextView text) {
     UniqueGlobalMemory memory(GlobalAlloc(GMEM_MOVEABLE, (text.size() + 1) * sizeof(char16_t)));
     auto* const units = memory ? static_cast<char16_t*>(GlobalLock(memory.get())) : nullptr;

@@ -28,6 +28,7 @@ public:
     Registry& registry() override { return registry_; }
     Appearance& appearance() override { return appearance_; }
     RegionalFormats regionalFormats() override { return win32::regionalFormats(); }
+    void appendSortKey(TextView text, std::string& key) override { win32::appendSortKey(text, key); }
     FileSystem& files() override { return files_; }
     std::unique_ptr<TimerPeer> createTimer(KeepAlive keepAlive, std::function<void()> tick) override;
     std::unique_ptr<SurfacePeer> createSurface(SurfaceClient& client,
@@ -35,6 +36,7 @@ public:
     std::optional<Rgb> chooseColour(NativeWindow owner, const ColourQuestion& question) override;
     std::optional<size_t> chooseFromMenu(NativeWindow owner, std::span<const MenuItem> items,
                                          const PixelRect& beside) override;
+    bool opensMenu(const std::function<void()>& work) override;
     bool putOnClipboard(NativeWindow owner, TextView text) override;
     std::optional<Text> textOnClipboard(NativeWindow owner) override;
     void showWaitCursor(bool shown) override;
