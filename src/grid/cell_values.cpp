@@ -2,7 +2,7 @@
 
 #include "grid/cell_rules.h"
 #include "grid/number_typing.h"
-#include "grid/typed_date.h"
+#include "grid/cell_date.h"
 
 #include <algorithm>
 #include <array>
@@ -88,7 +88,7 @@ std::optional<Text> cellText(ColumnType type, TextView text, std::span<const Tex
         case ColumnType::text:
             return Text(text);
         case ColumnType::date:
-            if (const auto date = typedDate(text, formats)) return dateText(*date);
+            if (const auto date = cellDate(text, formats.dates)) return dateText(*date);
             return std::nullopt;
         case ColumnType::checkBox:
             return checkText(trimmed(text));

@@ -24,15 +24,6 @@ class SurfaceClient;
 class SurfacePeer;
 struct SurfacePlacement;
 
-// How the user writes dates.
-struct DateForms {
-    enum class Order : uint8_t { monthDayYear, dayMonthYear, yearMonthDay };
-    Order order = Order::monthDayYear;
-    int32_t lastOfTwoDigits = 2049;  // the last of the hundred years that two digits stand for
-    // In the user's language: whole, short, and as they stand beside a day.
-    std::vector<std::pair<Text, std::chrono::month>> monthNames;
-};
-
 class Clock {
 public:
     virtual ~Clock() = default;

@@ -702,7 +702,7 @@ TEST_F(GridEditorsTest, ANumberIsTypedAndNeverChangedByAccident) {
     EXPECT_EQ(number(u"12--"), "12");
     EXPECT_EQ(number(u"1,5"), "15") << "a comma is none here";
     EXPECT_EQ(number(u"-"), "15") << "no number";
-    platform.setRegionalFormats({u',', DateOrder::dayMonthYear, 2049});
+    platform.setRegionalFormats({u',', {}});
     EXPECT_EQ(number(u"1,5,5"), "1.55");
     EXPECT_EQ(number(u"1.5"), "1.5");
     platform.setClipboard(u"1.234,50\t1,2,3\r\n");
@@ -758,11 +758,11 @@ TEST_F(GridEditorsTest, AClickOnItsBoxTurnsACheckMark) {
 }
 
 TEST_F(GridEditorsTest, DatesAreReadAsTheUserWritesThem) {
-    const auto read = [](TextView text, DateOrder order) {
-        return cellText(ColumnType::date, text, {}, {u'.', order, 2049});
+    const auto read = [](TextView text, DateForms::Order order) {
+        return cellText(ColumnType::date, text, {}, {u'.', {order, 2049, {}}});
     };
-    using enum DateOrder;
-    const std::pair<const char16_t*, std::vector<DateOrder>> rows[] = {
+    using enum DateForms::Order;
+    const std::pair<const char16_t*, std::vector<DateForms::Order>> rows[] = {
         {u"4.12.2026", {dayMonthYear}},
         {u" 04/12/2026 ", {dayMonthYear}},
         {u"4-12-26", {dayMonthYear}},
@@ -775,7 +775,7 @@ TEST_F(GridEditorsTest, DatesAreReadAsTheUserWritesThem) {
         {u"December 4, 2026", {dayMonthYear, monthDayYear, yearMonthDay}},
     };
     for (const auto& [text, orders] : rows) {
-        for (const DateOrder order : {dayMonthYear, monthDayYear, yearMonthDay}) {
+        for (const DateForms::Order order : {dayMonthYear, monthDayYear, yearMonthDay}) {
             const bool meant = std::count(orders.begin(), orders.end(), order) > 0;
             EXPECT_EQ(read(text, order) == u"Fri 4 Dec 2026", meant) << toUtf8(text) << int(order);
         }
@@ -787,7 +787,7 @@ TEST_F(GridEditorsTest, DatesAreReadAsTheUserWritesThem) {
           u"2026-", u"0.0.0", u"1.2", u"4 dec", u"29.2.2026", u"dec 26"})
         EXPECT_EQ(read(text, dayMonthYear), std::nullopt) << toUtf8(text);
     work();
-    platform.setRegionalFormats({u'.', monthDayYear, 2049});
+    platform.setRegionalFormats({u'.', {monthDayYear, 2049, {}}});
     for (const auto& [typed, kept] : {std::pair<const char16_t*, const char*>{u"12/4/26", "Fri 4 Dec 2026"},
                                       {u"4 dec 26", "Fri 4 Dec 2026"},
                                       {u"2026-12-04", "Fri 4 Dec 2026"},

@@ -99,17 +99,7 @@ RegionalFormats regionalFormats() {
     // Of several characters none is the one that a key types.
     if (GetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SDECIMAL, separator, 4) == 2)
         formats.decimalSeparator = static_cast<char16_t>(separator[0]);
-    DWORD order = 0;
-    if (GetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_IDATE | LOCALE_RETURN_NUMBER,
-                       reinterpret_cast<wchar_t*>(&order), sizeof order / sizeof(wchar_t)) > 0)
-        formats.dateOrder = order == 0   ? DateOrder::monthDayYear
-                            : order == 2 ? DateOrder::yearMonthDay
-                                         : DateOrder::dayMonthYear;
-    DWORD lastYear = 0;
-    if (GetCalendarInfoW(LOCALE_USER_DEFAULT, CAL_GREGORIAN, CAL_ITWODIGITYEARMAX | CAL_RETURN_NUMBER,
-                         nullptr, 0, &lastYear) > 0 &&
-        lastYear >= 99 && lastYear <= 9999)
-        formats.lastYearOfTwoDigits = static_cast<int32_t>(lastYear);
+    formats.dates = SystemClock().dateForms();
     return formats;
 }
 

@@ -1,4 +1,4 @@
-#include "grid/typed_date.h"
+#include "grid/cell_date.h"
 
 #include <algorithm>
 #include <array>
@@ -34,18 +34,18 @@ std::optional<int32_t> yearOf(Number year, int32_t lastOfTwoDigits) {
     return lastOfTwoDigits - (lastOfTwoDigits - year.value) % 100;
 }
 
-std::optional<Date> numericDate(TextView text, const RegionalFormats& formats) {
+std::optional<Date> numericDate(TextView text, const DateForms& forms) {
     const auto numbers = threeNumbers(text);
     if (!numbers) return std::nullopt;
     auto [first, second, third] = *numbers;
     const bool yearFirst = first.digits == 4;
-    if (!yearFirst && formats.dateOrder == DateOrder::yearMonthDay) {
+    if (!yearFirst && forms.order == DateForms::Order::yearMonthDay) {
         if (third.digits == 4) return std::nullopt;
     } else if (!yearFirst) {
-        if (formats.dateOrder == DateOrder::monthDayYear) std::swap(first, second);
+        if (forms.order == DateForms::Order::monthDayYear) std::swap(first, second);
         std::swap(first, third);
     }
-    const auto year = yearOf(first, formats.lastYearOfTwoDigits);
+    const auto year = yearOf(first, forms.lastOfTwoDigits);
     const auto shortNumber = [](Number number) { return number.digits == 1 || number.digits == 2; };
     if (!year || !shortNumber(second) || !shortNumber(third)) return std::nullopt;
     return std::chrono::year(*year) / std::chrono::month(static_cast<unsigned>(second.value)) /
@@ -53,22 +53,22 @@ std::optional<Date> numericDate(TextView text, const RegionalFormats& formats) {
 }
 
 // With a year of two digits at its end.
-std::optional<Date> shortNamedDate(TextView text, const RegionalFormats& formats) {
+std::optional<Date> shortNamedDate(TextView text, const DateForms& forms) {
     const auto isDigit = [](char16_t unit) { return unit >= u'0' && unit <= u'9'; };
     size_t start = text.size();
     while (start > 0 && isDigit(text[start - 1])) --start;
-    if (text.size() - start != 2 || formats.dateOrder == DateOrder::yearMonthDay) return std::nullopt;
+    if (text.size() - start != 2 || forms.order == DateForms::Order::yearMonthDay) return std::nullopt;
     const Number year{(text[start] - u'0') * 10 + (text[start + 1] - u'0'), 2};
-    return dateFromText(Text(text.substr(0, start)) + yearText(*yearOf(year, formats.lastYearOfTwoDigits)));
+    return dateFromText(Text(text.substr(0, start)) + yearText(*yearOf(year, forms.lastOfTwoDigits)));
 }
 
 }  // namespace
 
-std::optional<Date> typedDate(TextView text, const RegionalFormats& formats) {
+std::optional<Date> cellDate(TextView text, const DateForms& forms) {
     text = trimmed(text);
     if (const auto date = dateFromText(text)) return date;
-    if (const auto date = numericDate(text, formats)) return date;
-    return shortNamedDate(text, formats);
+    if (const auto date = numericDate(text, forms)) return date;
+    return shortNamedDate(text, forms);
 }
 
 }  // namespace obk
