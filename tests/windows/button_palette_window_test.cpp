@@ -70,6 +70,22 @@ private:
     int seen_ = 0;
 };
 
+BOOL CALLBACK addToolTip(HWND window, LPARAM text) {
+    wchar_t name[64]{};
+    GetClassNameW(window, name, 64);
+    if (!IsWindowVisible(window) || lstrcmpiW(name, TOOLTIPS_CLASSW) != 0) return TRUE;
+    GetWindowTextW(window, name, 64);
+    *reinterpret_cast<std::wstring*>(text) += name;
+    return TRUE;
+}
+
+// Of those that show.
+std::wstring toolTipText() {
+    std::wstring text;
+    EnumThreadWindows(GetCurrentThreadId(), addToolTip, reinterpret_cast<LPARAM>(&text));
+    return text;
+}
+
 class ButtonPaletteWindow : public PersonAtControl {
 protected:
     ButtonPaletteWindow() : PersonAtControl(L"ButtonPalette", {10, 10, 85, 33}) {}
@@ -89,33 +105,17 @@ TEST_F(ButtonPaletteWindow, LeftLeavesTheButtonBackwards) {
 }
 
 TEST_F(ButtonPaletteWindow, ItIsOpenedAndWalkedByKeysAndEachSwatchIsNamedAtOnce) {
-    // Of the tool tips that show.
-    const auto named = [] {
-        std::wstring text;
-        EnumThreadWindows(
-            GetCurrentThreadId(),
-            [](HWND window, LPARAM found) {
-                wchar_t name[64]{};
-                GetClassNameW(window, name, 64);
-                if (!IsWindowVisible(window) || lstrcmpiW(name, TOOLTIPS_CLASSW) != 0) return TRUE;
-                GetWindowTextW(window, name, 64);
-                *reinterpret_cast<std::wstring*>(found) += name;
-                return TRUE;
-            },
-            reinterpret_cast<LPARAM>(&text));
-        return text;
-    };
     SetFocus(button());
     person.key(VK_F4);
     ASSERT_TRUE(openPanel());
-    EXPECT_EQ(named(), L"");
+    EXPECT_EQ(toolTipText(), L"");
     person.key(VK_HOME);
-    EXPECT_EQ(named(), L"PASTEL RED");
+    EXPECT_EQ(toolTipText(), L"PASTEL RED");
     person.key(VK_RIGHT);
-    EXPECT_EQ(named(), L"PASTEL COPPER");
+    EXPECT_EQ(toolTipText(), L"PASTEL COPPER");
     person.key(VK_F4);
     EXPECT_FALSE(openPanel());
-    EXPECT_EQ(named(), L"");
+    EXPECT_EQ(toolTipText(), L"");
     person.key(VK_DOWN, MOD_ALT);
     EXPECT_TRUE(openPanel());
     for (const WORD code : {WORD{VK_HOME}, WORD{VK_RIGHT}, WORD{VK_RETURN}}) person.key(code);

@@ -111,6 +111,7 @@ LRESULT ServiceWindow::handle(HWND window, UINT message, WPARAM wParam, LPARAM l
         case WM_NCDESTROY:
             window_ = nullptr;
             timers_.clear();
+            actions_.clear();  // whose message is gone
             break;
         default:
             break;
