@@ -147,7 +147,7 @@ void FlexGrid::fitColumn(int32_t col) {
         width = std::max(width, text.width + picture);
     }
     if (width == 0) return;
-    const int32_t pixels = width + 2 * cellMargin(scale) + scale.scaled(1);
+    const int32_t pixels = width + 2 * cellMargin(scale);
     const double twips = std::ceil(scale.toTwips(pixels).value);
     resizeColumn(col, static_cast<int32_t>(std::min<double>(twips, GridModel::greatestLength)));
 }

@@ -157,7 +157,7 @@ void GridPainter::paintCell(CellAddress cell, const PixelRect& rect) {
             content.right = std::max(content.left, content.right - shown.width);
     }
     content.left += margin;
-    content.right -= margin;
+    content.right -= std::max(margin - line_, 0);
     if (text.empty() || content.empty()) return;
     const Placement at = placementOf(grid.alignment(cell));
     const Rgb colour = marked(cell)                            ? look_.selectionFore

@@ -3,6 +3,7 @@
 
 #include "flexgrid/grid_view.h"
 #include "widgets/canvas.h"
+#include "widgets/text_box_peer.h"
 
 #include <functional>
 #include <optional>
@@ -36,9 +37,9 @@ struct GridLook {
 // The font of a cell.
 FontDescription cellFont(const FontDescription& usual, const CellStyle& style);
 HorizontalAlignment horizontalOf(CellAlignment alignment);
-// Between a cell's edge and its text.
+// Between a cell's edges, the grid's line included, and its text: as in the editor that stands over it.
 inline int32_t cellMargin(Dpi dpi) {
-    return dpi.scaled(3);
+    return dpi.scaled(textMargin);
 }
 
 // What is marked.

@@ -277,7 +277,7 @@ TEST_F(FlexGridTest, BordersAreDraggedAndFitTheirColumn) {
         model.setText({RowSequence::mostRows - 900, 0}, u"0123456789");
     });
     mouse(Kind::doubleClick, {7, 30});
-    EXPECT_EQ(grid.ColWidth(0), (60 + 2 * 3 + 1) * 15);
+    EXPECT_EQ(grid.ColWidth(0), (60 + 2 * 2) * 15);
     grid.SetRows(1000);
     grid.SetAllowUserResizing(false);
     mouse(Kind::doubleClick, {66, 30});

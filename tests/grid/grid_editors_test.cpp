@@ -888,8 +888,8 @@ TEST_F(GridEditorsTest, AnEditorShowsItsTextAsTheCellDoes) {
                 EXPECT_EQ(editor.style.font, cell.style.font);
                 EXPECT_EQ(editor.style.colour, cell.style.colour);
                 EXPECT_EQ(editor.style.horizontal, cell.style.horizontal);
-                EXPECT_NEAR(editor.rect.left, cell.rect.left, dpi.scaled(1));
-                EXPECT_NEAR(editor.rect.right, cell.rect.right, 2 * dpi.scaled(1));
+                EXPECT_EQ(editor.rect.left, cell.rect.left);
+                EXPECT_EQ(editor.rect.right, cell.rect.right);
                 const int32_t line = platform.appearance().metrics(cell.style.font, dpi).height();
                 EXPECT_NEAR(editor.rect.top, (cell.rect.top + cell.rect.bottom - line) / 2, 1);
                 call(u"BoxHide");

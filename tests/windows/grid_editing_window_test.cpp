@@ -206,7 +206,7 @@ TEST_F(GridEditing, ATextStandsWhereItIsWhenItsEditorOpens) {
     const RECT after = letter(editor);
     EXPECT_EQ(after.top, before.top);
     EXPECT_EQ(after.bottom, before.bottom);
-    EXPECT_NEAR(after.left, before.left, 1);
+    EXPECT_EQ(after.left, before.left);
 }
 
 TEST_F(GridEditing, ADoubleClickIsOneAlsoWhereTheEditorHasComeInBetween) {
@@ -355,7 +355,12 @@ TEST_F(GridEditing, TheRightButtonOpensAMenuUnlessTheHostHasOpenedOne) {
         EXPECT_TRUE(person.waitFor([&] { return keys.menusSeen() == 2; }));
     }
     const MenuKeys keys{{VK_ESCAPE}, {VK_ESCAPE}};
-    hosted.site.events().on(L"MouseUp", [&](container::EventCall&) {
+    bool discards = false;
+    hosted.site.events().on(L"MouseUp", [&](container::EventCall& call) {
+        if (discards) {
+            call.set(0, short{0});
+            return;
+        }
         const HMENU own = CreatePopupMenu();
         AppendMenuW(own, MF_STRING, 1, L"The host's");
         TrackPopupMenu(own, TPM_RETURNCMD, 0, 0, 0, hosted.window.handle(), nullptr);
@@ -364,14 +369,14 @@ TEST_F(GridEditing, TheRightButtonOpensAMenuUnlessTheHostHasOpenedOne) {
     person.rightClick(face(), cell.x, cell.y);
     hosted.loop.pumpPending();
     EXPECT_EQ(keys.menusSeen(), 1);
-    hosted.site.events().on(L"MouseUp", [](container::EventCall& call) { call.set(0, short{0}); });
+    discards = true;
     person.rightClick(face(), cell.x, cell.y);
     hosted.loop.pumpPending();
     EXPECT_EQ(keys.menusSeen(), 1);
 }
 
 TEST_F(GridEditing, TextsAreSortedByTheUsersAlphabet) {
-    const wchar_t* const sorted[] = {L"-", L"apple", L"\x00C4pfel", L"co-op", L"coop", L"Zebra"};
+    const wchar_t* const sorted[] = {L"-", L"\x00C4pfel", L"apple", L"co-op", L"coop", L"Zebra"};
     object().call(L"RowsSet", {6});
     for (long row = 0; row < 6; ++row)
         object().call(L"CellTextSet", {row, textCol, sorted[(row * 5 + 2) % 6]});
