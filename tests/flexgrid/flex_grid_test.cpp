@@ -458,7 +458,7 @@ TEST_F(FlexGridTest, CellsLookAsTheyWereTold) {
     const auto picture = std::make_shared<SharedPicture>(PixelSize{16, 16}, std::vector<uint32_t>(256));
     grid.setPicture({2, 2}, picture, CellAlignment::leftTop);
     EXPECT_EQ(item({130, 45}, DrawnItem::Kind::picture)->rect, (PixelRect{128, 36, 144, 52}));
-    EXPECT_EQ(item({150, 45}, DrawnItem::Kind::text)->rect.left, 128 + 16 + 3);
+    EXPECT_EQ(item({150, 45}, DrawnItem::Kind::text)->rect.left, 128 + 16 + 2);
     grid.setPicture({2, 2}, picture, CellAlignment::rightTop);
     EXPECT_EQ(item({180, 45}, DrawnItem::Kind::picture)->rect, (PixelRect{175, 36, 191, 52}));
 }
