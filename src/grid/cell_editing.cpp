@@ -228,7 +228,9 @@ EditPlace CellEditing::editorPlace() const {
 }
 
 void CellEditing::keyComes(const KeyEvent& event) {
-    othersKey_ = editors_.hasFocus() && editors_.droppedDown() && event.code != key::tab;
+    // Tab takes what a list marks and goes on, but goes round the parts of a calendar.
+    othersKey_ = editors_.hasFocus() && editors_.droppedDown() &&
+                 (event.code != key::tab || editors_.usesTab());
 }
 
 void CellEditing::keyDown(KeyEvent& event, EditPlace at) {

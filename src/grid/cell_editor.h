@@ -48,6 +48,8 @@ public:
     virtual void toggle() {}
     // Whether a panel of its own has the keys, and the end of that.
     virtual bool droppedDown() const { return false; }
+    // Whether what is dropped down goes from part to part by Tab.
+    virtual bool usesTab() const { return false; }
     virtual void closePanel() {}
 
 protected:

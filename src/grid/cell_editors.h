@@ -30,6 +30,7 @@ public:
     bool takeFocus() { return open_ && open_->widget().takeFocus(); }
     // Whether the keys are a calendar's, which is dropped down.
     bool droppedDown() const { return open_ && open_->droppedDown(); }
+    bool usesTab() const { return open_ && open_->usesTab(); }
 
     bool has(ColumnType type, CellAddress cell) const {
         return editors_.count(type) > 0 && grid_.model().contains(cell);

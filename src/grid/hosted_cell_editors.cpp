@@ -38,6 +38,7 @@ public:
     }
     void selectText() override { dtpDATE->selectText(); }
     bool droppedDown() const override { return dtpDATE->droppedDown(); }
+    bool usesTab() const override { return true; }
     void closePanel() override {
         if (dtpDATE->droppedDown()) dtpDATE->HidePopUp();
     }
