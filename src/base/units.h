@@ -60,6 +60,10 @@ struct PixelRect {
     constexpr PixelRect moved(int32_t x, int32_t y) const {
         return {left + x, top + y, right + x, bottom + y};
     }
+    // Its mirror image within another one.
+    constexpr PixelRect mirroredIn(const PixelRect& all) const {
+        return {all.left + all.right - right, top, all.left + all.right - left, bottom};
+    }
     constexpr PixelRect inset(int32_t by) const { return {left + by, top + by, right - by, bottom - by}; }
     friend bool operator==(const PixelRect&, const PixelRect&) = default;
 };

@@ -48,6 +48,8 @@ public:
     void setCheckColumns(CheckColumns are) { checkColumns_ = std::move(are); }
     // Where a cell stands, in twips from the grid's left top corner; nowhere for a cell that is not there.
     TwipsRect cellPlace(CellAddress cell) const;
+    // What an arrow key means where the grid is shown from right to left.
+    int16_t towards(int16_t key) const;
     void goTo(CellAddress cell);  // as a person does: it is shown, and the events tell of it
     // Makes a column as wide as its texts need, as a double click on its border does; of a million rows the
     // longest ones are measured.

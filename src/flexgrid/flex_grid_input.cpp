@@ -172,11 +172,16 @@ void FlexGrid::keyDown(KeyEvent& event) {
     const bool extend = (event.shift & shift::shift) != 0;
     if (control && !extend && (event.code == 'C' || event.code == key::insert)) return copySelection();
     const CellAddress from = extend ? corner() : current();
-    const auto to = movedBy(event.code, control, from, view());
+    const auto to = movedBy(towards(event.code), control, from, view());
     if (!to) return;
     if (!extend) return goTo(*to);
     select(*to, extend);
     if (model().contains(*to)) show(*to);
+}
+
+int16_t FlexGrid::towards(int16_t key) const {
+    if (!surface() || !surface()->mirrored()) return key;
+    return key == key::left ? key::right : key == key::right ? key::left : key;
 }
 
 void FlexGrid::goTo(CellAddress cell) {

@@ -229,8 +229,8 @@ EditPlace CellEditing::editorPlace() const {
 
 void CellEditing::keyComes(const KeyEvent& event) {
     // Tab takes what a list marks and goes on, but goes round the parts of a calendar.
-    othersKey_ = editors_.hasFocus() && editors_.droppedDown() &&
-                 (event.code != key::tab || editors_.usesTab());
+    othersKey_ =
+        editors_.hasFocus() && editors_.droppedDown() && (event.code != key::tab || editors_.usesTab());
 }
 
 void CellEditing::keyDown(KeyEvent& event, EditPlace at) {
@@ -268,7 +268,8 @@ bool CellEditing::act(EditAction action, const KeyEvent& event) {
             hide();
             return true;
         case EditAction::leave:
-            leaveFor(movedBy(event.code, false, focusedCell(), grid_.view()).value_or(focusedCell()));
+            leaveFor(movedBy(grid_.towards(event.code), false, focusedCell(), grid_.view())
+                         .value_or(focusedCell()));
             return true;
         case EditAction::goOn: {
             const auto below = rowBeside(key::down);
@@ -315,10 +316,10 @@ bool CellEditing::act(EditAction action, const KeyEvent& event) {
             control_.fitColumn(grid_.Col());
             return true;
         case EditAction::narrowColumn:
-            moveColumnBorder(-1);
+            moveColumnBorder(grid_.towards(key::left) == key::left ? -1 : 1);
             return true;
         case EditAction::widenColumn:
-            moveColumnBorder(1);
+            moveColumnBorder(grid_.towards(key::left) == key::left ? 1 : -1);
             return true;
         case EditAction::pressCaption:
             control_.pressCaption(grid_.Col());

@@ -1,8 +1,8 @@
 #include "grid/cell_values.h"
 
+#include "grid/cell_date.h"
 #include "grid/cell_rules.h"
 #include "grid/number_typing.h"
-#include "grid/cell_date.h"
 
 #include <algorithm>
 #include <array>

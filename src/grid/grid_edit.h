@@ -148,6 +148,7 @@ private:
     void initialize() override;
     void initProperties() override { loadFont(ambientFont()); }
     void loaded() override;
+    bool mirrorsItself() const override { return true; }
     void resize() override;
     void enterFocus() override { gbrBORDER.setFocused(true); }
     void exitFocus() override;

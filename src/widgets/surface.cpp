@@ -222,7 +222,9 @@ bool Surface::wheel(const WheelEvent& event) {
                      : captured_  ? captured_
                                   : root_.hitTest(fromWindow(event.at));
     for (; target; target = target->parent()) {
-        if (target->enabled() && target->wheel(event)) return true;
+        WheelEvent own = event;
+        if (event.horizontal && mirrored()) own.delta = -own.delta;
+        if (target->enabled() && target->wheel(own)) return true;
     }
     return false;
 }

@@ -899,6 +899,58 @@ TEST_F(GridEditorsTest, AnEditorShowsItsTextAsTheCellDoes) {
     }
 }
 
+TEST_F(GridEditorsTest, InARightToLeftContainerAllIsMirrored) {
+    constexpr PixelRect area{0, 0, 400, 150};
+    std::vector<DrawnItem> pictures[2];
+    PixelRect editors[2];
+    for (const bool mirrored : {false, true}) {
+        host.readsRightToLeft = mirrored;
+        place(GridEdit::memberTable());
+        size(30, 7);
+        for (int32_t col = 0; col < 7; ++col) call(u"ColTypeSet", {col, col});
+        for (int32_t col = 0; col < 7; ++col) set(1, col, u"a");
+        call(u"BarHeaderCaptionSet", {1, Text(u"Date")});
+        activate(area);
+        call(u"GridFocusShow");
+        const auto there = [&](PixelPoint at) {
+            return mirrored ? PixelPoint{area.right - 1 - at.x, at.y} : at;
+        };
+        host.take();
+        click(there(at(1, 2)));
+        EXPECT_EQ(host.take()[0], "MouseDown 1 0 2070 405") << "X counts from the reading edge";
+        EXPECT_EQ(current(), std::pair(1, 2));
+        EXPECT_EQ(number(u"CellLeft"), 2 * colWidth * 15);
+        platform.pressKey(mirrored ? key::right : key::left);
+        EXPECT_EQ(current(), std::pair(1, 1)) << "arrows go where they point";
+        click(there({border + 3 * colWidth + 20, border + 5}));
+        EXPECT_EQ(call(u"BarHeaderColumn"), Value(3));
+        goTo(1, 0);
+        pictures[mirrored] = drawn();
+        call(u"BoxShow");
+        ASSERT_FALSE(surface().children().empty());
+        for (const headless::HeadlessWindow* child : surface().children()) {
+            if (child->visible()) editors[mirrored] = child->bounds();
+        }
+        call(u"BoxHide");
+        // By dragging the first column's border away from the reading edge it becomes wider.
+        const int32_t y = border + 5;
+        platform.mouse(control->window(), {Kind::down, button::left, 0, there({border + colWidth, y})});
+        platform.mouse(control->window(), {Kind::move, 0, 0, there({border + colWidth + 20, y})});
+        platform.mouse(control->window(), {Kind::up, button::left, 0, there({border + colWidth + 20, y})});
+        goTo(1, 0);
+        EXPECT_EQ(number(u"CelWidth"), (colWidth + 20) * 15);
+    }
+    EXPECT_EQ(editors[1], editors[0].mirroredIn(area));
+    ASSERT_EQ(pictures[1].size(), pictures[0].size());
+    for (size_t item = 0; item < pictures[0].size(); ++item) {
+        const DrawnItem &left = pictures[0][item], &right = pictures[1][item];
+        EXPECT_EQ(right.rect, left.rect.mirroredIn(area)) << item;
+        EXPECT_EQ(right.colour, left.colour) << item;
+        EXPECT_EQ(right.text, left.text) << item;
+        EXPECT_EQ(right.style.rightToLeft, left.kind == DrawnItem::Kind::text) << item;
+    }
+}
+
 TEST_F(GridEditorsTest, AHostMayAnswerInTheEventsOfAClosingEditor) {
     work();
     // While it is asked, no editor opens.

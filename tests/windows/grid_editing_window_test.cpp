@@ -386,6 +386,26 @@ TEST_F(GridEditing, TextsAreSortedByTheUsersAlphabet) {
     for (long row = 0; row < 6; ++row) EXPECT_EQ(read(row, textCol), sorted[row]) << row;
 }
 
+TEST_F(GridEditing, ARightToLeftFormHasTheFirstColumnAtTheRight) {
+    const POINT cell = middle(hosted, 1, textCol);
+    // All of it is on the form.
+    hosted.site.moveTo({10, 10, 350, 250});
+    hosted.site.setAmbient(DISPID_AMBIENT_RIGHTTOLEFT, true);
+    hosted.loop.pumpPending();
+    RECT area{};
+    GetClientRect(face(), &area);
+    person.click(face(), area.right - 1 - cell.x, cell.y);
+    EXPECT_EQ(current(), std::pair(1L, static_cast<long>(textCol)));
+    ASSERT_EQ(openWindows().size(), 1u);
+    RECT editor{};
+    GetWindowRect(openWindows()[0], &editor);
+    MapWindowPoints(nullptr, face(), reinterpret_cast<POINT*>(&editor), 2);
+    EXPECT_EQ(editor.right, area.right - border);
+    person.type(L"oak");
+    person.key(VK_RETURN);
+    EXPECT_EQ(read(1, textCol), L"oak");
+}
+
 // What a drag asks: it goes on until the button is let go.
 class DragSource final : public ComObject<IDropSource> {
 public:
