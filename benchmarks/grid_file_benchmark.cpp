@@ -61,6 +61,7 @@ class StillClock : public Clock {
 public:
     int32_t tickCount() override { return 0; }
     std::chrono::year_month_day today() override { return {}; }
+    DateForms dateForms() override { return {}; }
 };
 
 void save(const GridModel& grid, File& file) {

@@ -33,7 +33,7 @@ public:
     bool usesTab() const { return open_ && open_->usesTab(); }
 
     bool has(ColumnType type, CellAddress cell) const {
-        return editors_.count(type) > 0 && grid_.model().contains(cell);
+        return editors_.contains(type) && grid_.model().contains(cell);
     }
     // Opens the editor of a type over a cell, with the cell's text. None may be open. False for a type that
     // has none.

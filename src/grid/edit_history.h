@@ -84,7 +84,7 @@ private:
     bool known() const { return grid_.revision() == revision_; }
     void forgetUnknown(uint32_t changes);
     void forgetAll();
-    void follow(RowMove move);
+    void follow(RowMove change);
     // Whether the row is known on the far side of the step.
     static bool follow(RowMove& move, Step& step, bool done);
     Outcome apply(std::deque<Step>& from, std::deque<Step>& to, bool back);

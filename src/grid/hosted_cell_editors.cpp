@@ -93,7 +93,7 @@ public:
     }
     // What is no number, a sign without digits say, leaves the cell its text.
     Text value() const override {
-        const Text shown = udnLIST->Text();
+        Text shown = udnLIST->Text();
         if (shown.empty() || shown == loaded_) return shown;
         return numberCellText(shown, separator()).value_or(loaded_);
     }

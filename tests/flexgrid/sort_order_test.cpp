@@ -54,18 +54,8 @@ TEST(SortOrder, AnAlphabetComparesTextsAndTheirUnitsBreakTies) {
         for (const char16_t unit : text)
             key.push_back(unit == u'\xE4' ? 'A' : static_cast<char>(unit < u'a' ? unit : unit - u'a' + u'A'));
     };
-    const std::vector<Text> texts = {u"",
-                                     u"-",
-                                     u"2",
-                                     u"10",
-                                     u"AB",
-                                     u"Ab",
-                                     u"ab",
-                                     u"ab",
-                                     u"\xE4"
-                                     "b",
-                                     u"abacus",
-                                     u"b"};
+    const std::vector<Text> texts = {u"",   u"-",  u"2",       u"10",     u"AB", u"Ab",
+                                     u"ab", u"ab", u"\u00E4b", u"abacus", u"b"};
     std::vector<Text> shuffled = texts;
     for (size_t turn = 0; turn < texts.size(); ++turn) {
         std::rotate(shuffled.begin(), shuffled.begin() + 1, shuffled.end());

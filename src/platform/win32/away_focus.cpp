@@ -40,10 +40,10 @@ void AwayFocus::leave() {
     if (client) client->focusLeft();
 }
 
-void AwayFocus::replaced(HWND window, HWND with) {
-    if (!window_ || window != window_) return;
-    if (with)
-        window_ = with;
+void AwayFocus::replaced(HWND before, HWND after) {
+    if (!window_ || before != window_) return;
+    if (after)
+        window_ = after;
     else
         end();
 }

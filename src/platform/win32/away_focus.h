@@ -30,8 +30,8 @@ public:
     HWND window() const { return window_; }
     // Tells the window that it has lost the focus for good.
     void leave();
-    // The window goes; `with` takes its place, or is null.
-    void replaced(HWND window, HWND with);
+    // The window goes; `after` takes its place, or is null.
+    void replaced(HWND before, HWND after);
 
 private:
     static LRESULT CALLBACK watch(int code, WPARAM wParam, LPARAM lParam);
