@@ -10,6 +10,7 @@
 #include <commdlg.h>
 
 #include <algorithm>
+#include <cmath>
 
 namespace obk::server {
 
@@ -178,7 +179,7 @@ private:
         ReleaseDC(nullptr, screen);
         if (const auto* shared = present ? std::get_if<FontRef>(&*present) : nullptr; shared && *shared) {
             const FontDescription& description = (*shared)->description();
-            font.lfHeight = -static_cast<LONG>(description.size * dpi / 72 + 0.5);
+            font.lfHeight = -std::lround(description.size * dpi / 72);
             font.lfWeight = description.weight;
             font.lfCharSet = static_cast<BYTE>(description.charset);
             font.lfItalic = description.italic;

@@ -892,7 +892,7 @@ TEST_F(GridEditorsTest, AnEditorShowsItsTextAsTheCellDoes) {
                 EXPECT_EQ(editor.rect.left, cell.rect.left);
                 EXPECT_EQ(editor.rect.right, cell.rect.right);
                 const int32_t line = platform.appearance().metrics(cell.style.font, dpi).height();
-                EXPECT_NEAR(editor.rect.top, (cell.rect.top + cell.rect.bottom - line) / 2, 1);
+                EXPECT_NEAR(editor.rect.top, (cell.rect.top + cell.rect.bottom - line) / 2.0, 1);
                 call(u"BoxHide");
             }
         }

@@ -419,7 +419,7 @@ std::wstring droppedFiles() {
     std::wstring bytes(sizeof(DROPFILES) / sizeof(wchar_t), L'\0');
     reinterpret_cast<DROPFILES*>(bytes.data())->pFiles = sizeof(DROPFILES);
     reinterpret_cast<DROPFILES*>(bytes.data())->fWide = TRUE;
-    return bytes + std::wstring(L"C:\\a.txt\0C:\\b.txt\0", 19);
+    return bytes + std::wstring(L"C:\\a.txt\0C:\\b.txt\0\0", 19);
 }
 
 void putOnClipboard(std::initializer_list<std::pair<UINT, std::wstring>> contents) {
@@ -464,7 +464,7 @@ std::wstring askedOf(const container::Dispatch& data) {
 TEST_F(GridEditing, ADropTellsTheHostWhatWasDroppedAndWhere) {
     ComPtr<IDataObject> data;
     OleSetClipboard(nullptr);
-    putOnClipboard({{CF_UNICODETEXT, std::wstring(L"oak", 4)}, {CF_HDROP, droppedFiles()}});
+    putOnClipboard({{CF_UNICODETEXT, std::wstring(L"oak\0", 4)}, {CF_HDROP, droppedFiles()}});
     ASSERT_EQ(OleGetClipboard(data.put()), S_OK);
     std::wstring asked;
     std::vector<Variant> told;

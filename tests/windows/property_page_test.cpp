@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <olectl.h>
+
 #include <algorithm>
 
 namespace obk {
