@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <olectl.h>
 #include <shlobj.h>
 
 #include <algorithm>
