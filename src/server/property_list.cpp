@@ -152,7 +152,11 @@ private:
         Line* line = chosen();
         if (!line) return;
         std::optional<Value> value;
-        if (line->property->type == ValueType::colour) value = chooseColour(line->value);
+        if (line->property->type == ValueType::colour) {
+            COLORREF present = 0;
+            if (line->value) OleTranslateColor(std::get<OleColour>(*line->value).value, nullptr, &present);
+            if (const auto colour = page_.chooseColour(Rgb{present})) value = OleColour(*colour);
+        }
         if (line->property->type == ValueType::font) value = chooseFont(line->value);
         if (line->property->type == ValueType::picture) value = choosePicture();
         line = chosen();
@@ -160,17 +164,6 @@ private:
         line->value = std::move(value);
         changed(*line);
         showChosen();
-    }
-    std::optional<Value> chooseColour(const std::optional<Value>& present) const {
-        static COLORREF own[16] = {};
-        CHOOSECOLORW dialog{};
-        dialog.lStructSize = sizeof dialog;
-        dialog.hwndOwner = GetAncestor(window_, GA_ROOT);
-        dialog.lpCustColors = own;
-        dialog.Flags = CC_RGBINIT | CC_FULLOPEN;
-        if (present) OleTranslateColor(std::get<OleColour>(*present).value, nullptr, &dialog.rgbResult);
-        if (!ChooseColorW(&dialog)) return std::nullopt;
-        return Value(OleColour{dialog.rgbResult});
     }
     std::optional<Value> chooseFont(const std::optional<Value>& present) const {
         LOGFONTW font{};

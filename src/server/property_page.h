@@ -4,6 +4,7 @@
 #include "com/com_object.h"
 #include "framework/control_table.h"
 #include "library/property_pages.h"
+#include "platform/win32/colour_chooser.h"
 
 #include <windows.h>
 
@@ -45,6 +46,8 @@ public:
     std::optional<Value> value(const Member& property) const;
     HRESULT put(const Member& property, const Value& value) const;
     void changed();
+    // Asks the person, beginning with the present colour; none where that is cancelled.
+    std::optional<Rgb> chooseColour(Rgb present) { return colours_.choose(window_, {present, true, {}}); }
 
     HRESULT STDMETHODCALLTYPE SetPageSite(IPropertyPageSite* site) override;
     HRESULT STDMETHODCALLTYPE Activate(HWND parent, LPCRECT place, BOOL modal) override;
@@ -73,6 +76,7 @@ private:
     ComPtr<IPropertyPageSite> site_;
     HWND window_ = nullptr;
     HFONT font_ = nullptr;
+    win32::ColourChooser colours_;
     bool dirty_ = false;
     bool reading_ = false;
 };

@@ -2,8 +2,6 @@
 #include "server/property_page.h"
 #include "server/system_text.h"
 
-#include <commdlg.h>
-
 #include <algorithm>
 
 namespace obk::server {
@@ -55,7 +53,6 @@ public:
         button(L"Move &up", upNumber);
         button(L"Move &down", downNumber);
         button(L"Page &colour...", colourNumber);
-        page_window_ = page;
     }
 
     void read() override {
@@ -159,20 +156,15 @@ private:
         EnableWindow(caption_, at < tabs_.size());
     }
     void chooseColour(size_t at) {
-        static COLORREF own[16] = {};
-        CHOOSECOLORW dialog{};
-        dialog.lStructSize = sizeof dialog;
-        dialog.hwndOwner = GetAncestor(page_window_, GA_ROOT);
-        dialog.lpCustColors = own;
-        dialog.Flags = CC_RGBINIT | CC_FULLOPEN;
-        dialog.rgbResult = wcstoul(tabs_[at].colour.c_str(), nullptr, 10);
-        if (!ChooseColorW(&dialog) || at >= tabs_.size()) return;
-        tabs_[at].colour = std::to_wstring(dialog.rgbResult);
+        const Rgb present{static_cast<uint32_t>(wcstoul(tabs_[at].colour.c_str(), nullptr, 10))};
+        const auto colour = page_.chooseColour(present);
+        if (!colour || at >= tabs_.size()) return;
+        tabs_[at].colour = std::to_wstring(colour->value);
         change(at);
     }
 
     PropertyPage& page_;
-    HWND page_window_ = nullptr, list_ = nullptr, caption_ = nullptr;
+    HWND list_ = nullptr, caption_ = nullptr;
     std::vector<Tab> tabs_;
     bool showing_ = false;
 };
