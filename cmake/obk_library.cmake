@@ -1,13 +1,14 @@
-# obk_add_library(<target> [FAST] [SYSTEM] [ROOT <folder>] [LINKS <targets>...] SOURCES <files>...)
+# obk_add_library(<target> [SYSTEM] [ROOT <folder>] [LINKS <targets>...] SOURCES <files>... [FAST <files>...])
 #
 # A static library of the folder it is called in. Others include its headers as "<folder>/<header>", and
 # only those who link it can: the include path of a target holds nothing but a link to its own folder, so
 # that an include of a higher level does not compile.
-# FAST: on the way of every call from a host, or of every cell; the rest of a product is built for size.
+# FAST: which of the files are on the way of every call from a host, or of every cell; the rest of a product
+# is built for size.
 # SYSTEM: it speaks to the platform itself.
 # ROOT is the folder which include paths start from (default: src).
 function(obk_add_library target)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "FAST;SYSTEM" "ROOT" "LINKS;SOURCES")
+    cmake_parse_arguments(PARSE_ARGV 1 arg "SYSTEM" "ROOT" "LINKS;SOURCES;FAST")
     if(NOT arg_ROOT)
         set(arg_ROOT src)
     endif()
@@ -24,7 +25,8 @@ function(obk_add_library target)
         target_include_directories(${target} PUBLIC "${includes}")
         target_link_libraries(${target} PUBLIC ${arg_LINKS} PRIVATE obk_warnings)
         if(arg_FAST AND WIN32)
-            target_compile_options(${target} PRIVATE -O2)
+            # Without the headers that are compiled beforehand, which are compiled for size.
+            set_source_files_properties(${arg_FAST} PROPERTIES COMPILE_OPTIONS -O2 SKIP_PRECOMPILE_HEADERS ON)
         endif()
         if(OBK_FUZZ)
             # What fuzzers steer by; a test that links it runs as before.

@@ -16,6 +16,8 @@ endif()
 add_compile_options(-ffunction-sections -fdata-sections -fstack-protector-strong)
 
 if(WIN32)
+    # The names of types would be a thirtieth of a server, and nothing asks for a type at run time.
+    add_compile_options($<$<COMPILE_LANGUAGE:CXX>:-fno-rtti>)
     # Nothing of the place where it was built gets into a product.
     add_compile_options(-ffile-prefix-map=${PROJECT_SOURCE_DIR}/=)
     add_compile_definitions(UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN _WIN32_WINNT=0x0601 WINVER=0x0601)

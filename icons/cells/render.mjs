@@ -1,8 +1,8 @@
 // Renders the catalogue's icons into the file that the server embeds: node render.mjs <set's icons.json> <output>
 //
-// All numbers are 32 bits, low byte first: the count of icons; where each icon's four parts begin, and where the last
-// one ends; the parts. They are its key (ASCII) and a picture of each size, compressed by itself (zlib):
-// premultiplied 0xAARRGGBB, row by row from the top.
+// All numbers are 32 bits, low byte first: the count of icons; where each part begins, and where the last one ends;
+// the parts. They are the keys (ASCII), then for each size the pictures, eight icons after one another compressed
+// together (zlib): premultiplied 0xAARRGGBB, row by row from the top.
 import { execFileSync } from 'node:child_process';
 import { mkdtempSync, readdirSync, renameSync, rmSync, statSync, writeFileSync } from 'node:fs';
 import { tmpdir } from 'node:os';
@@ -12,6 +12,8 @@ import { deflateSync } from 'node:zlib';
 import { pictureSource, placed, readCatalogue, svgDocument } from './catalogue.mjs';
 
 const sizes = [16, 24, 32];
+/** So many have much in common, and are little to unpack for the sake of one. */
+const groupSize = 8;
 const columns = 16;
 const here = dirname(fileURLToPath(import.meta.url));
 const [set, output] = process.argv.slice(2);
@@ -50,10 +52,15 @@ function rendered(icons, source, size, folder) {
 }
 
 function packed(icons, pictures) {
-    const parts = icons.flatMap(({ key }, index) => [
-        Buffer.from(key, 'ascii'),
-        ...pictures.map((ofSize) => deflateSync(ofSize[index], { level: 9 })),
-    ]);
+    const groups = pictures.flatMap((ofSize) =>
+        Array.from({ length: Math.ceil(icons.length / groupSize) }, (_, group) =>
+            Buffer.concat(ofSize.slice(group * groupSize, (group + 1) * groupSize)),
+        ),
+    );
+    const parts = [
+        ...icons.map(({ key }) => Buffer.from(key, 'ascii')),
+        ...groups.map((group) => deflateSync(group, { level: 9 })),
+    ];
     const numbers = [icons.length];
     let end = 4 * (parts.length + 2);
     for (const part of parts) {

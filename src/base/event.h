@@ -1,7 +1,6 @@
 // A notification that any number of listeners may connect to, safe against every re-entry.
 #pragma once
 
-#include <cstddef>
 #include <functional>
 #include <memory>
 #include <utility>
@@ -31,6 +30,23 @@ private:
     std::shared_ptr<bool> live_;
 };
 
+// The listeners of an event, whatever their arguments are.
+class ListenerList {
+public:
+    struct Entry {
+        std::shared_ptr<bool> live;
+        std::shared_ptr<const void> listener;
+    };
+    using Entries = std::vector<Entry>;
+
+    Connection add(std::shared_ptr<const void> listener);
+    // Null while nobody has ever listened. It is replaced, never changed, so a copy stays whole.
+    std::shared_ptr<const Entries> entries() const { return entries_; }
+
+private:
+    std::shared_ptr<const Entries> entries_;
+};
+
 // Raised by calling it. Arguments are passed on as declared, so a reference lets a listener answer.
 // A listener may connect, disconnect, raise again or destroy the event itself while it is raised.
 template <typename... Arguments>
@@ -43,32 +59,19 @@ public:
     Event& operator=(const Event&) = delete;
 
     [[nodiscard]] Connection connect(Listener listener) {
-        auto live = std::make_shared<bool>(true);
-        auto grown = std::make_shared<Listeners>();
-        for (const Entry& entry : *listeners_) {
-            if (*entry.live) grown->push_back(entry);
-        }
-        grown->push_back({live, std::make_shared<Listener>(std::move(listener))});
-        listeners_ = std::move(grown);
-        return Connection(std::move(live));
+        return listeners_.add(std::make_shared<const Listener>(std::move(listener)));
     }
 
     void operator()(Arguments... arguments) const {
-        // The list is replaced, never changed, so this copy stays whole whatever a listener does.
-        const auto listeners = listeners_;
-        for (const Entry& entry : *listeners) {
-            if (*entry.live) (*entry.listener)(arguments...);
+        const auto entries = listeners_.entries();
+        if (!entries) return;
+        for (const ListenerList::Entry& entry : *entries) {
+            if (*entry.live) (*static_cast<const Listener*>(entry.listener.get()))(arguments...);
         }
     }
 
 private:
-    struct Entry {
-        std::shared_ptr<bool> live;
-        std::shared_ptr<Listener> listener;
-    };
-    using Listeners = std::vector<Entry>;
-
-    std::shared_ptr<const Listeners> listeners_ = std::make_shared<const Listeners>();
+    ListenerList listeners_;
 };
 
 }  // namespace obk

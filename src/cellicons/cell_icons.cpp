@@ -18,16 +18,18 @@ namespace {
 
 using Bytes = std::span<const unsigned char>;
 
+// So many icons of a size are unpacked at once; as many as render.mjs packs.
+constexpr size_t groupSize = 8;
+
 uint32_t number(size_t at) {
     uint32_t read = 0;
     std::memcpy(&read, obkCellIcons + 4 * at, sizeof read);
     return read;
 }
 
-// Of an icon that there is: part 0 is its key, the others are its pictures in the order of the sizes.
-Bytes part(int32_t index, size_t which) {
-    const size_t at = 1 + static_cast<size_t>(index - 1) * (1 + sizes.size()) + which;
-    return {obkCellIcons + number(at), obkCellIcons + number(at + 1)};
+// The keys come first, then the groups of pictures, size by size.
+Bytes part(size_t which) {
+    return {obkCellIcons + number(1 + which), obkCellIcons + number(2 + which)};
 }
 
 bool contains(int32_t index) {
@@ -55,7 +57,7 @@ int32_t count() {
 
 Text key(int32_t index) {
     if (!contains(index)) return {};
-    const Bytes key = part(index, 0);
+    const Bytes key = part(static_cast<size_t>(index - 1));
     return Text(key.begin(), key.end());
 }
 
@@ -69,14 +71,20 @@ std::optional<int32_t> indexOf(TextView key) {
 std::vector<uint32_t> pixels(int32_t index, int32_t size) {
     const auto found = std::find(sizes.begin(), sizes.end(), size);
     if (!contains(index) || found == sizes.end()) return {};
-    const Bytes packed = part(index, 1 + static_cast<size_t>(found - sizes.begin()));
-    std::vector<uint32_t> unpacked(static_cast<size_t>(size) * static_cast<size_t>(size));
+    // Neighbours are packed together: there is not much to one icon that others do not have.
+    const auto icons = static_cast<size_t>(count()), at = static_cast<size_t>(index - 1);
+    const size_t group = at / groupSize, groups = (icons + groupSize - 1) / groupSize;
+    const size_t held = std::min(groupSize, icons - group * groupSize);
+    const Bytes packed = part(icons + static_cast<size_t>(found - sizes.begin()) * groups + group);
+    const auto area = static_cast<size_t>(size) * static_cast<size_t>(size);
+    std::vector<uint32_t> unpacked(held * area);
     auto length = static_cast<uLongf>(unpacked.size() * sizeof(uint32_t));
     // The pictures are part of the program: what can fail is memory.
     if (uncompress(reinterpret_cast<Bytef*>(unpacked.data()), &length, packed.data(),
                    static_cast<uLong>(packed.size())) != Z_OK)
         throw std::bad_alloc();
-    return unpacked;
+    const auto first = unpacked.begin() + static_cast<std::ptrdiff_t>(at % groupSize * area);
+    return {first, first + static_cast<std::ptrdiff_t>(area)};
 }
 
 }  // namespace obk::cell_icons

@@ -20,7 +20,8 @@ Text key(int32_t index);
 // By its exact key; nothing for a key that no icon has.
 std::optional<int32_t> indexOf(TextView key);
 
-// One icon in one of the sizes: premultiplied 0xAARRGGBB, row by row from the top. Unpacked at each call;
+// One icon in one of the sizes: premultiplied 0xAARRGGBB, row by row from the top. Unpacked at each call,
+// with its neighbours;
 // empty where there is no such icon or size.
 std::vector<uint32_t> pixels(int32_t index, int32_t size);
 

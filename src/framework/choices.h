@@ -8,18 +8,19 @@
 namespace obk {
 
 inline std::span<const EnumerationValue> borderChoices() {
-    static const EnumerationValue values[] = {{u"None", 0, u"No border"}, {u"Single", 1, u"A border"}};
+    static constexpr EnumerationValue values[] = {{u"None", 0, u"No border"}, {u"Single", 1, u"A border"}};
     return values;
 }
 
 inline std::span<const EnumerationValue> alignmentChoices() {
-    static const EnumerationValue values[] = {
+    static constexpr EnumerationValue values[] = {
         {u"Left", 0, u"At the left"}, {u"Right", 1, u"At the right"}, {u"Centre", 2, u"In the middle"}};
     return values;
 }
 
 inline std::span<const EnumerationValue> sideChoices() {
-    static const EnumerationValue values[] = {{u"Right", 0, u"At the right"}, {u"Left", 1, u"At the left"}};
+    static constexpr EnumerationValue values[] = {{u"Right", 0, u"At the right"},
+                                                  {u"Left", 1, u"At the left"}};
     return values;
 }
 

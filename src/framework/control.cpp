@@ -210,7 +210,7 @@ KeyRoute Control::preTranslate(const KeyEvent& event) {
 }
 
 AccessibleItem Control::describeSurface() const {
-    return {AccessibleItem::Role::client, table().name, {}, root_.pixelBounds(), true, false};
+    return {AccessibleItem::Role::client, Text(table().name), {}, root_.pixelBounds(), true, false};
 }
 
 void Control::propertyChanged(const void* token) {

@@ -63,7 +63,7 @@ const Member* ControlTable::notifiedProperty(TextView persistedName) const {
     return nullptr;
 }
 
-const Text& ControlTable::notificationName(const Member& property) const {
+TextView ControlTable::notificationName(const Member& property) const {
     for (const NotificationOverride& entry : overrides_) {
         if (entry.number == property.number) return entry.name;
     }

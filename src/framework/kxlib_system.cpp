@@ -56,7 +56,8 @@ Text GetWindowsVersion(Platform& platform) {
 
 Look lookOfSystem(Platform& platform) {
     constexpr double newestClassic = 4.99;
-    return leadingNumber(GetWindowsVersion(platform)) > newestClassic ? Look::flat : Look::classic;
+    if (!platform.systemVersion) platform.systemVersion = GetWindowsVersion(platform);
+    return leadingNumber(*platform.systemVersion) > newestClassic ? Look::flat : Look::classic;
 }
 
 }  // namespace obk

@@ -8,35 +8,44 @@
 #include <functional>
 #include <optional>
 #include <span>
+#include <variant>
 #include <vector>
 
 namespace obk {
 
 class Control;
 
+// All names and help texts of tables are literals.
+
 // One value of a public enumeration.
 struct EnumerationValue {
-    Text name;
+    TextView name;
     int32_t value = 0;
-    Text help;
+    TextView help;
 };
 
 // A public enumeration that properties refer to.
 struct Enumeration {
-    Text name;
+    TextView name;
     Guid id;
-    Text help;
-    std::vector<EnumerationValue> values;
+    TextView help;
+    std::span<const EnumerationValue> values;
 };
 
 // That a method or an event may have.
 constexpr size_t mostParameters = 8;
 
+// Of an argument that may be left out, as may all after it.
+using ArgumentDefault = std::variant<std::monostate, bool, OleColour, TextView>;
+Value valueOf(const ArgumentDefault& value);
+
 struct Parameter {
-    Text name;
+    TextView name;
     ValueType type = ValueType::empty;
-    bool byReference = false;           // what the callee changes, the caller sees
-    std::optional<Value> defaultValue;  // of an argument that may be left out, as may all after it
+    bool byReference = false;  // what the callee changes, the caller sees
+    ArgumentDefault defaultValue;
+
+    bool mayBeLeftOut() const { return defaultValue.index() != 0; }
 };
 
 enum class MemberKind : uint8_t { property, method, event };
@@ -46,8 +55,8 @@ struct Member {
     MemberKind kind = MemberKind::method;
     // The dispatch identifier, from 1; properties and methods share one sequence, events have theirs.
     int32_t number = 0;
-    Text name;
-    Text help;
+    TextView name;
+    TextView help;
     ValueType type = ValueType::empty;         // of a property's value or a method's result; empty: no result
     const Enumeration* enumeration = nullptr;  // the values of a longInteger that has names
     // Names for the values of a number that has no public enumeration, for people at a property browser.

@@ -27,11 +27,12 @@ CallStatus callMethod(Control& control, const Member& member, std::span<Value> a
     if (!member.call) return CallStatus::noSuchMember;
     if (arguments.size() != member.parameters.size()) return CallStatus::wrongArgumentCount;
     CallStatus status = CallStatus::done;
-    attempt([&] {
+    const bool answered = attempt([&] {
         for (size_t at = 0; at < arguments.size(); ++at) {
             const Parameter& parameter = member.parameters[at];
             Value& own = arguments[at];
-            if (typeOf(own) == ValueType::empty && parameter.defaultValue) own = *parameter.defaultValue;
+            if (typeOf(own) == ValueType::empty && parameter.mayBeLeftOut())
+                own = valueOf(parameter.defaultValue);
             if (typeOf(own) == parameter.type) continue;
             std::optional<Value> fitting = converted(own, parameter.type);
             if (!fitting) {
@@ -40,9 +41,10 @@ CallStatus callMethod(Control& control, const Member& member, std::span<Value> a
             }
             own = std::move(*fitting);
         }
-        result = *converted(Value(), member.type);  // what a failing call answers
         member.call(control, arguments, result);
     });
+    // What a failing call answers.
+    if (!answered) attempt([&] { result = *converted(Value(), member.type); });
     return status;
 }
 

@@ -4,19 +4,19 @@
 #include "framework/member.h"
 #include "framework/value_type_of.h"
 
-#include <iterator>
+#include <array>
 #include <type_traits>
-#include <utility>
 
 namespace obk {
 
 // An argument's name, and the value that it has where a host leaves it out.
 struct ParameterName {
-    ParameterName(const char16_t* own) : name(own) {}
-    ParameterName(const char16_t* own, Value otherwise) : name(own), defaultValue(std::move(otherwise)) {}
+    constexpr ParameterName(const char16_t* own) : name(own) {}
+    constexpr ParameterName(const char16_t* own, ArgumentDefault otherwise)
+        : name(own), defaultValue(otherwise) {}
 
     TextView name;
-    std::optional<Value> defaultValue;
+    ArgumentDefault defaultValue;
 };
 
 // As many names as a member has parameters; the compiler counts them.
@@ -25,12 +25,18 @@ using ParameterNames = const ParameterName (&)[Count];
 
 namespace detail {
 
-template <typename T>
-Parameter parameterOf(const ParameterName& name) {
-    constexpr bool byReference =
-        std::is_lvalue_reference_v<T> && !std::is_const_v<std::remove_reference_t<T>>;
-    return {Text(name.name), valueTypeOf<T>(), byReference, name.defaultValue};
-}
+struct ParameterType {
+    ValueType type;
+    bool byReference;
+};
+
+template <typename... Arguments>
+inline constexpr std::array<ParameterType, sizeof...(Arguments)> parameterTypes{ParameterType{
+    valueTypeOf<Arguments>(),
+    std::is_lvalue_reference_v<Arguments> && !std::is_const_v<std::remove_reference_t<Arguments>>}...};
+
+std::vector<Parameter> parametersOf(std::span<const ParameterType> types,
+                                    std::span<const ParameterName> names);
 
 template <typename... Arguments>
 std::vector<Parameter> parametersOf() {
@@ -42,8 +48,7 @@ template <typename... Arguments, size_t Count>
 std::vector<Parameter> parametersOf(ParameterNames<Count> names) {
     static_assert(sizeof...(Arguments) == Count, "each parameter has one name");
     static_assert(Count <= mostParameters, "a call's arguments have no room");
-    auto name = std::begin(names);
-    return {parameterOf<Arguments>(*name++)...};
+    return parametersOf(parameterTypes<Arguments...>, names);
 }
 
 }  // namespace detail

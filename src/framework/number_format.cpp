@@ -1,9 +1,8 @@
 #include "framework/number_format.h"
 
+#include "framework/decimal_digits.h"
 #include "framework/value.h"
 
-#include <array>
-#include <charconv>
 #include <cmath>
 #include <string>
 
@@ -14,18 +13,7 @@ std::optional<Text> fixedText(double number, int32_t places) {
     constexpr int significantDigits = 15;
     if (!std::isfinite(number) || places < 0 || places > mostPlaces) return std::nullopt;
 
-    std::array<char, 40> buffer{};
-    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::abs(number),
-                                   std::chars_format::scientific, significantDigits - 1)
-                         .ptr;
-    // "d.ddde±xx": the digits without their point, and the place of the point among them.
-    const std::string_view scientific(buffer.data(), static_cast<size_t>(end - buffer.data()));
-    const size_t exponentAt = scientific.find('e');
-    int exponent = 0;
-    std::from_chars(scientific.data() + exponentAt + (scientific[exponentAt + 1] == '+' ? 2 : 1), end,
-                    exponent);
-    std::string digits(1, scientific[0]);
-    digits += scientific.substr(2, exponentAt - 2);
+    auto [digits, exponent] = decimalDigits(number, significantDigits);
     int pointAt = exponent + 1;
 
     if (pointAt <= 0) {

@@ -47,14 +47,14 @@ void TableRows::addSaved(const void* token) {
 }
 
 void TableRows::addNotification(int32_t number, TextView name) {
-    table.overrides_.push_back({number, Text(name)});
+    table.overrides_.push_back({number, name});
 }
 
 std::vector<Text> TableRows::faults() const {
     std::vector<Text> found;
     const auto check = [&found](const std::vector<Member>& rows) {
         for (auto row = rows.begin(); row != rows.end(); ++row) {
-            const auto fault = [&](TextView what) { found.push_back(row->name + u": " + Text(what)); };
+            const auto fault = [&](TextView what) { found.push_back(Text(row->name).append(u": ").append(what)); };
             if (row->number < 1) fault(u"its number is below 1");
             if (row->name.empty()) fault(u"a row without a name");
             if (std::any_of(rows.begin(), row, [&](const Member& at) { return at.number == row->number; }))
@@ -65,8 +65,8 @@ std::vector<Text> TableRows::faults() const {
             bool mayBeLeftOut = false;
             for (const Parameter& parameter : row->parameters) {
                 if (parameter.name.empty()) fault(u"a parameter without a name");
-                if (mayBeLeftOut && !parameter.defaultValue) fault(u"a default is missing");
-                mayBeLeftOut = parameter.defaultValue.has_value();
+                if (mayBeLeftOut && !parameter.mayBeLeftOut()) fault(u"a default is missing");
+                mayBeLeftOut = parameter.mayBeLeftOut();
             }
         }
     };
@@ -76,7 +76,7 @@ std::vector<Text> TableRows::faults() const {
     for (const auto& notified : table.overrides_) {
         if (std::none_of(table.members.begin(), table.members.end(),
                          [&](const Member& at) { return at.number == notified.number; }))
-            found.push_back(notified.name + u": notified for no property");
+            found.push_back(Text(notified.name) + u": notified for no property");
     }
     return found;
 }

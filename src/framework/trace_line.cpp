@@ -99,7 +99,7 @@ Text traceLine(TextView time, const LeftUndone& undone) {
     const AtWork* const work = innermost;
     Text line = Text(time) + u" ";
     if (work)
-        line += work->control_->table().name + u" " + orDash(nameOf(*work->control_)) + u" " +
+        line += Text(work->control_->table().name) + u" " + orDash(nameOf(*work->control_)) + u" " +
                 orDash(work->member_);
     else
         line += u"- - -";

@@ -1,7 +1,8 @@
 #include "framework/value.h"
 
+#include "framework/decimal_digits.h"
+
 #include <algorithm>
-#include <array>
 #include <charconv>
 #include <cmath>
 #include <limits>
@@ -66,19 +67,7 @@ Text numberText(double number, int digits) {
     if (std::isnan(number)) return u"-1.#IND";
     if (std::isinf(number)) return number > 0 ? u"1.#INF" : u"-1.#INF";
     if (number == 0) return u"0";
-    std::array<char, 64> buffer{};
-    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), number,
-                                   std::chars_format::scientific, digits - 1)
-                         .ptr;
-    const std::string_view scientific(buffer.data(), static_cast<size_t>(end - buffer.data()));
-    const size_t exponentAt = scientific.find('e');
-    int exponent = 0;
-    const char* exponentText = scientific.data() + exponentAt + (scientific[exponentAt + 1] == '+' ? 2 : 1);
-    std::from_chars(exponentText, end, exponent);
-    std::string mantissa;
-    for (const char unit : scientific.substr(0, exponentAt)) {
-        if (unit >= '0' && unit <= '9') mantissa.push_back(unit);
-    }
+    auto [mantissa, exponent] = decimalDigits(number, digits);
     mantissa.erase(mantissa.find_last_not_of('0') + 1);
 
     std::string text = number < 0 ? "-" : "";

@@ -79,8 +79,8 @@ const ControlTable& GridEdit::memberTable() {
                                      u"Font and fore colour of a cell; the size in points",
                                      {u"rowno",
                                       u"colno",
-                                      {u"sFont", Text()},
-                                      {u"Size", Text()},
+                                      {u"sFont", TextView()},
+                                      {u"Size", TextView()},
                                       {u"Bold", false},
                                       {u"StrikeThru", false},
                                       {u"oleForeColor", grey}})
@@ -88,8 +88,8 @@ const ControlTable& GridEdit::memberTable() {
                                        u"Font and fore colour of a cell, as CellFontSet",
                                        {u"rowno",
                                         u"colno",
-                                        {u"sFont", Text()},
-                                        {u"Size", Text()},
+                                        {u"sFont", TextView()},
+                                        {u"Size", TextView()},
                                         {u"Bold", false},
                                         {u"StrikeThru", false},
                                         {u"oleForeColor", grey}})

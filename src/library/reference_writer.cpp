@@ -11,7 +11,7 @@ namespace obk {
 namespace {
 
 Text nameOfType(const Member& member) {
-    return member.enumeration ? member.enumeration->name : Text(typeName(member.type));
+    return Text(member.enumeration ? member.enumeration->name : typeName(member.type));
 }
 
 Text code(TextView text) {
@@ -111,9 +111,9 @@ public:
     explicit ReferenceWriter(Control& fresh) : fresh_(fresh), table_(fresh.table()) {}
 
     Text write() {
-        line(u"# " + table_.name);
+        line(u"# " + Text(table_.name));
         line();
-        line(table_.help + u".");
+        line(Text(table_.help) + u".");
         line();
         line(u"Programmatic identifier: " + code(programmaticId(table_)) +
              (table_.takesFocus ? u"" : u". Never takes the focus."));
@@ -181,7 +181,7 @@ private:
         line(u"| " + decimalText(member.number) + u" | " + code(member.name) + access + u" | " +
              nameOfType(member) + u" | " + (value ? keyCell(*value) : Text()) + u" | " + cell(placed) +
              u" | " + (value ? cell(value->readDefault) : Text()) + u" | " +
-             (value ? cell(value->writeDefault) : Text()) + u" | " + member.help + u" |");
+             (value ? cell(value->writeDefault) : Text()) + u" | " + Text(member.help) + u" |");
     }
 
     void writeMethods() {
@@ -196,7 +196,7 @@ private:
             }
             const Text result = member.type == ValueType::empty ? Text() : u" As " + nameOfType(member);
             line(u"| " + decimalText(member.number) + u" | " + code(signature(member) + result) + u" | " +
-                 member.help + u" |");
+                 Text(member.help) + u" |");
         }
         if (!any) line(u"None.");
     }
@@ -212,18 +212,18 @@ private:
         line(u"| no. | event | |");
         line(u"|---|---|---|");
         for (const Member& event : table_.events)
-            line(u"| " + decimalText(event.number) + u" | " + code(signature(event)) + u" | " + event.help +
+            line(u"| " + decimalText(event.number) + u" | " + code(signature(event)) + u" | " + Text(event.help) +
                  u" |");
     }
 
     static Text signature(const Member& member) {
-        Text text = member.name + u"(";
+        Text text = Text(member.name) + u"(";
         for (size_t at = 0; at < member.parameters.size(); ++at) {
             const Parameter& parameter = member.parameters[at];
             text += at == 0 ? u"" : u", ";
             text += parameter.byReference ? u"ByRef " : u"";
-            text += parameter.name + u" As " + Text(typeName(parameter.type));
-            if (parameter.defaultValue) text += u" = " + valueText(*parameter.defaultValue);
+            text += Text(parameter.name) + u" As " + Text(typeName(parameter.type));
+            if (parameter.mayBeLeftOut()) text += u" = " + valueText(valueOf(parameter.defaultValue));
         }
         return text + u")";
     }
@@ -267,12 +267,12 @@ private:
                 continue;
             written.push_back(enumeration);
             beginSection(enumeration->name);
-            line(enumeration->help + u".");
+            line(Text(enumeration->help) + u".");
             line();
             line(u"| value | name | |");
             line(u"|---|---|---|");
             for (const EnumerationValue& value : enumeration->values)
-                line(u"| " + decimalText(value.value) + u" | " + code(value.name) + u" | " + value.help +
+                line(u"| " + decimalText(value.value) + u" | " + code(value.name) + u" | " + Text(value.help) +
                      u" |");
         }
     }
@@ -291,7 +291,7 @@ std::string writeReference(Control& fresh) {
 std::string writeReferenceIndex(const Library& library) {
     Text text = u"# Reference\n\nMade from the controls' member tables.\n\n";
     for (const ControlTable* table : publicControls(library))
-        text += u"- [" + table->name + u"](" + table->name + u".md): " + table->help + u"\n";
+        text += u"- [" + Text(table->name) + u"](" + Text(table->name) + u".md): " + Text(table->help) + u"\n";
     return toUtf8(text);
 }
 

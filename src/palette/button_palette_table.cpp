@@ -5,46 +5,47 @@
 namespace obk {
 
 const Enumeration& buttonTypes() {
+    static constexpr EnumerationValue values[] = {
+        {u"CButton", 1, u"A button"},
+        {u"CFlat", 2, u"A flat button"},
+        {u"CSoft", 3, u"A button with soft edges"},
+        {u"CRaised", 4, u"A raised button"},
+        {u"CSunken", 5, u"A sunken button"},
+        {u"CEtched", 6, u"A button with etched edges"},
+        {u"CBump", 7, u"A button with embossed edges"},
+        {u"CFramed", 8, u"A button with a frame"},
+        {u"CBorderless", 9, u"A button without edges"},
+        {u"CToolbar", 10, u"A button of a toolbar"},
+        {u"CHover", 11, u"A button with edges under the mouse"},
+        {u"CLink", 12, u"A button like a link"},
+        {u"CSplit", 13, u"A button with a part of its own for the arrow"},
+        {u"CDropDown", 14, u"A button that drops something down"}};
     static const Enumeration enumeration{
         u"ButtonTypesdd",
         {0x16937dea, 0xbfde, 0x448b, {0xba, 0x9e, 0x42, 0xec, 0x91, 0xfb, 0x0c, 0x16}},
         u"Kinds of a button; all look the same, and a form keeps which one it was given",
-        {{u"CButton", 1, u"A button"},
-         {u"CFlat", 2, u"A flat button"},
-         {u"CSoft", 3, u"A button with soft edges"},
-         {u"CRaised", 4, u"A raised button"},
-         {u"CSunken", 5, u"A sunken button"},
-         {u"CEtched", 6, u"A button with etched edges"},
-         {u"CBump", 7, u"A button with embossed edges"},
-         {u"CFramed", 8, u"A button with a frame"},
-         {u"CBorderless", 9, u"A button without edges"},
-         {u"CToolbar", 10, u"A button of a toolbar"},
-         {u"CHover", 11, u"A button with edges under the mouse"},
-         {u"CLink", 12, u"A button like a link"},
-         {u"CSplit", 13, u"A button with a part of its own for the arrow"},
-         {u"CDropDown", 14, u"A button that drops something down"}},
-    };
+        values};
     return enumeration;
 }
 
 const Enumeration& palettes() {
+    static constexpr EnumerationValue values[] = {{u"QP8X2", 0, u"16 colours"},
+                                                  {u"QP9X3", 1, u"27 colours"},
+                                                  {u"QP8X8", 2, u"64 colours"},
+                                                  {u"QP16X8", 3, u"128 colours"},
+                                                  {u"QP24X8", 4, u"192 colours"},
+                                                  {u"QP24X10", 5, u"240 colours"},
+                                                  {u"QP8X4X4", 6, u"8 base colours with 16 shades each"},
+                                                  {u"QP8X8X6", 7, u"8 base colours with 48 shades each"},
+                                                  {u"QP12X6X6", 8, u"12 base colours with 36 shades each"},
+                                                  {u"QP16X8X6", 9, u"16 base colours with 48 shades each"},
+                                                  {u"QP24X8X6", 10, u"24 base colours with 48 shades each"},
+                                                  {u"QP32X8X6", 11, u"32 base colours with 48 shades each"}};
     static const Enumeration enumeration{
         u"enQUILLPalette",
         {0x2b461ffe, 0x42cf, 0x40ec, {0x97, 0x29, 0x0d, 0x02, 0xb7, 0x90, 0x2d, 0x85}},
         u"Palettes: columns by rows, or base colours by rows by columns of shades",
-        {{u"QP8X2", 0, u"16 colours"},
-         {u"QP9X3", 1, u"27 colours"},
-         {u"QP8X8", 2, u"64 colours"},
-         {u"QP16X8", 3, u"128 colours"},
-         {u"QP24X8", 4, u"192 colours"},
-         {u"QP24X10", 5, u"240 colours"},
-         {u"QP8X4X4", 6, u"8 base colours with 16 shades each"},
-         {u"QP8X8X6", 7, u"8 base colours with 48 shades each"},
-         {u"QP12X6X6", 8, u"12 base colours with 36 shades each"},
-         {u"QP16X8X6", 9, u"16 base colours with 48 shades each"},
-         {u"QP24X8X6", 10, u"24 base colours with 48 shades each"},
-         {u"QP32X8X6", 11, u"32 base colours with 48 shades each"}},
-    };
+        values};
     return enumeration;
 }
 

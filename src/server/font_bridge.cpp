@@ -132,7 +132,8 @@ FontRef fontFromObject(IUnknown* object) {
 
 ComPtr<IDispatch> objectFromFont(const FontRef& font) {
     if (!font) return nullptr;
-    if (const auto* counterpart = dynamic_cast<FontCounterpart*>(font->counterpart()))
+    // Nobody but this bridge gives a font of this process a counterpart.
+    if (const auto* counterpart = static_cast<FontCounterpart*>(font->counterpart()))
         return counterpart->dispatch();
     const FontDescription& description = font->description();
     FONTDESC wanted{};

@@ -145,7 +145,7 @@ HRESULT place(const Member& method, const DISPPARAMS& arguments, Places& places,
     bool tellsChanges = false;
     for (size_t at = 0; at < values.size(); ++at) {
         if (places[at] == none || isLeftOut(arguments.rgvarg[places[at]])) {
-            if (method.parameters[at].defaultValue) continue;
+            if (method.parameters[at].mayBeLeftOut()) continue;
             if (places[at] != none) setWrongArgument(wrongArgument, places[at]);
             return DISP_E_PARAMNOTOPTIONAL;
         }

@@ -114,7 +114,8 @@ PictureRef pictureFromObject(IUnknown* object) {
 
 ComPtr<IDispatch> objectFromPicture(const PictureRef& picture) {
     if (!picture) return nullptr;
-    if (const auto* counterpart = dynamic_cast<PictureCounterpart*>(picture->counterpart()))
+    // Nobody but this bridge gives a picture of this process a counterpart.
+    if (const auto* counterpart = static_cast<PictureCounterpart*>(picture->counterpart()))
         return counterpart->dispatch();
     PICTDESC wanted{};
     wanted.cbSizeofstruct = sizeof wanted;

@@ -100,7 +100,7 @@ public:
 
 private:
     static std::wstring textOf(const Line& line) {
-        Text text = line.property->name;
+        Text text(line.property->name);
         text.append(u"\t");
         if (line.value) text.append(shownText(*line.property, *line.value));
         return toWide(text);

@@ -168,7 +168,8 @@ HRESULT fromPlain(const VARIANT& plain, ValueType wanted, int depth, Value& valu
 
 // With a reference for the caller; null for no object.
 IUnknown* objectOf(const ObjectRef& value) {
-    const auto* native = dynamic_cast<const win32::NativeObject*>(value.get());
+    // The only kind of object that there is in a process with this platform.
+    const auto* native = static_cast<const win32::NativeObject*>(value.get());
     return native ? native->object().share() : nullptr;
 }
 
@@ -188,6 +189,14 @@ HRESULT valueFromVariant(const VARIANT& variant, ValueType wanted, Value& value)
     // What most calls bring, without a detour.
     if (V_VT(&variant) == VT_R8 && wanted == ValueType::doubleFloat) {
         value = V_R8(&variant);
+        return S_OK;
+    }
+    if (V_VT(&variant) == VT_I4 && wanted == ValueType::longInteger) {
+        value = static_cast<int32_t>(V_I4(&variant));
+        return S_OK;
+    }
+    if (V_VT(&variant) == VT_BSTR && wanted == ValueType::text) {
+        value.emplace<Text>(viewOfBstr(V_BSTR(&variant)));
         return S_OK;
     }
     VARIANT plain;

@@ -11,7 +11,7 @@ protected:
     TableRowsTest() {
         rows.add(MemberKind::property, 1, u"First", u"Help", &first_);
         rows.add(MemberKind::method, 2, u"Second", u"Help", nullptr).parameters = {
-            {u"Left", {}, false, {}}, {u"Right", {}, false, Value(1)}};
+            {u"Left", {}, false, {}}, {u"Right", {}, false, true}};
         rows.add(MemberKind::event, 1, u"First", u"Help", nullptr);
         rows.addPersisted({u"FIRST", Value(0)}, ValueType::longInteger, &first_).get = [](const Control&,
                                                                                           Value&) {};
@@ -42,16 +42,16 @@ TEST_F(TableRowsTest, ANumberOrNameStandsOnceAmongMembersAndOnceAmongEvents) {
     EXPECT_EQ(rows.faults().size(), 2u);
     rows.table.events.pop_back();
     second().number = 0;
-    second().name.clear();
+    second().name = {};
     EXPECT_EQ(rows.faults().size(), 2u);
 }
 
 TEST_F(TableRowsTest, ParametersHaveNamesAndDefaultsToTheEnd) {
-    second().parameters[0].name.clear();
+    second().parameters[0].name = {};
     EXPECT_EQ(rows.faults(), std::vector<Text>{u"Second: a parameter without a name"});
     second().parameters[0].name = u"Left";
-    second().parameters[0].defaultValue = Value(1);
-    second().parameters[1].defaultValue.reset();
+    second().parameters[0].defaultValue = true;
+    second().parameters[1].defaultValue = {};
     EXPECT_EQ(rows.faults(), std::vector<Text>{u"Second: a default is missing"});
 }
 

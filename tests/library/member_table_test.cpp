@@ -54,7 +54,7 @@ std::vector<Value> extremes() {
 struct Exceptions {
     std::vector<std::pair<Text, Text>> rows;
     bool has(const ControlTable& table, TextView name) const {
-        return std::find(rows.begin(), rows.end(), std::pair(table.name, Text(name))) != rows.end();
+        return std::find(rows.begin(), rows.end(), std::pair(Text(table.name), Text(name))) != rows.end();
     }
 };
 
@@ -151,16 +151,16 @@ TEST_P(MemberTableTest, MembersAreNumberedWithoutGapsAndFoundByNameInAnyCase) {
         EXPECT_EQ(member.number, static_cast<int32_t>(at + 1));
         EXPECT_TRUE(names.insert(upperAscii(member.name)).second) << toUtf8(member.name);
         EXPECT_FALSE(member.help.empty()) << toUtf8(member.name);
-        Text swapped = member.name;
+        Text swapped(member.name);
         for (char16_t& unit : swapped) {
             if (unit >= u'A' && unit <= u'Z')
                 unit = static_cast<char16_t>(unit | 32);
             else
                 unit = upperAscii(unit);
         }
-        for (const Text& spelling : {member.name, swapped, upperAscii(member.name)})
+        for (const Text& spelling : {Text(member.name), swapped, upperAscii(member.name)})
             EXPECT_EQ(table().member(spelling), &member) << toUtf8(spelling);
-        EXPECT_EQ(table().member(member.name + u"x"), nullptr);
+        EXPECT_EQ(table().member(Text(member.name) + u"x"), nullptr);
         EXPECT_EQ(table().member(member.number), &member);
         for (const Parameter& parameter : member.parameters) EXPECT_FALSE(parameter.name.empty());
         EXPECT_EQ(member.kind == MemberKind::method, member.call != nullptr);
@@ -245,7 +245,7 @@ TEST_P(MemberTableTest, SavingKeepsTheOrderAndTypesAndLeavesOutTheDefaults) {
     }
     std::set<Text> changeable;  // two spellings of a key are one entry
     for (const size_t position : saved) {
-        const Text& key = rowAt(position).writeKey;
+        const Text key(rowAt(position).writeKey);
         if (!notChangeable.has(table(), key)) changeable.insert(upperAscii(key));
     }
     EXPECT_EQ(bag.entries().size(), changeable.size());

@@ -16,7 +16,7 @@ TEST(PropertyText, WhatIsShownOfAPropertyMayBeTypedAsItIs) {
         const auto control = table->create(platform);
         control->initNew();
         for (const Member* property : editableProperties(*table)) {
-            const std::string what = toUtf8(table->name + u"." + property->name);
+            const std::string what = toUtf8(Text(table->name).append(u".").append(property->name));
             Value value;
             ASSERT_EQ(getProperty(*control, *property, value), CallStatus::done) << what;
             const Text shown = shownText(*property, value);

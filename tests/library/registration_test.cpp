@@ -128,12 +128,12 @@ std::string faultsFor(System system, State& state, Architecture program) {
     };
     for (const ControlTable* table : publicControls(twoClasses())) {
         const Text id = u"{" + guidDigits(table->classId) + u"}";
-        demand(read(u"CLSID\\" + id + u"\\InprocServer32"), file, table->name + u" by its id");
+        demand(read(u"CLSID\\" + id + u"\\InprocServer32"), file, Text(table->name) + u" by its id");
         if (!first) continue;
         for (const Text& name : {programmaticId(*table), versionedProgrammaticId(*table)})
             demand(read(name + u"\\CLSID"), id, name);
         demand(read(u"Interface\\{" + guidDigits(table->interfaceId) + u"}\\TypeLib"),
-               u"{" + guidDigits(twoClasses().id) + u"}", u"the interface of " + table->name);
+               u"{" + guidDigits(twoClasses().id) + u"}", u"the interface of " + Text(table->name));
     }
     const Text types = u"TypeLib\\{" + guidDigits(twoClasses().id) + u"}\\1.0";
     demand(read(types + (program == Architecture::x64 ? u"\\0\\win64" : u"\\0\\win32")), file, u"the types");
