@@ -1,37 +1,149 @@
+// Controls that are made, placed and closed against the system's own windows, and what one at rest costs.
 #include "activation_benchmark.h"
 #include "timing.h"
 
 #include "container/control_form.h"
 #include "container/control_site.h"
 
-#include <commctrl.h>
-
+#include <algorithm>
 #include <cstdio>
+#include <memory>
+#include <span>
+#include <string>
+#include <vector>
 
-void measureActivation(const obk::container::ServerContext& server) {
-    using namespace obk::container;
-    const HWND host = CreateWindowExW(0, L"STATIC", L"", WS_POPUP | WS_VISIBLE, 40, 40, 300, 200, nullptr,
-                                      nullptr, GetModuleHandleW(nullptr), nullptr);
-    const double ours = medianMicroseconds(101, [&] {
-        ControlForm form(host);
-        ControlSite site(form);
-        site.create(server, L"OBKCTRLS.UpDownTextBox");
-        site.activate({10, 10, 110, 31});
-    });
-    const INITCOMMONCONTROLSEX classes{sizeof classes, ICC_UPDOWN_CLASS};
-    InitCommonControlsEx(&classes);
-    const double bare = medianMicroseconds(101, [&] {
-        const HWND plain = CreateWindowExW(0, L"STATIC", L"", WS_CHILD | WS_VISIBLE, 10, 10, 100, 21, host,
-                                           nullptr, GetModuleHandleW(nullptr), nullptr);
-        const HWND edit = CreateWindowExW(0, L"EDIT", L"1", WS_CHILD | WS_VISIBLE, 0, 0, 80, 21, plain,
-                                          nullptr, GetModuleHandleW(nullptr), nullptr);
-        const HWND spin = CreateWindowExW(0, UPDOWN_CLASSW, L"", WS_CHILD | WS_VISIBLE, 80, 0, 20, 21, plain,
-                                          nullptr, GetModuleHandleW(nullptr), nullptr);
-        SendMessageW(spin, UDM_SETBUDDY, reinterpret_cast<WPARAM>(edit), 0);
-        DestroyWindow(plain);
-    });
+namespace {
+
+using namespace obk::container;
+
+struct Class {
+    const wchar_t* progId;
+    bool hasTextLine;
+};
+constexpr Class classes[] = {
+    {L"OBKCTRLS.UpDownTextBox", true}, {L"OBKCTRLS.DateCalendar", true}, {L"OBKCTRLS.ButtonPalette", false},
+    {L"OBKCTRLS.ButtonArrow", false},  {L"OBKCTRLS.GridEdit", false},    {L"OBKCTRLS.PageTab", false},
+    {L"OBKCTRLS.lns", false},
+};
+constexpr RECT place{10, 10, 110, 31};
+constexpr int controlsOnForm = 40;
+
+HWND newForm(DWORD style) {
+    return CreateWindowExW(0, L"STATIC", L"", WS_POPUP | style, 40, 40, 800, 600, nullptr, nullptr,
+                           GetModuleHandleW(nullptr), nullptr);
+}
+
+HWND newChild(HWND parent, const wchar_t* type, const RECT& at) {
+    return CreateWindowExW(0, type, L"1", WS_CHILD | WS_VISIBLE, at.left, at.top, at.right - at.left,
+                           at.bottom - at.top, parent, nullptr, GetModuleHandleW(nullptr), nullptr);
+}
+
+RECT placeOf(int at) {
+    const LONG left = 10 + at % 5 * 150, top = 10 + at / 5 * 40;
+    return {left, top, left + 100, top + 21};
+}
+
+// Nothing is left to do for a form that is shown.
+void paint() {
+    MSG message;
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
+    }
+}
+
+void measureOne(const ServerContext& server, HWND host, const Class& measured) {
+    constexpr int repeats = 20;
+    const auto own = [&] {
+        return microseconds([&] {
+                   for (int repeat = 0; repeat < repeats; ++repeat) {
+                       ControlForm form(host);
+                       ControlSite site(form);
+                       site.create(server, measured.progId);
+                       site.activate(place);
+                   }
+               }) /
+               repeats;
+    };
+    const auto bare = [&] {
+        return microseconds([&] {
+                   for (int repeat = 0; repeat < repeats; ++repeat)
+                       DestroyWindow(newChild(host, measured.hasTextLine ? L"EDIT" : L"STATIC", place));
+               }) /
+               repeats;
+    };
+    char work[80];
+    std::snprintf(work, sizeof work, "create, activate, destroy: %ls", measured.progId + 9);
+    printRatio(work, sideBySide(own, bare), "us", 2);
+}
+
+void measureForm(const ServerContext& server) {
+    const auto own = [&] {
+        return microseconds([&] {
+            const HWND window = newForm(0);
+            {
+                ControlForm form(window);
+                std::vector<std::unique_ptr<ControlSite>> sites;
+                for (int at = 0; at < controlsOnForm; ++at) {
+                    ControlSite& site = *sites.emplace_back(std::make_unique<ControlSite>(form));
+                    site.create(server, classes[static_cast<size_t>(at) % std::size(classes)].progId);
+                    site.activate(placeOf(at));
+                }
+                ShowWindow(window, SW_SHOWNOACTIVATE);
+                paint();
+            }
+            DestroyWindow(window);
+        });
+    };
+    const auto bare = [&] {
+        return microseconds([&] {
+            const HWND window = newForm(0);
+            for (int at = 0; at < controlsOnForm; ++at)
+                newChild(window, at % 2 ? L"EDIT" : L"BUTTON", placeOf(at));
+            ShowWindow(window, SW_SHOWNOACTIVATE);
+            paint();
+            DestroyWindow(window);
+        });
+    };
+    printRatio("a form of 40 controls opened, shown, closed", sideBySide(own, bare), "us", 2);
+}
+
+// In all heaps of the process: the C library has one of its own.
+size_t heapInUse() {
+    size_t bytes = 0;
+    HANDLE heaps[64];
+    const DWORD count = std::min<DWORD>(GetProcessHeaps(std::size(heaps), heaps), std::size(heaps));
+    for (const HANDLE heap : std::span(heaps, count)) {
+        PROCESS_HEAP_ENTRY entry{};
+        HeapLock(heap);
+        while (HeapWalk(heap, &entry)) {
+            if (entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) bytes += entry.cbData;
+        }
+        HeapUnlock(heap);
+    }
+    return bytes;
+}
+
+void measureMemory(const ServerContext& server, const Class& measured) {
+    constexpr size_t count = 50;
+    std::vector<obk::ComPtr<IUnknown>> controls(count + 1);
+    server.create(measured.progId, controls[count]);  // with what all of its class share
+    const size_t before = heapInUse();
+    for (size_t at = 0; at < count; ++at) {
+        server.create(measured.progId, controls[at]);
+        if (const auto state = controls[at].query<IPersistStreamInit>()) state->InitNew();
+    }
+    char work[80];
+    std::snprintf(work, sizeof work, "memory at rest: %ls", measured.progId + 9);
+    printAmount(work, static_cast<double>(heapInUse() - before) / count / 1024, "KB", 32);
+}
+
+}  // namespace
+
+void measureActivation(const ServerContext& server) {
+    const HWND host = newForm(WS_VISIBLE);
+    for (const Class& measured : classes) measureOne(server, host, measured);
     DestroyWindow(host);
-    std::printf(
-        "create, activate, destroy %8.1f us, a bare edit with an up-down control %8.1f us: %.2f times\n",
-        ours, bare, ours / bare);
+    measureForm(server);
+    for (const Class& measured : classes) measureMemory(server, measured);
 }

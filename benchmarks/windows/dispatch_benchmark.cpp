@@ -1,13 +1,14 @@
 // Late-bound calls on a control, against what the system's own automation needs for an equal dual interface.
 #include "dispatch_benchmark.h"
+#include "timing.h"
 
 #include "com/com_object.h"
+#include "container/dispatch.h"
 
 #include <windows.h>
 
 #include <oleauto.h>
 
-#include <algorithm>
 #include <cstdio>
 #include <string>
 
@@ -17,17 +18,10 @@ using obk::ComPtr;
 
 constexpr GUID measuredId{0x8A0D5C1E, 0x77E2, 0x4D18, {0x9F, 0x0A, 0x3C, 0x4B, 0x1D, 0x6E, 0x2A, 0x22}};
 constexpr DISPID intervalNumber = 11;
-constexpr int rounds = 100;
-constexpr int callsPerRound = 10000;
+constexpr int callsPerRound = 200000;
 
 double nanosecondsPerCall(void (*measured)(IDispatch&, int), IDispatch& object) {
-    LARGE_INTEGER frequency, begin, end;
-    QueryPerformanceFrequency(&frequency);
-    QueryPerformanceCounter(&begin);
-    measured(object, callsPerRound);
-    QueryPerformanceCounter(&end);
-    const auto ticks = static_cast<double>(end.QuadPart - begin.QuadPart);
-    return ticks * 1e9 / static_cast<double>(frequency.QuadPart) / callsPerRound;
+    return microseconds([&] { measured(object, callsPerRound); }) * 1000 / callsPerRound;
 }
 
 #define MEASURED_PROPERTY(name)                                   \
@@ -140,17 +134,27 @@ void lookUp(IDispatch& object, int calls) {
     }
 }
 
-// The best of several rounds: the one which the rest of the machine disturbed least. Both sides take turns,
-// so that they meet the same machine.
 void report(const char* what, void (*measured)(IDispatch&, int), IDispatch& control, IDispatch& dual,
-            double wanted) {
-    double own = 1e300, system = 1e300;
-    for (int round = 0; round < rounds; ++round) {
-        own = std::min(own, nanosecondsPerCall(measured, control));
-        system = std::min(system, nanosecondsPerCall(measured, dual));
-    }
-    std::printf("%-22s %8.1f ns, the type library's %8.1f ns: %5.1f times faster (wanted: %.0f)\n", what, own,
-                system, system / own, wanted);
+            double most) {
+    const SideBySide times = sideBySide([&] { return nanosecondsPerCall(measured, control); },
+                                        [&] { return nanosecondsPerCall(measured, dual); });
+    printRatio(what, times, "ns", most);
+}
+
+// A method with one argument, by the number that its name has.
+double oneArgument(IDispatch& grid, DISPID number, int calls) {
+    VARIANT argument, result;
+    V_VT(&argument) = VT_I4;
+    DISPPARAMS parameters{&argument, nullptr, 1, 0};
+    return microseconds([&] {
+               for (int call = 0; call < calls; ++call) {
+                   V_I4(&argument) = call;
+                   VariantInit(&result);
+                   check(grid.Invoke(number, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parameters,
+                                     &result, nullptr, nullptr));
+               }
+           }) *
+           1000 / calls;
 }
 
 }  // namespace
@@ -169,8 +173,16 @@ bool measureDispatch(const obk::container::ServerContext& server) {
     }
     const auto control = object.query<IDispatch>();
     Measured dual(*types);
-    report("get by number", get, *control, dual, 8);
-    report("put by number", put, *control, dual, 8);
-    report("look up a name", lookUp, *control, dual, 4);
+    report("get a property by number", get, *control, dual, 0.1);
+    report("put a property by number", put, *control, dual, 0.1);
+    report("look up a name", lookUp, *control, dual, 0.025);
+    ComPtr<IUnknown> grid;
+    check(server.create(L"OBKCTRLS.GridEdit", grid));
+    const auto calls = grid.query<IDispatch>();
+    const DISPID isEven = obk::container::MemberName(L"IsEven").resolve(calls.get());
+    printRatio("IsEven, beside a property get",
+               sideBySide([&] { return oneArgument(*calls, isEven, callsPerRound); },
+                          [&] { return nanosecondsPerCall(get, *control); }),
+               "ns", 2.5);
     return !failed;
 }

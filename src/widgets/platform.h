@@ -82,6 +82,9 @@ class Platform {
 public:
     virtual ~Platform() = default;
 
+    // What a control has found out once, which does not change while a program runs.
+    std::optional<Text> systemVersion;
+
     virtual Clock& clock() = 0;
     virtual Registry& registry() = 0;
     virtual Appearance& appearance() = 0;

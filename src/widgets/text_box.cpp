@@ -103,7 +103,7 @@ std::unique_ptr<TextBoxPeer> TextBox::createPeer(SurfacePeer& surface) {
 void TextBox::windowMade() {
     ask([&] { window().setFont(font_.description()); });
     ask([&] { window().setMaxLength(maxLength_); });
-    ask([&] { window().setAccessibleName(accessibleName_); });
+    if (!accessibleName_.empty()) ask([&] { window().setAccessibleName(accessibleName_); });
     ask([&] { window().setText(text_); });
     ask([&] { window().setSelection(selection_); });
 }

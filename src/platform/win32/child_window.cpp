@@ -31,6 +31,10 @@ void ChildWindow::setVisible(bool visible) {
     showOrHide();
 }
 
+bool ChildWindow::shows() const {
+    return hwnd() && (GetWindowLongW(hwnd(), GWL_STYLE) & WS_VISIBLE) != 0;
+}
+
 LRESULT ChildWindow::send(UINT message, WPARAM wParam, LPARAM lParam) const {
     return hwnd() ? SendMessageW(hwnd(), message, wParam, lParam) : 0;
 }
@@ -59,8 +63,7 @@ void ChildWindow::showOrHide() {
     const HWND window = hwnd();
     if (!window) return;
     const bool nothing = !visible_ || bounds_.intersected(clip_).empty();
-    if (nothing != ((GetWindowLongW(window, GWL_STYLE) & WS_VISIBLE) == 0))
-        ShowWindow(window, nothing ? SW_HIDE : SW_SHOWNA);
+    if (nothing == shows()) ShowWindow(window, nothing ? SW_HIDE : SW_SHOWNA);
 }
 
 LRESULT ChildWindow::passWheelOn(const Message& message) {

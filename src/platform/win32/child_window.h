@@ -30,6 +30,8 @@ protected:
     bool hasOwnMouse() const override { return true; }
 
     std::shared_ptr<SurfaceWindow> surfaceWindow() const { return surface_.lock(); }
+    // Whether it is there and not hidden.
+    bool shows() const;
     LRESULT send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
     void place();
     void showOrHide();

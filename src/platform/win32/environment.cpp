@@ -13,7 +13,24 @@ std::wstring uniqueName(const wchar_t* purpose, const void* owner) {
     return std::wstring(L"Orbek.") + purpose + L"." + std::to_wstring(reinterpret_cast<uintptr_t>(owner));
 }
 
-HANDLE activationContextOf(HINSTANCE module) {
+// Made once for all threads, when a window first needs it, and kept until the module goes.
+class ModuleContext {
+public:
+    explicit ModuleContext(HINSTANCE module) : handle_(contextOf(module)) {}
+    ModuleContext(const ModuleContext&) = delete;
+    ModuleContext& operator=(const ModuleContext&) = delete;
+    ~ModuleContext() {
+        if (handle_ != INVALID_HANDLE_VALUE) ReleaseActCtx(handle_);
+    }
+    HANDLE get() const { return handle_; }
+
+private:
+    static HANDLE contextOf(HINSTANCE module);
+
+    HANDLE handle_;
+};
+
+HANDLE ModuleContext::contextOf(HINSTANCE module) {
     wchar_t path[MAX_PATH] = L"";
     if (!GetModuleFileNameW(module, path, MAX_PATH)) return INVALID_HANDLE_VALUE;
     ACTCTXW context{};
@@ -30,13 +47,11 @@ HANDLE activationContextOf(HINSTANCE module) {
 Environment::Environment(HINSTANCE module, ModuleLock lockModule)
     : module_(module),
       lockModule_(std::move(lockModule)),
-      activation_(activationContextOf(module)),
       surfaceClassName_(uniqueName(L"Surface", this)),
       service_(module, uniqueName(L"Service", this), fonts_) {}
 
 Environment::~Environment() {
     if (surfaceClassRegistered_) UnregisterClassW(surfaceClassName_.c_str(), module_);
-    if (activation_ != INVALID_HANDLE_VALUE) ReleaseActCtx(activation_);
 }
 
 const wchar_t* Environment::surfaceClass() {
@@ -53,8 +68,8 @@ const wchar_t* Environment::surfaceClass() {
 }
 
 Environment::ActivationScope::ActivationScope(const Environment& environment) {
-    active_ =
-        environment.activation_ != INVALID_HANDLE_VALUE && ActivateActCtx(environment.activation_, &cookie_);
+    static const ModuleContext context(environment.module_);
+    active_ = context.get() != INVALID_HANDLE_VALUE && ActivateActCtx(context.get(), &cookie_);
 }
 
 Environment::ActivationScope::~ActivationScope() {

@@ -50,7 +50,6 @@ public:
 private:
     HINSTANCE module_;
     ModuleLock lockModule_;
-    HANDLE activation_;
     std::wstring surfaceClassName_;
     bool surfaceClassRegistered_ = false;
     FontCache fonts_;

@@ -59,7 +59,6 @@ void ServiceWindow::stopTimer(UINT_PTR timer) {
 void ServiceWindow::addListener(std::weak_ptr<AppearanceListener> listener) {
     std::erase_if(listeners_, [](const auto& known) { return known.expired(); });
     listeners_.push_back(std::move(listener));
-    window();
 }
 
 bool ServiceWindow::soon(std::function<void()> action) {

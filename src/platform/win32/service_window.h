@@ -35,6 +35,8 @@ public:
     void stopTimer(UINT_PTR timer);
 
     void addListener(std::weak_ptr<AppearanceListener> listener);
+    // Hears of news from now on: when something is painted for the first time.
+    void listen() { window(); }
     // From the message loop, with what is posted: before the mouse and the keys go on. Whether it will be.
     bool soon(std::function<void()> action);
     // One change of theme comes as a dozen messages; the listeners are told once, when they have all come.

@@ -69,7 +69,6 @@ std::shared_ptr<SurfaceWindow> SurfaceWindow::create(const std::shared_ptr<Envir
     const bool panel = placement.kind == Kind::panel;
     const DWORD extended = panel ? WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE : child ? 0 : WS_EX_TOOLWINDOW;
     const RECT bounds = toRect(placement.bounds);
-    const Environment::ActivationScope scope(*environment);
     // A panel above its owner belongs to the owner's top-level window, whatever child is named here.
     const HWND window = CreateWindowExW(
         extended, className, L"", child ? childStyle : popupStyle, bounds.left, bounds.top,
@@ -160,8 +159,13 @@ void SurfaceWindow::setBounds(const PixelRect& bounds) {
     const HWND window = hwnd();
     if (!window) return;
     const RECT area = toRect(bounds);
-    SetWindowPos(window, nullptr, area.left, area.top, std::max(0L, area.right - area.left),
-                 std::max(0L, area.bottom - area.top), SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOOWNERZORDER);
+    RECT present{};
+    GetWindowRect(window, &present);
+    if (kind_ != Kind::panel)
+        MapWindowPoints(nullptr, GetParent(window), reinterpret_cast<POINT*>(&present), 2);
+    if (!EqualRect(&area, &present))
+        SetWindowPos(window, nullptr, area.left, area.top, std::max(0L, area.right - area.left),
+                     std::max(0L, area.bottom - area.top), SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOOWNERZORDER);
     checkDpi();
 }
 
@@ -214,8 +218,19 @@ void SurfaceWindow::takeFocus() {
 }
 
 void SurfaceWindow::invalidate(const PixelRect& rect) {
+    const HWND window = hwnd();
+    if (!window || rect.empty()) return;
+    // Asking the system costs more than most changes of what is shown, and a loop makes many before one
+    // paint. Not for long, since a host may take it upon itself to call the window painted.
+    constexpr DWORD trustedFor = 50;  // milliseconds
+    const DWORD now = GetTickCount();
+    const bool known = !invalid_.empty() && now - invalidSince_ <= trustedFor;
+    if (known && rect.intersected(invalid_) == rect) return;
     const RECT area = toRect(rect);
-    if (hwnd() && !rect.empty()) InvalidateRect(hwnd(), &area, FALSE);
+    InvalidateRect(window, &area, FALSE);
+    if (known && invalid_.intersected(rect) != invalid_) return;
+    invalid_ = rect;
+    invalidSince_ = now;
 }
 
 void SurfaceWindow::update() {
@@ -226,6 +241,7 @@ void SurfaceWindow::scroll(const PixelRect& rect, int32_t x, int32_t y) {
     const HWND window = hwnd();
     if (!window || rect.empty()) return;
     const RECT area = toRect(rect);
+    invalid_ = {};
     ScrollWindowEx(window, x, y, &area, &area, nullptr, nullptr, SW_INVALIDATE);
 }
 
@@ -292,7 +308,11 @@ void SurfaceWindow::setToolTip(const PixelRect& rect, TextView text, ToolTipShow
 }
 
 void SurfaceWindow::acceptDrops() {
-    if (acceptsDrops_ || !hwnd()) return;
+    wantsDrops_ = !acceptsDrops_;
+}
+
+void SurfaceWindow::registerForDrops() {
+    wantsDrops_ = false;
     const auto target = createDropTarget(std::static_pointer_cast<SurfaceWindow>(shared_from_this()),
                                          environment().lockModule());
     // Refused where the host's thread has not begun to use OLE.
@@ -378,6 +398,10 @@ void SurfaceWindow::checkDpi() {
 
 void SurfaceWindow::paint(HWND window) {
     PAINTSTRUCT painting{};
+    // What nobody can have needed before there was something to see.
+    environment().service().listen();
+    if (wantsDrops_) registerForDrops();
+    invalid_ = {};
     const HDC dc = BeginPaint(window, &painting);
     if (!dc) return;
     paintOn(dc, fromRect(painting.rcPaint));

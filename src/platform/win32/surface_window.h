@@ -75,6 +75,7 @@ private:
     LRESULT captureChanged(const Message& message);
     LRESULT accessible(const Message& message);
     void checkDpi();
+    void registerForDrops();
     void refuseDrops();
     void watchHost();
     void hostMoved();
@@ -87,9 +88,12 @@ private:
     Dpi reportedDpi_;
     bool wantsCapture_ = false;
     bool releasing_ = false;
+    bool wantsDrops_ = false;
     bool acceptsDrops_ = false;
     bool pressToTell_ = false;
     Cursor cursor_ = Cursor::arrow;
+    PixelRect invalid_;  // waits for the system's message to paint
+    DWORD invalidSince_ = 0;
     struct Press {
         LONG time;
         POINT at;  // on the screen

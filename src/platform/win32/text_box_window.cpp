@@ -58,7 +58,6 @@ std::shared_ptr<TextBoxWindow> TextBoxWindow::create(const std::shared_ptr<Envir
     if (!window) return nullptr;
     self->adopt(window);
     surface->add(self);
-    self->applyFont();
     self->send(EM_LIMITTEXT);
     return self;
 }
@@ -82,7 +81,7 @@ void TextBoxWindow::dpiChanged(Dpi dpi) {
 
 void TextBoxWindow::applyFont() {
     const SharedGdiFont previous = std::exchange(gdiFont_, environment().fonts().get(font_, fontDpi_));
-    send(WM_SETFONT, reinterpret_cast<WPARAM>(gdiFont_.get()), TRUE);
+    send(WM_SETFONT, reinterpret_cast<WPARAM>(gdiFont_.get()), shows() ? TRUE : FALSE);
     setMargins();
 }
 
@@ -93,9 +92,10 @@ void TextBoxWindow::setMargins() {
 }
 
 void TextBoxWindow::setColours(Rgb text, Rgb background) {
+    if (text == textColour_ && background == background_) return;
     textColour_ = text;
     background_ = background;
-    if (hwnd()) InvalidateRect(hwnd(), nullptr, TRUE);
+    if (shows()) InvalidateRect(hwnd(), nullptr, TRUE);
 }
 
 HBRUSH TextBoxWindow::prepareColours(HDC dc) const {
