@@ -77,3 +77,22 @@ end_tree() {
     for child in $(cat "/proc/$1/task/$1/children" 2>/dev/null); do end_tree "$child"; done
     kill -TERM "$1" 2>/dev/null || true
 }
+
+# release: the version that is built, "1.0.0".
+release() { sed -nE 's/^project\(OrbekControls VERSION ([0-9.]+) .*/\1/p' "$root/CMakeLists.txt"; }
+
+# name_to_uuid < name: a UUID that is the same for the same name.
+name_to_uuid() {
+    local digits
+    digits=$(sha1sum | cut -c1-32)
+    printf '%s-%s-5%s-a%s-%s' "${digits:0:8}" "${digits:8:4}" "${digits:13:3}" "${digits:17:3}" "${digits:20:12}"
+}
+
+# commit_time: when what is built was committed, in seconds; for everything that would carry the time of its making.
+commit_time() {
+    if [ -n "${SOURCE_DATE_EPOCH:-}" ]; then
+        printf '%s' "$SOURCE_DATE_EPOCH"
+    else
+        git -C "$root" log -1 --format=%ct
+    fi
+}

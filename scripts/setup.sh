@@ -1,7 +1,7 @@
 #!/bin/bash
 # Installs the Debian packages and the icon set where they are missing, and nothing else. Safe to repeat.
 #
-#   scripts/setup.sh [build] [run] [test] [check] [bench]      (without a word: all of it)
+#   scripts/setup.sh [build] [run] [test] [check] [bench] [package]      (without a word: all of it)
 # shellcheck source=lib.sh
 . "$(dirname "$0")/lib.sh"
 
@@ -12,12 +12,14 @@ packages_build=(cmake ninja-build "${packages_icons[@]}"
     g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix mingw-w64-tools libz-mingw-w64-dev)
 # fonts-wine: without it every face becomes another, and nothing measured is true.
 packages_run=("${packages_build[@]}" wine wine64 fonts-wine xvfb xauth xdotool)
-packages_test=("${packages_run[@]}" g++ googletest zlib1g-dev clang libclang-rt-14-dev llvm debootstrap)
 packages_check=("${packages_build[@]}" g++ googletest zlib1g-dev libbenchmark-dev clang clang-format clang-tidy git shellcheck)
 packages_bench=("${packages_run[@]}" g++ googletest zlib1g-dev libbenchmark-dev)
+packages_package=("${packages_build[@]}" zip unzip git wixl msitools)
+packages_test=("${packages_run[@]}" "${packages_package[@]}" g++ googletest zlib1g-dev clang libclang-rt-14-dev llvm
+    debootstrap)
 
 wanted=()
-for purpose in "${@:-build run test check bench}"; do
+for purpose in "${@:-build run test check bench package}"; do
     for word in $purpose; do
         case $word in
             build) wanted+=("${packages_build[@]}") ;;
@@ -25,7 +27,8 @@ for purpose in "${@:-build run test check bench}"; do
             test) wanted+=("${packages_test[@]}") ;;
             check) wanted+=("${packages_check[@]}") ;;
             bench) wanted+=("${packages_bench[@]}") ;;
-            *) fail "unknown purpose '$word' (build, run, test, check, bench)" ;;
+            package) wanted+=("${packages_package[@]}") ;;
+            *) fail "unknown purpose '$word' (build, run, test, check, bench, package)" ;;
         esac
     done
 done

@@ -1,6 +1,6 @@
 #!/bin/bash
-# Runs every test: natively under sanitizers, in real windows of both architectures under Wine, and a short
-# run of each fuzzer. Ends with one line, "N passed, N failed", and with status 0 only if nothing failed.
+# Runs every test: natively under sanitizers, in real windows of both architectures under Wine, of the release as it
+# is handed out, and a short run of each fuzzer. Ends with one line, "N passed, N failed", and with status 0 only if nothing failed.
 #
 #   scripts/test.sh [gtest filter]
 #
@@ -70,6 +70,23 @@ run_windows_tests() {
         "$root/build/windows-$architecture/tests/windows/obk_window_tests.exe"
 }
 
+# The release, as it is handed out. Its builds find nothing to do.
+run_release_tests() {
+    local start=$SECONDS log=$logs/package.log good bad
+    if "$root/scripts/package.sh" >"$log" 2>&1; then
+        timeout -k 10 600 "$root/tests/scripts/release_test.sh" >>"$log" 2>&1 || true
+        read -r good bad < <(sed -nE '$ s/^([0-9]+) passed, ([0-9]+) failed$/\1 \2/p' "$log") || good=0 bad=1
+    else
+        good=0 bad=1
+    fi
+    note package "$good" "$bad" 0 "$((SECONDS - start)) s"
+    if [ "$bad" -ne 0 ]; then
+        say "--- package: $log"
+        grep -v '^ok ' "$log" | tail -n 60
+        say "---"
+    fi
+}
+
 run_fuzzers() {
     local fuzzers=("$root"/build/native-sanitize/fuzz/*_fuzzer) fuzzer name share start=$SECONDS
     local good=0 bad=0 names=
@@ -115,7 +132,7 @@ build() {
     fi
 }
 
-legs="native windows-x64 windows-x86 fuzz"
+legs="native windows-x64 windows-x86 package fuzz"
 root_for_x86=
 if reason=$("$root/scripts/i386_root.sh" possible); then
     "$root/scripts/i386_root.sh" make >"$logs/i386-root.log" 2>&1 &
@@ -143,6 +160,9 @@ elif ! wait "$root_for_x86"; then
     note windows-x86 0 1 0 "the 32-bit root could not be made: $logs/i386-root.log"
 elif build windows-x86 windows-x86 products obk_window_tests; then
     in_background windows-x86 run_windows_tests x86
+fi
+if build package windows-x64 products && build package windows-x86 products; then
+    in_background package run_release_tests
 fi
 if [ "$fuzz_seconds" -eq 0 ]; then
     note fuzz 0 0 1 "not run: FUZZ_SECONDS is 0"

@@ -16,6 +16,7 @@ const Library& library() {
     static const Library library{
         u"OBKCTRLS",
         u"Orbek Controls",
+        u"" OBK_VERSION,
         {0xd62de28a, 0x98b2, 0x4069, {0xbc, 0x98, 0xf5, 0xf9, 0xca, 0x96, 0x61, 0xc2}},
         1,
         0,

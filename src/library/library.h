@@ -9,6 +9,7 @@ namespace obk {
 struct Library {
     Text name;
     Text description;
+    Text release;  // "1.0.0": of the product; the version below is that of the contract with hosts
     Guid id;
     uint16_t majorVersion = 1, minorVersion = 0;
     std::vector<const ControlTable*> controls;  // in the order of the type library, private ones included

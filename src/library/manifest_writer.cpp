@@ -10,8 +10,8 @@ std::string writeManifest(const Library& library) {
     Text text =
         u"<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\n"
         u"<assembly xmlns=\"urn:schemas-microsoft-com:asm.v1\" manifestVersion=\"1.0\">\n";
-    text += u"  <assemblyIdentity type=\"win32\" name=\"" + library.name + u"\" version=\"" + version +
-            u".0.0\"/>\n";
+    text += u"  <assemblyIdentity type=\"win32\" name=\"" + library.name + u"\" version=\"" +
+            library.release + u".0\"/>\n";
     text += u"  <file name=\"" + library.name + u".ocx\">\n";
     for (const ControlTable* table : publicControls(library)) {
         const Text status = miscellaneousStatusNames(*table);

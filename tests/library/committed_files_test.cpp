@@ -47,6 +47,14 @@ TEST(CommittedFiles, TheContractWithHostsIsWhatTheTablesSay) {
     EXPECT_TRUE(same(writeManifest(library()), "src/server/OBKCTRLS.manifest")) << howToMend;
 }
 
+TEST(CommittedFiles, TheChangesBeginWithTheReleaseThatIsBuilt) {
+    const std::string changes = committed("CHANGELOG.md");
+    const size_t first = changes.find("\n## ");
+    ASSERT_NE(first, std::string::npos);
+    const std::string release = toUtf8(library().release);
+    EXPECT_EQ(changes.compare(first + 4, release.size() + 1, release + ","), 0) << changes.substr(first, 40);
+}
+
 TEST(CommittedFiles, EveryPublicControlHasItsReferencePage) {
     headless::HeadlessPlatform platform;
     std::set<std::string> pages{"README.md"};

@@ -1,0 +1,149 @@
+#!/bin/bash
+# Checks what scripts/package.sh has made, as those get it who take the release: it unpacks the archives. Prints a line
+# for each check, and ends with "N passed, N failed".
+#
+#   release_test.sh
+# shellcheck source=../../scripts/lib.sh
+. "$(dirname "$0")/../../scripts/lib.sh"
+
+tests=$root/tests/scripts
+version=$(release)
+name=OrbekControls-$version
+work=$(mktemp -d "${TMPDIR:-/tmp}/obk-release.XXXXXX")
+trap 'rm -rf "$work"' EXIT
+passed=0 failed=0
+
+# check <rule> <command...>: the rule holds when the command succeeds; what it says is shown when it does not.
+check() {
+    local rule=$1 said
+    shift
+    if said=$("$@" 2>&1); then
+        passed=$((passed + 1))
+        say "ok      $rule"
+    else
+        failed=$((failed + 1))
+        say "FAILED  $rule"
+        [ -z "$said" ] || printf '%s\n' "$said" | sed 's/^/        /'
+    fi
+}
+
+# same <wanted> <found>
+same() { diff <(printf '%s\n' "$1") <(printf '%s\n' "$2"); }
+
+tool_of() { case $1 in x64) printf 'x86_64-w64-mingw32' ;; x86) printf 'i686-w64-mingw32' ;; esac; }
+facts() { perl "$tests/portable_executable.pl" "$work/$name/$1"; }
+
+# The archives.
+sums_fit() { cd "$root/dist" && sha256sum --quiet -c SHA256SUMS && same "$(printf '%s\n' "$name"*.* | sort)" "$(awk '{ print $2 }' SHA256SUMS | sort)"; }
+check "The list of checksums has every file of the release" sums_fit
+unpacks() { unzip -q "$root/dist/$name.zip" -d "$work" && unzip -q "$root/dist/$name-symbols.zip" -d "$work"; }
+check "The archives unpack" unpacks
+again() {
+    cp "$root/dist/$name.zip" "$root/dist/$name-symbols.zip" "$work" && sleep 2.1 &&
+        "$root/scripts/package.sh" >/dev/null && cmp "$work/$name.zip" "$root/dist/$name.zip" &&
+        cmp "$work/$name-symbols.zip" "$root/dist/$name-symbols.zip"
+}
+check "Packed again the archives are the same" again
+
+# The version.
+versions_agree() {
+    local file
+    for file in x64/OBKCTRLS.ocx x86/OBKCTRLS.ocx x64/Gallery.exe x86/Gallery.exe; do
+        same "version $version.0" "$(facts "$file" | grep ^version)" || return 1
+    done
+    for file in x64 x86; do
+        grep -qF "name=\"OBKCTRLS\" version=\"$version.0\"" "$work/$name/$file/OBKCTRLS.manifest" || return 1
+        grep -qaF "name=\"Orbek.Gallery\" version=\"$version.0\"" "$work/$name/$file/Gallery.exe" || return 1
+        grep -qaF "Orbek Controls $version" "$work/$name/$file/OBKCTRLS.ocx" || return 1
+    done
+    grep -qaF "Orbek Controls $version" "$work/$name/OBKCTRLS.tlb" && grep -qF "## $version" "$work/$name/CHANGELOG.md" &&
+        grep -qF "Orbek Controls $version" "$work/$name/README.txt"
+}
+check "Resources, manifests, type library, changes and first page have the version" versions_agree
+
+# The finished programs.
+may_import="advapi32.dll comctl32.dll comdlg32.dll gdi32.dll imm32.dll kernel32.dll msimg32.dll msvcrt.dll ole32.dll
+    oleacc.dll oleaut32.dll shell32.dll user32.dll"
+imports_only_the_system() {
+    local found foreign
+    found=$("$(tool_of "${1%%/*}")-objdump" -p "$work/$name/$1" | awk '/DLL Name:/ { print tolower($3) }' | sort)
+    [ -n "$found" ] || return 1
+    # shellcheck disable=SC2086  # a list of words
+    foreign=$(comm -23 <(printf '%s\n' "$found") <(printf '%s\n' $may_import | sort))
+    [ -z "$foreign" ] || { say "foreign: $foreign"; return 1; }
+}
+# Dynamic base (0x40) and no execution of data (0x100); the 64-bit ones also high entropy (0x20).
+is_hardened() {
+    local characteristics wanted=$((0x140)) found
+    found=$(facts "$1")
+    [ "${1%%/*}" = x86 ] || wanted=$((0x160))
+    characteristics=$(awk '$1 == "characteristics" { print $2 }' <<<"$found")
+    [ $((characteristics & wanted)) -eq $wanted ] || { say "$characteristics"; return 1; }
+    same "section .text r-x" "$(grep 'section.*x$' <<<"$found")" && grep -q '^section .reloc ' <<<"$found" &&
+        same "machine ${1%%/*}" "$(grep ^machine <<<"$found")"
+}
+# In functions with arrays, all through our own code, not only in what the compiler brings.
+guards_its_stack() {
+    local calls
+    calls=$("$(tool_of "${1%%/*}")-objdump" -d "$root/build/windows-${1%%/*}/products/${1#*/}" |
+        grep -c 'call.*<_*stack_chk_fail>')
+    [ "$calls" -ge 50 ] || { say "$calls calls"; return 1; }
+}
+has_no_time_or_place() {
+    same "time 0" "$(facts "$1" | grep ^time)" || return 1
+    ! grep -qaF "$root" "$work/$name/$1" && ! grep -qaF "$root/" "$work/$name-symbols/$1.debug"
+}
+for architecture in x64 x86; do
+    for product in OBKCTRLS.ocx Gallery.exe; do
+        file=$architecture/$product
+        check "$file imports only from the system" imports_only_the_system "$file"
+        check "$file lies anywhere, and executes nothing but its code, which nothing writes" is_hardened "$file"
+        check "$file guards its stack" guards_its_stack "$file"
+        check "$file tells neither when nor where it was built" has_no_time_or_place "$file"
+    done
+    exports() {
+        "$(tool_of "$1")-objdump" -p "$work/$name/$1/OBKCTRLS.ocx" |
+            sed -nE 's/^[[:space:]]+\[ *[0-9]+\] ([A-Za-z_].*)$/\1/p' | sed -n '/^Dll/p; /^[^D]/p' | sort -u
+    }
+    check "$architecture/OBKCTRLS.ocx exports the five functions of a server" same \
+        "$(printf '%s\n' DllCanUnloadNow DllGetClassObject DllInstall DllRegisterServer DllUnregisterServer)" \
+        "$(exports $architecture)"
+    # What a crash report says of a stripped server, and where that is.
+    finds_lines() {
+        local tool symbols=$work/$name-symbols base place found
+        tool=$(tool_of "$1")
+        base=0x$("$tool-objdump" -p "$work/$name/$1/OBKCTRLS.ocx" | awk '$1 == "ImageBase" { print $2 }')
+        place=0x$("$tool-nm" -C "$root/build/windows-$1/products/OBKCTRLS.ocx" |
+            awk '$3 ~ /^_?DllGetClassObject(@12)?$/ && $2 == "T" { print $1; exit }')
+        found=$(printf 'fault at OBKCTRLS.ocx+0x%x\n' $((place - base)) | bash "$symbols/where.sh" "$1")
+        [[ $found =~ DllGetClassObject.*exports.cpp:[1-9] ]] || { say "$found"; return 1; }
+        # The debug link names the file, and its sum fits it: else the tool would not take it.
+        cp "$work/$name/$1/OBKCTRLS.ocx" "$symbols/$1"
+        found=$("$tool-addr2line" -f -s -e "$symbols/$1/OBKCTRLS.ocx" "$place" | paste -sd' ')
+        [[ $found =~ exports.cpp:[1-9] ]] || { say "by the debug link: $found"; return 1; }
+    }
+    check "$architecture: an address of the stripped server leads to a line" finds_lines $architecture
+done
+
+# The list of what is built in.
+list=$work/$name/$name.spdx
+list_is_whole() {
+    local file sum missing
+    while IFS=$'\t' read -r file sum; do
+        same "$sum" "$(sha256sum <"$work/$name/$file" | cut -d' ' -f1)" || return 1
+    done < <(awk '/^FileName: / { file = substr($2, 3) } /^FileChecksum: SHA256: / { print file "\t" $3 }' "$list")
+    missing=$(comm -13 <(sed -n 's/^SPDXID: //p' "$list" | sort) \
+        <(sed -nE 's/^Relationship: (\S+) \S+ (\S+)$/\1\n\2/p' "$list" | sort -u))
+    [ -z "$missing" ] || { say "not described: $missing"; return 1; }
+    for file in x64/OBKCTRLS.ocx x86/OBKCTRLS.ocx; do
+        for sum in zlib libstdc-- libgcc winpthreads mingw-w64-runtime; do
+            grep -qxF "Relationship: SPDXRef-file-${file/\//-} STATIC_LINK SPDXRef-$sum" "$list" ||
+                { say "$file without $sum"; return 1; }
+        done
+    done
+    [ "$(find "$work/$name/licences" -size +1000c | wc -l)" -ge 4 ]
+}
+check "The list of what is built in fits the files, and the licences are there" list_is_whole
+
+say "$passed passed, $failed failed"
+[ "$failed" -eq 0 ]
