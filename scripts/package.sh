@@ -1,6 +1,7 @@
 #!/bin/bash
-# Makes the release in dist/: OrbekControls-<version>.zip, its symbols, a list of checksums. The same commit gives the
-# same archives, wherever and whenever they are made (scripts/reproduce.sh proves it).
+# Makes the release in dist/: OrbekControls-<version>.zip, its symbols, two installers, a list of checksums. The same
+# commit gives the same archives, wherever and whenever they are made (scripts/reproduce.sh proves it); installers carry
+# the time of their making.
 #
 #   scripts/package.sh
 #
@@ -51,6 +52,7 @@ pack() {
 }
 pack "$name"
 pack "$name-symbols"
+"$root/scripts/installers.sh" "$package" "$dist/$name.msi" "$dist/$name-user.msi"
 (cd "$dist" && sha256sum "$name"*.* >SHA256SUMS)
 say "The release, in dist/:"
 (cd "$dist" && printf '    %s\n' "$name"*.* SHA256SUMS)

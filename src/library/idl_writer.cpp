@@ -70,8 +70,7 @@ public:
         line(u"[");
         line(u"    uuid(" + guidDigits(library_.id) + u"),");
         line(u"    version(" + libraryVersion(library_) + u"),");
-        line(u"    helpstring(" + quoted(library_.description + u" " + library_.release) +
-             u")");
+        line(u"    helpstring(" + quoted(library_.description + u" " + library_.release) + u")");
         line(u"]");
         line(u"library " + library_.name + u" {");
         line(u"    importlib(\"stdole2.tlb\");");

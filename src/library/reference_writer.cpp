@@ -2,6 +2,7 @@
 
 #include "framework/member_call.h"
 #include "library/class_facts.h"
+#include "library/member_text.h"
 
 #include <algorithm>
 #include <map>
@@ -10,36 +11,8 @@ namespace obk {
 
 namespace {
 
-Text nameOfType(const Member& member) {
-    return Text(member.enumeration ? member.enumeration->name : typeName(member.type));
-}
-
 Text code(TextView text) {
     return u"`" + Text(text) + u"`";
-}
-
-Text colourText(OleColour colour) {
-    Text text = u"0x";
-    for (int shift = 28; shift >= 0; shift -= 4) text += u"0123456789ABCDEF"[colour.value >> shift & 0xF];
-    return text;
-}
-
-Text valueText(const Value& value) {
-    switch (typeOf(value)) {
-        case ValueType::boolean:
-            return std::get<bool>(value) ? u"True" : u"False";
-        case ValueType::text:
-            return u"\"" + std::get<Text>(value) + u"\"";
-        case ValueType::colour:
-            return colourText(std::get<OleColour>(value));
-        case ValueType::empty:
-        case ValueType::font:
-        case ValueType::picture:
-        case ValueType::object:
-            return u"";
-        default:
-            return toText(value).value_or(u"");
-    }
 }
 
 Text cell(const Value& value) {
@@ -48,9 +21,9 @@ Text cell(const Value& value) {
 }
 
 Text cell(const DefaultValue& value) {
-    if (std::holds_alternative<AmbientFontDefault>(value)) return u"the container's font";
+    if (std::holds_alternative<AmbientFontDefault>(value)) return defaultText(value);
     if (const auto* colour = std::get_if<SystemRgbDefault>(&value))
-        return u"the RGB value of " + code(colourText(colour->index));
+        return u"the RGB value of " + code(valueText(colour->index));
     return cell(std::get<Value>(value));
 }
 
@@ -179,8 +152,8 @@ private:
         if (!member.put) access = u" (read only)";
         if (!member.get) access = u" (write only)";
         line(u"| " + decimalText(member.number) + u" | " + code(member.name) + access + u" | " +
-             nameOfType(member) + u" | " + (value ? keyCell(*value) : Text()) + u" | " + cell(placed) +
-             u" | " + (value ? cell(value->readDefault) : Text()) + u" | " +
+             typeText(member) + u" | " + (value ? keyCell(*value) : Text()) + u" | " + cell(placed) + u" | " +
+             (value ? cell(value->readDefault) : Text()) + u" | " +
              (value ? cell(value->writeDefault) : Text()) + u" | " + Text(member.help) + u" |");
     }
 
@@ -194,8 +167,8 @@ private:
                 line(u"|---|---|---|");
                 any = true;
             }
-            const Text result = member.type == ValueType::empty ? Text() : u" As " + nameOfType(member);
-            line(u"| " + decimalText(member.number) + u" | " + code(signature(member) + result) + u" | " +
+            const Text result = member.type == ValueType::empty ? Text() : u" As " + typeText(member);
+            line(u"| " + decimalText(member.number) + u" | " + code(signatureText(member) + result) + u" | " +
                  Text(member.help) + u" |");
         }
         if (!any) line(u"None.");
@@ -212,20 +185,8 @@ private:
         line(u"| no. | event | |");
         line(u"|---|---|---|");
         for (const Member& event : table_.events)
-            line(u"| " + decimalText(event.number) + u" | " + code(signature(event)) + u" | " + Text(event.help) +
-                 u" |");
-    }
-
-    static Text signature(const Member& member) {
-        Text text = Text(member.name) + u"(";
-        for (size_t at = 0; at < member.parameters.size(); ++at) {
-            const Parameter& parameter = member.parameters[at];
-            text += at == 0 ? u"" : u", ";
-            text += parameter.byReference ? u"ByRef " : u"";
-            text += Text(parameter.name) + u" As " + Text(typeName(parameter.type));
-            if (parameter.mayBeLeftOut()) text += u" = " + valueText(valueOf(parameter.defaultValue));
-        }
-        return text + u")";
+            line(u"| " + decimalText(event.number) + u" | " + code(signatureText(event)) + u" | " +
+                 Text(event.help) + u" |");
     }
 
     void writeKeys() {

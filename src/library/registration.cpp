@@ -48,7 +48,7 @@ public:
 
     bool write(ClassesRegistry& classes, Architecture view) const {
         bool written = true;
-        for (const Entry& entry : entries_) {
+        for (const RegistryEntry& entry : entries_) {
             const bool valued = !entry.text.empty() || !entry.name.empty();
             written = (valued ? classes.write(view, entry.key, entry.name, entry.text)
                               : classes.createKey(view, entry.key)) &&
@@ -74,11 +74,12 @@ public:
         return removed;
     }
 
+    void appendTo(std::vector<RegistryEntry>& all) const {
+        all.insert(all.end(), entries_.begin(), entries_.end());
+    }
+
 private:
-    struct Entry {
-        Text key, name, text;
-    };
-    std::vector<Entry> entries_;
+    std::vector<RegistryEntry> entries_;
 };
 
 // Below CLSID and Interface each architecture has keys of its own.
@@ -159,6 +160,20 @@ Entries typesFileEntries(const Library& library, Architecture architecture, cons
 }
 
 }  // namespace
+
+RegistryEntries registryEntries(const Library& library, Architecture architecture, const Text& file) {
+    RegistryEntries entries;
+    for (const ControlTable* table : publicControls(library)) {
+        classEntries(library, *table, file).appendTo(entries.own);
+        versionedNameEntries(*table).appendTo(entries.shared);
+        currentNameEntries(*table).appendTo(entries.shared);
+    }
+    for (const PropertyPageFacts& page : propertyPages())
+        pageEntries(library, page, file).appendTo(entries.own);
+    typesFileEntries(library, architecture, file).appendTo(entries.shared);
+    typesEntries(library, file).appendTo(entries.shared);
+    return entries;
+}
 
 bool registerServer(const Library& library, Architecture architecture, const Text& file,
                     ClassesRegistry& classes) {

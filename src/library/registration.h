@@ -27,6 +27,18 @@ protected:
     ~ClassesRegistry() = default;
 };
 
+// One value; a key that only has to exist has neither name nor text.
+struct RegistryEntry {
+    Text key, name, text;
+};
+
+// What registering writes, for those who write it themselves, such as an installer.
+struct RegistryEntries {
+    std::vector<RegistryEntry> own;     // keys that each architecture sees for itself
+    std::vector<RegistryEntry> shared;  // names and the type library
+};
+RegistryEntries registryEntries(const Library& library, Architecture architecture, const Text& file);
+
 // Every public class, its names and the type library, for the server in `file`. False when something could
 // not be written; the rest is.
 bool registerServer(const Library& library, Architecture architecture, const Text& file,

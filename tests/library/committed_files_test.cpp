@@ -1,8 +1,10 @@
 #include "library/class_facts.h"
+#include "library/contract_writer.h"
 #include "library/idl_writer.h"
 #include "library/library.h"
 #include "library/manifest_writer.h"
 #include "library/reference_writer.h"
+#include "library/registry_writer.h"
 #include "platform/headless/headless_platform.h"
 
 #include <gtest/gtest.h>
@@ -45,6 +47,29 @@ constexpr auto howToMend = "If the change is meant, and old hosts do not break, 
 TEST(CommittedFiles, TheContractWithHostsIsWhatTheTablesSay) {
     EXPECT_TRUE(same(writeIdl(library()), "src/server/OBKCTRLS.idl")) << howToMend;
     EXPECT_TRUE(same(writeManifest(library()), "src/server/OBKCTRLS.manifest")) << howToMend;
+    EXPECT_TRUE(same(writeRegistry(library()), "packaging/registry.tsv")) << howToMend;
+}
+
+std::set<std::string> linesOf(const std::string& text) {
+    std::istringstream stream(text);
+    std::set<std::string> lines;
+    for (std::string line; std::getline(stream, line);) lines.insert(line);
+    return lines;
+}
+
+// Unlike the other files these are never written again: what they say is what hosts were built with.
+TEST(CommittedFiles, EveryReleasedPromiseIsKept) {
+    const auto kept = linesOf(writeContract(library()));
+    int releases = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(repository / "src/library/contracts")) {
+        const std::string release = entry.path().filename().string();
+        const auto promised = linesOf(committed("src/library/contracts/" + release));
+        EXPECT_GT(promised.size(), 300u) << release;
+        for (const std::string& promise : promised)
+            EXPECT_TRUE(kept.contains(promise)) << release << ": " << promise;
+        ++releases;
+    }
+    EXPECT_GE(releases, 1);
 }
 
 TEST(CommittedFiles, TheChangesBeginWithTheReleaseThatIsBuilt) {

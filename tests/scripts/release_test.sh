@@ -145,5 +145,22 @@ list_is_whole() {
 }
 check "The list of what is built in fits the files, and the licences are there" list_is_whole
 
+# The installers.
+installers_work() {
+    local folder=$work/installers
+    mkdir "$folder"
+    cp "$root/dist/$name.msi" "$folder/newer.msi"
+    cp "$root/dist/$name-user.msi" "$folder/newer-user.msi"
+    mv "$work/$name" "$folder/package"
+    printf '%s' "$version" >"$folder/version"
+    "$root/scripts/installers.sh" "$folder/package" "$folder/older.msi" "$folder/older-user.msi" 0.9.0 || return 1
+    "$root/scripts/wine.sh" x64 300 "$tests/installers_in_wine.sh" "$folder" | tee "$work/installers.log"
+}
+say "$(installers_work 2>&1)"
+good=$(grep -c "^ok " "$work/installers.log" || true) bad=$(grep -c "^FAILED " "$work/installers.log" || true)
+wanted=$(grep -c '^check "' "$tests/installers_in_wine.sh")
+passed=$((passed + good)) failed=$((failed + wanted - good))
+[ $((good + bad)) -eq "$wanted" ] || say "The installers' checks did not come to their end: $((good + bad)) of $wanted"
+
 say "$passed passed, $failed failed"
 [ "$failed" -eq 0 ]

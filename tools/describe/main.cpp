@@ -2,12 +2,16 @@
 //
 //   describe idl               the interface definition      (src/server/OBKCTRLS.idl)
 //   describe manifest          the assembly's manifest       (src/server/OBKCTRLS.manifest)
+//   describe contract          what a release promises       (src/library/contracts)
+//   describe registry          what registering writes       (packaging/registry.tsv)
 //   describe reference FOLDER  the reference pages           (docs/reference)
 #include "library/class_facts.h"
+#include "library/contract_writer.h"
 #include "library/idl_writer.h"
 #include "library/library.h"
 #include "library/manifest_writer.h"
 #include "library/reference_writer.h"
+#include "library/registry_writer.h"
 #include "platform/headless/headless_platform.h"
 
 #include <fstream>
@@ -45,10 +49,14 @@ int main(int argc, char** argv) {
         std::cout << obk::writeIdl(obk::library());
     } else if (what == "manifest" && argc == 2) {
         std::cout << obk::writeManifest(obk::library());
+    } else if (what == "contract" && argc == 2) {
+        std::cout << obk::writeContract(obk::library());
+    } else if (what == "registry" && argc == 2) {
+        std::cout << obk::writeRegistry(obk::library());
     } else if (what == "reference" && argc == 3) {
         if (!writeReferencePages(argv[2])) return 1;
     } else {
-        std::cerr << "usage: describe idl | manifest | reference FOLDER\n";
+        std::cerr << "usage: describe idl | manifest | contract | registry | reference FOLDER\n";
         return 2;
     }
     return 0;
