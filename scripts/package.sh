@@ -1,5 +1,6 @@
 #!/bin/bash
-# Makes the release in dist/: OrbekControls-<version>.zip, its symbols, two installers, a list of checksums. The same
+# Makes the release in dist/: OrbekControls-<version>.zip, its symbols, two installers, a list of checksums, and
+# the documentation as a site (dist/site). The same
 # commit gives the same archives, wherever and whenever they are made (scripts/reproduce.sh proves it); installers carry
 # the time of their making.
 #
@@ -35,6 +36,10 @@ done
 cp "$dist/OBKCTRLS.tlb" "$root/src/server/OBKCTRLS.idl" "$root/CHANGELOG.md" "$package"
 cp "$root/LICENSE" "$package/LICENSE.txt"
 cp "$root/icons/cells/NOTICE.txt" "$package/licences/icons-and-zlib.txt"
+node "$root/tools/site/site.mjs" "$root" "$dist/site" >/dev/null
+cp -r "$dist/site" "$package/docs"
+cp -r "$root/imports" "$root/samples" "$package"
+rm "$package/imports/.clang-format"
 sed "s/@VERSION@/$version/" "$root/packaging/README.txt" | sed 's/$/\r/' >"$package/README.txt"
 while IFS= read -r texts; do
     cp -L "/usr/share/doc/$texts/copyright" "$package/licences/$texts.txt"

@@ -73,8 +73,8 @@ run_windows_tests() {
 # The release, as it is handed out. Its builds find nothing to do.
 run_release_tests() {
     local start=$SECONDS log=$logs/package.log good bad
-    if "$root/scripts/package.sh" >"$log" 2>&1; then
-        timeout -k 10 600 "$root/tests/scripts/release_test.sh" >>"$log" 2>&1 || true
+    if nice "$root/scripts/package.sh" >"$log" 2>&1; then
+        nice timeout -k 10 900 "$root/tests/scripts/release_test.sh" >>"$log" 2>&1 || true
         read -r good bad < <(sed -nE '$ s/^([0-9]+) passed, ([0-9]+) failed$/\1 \2/p' "$log") || good=0 bad=1
     else
         good=0 bad=1

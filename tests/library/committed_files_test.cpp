@@ -1,6 +1,7 @@
 #include "library/class_facts.h"
 #include "library/contract_writer.h"
 #include "library/idl_writer.h"
+#include "library/import_writers.h"
 #include "library/library.h"
 #include "library/manifest_writer.h"
 #include "library/reference_writer.h"
@@ -48,6 +49,11 @@ TEST(CommittedFiles, TheContractWithHostsIsWhatTheTablesSay) {
     EXPECT_TRUE(same(writeIdl(library()), "src/server/OBKCTRLS.idl")) << howToMend;
     EXPECT_TRUE(same(writeManifest(library()), "src/server/OBKCTRLS.manifest")) << howToMend;
     EXPECT_TRUE(same(writeRegistry(library()), "packaging/registry.tsv")) << howToMend;
+    EXPECT_TRUE(same(writePascalUnit(library()), "imports/OBKCTRLS.pas")) << howToMend;
+    EXPECT_TRUE(same(writeCppHeader(library()), "imports/obkctrls.h")) << howToMend;
+    EXPECT_TRUE(same(writeCsharpSource(library()), "imports/OBKCTRLS.cs")) << howToMend;
+    EXPECT_TRUE(same(writeBasicConstants(library()), "imports/OBKCTRLS.bas")) << howToMend;
+    EXPECT_TRUE(same(writeScriptConstants(library()), "imports/OBKCTRLS.vbs")) << howToMend;
 }
 
 std::set<std::string> linesOf(const std::string& text) {

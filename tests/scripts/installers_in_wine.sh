@@ -3,7 +3,8 @@
 # "FAILED" before it.
 #
 #   installers_in_wine.sh <folder with older.msi, older-user.msi, newer.msi, newer-user.msi, the package itself in
-#       "package", and its version in "version">
+#       "package", its version in "version", the samples' programs in "programs", and the
+#       documentation's examples in "examples">
 set -u
 folder=$1
 here=$(cd "$(dirname "$0")" && pwd)
@@ -89,6 +90,20 @@ one_product() {
     same "$1" "$products"
 }
 check "Only the newer version is in the list of programs" one_product "$(cat version)"
+says_ok() { same ok "$("$@" 2>&1 | tr -d '\r' | tail -n 1)"; }
+check "The sample in C++ runs" says_ok wine programs/cpp.exe
+check "The sample in Pascal runs" says_ok wine programs/pascal.exe
+check "The sample for scripts runs" says_ok wine cscript /nologo \
+    "$(windows_path "$drive/Program Files/Orbek Controls/samples/script/order.vbs")"
+examples_run() {
+    local example said bad=0
+    for example in "$folder"/examples/*.vbs; do
+        said=$(wine cscript /nologo "$(windows_path "$example")" 2>&1 | tr -d '\r')
+        [ "$said" = ok ] || { printf '%s\n' "$said"; bad=1; }
+    done
+    return $bad
+}
+check "Every example of the documentation runs and answers what it says" examples_run
 refuses() { ! installer /i older.msi && same "$all" "$(created)" && one_product "$(cat version)"; }
 check "The older version does not go over the newer one" refuses
 repairs() {

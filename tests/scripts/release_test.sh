@@ -145,16 +145,54 @@ list_is_whole() {
 }
 check "The list of what is built in fits the files, and the licences are there" list_is_whole
 
+# The imports and the samples: of the package, as they lie there.
+check "The imports say what the contract says" perl "$tests/imports_agree.pl" "$work/$name/OBKCTRLS.idl" "$work/$name/imports"
+names_constants() {
+    local file
+    for file in OBKCTRLS.bas OBKCTRLS.vbs; do
+        same "$(sed -nE 's/^        (\w+) = (-?[0-9]+),?$/\1 \2/p' "$work/$name/OBKCTRLS.idl")" \
+            "$(sed -nE 's/^(Public )?Const (\w+)( As Long)? = (-?[0-9]+)\r?$/\2 \4/p' "$work/$name/imports/$file")" || return 1
+    done
+}
+check "The constants for Basic are those of the contract" names_constants
+programs=$work/installers/programs
+mkdir -p "$programs"
+compiles_cpp() {
+    "$(tool_of "$1")-g++-posix" -std=c++17 -Wall -Wextra -Werror -static -I "$work/$name/imports" \
+        "$work/$name/samples/cpp/order.cpp" -o "$2" -lole32 -loleaut32 -luuid
+}
+check "The sample in C++ compiles for 64 bits" compiles_cpp x64 "$programs/cpp.exe"
+check "The sample in C++ compiles for 32 bits" compiles_cpp x86 "$work/cpp32.exe"
+check "The sample in Pascal compiles" "$root/scripts/pascal.sh" "$work/$name/samples/pascal/order.pas" "$programs/pascal.exe" \
+    "$work/$name/imports"
+check "The sample in C# compiles" mcs -nologo -warnaserror -target:winexe -out:"$work/form.exe" -r:System.Windows.Forms \
+    -r:System.Drawing "$work/$name/samples/csharp/OrderForm.cs" "$work/$name/imports/OBKCTRLS.cs"
+
+# The documentation.
+check "The documentation leads everywhere, has every member and finds it" node "$tests/site_test.mjs" "$work/$name/docs" \
+    "$root/src/library/contracts/$(cd "$root/src/library/contracts" && printf '%s\n' *.txt | sort -V | tail -n 1)"
+check "The documentation has examples" node "$tests/examples.mjs" "$root/docs" "$work/installers/examples"
+# The script host reads the module for VBA, but for the types, the dialog and the attribute.
+module_as_script() {
+    {
+        printf 'Dim answer\n'
+        sed -E '/^(Attribute|Option)/d; s/ As (Object|String|Long)//g; s/MsgBox /answer = /' "$work/$name/samples/vba/Order.bas"
+        printf 'On Error Resume Next\nShowOrder\n'
+        printf 'If answer = "3 rows, 12 of Pencil" Then WScript.Echo "ok" Else WScript.Echo "vba: " & answer & Err.Description\n'
+    } | sed 's/$/\r/' >"$work/installers/examples/vba.vbs"
+    grep -q 'answer = grid' "$work/installers/examples/vba.vbs"
+}
+check "The module for VBA is one that the script host can read" module_as_script
+
 # The installers.
 installers_work() {
     local folder=$work/installers
-    mkdir "$folder"
     cp "$root/dist/$name.msi" "$folder/newer.msi"
     cp "$root/dist/$name-user.msi" "$folder/newer-user.msi"
     mv "$work/$name" "$folder/package"
     printf '%s' "$version" >"$folder/version"
     "$root/scripts/installers.sh" "$folder/package" "$folder/older.msi" "$folder/older-user.msi" 0.9.0 || return 1
-    "$root/scripts/wine.sh" x64 300 "$tests/installers_in_wine.sh" "$folder" | tee "$work/installers.log"
+    "$root/scripts/wine.sh" x64 600 "$tests/installers_in_wine.sh" "$folder" | tee "$work/installers.log"
 }
 say "$(installers_work 2>&1)"
 good=$(grep -c "^ok " "$work/installers.log" || true) bad=$(grep -c "^FAILED " "$work/installers.log" || true)

@@ -4,10 +4,12 @@
 //   describe manifest          the assembly's manifest       (src/server/OBKCTRLS.manifest)
 //   describe contract          what a release promises       (src/library/contracts)
 //   describe registry          what registering writes       (packaging/registry.tsv)
+//   describe imports FOLDER     the languages of hosts       (imports)
 //   describe reference FOLDER  the reference pages           (docs/reference)
 #include "library/class_facts.h"
 #include "library/contract_writer.h"
 #include "library/idl_writer.h"
+#include "library/import_writers.h"
 #include "library/library.h"
 #include "library/manifest_writer.h"
 #include "library/reference_writer.h"
@@ -41,6 +43,15 @@ bool writeReferencePages(const std::string& folder) {
     return written;
 }
 
+bool writeImports(const std::string& folder) {
+    const obk::Library& library = obk::library();
+    bool written = write(folder + "/OBKCTRLS.pas", obk::writePascalUnit(library));
+    written = write(folder + "/obkctrls.h", obk::writeCppHeader(library)) && written;
+    written = write(folder + "/OBKCTRLS.cs", obk::writeCsharpSource(library)) && written;
+    written = write(folder + "/OBKCTRLS.bas", obk::writeBasicConstants(library)) && written;
+    return write(folder + "/OBKCTRLS.vbs", obk::writeScriptConstants(library)) && written;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -53,10 +64,13 @@ int main(int argc, char** argv) {
         std::cout << obk::writeContract(obk::library());
     } else if (what == "registry" && argc == 2) {
         std::cout << obk::writeRegistry(obk::library());
+    } else if (what == "imports" && argc == 3) {
+        if (!writeImports(argv[2])) return 1;
     } else if (what == "reference" && argc == 3) {
         if (!writeReferencePages(argv[2])) return 1;
     } else {
-        std::cerr << "usage: describe idl | manifest | contract | registry | reference FOLDER\n";
+        std::cerr
+            << "usage: describe idl | manifest | contract | registry | imports FOLDER | reference FOLDER\n";
         return 2;
     }
     return 0;

@@ -1,0 +1,24 @@
+Attribute VB_Name = "Order"
+Option Explicit
+
+' For Access, Excel and the other hosts of VBA: import this module, and imports\OBKCTRLS.bas for the constants. It fills a
+' grid that exists without a form; with a grid on a form hand that to FillArticles.
+
+Public Sub ShowOrder()
+    Dim grid As Object, quantity As Object
+    Set grid = CreateObject("OBKCTRLS.GridEdit")
+    FillArticles grid
+    Set quantity = CreateObject("OBKCTRLS.UpDownTextBox")
+    quantity.Max = 100
+    quantity.Text = grid.CellTextRead(1, 1)
+    MsgBox grid.RowsCurrent & " rows, " & quantity.Text & " of " & grid.CellTextRead(1, 0)
+End Sub
+
+Public Sub FillArticles(ByVal grid As Object)
+    grid.GridRedraw False
+    grid.ColsSet 2
+    grid.RowsSet 1
+    grid.RowAddQuick "Pencil" & vbTab & "12", 1
+    grid.RowAddQuick "Eraser" & vbTab & "3", 2
+    grid.GridRedraw True
+End Sub
