@@ -90,7 +90,7 @@ installer() {
       <Directory Id="ProgramMenuFolder">
         <Directory Id="folder_menu" Name="$title">
           <Component Id="component_menu" Guid="$(identity "component $scope menu")" Win64="yes">
-            <RegistryValue Root="HKCU" Key="Software\\Orbek Controls" Name="Menu" Type="string" Value="$version" KeyPath="yes"/>
+            <RegistryValue Root="HKCU" Key="Software\\Orbek Controls" Name="Menu ($scope)" Type="string" Value="$version" KeyPath="yes"/>
             <Shortcut Id="shortcut_gallery" Name="Gallery" Target="[folder_x64]Gallery.exe"/>
             <Shortcut Id="shortcut_readme" Name="First steps" Target="[INSTALLDIR]README.txt"/>
             <RemoveFolder Id="remove_menu" On="uninstall"/>

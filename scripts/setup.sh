@@ -14,10 +14,10 @@ packages_build=(cmake ninja-build "${packages_icons[@]}"
 packages_run=("${packages_build[@]}" wine wine64 fonts-wine xvfb xauth xdotool)
 packages_check=("${packages_build[@]}" g++ googletest zlib1g-dev libbenchmark-dev clang clang-format clang-tidy git shellcheck)
 packages_bench=("${packages_run[@]}" g++ googletest zlib1g-dev libbenchmark-dev)
-packages_package=("${packages_build[@]}" zip unzip git wixl cmark-gfm)
-# fp-compiler to libmono: the samples.
+packages_package=("${packages_build[@]}" zip unzip git wixl msitools cmark-gfm)
+# From fp-compiler on: for the samples.
 packages_test=("${packages_run[@]}" "${packages_package[@]}" g++ googletest zlib1g-dev clang libclang-rt-14-dev llvm
-    debootstrap fp-compiler fpc-source mono-mcs libmono-system-windows-forms4.0-cil)
+    debootstrap fp-compiler fpc-source lazarus-src mono-mcs libmono-system-windows-forms4.0-cil)
 
 wanted=()
 for purpose in "${@:-build run test check bench package}"; do

@@ -21,12 +21,12 @@ struct Automation {
 int run() {
     const wchar_t* const articles[][2] = {{L"Pencil", L"12"}, {L"Eraser", L"3"}, {L"Ruler", L"7"}};
     OBKCTRLS::GridEdit grid;
-    grid.RowsSet(4);
+    grid.RowsSet(3);
     grid.ColsSet(2);
     for (long row = 0; row < 3; ++row) {
-        for (long column = 0; column < 2; ++column) grid.CellTextSet(row + 1, column, articles[row][column]);
+        for (long column = 0; column < 2; ++column) grid.CellTextSet(row, column, articles[row][column]);
     }
-    std::wcout << grid.RowsCurrent() << L" rows, the second article is " << grid.CellTextRead(2, 0) << L'\n';
+    std::wcout << grid.RowsCurrent() << L" rows, the second article is " << grid.CellTextRead(1, 0) << L'\n';
 
     int changes = 0;
     OBKCTRLS::UpDownTextBox quantity;
@@ -35,7 +35,7 @@ int run() {
         std::wcout << L"quantity: " << quantity.Text() << L'\n';
     };
     quantity.Max(100);
-    quantity.Text(grid.CellTextRead(1, 1));
+    quantity.Text(grid.CellTextRead(0, 1));
 
     std::wstring extra;
     if (quantity.KeyLock('7', false, extra) == '7') std::wcout << L"a digit is taken\n";

@@ -30,10 +30,10 @@ public class OrderForm : Form
         quantity.Members.Max = 100;
         quantity.Members.Interval = 1;
         quantity.Members.Text = "12";
-        grid.Members.RowsSet(4);
+        grid.Members.RowsSet(1);
         grid.Members.ColsSet(2);
-        grid.Members.CellTextSet(1, 0, "Pencil");
-        grid.Members.CellFontSet(1, 0, Bold: true);
+        grid.Members.CellTextSet(0, 0, "Pencil");
+        grid.Members.CellFontSet(0, 0, Bold: true);
     }
 
     // F1 is the form's: the grid shall not have it.

@@ -44,20 +44,20 @@ end;
 
 procedure TOrder.Run;
 const
-  Articles: array[1..3, 0..1] of string = (('Pencil', '12'), ('Eraser', '3'), ('Ruler', '7'));
+  Articles: array[0..2, 0..1] of string = (('Pencil', '12'), ('Eraser', '3'), ('Ruler', '7'));
 var
   Row, Column: Integer;
   Extra: WideString;
 begin
-  FGrid.RowsSet(4);
+  FGrid.RowsSet(3);
   FGrid.ColsSet(2);
-  for Row := 1 to 3 do
+  for Row := 0 to 2 do
     for Column := 0 to 1 do
       FGrid.CellTextSet(Row, Column, Articles[Row, Column]);
-  WriteLn(FGrid.RowsCurrent, ' rows, the second article is ', FGrid.CellTextRead(2, 0));
+  WriteLn(FGrid.RowsCurrent, ' rows, the second article is ', FGrid.CellTextRead(1, 0));
 
   FQuantity.Max := 100;
-  FQuantity.Text := FGrid.CellTextRead(1, 1);
+  FQuantity.Text := FGrid.CellTextRead(0, 1);
   Extra := '';
   if FQuantity.KeyLock(Ord('7'), False, Extra) = Ord('7') then
     WriteLn('a digit is taken');

@@ -10,15 +10,15 @@ Public Sub ShowOrder()
     FillArticles grid
     Set quantity = CreateObject("OBKCTRLS.UpDownTextBox")
     quantity.Max = 100
-    quantity.Text = grid.CellTextRead(1, 1)
-    MsgBox grid.RowsCurrent & " rows, " & quantity.Text & " of " & grid.CellTextRead(1, 0)
+    quantity.Text = grid.CellTextRead(0, 1)
+    MsgBox grid.RowsCurrent & " rows, " & quantity.Text & " of " & grid.CellTextRead(0, 0)
 End Sub
 
 Public Sub FillArticles(ByVal grid As Object)
     grid.GridRedraw False
     grid.ColsSet 2
-    grid.RowsSet 1
-    grid.RowAddQuick "Pencil" & vbTab & "12", 1
-    grid.RowAddQuick "Eraser" & vbTab & "3", 2
+    grid.RowsSet 0
+    grid.RowAddQuick "Pencil" & vbTab & "12", 0
+    grid.RowAddQuick "Eraser" & vbTab & "3", 1
     grid.GridRedraw True
 End Sub

@@ -93,6 +93,25 @@ check "Only the newer version is in the list of programs" one_product "$(cat ver
 says_ok() { same ok "$("$@" 2>&1 | tr -d '\r' | tail -n 1)"; }
 check "The sample in C++ runs" says_ok wine programs/cpp.exe
 check "The sample in Pascal runs" says_ok wine programs/pascal.exe
+# Its caption says what the number field told it.
+form_opens() {
+    local form tries=0
+    wine programs/lazarus.exe >/dev/null 2>&1 &
+    form=$!
+    until xdotool search --name '^Order of 12$' >/dev/null 2>&1; do
+        tries=$((tries + 1))
+        if [ $tries -gt 300 ] || ! kill -0 $form 2>/dev/null; then
+            kill $form 2>/dev/null
+            echo "no form"
+            return 1
+        fi
+        sleep 0.2
+    done
+    kill $form
+    wait $form 2>/dev/null
+    return 0
+}
+check "The form of Lazarus opens and hears its controls" form_opens
 check "The sample for scripts runs" says_ok wine cscript /nologo \
     "$(windows_path "$drive/Program Files/Orbek Controls/samples/script/order.vbs")"
 examples_run() {

@@ -165,6 +165,8 @@ check "The sample in C++ compiles for 64 bits" compiles_cpp x64 "$programs/cpp.e
 check "The sample in C++ compiles for 32 bits" compiles_cpp x86 "$work/cpp32.exe"
 check "The sample in Pascal compiles" "$root/scripts/pascal.sh" "$work/$name/samples/pascal/order.pas" "$programs/pascal.exe" \
     "$work/$name/imports"
+check "The form of Lazarus compiles" "$root/scripts/pascal.sh" --lazarus "$work/$name/samples/lazarus/order.lpr" \
+    "$programs/lazarus.exe" "$work/$name/imports"
 check "The sample in C# compiles" mcs -nologo -warnaserror -target:winexe -out:"$work/form.exe" -r:System.Windows.Forms \
     -r:System.Drawing "$work/$name/samples/csharp/OrderForm.cs" "$work/$name/imports/OBKCTRLS.cs"
 
@@ -178,13 +180,26 @@ module_as_script() {
         printf 'Dim answer\n'
         sed -E '/^(Attribute|Option)/d; s/ As (Object|String|Long)//g; s/MsgBox /answer = /' "$work/$name/samples/vba/Order.bas"
         printf 'On Error Resume Next\nShowOrder\n'
-        printf 'If answer = "3 rows, 12 of Pencil" Then WScript.Echo "ok" Else WScript.Echo "vba: " & answer & Err.Description\n'
+        printf 'If answer = "2 rows, 12 of Pencil" Then WScript.Echo "ok" Else WScript.Echo "vba: " & answer & Err.Description\n'
     } | sed 's/$/\r/' >"$work/installers/examples/vba.vbs"
     grep -q 'answer = grid' "$work/installers/examples/vba.vbs"
 }
 check "The module for VBA is one that the script host can read" module_as_script
 
 # The installers.
+needs_no_rights() {
+    # 8: without rights; 2: compressed. And no property that makes it one for the machine.
+    msiinfo suminfo "$root/dist/$name-user.msi" | grep -qE '^Source: 10( |$)' &&
+        ! msiinfo export "$root/dist/$name-user.msi" Property | grep -q ALLUSERS
+}
+check "The user's installer asks for no rights" needs_no_rights
+names_classes() {
+    local id
+    while IFS=: read -r _ id; do
+        grep -qi "^class .* $id " "$root"/src/library/contracts/*.txt || { say "$id is no class"; return 1; }
+    done < <(grep -rhoiE 'clsid:[0-9A-F-]{36}' "$work/$name/samples")
+}
+check "The samples name classes that there are" names_classes
 installers_work() {
     local folder=$work/installers
     cp "$root/dist/$name.msi" "$folder/newer.msi"
