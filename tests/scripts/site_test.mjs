@@ -35,6 +35,7 @@ for (const [file, { html, ids }] of pages) {
     }
     for (const [picture] of html.matchAll(/<img[^>]*>/g)) if (!/ alt="[^"]+"/.test(picture)) fault(`${file}: ${picture} says nothing`);
     if (!/<title>[^<]+<\/title>/.test(html) || !/<html lang=/.test(html)) fault(`${file}: no title, or no language`);
+    if (/language-mermaid/.test(html)) fault(`${file}: a diagram is not drawn`);
     if (/\]\(|<p>\|/.test(html.replace(/<(pre|code)>.*?<\/\1>/gs, ''))) fault(`${file}: something was not converted`);
 }
 for (const file of pages.keys()) if (!reached.has(file)) fault(`${file} cannot be reached`);

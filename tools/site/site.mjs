@@ -41,6 +41,43 @@ function convert(markdown) {
     return made.stdout;
 }
 
+// The part of mermaid's sequence diagrams that the pages use, drawn: participants, messages from one to another, notes.
+function diagram(source) {
+    const lanes = new Map(), steps = [];
+    const lane = name => {
+        if (!lanes.has(name)) lanes.set(name, { label: name, x: 120 + lanes.size * 260 });
+        return lanes.get(name);
+    };
+    for (const line of source.trim().split('\n').slice(1).map(text => text.trim())) {
+        const participant = line.match(/^participant (\w+)(?: as (.*))?$/);
+        const message = line.match(/^(\w+)(--?)>>(\w+): (.*)$/);
+        const note = line.match(/^Note over (\w+): (.*)$/);
+        if (participant) lane(participant[1]).label = participant[2] ?? participant[1];
+        else if (message) steps.push({ from: lane(message[1]), to: lane(message[3]), answer: message[2] === '--', text: message[4] });
+        else if (note) steps.push({ over: lane(note[1]), text: note[2] });
+        else throw new Error(`no line of a diagram: ${line}`);
+    }
+    const width = 240 + (lanes.size - 1) * 260, height = 60 + steps.length * 40;
+    const text = (x, y, content, kind = '') => `<text x="${x}" y="${y}"${kind}>${escaped(content)}</text>`;
+    const parts = [...lanes.values()].map(({ x, label }) =>
+        text(x, 20, label, ' class="lane"') + `<line x1="${x}" y1="30" x2="${x}" y2="${height}" class="life"/>`);
+    steps.forEach(({ from, to, over, answer, text: content }, at) => {
+        const y = 66 + at * 40;
+        if (over) {
+            const half = Math.max(60, content.length * 3.6 + 12);
+            parts.push(`<rect x="${over.x - half}" y="${y - 18}" width="${2 * half}" height="26" rx="4"/>` + text(over.x, y, content));
+            return;
+        }
+        const end = to.x + (to.x > from.x ? -7 : 7), tip = to.x > from.x ? -8 : 8;
+        parts.push(text((from.x + to.x) / 2, y - 7, content) +
+            `<line x1="${from.x}" y1="${y}" x2="${end}" y2="${y}"${answer ? ' class="answer"' : ''}/>` +
+            `<path d="M${to.x} ${y}l${tip} -4v8z"/>`);
+    });
+    const said = steps.map(step => step.over ? step.text : `${step.from.label} to ${step.to.label}: ${step.text}`).join('; ');
+    return `<div class="wide"><svg class="diagram" role="img" aria-label="${escaped(said)}" width="${width}" height="${height}" ` +
+        `viewBox="0 0 ${width} ${height}">${parts.join('')}</svg></div>`;
+}
+
 const index = [];  // what the search knows: title, page, address, text
 
 function identify(page, text) {
@@ -73,6 +110,8 @@ function write(page) {
         if (existsSync(join(docs, `pictures/${control}.png`)))
             html = html.replace('</h1>', `</h1>\n<p><img src="../pictures/${control}.png" alt="${control} in the gallery"></p>`);
     }
+    html = html.replace(/<pre><code class="language-mermaid">(.*?)<\/code><\/pre>/gs, (_, source) => diagram(
+        source.replace(/&gt;/g, '>').replace(/&lt;/g, '<').replace(/&quot;/g, '"').replace(/&amp;/g, '&')));
     html = html.replace(/<table>/g, '<div class="wide"><table>').replace(/<\/table>/g, '</table></div>');
     // A part from each heading to the next is an entry of the search.
     const parts = html.split(/(?=<h[12] id=")/);
