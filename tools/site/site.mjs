@@ -14,7 +14,7 @@ const style = readFileSync(new URL('style.css', import.meta.url), 'utf8');
 const search = readFileSync(new URL('search.js', import.meta.url), 'utf8');
 
 const controls = readFileSync(join(docs, 'reference/README.md'), 'utf8').match(/(?<=\]\()\w+(?=\.md\))/g);
-const guides = ['fill-a-grid', 'check-what-was-typed', 'sort', 'save-and-load', 'dates', 'numbers', 'colours', 'tabs'];
+const guides = ['fill-a-grid', 'check-what-was-typed', 'sort', 'save-and-load', 'dates', 'numbers', 'colours', 'tabs', 'moving'];
 for (const file of readdirSync(join(docs, 'guides')))
     if (!guides.includes(file.replace('.md', ''))) throw new Error(`docs/guides/${file} is in no list`);
 // What the side of every page lists.
