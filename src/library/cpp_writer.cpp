@@ -448,7 +448,7 @@ private:
             if (parameter.defaultValue) list += u" = " + literal(*parameter.defaultValue);
             references = references || parameter.byReference;
             // Last first.
-            values = parameter.name + (values.empty() ? u"" : u", ") + values;
+            values.insert(0, parameter.name + (values.empty() ? u"" : u", "));
         }
         const bool answers = member.type != ValueType::empty;
         line();
@@ -482,9 +482,12 @@ private:
         line(u"        std::memcpy(passed, arguments, sizeof passed);");
         for (size_t at = 0; at < count; ++at) {
             if (!member.parameters[at].byReference) continue;
-            const Text place = decimalText(static_cast<int64_t>(count - 1 - at));
-            line(u"        passed[" + place + u"].vt = VT_BYREF | VT_VARIANT;");
-            line(u"        passed[" + place + u"].pvarVal = &arguments[" + place + u"];");
+            const Text place = u"[" + decimalText(static_cast<int64_t>(count - 1 - at)) + u"]";
+            line(u"        passed" + place + u".vt = VT_BYREF | VT_VARIANT;");
+            Text reference = u"        passed" + place;
+            reference += u".pvarVal = &arguments";
+            reference += place;
+            line(reference + u";");
         }
     }
 

@@ -363,38 +363,45 @@ private:
 
     void defineClass(const ControlTable& table) {
         const Text type = u"T" + table.name;
-        const Text members = u"_" + table.name + u"(Automation).";
         begin(u"class function " + type + u".ControlClass: TGUID;");
         line(u"  Result := CLASS_" + table.name + u";");
         line(u"end;");
         begin(u"class function " + type + u".EventsInterface: TGUID;");
         line(u"  Result := EVENTS_" + table.name + u";");
         line(u"end;");
-        for (const Member& member : table.members) {
-            const Text name = identifier(member.name);
-            if (member.kind == MemberKind::property) {
-                if (member.get) {
-                    begin(u"function " + type + u".Get" + member.name + u": " + propertyType(member) + u";");
-                    line(u"  Result := " + members + name + u";");
-                    line(u"end;");
-                }
-                if (member.put) {
-                    begin(u"procedure " + type + u".Set" + member.name + u"(const Value: " +
-                          propertyType(member) + u");");
-                    line(u"  " + members + name + u" := Value;");
-                    line(u"end;");
-                }
-                continue;
-            }
-            Text arguments;
-            for (const Parameter& parameter : member.parameters)
-                arguments += (arguments.empty() ? u"" : u", ") + identifier(parameter.name);
-            begin(heading(member, type + u"." + name, Defaults::without));
-            line(u"  " + Text(member.type == ValueType::empty ? u"" : u"Result := ") + members + name +
-                 (arguments.empty() ? Text() : u"(" + arguments + u")") + u";");
+        for (const Member& member : table.members)
+            member.kind == MemberKind::property ? defineProperty(table, member) : defineMethod(table, member);
+        defineRaise(table);
+    }
+
+    // How the class reaches a member of its interface.
+    static Text memberOf(const ControlTable& table, const Member& member) {
+        return u"_" + table.name + u"(Automation)." + identifier(member.name);
+    }
+
+    void defineProperty(const ControlTable& table, const Member& member) {
+        if (member.get) {
+            begin(u"function T" + table.name + u".Get" + member.name + u": " + propertyType(member) + u";");
+            line(u"  Result := " + memberOf(table, member) + u";");
             line(u"end;");
         }
-        defineRaise(table);
+        if (member.put) {
+            begin(u"procedure T" + table.name + u".Set" + member.name + u"(const Value: " +
+                  propertyType(member) + u");");
+            line(u"  " + memberOf(table, member) + u" := Value;");
+            line(u"end;");
+        }
+    }
+
+    void defineMethod(const ControlTable& table, const Member& member) {
+        Text arguments;
+        for (const Parameter& parameter : member.parameters)
+            arguments += (arguments.empty() ? u"" : u", ") + identifier(parameter.name);
+        if (!arguments.empty()) arguments = u"(" + arguments + u")";
+        begin(heading(member, u"T" + table.name + u"." + identifier(member.name), Defaults::without));
+        line(u"  " + Text(member.type == ValueType::empty ? u"" : u"Result := ") + memberOf(table, member) +
+             arguments + u";");
+        line(u"end;");
     }
 
     void defineRaise(const ControlTable& table) {
