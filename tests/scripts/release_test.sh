@@ -87,7 +87,7 @@ guards_its_stack() {
     local calls
     calls=$("$(tool_of "${1%%/*}")-objdump" -d "$root/build/windows-${1%%/*}/products/${1#*/}" |
         grep -c 'call.*<_*stack_chk_fail>')
-    [ "$calls" -ge 50 ] || { say "$calls calls"; return 1; }
+    [ "$calls" -ge 200 ] || { say "$calls calls"; return 1; }
 }
 has_no_time_or_place() {
     same "time 0" "$(facts "$1" | grep ^time)" || return 1
