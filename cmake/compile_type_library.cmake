@@ -25,7 +25,11 @@ function(compile idl output)
 endfunction()
 
 compile("${BASE}/stdole2.idl" "${folder}/stdole2.tlb")
-compile("${IDL}" "${OUTPUT}")
+set(named "${CMAKE_CURRENT_LIST_DIR}/named_defaults.pl")
+get_filename_component(name "${IDL}" NAME)
+execute_process(COMMAND perl "${named}" plain "${IDL}" "${folder}/${name}" COMMAND_ERROR_IS_FATAL ANY)
+compile("${folder}/${name}" "${OUTPUT}")
+execute_process(COMMAND perl "${named}" named "${IDL}" "${OUTPUT}" COMMAND_ERROR_IS_FATAL ANY)
 
 # An interface derived from IDispatch after a dispinterface damages the library's identity without a word.
 file(READ "${OUTPUT}" contents HEX)

@@ -14,11 +14,12 @@ function(obk_add_type_library target)
     set(folder "${CMAKE_CURRENT_BINARY_DIR}/typelib")
     set(typeLibrary "${folder}/${name}.tlb")
     set(script "${PROJECT_SOURCE_DIR}/cmake/compile_type_library.cmake")
+    set(named "${PROJECT_SOURCE_DIR}/cmake/named_defaults.pl")
     add_custom_command(
         OUTPUT "${typeLibrary}"
         COMMAND ${CMAKE_COMMAND} -DWIDL=${OBK_WIDL} -DPOINTER_SIZE=${CMAKE_SIZEOF_VOID_P} -DBASE=${base}
             -DIDL=${idl} -DLIBID=${arg_LIBID} -DOUTPUT=${typeLibrary} -P "${script}"
-        DEPENDS "${idl}" ${arg_DEPENDS} "${base}/automation.idl" "${base}/stdole2.idl" "${script}"
+        DEPENDS "${idl}" ${arg_DEPENDS} "${base}/automation.idl" "${base}/stdole2.idl" "${script}" "${named}"
         COMMENT "Compiling the type library ${name}.tlb"
         VERBATIM)
     add_custom_target(${target} DEPENDS "${typeLibrary}")

@@ -156,9 +156,7 @@ private:
             if (parameter.mayBeLeftOut())
                 list += u", defaultvalue(" + constant(valueOf(parameter.defaultValue)) + u")";
             list += u"] ";
-            // widl can give no default value to a type with a name; to hosts a colour is a Long.
-            const bool plain = parameter.mayBeLeftOut() && parameter.type == ValueType::colour;
-            list += idlName(plain ? ValueType::longInteger : parameter.type);
+            list += idlName(parameter.type);
             list += parameter.byReference ? u"* " : u" ";
             list += parameter.name;
         }

@@ -377,5 +377,38 @@ TEST_F(ServerDispatch, TypeInformationDescribesTheInterfaceAndTheClass) {
     }
 }
 
+TEST_F(ServerDispatch, AColourThatMayBeLeftOutIsOneInTheTypeInformationToo) {
+    const auto grid = serverType(L"_GridEdit");
+    for (const auto& [name, parameters] : {std::pair(L"CellEnabledSet", 4), {L"CellFontSet", 7}}) {
+        std::wstring member = name;
+        LPOLESTR asked = member.data();
+        MEMBERID id = 0;
+        ASSERT_EQ(grid->GetIDsOfNames(&asked, 1, &id), S_OK);
+        TYPEATTR* attributes = nullptr;
+        ASSERT_EQ(grid->GetTypeAttr(&attributes), S_OK);
+        int found = 0;
+        for (UINT at = 0; at < attributes->cFuncs; ++at) {
+            FUNCDESC* function = nullptr;
+            ASSERT_EQ(grid->GetFuncDesc(at, &function), S_OK);
+            if (function->memid == id && ++found) {
+                ASSERT_EQ(function->cParams, parameters);
+                const ELEMDESC& colour = function->lprgelemdescParam[parameters - 1];
+                ASSERT_EQ(colour.tdesc.vt, VT_USERDEFINED);
+                ComPtr<ITypeInfo> type;
+                ASSERT_EQ(grid->GetRefTypeInfo(colour.tdesc.hreftype, type.put()), S_OK);
+                Bstr typeName;
+                type->GetDocumentation(MEMBERID_NIL, typeName.put(), nullptr, nullptr, nullptr);
+                EXPECT_EQ(typeName.view(), L"OLE_COLOR");
+                ASSERT_TRUE(colour.paramdesc.wParamFlags & PARAMFLAG_FHASDEFAULT);
+                const VARIANT& grey = colour.paramdesc.pparamdescex->varDefaultValue;
+                EXPECT_EQ(static_cast<ULONG>(V_I4(&grey)), 0x80000010u);
+            }
+            grid->ReleaseFuncDesc(function);
+        }
+        EXPECT_EQ(found, 1);
+        grid->ReleaseTypeAttr(attributes);
+    }
+}
+
 }  // namespace
 }  // namespace obk
