@@ -197,6 +197,25 @@ TEST_F(ButtonPaletteWindow, OnAMonitorOfAnotherScaleThePanelIsWholeAndAnswers) {
     EXPECT_EQ(colour(), colourOf(16));
 }
 
+TEST_F(ButtonPaletteWindow, SetThemeShowsTheGroundThatItsHostMeans) {
+    const auto ground = [&] {
+        hosted.loop.pumpPending();
+        const HDC dc = GetDC(button());
+        const COLORREF at = GetPixel(dc, 50, 3);
+        ReleaseDC(button(), dc);
+        return at;
+    };
+    constexpr COLORREF pink = RGB(250, 200, 210);
+    object().put(L"BackColor", static_cast<long>(pink));
+    object().put(L"BackcolorCustom", false);
+    object().call(L"SetTheme");
+    EXPECT_EQ(ground(), pink);
+    object().put(L"BackcolorCustom", true);
+    object().call(L"SetTheme");
+    EXPECT_EQ(ground(), GetSysColor(COLOR_BTNFACE));
+    EXPECT_EQ(object().value(L"BackColor").toLong(), static_cast<long>(pink));
+}
+
 TEST_F(ButtonPaletteWindow, TheStripOpensTheSystemsChooser) {
     const auto pressStrip = [&](HWND panel) {
         const RECT area = windowRect(panel);

@@ -172,6 +172,50 @@ TEST_F(DateCalendarWindow, TheCalendarIsFilledInWithTheKeyboardAlone) {
     EXPECT_TRUE(person.waitFor([&] { return GetFocus() == other; })) << "closed, it leaves Tab to the form";
 }
 
+TEST_F(DateCalendarWindow, CalendarUpdateShowsNoDaysWhileThereIsNoYear) {
+    enter();
+    person.key(VK_F4);
+    const HWND panel = openPanel();
+    ASSERT_TRUE(panel);
+    const auto ink = [&] {
+        hosted.loop.pumpPending();
+        const PixelRect first = Dpi().toPixels(cellBounds(cellColumns)),
+                        last = Dpi().toPixels(cellBounds(cellCount - cellColumns - 1));
+        const HDC dc = GetDC(panel);
+        int pixels = 0;
+        for (int y = first.top; y < last.bottom; ++y) {
+            for (int x = first.left; x < last.right; ++x)
+                pixels += GetPixel(dc, x, y) != GetSysColor(COLOR_WINDOW);
+        }
+        ReleaseDC(panel, dc);
+        return pixels;
+    };
+    const int days = ink();
+    EXPECT_GT(days, 100);
+    person.key(VK_TAB);
+    person.key(VK_TAB);
+    person.type(L"2");
+    object().call(L"CalendarUpdate");
+    EXPECT_EQ(ink(), 0);
+    person.type(L"031");
+    object().call(L"CalendarUpdate");
+    EXPECT_GT(ink(), 100);
+}
+
+TEST_F(DateCalendarWindow, AClickThatTheHostMakesOnADisabledFieldEndsLikeAnyOther) {
+    object().put(L"Enabled", false);
+    object().put(L"MousePosn", false);
+    person.moveTo(face(), 10, 10);
+    takeEvents();
+    person.click(face(), 10, 10);
+    object().call(L"UserControl_Click");
+    hosted.loop.pumpPending();
+    EXPECT_FALSE(openPanel());
+    EXPECT_EQ(takeEvents(), L"");
+    EXPECT_EQ(GetCapture(), nullptr);
+    EXPECT_EQ(object().value(L"MousePosn").toBool(), true);
+}
+
 TEST_F(DateCalendarWindow, WhatIsClearedStaysClearAndAnUntouchedEmptyFieldIsEmptyAgain) {
     for (const bool clears : {true, false}) {
         SetFocus(edit);

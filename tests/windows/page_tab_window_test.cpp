@@ -95,6 +95,39 @@ TEST_F(PageTabWindow, AnAccessKeyCallsItsTabFromTheWholeForm) {
     EXPECT_EQ(info.cAccel, 0);
 }
 
+TEST_F(PageTabWindow, ButtonsScrollTabsThatDoNotFitOnceForAPressAndOnWhileHeld) {
+    for (const bool mirrored : {false, true}) {
+        hosted.site.setAmbient(DISPID_AMBIENT_RIGHTTOLEFT, mirrored);
+        setTabs(L"alpha,bravo,charlie,delta,echo,foxtrot,golf,hotel,india,juliet,kilo,lima", 1);
+        RECT area{};
+        GetClientRect(strip(), &area);
+        // Two buttons at the end of the reading direction; the outer one goes on.
+        const int y = (placeOf(1).top + placeOf(1).bottom) / 2;
+        const auto at = [&](int fromEnd) {
+            return static_cast<int>(mirrored ? fromEnd : area.right - fromEnd);
+        };
+        const auto shows = [&](long tab) { return placeOf(tab).right > placeOf(tab).left; };
+        ASSERT_TRUE(shows(1) && !shows(12));
+        person.click(strip(), at(10), y);
+        EXPECT_FALSE(shows(1));
+        EXPECT_TRUE(shows(2)) << "one tab";
+        person.moveTo(strip(), at(11), y);
+        person.press();
+        EXPECT_TRUE(person.waitFor([&] { return shows(12); }));
+        person.release();
+        for (int more = 0; more < 3; ++more) person.click(strip(), at(10), y);
+        const RECT end = placeOf(12);
+        person.click(strip(), at(10), y);
+        EXPECT_EQ(placeOf(12).left, end.left) << "there is no more";
+        person.moveTo(strip(), at(27), y);
+        person.press();
+        EXPECT_TRUE(person.waitFor([&] { return shows(1); }));
+        person.release();
+        EXPECT_EQ(active(), 1);
+        EXPECT_EQ(takeEvents().find(L"Click"), std::wstring::npos) << "scrolling is no choice";
+    }
+}
+
 TEST_F(PageTabWindow, ARightToLeftFormHasItsTabsAtTheRight) {
     const RECT before = placeOf(1);
     hosted.site.setAmbient(DISPID_AMBIENT_RIGHTTOLEFT, true);
