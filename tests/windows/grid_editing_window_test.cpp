@@ -22,6 +22,18 @@ constexpr RECT place{10, 10, 490, 250};
 constexpr int border = 2, colWidth = 64;
 enum Column : long { textCol, dateCol, readOnlyCol, checkCol, listCol, numberCol, timeCol, allCols };
 
+void putOnClipboard(std::initializer_list<std::pair<UINT, std::wstring>> contents) {
+    OpenClipboard(nullptr);
+    EmptyClipboard();
+    for (const auto& [format, content] : contents) {
+        const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, content.size() * sizeof(wchar_t));
+        content.copy(static_cast<wchar_t*>(GlobalLock(memory)), content.size());
+        GlobalUnlock(memory);
+        SetClipboardData(format, memory);
+    }
+    CloseClipboard();
+}
+
 class GridEditing : public PersonAtControl {
 protected:
     GridEditing() : PersonAtControl(L"GridEdit", place) {
@@ -119,6 +131,133 @@ TEST_F(GridEditing, ARowIsTypedThroughAllItsEditors) {
     person.key(VK_TAB, MOD_SHIFT);
     EXPECT_EQ(current(), std::pair(1L, static_cast<long>(timeCol)));
     EXPECT_EQ(read(0, readOnlyCol), L"fixed");
+}
+
+// Each line of the reference page's table of keys but the menu's and the calendar's, which have tests of
+// their own. The column begins as "a", "b", "c" with its second row current, the list's and the number's with
+// what stands there.
+TEST_F(GridEditing, EachKeyDoesWhatTheReferenceSays) {
+    enum class In { cells, lastRow, untouched, line, mark, list, number };
+    struct Key {
+        WORD code;
+        UINT held = 0;
+    };
+    constexpr UINT ctrl = MOD_CONTROL, shift = MOD_SHIFT, alt = MOD_ALT;
+    struct Line {
+        In in;
+        std::vector<Key> keys;
+        const wchar_t* left;  // the current cell, whether an editor is open, the texts of the column
+    };
+    const Line lines[] = {
+        {In::line, {{VK_ESCAPE}}, L"1,0 a,bee,c"},
+        {In::line, {{VK_RETURN, shift}}, L"0,0 open a,bee,c"},
+        {In::cells, {{VK_RETURN, shift}}, L"0,0 open a,b,c"},
+        {In::line, {{VK_RETURN}}, L"2,0 open a,bee,c"},
+        {In::cells, {{VK_RETURN}}, L"2,0 open a,b,c"},
+        {In::lastRow, {{VK_RETURN}}, L"3,0 open a,b,c,"},
+        {In::line, {{VK_UP}}, L"0,0 a,bee,c"},
+        {In::line, {{VK_DOWN}}, L"2,0 a,bee,c"},
+        {In::line, {{VK_NEXT}}, L"2,0 a,bee,c"},
+        {In::line, {{VK_PRIOR}}, L"0,0 a,bee,c"},
+        {In::mark, {{VK_LEFT}}, L"1,2 ,,"},
+        {In::mark, {{VK_RIGHT}}, L"1,4 ,,"},
+        {In::mark, {{VK_UP}}, L"0,3 ,,"},
+        {In::mark, {{VK_DOWN}}, L"2,3 ,,"},
+        {In::mark, {{VK_NEXT}}, L"2,3 ,,"},
+        {In::mark, {{VK_SPACE}, {VK_ESCAPE}}, L"1,3 ,a,"},
+        {In::cells, {{VK_TAB}}, L"1,1 open a,b,c"},
+        {In::cells, {{VK_TAB, shift}}, L"0,6 a,b,c"},
+        {In::lastRow, {{VK_DOWN}}, L"3,0 a,b,c,"},
+        {In::cells, {{VK_F2}, {'X'}, {VK_ESCAPE}}, L"1,0 a,bx,c"},
+        {In::cells, {{VK_INSERT}}, L"1,0 a,,b,c"},
+        {In::cells, {{VK_INSERT, shift}}, L"1,0 a,z,y"},
+        {In::cells, {{'V', ctrl}}, L"1,0 a,z,y"},
+        {In::cells, {{VK_DELETE}}, L"1,0 a,c"},
+        {In::cells, {{VK_DOWN, shift}, {VK_DELETE}}, L"0,0 a"},
+        {In::untouched, {{'V', ctrl}, {VK_ESCAPE}}, L"1,0 a,z,y"},
+        {In::untouched, {{VK_INSERT, shift}, {VK_ESCAPE}}, L"1,0 a,z,y"},
+        {In::cells, {{'X', ctrl}}, L"1,0 a,,c"},
+        {In::cells, {{VK_DELETE, shift}}, L"1,0 a,,c"},
+        {In::cells, {{'A', ctrl}, {VK_DELETE, shift}}, L"0,0 ,,"},
+        {In::cells, {{'D', ctrl}}, L"1,0 a,a,c"},
+        {In::cells, {{'X', ctrl}, {'Z', ctrl}}, L"1,0 a,b,c"},
+        {In::cells, {{'X', ctrl}, {'Z', ctrl}, {'Y', ctrl}}, L"1,0 a,,c"},
+        {In::cells, {{'X', ctrl}, {VK_F2}, {'Z', ctrl}}, L"1,0 a,b,c"},
+        {In::cells, {{'X', ctrl}, {'Z', ctrl}, {VK_F2}, {'Y', ctrl}}, L"1,0 a,,c"},
+        {In::cells, {{'Q'}}, L"1,0 open a,b,c"},
+        {In::cells, {{'Q'}, {VK_ESCAPE}}, L"1,0 a,q,c"},
+        {In::cells, {{VK_UP}}, L"0,0 a,b,c"},
+        {In::cells, {{VK_RIGHT}}, L"1,1 a,b,c"},
+        {In::cells, {{VK_DOWN, ctrl}}, L"2,0 a,b,c"},
+        {In::cells, {{VK_END}}, L"1,6 a,b,c"},
+        {In::cells, {{VK_END}, {VK_HOME}}, L"1,0 a,b,c"},
+        {In::cells, {{VK_END, ctrl}}, L"2,6 a,b,c"},
+        {In::cells, {{VK_NEXT}}, L"2,0 a,b,c"},
+        {In::cells, {{VK_PRIOR}}, L"0,0 a,b,c"},
+        {In::cells, {{VK_UP, shift}, {'C', ctrl}, {VK_DOWN}, {'V', ctrl}}, L"2,0 a,b,a,b"},
+        {In::cells, {{VK_INSERT, ctrl}, {VK_UP}, {'V', ctrl}, {VK_ESCAPE}}, L"0,0 b,b,c"},
+        {In::cells, {{VK_LEFT, alt}, {VK_RIGHT, alt}, {VK_RIGHT, alt}}, L"1,0 wider a,b,c"},
+        {In::cells, {{VK_LEFT, alt}}, L"1,0 narrower a,b,c"},
+        {In::cells, {{VK_ADD, ctrl}}, L"1,0 narrower a,b,c"},
+        {In::cells, {{VK_OEM_PLUS, ctrl}}, L"1,0 narrower a,b,c"},
+        {In::cells, {{VK_UP, alt}}, L"1,0 sorted a,b,c"},
+        {In::line, {{VK_LEFT}, {'X'}, {VK_ESCAPE}}, L"1,0 a,bexe,c"},
+        {In::line, {{VK_LEFT, shift}, {'X'}, {VK_ESCAPE}}, L"1,0 a,bex,c"},
+        {In::line, {{VK_LEFT, ctrl}, {VK_RIGHT}, {'X'}, {VK_ESCAPE}}, L"1,0 a,bxee,c"},
+        {In::line, {{VK_HOME}, {'X'}, {VK_END}, {'Y'}, {VK_ESCAPE}}, L"1,0 a,xbeey,c"},
+        {In::line, {{VK_HOME}, {VK_DELETE}, {VK_ESCAPE}}, L"1,0 a,ee,c"},
+        {In::line, {{'A', ctrl}, {'X'}, {VK_ESCAPE}}, L"1,0 a,x,c"},
+        {In::line, {{'A', ctrl}, {'C', ctrl}, {VK_END}, {'V', ctrl}, {VK_ESCAPE}}, L"1,0 a,beebee,c"},
+        {In::line,
+         {{'A', ctrl}, {VK_INSERT, ctrl}, {VK_HOME}, {VK_INSERT, shift}, {VK_ESCAPE}},
+         L"1,0 a,beebee,c"},
+        {In::line, {{'A', ctrl}, {'X', ctrl}, {VK_ESCAPE}}, L"1,0 a,,c"},
+        {In::line, {{'A', ctrl}, {VK_DELETE, shift}, {VK_ESCAPE}}, L"1,0 a,,c"},
+        {In::line, {{'A', ctrl}, {VK_DELETE}, {'Z', ctrl}, {VK_ESCAPE}}, L"1,0 a,bee,c"},
+        {In::number, {{VK_UP, alt}, {VK_ESCAPE}}, L"1,5 7,8.25,7"},
+        {In::number, {{VK_DOWN, alt}, {VK_ESCAPE}}, L"1,5 7,6.25,7"},
+        {In::list, {{'L'}, {VK_ESCAPE}}, L"1,4 Desk,Lamp,Desk"},
+        {In::list, {{VK_DOWN}, {VK_ESCAPE}}, L"1,4 Desk,Lamp,Desk"},
+        {In::list, {{VK_UP}, {VK_ESCAPE}}, L"1,4 Desk,Desk,Desk"},
+        {In::list, {{VK_END}, {VK_ESCAPE}}, L"1,4 Desk,Lamp,Desk"},
+        {In::list, {{VK_HOME}, {VK_ESCAPE}}, L"1,4 Desk,Desk,Desk"},
+        {In::list, {{VK_F4}}, L"1,4 dropped Desk,Bookcase,Desk"},
+        {In::list, {{VK_DOWN, alt}}, L"1,4 dropped Desk,Bookcase,Desk"},
+        {In::list, {{VK_UP, alt}}, L"1,4 dropped Desk,Bookcase,Desk"},
+        {In::list, {{VK_F4}, {VK_NEXT}, {VK_RETURN}, {VK_ESCAPE}}, L"1,4 Desk,Lamp,Desk"},
+        {In::list, {{VK_F4}, {VK_PRIOR}, {VK_F4}, {VK_ESCAPE}}, L"1,4 Desk,Desk,Desk"},
+        {In::list, {{VK_F4}, {VK_DOWN}, {VK_ESCAPE}, {VK_ESCAPE}}, L"1,4 Desk,Bookcase,Desk"},
+    };
+    for (const Line& line : lines) {
+        object().call(L"BoxHide");
+        object().call(L"RowsSet", {0});
+        for (const wchar_t* row : {L"a\t\t\t\tDesk\t7", L"b\t\t\t\tBookcase\t7.25", L"c\t\t\t\tDesk\t7"})
+            object().call(L"RowAddQuick", {row, number(L"RowsCurrent")});
+        putOnClipboard({{CF_UNICODETEXT, std::wstring(L"z\r\ny\0", 5)}});
+        const Column col = line.in == In::mark     ? checkCol
+                           : line.in == In::list   ? listCol
+                           : line.in == In::number ? numberCol
+                                                   : textCol;
+        object().call(L"ColSetFocus", {static_cast<long>(col)});
+        object().call(L"RowSetFocus", {line.in == In::lastRow ? 2L : 1L});
+        object().call(L"GridFocusShow");
+        const long width = number(L"CellCurrentWidth");
+        if (line.in == In::line || line.in == In::untouched) person.key(VK_F2);
+        if (line.in == In::line) person.type(L"ee");
+        if (line.in == In::mark || line.in == In::list || line.in == In::number) object().call(L"BoxShow");
+        takeEvents();
+        for (const Key& key : line.keys) person.key(key.code, key.held);
+        std::wstring left = std::to_wstring(current().first) + L"," + std::to_wstring(current().second);
+        if (!openWindows().empty()) left += L" open";
+        if (openPanel()) left += L" dropped";
+        if (takeEvents().find(L"SortClick") != std::wstring::npos) left += L" sorted";
+        if (col == textCol && current().second == col && number(L"CellCurrentWidth") != width)
+            left += number(L"CellCurrentWidth") < width ? L" narrower" : L" wider";
+        for (long row = 0; row < number(L"RowsCurrent"); ++row)
+            left += (row == 0 ? L" " : L",") + read(row, col);
+        EXPECT_EQ(left, line.left) << "line " << &line - lines;
+        object().call(L"ColWidth", {static_cast<long>(textCol), 960.0});
+    }
 }
 
 TEST_F(GridEditing, EveryEditorOpensOverItsCellAndEveryWayOutKeepsItsValue) {
@@ -423,18 +562,6 @@ std::wstring droppedFiles() {
     return bytes + std::wstring(L"C:\\a.txt\0C:\\b.txt\0\0", 19);
 }
 
-void putOnClipboard(std::initializer_list<std::pair<UINT, std::wstring>> contents) {
-    OpenClipboard(nullptr);
-    EmptyClipboard();
-    for (const auto& [format, content] : contents) {
-        const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, content.size() * sizeof(wchar_t));
-        content.copy(static_cast<wchar_t*>(GlobalLock(memory)), content.size());
-        GlobalUnlock(memory);
-        SetClipboardData(format, memory);
-    }
-    CloseClipboard();
-}
-
 // What a script hears of what was dropped: its text in both formats, whether there is text and a picture, and
 // the files.
 std::wstring askedOf(const container::Dispatch& data) {
@@ -495,6 +622,43 @@ TEST_F(GridEditing, ADropTellsTheHostWhatWasDroppedAndWhere) {
     EXPECT_EQ(told[4].toLong(), (target.x - border + 1) * 15);
     EXPECT_EQ(told[5].toLong(), (target.y - top) * 15);
     EXPECT_EQ(number(L"MouseRow"), 2);
+}
+
+// A setting of the user's while it lives.
+class UserSetting {
+public:
+    UserSetting(LCTYPE type, const wchar_t* value) : type_(type) {
+        GetLocaleInfoW(LOCALE_USER_DEFAULT, type, before_, 80);
+        EXPECT_TRUE(SetLocaleInfoW(LOCALE_USER_DEFAULT, type, value));
+    }
+    UserSetting(const UserSetting&) = delete;
+    UserSetting& operator=(const UserSetting&) = delete;
+    ~UserSetting() { SetLocaleInfoW(LOCALE_USER_DEFAULT, type_, before_); }
+
+private:
+    LCTYPE type_;
+    wchar_t before_[80]{};
+};
+
+TEST_F(GridEditing, DatesAndNumbersAreTypedAsTheUsersSystemWritesThem) {
+    const UserSetting dates(LOCALE_SSHORTDATE, L"dd.MM.yyyy"), comma(LOCALE_SDECIMAL, L",");
+    const auto typed = [&](Column col, const wchar_t* text) {
+        object().call(L"CellTextSet", {0, static_cast<long>(col), L""});
+        object().call(L"GridFocusShow");
+        object().call(L"RowSetFocus", {0});
+        object().call(L"ColSetFocus", {static_cast<long>(col)});
+        person.type(text);
+        person.key(VK_RETURN);
+        return read(0, col);
+    };
+    EXPECT_EQ(typed(dateCol, L"2.3.2026"), L"Mon 2 Mar 2026");
+    EXPECT_EQ(typed(dateCol, L"2.3.31"), L"Sun 2 Mar 2031");
+    EXPECT_EQ(typed(dateCol, L"2.3.60"), L"Wed 2 Mar 1960") << "by the system's pivot";
+    EXPECT_EQ(typed(dateCol, L"31.2.2026"), L"31.2.2026") << "never another day";
+    EXPECT_EQ(typed(numberCol, L"1,5"), L"1.5");
+    EXPECT_EQ(typed(numberCol, L"2.5-"), L"-2.5");
+    const UserSetting american(LOCALE_SSHORTDATE, L"M/d/yyyy");
+    EXPECT_EQ(typed(dateCol, L"2.3.2026"), L"Tue 3 Feb 2026");
 }
 
 TEST(GridEditScript, AFileIsSavedAndLoadedWithoutAWindow) {

@@ -126,6 +126,7 @@ void Person::type(std::wstring_view text) {
     for (const wchar_t character : text)
         key(character == L'.'   ? VK_OEM_PERIOD
             : character == L'-' ? VK_OEM_MINUS
+            : character == L',' ? VK_OEM_COMMA
                                 : static_cast<WORD>(towupper(character)));
 }
 

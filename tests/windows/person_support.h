@@ -25,7 +25,7 @@ public:
     // A key that repeats before it goes up, all sent at once: what the system knows of keys that are down is
     // the real keyboard's again as soon as a window opens or closes.
     void hold(WORD code, int times);
-    // Digits, letters and ".".
+    // Digits, letters, ".", "-" and ",".
     void type(std::wstring_view text);
     // Client coordinates of a window; null: of the screen.
     void moveTo(HWND window, int x, int y);
