@@ -10,6 +10,8 @@
 #include <olectl.h>
 
 #include <algorithm>
+#include <functional>
+#include <utility>
 
 namespace obk {
 namespace {
@@ -142,6 +144,76 @@ TEST_F(PropertyPageTest, NamedValuesAndColoursAreChosen) {
     EXPECT_EQ(Dispatch(control.get()).value(L"Alignment").toLong(), 2);
     EXPECT_EQ(Dispatch(control.get()).value(L"Enabled").toBool(), false);
     EXPECT_EQ(Dispatch(control.get()).value(L"ForeColor").toLong(), static_cast<long>(0x80000011u));
+}
+
+// Fills in the next dialog of this thread, which runs its own loop, and ends it.
+class DialogAnswer {
+public:
+    explicit DialogAnswer(std::function<void(HWND)> fill, WPARAM button = IDOK)
+        : fill_(std::move(fill)), button_(button) {
+        current = this;
+        timer_ = SetTimer(nullptr, 0, 50, tick);
+    }
+    DialogAnswer(const DialogAnswer&) = delete;
+    DialogAnswer& operator=(const DialogAnswer&) = delete;
+    ~DialogAnswer() {
+        KillTimer(nullptr, timer_);
+        current = nullptr;
+    }
+
+private:
+    static void CALLBACK tick(HWND, UINT, UINT_PTR, DWORD) {
+        EnumThreadWindows(GetCurrentThreadId(), answer, 0);
+    }
+    static BOOL CALLBACK answer(HWND window, LPARAM) {
+        wchar_t name[50] = L"";
+        GetClassNameW(window, name, 50);
+        if (!current || lstrcmpW(name, L"#32770") != 0 || !IsWindowVisible(window)) return TRUE;
+        if (const auto fill = std::exchange(current->fill_, nullptr)) fill(window);
+        PostMessageW(window, WM_COMMAND, current->button_, 0);
+        return FALSE;
+    }
+
+    static inline DialogAnswer* current = nullptr;
+    std::function<void(HWND)> fill_;
+    WPARAM button_;
+    UINT_PTR timer_;
+};
+
+TEST_F(PropertyPageTest, ColoursAndFontsAreChosenInTheSystemsDialogs) {
+    const auto control = create(L"ButtonPalette");
+    show({control});
+    const auto ask = [&](const wchar_t* property) {
+        page->EditProperty(number(control, property));
+        SendMessageW(field(L"BUTTON", L"..."), BM_CLICK, 0, 0);
+    };
+    const Dispatch object(control.get());
+    const auto font = [&] { return Dispatch(object.value(L"Font").toObject().get()); };
+    const double size = font().value(L"Size").toDouble().value_or(0);
+    constexpr int redField = 706, strikeOut = 0x410;
+    {
+        const DialogAnswer answer([](HWND dialog) {
+            for (int part = 0; part < 3; ++part)
+                SetDlgItemInt(dialog, redField + part, static_cast<UINT>(part + 1), FALSE);
+        });
+        ask(L"ForeColor");
+    }
+    {
+        const DialogAnswer answer(
+            [](HWND dialog) { SendDlgItemMessageW(dialog, strikeOut, BM_CLICK, 0, 0); });
+        ask(L"Font");
+    }
+    {
+        const DialogAnswer answer({}, IDCANCEL);
+        ask(L"BackColor");
+    }
+    const long back = object.value(L"BackColor").toLong().value_or(-1);
+    EXPECT_NE(object.value(L"ForeColor").toLong(), 0x00030201L) << "chosen, not applied";
+    EXPECT_EQ(page->Apply(), S_OK);
+    EXPECT_EQ(object.value(L"ForeColor").toLong(), 0x00030201L);
+    EXPECT_EQ(object.value(L"BackColor").toLong(), back);
+    EXPECT_EQ(font().value(L"Strikethrough").toBool(), true);
+    EXPECT_NEAR(font().value(L"Size").toDouble().value_or(0), size, 0.5);
 }
 
 TEST_F(PropertyPageTest, TabsAreAddedNamedMovedAndRemoved) {
