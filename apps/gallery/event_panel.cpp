@@ -51,21 +51,25 @@ void EventList::drawRow(HDC dc, const RECT& area, int index, bool selected) {
     const COLORREF strong = selected ? theme().selectedText : theme().text;
     const COLORREF dim = selected ? theme().selectedText : theme().dimText;
     const int inset = theme().scale(14);
+    // Where there is little room what an event tells comes before the name of its control.
+    const bool narrow = area.right - area.left < theme().scale(330);
+    const int name = narrow ? 36 : 150, arguments = name + 94;
     const auto column = [&](int from, int to) {
         return RECT{area.left + theme().scale(from), area.top,
                     to ? area.left + theme().scale(to) : area.right - inset, area.bottom};
     };
-    drawText(dc, std::to_wstring(row.number), column(14, 48), theme().body(), dim, oneLine);
-    drawText(dc, row.control, column(52, 146), theme().body(), dim, oneLine);
+    drawText(dc, std::to_wstring(row.number), column(14, narrow ? name - 2 : 48), theme().body(), dim,
+             oneLine);
+    if (!narrow) drawText(dc, row.control, column(52, name - 4), theme().body(), dim, oneLine);
     if (row.kind != Kind::event) {
-        drawText(dc, row.text, column(150, 0), theme().body(),
+        drawText(dc, row.text, column(name, 0), theme().body(),
                  row.kind == Kind::problem ? theme().accent : strong, oneLine);
         return;
     }
-    drawStrong(dc, theme(), row.name, column(150, 240), strong, oneLine);
+    drawStrong(dc, theme(), row.name, column(name, arguments - 4), strong, oneLine);
     std::wstring text = row.text;
     if (row.repeated > 1) text += L"   \x00D7" + std::to_wstring(row.repeated);
-    drawText(dc, text, column(244, 0), theme().body(), strong, oneLine);
+    drawText(dc, text, column(arguments, 0), theme().body(), strong, oneLine);
 }
 
 EventPanel::EventPanel(const Theme& theme, HWND parent) : Window(theme) {

@@ -120,8 +120,11 @@ int drawText(HDC dc, std::wstring_view text, RECT rectangle, HFONT font, COLORRE
 int drawStrong(HDC dc, const Theme& theme, std::wstring_view text, RECT rectangle, COLORREF colour,
                UINT format) {
     const int height = drawText(dc, text, rectangle, theme.strong(), colour, format);
-    rectangle.left += theme.scale(1);
-    if (theme.strikesTwice()) drawText(dc, text, rectangle, theme.strong(), colour, format);
+    // Pixel by pixel, so that the strokes are wider and not double.
+    for (int wider = theme.strikesTwice() ? theme.scale(1) : 0; wider > 0; --wider) {
+        ++rectangle.left;
+        drawText(dc, text, rectangle, theme.strong(), colour, format);
+    }
     return height;
 }
 
