@@ -33,6 +33,7 @@ UpDownTextBox::UpDownTextBox(Platform& platform)
       txtUPDOWN(picfraBOX),
       cboHEIGHT(picfraBOX) {
     applyBackColour(SystemColour::window);
+    txtUPDOWN.setHoldsNumbers();
     txtUPDOWN.setText(u"1");
     connectChildren();
 }

@@ -14,6 +14,12 @@ namespace obk {
 enum class HorizontalAlignment : uint8_t { left, right, centre };
 enum class VerticalAlignment : uint8_t { top, centre, bottom };
 
+constexpr HorizontalAlignment mirrored(HorizontalAlignment alignment) {
+    return alignment == HorizontalAlignment::left    ? HorizontalAlignment::right
+           : alignment == HorizontalAlignment::right ? HorizontalAlignment::left
+                                                     : alignment;
+}
+
 struct TextStyle {
     FontDescription font;
     Rgb colour;

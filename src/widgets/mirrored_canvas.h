@@ -22,10 +22,8 @@ public:
     }
     void drawText(TextView text, const PixelRect& rect, const TextStyle& style) override {
         TextStyle own = style;
-        own.rightToLeft = true;
-        if (style.horizontal != HorizontalAlignment::centre)
-            own.horizontal = style.horizontal == HorizontalAlignment::left ? HorizontalAlignment::right
-                                                                           : HorizontalAlignment::left;
+        own.rightToLeft = !isSignedNumber(text);
+        own.horizontal = obk::mirrored(style.horizontal);
         canvas_.drawText(text, mirrored(rect), own);
     }
     void drawPicture(const SharedPicture& picture, const PixelRect& rect) override {
@@ -37,6 +35,11 @@ public:
     PixelRect clipBounds() const override { return mirrored(canvas_.clipBounds()); }
 
 private:
+    // Its sign stands before it in every reading order.
+    static bool isSignedNumber(TextView text) {
+        return text.size() > 1 && TextView(u"+-").find(text[0]) != TextView::npos &&
+               text.find_first_not_of(u"0123456789.,", 1) == TextView::npos;
+    }
     PixelRect mirrored(const PixelRect& rect) const {
         return {edges_ - rect.right, rect.top, edges_ - rect.left, rect.bottom};
     }

@@ -15,6 +15,7 @@ class CheckBoxClient;
 class CheckBoxPeer;
 class TextBoxClient;
 class TextBoxPeer;
+struct TextFlow;
 
 class SurfaceClient : public PeerClient {
 public:
@@ -88,8 +89,7 @@ public:
     virtual PixelRect workArea(const PixelRect& place) const = 0;
 
     // Null when the system refuses.
-    virtual std::unique_ptr<TextBoxPeer> createTextBox(TextBoxClient& client,
-                                                       HorizontalAlignment alignment) = 0;
+    virtual std::unique_ptr<TextBoxPeer> createTextBox(TextBoxClient& client, TextFlow flow) = 0;
     virtual std::unique_ptr<CheckBoxPeer> createCheckBox(CheckBoxClient& client) = 0;
 };
 

@@ -50,7 +50,7 @@ bool TextBox::enteredByKeys() const {
 bool TextBox::setAlignment(int32_t alignment) {
     if (alignment < 0 || alignment > 2) return refuseNumber(alignment, u"0 to 2");
     alignment_ = static_cast<uint8_t>(alignment);
-    ask([&] { window().setAlignment(windowAlignment()); });
+    ask([&] { window().setFlow(windowFlow()); });
     invalidate();
     return true;
 }
@@ -97,7 +97,7 @@ void TextBox::paint(Canvas& canvas, const PixelRect& bounds) {
 }
 
 std::unique_ptr<TextBoxPeer> TextBox::createPeer(SurfacePeer& surface) {
-    return surface.createTextBox(*this, windowAlignment());
+    return surface.createTextBox(*this, windowFlow());
 }
 
 void TextBox::windowMade() {
@@ -240,14 +240,13 @@ HorizontalAlignment TextBox::horizontalAlignment() const {
     return static_cast<HorizontalAlignment>(alignment_);
 }
 
-HorizontalAlignment TextBox::windowAlignment() const {
+TextFlow TextBox::windowFlow() const {
     const HorizontalAlignment own = horizontalAlignment();
-    if (!mirrored() || own == HorizontalAlignment::centre) return own;
-    return own == HorizontalAlignment::left ? HorizontalAlignment::right : HorizontalAlignment::left;
+    return mirrored() ? TextFlow{obk::mirrored(own), !holdsNumbers_} : TextFlow{own};
 }
 
 void TextBox::appearanceChanged() {
-    ask([&] { window().setAlignment(windowAlignment()); });
+    ask([&] { window().setFlow(windowFlow()); });
     ChildWidget::appearanceChanged();
 }
 

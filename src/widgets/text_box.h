@@ -61,6 +61,8 @@ public:
     const FontRef& font() const { return font_.font(); }
     void setFont(FontRef font) { font_.set(std::move(font)); }
     void setAccessibleName(TextView name);
+    // What it holds reads from left to right everywhere; to be said before it has a window.
+    void setHoldsNumbers() { holdsNumbers_ = true; }
     // While `focusCame` is raised: whether keys or a host brought the focus from elsewhere in the form.
     bool enteredByKeys() const;
     // The text in the middle of the height above some room (pixels at 96 DPI); at first it is at the top.
@@ -100,7 +102,7 @@ private:
     void focusLost() override;
     void textChanged(Text text) override;
     HorizontalAlignment horizontalAlignment() const;
-    HorizontalAlignment windowAlignment() const;
+    TextFlow windowFlow() const;
     bool mirrored() const;
     PixelPoint fromWindow(PixelPoint point) const;
 
@@ -113,6 +115,7 @@ private:
     int32_t maxLength_ = 0;
     uint8_t alignment_ = 0;
     bool pressed_ = false;
+    bool holdsNumbers_ = false;
     std::optional<int32_t> roomBelow_;  // none: at the top
 };
 

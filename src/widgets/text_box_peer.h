@@ -28,13 +28,20 @@ protected:
 // The air at both sides of an edit's text, in pixels at 96 DPI.
 constexpr int32_t textMargin = 2;
 
+// Where an edit's text stands, and the order in which its words follow each other.
+struct TextFlow {
+    HorizontalAlignment alignment = HorizontalAlignment::left;
+    bool rightToLeft = false;
+    friend bool operator==(TextFlow, TextFlow) = default;
+};
+
 // A single-line text edit window without border. Starts empty, enabled and visible.
 class TextBoxPeer : public ChildPeer {
 public:
     virtual void setText(TextView text) = 0;
     virtual void setSelection(TextSelection selection) = 0;
     virtual TextSelection selection() const = 0;
-    virtual void setAlignment(HorizontalAlignment alignment) = 0;
+    virtual void setFlow(TextFlow flow) = 0;
     // What a person may type or paste; 0 is no limit. Does not shorten the present text.
     virtual void setMaxLength(int32_t length) = 0;
     virtual void perform(EditCommand command) = 0;

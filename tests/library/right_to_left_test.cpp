@@ -82,6 +82,21 @@ TEST_P(RightToLeftTest, IsTheMirrorImageAndCountsFromThere) {
     EXPECT_GE(told[0].size(), 2u);
 }
 
+TEST_F(RightToLeft, ANumberKeepsItsSignBeforeIt) {
+    host.readsRightToLeft = true;
+    place(*library().control(u"GridEdit"));
+    activate({0, 0, 400, 150});
+    call(u"CellTextSet", {int32_t{1}, int32_t{1}, Text(u"-12.5")});
+    call(u"CellTextSet", {int32_t{0}, int32_t{0}, Text(u"- oak")});
+    int32_t seen = 0;
+    for (const headless::DrawnItem& item : platform.surface(control->window())->paint().items()) {
+        if (item.text != u"-12.5" && item.text != u"- oak") continue;
+        EXPECT_EQ(item.style.rightToLeft, item.text == u"- oak");
+        ++seen;
+    }
+    EXPECT_EQ(seen, 2);
+}
+
 TEST_F(RightToLeft, TheArrowsGoWhereTheyPoint) {
     begin(u"DateCalendar", true);
     ASSERT_TRUE(control->focus());

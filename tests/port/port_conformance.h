@@ -23,7 +23,7 @@ protected:
         driver->settle();
     }
     std::unique_ptr<TextBoxPeer> textBox(TextClient& client, const PixelRect& bounds) {
-        auto made = area->createTextBox(client, HorizontalAlignment::left);
+        auto made = area->createTextBox(client, {});
         if (made) made->setBounds(bounds, {0, 0, 200, 120});
         return made;
     }
@@ -170,8 +170,8 @@ TEST_P(PortConformance, ANewAlignmentKeepsTextSelectionAndFocusAndTellsNobody) {
     first->setSelection({1, 2});
     first->setMaxLength(6);
     journal.clear();
-    first->setAlignment(HorizontalAlignment::right);
-    first->setAlignment(HorizontalAlignment::centre);
+    first->setFlow({HorizontalAlignment::right});
+    first->setFlow({HorizontalAlignment::centre});
     driver->settle();
     EXPECT_EQ(taken(), Journal{});
     EXPECT_TRUE(first->hasFocus());
@@ -650,7 +650,7 @@ TEST_P(PortConformance, APanelStartsHiddenAndNeverTakesTheFocus) {
     EXPECT_EQ(panel->toScreen({0, 0}), corner);
     TextClient textClient(journal, "text");
     CheckClient checkClient(journal, "check");
-    const auto text = panel->createTextBox(textClient, HorizontalAlignment::left);
+    const auto text = panel->createTextBox(textClient, {});
     const auto check = panel->createCheckBox(checkClient);
     text->setBounds({5, 5, 45, 25}, {0, 0, 100, 60});
     check->setBounds({5, 40, 25, 55}, {0, 0, 100, 60});
@@ -709,7 +709,7 @@ TEST_P(PortConformance, AParkedSurfaceIsKeptWhenItGetsItsPlace) {
     ASSERT_TRUE(area);
     const NativeWindow window = area->window();
     EXPECT_NE(window, NativeWindow{0});
-    first = area->createTextBox(firstClient, HorizontalAlignment::left);
+    first = area->createTextBox(firstClient, {});
     ASSERT_TRUE(first);
     first->setText(u"abcdef");
     first->setSelection({1, 2});
@@ -738,7 +738,7 @@ TEST_P(PortConformance, AClosedSurfaceLeavesItsChildrenHarmless) {
     taken();
     first->setText(u"x");
     first->setSelection({0, 1});
-    first->setAlignment(HorizontalAlignment::right);
+    first->setFlow({HorizontalAlignment::right});
     first->setEnabled(false);
     first->focus();
     EXPECT_FALSE(first->hasFocus());

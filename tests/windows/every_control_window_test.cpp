@@ -199,7 +199,9 @@ TEST_P(DropDownWindow, ARightToLeftFormHasTheMirrorImage) {
     hosted.site.setAmbient(DISPID_AMBIENT_RIGHTTOLEFT, true);
     hosted.loop.pumpPending();
     if (text) {
-        EXPECT_EQ(windowRect(face).right - windowRect(GetWindow(face, GW_CHILD)).right, before);
+        const HWND mirrored = GetWindow(face, GW_CHILD);
+        EXPECT_EQ(windowRect(face).right - windowRect(mirrored).right, before);
+        EXPECT_TRUE(GetWindowLongW(mirrored, GWL_EXSTYLE) & WS_EX_RTLREADING);
     }
     person.click(face, 131, 10);
     const HWND panel = openPanel();

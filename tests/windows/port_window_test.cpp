@@ -24,7 +24,7 @@ protected:
     void open(SurfacePlacement::Kind kind = SurfacePlacement::Kind::control) {
         area = driver.platform().createSurface(areaClient, {kind, driver.host(), {0, 0, 200, 120}});
         ASSERT_TRUE(area);
-        box = area->createTextBox(boxClient, HorizontalAlignment::left);
+        box = area->createTextBox(boxClient, {});
         ASSERT_TRUE(box);
         box->setBounds({10, 10, 110, 30}, {0, 0, 200, 120});
         driver.settle();
@@ -85,9 +85,9 @@ TEST(PlatformResourcesTest, NothingIsLeftOfManyPlatforms) {
         const auto host = reinterpret_cast<NativeWindow>(shared.hostWindow());
         auto area =
             platform.createSurface(areaClient, {SurfacePlacement::Kind::control, host, {0, 0, 120, 40}});
-        const auto box = area->createTextBox(boxClient, HorizontalAlignment::left);
+        const auto box = area->createTextBox(boxClient, {});
         box->setFont({u"Tahoma", 9.75, 700, 0, true});
-        box->setAlignment(HorizontalAlignment::right);
+        box->setFlow({HorizontalAlignment::right});
         area->setToolTip({0, 0, 10, 10}, u"tip", ToolTipShown::whenMouseRests);
         const auto timer = platform.createTimer([] { return std::make_shared<int>(0); }, [] {});
         timer->start(std::chrono::milliseconds(1));
@@ -112,7 +112,7 @@ TEST_F(WindowTest, PeersOutliveTheirPlatformAndTheirHostsWindow) {
     area = platform->createSurface(
         areaClient,
         {SurfacePlacement::Kind::control, reinterpret_cast<NativeWindow>(frame), {0, 0, 200, 120}});
-    box = area->createTextBox(boxClient, HorizontalAlignment::left);
+    box = area->createTextBox(boxClient, {});
     const auto timer = platform->createTimer([] { return std::make_shared<int>(0); }, [] {});
     platform.reset();
     box->setBounds({0, 0, 50, 20}, {0, 0, 200, 120});
@@ -122,8 +122,8 @@ TEST_F(WindowTest, PeersOutliveTheirPlatformAndTheirHostsWindow) {
     area->setBounds({0, 0, 10, 10});
     area->capture();
     area->setToolTip({0, 0, 10, 10}, u"tip", ToolTipShown::whenMouseRests);
-    EXPECT_FALSE(area->createTextBox(boxClient, HorizontalAlignment::left));
-    box->setAlignment(HorizontalAlignment::right);
+    EXPECT_FALSE(area->createTextBox(boxClient, {}));
+    box->setFlow({HorizontalAlignment::right});
     box->setText(u"text");
     driver.settle();
 }
@@ -593,7 +593,7 @@ TEST_F(WindowTest, AScreenReaderFindsThePartsAndTheChildWindows) {
     AccessibleClient client(journal, "area");
     area = driver.platform().createSurface(
         client, {SurfacePlacement::Kind::control, driver.host(), {0, 0, 200, 120}});
-    box = area->createTextBox(boxClient, HorizontalAlignment::left);
+    box = area->createTextBox(boxClient, {});
     box->setBounds({10, 50, 110, 70}, {0, 0, 200, 120});
     IAccessible* accessible = nullptr;
     ASSERT_EQ(AccessibleObjectFromWindow(areaWindow(), static_cast<DWORD>(OBJID_CLIENT), IID_IAccessible,

@@ -91,7 +91,7 @@ void HeadlessSurface::focus() {
     if (canTakeFocus()) platform_.setFocus(id());
 }
 
-std::unique_ptr<TextBoxPeer> HeadlessSurface::createTextBox(TextBoxClient& client, HorizontalAlignment) {
+std::unique_ptr<TextBoxPeer> HeadlessSurface::createTextBox(TextBoxClient& client, TextFlow) {
     return std::make_unique<HeadlessTextBox>(platform_, client, *this);
 }
 

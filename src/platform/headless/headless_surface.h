@@ -42,7 +42,7 @@ public:
         return {point.x + bounds_.left, point.y + bounds_.top};
     }
     PixelRect workArea(const PixelRect& place) const override { return platform_.monitorOf(place).workArea; }
-    std::unique_ptr<TextBoxPeer> createTextBox(TextBoxClient& client, HorizontalAlignment alignment) override;
+    std::unique_ptr<TextBoxPeer> createTextBox(TextBoxClient& client, TextFlow flow) override;
     std::unique_ptr<CheckBoxPeer> createCheckBox(CheckBoxClient& client) override;
 
     // For tests: paints what is invalid and answers what was drawn.

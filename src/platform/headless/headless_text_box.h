@@ -16,7 +16,7 @@ public:
         work();
         return selection_;
     }
-    void setAlignment(HorizontalAlignment) override { work(); }
+    void setFlow(TextFlow) override { work(); }
     void setMaxLength(int32_t length) override {
         work();
         maxLength_ = length;

@@ -42,18 +42,18 @@ constexpr WPARAM controlBackspace = 127;
 
 TextBoxWindow::TextBoxWindow(const std::shared_ptr<Environment>& environment,
                              const std::shared_ptr<SurfaceWindow>& surface, TextBoxClient& client,
-                             HorizontalAlignment alignment)
+                             TextFlow flow)
     : ChildWindow(environment, surface, client),
       textBoxClient_(client),
-      alignment_(alignment),
+      flow_(flow),
       fontDpi_(surface->dpi()) {}
 
 std::shared_ptr<TextBoxWindow> TextBoxWindow::create(const std::shared_ptr<Environment>& environment,
                                                      const std::shared_ptr<SurfaceWindow>& surface,
-                                                     TextBoxClient& client, HorizontalAlignment alignment) {
+                                                     TextBoxClient& client, TextFlow flow) {
     const HWND parent = surface->hwnd();
     if (!parent) return nullptr;
-    std::shared_ptr<TextBoxWindow> self(new TextBoxWindow(environment, surface, client, alignment));
+    std::shared_ptr<TextBoxWindow> self(new TextBoxWindow(environment, surface, client, flow));
     const HWND window = self->makeWindow(parent);
     if (!window) return nullptr;
     self->adopt(window);
@@ -64,9 +64,9 @@ std::shared_ptr<TextBoxWindow> TextBoxWindow::create(const std::shared_ptr<Envir
 
 HWND TextBoxWindow::makeWindow(HWND parent) const {
     const Environment::ActivationScope scope(environment());
-    const DWORD style = WS_CHILD | WS_CLIPSIBLINGS | ES_AUTOHSCROLL | styleOf(alignment_);
-    return CreateWindowExW(0, L"EDIT", L"", style, 0, 0, 0, 0, parent, nullptr, environment().module(),
-                           nullptr);
+    const DWORD style = WS_CHILD | WS_CLIPSIBLINGS | ES_AUTOHSCROLL | styleOf(flow_.alignment);
+    return CreateWindowExW(flow_.rightToLeft ? WS_EX_RTLREADING : 0, L"EDIT", L"", style, 0, 0, 0, 0, parent,
+                           nullptr, environment().module(), nullptr);
 }
 
 void TextBoxWindow::setFont(const FontDescription& font) {
@@ -154,9 +154,9 @@ TextSelection TextBoxWindow::selection() const {
     return {static_cast<int32_t>(start), static_cast<int32_t>(end - start)};
 }
 
-void TextBoxWindow::setAlignment(HorizontalAlignment alignment) {
-    if (alignment == alignment_) return;
-    alignment_ = alignment;
+void TextBoxWindow::setFlow(TextFlow flow) {
+    if (flow == flow_) return;
+    flow_ = flow;
     const HWND old = hwnd();
     const auto surface = surfaceWindow();
     if (!old || !surface || !surface->hwnd()) return;

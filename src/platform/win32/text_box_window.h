@@ -13,7 +13,7 @@ public:
     // Null when the system refuses.
     static std::shared_ptr<TextBoxWindow> create(const std::shared_ptr<Environment>& environment,
                                                  const std::shared_ptr<SurfaceWindow>& surface,
-                                                 TextBoxClient& client, HorizontalAlignment alignment);
+                                                 TextBoxClient& client, TextFlow flow);
 
     void setFont(const FontDescription& font);
     void setColours(Rgb text, Rgb background);
@@ -21,8 +21,8 @@ public:
     void setText(TextView text);
     void setSelection(TextSelection selection);
     TextSelection selection() const;
-    // The system fixes an edit window's alignment when it makes it: this makes another one in its place.
-    void setAlignment(HorizontalAlignment alignment);
+    // The system fixes an edit window's flow when it makes it: this makes another one in its place.
+    void setFlow(TextFlow flow);
     void setMaxLength(int32_t length);
     void perform(EditCommand command);
 
@@ -32,8 +32,7 @@ public:
 
 private:
     TextBoxWindow(const std::shared_ptr<Environment>& environment,
-                  const std::shared_ptr<SurfaceWindow>& surface, TextBoxClient& client,
-                  HorizontalAlignment alignment);
+                  const std::shared_ptr<SurfaceWindow>& surface, TextBoxClient& client, TextFlow flow);
     LRESULT handle(const Message& message) override;
     LRESULT systemDefault(const Message& message) override;
 
@@ -45,7 +44,7 @@ private:
     Text text() const;
 
     TextBoxClient& textBoxClient_;  // only while listening()
-    HorizontalAlignment alignment_;
+    TextFlow flow_;
     int32_t maxLength_ = 0;
     FontDescription font_;
     Dpi fontDpi_;

@@ -80,7 +80,7 @@ public:
     void setText(TextView text) override { held()->setText(text); }
     void setSelection(TextSelection selection) override { held()->setSelection(selection); }
     TextSelection selection() const override { return window_->selection(); }
-    void setAlignment(HorizontalAlignment alignment) override { held()->setAlignment(alignment); }
+    void setFlow(TextFlow flow) override { held()->setFlow(flow); }
     void setMaxLength(int32_t length) override { window_->setMaxLength(length); }
     void perform(EditCommand command) override { held()->perform(command); }
     bool enteredByKeys() const override { return held()->enteredByKeys(); }
@@ -129,9 +129,8 @@ public:
         return {at.x, at.y};
     }
     PixelRect workArea(const PixelRect& place) const override { return workAreaOf(place); }
-    std::unique_ptr<TextBoxPeer> createTextBox(TextBoxClient& client,
-                                               HorizontalAlignment alignment) override {
-        auto made = TextBoxWindow::create(environment_, window_, client, alignment);
+    std::unique_ptr<TextBoxPeer> createTextBox(TextBoxClient& client, TextFlow flow) override {
+        auto made = TextBoxWindow::create(environment_, window_, client, flow);
         if (!made) return nullptr;
         auto peer = std::make_unique<TextBox>(std::move(made));
         peer->setVisible(true);
