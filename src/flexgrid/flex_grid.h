@@ -85,7 +85,8 @@ public:
     void describe(std::vector<AccessibleItem>& items) const override;
 
 private:
-    enum class Drag : uint8_t { none, selection, column };
+    // `carry` becomes a drag of the selected texts once the mouse moves.
+    enum class Drag : uint8_t { none, selection, column, carry };
 
     void cellsChanged(const CellRange& cells) override;
     void selectionChanged(const CellRange& before) override;
@@ -101,6 +102,7 @@ private:
     GridMarks marks() const;
     void press(const MouseEvent& event);
     void dragSelection();
+    void carryOut();
     void resizeColumn(int32_t col, int32_t twips);
     void beginDrag(Drag drag);
     void endDrag();
@@ -119,6 +121,7 @@ private:
     bool allowUserResizing_ = true;
     uint8_t highLight_ = 1;
     Drag drag_ = Drag::none;
+    PixelPoint pressedAt_;  // while a press may become a drag of texts
     int32_t draggedCol_ = 0;
     int32_t dragRest_ = 0;  // from the mouse to the column's border
     PixelPoint mouse_{-1, -1};

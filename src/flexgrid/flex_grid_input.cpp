@@ -1,11 +1,13 @@
 // What the flexible grid does with the mouse, the wheel and the keyboard.
 #include "base/attempt.h"
 #include "flexgrid/cell_movement.h"
+#include "flexgrid/cell_texts.h"
 #include "flexgrid/flex_grid.h"
 #include "widgets/surface.h"
 #include "widgets/wheel_notches.h"
 
 #include <cmath>
+#include <cstdlib>
 
 namespace obk {
 
@@ -13,6 +15,7 @@ namespace {
 
 // Pixels at 96 DPI.
 constexpr int32_t borderReach = 3;
+constexpr int32_t dragReach = 4;        // that the mouse moves before a press becomes a drag of texts
 constexpr int32_t narrowestColumn = 8;  // that dragging leaves
 constexpr int32_t sidewaysLine = 32;    // a line of the horizontal wheel
 
@@ -35,12 +38,17 @@ void FlexGrid::mouse(const MouseEvent& event) {
                 dragSelection();
             else if (drag_ == Drag::column)
                 dragColumnBorder(draggedCol_, event.at.x + dragRest_);
+            else if (drag_ == Drag::carry)
+                carryOut();
             else
                 showCursor(event.at);
             break;
         case MouseEvent::Kind::up: {
-            const bool click = event.button == button::left && drag_ == Drag::selection;
+            const bool carried = event.button == button::left && drag_ == Drag::carry;
+            const bool click = carried || (event.button == button::left && drag_ == Drag::selection);
             if (event.button == button::left) endDrag();
+            // What did not become a drag was a press on this cell alone.
+            if (carried) select(view().nearest(pressedAt_), false);
             attempt([&] { mouseReleased(event); });
             if (click) clicked();
             break;
@@ -67,8 +75,11 @@ void FlexGrid::press(const MouseEvent& event) {
     // The first press made the cell one end of the selection. If it went elsewhere, the second is one of its
     // own.
     if (twice && (cell == current() || cell == corner())) return doubleClicked();
+    const bool extends = (event.shift & shift::shift) != 0;
+    pressedAt_ = event.at;
+    if (!extends && current() != corner() && selection().contains(cell)) return beginDrag(Drag::carry);
     beginDrag(Drag::selection);
-    select(cell, (event.shift & shift::shift) != 0);
+    select(cell, extends);
 }
 
 void FlexGrid::beginDrag(Drag drag) {
@@ -107,6 +118,13 @@ void FlexGrid::dragSelection() {
     else if (!dragTimer_.running())
         dragTimer_.start(platform().appearance().metrics().repeatInterval);
     select(shown.nearest(mouse_), true);
+}
+
+void FlexGrid::carryOut() {
+    const int32_t reach = dpi().scaled(dragReach);
+    if (std::abs(mouse_.x - pressedAt_.x) < reach && std::abs(mouse_.y - pressedAt_.y) < reach) return;
+    endDrag();
+    attempt([&] { platform().dragText(tabSeparated(model(), selection())); });
 }
 
 // The mouse holds a selection beyond an edge; farther away it scrolls faster.

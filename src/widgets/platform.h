@@ -114,6 +114,10 @@ public:
     virtual bool putOnClipboard(NativeWindow owner, TextView text) = 0;
     // The text on the clipboard; nothing when there is none, and when another program holds it.
     virtual std::optional<Text> textOnClipboard(NativeWindow owner) = 0;
+    // Drags a text from where the left button is held to wherever a person lets it go, or gives up; what was
+    // done with it, in the numbering of drop_effect. It takes the mouse capture, and anything may happen
+    // meanwhile. At once where the host's thread is not ready for that.
+    virtual int32_t dragText(TextView text) = 0;
     // Shows the wait cursor, also over the host's windows, until it is told false. Not nested.
     virtual void showWaitCursor(bool shown) = 0;
 };

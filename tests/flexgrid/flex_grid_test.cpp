@@ -342,6 +342,44 @@ TEST_F(FlexGridTest, CopiesTheSelectionForOtherPrograms) {
     EXPECT_EQ(platform.clipboard(), u"\"b\tc\"\r\n");
 }
 
+TEST_F(FlexGridTest, ADragThatBeginsOnSeveralSelectedCellsCarriesTheirTexts) {
+    std::vector<std::string> carried;
+    platform.answerDrag([&](TextView text) {
+        carried.push_back(toUtf8(text));
+        return drop_effect::copy;
+    });
+    note(grid.clicked, "click");
+    note(grid.cellEntered, "entered");
+    grid.change([](GridModel& model) {
+        model.setText({1, 1}, u"a");
+        model.setText({2, 2}, u"b");
+    });
+    const auto drag = [&](PixelPoint from, PixelPoint to, int16_t shift = 0) {
+        mouse(Kind::down, from, shift);
+        mouse(Kind::move, to, shift);
+        mouse(Kind::up, to, shift);
+    };
+    grid.Select({1, 1}, {2, 2});
+    drag({70, 20}, {150, 80});
+    EXPECT_EQ(carried, std::vector<std::string>{"a\t\r\n\tb\r\n"});
+    EXPECT_EQ(grid.selection(), (CellRange{1, 1, 2, 2}));
+    EXPECT_EQ(take(), std::vector<std::string>{}) << "no click";
+    mouse(Kind::move, {10, 10});
+    EXPECT_EQ(grid.selection(), (CellRange{1, 1, 2, 2})) << "over with it";
+    // A hand that trembles presses.
+    drag({150, 40}, {152, 41});
+    EXPECT_EQ(grid.selection(), (CellRange{2, 2, 2, 2}));
+    EXPECT_EQ(take(), (std::vector<std::string>{"entered", "click"}));
+    // One cell, other cells, and with Shift: a selection is made.
+    drag({150, 40}, {70, 20});
+    EXPECT_EQ(grid.selection(), (CellRange{1, 1, 2, 2}));
+    drag({70, 20}, {150, 80}, shift::shift);
+    EXPECT_EQ(grid.selection(), (CellRange{2, 2, 4, 2}));
+    drag({70, 90}, {10, 90});
+    EXPECT_EQ(grid.selection(), (CellRange{5, 0, 5, 1}));
+    EXPECT_EQ(carried.size(), 1u);
+}
+
 TEST_F(FlexGridTest, PlacesOfTheCurrentCellFollowTheScrolling) {
     grid.Select({12, 2}, {12, 2});
     EXPECT_EQ(grid.cellPlace({12, 2}), (TwipsRect{{128 * 15}, {12 * 270}, {960}, {270}}));

@@ -164,6 +164,29 @@ TEST_P(PortConformance, ATextPutOnTheClipboardReplacesWhatIsThere) {
     EXPECT_EQ(secondClient.text, u"kept");
 }
 
+TEST_P(PortConformance, ATextIsDraggedToWhereItIsLetGo) {
+    openArea();
+    area->acceptDrops();
+    const auto drag = [&](PixelPoint to) {
+        driver->mouseMove(*area, overFree);
+        driver->mouseDown(button::left);
+        area->capture();
+        journal.clear();
+        driver->letGoAt(*area, to);
+        const int32_t done = driver->platform().dragText(u"oak\telm");
+        driver->settle();
+        return done;
+    };
+    EXPECT_EQ(drag({60, 30}), drop_effect::copy);
+    EXPECT_EQ(taken(), (Journal{"area.captureLost", "area.drop 60 30"}));
+    areaClient.takesDrops = false;
+    EXPECT_EQ(drag({60, 30}), drop_effect::none);
+    EXPECT_EQ(taken(), (Journal{"area.captureLost"}));
+    areaClient.takesDrops = true;
+    EXPECT_EQ(drag({300, 30}), drop_effect::none) << "of the host";
+    EXPECT_FALSE(area->hasCapture());
+}
+
 TEST_P(PortConformance, ANewAlignmentKeepsTextSelectionAndFocusAndTellsNobody) {
     openFocused();
     first->setText(u"abcdef");

@@ -47,6 +47,8 @@ public:
     virtual void returnToApplication(NativeWindow window) = 0;
     // Another window takes the mouse capture.
     virtual void takeCaptureAway() = 0;
+    // What is dragged next is let go at a point of a surface.
+    virtual void letGoAt(SurfacePeer& surface, PixelPoint at) = 0;
     // Lets `time` pass.
     virtual void pass(std::chrono::milliseconds time) = 0;
     // Delivers what is under way.
@@ -181,6 +183,12 @@ public:
     void captureLost() override { said("captureLost"); }
     void hostMoved() override { said("hostMoved"); }
     void pressedElsewhere() override { said("pressedElsewhere"); }
+    bool takesDrop(PixelPoint) override { return takesDrops; }
+    void drop(DropEvent& event) override {
+        event.effect &= drop_effect::copy;
+        said("drop", " " + std::to_string(event.at.x) + " " + std::to_string(event.at.y));
+    }
+    bool takesDrops = true;
     void dpiChanged(Dpi) override { said("dpiChanged"); }
     void appearanceChanged() override {}
     std::vector<AccessibleItem> accessibleItems() override { return {}; }

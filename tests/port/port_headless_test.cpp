@@ -70,6 +70,14 @@ public:
         platform_.stealCapture();
         settle();
     }
+    void letGoAt(SurfacePeer& surface, PixelPoint at) override {
+        screen_ = surface.toScreen(at);
+        platform_.answerDrag([this, at](TextView) {
+            const headless::HeadlessSurface* const target = under();
+            return target ? platform_.drop(target->id(), {nullptr, drop_effect::copy, button::left, 0, at})
+                          : drop_effect::none;
+        });
+    }
     void pass(std::chrono::milliseconds time) override { platform_.advance(time); }
     void settle() override { platform_.paintInvalid(); }
 

@@ -624,6 +624,76 @@ TEST_F(GridEditing, ADropTellsTheHostWhatWasDroppedAndWhere) {
     EXPECT_EQ(number(L"MouseRow"), 2);
 }
 
+// A window of another program, as far as what is dropped there goes.
+class TextTarget final : public ComObject<IDropTarget> {
+public:
+    HRESULT STDMETHODCALLTYPE DragEnter(IDataObject*, DWORD, POINTL, DWORD* effect) override {
+        *effect &= DROPEFFECT_COPY;
+        return S_OK;
+    }
+    HRESULT STDMETHODCALLTYPE DragOver(DWORD, POINTL, DWORD* effect) override {
+        *effect &= DROPEFFECT_COPY;
+        return S_OK;
+    }
+    HRESULT STDMETHODCALLTYPE DragLeave() override { return S_OK; }
+    HRESULT STDMETHODCALLTYPE Drop(IDataObject* data, DWORD, POINTL, DWORD* effect) override {
+        *effect &= DROPEFFECT_COPY;
+        ComPtr<IEnumFORMATETC> formats;
+        FORMATETC format{};
+        EXPECT_EQ(data->EnumFormatEtc(DATADIR_GET, formats.put()), S_OK);
+        while (formats && formats->Next(1, &format, nullptr) == S_OK) {
+            STGMEDIUM medium{};
+            EXPECT_EQ(data->GetData(&format, &medium), S_OK);
+            const auto* const bytes = static_cast<const char*>(GlobalLock(medium.hGlobal));
+            if (format.cfFormat == CF_UNICODETEXT) text = reinterpret_cast<const wchar_t*>(bytes);
+            if (format.cfFormat == CF_TEXT) narrow = bytes;
+            GlobalUnlock(medium.hGlobal);
+            ReleaseStgMedium(&medium);
+        }
+        return S_OK;
+    }
+    std::wstring text;
+    std::string narrow;
+};
+
+TEST_F(GridEditing, ADragOfSelectedCellsBringsTheirTextsToAnotherWindow) {
+    for (long row = 0; row < 2; ++row)
+        object().call(L"CellTextSet", {row, textCol, row == 0 ? L"\x00C4pfel" : L"oak"});
+    object().call(L"RowSetFocus", {0});
+    object().call(L"ColSetFocus", {textCol});
+    object().call(L"GridFocusShow");
+    const POINT first = middle(hosted, 0, textCol);
+    const auto select = [&] {
+        object().call(L"RowSetFocus", {0});
+        for (const WORD code : {WORD{VK_DOWN}, WORD{VK_RIGHT}}) person.key(code, MOD_SHIFT);
+    };
+    select();
+    const ComPtr<TextTarget> target(new TextTarget);
+    ASSERT_EQ(RegisterDragDrop(other, target.get()), S_OK);
+    person.moveTo(face(), first.x, first.y);
+    person.press();
+    EXPECT_EQ(takeEvents().find(L"Click"), std::wstring::npos);
+    // The drag finds what follows in the queue.
+    POINT there{20, 8};
+    ClientToScreen(other, &there);
+    SetCursorPos(there.x, there.y);
+    mouse_event(MOUSEEVENTF_LEFTUP, 0, 0, 0, 0);
+    EXPECT_TRUE(person.waitFor([&] { return !target->text.empty(); }));
+    EXPECT_EQ(target->text, L"\x00C4pfel\t\r\noak\t\r\n");
+    EXPECT_EQ(target->narrow, "\xC4pfel\t\r\noak\t\r\n");
+    EXPECT_EQ(GetCapture(), nullptr);
+    EXPECT_TRUE(openWindows().empty());
+    // A press that does not move goes to its cell and opens it.
+    const POINT second = middle(hosted, 1, textCol);
+    select();
+    person.click(face(), second.x, second.y);
+    EXPECT_EQ(openWindows().size(), 1u);
+    person.type(L"elm");
+    person.key(VK_RETURN);
+    EXPECT_EQ(read(1, textCol), L"elm");
+    RevokeDragDrop(other);
+}
+
 // A setting of the user's while it lives.
 class UserSetting {
 public:

@@ -86,6 +86,13 @@ void WindowDriver::pressTool() {
     pumpAll();
 }
 
+// The system's drag runs a loop of its own, which finds both in the queue.
+void WindowDriver::letGoAt(SurfacePeer& surface, PixelPoint at) {
+    const PixelPoint screen = surface.toScreen(at);
+    SetCursorPos(screen.x, screen.y);
+    mouse_event(MOUSEEVENTF_LEFTUP, 0, 0, 0, 0);
+}
+
 void WindowDriver::moveHost() {
     RECT place{};
     GetWindowRect(host_, &place);

@@ -41,6 +41,7 @@ public:
     void leaveApplication() override;
     void returnToApplication(NativeWindow window) override;
     void takeCaptureAway() override;
+    void letGoAt(SurfacePeer& surface, PixelPoint at) override;
     void pass(std::chrono::milliseconds time) override { person_.wait(time); }
     void settle() override { pumpAll(); }
 

@@ -44,6 +44,10 @@ public:
         return true;
     }
     std::optional<Text> textOnClipboard(NativeWindow) override { return clipboard_; }
+    int32_t dragText(TextView text) override {
+        stealCapture();
+        return dragAnswer_ ? dragAnswer_(text) : 0;
+    }
     void showWaitCursor(bool shown) override { waitCursors_.push_back(shown); }
 
     // What a person does. Keys go to the focused window; characters too, each with its key going down and up.

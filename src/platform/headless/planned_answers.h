@@ -22,6 +22,11 @@ public:
         std::function<std::optional<size_t>(std::span<const MenuItem>, const PixelRect& beside)>;
     void answerMenu(MenuAnswer answer) { menuAnswer_ = std::move(answer); }
 
+    // Where the next texts that are dragged are let go: what is done with them there. Without one they are
+    // given up.
+    using DragAnswer = std::function<int32_t(TextView)>;
+    void answerDrag(DragAnswer answer) { dragAnswer_ = std::move(answer); }
+
     const Text& clipboard() const { return clipboard_; }
     void setClipboard(Text text) { clipboard_ = std::move(text); }
     // Each time that work was said to begin or to end.
@@ -35,6 +40,7 @@ public:
 protected:
     ColourAnswer colourAnswer_;
     MenuAnswer menuAnswer_;
+    DragAnswer dragAnswer_;
     Text clipboard_;
     std::vector<bool> waitCursors_;
     bool refusesWindows_ = false;

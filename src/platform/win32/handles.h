@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include <memory>
+#include <string_view>
 #include <type_traits>
 #include <utility>
 
@@ -25,6 +26,17 @@ struct GlobalMemoryDeleter {
     void operator()(void* memory) const { GlobalFree(memory); }
 };
 using UniqueGlobalMemory = std::unique_ptr<void, GlobalMemoryDeleter>;
+
+// A text with its terminating zero, as the clipboard and drop targets take it; null when memory is short.
+template <typename Unit>
+UniqueGlobalMemory inGlobalMemory(std::basic_string_view<Unit> text) {
+    UniqueGlobalMemory memory(GlobalAlloc(GMEM_MOVEABLE, (text.size() + 1) * sizeof(Unit)));
+    auto* const units = memory ? static_cast<Unit*>(GlobalLock(memory.get())) : nullptr;
+    if (!units) return nullptr;
+    units[text.copy(units, text.size())] = 0;
+    GlobalUnlock(memory.get());
+    return memory;
+}
 
 // A device context in memory.
 struct MemoryDcDeleter {

@@ -2,10 +2,12 @@
 
 #include "platform/win32/check_box_window.h"
 #include "platform/win32/display.h"
+#include "platform/win32/dragged_text.h"
 #include "platform/win32/handles.h"
 #include "platform/win32/pop_up_menu.h"
 #include "platform/win32/surface_window.h"
 #include "platform/win32/text_box_window.h"
+#include "platform/win32/text_conversion.h"
 
 #include <algorithm>
 
@@ -189,13 +191,13 @@ bool Win32Platform::opensMenu(const std::function<void()>& work) {
     return win32::opensMenu(work);
 }
 
+int32_t Win32Platform::dragText(TextView text) {
+    return win32::dragText(text, environment_->lockModule());
+}
+
 bool Win32Platform::putOnClipboard(NativeWindow owner, TextView text) {
-    UniqueGlobalMemory memory(GlobalAlloc(GMEM_MOVEABLE, (text.size() + 1) * sizeof(char16_t)));
-    auto* const units = memory ? static_cast<char16_t*>(GlobalLock(memory.get())) : nullptr;
-    if (!units) return false;
-    units[text.copy(units, text.size())] = 0;
-    GlobalUnlock(memory.get());
-    if (!OpenClipboard(reinterpret_cast<HWND>(owner))) return false;
+    UniqueGlobalMemory memory = inGlobalMemory(asWide(text));
+    if (!memory || !OpenClipboard(reinterpret_cast<HWND>(owner))) return false;
     // What the clipboard takes is its own.
     const bool put = EmptyClipboard() && SetClipboardData(CF_UNICODETEXT, memory.get());
     if (put) static_cast<void>(memory.release());

@@ -39,6 +39,7 @@ public:
     bool opensMenu(const std::function<void()>& work) override;
     bool putOnClipboard(NativeWindow owner, TextView text) override;
     std::optional<Text> textOnClipboard(NativeWindow owner) override;
+    int32_t dragText(TextView text) override;
     void showWaitCursor(bool shown) override;
 
     // For the host's calls of TranslateAccelerator: consults the control at most once for each message.
