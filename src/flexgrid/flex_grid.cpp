@@ -12,6 +12,8 @@ namespace obk {
 
 namespace {
 
+constexpr int32_t lineShare = 126;  // of a shadow in the grid's lines, out of 255
+
 constexpr int32_t rowPaddingAt96 = 4;  // above and below the text together
 
 }  // namespace
@@ -266,7 +268,9 @@ GridLook FlexGrid::look() const {
         look.back = rgb(BackColor());
         look.fore = rgb(colours_.fore);
         look.ground = rgb(colours_.beyond);
-        look.lines = rgb(colours_.lines);
+        look.lines = colours_.lines
+                         ? rgb(*colours_.lines)
+                         : mixed(systemRgb(platform(), SystemColour::buttonShadow), look.window, lineShare);
         look.selectionBack = rgb(colours_.selectionBack);
         look.selectionFore = readableOn(look.selectionBack, rgb(colours_.selectionFore));
     }

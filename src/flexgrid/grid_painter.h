@@ -14,7 +14,7 @@ namespace obk {
 struct GridColours {
     OleColour fore{SystemColour::windowText};
     OleColour beyond{SystemColour::window};  // right of the last column, below the last row
-    OleColour lines{Rgb::of(208, 208, 208)};
+    std::optional<OleColour> lines;          // none: half a shadow, in dark schemes too
     OleColour selectionBack{SystemColour::highlight}, selectionFore{SystemColour::highlightText};
 };
 

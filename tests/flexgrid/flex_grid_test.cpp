@@ -470,7 +470,9 @@ TEST_F(FlexGridTest, CellsLookAsTheyWereTold) {
     grid.Select({5, 5}, {5, 5});
     EXPECT_EQ(item({70, 24}, DrawnItem::Kind::text)->colour, Rgb::of(0, 0, 255));
     EXPECT_EQ(item({70, 24}, DrawnItem::Kind::fill)->colour, Rgb::of(255, 0, 0));
-    EXPECT_EQ(item({127, 24}, DrawnItem::Kind::fill)->colour.value, grid.colours().lines.value);
+    EXPECT_EQ(item({127, 24}, DrawnItem::Kind::fill)->colour, Rgb::of(208, 208, 208));
+    platform.appearance().setSystemColour(SystemColour::buttonShadow, Rgb::of(90, 90, 96));
+    EXPECT_EQ(item({127, 24}, DrawnItem::Kind::fill)->colour, Rgb::of(173, 173, 176));
 
     // Selected cells, but not the current one.
     grid.Select({1, 0}, {1, 1});
