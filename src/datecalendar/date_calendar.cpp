@@ -256,16 +256,26 @@ void DateCalendar::UserControlMouseOut(int16_t& Button, int16_t& Shift, float& X
     attempt([&] { MouseOut(Button, Shift, X, Y); });
 }
 
+void DateCalendar::standOverText() {
+    overText_ = true;
+    txtfraBORDER.centreAbove(1);
+    resize();
+}
+
 void DateCalendar::resize() {
     const Dpi dpi = root().dpi();
-    // The border's two lines, in whole pixels as it draws them.
-    const Twips edge = dpi.toTwips(2 * dpi.scaled(1));
+    // The border's two lines, in whole pixels as it draws them; over a text there is none.
+    const Twips edge = overText_ ? Twips{0} : dpi.toTwips(2 * dpi.scaled(1));
     const Twips inner = height() - 2 * edge;
     fraBORDER.move({{0}, {0}, width(), height()});
     picfraBOX.move({edge, edge, width() - 2 * edge, inner});
     picfraICON.move({{0}, {0}, iconWidth, inner});
-    txtfraBORDER.move(wholeLine(txtfraBORDER, {iconWidth, 0.5 * (height() - lineHeight),
-                                               picfraBOX.bounds().width - iconWidth, lineHeight}));
+    const Twips fieldWidth = picfraBOX.bounds().width - iconWidth;
+    if (overText_)
+        txtfraBORDER.move({iconWidth, {0}, fieldWidth, height()});
+    else
+        txtfraBORDER.move(
+            wholeLine(txtfraBORDER, {iconWidth, 0.5 * (height() - lineHeight), fieldWidth, lineHeight}));
 }
 
 void DateCalendar::enterFocus() {

@@ -52,7 +52,9 @@ public:
     void UserControl_ExitFocus();
     void UserControlMouseOut(int16_t& Button, int16_t& Shift, float& X, float& Y);
 
-    // For a control that hosts this one: what is typed next replaces the text; whether the calendar is open.
+    // For a control that hosts this one over a text: its own then stands in the middle as that one does.
+    void standOverText();
+    // Likewise: what is typed next replaces the text; whether the calendar is open.
     void selectText() { txtfraBORDER.setSelection({0, static_cast<int32_t>(txtfraBORDER.text().size())}); }
     bool droppedDown() const { return panel_.visible(); }
 
@@ -124,6 +126,7 @@ private:
     CalendarPanel picDROPDOWNPANEL;
 
     bool focusRect_ = true;
+    bool overText_ = false;
     bool settingFont_ = false;
     bool dismissed_ = false;  // what hid the calendar may take the focus next: that is no news then
     bool writing_ = false;    // the text box gets its text from here, and not from a person

@@ -17,6 +17,7 @@ public:
     DateCellEditor(const CellEditorEvents& events, Control& outer, Container& grid)
         : CellEditor(events), dtpDATE(outer, grid) {
         dtpDATE->SetBorderStyle(0);
+        dtpDATE->standOverText();
         passOnKeys(dtpDATE);
         passOnDoubleClick(dtpDATE->DblClick);
     }

@@ -88,6 +88,12 @@ void UpDownTextBox::connectChildren() {
     on(udnCTRL.decreased, [this] { stepDown(); });
 }
 
+void UpDownTextBox::setEntry(const NumberEntry& entry) {
+    entry_ = &entry;
+    txtUPDOWN.centreAbove(1);
+    resize();
+}
+
 void UpDownTextBox::SetAlignment(int32_t Alignment) {
     txtUPDOWN.setAlignment(Alignment);
     PropertyChanged<&UpDownTextBox::Alignment>();
@@ -217,7 +223,10 @@ void UpDownTextBox::resize() {
     // Buttons at the left edge push their field aside.
     const Twips left = udnCTRL.buddyAlignment() == 0 ? Twips{0} : 2 * p + Spinner::buttonWidth;
     const Twips fieldWidth = w > spinnerWidth ? w - spinnerWidth : txtUPDOWN.bounds().width;
-    txtUPDOWN.move(wholeLine(txtUPDOWN, {left, 0.5 * (h - lineHeight), fieldWidth, lineHeight}));
+    if (entry_)
+        txtUPDOWN.move({left - 2 * p, Twips{0} - 2 * p, fieldWidth + 2 * p, h});
+    else
+        txtUPDOWN.move(wholeLine(txtUPDOWN, {left, 0.5 * (h - lineHeight), fieldWidth, lineHeight}));
     lblBACK.move({{0}, {0}, w, lineHeight});
 }
 

@@ -64,9 +64,10 @@ public:
     void RefreshFont() { resize(); }  // which takes over the font's name and size
     int32_t ShiftColor(int32_t Color, int32_t amount, bool IsXP);
 
-    // For a control that hosts this one: its own rules for what a person writes, borrowed and outliving the
-    // field. What is typed next replaces the text.
-    void setEntry(const NumberEntry& entry) { entry_ = &entry; }
+    // For a control that hosts this one over a text: its own rules for what a person writes, borrowed and
+    // outliving the field, whose text then stands in the middle as that one does. What is typed next replaces
+    // the text.
+    void setEntry(const NumberEntry& entry);
     void selectText() { txtUPDOWN.setSelection({0, static_cast<int32_t>(txtUPDOWN.text().size())}); }
 
     std::span<const KeyGroup> keyGroups() const override;

@@ -116,7 +116,8 @@ void DropList::paint(Canvas& canvas, const PixelRect& bounds) {
     style.font = font_.description();
     style.colour = enabled() && !highContrast ? rgb(foreColour_) : ink;
     const int32_t margin = canvas.dpi().scaled(4);
-    canvas.drawText(text(), {bounds.left + margin, bounds.top, arrow.left, bounds.bottom}, style);
+    // As high as the text of a cell, which stands above the grid's line.
+    canvas.drawText(text(), {bounds.left + margin, bounds.top, arrow.left, bounds.bottom - line}, style);
 }
 
 void DropList::mouse(const MouseEvent& event) {

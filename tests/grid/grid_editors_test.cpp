@@ -874,26 +874,36 @@ TEST_F(GridEditorsTest, AnEditorShowsItsTextAsTheCellDoes) {
             place(GridEdit::memberTable());
             control->setSize(dpi.toTwips(900), dpi.toTwips(500));
             put(u"Font", std::make_shared<SharedFont>(FontDescription{u"Tahoma", size}));
-            call(u"ColWidth", {0, 5000.0});
-            for (const bool own : {false, true}) {
-                if (own) call(u"CellFontSet", {0, 0, Text(u"Arial"), Text(u"6"), true, false, red});
-                set(0, 0, own ? u"7" : u"probe");
-                call(u"BoxShow");
-                headless::RecordingCanvas canvas(dpi, {0, 0, 900, 500});
-                control->draw(canvas, {0, 0, 900, 500});
-                auto items = canvas.items();
-                std::erase_if(items,
-                              [&](const DrawnItem& item) { return item.text != (own ? u"7" : u"probe"); });
-                ASSERT_EQ(items.size(), 2u) << "the cell's and the editor's";
-                const DrawnItem &cell = items[0], &editor = items[1];
-                EXPECT_EQ(editor.style.font, cell.style.font);
-                EXPECT_EQ(editor.style.colour, cell.style.colour);
-                EXPECT_EQ(editor.style.horizontal, cell.style.horizontal);
-                EXPECT_EQ(editor.rect.left, cell.rect.left);
-                EXPECT_EQ(editor.rect.right, cell.rect.right);
-                const int32_t line = platform.appearance().metrics(cell.style.font, dpi).height();
-                EXPECT_NEAR(editor.rect.top, (cell.rect.top + cell.rect.bottom - line) / 2.0, 1);
-                call(u"BoxHide");
+            constexpr int32_t texts = 0, dates = 1, numbers = 2;
+            call(u"ColsSet", {int32_t{3}});
+            call(u"ColTypeSet", {texts, int32_t{0}});
+            call(u"ColTypeSet", {dates, int32_t{1}});
+            call(u"ColTypeSet", {numbers, int32_t{5}});
+            for (const auto& [col, text] :
+                 {std::pair(texts, u"probe"), {dates, u"Mon 2 Mar 2026"}, {numbers, u"-7"}}) {
+                call(u"ColWidth", {col, 4000.0});
+                for (const bool own : {false, true}) {
+                    if (own) call(u"CellFontSet", {0, col, Text(u"Arial"), Text(u"6"), true, false, red});
+                    set(0, col, text);
+                    call(u"BoxShow");
+                    headless::RecordingCanvas canvas(dpi, {0, 0, 900, 500});
+                    control->draw(canvas, {0, 0, 900, 500});
+                    auto items = canvas.items();
+                    std::erase_if(items, [shown = TextView(text)](const DrawnItem& item) {
+                        return trimmed(item.text) != shown;
+                    });
+                    ASSERT_EQ(items.size(), 2u) << "the cell's and the editor's";
+                    const DrawnItem &cell = items[0], &editor = items[1];
+                    EXPECT_EQ(editor.style.font, cell.style.font);
+                    EXPECT_EQ(editor.style.horizontal, cell.style.horizontal);
+                    const int32_t line = platform.appearance().metrics(cell.style.font, dpi).height();
+                    EXPECT_NEAR(editor.rect.top, (cell.rect.top + cell.rect.bottom - line) / 2.0, 1) << col;
+                    call(u"BoxHide");
+                    if (col == dates) continue;  // its icon stands before the text
+                    EXPECT_EQ(editor.style.colour, cell.style.colour);
+                    EXPECT_EQ(editor.rect.left, cell.rect.left);
+                    if (col == texts) EXPECT_EQ(editor.rect.right, cell.rect.right);
+                }
             }
         }
     }
