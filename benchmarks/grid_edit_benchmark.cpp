@@ -13,6 +13,7 @@ struct PlacedGrid {
     headless::HeadlessPlatform platform;
     std::shared_ptr<Control> control = GridEdit::memberTable().create(platform);
     GridEdit& edit = static_cast<GridEdit&>(*control);
+    ~PlacedGrid() { control->deactivate(); }
 };
 
 std::unique_ptr<PlacedGrid> filled(const Data& data, int32_t rows) {
@@ -129,41 +130,58 @@ void sortByACaption(benchmark::State& state) {
 BENCHMARK(sortByACaption)->Iterations(1)->UseManualTime()->Unit(benchmark::kMillisecond);
 
 // 10,000 cells of the clipboard and the one frame that shows them, against the same texts put into a model.
-void pasteCells(benchmark::State& state) {
-    constexpr int32_t rows = 1000, pastedCols = 10;
+constexpr int32_t pastedRows = 1000, pastedCols = 10;
+
+std::unique_ptr<PlacedGrid> gridToPasteInto() {
     Text text;
-    for (int32_t row = 0; row < rows; ++row) {
+    for (int32_t row = 0; row < pastedRows; ++row) {
         for (int32_t col = 0; col < pastedCols; ++col)
             text +=
                 u"pasted " + decimalText(row * pastedCols + col) + (col + 1 < pastedCols ? u"\t" : u"\r\n");
     }
-    const double ours = measure(
-        [&] {
-            auto grid = filled(dataOf(1000), rows);
-            grid->control->activate(1, {0, 0, 1280, 800});
-            grid->platform.setClipboard(text);
-            grid->edit.GridFocusShow();
-            grid->edit.RowSetFocus(0);
-            grid->edit.ColSetFocus(0);
-            grid->platform.surface(static_cast<NativeWindow>(grid->edit.hWnd()))->paint();
-            return grid;
-        },
-        [&](std::unique_ptr<PlacedGrid>& grid) {
-            grid->platform.pressKey('V', shift::control);
-            headless::HeadlessSurface& surface =
-                *grid->platform.surface(static_cast<NativeWindow>(grid->edit.hWnd()));
-            surface.paint();
-            grid->control->deactivate();
-        });
+    auto grid = filled(dataOf(1000), pastedRows);
+    grid->control->activate(1, {0, 0, 1280, 800});
+    grid->platform.setClipboard(text);
+    grid->edit.GridFocusShow();
+    grid->edit.RowSetFocus(0);
+    grid->edit.ColSetFocus(0);
+    grid->platform.surface(static_cast<NativeWindow>(grid->edit.hWnd()))->paint();
+    return grid;
+}
+
+// A key with Ctrl, and the frame that shows what it has done.
+void command(PlacedGrid& grid, int16_t key) {
+    grid.platform.pressKey(key, shift::control);
+    grid.platform.surface(static_cast<NativeWindow>(grid.edit.hWnd()))->paint();
+}
+
+double pasteTime() {
+    return measure(gridToPasteInto, [](std::unique_ptr<PlacedGrid>& grid) { command(*grid, 'V'); });
+}
+
+void pasteCells(benchmark::State& state) {
     const double plain = measure(
-        [&] { return std::make_unique<GridModel>(rows, cols, Dpi(96)); },
+        [&] { return std::make_unique<GridModel>(pastedRows, cols, Dpi(96)); },
         [&](std::unique_ptr<GridModel>& model) {
-            for (int32_t cell = 0; cell < rows * pastedCols; ++cell)
+            for (int32_t cell = 0; cell < pastedRows * pastedCols; ++cell)
                 model->setText({cell / pastedCols, cell % pastedCols}, u"pasted " + decimalText(cell));
         });
-    report(state, ours, plain);
+    report(state, pasteTime(), plain);
 }
 BENCHMARK(pasteCells)->Iterations(1)->UseManualTime()->Unit(benchmark::kMillisecond);
+
+// Taking it back, against the paste itself.
+void undoPaste(benchmark::State& state) {
+    const double undo = measure(
+        [] {
+            auto grid = gridToPasteInto();
+            command(*grid, 'V');
+            return grid;
+        },
+        [](std::unique_ptr<PlacedGrid>& grid) { command(*grid, 'Z'); });
+    report(state, undo, pasteTime(), 1.0);
+}
+BENCHMARK(undoPaste)->Iterations(1)->UseManualTime()->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace obk
