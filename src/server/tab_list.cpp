@@ -56,13 +56,14 @@ public:
     }
 
     void read() override {
+        const size_t before = chosen();
         tabs_.clear();
         const std::vector<std::wstring> colours = parts(textOf(u"strPUBSKINCOLORPAGE"), betweenColours);
         for (const std::wstring& caption : parts(textOf(u"ActiveTabs"), betweenCaptions)) {
             const size_t at = tabs_.size();
             tabs_.push_back({caption, at < colours.size() ? colours[at] : std::wstring()});
         }
-        show(0);
+        show(before < tabs_.size() ? before : 0);
     }
 
     HRESULT apply() override {

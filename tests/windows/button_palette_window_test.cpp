@@ -197,6 +197,28 @@ TEST_F(ButtonPaletteWindow, OnAMonitorOfAnotherScaleThePanelIsWholeAndAnswers) {
     EXPECT_EQ(colour(), colourOf(16));
 }
 
+TEST_F(ButtonPaletteWindow, ItsAccessKeyPressesItFromTheWholeForm) {
+    object().put(L"Caption", L"&Ink");
+    SetFocus(other);
+    hosted.loop.pumpPending();
+    // As if Alt were held: held for real, its release would open the form's menu.
+    BYTE keys[256]{}, withAlt[256]{};
+    GetKeyboardState(keys);
+    std::copy(std::begin(keys), std::end(keys), withAlt);
+    withAlt[VK_MENU] = 0x80;
+    SetKeyboardState(withAlt);
+    MSG message{};
+    message.hwnd = other;
+    message.message = WM_SYSKEYDOWN;
+    message.wParam = 'I';
+    message.lParam = 0x20000001;
+    EXPECT_TRUE(hosted.form.translate(message));
+    SetKeyboardState(keys);
+    hosted.loop.pumpPending();
+    EXPECT_TRUE(openPanel());
+    EXPECT_EQ(GetFocus(), button());
+}
+
 TEST_F(ButtonPaletteWindow, SetThemeShowsTheGroundThatItsHostMeans) {
     const auto ground = [&] {
         hosted.loop.pumpPending();

@@ -226,6 +226,14 @@ TEST_F(PropertyPageTest, TabsAreAddedNamedMovedAndRemoved) {
     press(L"Move &up");
     EXPECT_EQ(page->Apply(), S_OK);
     EXPECT_EQ(Dispatch(control.get()).value(L"ActiveTabs").toText(), L"Home,Sound,Video");
+    {
+        const DialogAnswer answer([](HWND dialog) {
+            for (int part = 706; part < 709; ++part) SetDlgItemInt(dialog, part, 1, FALSE);
+        });
+        press(L"Page &colour...");
+    }
+    EXPECT_EQ(page->Apply(), S_OK);
+    EXPECT_EQ(Dispatch(control.get()).value(L"strPUBSKINCOLORPAGE").toText(), L"0|65793|0");
     press(L"&Remove");
     EXPECT_EQ(page->Apply(), S_OK);
     EXPECT_NE(Dispatch(control.get()).value(L"ActiveTabs").toText(), L"Home,Sound,Video");

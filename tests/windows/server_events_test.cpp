@@ -72,6 +72,45 @@ TEST_F(ServerEvents, ASinkMayLeaveWhileItIsCalled) {
     third->disconnect();
 }
 
+// A host whose handlers fail, as a script's do that has a fault.
+class FailingSink final : public ComObject<IDispatch> {
+public:
+    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override {
+        return E_NOTIMPL;
+    }
+    HRESULT STDMETHODCALLTYPE Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT* result, EXCEPINFO*,
+                                     UINT*) override {
+        ++calls;
+        if (result) V_BSTR(result) = SysAllocString(L"half a result"), V_VT(result) = VT_BSTR;
+        return DISP_E_EXCEPTION;
+    }
+    int calls = 0;
+};
+
+TEST_F(ServerEvents, AHandlersErrorEndsNothing) {
+    const ComPtr<FailingSink> failing(new FailingSink);
+    const ComPtr<EventSink> after(new EventSink);
+    ComPtr<IConnectionPoint> point;
+    hosted.site.control().query<IConnectionPointContainer>()->FindConnectionPoint(
+        container::eventInterfaceOf(hosted.site.control().get()).id, point.put());
+    DWORD cookie = 0;
+    ASSERT_EQ(point->Advise(failing.get(), &cookie), S_OK);
+    ASSERT_EQ(after->connect(hosted.site.control().get()), S_OK);
+    hosted.object().put(L"Interval", 1.0);
+    hosted.object().put(L"Text", L"5");
+    SendMessageW(editOf(hosted), WM_KEYDOWN, VK_UP, 1);
+    EXPECT_EQ(textOf(hosted), L"6");
+    EXPECT_EQ(after->count(L"DownClick"), 1u);
+    EXPECT_EQ(after->count(L"KeyDown"), 1u);
+    EXPECT_GE(failing->calls, 3);
+    after->disconnect();
+    EXPECT_EQ(point->Unadvise(cookie), S_OK);
+    failing->AddRef();
+    EXPECT_EQ(failing->Release(), 1u) << "nothing holds it any more";
+}
+
 TEST_F(ServerEvents, FrozenEventsAreDroppedAndNotKept) {
     auto& events = hosted.site.events();
     events.clearJournal();
