@@ -93,6 +93,7 @@ void TextBox::paint(Canvas& canvas, const PixelRect& bounds) {
     style.ellipsis = false;
     const int32_t margin = canvas.dpi().scaled(textMargin);
     const PixelRect line = windowBounds(bounds);
+    const CanvasClip clip(canvas, bounds);
     canvas.drawText(text_, {line.left + margin, line.top, line.right - margin, line.bottom}, style);
 }
 
@@ -113,12 +114,13 @@ void TextBox::windowGoes() {
     pressed_ = false;
 }
 
-// Windows put their text at their top: one whose text is to be lower stands lower.
+// Windows put their text at their top: one whose text is to be lower stands lower. A line that is too high is
+// cut at both ends, as drawn ones are.
 PixelRect TextBox::windowBounds(PixelRect bounds) const {
     if (!roomBelow_) return bounds;
     const int32_t line = platform().appearance().metrics(font_.description(), dpi()).height();
-    bounds.top += std::max((bounds.height() - dpi().scaled(*roomBelow_) - line) / 2, 0);
-    bounds.bottom = std::min(bounds.top + line, bounds.bottom);
+    bounds.top += (bounds.height() - dpi().scaled(*roomBelow_) - line) / 2;
+    bounds.bottom = bounds.top + line;
     return bounds;
 }
 

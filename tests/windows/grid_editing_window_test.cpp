@@ -4,6 +4,8 @@
 #include "server_support.h"
 #include "test_window_support.h"
 
+#include "container/text.h"
+
 #include <gtest/gtest.h>
 
 #include <olectl.h>
@@ -316,37 +318,36 @@ TEST_F(GridEditing, EveryEditorOpensOverItsCellAndEveryWayOutKeepsItsValue) {
 }
 
 TEST_F(GridEditing, ATextStandsWhereItIsWhenItsEditorOpens) {
-    object().call(L"CellTextSet", {1L, static_cast<long>(textCol), L"HHHH"});
-    const POINT cell = middle(hosted, 1, textCol);
-    object().call(L"RowSetFocus", {2});
-    UpdateWindow(face());
-    // The first letter's edges, on the control; the caret is further to the right.
-    const auto letter = [&](HWND window) {
-        POINT origin{};
-        MapWindowPoints(window, face(), &origin, 1);
-        const HDC dc = GetDC(window);
-        RECT ink{LONG_MAX, LONG_MAX, 0, 0};
-        for (LONG y = cell.y - 7; y < cell.y + 7; ++y) {
-            for (LONG x = cell.x - colWidth / 2 + 1; x < cell.x - colWidth / 2 + 9; ++x) {
-                if (GetPixel(dc, x - origin.x, y - origin.y) != 0) continue;
-                ink = {std::min(ink.left, x), std::min(ink.top, y), std::max(ink.right, x),
-                       std::max(ink.bottom, y)};
+    // Fits its row, and is too high for it.
+    for (const wchar_t* size : {L"8.25", L"16"}) {
+        object().call(L"BoxHide");
+        object().call(L"CellTextSet", {1L, static_cast<long>(textCol), L"EEEE"});
+        object().call(L"CellFontSet", {1L, static_cast<long>(textCol), L"Tahoma", size, false, false, 0L});
+        const POINT cell = middle(hosted, 1, textCol);
+        object().call(L"RowSetFocus", {2});
+        UpdateWindow(face());
+        // Of the first letter, on the control; the caret is further to the right.
+        const auto letter = [&](HWND window) {
+            POINT origin{};
+            MapWindowPoints(window, face(), &origin, 1);
+            const HDC dc = GetDC(window);
+            std::vector<std::pair<LONG, LONG>> dark;
+            for (LONG y = cell.y - 7; y < cell.y + 7; ++y) {
+                for (LONG x = cell.x - colWidth / 2 + 1; x < cell.x - colWidth / 2 + 9; ++x)
+                    if (GetPixel(dc, x - origin.x, y - origin.y) == 0) dark.emplace_back(x, y);
             }
-        }
-        ReleaseDC(window, dc);
-        return ink;
-    };
-    const RECT before = letter(face());
-    EXPECT_LT(before.top, before.bottom);
-    click(1, textCol);
-    ASSERT_EQ(openWindows().size(), 1u);
-    const HWND editor = openWindows()[0];
-    SendMessageW(editor, EM_SETSEL, 4, 4);
-    UpdateWindow(editor);
-    const RECT after = letter(editor);
-    EXPECT_EQ(after.top, before.top);
-    EXPECT_EQ(after.bottom, before.bottom);
-    EXPECT_EQ(after.left, before.left);
+            ReleaseDC(window, dc);
+            return dark;
+        };
+        const auto before = letter(face());
+        EXPECT_GT(before.size(), 10u);
+        click(1, textCol);
+        ASSERT_EQ(openWindows().size(), 1u);
+        const HWND editor = openWindows()[0];
+        SendMessageW(editor, EM_SETSEL, 4, 4);
+        UpdateWindow(editor);
+        EXPECT_EQ(letter(editor), before) << container::toUtf8(size);
+    }
 }
 
 TEST_F(GridEditing, ADoubleClickIsOneAlsoWhereTheEditorHasComeInBetween) {
@@ -402,9 +403,6 @@ TEST_F(GridEditing, ANumberIsTypedAndLeftAsItWas) {
     person.key(VK_UP, MOD_ALT);
     person.key(VK_RETURN);
     EXPECT_EQ(read(1, numberCol), L"13.34");
-    person.type(L"5-");
-    person.key(VK_RETURN);
-    EXPECT_EQ(read(2, numberCol), L"-5");
 }
 
 TEST_F(GridEditing, AListDropsDownAndTheKeyboardStays) {
@@ -443,37 +441,12 @@ TEST_F(GridEditing, AListDropsDownAndTheKeyboardStays) {
     EXPECT_EQ(current().first, 1);
 }
 
-TEST_F(GridEditing, CellsAreMarkedCutPastedAndTakenBack) {
+TEST_F(GridEditing, OneClickOnItsBoxTurnsACheckMark) {
     const POINT mark = middle(hosted, 1, checkCol);
     person.click(face(), mark.x, mark.y);
     EXPECT_EQ(openWindows().size(), 1u);
     person.key(VK_DOWN);
-    EXPECT_EQ(read(1, checkCol), L"a") << "one click";
-    for (long row = 0; row < 3; ++row)
-        object().call(L"CellTextSet", {row, textCol, std::to_wstring(row + 1).c_str()});
-    object().call(L"RowSetFocus", {0});
-    object().call(L"ColSetFocus", {textCol});
-    object().call(L"GridFocusShow");
-    person.key(VK_DOWN, MOD_SHIFT);
-    person.key('X', MOD_CONTROL);
-    EXPECT_EQ(read(0, textCol) + read(1, textCol) + read(2, textCol), L"3");
-    click(2, textCol);
-    EXPECT_EQ(openWindows().size(), 1u);
-    takeEvents();
-    person.key('V', MOD_CONTROL);
-    EXPECT_TRUE(openWindows().empty());
-    EXPECT_EQ(read(2, textCol) + read(3, textCol), L"12") << "out of an untouched editor into the cells";
-    person.key('Z', MOD_CONTROL);
-    EXPECT_EQ(number(L"RowsCurrent"), 3);
-    EXPECT_EQ(read(2, textCol), L"3");
-    person.key('Z', MOD_CONTROL);
-    EXPECT_EQ(read(0, textCol) + read(1, textCol), L"12");
-    person.key('Y', MOD_CONTROL);
-    person.key('Y', MOD_CONTROL);
-    EXPECT_EQ(read(2, textCol) + read(3, textCol), L"12");
-    object().call(L"GridSetFocus", {textCol, 0});
-    person.key('Z', MOD_CONTROL);
-    EXPECT_EQ(number(L"RowsCurrent"), 3) << "also from an editor that nothing was typed into";
+    EXPECT_EQ(read(1, checkCol), L"a");
 }
 
 TEST_F(GridEditing, TheRightButtonOpensAMenuUnlessTheHostHasOpenedOne) {
