@@ -82,7 +82,15 @@ TEST_F(DateCalendarWindow, EnterStoresAndF4ReadsWhatWasTyped) {
     person.key(L'A', MOD_CONTROL);
     person.type(L"MON 2 MAR 2026");
     takeEvents();
+    // The form hears of Enter, and its default button, when the date is what was typed.
+    std::wstring formSees;
+    hosted.loop.onUnclaimed = [&](MSG& message) {
+        if (message.message == WM_KEYDOWN && message.wParam == VK_RETURN) formSees = date();
+        return false;
+    };
     person.key(VK_RETURN);
+    hosted.loop.onUnclaimed = nullptr;
+    EXPECT_EQ(formSees, std::wstring(L"mon 2 mar 2026") + blanks);
     EXPECT_EQ(date(), std::wstring(L"mon 2 mar 2026") + blanks);
     EXPECT_EQ(takeEvents().find(L"FocusHidden DateUpdated"), 0u);
     EXPECT_EQ(GetFocus(), edit);
