@@ -8,7 +8,7 @@ namespace {
 
 constexpr PageEntry catalogue[] = {
     {L"UpDownTextBox", L"Numeric field",
-     L"A field for numbers: type digits, step with the arrows, the wheel or the page keys, and the value stays between Min and Max.",
+     L"A field for numbers from Min to Max: type digits, or step with the arrows, the wheel or the page keys.",
      OBK_TOOLBOX_UPDOWNTEXTBOX, buildOrderLine},
     {L"DateCalendar", L"Date field",
      L"A field for dates: type one, right-click for quick dates, or press the icon (F4, Alt+Down) and pick a day.",
@@ -23,7 +23,7 @@ constexpr PageEntry catalogue[] = {
      L"A strip of tabs to choose a page by: press one, walk with the arrow keys, or call it by its letter.",
      OBK_TOOLBOX_PAGETAB, buildSettings},
     {L"GridEdit", L"Order desk",
-     L"Type into a cell and press Enter; each column has its own editor. Press a caption to sort, Insert and Delete for rows.",
+     L"Type into a cell and press Enter; each column has its own editor. Press a caption to sort.",
      OBK_TOOLBOX_GRIDEDIT, buildOrderDesk},
     {L"lns", L"Separator line", L"A two-tone line that sets the groups of a form apart.", OBK_TOOLBOX_LNS,
      buildSettingsGroups},
