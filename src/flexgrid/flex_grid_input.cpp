@@ -77,7 +77,8 @@ void FlexGrid::press(const MouseEvent& event) {
     if (twice && (cell == current() || cell == corner())) return doubleClicked();
     const bool extends = (event.shift & shift::shift) != 0;
     pressedAt_ = event.at;
-    if (!extends && current() != corner() && selection().contains(cell)) return beginDrag(Drag::carry);
+    const bool carries = highLight_ != 0 && current() != corner() && selection().contains(cell);
+    if (carries && !extends) return beginDrag(Drag::carry);
     beginDrag(Drag::selection);
     select(cell, extends);
 }

@@ -377,6 +377,9 @@ TEST_F(FlexGridTest, ADragThatBeginsOnSeveralSelectedCellsCarriesTheirTexts) {
     EXPECT_EQ(grid.selection(), (CellRange{2, 2, 4, 2}));
     drag({70, 90}, {10, 90});
     EXPECT_EQ(grid.selection(), (CellRange{5, 0, 5, 1}));
+    // Nobody sees what is selected.
+    grid.SetHighLight(0);
+    drag({10, 90}, {70, 90});
     EXPECT_EQ(carried.size(), 1u);
 }
 

@@ -43,20 +43,6 @@ protected:
     HWND edit = nullptr;
 };
 
-TEST_F(DateCalendarWindow, APressChoosesADay) {
-    person.click(face(), 10, 10);
-    ASSERT_TRUE(openPanel());
-    takeEvents();
-    pressDay(firstCellOfNovember2026 + 4);
-    EXPECT_EQ(takeEvents(), L"FocusHidden DateUpdated");
-    EXPECT_FALSE(openPanel());
-    EXPECT_EQ(GetCapture(), nullptr);
-    EXPECT_EQ(date(), std::wstring(L"Thu 5 Nov 2026") + blanks);
-    wchar_t shown[64]{};
-    GetWindowTextW(edit, shown, 64);
-    EXPECT_EQ(std::wstring(shown), date());
-}
-
 TEST_F(DateCalendarWindow, TheListOfMonthsTakesNothingFromTheCalendar) {
     enter();
     person.key(VK_F4);

@@ -368,18 +368,6 @@ TEST_F(GridEditing, ADoubleClickIsOneAlsoWhereTheEditorHasComeInBetween) {
     SetDoubleClickTime(usual);
 }
 
-TEST_F(GridEditing, TheWheelScrolls) {
-    object().call(L"RowsSet", {100});
-    const POINT over = middle(hosted, 3, 1);
-    person.moveTo(face(), over.x, over.y);
-    person.turnWheel(-WHEEL_DELTA);
-    UINT lines = 3;
-    SystemParametersInfoW(SPI_GETWHEELSCROLLLINES, 0, &lines, 0);
-    EXPECT_EQ(number(L"TopRowRead"), static_cast<long>(lines));
-    person.turnWheel(WHEEL_DELTA);
-    EXPECT_EQ(number(L"TopRowRead"), 0);
-}
-
 TEST_F(GridEditing, ANumberIsTypedAndLeftAsItWas) {
     object().call(L"RowsSet", {100});
     object().call(L"CellTextSet", {0, numberCol, L"12.34"});
