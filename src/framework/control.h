@@ -56,6 +56,9 @@ public:
     void draw(Canvas& canvas, const PixelRect& bounds);
 
     Platform& platform() const { return root_.platform(); }
+    // Shares the platform, which is otherwise borrowed: a call that is under way may keep the control for
+    // longer than its host does.
+    void keep(std::shared_ptr<Platform> platform) { kept_ = std::move(platform); }
     Container& root() { return root_; }
     const Container& root() const { return root_; }
     // Whether the form is being designed: nobody works with the control then.
@@ -110,6 +113,7 @@ private:
     void readContainer();
     void closePanels();
 
+    std::shared_ptr<Platform> kept_;  // goes after everything else
     Container root_;
     Surface surface_;
     ControlHost* host_ = nullptr;

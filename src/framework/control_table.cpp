@@ -63,7 +63,7 @@ const Member* ControlTable::notifiedProperty(TextView persistedName) const {
     return nullptr;
 }
 
-TextView ControlTable::notificationName(const Member& property) const {
+LiteralText ControlTable::notificationName(const Member& property) const {
     for (const NotificationOverride& entry : overrides_) {
         if (entry.number == property.number) return entry.name;
     }

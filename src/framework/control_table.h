@@ -15,8 +15,8 @@ class Platform;
 
 // What a class says of itself, beside its members.
 struct ClassFacts {
-    TextView name;  // "UpDownTextBox"; the programmatic identifier is made from it
-    TextView help{};
+    LiteralText name;  // "UpDownTextBox"; the programmatic identifier is made from it
+    LiteralText help{};
     Guid classId{}, interfaceId{}, eventInterfaceId{};
     int32_t toolboxPicture = 0;  // resource number of its picture in a toolbox; 0: none
     bool actsLikeButton = false;
@@ -45,7 +45,7 @@ public:
     const Member* notifiedProperty(TextView persistedName) const;
     // The name under which a property's changes are notified: its override, else its persisted key, else its
     // name.
-    TextView notificationName(const Member& property) const;
+    LiteralText notificationName(const Member& property) const;
     // The property that is notified when the C++ member `token` has been set: worked out once, as setters are
     // called often. Null for a token of no property.
     const Member* notifiedByToken(const void* token) const;
@@ -70,7 +70,7 @@ private:
     };
     struct NotificationOverride {
         int32_t number;
-        TextView name;
+        LiteralText name;
     };
 
     std::vector<NameIndex> names_;    // open addressing, a power of two in size; position + 1, 0 is free

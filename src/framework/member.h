@@ -19,16 +19,16 @@ class Control;
 
 // One value of a public enumeration.
 struct EnumerationValue {
-    TextView name;
+    LiteralText name;
     int32_t value = 0;
-    TextView help;
+    LiteralText help;
 };
 
 // A public enumeration that properties refer to.
 struct Enumeration {
-    TextView name;
+    LiteralText name;
     Guid id;
-    TextView help;
+    LiteralText help;
     std::span<const EnumerationValue> values;
 };
 
@@ -40,7 +40,7 @@ using ArgumentDefault = std::variant<std::monostate, bool, OleColour, TextView>;
 Value valueOf(const ArgumentDefault& value);
 
 struct Parameter {
-    TextView name;
+    LiteralText name;
     ValueType type = ValueType::empty;
     bool byReference = false;  // what the callee changes, the caller sees
     ArgumentDefault defaultValue;
@@ -55,8 +55,8 @@ struct Member {
     MemberKind kind = MemberKind::method;
     // The dispatch identifier, from 1; properties and methods share one sequence, events have theirs.
     int32_t number = 0;
-    TextView name;
-    TextView help;
+    LiteralText name;
+    LiteralText help;
     ValueType type = ValueType::empty;         // of a property's value or a method's result; empty: no result
     const Enumeration* enumeration = nullptr;  // the values of a longInteger that has names
     // Names for the values of a number that has no public enumeration, for people at a property browser.

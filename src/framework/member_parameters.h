@@ -15,7 +15,7 @@ struct ParameterName {
     constexpr ParameterName(const char16_t* own, ArgumentDefault otherwise)
         : name(own), defaultValue(otherwise) {}
 
-    TextView name;
+    LiteralText name;
     ArgumentDefault defaultValue;
 };
 

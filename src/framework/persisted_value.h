@@ -18,8 +18,8 @@ using DefaultValue = std::variant<Value, AmbientFontDefault, SystemRgbDefault>;
 
 // One persisted value, in the order of loading, and of saving where the table names no other.
 struct PersistedValue {
-    TextView readKey;
-    TextView writeKey;                      // differs from the read key only where that is required
+    LiteralText readKey;
+    LiteralText writeKey;                   // differs from the read key only where that is required
     ValueType type = ValueType::empty;      // what a stored value is converted to on reading
     ValueType storedAs = ValueType::empty;  // what is written
     DefaultValue readDefault;

@@ -24,7 +24,7 @@ public:
     }
 
     template <auto Getter, auto Setter>
-    TableBuilder& property(int32_t number, TextView name, TextView help,
+    TableBuilder& property(int32_t number, LiteralText name, LiteralText help,
                            const Enumeration* enumeration = nullptr) {
         using Write = detail::PropertyWrite<Setter>;
         static_assert(std::is_same_v<typename detail::PropertyRead<Getter>::Type, typename Write::Type>);
@@ -41,7 +41,7 @@ public:
         return *this;
     }
     template <auto Getter>
-    TableBuilder& readOnlyProperty(int32_t number, TextView name, TextView help) {
+    TableBuilder& readOnlyProperty(int32_t number, LiteralText name, LiteralText help) {
         using Read = detail::PropertyRead<Getter>;
         Member& row = rows_.add(MemberKind::property, number, name, help, memberToken<Getter>());
         row.type = detail::valueTypeOf<typename Read::Type>();
@@ -49,7 +49,7 @@ public:
         return *this;
     }
     template <auto Setter>
-    TableBuilder& writeOnlyProperty(int32_t number, TextView name, TextView help) {
+    TableBuilder& writeOnlyProperty(int32_t number, LiteralText name, LiteralText help) {
         using Write = detail::PropertyWrite<Setter>;
         Member& row = rows_.add(MemberKind::property, number, name, help, memberToken<Setter>());
         row.type = detail::valueTypeOf<typename Write::Type>();
@@ -58,7 +58,8 @@ public:
     }
     // Where a method or an event has parameters, one list of their names stands last.
     template <auto Function, size_t... Count>
-    TableBuilder& method(int32_t number, TextView name, TextView help, ParameterNames<Count>... parameters) {
+    TableBuilder& method(int32_t number, LiteralText name, LiteralText help,
+                         ParameterNames<Count>... parameters) {
         using Row = detail::Method<Function>;
         Member& row = rows_.add(MemberKind::method, number, name, help, memberToken<Function>());
         row.type = Row::resultType;
@@ -67,7 +68,8 @@ public:
         return *this;
     }
     template <auto Field, size_t... Count>
-    TableBuilder& event(int32_t number, TextView name, TextView help, ParameterNames<Count>... parameters) {
+    TableBuilder& event(int32_t number, LiteralText name, LiteralText help,
+                        ParameterNames<Count>... parameters) {
         using Row = detail::EventRow<C, Field>;
         Member& row = rows_.add(MemberKind::event, number, name, help, memberToken<Field>());
         row.parameters = Row::parameters(parameters...);
@@ -111,7 +113,7 @@ public:
         return *this;
     }
     // Changes of a property that are notified neither under its key nor under its name.
-    TableBuilder& notifiedAs(int32_t number, TextView name) {
+    TableBuilder& notifiedAs(int32_t number, LiteralText name) {
         rows_.addNotification(number, name);
         return *this;
     }

@@ -7,7 +7,7 @@
 
 namespace obk {
 
-Member& TableRows::add(MemberKind kind, int32_t number, TextView name, TextView help, const void* token) {
+Member& TableRows::add(MemberKind kind, int32_t number, LiteralText name, LiteralText help, const void* token) {
     Member& row = (kind == MemberKind::event ? table.events : table.members).emplace_back();
     row.kind = kind;
     row.number = number;
@@ -46,7 +46,7 @@ void TableRows::addSaved(const void* token) {
         table.saved.push_back(position);
 }
 
-void TableRows::addNotification(int32_t number, TextView name) {
+void TableRows::addNotification(int32_t number, LiteralText name) {
     table.overrides_.push_back({number, name});
 }
 

@@ -445,7 +445,7 @@ private:
             list += (list.empty() ? u"" : u", ") +
                     (parameter.byReference ? typeOf(parameter.type) + u"&" : argumentType(parameter.type)) +
                     u" " + parameter.name;
-            if (parameter.defaultValue) list += u" = " + literal(*parameter.defaultValue);
+            if (parameter.mayBeLeftOut()) list += u" = " + literal(valueOf(parameter.defaultValue));
             references = references || parameter.byReference;
             // Last first.
             values.insert(0, parameter.name + (values.empty() ? u"" : u", "));

@@ -105,8 +105,9 @@ private:
         Text list;
         for (const Parameter& parameter : member.parameters) {
             if (!list.empty()) list += u", ";
-            if (parameter.defaultValue)
-                list += u"[Optional, DefaultParameterValue(" + literal(*parameter.defaultValue) + u")] ";
+            if (parameter.mayBeLeftOut())
+                list +=
+                    u"[Optional, DefaultParameterValue(" + literal(valueOf(parameter.defaultValue)) + u")] ";
             list += marshalling(parameter.type) + (parameter.byReference ? u"ref " : u"") +
                     typeOf(parameter.type) + u" " + identifier(parameter.name);
         }

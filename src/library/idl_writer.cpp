@@ -127,7 +127,8 @@ private:
     void write(const Member& member) {
         if (member.kind != MemberKind::property) {
             begin(member, {});
-            line(u"            " + typeName(member) + u" " + Text(member.name) + u"(" + parameters(member) + u");");
+            line(u"            " + typeName(member) + u" " + Text(member.name) + u"(" + parameters(member) +
+                 u");");
             return;
         }
         if (member.get) {

@@ -48,7 +48,7 @@ Text signatureText(const Member& member) {
         text += at == 0 ? u"" : u", ";
         text += parameter.byReference ? u"ByRef " : u"";
         text += parameter.name + u" As " + Text(typeName(parameter.type));
-        if (parameter.defaultValue) text += u" = " + valueText(*parameter.defaultValue);
+        if (parameter.mayBeLeftOut()) text += u" = " + valueText(valueOf(parameter.defaultValue));
     }
     return text + u")";
 }

@@ -225,8 +225,8 @@ Text parameters(const Member& member, Defaults defaults) {
     for (const Parameter& parameter : member.parameters) {
         list += (list.empty() ? u"" : u"; ") + Text(parameter.byReference ? u"var " : u"const ") +
                 identifier(parameter.name) + u": " + typeOf(parameter.type);
-        if (parameter.defaultValue && defaults == Defaults::with)
-            list += u" = " + literal(*parameter.defaultValue);
+        if (parameter.mayBeLeftOut() && defaults == Defaults::with)
+            list += u" = " + literal(valueOf(parameter.defaultValue));
     }
     return list.empty() ? list : u"(" + list + u")";
 }

@@ -233,8 +233,8 @@ private:
             line(u"| value | name | |");
             line(u"|---|---|---|");
             for (const EnumerationValue& value : enumeration->values)
-                line(u"| " + decimalText(value.value) + u" | " + code(value.name) + u" | " + Text(value.help) +
-                     u" |");
+                line(u"| " + decimalText(value.value) + u" | " + code(value.name) + u" | " +
+                     Text(value.help) + u" |");
         }
     }
 
@@ -252,7 +252,8 @@ std::string writeReference(Control& fresh) {
 std::string writeReferenceIndex(const Library& library) {
     Text text = u"# Reference\n\nMade from the controls' member tables.\n\n";
     for (const ControlTable* table : publicControls(library))
-        text += u"- [" + Text(table->name) + u"](" + Text(table->name) + u".md): " + Text(table->help) + u"\n";
+        text +=
+            u"- [" + Text(table->name) + u"](" + Text(table->name) + u".md): " + Text(table->help) + u"\n";
     return toUtf8(text);
 }
 

@@ -46,6 +46,7 @@ ControlObject::ControlObject(const ControlTable& table, IUnknown* outer)
       browsing_(*this),
       categories_(*this),
       pages_(*this) {
+    control_->keep(platform_);
     control_->setHost(this);
     setExtent(control_->width(), control_->height());
 }
