@@ -5,6 +5,7 @@
 #include "fuzz_values.h"
 #include "library/library.h"
 #include "pagetab/page_tab.h"
+#include "support/accessible_walk.h"
 #include "support/control_monkey.h"
 
 namespace obk::fuzz {
@@ -88,12 +89,6 @@ private:
         }
     }
 
-    // What screen readers find on a surface in a role.
-    static std::vector<AccessibleItem> parts(headless::HeadlessSurface& surface, Role role) {
-        std::vector<AccessibleItem> found = surface.surfaceClient().accessibleItems();
-        std::erase_if(found, [role](const AccessibleItem& item) { return item.role != role; });
-        return found;
-    }
     void check() {
         for (const NativeWindow id : platform_.windows()) {
             headless::HeadlessSurface* const surface = platform_.surface(id);
@@ -101,15 +96,16 @@ private:
             surface->paint();
             if (surface->kind() == SurfacePlacement::Kind::panel &&
                 dynamic_cast<DateCalendar*>(control_.get())) {
-                const size_t days = parts(*surface, Role::listItem).size();
+                const size_t days = test::partsOf(*surface, Role::listItem).size();
                 require(days >= 28 && days <= 31, "a month is shown");
             }
             if (auto* const strip = dynamic_cast<PageTab*>(control_.get())) {
-                const std::vector<AccessibleItem> tabs = parts(*surface, Role::pageTab);
+                const std::vector<AccessibleItem> tabs = test::partsOf(*surface, Role::pageTab);
                 const auto active = static_cast<size_t>(strip->ActiveTab());
                 require(active <= tabs.size(), "the active tab exists");
                 for (size_t at = 0; at < tabs.size(); ++at)
-                    require(tabs[at].pressed == (at + 1 == active), "the active tab is the selected one");
+                    require(tabs[at].is(AccessibleItem::selected) == (at + 1 == active),
+                            "the active tab is the selected one");
             }
         }
     }

@@ -5,6 +5,7 @@
 #include "pagetab/tab_string.h"
 #include "platform/headless/headless_platform.h"
 #include "platform/headless/headless_surface.h"
+#include "support/accessible_walk.h"
 
 namespace obk::fuzz {
 namespace {
@@ -60,9 +61,8 @@ void run(FuzzedDataProvider& input) {
         strip.SetActiveTab(index);
         require(!exists || strip.ActiveTab() == index, "a tab that exists is selected");
         for (const AccessibleItem& item :
-             platform.surface(control->window())->surfaceClient().accessibleItems())
-            require(item.role != AccessibleItem::Role::pageTab || !item.pressed || !item.bounds.empty(),
-                    "the active tab is in view");
+             test::partsOf(*platform.surface(control->window()), AccessibleItem::Role::pageTab))
+            require(!item.is(AccessibleItem::selected) || !item.bounds.empty(), "the active tab is in view");
     }
     control->deactivate();
 }

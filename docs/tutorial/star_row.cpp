@@ -43,9 +43,11 @@ Widget* StarRow::focused() {
     return shownOn && shownOn->focusedOn(*this) ? this : nullptr;
 }
 
-void StarRow::describe(std::vector<AccessibleItem>& items) const {
-    items.push_back({AccessibleItem::Role::graphic, u"Stars",
-                     Text(1, static_cast<char16_t>(u'0' + rating_.stars())), pixelBounds(), enabled()});
+AccessibleItem StarRow::accessible(AccessiblePart) const {
+    AccessibleItem item = itemOf(AccessibleItem::Role::graphic, u"Stars");
+    item.value = Text(1, static_cast<char16_t>(u'0' + rating_.stars()));
+    item.set(AccessibleItem::focusable);
+    return item;
 }
 
 }  // namespace obk::tutorial

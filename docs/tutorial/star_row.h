@@ -20,7 +20,7 @@ public:
     void keyDown(KeyEvent& event) override;
     bool takeFocus() override;
     Widget* focused() override;
-    void describe(std::vector<AccessibleItem>& items) const override;
+    AccessibleItem accessible(AccessiblePart part) const override;
 
 private:
     const Rating& rating_;

@@ -58,4 +58,16 @@ bool CalendarIcon::contextMenu(std::optional<PixelPoint> at) {
     return shown;
 }
 
+AccessibleItem CalendarIcon::accessible(AccessiblePart) const {
+    AccessibleItem item = itemOf(AccessibleItem::Role::button, u"Open the calendar");
+    item.set(AccessibleItem::pressed, pressed_);
+    item.allow(AccessibleAction::Kind::press);
+    return item;
+}
+
+void CalendarIcon::useAccessible(AccessiblePart, const AccessibleAction&) {
+    announce(AccessibleEvent::invoked);
+    asked();
+}
+
 }  // namespace obk

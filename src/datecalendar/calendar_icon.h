@@ -19,8 +19,11 @@ public:
     bool contextMenu(std::optional<PixelPoint> at) override;
     void captureLost() override { captureTaken(); }
     void detach() override { hot_ = false; }
+    AccessibleItem accessible(AccessiblePart part) const override;
+    void useAccessible(AccessiblePart part, const AccessibleAction& action) override;
 
     Event<const MouseEvent&> mouseReported;
+    Event<> asked;         // by a screen reader to open
     Event<> captureTaken;  // by another window
     // As TextBox::menuAsked.
     Event<std::optional<PixelPoint>, bool&> menuAsked;

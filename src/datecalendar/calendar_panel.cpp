@@ -1,6 +1,7 @@
 #include "datecalendar/calendar_panel.h"
 
 #include "widgets/drawing.h"
+#include "widgets/surface.h"
 
 #include <utility>
 
@@ -55,6 +56,7 @@ CalendarPanel::CalendarPanel(Control& outer, Container& parent, const CalendarMo
     udnYEAR->SetInterval(1);
     udnYEAR->SetMax(lastYear);
     udnYEAR->SetMin(firstYear);
+    udnYEAR.setAccessibleName(u"Year");
     layOut();
     connectChildren();
     refresh();
@@ -116,6 +118,11 @@ void CalendarPanel::refresh() {
     udnYEAR->SetText(model_.year());
     lblMONTHYEAR.setCaption(month.heading);
     lblDAYNO.refresh();
+    const bool open = surface() && surface()->holdsCapture();
+    if (open && toldMonth_ != month.heading) lblDAYNO.announce(AccessibleEvent::structure);
+    toldMonth_ = month.heading;
+    if (open && month.chosen > 0)
+        lblDAYNO.announce(AccessibleEvent::selection, {cellColumns + month.chosen - 1, -1});
     lblCURRENTDATE.setVisible(month.framed != 0);
     if (month.framed != 0) lblCURRENTDATE.moveOnto(month.layout.cellOf(month.framed));
     showPart();
@@ -154,6 +161,9 @@ TwipsRect CalendarPanel::place(Part part) const {
 
 void CalendarPanel::showPart() {
     partRing_.moveAround(place(part_));
+    // Nobody works with a panel that does not show.
+    if (const Surface* shownOn = surface(); shownOn && shownOn->holdsCapture())
+        announce(AccessibleEvent::focus);
 }
 
 void CalendarPanel::turnTo(Part part) {
@@ -251,6 +261,15 @@ bool CalendarPanel::keyInList(const KeyEvent& event) {
     KeyEvent own = event;
     cboMONTH.keyDown(own);
     return own.code == 0;
+}
+
+// Keys go there, although the panel never has the keyboard.
+AccessibleId CalendarPanel::accessibleFocus() {
+    if (cboMONTH.listOpen()) return {};
+    Widget* const parts[] = {&lblDAYNO, &cboMONTH, &udnYEAR, &cmdTODAY, &cmdCLEAR, &cmdCLOSE};
+    const int32_t day = part_ == Part::days ? model_.filled().chosen : 0;
+    return {parts[static_cast<size_t>(part_)],
+            day > 0 ? AccessiblePart{cellColumns + day - 1, -1} : AccessiblePart{}};
 }
 
 bool CalendarPanel::wheel(const WheelEvent& event) {

@@ -42,6 +42,7 @@ public:
 
     void paint(Canvas& canvas, const PixelRect& bounds) override;
     bool wheel(const WheelEvent& event) override;
+    AccessibleId accessibleFocus() override;
 
     Event<std::chrono::month> monthChosen;
     Event<TextView> yearTyped;  // or spun, or what `refresh` wrote
@@ -80,6 +81,7 @@ private:
     Part part_ = Part::days;
     bool replacesYear_ = false;  // the next digit begins a new one
     Look look_ = Look::flat;
+    Text toldMonth_;
     WheelNotches wheel_;
     std::vector<Connection> connections_;
 };

@@ -40,8 +40,7 @@ DateCalendar::DateCalendar(Platform& platform)
       txtfraBORDER(picfraBOX),
       panel_(*this, [](Dpi scale) { return CalendarPanel::size(scale); }),
       picDROPDOWNPANEL(*this, panel_.root(), model_) {
-    panel_.setAccessibleName(u"Calendar");
-    txtfraBORDER.setAccessibleName(u"Date");
+    panel_.setAccessible(AccessibleItem::Role::client, u"Calendar");
     picfraBOX.SetBackColor(SystemColour::window);
     connectChildren();
     connectPanel();
@@ -82,6 +81,7 @@ void DateCalendar::connectChildren() {
     on(txtfraBORDER.changed, [this] {
         const TextView text = trimmed(txtfraBORDER.text());
         writing_ ? model_.write(text) : model_.type(text);
+        announceSurface(AccessibleEvent::value);
     });
     on(txtfraBORDER.keyWentDown, [this](KeyEvent& event) { keyDown(event); });
     on(txtfraBORDER.characterTyped, [this](int16_t& character) {
@@ -117,6 +117,7 @@ void DateCalendar::connectChildren() {
     on(txtfraBORDER.menuAsked, menuAsked(txtfraBORDER));
     on(picfraICON.menuAsked, menuAsked(picfraICON));
     on(picfraICON.mouseReported, [this](const MouseEvent& event) { iconMouse(event); });
+    on(picfraICON.asked, [this] { UserControl_Click(); });
     on(picfraICON.captureTaken, [this] {
         drop_.pressed = false;
         drop_.mouseHeld = false;
@@ -178,6 +179,7 @@ void DateCalendar::SetEnabled(bool Enabled) {
     fraBORDER.setEnabled(Enabled);
     picfraICON.setEnabled(Enabled);
     txtfraBORDER.setEnabled(Enabled);
+    announceSurface(AccessibleEvent::state);
     PropertyChanged<&DateCalendar::Enabled>();
 }
 
@@ -363,10 +365,27 @@ void DateCalendar::surfacePressedElsewhere() {
 }
 
 AccessibleItem DateCalendar::describeSurface() const {
+    using Kind = AccessibleAction::Kind;
     AccessibleItem item = Control::describeSurface();
+    item.role = AccessibleItem::Role::comboBox;
     item.value = model_.date();
-    item.enabled = Enabled();
+    item.set(AccessibleItem::valued);
+    item.set(AccessibleItem::focusable);
+    item.set(AccessibleItem::expandable);
+    item.set(AccessibleItem::disabled, !Enabled());
+    item.set(AccessibleItem::expanded, panel_.visible());
+    item.allow(Kind::focus, Kind::write, panel_.visible() ? Kind::collapse : Kind::expand);
     return item;
+}
+
+void DateCalendar::useSurface(const AccessibleAction& action) {
+    if (action.kind == AccessibleAction::Kind::collapse) return HidePopUp();
+    txtfraBORDER.takeFocus();
+    if (action.kind == AccessibleAction::Kind::expand) dropDown();
+    if (action.kind != AccessibleAction::Kind::write) return;
+    // As what is typed and then left.
+    txtfraBORDER.setText(action.text);
+    if (model_.edited()) endEditing();
 }
 
 void DateCalendar::write(const obk::Text& shown) {

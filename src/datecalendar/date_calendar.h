@@ -80,6 +80,7 @@ private:
     std::span<const KeyGroup> keyGroups() const override;
     uint16_t keyStates() const override { return panel_.visible() ? 1 : 0; }
     AccessibleItem describeSurface() const override;
+    void useSurface(const AccessibleAction& action) override;
 
     // Persisted without a property.
     const obk::Text& typedText() const { return model_.typed(); }

@@ -27,7 +27,12 @@ void DayGrid::paint(Canvas& canvas, const PixelRect& bounds) {
 
 void DayGrid::paintWeekdays(Canvas& canvas, const PixelRect& bounds) const {
     TextStyle style;
-    style.colour = systemRgb(platform(), SystemColour::greyText);
+    // Quieter than the days, and yet read.
+    const Rgb text = systemRgb(platform(), SystemColour::windowText);
+    constexpr int32_t share = 160;
+    style.colour = platform().appearance().highContrast()
+                       ? text
+                       : mixed(text, systemRgb(platform(), SystemColour::window), share);
     style.horizontal = HorizontalAlignment::centre;
     std::chrono::weekday weekday = std::chrono::Monday;
     for (int32_t cell = 0; cell < cellColumns; ++cell, ++weekday)
@@ -92,14 +97,51 @@ void DayGrid::detach() {
     hovered_ = 0;
 }
 
-void DayGrid::describe(std::vector<AccessibleItem>& items) const {
+// The weekdays, then the days.
+int32_t DayGrid::accessibleParts(AccessiblePart of) const {
+    return of.whole() ? cellColumns + month_.layout.lngDAYSINMONTH : 0;
+}
+
+AccessibleItem DayGrid::accessible(AccessiblePart part) const {
+    using Kind = AccessibleAction::Kind;
     const PixelRect own = pixelBounds();
-    for (int32_t day = 1; day <= month_.layout.lngDAYSINMONTH; ++day) {
-        const PixelRect place = dpi().toPixels(cellBounds(month_.layout.cellOf(day)));
-        items.push_back({AccessibleItem::Role::listItem, decimalText(day) + u" " + month_.heading,
-                         day == month_.today ? Text(u"today") : Text(), place.moved(own.left, own.top), true,
-                         day == month_.chosen});
+    if (part.whole()) {
+        AccessibleItem item = itemOf(AccessibleItem::Role::calendar, u"Days");
+        item.rows = cellRows - 2;
+        item.cols = cellColumns;
+        return item;
     }
+    const bool weekday = part.row < cellColumns;
+    const int32_t day = part.row - cellColumns + 1, cell = weekday ? part.row : month_.layout.cellOf(day);
+    AccessibleItem item;
+    if (weekday) {
+        const auto monday = std::chrono::Monday;
+        item = itemOf(AccessibleItem::Role::columnHeader, weekdayName(monday + std::chrono::days(part.row)));
+    } else {
+        item = itemOf(AccessibleItem::Role::listItem, decimalText(day) + u" " + month_.heading);
+        if (day == month_.today) item.help = u"today";
+        item.row = cell / cellColumns - 1;
+        item.position = day;
+        item.setSize = month_.layout.lngDAYSINMONTH;
+        item.set(AccessibleItem::selectable);
+        item.set(AccessibleItem::focusable);
+        item.set(AccessibleItem::selected, day == month_.chosen);
+        item.allow(Kind::press, Kind::select);
+    }
+    item.col = cell % cellColumns;
+    item.bounds = dpi().toPixels(cellBounds(cell)).moved(own.left, own.top);
+    return item;
+}
+
+AccessiblePart DayGrid::accessibleCell(int32_t row, int32_t col) const {
+    const bool inside = row < cellRows - 2 && col < cellColumns;
+    const int32_t day = inside ? month_.layout.dayAt((row + 1) * cellColumns + col) : 0;
+    return day == 0 ? AccessiblePart{} : AccessiblePart{cellColumns + day - 1, -1};
+}
+
+void DayGrid::useAccessible(AccessiblePart part, const AccessibleAction&) {
+    announce(AccessibleEvent::invoked, part);
+    clicked(month_.layout.cellOf(part.row - cellColumns + 1));
 }
 
 void DayFrame::moveOnto(int32_t cell) {

@@ -22,7 +22,10 @@ public:
     void mouse(const MouseEvent& event) override;
     void captureLost() override { pressedDay_ = 0; }
     void detach() override;
-    void describe(std::vector<AccessibleItem>& items) const override;
+    AccessibleItem accessible(AccessiblePart part) const override;
+    int32_t accessibleParts(AccessiblePart of) const override;
+    AccessiblePart accessibleCell(int32_t row, int32_t col) const override;
+    void useAccessible(AccessiblePart part, const AccessibleAction& action) override;
 
     Event<int32_t> clicked;  // the cell
 

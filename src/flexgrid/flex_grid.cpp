@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace obk {
 
@@ -62,6 +63,8 @@ void FlexGrid::SetRedraw(bool redraw) {
     if (!redraw) return;
     layOut();
     invalidate();
+    announce(AccessibleEvent::structure);
+    if (hasFocus()) announce(AccessibleEvent::focus);
 }
 
 GridView FlexGrid::viewAt(ScrollOffset offset) const {
@@ -174,11 +177,19 @@ bool FlexGrid::takeFocus() {
 
 void FlexGrid::cellsChanged(const CellRange& cells) {
     invalidateCells(cells);
+    const CellRange shown = cells.intersected(view().visible());
+    if (shown.empty()) return;
+    if (shown.top == shown.bottom && shown.left == shown.right)
+        announce(AccessibleEvent::value, {shown.top, shown.left});
+    else
+        announce(AccessibleEvent::structure);
 }
 
 void FlexGrid::selectionChanged(const CellRange& before) {
     invalidateCells(before);
     invalidateCells(selection());
+    announce(AccessibleEvent::selection, {Row(), Row() < 0 ? -1 : Col()});
+    if (hasFocus()) announce(AccessibleEvent::focus);
 }
 
 void FlexGrid::placesChanged(int32_t fromRow, int32_t fromCol) {
@@ -188,6 +199,8 @@ void FlexGrid::placesChanged(int32_t fromRow, int32_t fromCol) {
         attempt([&] { laidOut(); });
         return;
     }
+    // Rows that are sized or hidden are still there.
+    if (std::exchange(toldRevision_, revision()) != revision()) announce(AccessibleEvent::structure);
     const GridView wanted = view();
     const bool same = offset_ == wanted.offset() && verticalBar_.visible() == wanted.verticalBar() &&
                       horizontalBar_.visible() == wanted.horizontalBar();
@@ -331,24 +344,6 @@ void FlexGrid::focusWentBelow() {
 
 void FlexGrid::showFocus() {
     invalidateCells(highLight_ == 2 ? selection() : CellRange::between(current(), current()));
-}
-
-void FlexGrid::describe(std::vector<AccessibleItem>& items) const {
-    const PixelRect own = pixelBounds();
-    const GridView shown = view();
-    const PixelRect cells{0, 0, shown.size().width, shown.size().height};
-    shown.eachVisibleRow([&](int32_t row, int32_t top, int32_t bottom) {
-        shown.eachVisibleCol([&](int32_t col, int32_t left, int32_t right) {
-            const PixelRect rect = PixelRect{left, top, right, bottom}.intersected(cells);
-            items.push_back({AccessibleItem::Role::listItem,
-                             obk::Text(model().text({row, col})),
-                             {},
-                             rect.moved(own.left, own.top),
-                             enabled(),
-                             selection().contains({row, col})});
-        });
-    });
-    Container::describe(items);
 }
 
 }  // namespace obk

@@ -12,6 +12,19 @@
 
 namespace obk {
 
+// What the control around a grid adds to what its cells tell screen readers.
+class CellDescriber {
+public:
+    // A cell, of which text, place and states are known.
+    virtual void describeCell(AccessibleItem& item, CellAddress cell) const = 0;
+    virtual void useCell(CellAddress cell, const AccessibleAction& action) = 0;
+    // The cell that a child of the grid stands in.
+    virtual std::optional<CellAddress> cellUnder(const Widget& child) const = 0;
+
+protected:
+    ~CellDescriber() = default;
+};
+
 class FlexGrid final : public Container, public CurrentCellGrid, public GridEvents {
 public:
     static constexpr int32_t startRows = 2, startCols = 2;
@@ -46,6 +59,7 @@ public:
     PixelPoint mouseAt() const { return mouse_; }
     // Columns whose cells show a check mark for their letter, whatever their font is; none at first.
     void setCheckColumns(CheckColumns are) { checkColumns_ = std::move(are); }
+    void setDescriber(CellDescriber* describer) { describer_ = describer; }  // borrowed
     // Where a cell stands, in twips from the grid's left top corner; nowhere for a cell that is not there.
     TwipsRect cellPlace(CellAddress cell) const;
     // What an arrow key means where the grid is shown from right to left.
@@ -82,7 +96,15 @@ public:
     void appearanceChanged() override;
     void focusCameBelow() override { showFocus(); }
     void focusWentBelow() override;
-    void describe(std::vector<AccessibleItem>& items) const override;
+    AccessibleItem accessible(AccessiblePart part) const override;
+    int32_t accessibleParts(AccessiblePart of) const override;
+    AccessiblePart accessiblePartAt(PixelPoint at) const override;
+    AccessibleId accessibleFocus() override;
+    std::vector<AccessiblePart> accessibleSelection() const override;
+    AccessiblePart accessiblePlaceOf(const Widget& child) const override;
+    void useAccessible(AccessiblePart part, const AccessibleAction& action) override;
+    // What the grid is as a whole, for the control around it.
+    void describeWhole(AccessibleItem& item) const;
 
 private:
     // `carry` becomes a drag of the selected texts once the mouse moves.
@@ -114,8 +136,10 @@ private:
 
     GridColours colours_;
     CheckColumns checkColumns_;
+    CellDescriber* describer_ = nullptr;
     FontHolder font_;
     ScrollOffset offset_;
+    uint32_t toldRevision_ = 0;
     bool attached_ = false;  // there is a window to draw in
     bool redraw_ = true;
     bool allowUserResizing_ = true;

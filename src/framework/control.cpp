@@ -209,8 +209,20 @@ KeyRoute Control::preTranslate(const KeyEvent& event) {
     return KeyRoute::container;
 }
 
+// Its name is the label's before it, else what the container calls it.
 AccessibleItem Control::describeSurface() const {
-    return {AccessibleItem::Role::client, Text(table().name), {}, root_.pixelBounds(), true, false};
+    AccessibleItem item;
+    item.role = AccessibleItem::Role::client;
+    item.bounds = root_.pixelBounds();
+    if (const Surface* shownOn = root_.parent() ? nullptr : root_.surface())
+        item.name = shownOn->labelBefore();
+    if (item.name.empty()) item.name = hostName();
+    if (item.name.empty()) item.name = table().name;
+    return item;
+}
+
+void Control::announceSurface(AccessibleEvent event) {
+    root_.parent() ? root_.parent()->announce(event) : root_.announce(event);
 }
 
 void Control::propertyChanged(const void* token) {

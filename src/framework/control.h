@@ -98,6 +98,7 @@ protected:
     // Shift+Tab and the like, on behalf of the user. Whether the container used it.
     bool offerToContainer(const KeyEvent& event) override;
     AccessibleItem describeSurface() const override;
+    void announceSurface(AccessibleEvent event);
 
 private:
     friend class ControlFactory;

@@ -63,6 +63,19 @@ Widget* HostedControl::focused() {
     return control_->hasFocus() ? this : nullptr;
 }
 
+// One that is but a picture has nothing to tell.
+AccessibleItem HostedControl::accessible(AccessiblePart) const {
+    if (!takesMouse_) return {};
+    AccessibleItem item = control_->describeSurface();
+    item.bounds = pixelBounds();
+    if (!accessibleName_.empty()) item.name = accessibleName_;
+    return item;
+}
+
+void HostedControl::useAccessible(AccessiblePart, const AccessibleAction& action) {
+    control_->useSurface(action);
+}
+
 void HostedControl::requestSize(Twips width, Twips height) {
     move({bounds().left, bounds().top, width, height});
 }

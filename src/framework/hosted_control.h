@@ -24,6 +24,7 @@ public:
     void setAmbientBackColour(OleColour colour);
     // Presses go to what lies below, as on a picture.
     void setTakesMouse(bool takes) { takesMouse_ = takes; }
+    void setAccessibleName(Text name) { accessibleName_ = std::move(name); }
 
     void paint(Canvas& canvas, const PixelRect& bounds) override;
     Widget* hitTest(PixelPoint point) override;
@@ -33,6 +34,9 @@ public:
     void focusCameBelow() override;
     void focusWentBelow() override;
     Widget* focused() override;
+    AccessibleItem accessible(AccessiblePart part) const override;
+    AccessibleId accessibleFocus() override { return {}; }  // what has it is inside
+    void useAccessible(AccessiblePart part, const AccessibleAction& action) override;
 
 private:
     void raise(const Member&, std::span<Value>) override {}
@@ -47,6 +51,7 @@ private:
 
     Control& outer_;
     std::shared_ptr<Control> control_;
+    Text accessibleName_;
     bool takesMouse_ = true;
 };
 

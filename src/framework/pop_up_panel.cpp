@@ -38,6 +38,8 @@ bool PopUpPanel::show(PopUpSide first) {
     surface_.holdCapture();
     if (visible_) surface_.setVisible(true);
     if (visible_) surface_.update();
+    owner_.announceSurface(AccessibleEvent::expanded);
+    if (visible_) root_.announce(AccessibleEvent::focus);
     return visible_;
 }
 
@@ -70,6 +72,8 @@ void PopUpPanel::hide() {
     visible_ = false;
     surface_.endCapture();
     surface_.setVisible(false);
+    owner_.announceSurface(AccessibleEvent::expanded);
+    if (owner_.hasFocus()) owner_.announceSurface(AccessibleEvent::focus);
 }
 
 void PopUpPanel::renewCapture() {
@@ -105,7 +109,11 @@ void PopUpPanel::surfaceChanged() {
 }
 
 AccessibleItem PopUpPanel::describeSurface() const {
-    return {AccessibleItem::Role::client, accessibleName_, {}, root_.pixelBounds(), true, false};
+    AccessibleItem item;
+    item.role = accessibleRole_;
+    item.name = accessibleName_;
+    item.bounds = root_.pixelBounds();
+    return item;
 }
 
 }  // namespace obk

@@ -26,7 +26,10 @@ public:
     // The parent of the panel's widgets. Mouse events that none of them takes, those outside the panel among
     // them, come to `mouseElsewhere`.
     Container& root() { return root_; }
-    void setAccessibleName(Text name) { accessibleName_ = std::move(name); }
+    void setAccessible(AccessibleItem::Role role, Text name) {
+        accessibleRole_ = role;
+        accessibleName_ = std::move(name);
+    }
 
     bool visible() const { return visible_; }
     // Places the panel beside the control, whole on its monitor and at the scale of that, takes the mouse
@@ -79,6 +82,7 @@ private:
     Root root_;
     Surface surface_;
     SizeAt sizeAt_;
+    AccessibleItem::Role accessibleRole_ = AccessibleItem::Role::client;
     Text accessibleName_;
     PopUpSide side_ = PopUpSide::below;
     std::optional<Dpi> fittedTo_;  // the scale that the widgets are laid out for

@@ -17,6 +17,9 @@ public:
     CellEditing(GridEdit& control, FlexGrid& grid, const ColumnTypes& types);
 
     CellEditors& editors() { return editors_; }
+    const CellEditors& editors() const { return editors_; }
+    // Whether a cell has an editor that may open.
+    bool opensFor(CellAddress cell) const { return editable() && editors_.has(types_.type(cell.col), cell); }
     // Whether editors open at all. What an open one holds is kept.
     void allow(bool allowed);
 

@@ -24,6 +24,10 @@ public:
     bool isOpen(ColumnType type) const { return open_ && type_ == type; }
     ColumnType type() const { return type_; }
     CellAddress cell() const { return cell_; }
+    // The cell that a widget edits now.
+    std::optional<CellAddress> cellUnder(const Widget& widget) const {
+        return open_ && &open_->widget() == &widget ? std::optional(cell_) : std::nullopt;
+    }
     bool hasFocus() const { return open_ && open_->widget().focused(); }
     // It has what it was opened with, and leaving it changes nothing but an empty date.
     bool untouched() const { return open_ && open_->value() == loaded_; }

@@ -11,7 +11,6 @@ namespace {
 class TextCellEditor final : public CellEditor {
 public:
     TextCellEditor(const CellEditorEvents& events, FlexGrid& grid) : CellEditor(events), txtTEXTBOX(grid) {
-        txtTEXTBOX.setAccessibleName(u"Cell");
         // As the cell's own text, which stands above the grid's line.
         txtTEXTBOX.centreAbove(1);
         passOnKeys(txtTEXTBOX);

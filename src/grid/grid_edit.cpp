@@ -21,6 +21,7 @@ GridEdit::GridEdit(Platform& platform)
       picTOPBAR(root(), flexGRID, header_),
       editing_(*this, flexGRID, types_) {
     flexGRID.setCheckColumns([this](int32_t col) { return types_.type(col) == ColumnType::checkBox; });
+    flexGRID.setDescriber(this);
     connectChildren();
     FontUpdate();
 }

@@ -18,7 +18,7 @@ namespace obk {
 // Rows and columns count from 0, the caption bar is none of them. Lengths are twips. What members do stands
 // in the table. A step that names a row or column that is not there does nothing, and the next one runs: what
 // is then set goes to the current cell.
-class GridEdit final : public Control {
+class GridEdit final : public Control, private CellDescriber {
 public:
     explicit GridEdit(Platform& platform);
 
@@ -159,6 +159,11 @@ private:
         return Control::preTranslate(event);
     }
     void useAmbientFont(const FontRef& font) override;
+    AccessibleItem describeSurface() const override;
+    void useSurface(const AccessibleAction& action) override;
+    void describeCell(AccessibleItem& item, CellAddress cell) const override;
+    void useCell(CellAddress cell, const AccessibleAction& action) override;
+    std::optional<CellAddress> cellUnder(const Widget& child) const override;
 
     void connectChildren();
     void loadFont(const FontRef& font);

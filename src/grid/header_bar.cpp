@@ -204,22 +204,29 @@ void HeaderBar::hover(PixelPoint at) {
     if (std::exchange(hovered_, col) != col) invalidate();
 }
 
-void HeaderBar::describe(std::vector<AccessibleItem>& items) const {
+AccessiblePart HeaderBar::accessiblePartAt(PixelPoint at) const {
+    return {grid_.view().colAt(at.x - pixelBounds().left), -1};
+}
+
+AccessibleItem HeaderBar::accessible(AccessiblePart part) const {
     const PixelRect own = pixelBounds();
-    grid_.view().eachVisibleCol([&](int32_t col, int32_t left, int32_t right) {
-        const TextView caption = model_.caption(col);
-        if (caption.empty()) return;
-        const PixelRect rect{own.left + left, own.top, own.left + right, own.bottom};
-        AccessibleItem item;
-        item.role = AccessibleItem::Role::columnHeader;
-        item.name = Text(caption);
-        if (const auto indicator = model_.indicator(col))
-            item.value = *indicator == SortDirection::descending ? u"descending" : u"ascending";
-        item.bounds = rect.intersected(own);
-        item.enabled = enabled();
-        item.pressed = pressed_ && col == hovered_;
-        items.push_back(std::move(item));
-    });
+    if (part.whole()) return itemOf(AccessibleItem::Role::header, u"Captions");
+    AccessibleItem item = itemOf(AccessibleItem::Role::columnHeader, model_.spoken(part.row));
+    const GridView shown = grid_.view();
+    const PixelRect bounds{own.left + shown.leftTop({0, part.row}).x, own.top,
+                           own.left + shown.leftTop({0, part.row + 1}).x, own.bottom};
+    item.bounds = bounds.intersected({own.left, own.top, own.left + shown.size().width, own.bottom});
+    item.col = part.row;
+    if (const auto indicator = model_.indicator(part.row))
+        item.help = *indicator == SortDirection::descending ? u"sorted descending" : u"sorted ascending";
+    item.set(AccessibleItem::pressed, pressed_ && part.row == hovered_);
+    item.allow(AccessibleAction::Kind::press);
+    return item;
+}
+
+void HeaderBar::useAccessible(AccessiblePart part, const AccessibleAction&) {
+    announce(AccessibleEvent::invoked, part);
+    pressCaption(part.row);
 }
 
 }  // namespace obk

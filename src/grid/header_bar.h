@@ -34,7 +34,11 @@ public:
     void mouse(const MouseEvent& event) override;
     void captureLost() override { endPress(); }
     void detach() override;
-    void describe(std::vector<AccessibleItem>& items) const override;
+    AccessibleItem accessible(AccessiblePart part) const override;
+    int32_t accessibleParts(AccessiblePart of) const override { return of.whole() ? grid_.Cols() : 0; }
+    AccessiblePart accessiblePartAt(PixelPoint at) const override;
+    std::vector<AccessiblePart> accessibleSelection() const override { return {}; }
+    void useAccessible(AccessiblePart part, const AccessibleAction& action) override;
 
     Event<> clicked;  // twice for a double click; not for the drag of a border, nor when one is fitted
 

@@ -3,6 +3,7 @@
 
 #include "flexgrid/grid_model.h"
 
+#include <algorithm>
 #include <map>
 #include <optional>
 #include <utility>
@@ -15,6 +16,15 @@ public:
     TextView caption(int32_t col) const {
         const auto found = captions_.find(col);
         return found == captions_.end() ? TextView() : found->second;
+    }
+    // A column as it is spoken of: an empty caption and one that others have, too, tell the column's number.
+    Text spoken(int32_t col) const {
+        const TextView own = trimmed(caption(col));
+        const Text number = u"column " + decimalText(int64_t{col} + 1);
+        if (own.empty()) return number;
+        const auto same = [own](const auto& other) { return trimmed(other.second) == own; };
+        return std::count_if(captions_.begin(), captions_.end(), same) > 1 ? Text(own) + u", " + number
+                                                                           : Text(own);
     }
     bool setCaption(int32_t col, Text caption) {
         if (col < 0 || col >= GridModel::mostCols) return false;

@@ -22,6 +22,11 @@ public:
 private:
     void initialize() override;
     void resize() override;
+    AccessibleItem describeSurface() const override {
+        AccessibleItem item = Control::describeSurface();
+        item.role = AccessibleItem::Role::separator;
+        return item;
+    }
 
     LineShape lneSHADOW;
     LineShape lneHIGHLIGHT;

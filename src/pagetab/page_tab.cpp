@@ -18,6 +18,7 @@ PageTab::PageTab(Platform& platform) : Control(platform), strip_(root(), model_)
     on(strip_.doubleClicked, [this](int32_t tab, const MouseEvent& event) { doubleClick(tab, event); });
     on(strip_.mouseMoved, [this](const MouseEvent& event) { raiseMouse(MouseMove, event); });
     on(strip_.mouseReleased, [this](const MouseEvent& event) { raiseMouse(MouseUp, event); });
+    on(strip_.chosen, [this](int32_t tab) { choose(tab); });
     on(strip_.fontChanged, [this] { followedFont_.changed(); });
 }
 
@@ -100,6 +101,7 @@ void PageTab::ActiveTabNameSet(const Text& ActiveTabName) {
 
 void PageTab::AddTab(const Text& sCaption) {
     attempt([&] { model_.add(sCaption); });
+    strip_.announce(AccessibleEvent::structure);
     mark(model_.active());
     if (accessKeyOf(sCaption)) accessKeysChanged();
 }
@@ -119,6 +121,7 @@ void PageTab::rebuild() {
     attempt([&] { keysBefore = model_.accessKeys(); });
     attempt([&] { model_.rebuild(); });
     const bool restored = model_.restore();
+    strip_.announce(AccessibleEvent::structure);
     mark(model_.active());
     bool sameKeys = false;
     attempt([&] { sameKeys = model_.accessKeys() == keysBefore; });
@@ -127,8 +130,12 @@ void PageTab::rebuild() {
 }
 
 bool PageTab::select(int32_t index) {
+    const int32_t before = model_.active();
     if (!model_.select(index)) return false;
     strip_.reveal();
+    if (index == before || index == 0) return true;
+    strip_.announce(AccessibleEvent::selection, {index - 1, -1});
+    if (hasFocus()) strip_.announce(AccessibleEvent::focus);
     return true;
 }
 

@@ -189,17 +189,42 @@ bool TabStrip::takeFocus() {
     return shownOn && !pixelClip().empty() && shownOn->takeFocus();
 }
 
-void TabStrip::describe(std::vector<AccessibleItem>& items) const {
+AccessibleItem TabStrip::accessible(AccessiblePart part) const {
+    using Kind = AccessibleAction::Kind;
+    if (part.whole()) return {};
+    const int32_t index = part.row + 1;
     const PixelRect own = pixelBounds();
-    for (int32_t index = 1; index <= model_.count(); ++index) {
-        const PixelRect shown = layout_.tab(index, first_).intersected(layout_.view());
-        items.push_back({AccessibleItem::Role::pageTab,
-                         plainCaption(model_.caption(index)),
-                         {},
-                         shown.moved(own.left, own.top),
-                         true,
-                         index == model_.active()});
-    }
+    AccessibleItem item = itemOf(AccessibleItem::Role::pageTab, nameOf(index));
+    item.bounds = layout_.tab(index, first_).intersected(layout_.view()).moved(own.left, own.top);
+    item.position = index;
+    item.setSize = model_.count();
+    item.set(AccessibleItem::selectable);
+    item.set(AccessibleItem::focusable);
+    item.set(AccessibleItem::selected, index == model_.active());
+    if (const auto key = accessKeyOf(model_.caption(index))) item.accessKey = u"Alt+" + Text(1, *key);
+    item.allow(Kind::press, Kind::select, Kind::show);
+    return item;
+}
+
+// Captions may repeat, or hold nothing that can be said.
+Text TabStrip::nameOf(int32_t index) const {
+    const Text name = plainCaption(model_.caption(index));
+    bool another = trimmed(name).empty();
+    for (int32_t other = 1; other <= model_.count() && !another; ++other)
+        another = other != index && plainCaption(model_.caption(other)) == name;
+    return another ? name + (trimmed(name).empty() ? u"Tab " : u", tab ") + decimalText(index) : name;
+}
+
+AccessibleId TabStrip::accessibleFocus() {
+    if (!showsFocus() || model_.active() == 0) return {};
+    return {this, {model_.active() - 1, -1}};
+}
+
+void TabStrip::useAccessible(AccessiblePart part, const AccessibleAction& action) {
+    if (action.kind == AccessibleAction::Kind::show)
+        scrollTo(layout_.revealing(part.row + 1, first_));
+    else
+        chosen(part.row + 1);
 }
 
 }  // namespace obk

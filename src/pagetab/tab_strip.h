@@ -36,12 +36,16 @@ public:
     void placed() override { reveal(); }
     void appearanceChanged() override { measureAnew(); }
     bool takeFocus() override;
-    void describe(std::vector<AccessibleItem>& items) const override;
+    AccessibleItem accessible(AccessiblePart part) const override;
+    int32_t accessibleParts(AccessiblePart of) const override { return of.whole() ? model_.count() : 0; }
+    AccessibleId accessibleFocus() override;
+    void useAccessible(AccessiblePart part, const AccessibleAction& action) override;
 
     // With the tab at the mouse, 0 beside them. The mouse is the strip's from a press to its release.
     Event<int32_t, const MouseEvent&> pressed, doubleClicked;
     Event<const MouseEvent&> mouseMoved, mouseReleased;
-    Event<> fontChanged;  // another one came, or a host changed the one that is shown
+    Event<int32_t> chosen;  // by a screen reader
+    Event<> fontChanged;    // another one came, or a host changed the one that is shown
 
 private:
     static constexpr int32_t none = -99;
@@ -52,6 +56,7 @@ private:
     void measureAnew();
     StripSpace space(const PixelRect& bounds, Dpi dpi) const;
     void scrollTo(int32_t first);
+    Text nameOf(int32_t index) const;
     bool showsFocus() const;
     // The tab at a point of the strip; 0 for none.
     int32_t tabAt(PixelPoint point) const { return layout_.tabAt(point, first_); }

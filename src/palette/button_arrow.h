@@ -21,6 +21,11 @@ private:
     void resize() override { fixSize(); }
     void enterFocus() override { fixSize(); }
     void fixSize();
+    AccessibleItem describeSurface() const override {
+        AccessibleItem item = Control::describeSurface();
+        item.role = AccessibleItem::Role::graphic;
+        return item;
+    }
 
     ArrowLabel lblARROW;
     bool fixingSize_ = false;

@@ -20,7 +20,7 @@ ButtonPalette::ButtonPalette(Platform& platform)
       picDROPDOWNPANEL(*this, panel_.root(), model_),
       cTIMER(platform.clock()) {
     barPALETTE.setTakesMouse(false);
-    panel_.setAccessibleName(u"Colors");
+    panel_.setAccessible(AccessibleItem::Role::list, u"Colors");
     // Hosts know of it, but nothing starts it: the captured mouse tells what polling could find out.
     cTIMER.SetInterval(450);
 
@@ -111,12 +111,14 @@ void ButtonPalette::SetButtonType(int32_t ButtonType) {
 
 void ButtonPalette::SetCaption(const obk::Text& Caption) {
     const obk::Text keyBefore = accessKeys();
+    announceSurface(AccessibleEvent::name);
     put<&ButtonPalette::Caption>(&ButtonState::Caption, Caption);
     if (accessKeys() != keyBefore) accessKeysChanged();
 }
 
 void ButtonPalette::SetColor(OleColour Color) {
     model_.setColor(Color);
+    announceSurface(AccessibleEvent::value);
     resize();
     PropertyChanged<&ButtonPalette::Color>();
 }
@@ -131,6 +133,7 @@ void ButtonPalette::SetEnabled(bool Enabled) {
     }
     refresh();
     if (!Enabled && panel_.visible()) HidePopUp();
+    announceSurface(AccessibleEvent::state);
     PropertyChanged<&ButtonPalette::Enabled>();
 }
 
@@ -215,14 +218,29 @@ void ButtonPalette::useAmbientFont(const FontRef& font) {
 }
 
 AccessibleItem ButtonPalette::describeSurface() const {
+    using Kind = AccessibleAction::Kind;
     AccessibleItem item = Control::describeSurface();
-    item.role = AccessibleItem::Role::button;
+    item.role = AccessibleItem::Role::splitButton;
     if (const TextView caption = trimmed(button_.Caption); !caption.empty())
         item.name = plainCaption(caption);
     item.value = Text();
-    item.enabled = Enabled();
-    item.pressed = panel_.visible();
+    if (button_.ToolTip != item.name) item.help = button_.ToolTip;
+    if (const auto key = accessKeyOf(button_.Caption)) item.accessKey = u"Alt+" + obk::Text(1, *key);
+    for (const auto state : {AccessibleItem::valued, AccessibleItem::readOnly, AccessibleItem::expandable,
+                             AccessibleItem::focusable})
+        item.set(state);
+    item.set(AccessibleItem::disabled, !Enabled());
+    item.set(AccessibleItem::expanded, panel_.visible());
+    item.allow(Kind::press, Kind::focus, panel_.visible() ? Kind::collapse : Kind::expand);
     return item;
+}
+
+void ButtonPalette::useSurface(const AccessibleAction& action) {
+    cmdMAINBTN.takeFocus();
+    if (action.kind == AccessibleAction::Kind::focus) return;
+    announceSurface(AccessibleEvent::invoked);
+    model_.LastButton = button::left;
+    UserControl_Click();
 }
 
 void ButtonPalette::loadToolTip(const obk::Text& text) {

@@ -97,6 +97,7 @@ private:
     void surfaceKeyDown(KeyEvent& event) override;
     void surfaceKeyUp(KeyEvent& event) override;
     AccessibleItem describeSurface() const override;
+    void useSurface(const AccessibleAction& action) override;
 
     // Persisted without a property.
     OleColour selectedColor() const { return model_.SelectedCell().Color; }

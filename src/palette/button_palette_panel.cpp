@@ -97,6 +97,7 @@ void ButtonPalette::activate(const PaletteCell& cell) {
 void ButtonPalette::select(const PaletteCell& cell) {
     const PaletteModel::Selection outcome = model_.select(cell);
     if (outcome == PaletteModel::Selection::unchanged) return;
+    announceSurface(AccessibleEvent::value);
     const OleColour colour = selectedColor();
     if (outcome == PaletteModel::Selection::changed) {
         PropertyChanged<&ButtonPalette::selectedColor>();

@@ -90,6 +90,7 @@ PixelPoint PalettePanel::walkPoint() const {
 }
 
 void PalettePanel::showCells(const PixelRect& place) {
+    if (model_.walking()) announce(AccessibleEvent::focus);
     const auto& hovered = model_.HoverCell();
     if (Surface* shownOn = surface(); shownOn) {
         // Keys leave no mouse to rest anywhere.
@@ -103,6 +104,7 @@ void PalettePanel::showCells(const PixelRect& place) {
 }
 
 void PalettePanel::showStrip() {
+    if (model_.walking()) announce(AccessibleEvent::focus);
     if (Surface* shownOn = surface(); shownOn)
         shownOn->setCursor(model_.stripHot() ? Cursor::hand : Cursor::arrow);
     invalidatePart({0, stripTop_, size_.width, size_.height});
@@ -166,17 +168,59 @@ void PalettePanel::paintStrip(Canvas& canvas, PixelPoint origin) const {
         canvas.drawFocusRect(outset(customRect(), canvas.dpi().scaled(2)).moved(origin.x, origin.y));
 }
 
-void PalettePanel::describe(std::vector<AccessibleItem>& items) const {
-    using Role = AccessibleItem::Role;
+int32_t PalettePanel::accessibleParts(AccessiblePart of) const {
+    return of.whole() ? static_cast<int32_t>(model_.palette().cells().size()) + 1 : 0;
+}
+
+// The swatches, then what opens the chooser of more colours.
+AccessibleItem PalettePanel::accessible(AccessiblePart part) const {
+    using Kind = AccessibleAction::Kind;
+    if (part.whole()) return {};
     const PixelRect own = pixelBounds();
-    for (const PaletteCell& cell : model_.palette().cells())
-        items.push_back({Role::listItem,
-                         cell.Name(),
-                         {},
-                         cell.rect.moved(own.left, own.top),
-                         true,
-                         cell == model_.SelectedCell()});
-    items.push_back({Role::button, moreColours, {}, customRect().moved(own.left, own.top), true, false});
+    const auto cells = model_.palette().cells();
+    const auto at = static_cast<size_t>(part.row);
+    if (at >= cells.size()) {
+        AccessibleItem item = itemOf(AccessibleItem::Role::button, moreColours);
+        item.bounds = customRect().moved(own.left, own.top);
+        item.set(AccessibleItem::focusable);
+        item.allow(Kind::press);
+        return item;
+    }
+    const PaletteCell& cell = cells[at];
+    AccessibleItem item = itemOf(AccessibleItem::Role::listItem, cell.Name());
+    item.bounds = cell.rect.moved(own.left, own.top);
+    item.position = part.row + 1;
+    item.setSize = static_cast<int32_t>(cells.size());
+    // Shades may share a name.
+    const auto same = [&](const PaletteCell& other) {
+        return other.namePrefix == cell.namePrefix && other.baseName == cell.baseName;
+    };
+    if (std::count_if(cells.begin(), cells.end(), same) > 1) item.name += u", " + decimalText(item.position);
+    item.set(AccessibleItem::selectable);
+    item.set(AccessibleItem::focusable);
+    item.set(AccessibleItem::selected, cell == model_.SelectedCell());
+    item.allow(Kind::press, Kind::select);
+    return item;
+}
+
+AccessibleId PalettePanel::accessibleFocus() {
+    const auto cells = model_.palette().cells();
+    if (model_.walking() && !model_.walkCell()) return {this, {static_cast<int32_t>(cells.size()), -1}};
+    const PaletteCell& marked = model_.walkCell() ? *model_.walkCell() : model_.SelectedCell();
+    const auto found = std::find(cells.begin(), cells.end(), marked);
+    return found == cells.end() ? AccessibleId{}
+                                : AccessibleId{this, {static_cast<int32_t>(found - cells.begin()), -1}};
+}
+
+// As a click there.
+void PalettePanel::useAccessible(AccessiblePart part, const AccessibleAction&) {
+    const auto cells = model_.palette().cells();
+    const auto at = static_cast<size_t>(part.row);
+    const PixelRect place = at < cells.size() ? cells[at].rect : customRect();
+    const PixelPoint middle{(place.left + place.right) / 2, (place.top + place.bottom) / 2};
+    announce(AccessibleEvent::invoked, part);
+    mouseReported({MouseEvent::Kind::down, button::left, 0, middle});
+    mouseReported({MouseEvent::Kind::up, button::left, 0, middle});
 }
 
 }  // namespace obk

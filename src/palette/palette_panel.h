@@ -36,7 +36,10 @@ public:
     Widget* hitTest(PixelPoint point) override { return Widget::hitTest(point); }
     void mouse(const MouseEvent& event) override { mouseReported(event); }
     void placed() override;
-    void describe(std::vector<AccessibleItem>& items) const override;
+    AccessibleItem accessible(AccessiblePart part) const override;
+    int32_t accessibleParts(AccessiblePart of) const override;
+    AccessibleId accessibleFocus() override;
+    void useAccessible(AccessiblePart part, const AccessibleAction& action) override;
 
     Event<const MouseEvent&> mouseReported;
 

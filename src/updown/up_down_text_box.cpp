@@ -4,9 +4,12 @@
 #include "base/scoped_value.h"
 #include "framework/colours.h"
 #include "framework/kxlib_system.h"
+#include "framework/number_format.h"
+#include "framework/value.h"
 #include "framework/whole_line.h"
 #include "updown/shift_color.h"
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -51,6 +54,7 @@ void UpDownTextBox::connectChildren() {
     };
     on(txtUPDOWN.changed, [this] {
         showEnds();
+        announceSurface(AccessibleEvent::value);
         attempt([&] { Change(); });
     });
     on(txtUPDOWN.clicked, [this] { attempt([&] { Click(); }); });
@@ -131,6 +135,7 @@ void UpDownTextBox::SetEnabled(bool Enabled) {
                                                     SystemColour::window, 140)));
     udnCTRL.setEnabled(Enabled);
     enableChildren(Enabled);
+    announceSurface(AccessibleEvent::state);
     PropertyChanged<&UpDownTextBox::Enabled>();
     resize();
 }
@@ -228,6 +233,32 @@ void UpDownTextBox::resize() {
     else
         txtUPDOWN.move(wholeLine(txtUPDOWN, {left, 0.5 * (h - lineHeight), fieldWidth, lineHeight}));
     lblBACK.move({{0}, {0}, w, lineHeight});
+}
+
+AccessibleItem UpDownTextBox::describeSurface() const {
+    using Kind = AccessibleAction::Kind;
+    AccessibleItem item = Control::describeSurface();
+    item.role = AccessibleItem::Role::spinner;
+    item.value = txtUPDOWN.text();
+    item.set(AccessibleItem::valued);
+    item.set(AccessibleItem::focusable);
+    item.set(AccessibleItem::disabled, !Enabled());
+    item.range = {numberFromText(item.value).value_or(0), static_cast<double>(field_.Min),
+                  static_cast<double>(field_.Max), field_.Interval};
+    item.allow(Kind::write, Kind::set, Kind::focus);
+    return item;
+}
+
+void UpDownTextBox::useSurface(const AccessibleAction& action) {
+    switch (action.kind) {
+        case AccessibleAction::Kind::write:
+            return txtUPDOWN.setText(action.text);
+        case AccessibleAction::Kind::set:
+            return write(fixedText(std::max<double>(field_.Min, std::min<double>(action.number, field_.Max)),
+                                   field_.AllowDecpoint ? 1 : 0));
+        default:
+            txtUPDOWN.takeFocus();
+    }
 }
 
 void UpDownTextBox::exitFocus() {

@@ -87,6 +87,8 @@ private:
     void exitFocus() override;
     void useAmbientFont(const FontRef& font) override;
     bool mirrorsItself() const override { return true; }
+    AccessibleItem describeSurface() const override;
+    void useSurface(const AccessibleAction& action) override;
 
     void connectChildren();
     void keyDown(KeyEvent& event);

@@ -1,29 +1,113 @@
-// What a screen reader is told of a part that has no window of its own.
+// What screen readers and magnifiers are told of one thing on a surface, and what they may do with it.
 #pragma once
 
 #include "base/text.h"
 #include "base/units.h"
 
+#include <optional>
+
 namespace obk {
 
+class Widget;
+
+// A part of a widget that is no widget itself: an item by its row, or a cell in it. Without a row: the widget
+// as a whole.
+struct AccessiblePart {
+    int32_t row = -1, col = -1;
+
+    bool whole() const { return row < 0; }
+    friend bool operator==(AccessiblePart, AccessiblePart) = default;
+};
+
+// Names one thing as long as its widget lives; see AccessibleTree::has.
+struct AccessibleId {
+    Widget* widget = nullptr;
+    AccessiblePart part;
+
+    explicit operator bool() const { return widget != nullptr; }
+    friend bool operator==(const AccessibleId&, const AccessibleId&) = default;
+};
+
+// What can be done, on behalf of a person. `text` is what is written, `number` the value or position set.
+struct AccessibleAction {
+    enum class Kind : uint8_t { press, toggle, select, extend, expand, collapse, focus, show, write, set };
+    Kind kind = Kind::press;
+    Text text;
+    double number = 0;
+};
+
+enum class AccessibleEvent : uint8_t { focus, selection, value, name, state, expanded, structure, invoked };
+
 struct AccessibleItem {
-    enum class Role {
+    enum class Role : uint8_t {
+        none,  // what is in it stands in its place
         client,
         button,
+        splitButton,
         staticText,
+        edit,
+        checkBox,
+        spinner,
+        comboBox,
         separator,
-        listItem,
         graphic,
+        list,
+        listItem,
         pageTabList,
         pageTab,
-        columnHeader
+        calendar,
+        grid,
+        row,
+        cell,
+        header,
+        columnHeader,
+        scrollBar,
     };
-    Role role = Role::client;
+    enum State : uint32_t {
+        disabled = 1,
+        focusable = 2,
+        focused = 4,
+        selectable = 8,
+        selected = 16,
+        pressed = 32,
+        checked = 64,
+        expandable = 128,
+        expanded = 256,
+        readOnly = 512,
+        offScreen = 1024,
+        multiSelectable = 2048,
+        valued = 4096,  // the value is one, also when it is empty
+    };
+    struct Range {
+        double value = 0, least = 0, most = 0, step = 1;
+    };
+    // In percent of what can be scrolled; a position below 0 where there is nothing to scroll.
+    struct Scroll {
+        double across = -1, down = -1, shownAcross = 100, shownDown = 100;
+    };
+
+    Role role = Role::none;
     Text name;
     Text value;
-    PixelRect bounds;  // on the surface
-    bool enabled = true;
-    bool pressed = false;  // of a list item or a page tab: chosen
+    Text help;
+    Text accessKey;
+    PixelRect bounds{};  // on the surface; empty where it does not show
+    uint32_t states = 0;
+    uint32_t actions = 0;               // a bit for each kind
+    int32_t position = 0, setSize = 0;  // from 1; 0 for what is in no set
+    int32_t row = -1, col = -1;         // of a cell
+    int32_t rows = 0, cols = 0;         // of what has cells
+    std::optional<Range> range{};
+    std::optional<Scroll> scroll{};
+    uintptr_t window = 0;  // of its own, which the system describes
+
+    bool is(State state) const { return (states & state) != 0; }
+    void set(State state, bool on = true) { states = on ? states | state : states & ~uint32_t{state}; }
+    bool can(AccessibleAction::Kind kind) const { return (actions >> static_cast<uint32_t>(kind) & 1) != 0; }
+    template <typename... Kinds>
+    void allow(Kinds... kinds) {
+        actions |= ((1u << static_cast<uint32_t>(kinds)) | ...);
+    }
 };
 
 }  // namespace obk

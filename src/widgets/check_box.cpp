@@ -81,4 +81,21 @@ void CheckBox::showColours() {
     invalidate();
 }
 
+AccessibleItem CheckBox::accessible(AccessiblePart) const {
+    using Kind = AccessibleAction::Kind;
+    AccessibleItem item = itemOf(AccessibleItem::Role::checkBox, {});
+    item.set(AccessibleItem::focusable);
+    item.set(AccessibleItem::checked, checked_);
+    item.allow(Kind::focus, Kind::toggle);
+    item.window = nativeWindow();
+    return item;
+}
+
+void CheckBox::useAccessible(AccessiblePart, const AccessibleAction& action) {
+    if (action.kind == AccessibleAction::Kind::toggle)
+        checkPressed();
+    else
+        takeFocus();
+}
+
 }  // namespace obk

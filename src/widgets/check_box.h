@@ -24,6 +24,8 @@ public:
     void setBackColour(OleColour colour);
 
     void paint(Canvas& canvas, const PixelRect& bounds) override;
+    AccessibleItem accessible(AccessiblePart part) const override;
+    void useAccessible(AccessiblePart part, const AccessibleAction& action) override;
 
     // A person has turned the mark over.
     Event<> clicked;

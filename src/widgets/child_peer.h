@@ -20,7 +20,6 @@ public:
     virtual void setEnabled(bool enabled) = 0;
     virtual void setFont(const FontDescription& font) = 0;
     virtual void setColours(Rgb text, Rgb background) = 0;
-    virtual void setAccessibleName(TextView name) = 0;
     // Refused, without effect, while disabled or invisible.
     virtual void focus() = 0;
     virtual bool hasFocus() const = 0;

@@ -75,6 +75,11 @@ protected:
     }
     bool hasWindow() const { return peer_ != nullptr; }
     Peer& window() const { return *peer_; }  // only inside `ask`
+    NativeWindow nativeWindow() const {
+        NativeWindow window = 0;
+        ask([&] { window = peer_->window(); });
+        return window;
+    }
 
     void focusGained() override {
         if (Surface* shownOn = surface()) shownOn->childFocusGained(*this);
@@ -92,6 +97,10 @@ private:
     bool offerToContainer(const KeyEvent& event) override {
         Surface* shownOn = surface();
         return shownOn && shownOn->offerToContainer(event);
+    }
+    Text accessibleName() override {
+        const Surface* shownOn = surface();
+        return shownOn ? shownOn->readersTree().item({this, {}}).name : Text();
     }
 
     bool makeWindow() {

@@ -69,12 +69,6 @@ void Container::appearanceChanged() {
     for (Widget* child : children_) attempt([&] { child->appearanceChanged(); });
 }
 
-void Container::describe(std::vector<AccessibleItem>& items) const {
-    for (const Widget* child : children_) {
-        if (child->visible()) child->describe(items);
-    }
-}
-
 Widget* Container::focused() {
     for (Widget* child : children_) {
         if (Widget* found = child->focused()) return found;

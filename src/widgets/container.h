@@ -28,9 +28,9 @@ public:
     void detach() override;
     void placed() override;
     void appearanceChanged() override;
-    void describe(std::vector<AccessibleItem>& items) const override;
     Widget* focused() override;
     bool takeFocus() override;
+    std::span<Widget* const> children() const override { return children_; }
 
 protected:
     void paintChildren(Canvas& canvas, const PixelRect& bounds);

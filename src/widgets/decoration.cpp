@@ -48,7 +48,9 @@ void Frame::paint(Canvas& canvas, const PixelRect& bounds) {
 }
 
 void Label::setCaption(TextView caption) {
-    if (attempt([&] { caption_ = caption; })) invalidate();
+    if (caption == caption_ || !attempt([&] { caption_ = caption; })) return;
+    announce(AccessibleEvent::name);
+    invalidate();
 }
 
 void Label::setBackColour(OleColour colour) {
@@ -76,9 +78,8 @@ void Label::paint(Canvas& canvas, const PixelRect& bounds) {
     canvas.drawText(caption_, bounds, style);
 }
 
-void Label::describe(std::vector<AccessibleItem>& items) const {
-    if (!caption_.empty())
-        items.push_back({AccessibleItem::Role::staticText, caption_, {}, pixelBounds(), enabled(), false});
+AccessibleItem Label::accessible(AccessiblePart) const {
+    return caption_.empty() ? AccessibleItem() : itemOf(AccessibleItem::Role::staticText, caption_);
 }
 
 void ArrowLabel::paint(Canvas& canvas, const PixelRect& bounds) {

@@ -43,7 +43,7 @@ public:
     const FontRef& font() const { return font_.font(); }
 
     void paint(Canvas& canvas, const PixelRect& bounds) override;
-    void describe(std::vector<AccessibleItem>& items) const override;
+    AccessibleItem accessible(AccessiblePart part) const override;
 
 private:
     Text caption_;

@@ -119,12 +119,22 @@ void DrawnButton::detach() {
 }
 
 void DrawnButton::placed() {
+    if (std::exchange(toldEnabled_, enabled()) != enabled()) announce(AccessibleEvent::state);
     if (!enabled() || pixelClip().empty()) release();
 }
 
-void DrawnButton::describe(std::vector<AccessibleItem>& items) const {
-    items.push_back(
-        {AccessibleItem::Role::button, face_.name, {}, pixelBounds(), enabled(), held_ && inside_});
+AccessibleItem DrawnButton::accessible(AccessiblePart) const {
+    AccessibleItem item = itemOf(AccessibleItem::Role::button, face_.name);
+    item.set(AccessibleItem::pressed, held_ && inside_);
+    item.allow(AccessibleAction::Kind::press);
+    return item;
+}
+
+void DrawnButton::useAccessible(AccessiblePart, const AccessibleAction&) {
+    announce(AccessibleEvent::invoked);
+    pressed();
+    attempt([&] { released(); });
+    clicked();
 }
 
 }  // namespace obk

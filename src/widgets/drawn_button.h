@@ -25,7 +25,8 @@ public:
     void captureLost() override { release(); }
     void detach() override;
     void placed() override;
-    void describe(std::vector<AccessibleItem>& items) const override;
+    AccessibleItem accessible(AccessiblePart part) const override;
+    void useAccessible(AccessiblePart part, const AccessibleAction& action) override;
 
     // Of the left button. `released` ends each press, also one that the window system cuts short; `clicked`
     // follows it when the mouse is still on the button.
@@ -41,6 +42,7 @@ private:
     Look look_ = Look::flat;
     bool held_ = false;
     bool inside_ = false;  // the mouse is on the button
+    bool toldEnabled_ = true;
 };
 
 }  // namespace obk

@@ -25,6 +25,10 @@ DropList::DropList(Container& parent, Text name)
     picked_ = panel_.chosen.connect([this](int32_t item) {
         if (select(item)) chosen();
     });
+    closed_ = panel_.closed.connect([this] {
+        announce(AccessibleEvent::expanded);
+        if (hasFocus()) announce(AccessibleEvent::focus);
+    });
 }
 
 void DropList::add(TextView item) {
@@ -53,8 +57,11 @@ void DropList::clear() {
 
 bool DropList::select(int32_t item) {
     if (item < 0 || item >= count()) return false;
-    if (!attempt([&] { text_ = items_[static_cast<size_t>(item)]; })) return false;
+    const Text& text = items_[static_cast<size_t>(item)];
+    const bool another = text != text_;
+    if (another && !attempt([&] { text_ = text; })) return false;
     selected_ = item;
+    if (another) announce(AccessibleEvent::value);
     invalidate();
     return true;
 }
@@ -256,11 +263,27 @@ void DropList::choose(int32_t item) {
 void DropList::open() {
     typed_.clear();
     panel_.view().setFont(font_.description());
-    panel_.show(selected_);
+    if (panel_.show(selected_)) announce(AccessibleEvent::expanded);
 }
 
-void DropList::describe(std::vector<AccessibleItem>& items) const {
-    items.push_back({AccessibleItem::Role::button, name_, text_, pixelBounds(), enabled(), false});
+AccessibleItem DropList::accessible(AccessiblePart) const {
+    using Kind = AccessibleAction::Kind;
+    AccessibleItem item = itemOf(AccessibleItem::Role::comboBox, name_);
+    item.value = text_;
+    for (const auto state : {AccessibleItem::valued, AccessibleItem::expandable, AccessibleItem::readOnly,
+                             AccessibleItem::focusable})
+        item.set(state);
+    item.set(AccessibleItem::expanded, panel_.open());
+    item.allow(Kind::focus, panel_.open() ? Kind::collapse : Kind::expand);
+    return item;
+}
+
+void DropList::useAccessible(AccessiblePart, const AccessibleAction& action) {
+    if (action.kind == AccessibleAction::Kind::collapse) return panel_.hide();
+    takeFocus();
+    if (action.kind != AccessibleAction::Kind::expand) return;
+    pressed();
+    open();
 }
 
 }  // namespace obk

@@ -71,7 +71,8 @@ public:
     bool wheel(const WheelEvent& event) override { return panel_.open() && panel_.view().wheel(event); }
     void detach() override;
     void placed() override;
-    void describe(std::vector<AccessibleItem>& items) const override;
+    AccessibleItem accessible(AccessiblePart part) const override;
+    void useAccessible(AccessiblePart part, const AccessibleAction& action) override;
 
     Event<> pressed;  // by the mouse, before the list opens
     Event<> chosen;   // by the user, the item that is shown already among them
@@ -100,7 +101,7 @@ private:
     FontHolder font_;
     bool hot_ = false;
     ListPanel panel_;
-    Connection picked_;
+    Connection picked_, closed_;
 };
 
 }  // namespace obk

@@ -125,7 +125,11 @@ void ListPanel::surfaceChanged() {
 }
 
 AccessibleItem ListPanel::describeSurface() const {
-    return {AccessibleItem::Role::client, name_, {}, root_.pixelBounds(), true, false};
+    AccessibleItem item;
+    item.role = AccessibleItem::Role::list;
+    item.name = name_;
+    item.bounds = root_.pixelBounds();
+    return item;
 }
 
 }  // namespace obk

@@ -37,6 +37,7 @@ void ListView::setFont(const FontDescription& font) {
 
 void ListView::itemsChanged() {
     if (marked_ >= count()) marked_ = -1;
+    announce(AccessibleEvent::structure);
     layOut();
 }
 
@@ -68,6 +69,10 @@ PixelSize ListView::size(Dpi dpi, int32_t leastWidth, int32_t mostItems) const {
 
 void ListView::mark(int32_t item) {
     marked_ = item >= 0 && item < count() ? item : -1;
+    if (marked_ >= 0) {
+        announce(AccessibleEvent::focus);
+        announce(AccessibleEvent::selection, {marked_, -1});
+    }
     const int32_t rows = std::max(shownRows(), 1);
     if (marked_ >= 0) scrollTo(std::clamp(first_, marked_ - rows + 1, marked_));
     invalidate();
@@ -188,16 +193,49 @@ bool ListView::wheel(const WheelEvent& event) {
     return true;
 }
 
-void ListView::describe(std::vector<AccessibleItem>& items) const {
-    const int32_t end = std::min(first_ + shownRows(), count());
-    for (int32_t item = first_; item < end; ++item)
-        items.push_back({AccessibleItem::Role::listItem,
-                         items_[static_cast<size_t>(item)],
-                         {},
-                         row(item, pixelBounds()),
-                         true,
-                         item == marked_});
-    Container::describe(items);
+AccessibleItem ListView::accessible(AccessiblePart part) const {
+    using Kind = AccessibleAction::Kind;
+    if (part.whole()) return {};
+    AccessibleItem item =
+        itemOf(AccessibleItem::Role::listItem, nameInSet(items_[static_cast<size_t>(part.row)], part.row));
+    const bool shows = part.row >= first_ && part.row < first_ + shownRows();
+    item.bounds = shows ? row(part.row, pixelBounds()) : PixelRect{};
+    item.position = part.row + 1;
+    item.setSize = count();
+    item.set(AccessibleItem::selectable);
+    item.set(AccessibleItem::focusable);
+    item.set(AccessibleItem::selected, part.row == marked_);
+    item.allow(Kind::press, Kind::select, Kind::show);
+    return item;
+}
+
+// Repeated items tell which of them they are, and so do empty ones.
+Text ListView::nameInSet(const Text& text, int32_t item) const {
+    constexpr int32_t near = 100;
+    const auto from = items_.begin() + std::max(item - near, 0),
+               end = items_.begin() + std::min(item + near, count());
+    if (!trimmed(text).empty() && std::count(from, end, text) == 1) return text;
+    return text + (text.empty() ? u"Item " : u", item ") + decimalText(item + 1);
+}
+
+AccessiblePart ListView::accessiblePartAt(PixelPoint at) const {
+    const PixelRect own = pixelBounds();
+    return {itemAt({at.x - own.left, at.y - own.top}), -1};
+}
+
+AccessibleId ListView::accessibleFocus() {
+    return marked_ < 0 ? AccessibleId{} : AccessibleId{this, {marked_, -1}};
+}
+
+std::vector<AccessiblePart> ListView::accessibleSelection() const {
+    return marked_ < 0 ? std::vector<AccessiblePart>() : std::vector<AccessiblePart>{{marked_, -1}};
+}
+
+void ListView::useAccessible(AccessiblePart part, const AccessibleAction& action) {
+    mark(part.row);
+    if (action.kind != AccessibleAction::Kind::press) return;
+    announce(AccessibleEvent::invoked, part);
+    chosen(part.row);
 }
 
 }  // namespace obk

@@ -33,12 +33,18 @@ public:
     void mouse(const MouseEvent& event) override;
     bool wheel(const WheelEvent& event) override;
     void placed() override;
-    void describe(std::vector<AccessibleItem>& items) const override;
+    AccessibleItem accessible(AccessiblePart part) const override;
+    int32_t accessibleParts(AccessiblePart of) const override { return of.whole() ? count() : 0; }
+    AccessiblePart accessiblePartAt(PixelPoint at) const override;
+    AccessibleId accessibleFocus() override;
+    std::vector<AccessiblePart> accessibleSelection() const override;
+    void useAccessible(AccessiblePart part, const AccessibleAction& action) override;
 
     Event<int32_t> chosen;  // the mouse was let go on an item
 
 private:
     int32_t count() const { return static_cast<int32_t>(items_.size()); }
+    Text nameInSet(const Text& text, int32_t item) const;
     int32_t rowHeight(Dpi dpi) const;
     int32_t shownRows() const;
     bool scrolls() const { return count() > shownRows(); }

@@ -1,6 +1,7 @@
 // What every window of the port reports to the portable widget that it stands for.
 #pragma once
 
+#include "base/text.h"
 #include "base/units.h"
 #include "widgets/input.h"
 
@@ -30,6 +31,8 @@ public:
     virtual void focusLost() = 0;
     // Consulted once for each key message before anything else is done with it.
     virtual KeyRoute preTranslate(const KeyEvent& event) = 0;
+    // What screen readers call it; asked when one looks.
+    virtual Text accessibleName() { return {}; }
     // Offers a key that the control does not want to the container; whether it was used there.
     virtual bool offerToContainer(const KeyEvent& event) = 0;
 

@@ -41,6 +41,7 @@ ScrollBar::ScrollBar(Container& parent, Direction direction)
 void ScrollBar::setRange(ScrollRange range) {
     range.position = std::clamp<int64_t>(range.position, 0, range.last());
     const ScrollThumb before = thumb(area(), dpi());
+    if (range_.position != range.position) announce(AccessibleEvent::value);
     range_ = range;
     // Rows that come far away move the thumb by less than a pixel.
     if (thumb(area(), dpi()) != before) invalidate();
@@ -232,18 +233,35 @@ void ScrollBar::placed() {
     if (held_.lost()) release();
 }
 
-void ScrollBar::describe(std::vector<AccessibleItem>& items) const {
-    const PixelRect own = pixelBounds();
-    for (const Part part : {Part::back, Part::forward}) {
-        const bool back = part == Part::back;
-        const Text name = vertical() ? (back ? u"Line up" : u"Line down") : (back ? u"Left" : u"Right");
-        items.push_back({AccessibleItem::Role::button,
-                         name,
-                         {},
-                         partRect(part, own, dpi()),
-                         enabled() && range_.last() > 0,
-                         held_.part() == part});
+AccessibleItem ScrollBar::accessible(AccessiblePart part) const {
+    using Kind = AccessibleAction::Kind;
+    if (part.whole()) {
+        AccessibleItem item =
+            itemOf(AccessibleItem::Role::scrollBar, vertical() ? u"Up and down" : u"To the sides");
+        item.range = {static_cast<double>(range_.position), 0, static_cast<double>(range_.last()),
+                      static_cast<double>(std::max<int64_t>(range_.page, 1))};
+        item.value = decimalText(range_.last() == 0 ? 0 : range_.position * 100 / range_.last());
+        item.allow(Kind::set);
+        return item;
     }
+    const bool back = part.row == 0;
+    AccessibleItem item = itemOf(AccessibleItem::Role::button, vertical() ? (back ? u"Line up" : u"Line down")
+                                                                          : (back ? u"Left" : u"Right"));
+    const Part which = back ? Part::back : Part::forward;
+    item.bounds = partRect(which, pixelBounds(), dpi());
+    item.set(AccessibleItem::disabled, !enabled() || range_.last() == 0);
+    item.set(AccessibleItem::pressed, held_.part() == which);
+    item.allow(Kind::press);
+    return item;
+}
+
+void ScrollBar::useAccessible(AccessiblePart part, const AccessibleAction& action) {
+    if (!part.whole()) {
+        announce(AccessibleEvent::invoked, part);
+        return stepped(part.row == 0 ? Step::lineBack : Step::lineForward);
+    }
+    const double to = std::clamp(action.number, 0.0, static_cast<double>(range_.last()));
+    dragged(std::isnan(to) ? 0 : static_cast<int64_t>(to));
 }
 
 }  // namespace obk

@@ -48,7 +48,9 @@ public:
     void captureLost() override { release(); }
     void detach() override;
     void placed() override;
-    void describe(std::vector<AccessibleItem>& items) const override;
+    AccessibleItem accessible(AccessiblePart part) const override;
+    int32_t accessibleParts(AccessiblePart of) const override { return of.whole() ? 2 : 0; }
+    void useAccessible(AccessiblePart part, const AccessibleAction& action) override;
 
     // Neither moves the bar: whoever listens scrolls and sets the range.
     Event<Step> stepped;

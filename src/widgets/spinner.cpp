@@ -162,16 +162,20 @@ void Spinner::placed() {
     if (held_.lost()) held_.release();
 }
 
-void Spinner::describe(std::vector<AccessibleItem>& items) const {
-    const PixelRect own = pixelBounds();
-    for (const Part part : {Part::up, Part::down}) {
-        items.push_back({AccessibleItem::Role::button,
-                         part == Part::up ? u"More" : u"Less",
-                         {},
-                         partRect(part, own, dpi()),
-                         enabled(),
-                         held_.part() == part});
-    }
+// The buttons are parts of the field that they step.
+AccessibleItem Spinner::accessible(AccessiblePart part) const {
+    if (part.whole()) return {};
+    const Part which = part.row == 0 ? Part::up : Part::down;
+    AccessibleItem item = itemOf(AccessibleItem::Role::button, which == Part::up ? u"More" : u"Less");
+    item.bounds = partRect(which, pixelBounds(), dpi());
+    item.set(AccessibleItem::pressed, held_.part() == which);
+    item.allow(AccessibleAction::Kind::press);
+    return item;
+}
+
+void Spinner::useAccessible(AccessiblePart part, const AccessibleAction&) {
+    announce(AccessibleEvent::invoked, part);
+    step(part.row == 0 ? Part::up : Part::down);
 }
 
 }  // namespace obk

@@ -33,7 +33,9 @@ public:
     void captureLost() override { held_.release(); }
     void detach() override;
     void placed() override;
-    void describe(std::vector<AccessibleItem>& items) const override;
+    AccessibleItem accessible(AccessiblePart part) const override;
+    int32_t accessibleParts(AccessiblePart of) const override { return of.whole() ? 2 : 0; }
+    void useAccessible(AccessiblePart part, const AccessibleAction& action) override;
 
     Event<const MouseEvent&> mousePressed;  // before the first step
     Event<> increased, decreased;           // one step each, again and again while a button is held

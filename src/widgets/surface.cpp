@@ -7,7 +7,7 @@
 
 namespace obk {
 
-Surface::Surface(Container& root, SurfaceOwner& owner) : root_(root), owner_(owner) {}
+Surface::Surface(Container& root, SurfaceOwner& owner) : root_(root), owner_(owner), tree_(root, owner) {}
 
 Surface::~Surface() {
     close();
@@ -34,6 +34,7 @@ void Surface::close() {
     root_.detach();
     captured_ = nullptr;
     hovered_ = nullptr;
+    announced_.clear();
     droppedDown_ = nullptr;
     keyTarget_ = nullptr;
     ownFocus_ = false;
@@ -176,10 +177,12 @@ void Surface::forget(const Widget& widget) {
     releaseCapture(widget);
     if (hovered_ == &widget) hovered_ = nullptr;
     if (keyTarget_ == &widget) keyTarget_ = nullptr;
+    std::erase_if(announced_, [&](const Announcement& news) { return news.of.widget == &widget; });
 }
 
 void Surface::childFocusGained(Widget& child) {
     owner_.focusEntered();
+    if (ownFocus_) announce(AccessibleEvent::focus, {});
     for (Widget* widget = &child; widget; widget = widget->parent()) widget->focusCameBelow();
 }
 
@@ -322,11 +325,31 @@ void Surface::appearanceChanged() {
     owner_.surfaceChanged();
 }
 
-std::vector<AccessibleItem> Surface::accessibleItems() {
-    std::vector<AccessibleItem> items{owner_.describeSurface()};
-    root_.describe(items);
-    for (AccessibleItem& item : items) item.bounds = inWindow(item.bounds);
-    return items;
+void Surface::announce(AccessibleEvent event, const AccessibleId& of) {
+    if (!peer_ || !placed_ || (announced_.empty() && !peer_->readersListen())) return;
+    // More than anyone listens to: all may be another.
+    constexpr size_t most = 64;
+    Announcement news{event, event == AccessibleEvent::focus ? AccessibleId{} : of};
+    attempt([&] {
+        const bool first = announced_.empty();
+        std::erase(announced_, news);
+        if (announced_.size() >= most) {
+            announced_.clear();
+            news = {AccessibleEvent::structure, tree_.root()};
+        }
+        announced_.push_back(news);
+        if (first) peer_->readersSoon();
+    });
+}
+
+void Surface::tellReaders() {
+    for (const Announcement& news : std::exchange(announced_, {})) {
+        // Whoever listens may close the surface.
+        if (!peer_) return;
+        const bool focus = news.event == AccessibleEvent::focus;
+        const AccessibleId of = focus ? tree_.focus() : tree_.nearest(news.of);
+        if (of) attempt([&] { peer_->tellReaders(news.event, of); });
+    }
 }
 
 }  // namespace obk

@@ -1,6 +1,7 @@
 // A window's portable side: routes what the window system reports to the widgets of one root container.
 #pragma once
 
+#include "widgets/accessible_tree.h"
 #include "widgets/container.h"
 #include "widgets/surface_owner.h"
 #include "widgets/surface_peer.h"
@@ -58,6 +59,7 @@ public:
     // Gives the keyboard to a drawn widget: the keys of the surface's own window are its until it is
     // forgotten or another widget asks for them. Whether it has them now.
     bool focus(Widget& widget);
+    bool hasOwnFocus() const { return ownFocus_; }  // the window itself, and no child of it
     bool focusedOn(const Widget& widget) const { return ownFocus_ && keyTarget_ == &widget; }
     // Mouse events go to `widget` until it releases, another window takes the capture, or it is forgotten.
     void capture(Widget& widget);
@@ -82,6 +84,14 @@ public:
     void loseDropDown(const Widget& widget);
     // A widget is about to go.
     void forget(const Widget& widget);
+
+    // What a label says that stands before the window; empty where there is none.
+    Text labelBefore() const { return peer_ ? peer_->labelBefore() : Text(); }
+    // Tells screen readers, once the present work is done; the same but once. The focus is told where it is
+    // by then, whatever is named.
+    void announce(AccessibleEvent event, const AccessibleId& of);
+
+    const AccessibleTree& readersTree() const { return tree_; }
 
     // For the children's windows.
     void childFocusGained(Widget& child);
@@ -108,13 +118,21 @@ private:
     void appearanceChanged() override;
     void hostMoved() override { owner_.surfaceHostMoved(); }
     void pressedElsewhere() override { owner_.surfacePressedElsewhere(); }
-    std::vector<AccessibleItem> accessibleItems() override;
+    const AccessibleTree* accessibleTree() override { return &tree_; }
+    void tellReaders() override;
 
     void deliver(Widget& widget, const MouseEvent& event);
     Widget* dropTarget(PixelPoint at);
 
     Container& root_;
     SurfaceOwner& owner_;
+    AccessibleTree tree_;
+    struct Announcement {
+        AccessibleEvent event;
+        AccessibleId of;
+        friend bool operator==(const Announcement&, const Announcement&) = default;
+    };
+    std::vector<Announcement> announced_;  // in the order in which they will be told
     std::unique_ptr<SurfacePeer> peer_;
     Widget* captured_ = nullptr;
     Widget* hovered_ = nullptr;

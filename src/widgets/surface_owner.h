@@ -26,7 +26,9 @@ public:
     // Whether all is placed from right to left: x then counts from the right edge, for widgets and for
     // whoever hears of the mouse.
     virtual bool mirrored() const { return false; }
+    // For screen readers: all of it, and what they do with it as a whole.
     virtual AccessibleItem describeSurface() const = 0;
+    virtual void useSurface(const AccessibleAction&) {}
     virtual void surfaceKeyDown(KeyEvent&) {}
     virtual void surfaceKeyUp(KeyEvent&) {}
     virtual int16_t surfaceKeyPress(int16_t character) { return character; }

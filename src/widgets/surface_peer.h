@@ -7,10 +7,10 @@
 #include "widgets/platform.h"
 
 #include <memory>
-#include <vector>
 
 namespace obk {
 
+class AccessibleTree;
 class CheckBoxClient;
 class CheckBoxPeer;
 class TextBoxClient;
@@ -36,8 +36,10 @@ public:
     // them.
     virtual bool takesDrop(PixelPoint) { return false; }
     virtual void drop(DropEvent&) {}
-    // First the surface itself, then its parts.
-    virtual std::vector<AccessibleItem> accessibleItems() = 0;
+    // For screen readers; null for what they cannot look into.
+    virtual const AccessibleTree* accessibleTree() { return nullptr; }
+    // What SurfacePeer::readersSoon has asked for.
+    virtual void tellReaders() {}
 
 protected:
     ~SurfaceClient() = default;
@@ -87,6 +89,13 @@ public:
     virtual PixelPoint toScreen(PixelPoint point) const = 0;
     // The part of the screen that windows may use, of the monitor that most of a place on the screen is on.
     virtual PixelRect workArea(const PixelRect& place) const = 0;
+    // What a label says that stands directly before the window in its form; empty where there is none.
+    virtual Text labelBefore() const { return {}; }
+    // Whether screen readers listen; and that the client is to be called back to tell them something, once
+    // the work of the moment is done.
+    virtual bool readersListen() const { return false; }
+    virtual void readersSoon() {}
+    virtual void tellReaders(AccessibleEvent, const AccessibleId&) {}
 
     // Null when the system refuses.
     virtual std::unique_ptr<TextBoxPeer> createTextBox(TextBoxClient& client, TextFlow flow) = 0;

@@ -78,11 +78,6 @@ void TextBox::centreAbove(int32_t room) {
     invalidate();
 }
 
-void TextBox::setAccessibleName(TextView name) {
-    if (!attempt([&] { accessibleName_ = name; })) return;
-    ask([&] { window().setAccessibleName(accessibleName_); });
-}
-
 void TextBox::paint(Canvas& canvas, const PixelRect& bounds) {
     canvas.fillRect(bounds, rgb(backColour_));
     TextStyle style;
@@ -104,7 +99,6 @@ std::unique_ptr<TextBoxPeer> TextBox::createPeer(SurfacePeer& surface) {
 void TextBox::windowMade() {
     ask([&] { window().setFont(font_.description()); });
     ask([&] { window().setMaxLength(maxLength_); });
-    if (!accessibleName_.empty()) ask([&] { window().setAccessibleName(accessibleName_); });
     ask([&] { window().setText(text_); });
     ask([&] { window().setSelection(selection_); });
 }
@@ -250,6 +244,24 @@ TextFlow TextBox::windowFlow() const {
 void TextBox::appearanceChanged() {
     ask([&] { window().setFlow(windowFlow()); });
     ChildWidget::appearanceChanged();
+}
+
+AccessibleItem TextBox::accessible(AccessiblePart) const {
+    using Kind = AccessibleAction::Kind;
+    AccessibleItem item = itemOf(AccessibleItem::Role::edit, {});  // called as what it is in
+    item.value = text_;
+    item.set(AccessibleItem::valued);
+    item.set(AccessibleItem::focusable);
+    item.allow(Kind::focus, Kind::write);
+    item.window = nativeWindow();
+    return item;
+}
+
+void TextBox::useAccessible(AccessiblePart, const AccessibleAction& action) {
+    if (action.kind == AccessibleAction::Kind::write)
+        setText(action.text);
+    else
+        takeFocus();
 }
 
 void TextBox::showColours() {

@@ -60,7 +60,6 @@ public:
     void setBackColour(OleColour colour);
     const FontRef& font() const { return font_.font(); }
     void setFont(FontRef font) { font_.set(std::move(font)); }
-    void setAccessibleName(TextView name);
     // What it holds reads from left to right everywhere; to be said before it has a window.
     void setHoldsNumbers() { holdsNumbers_ = true; }
     // While `focusCame` is raised: whether keys or a host brought the focus from elsewhere in the form.
@@ -70,6 +69,8 @@ public:
 
     void paint(Canvas& canvas, const PixelRect& bounds) override;
     void appearanceChanged() override;
+    AccessibleItem accessible(AccessiblePart part) const override;
+    void useAccessible(AccessiblePart part, const AccessibleAction& action) override;
 
     Event<> fontChanged;
     Event<> changed;
@@ -111,7 +112,6 @@ private:
     FontHolder font_;
     OleColour foreColour_{SystemColour::windowText};
     OleColour backColour_{SystemColour::window};
-    Text accessibleName_;
     int32_t maxLength_ = 0;
     uint8_t alignment_ = 0;
     bool pressed_ = false;

@@ -108,6 +108,35 @@ bool Widget::wheelAround(const WheelEvent& event) {
 
 void Widget::attach(SurfacePeer&) {}
 void Widget::detach() {}
-void Widget::describe(std::vector<AccessibleItem>&) const {}
+
+AccessibleItem Widget::itemOf(AccessibleItem::Role role, TextView name) const {
+    AccessibleItem item;
+    item.role = role;
+    item.name = name;
+    item.bounds = pixelBounds();
+    item.set(AccessibleItem::disabled, !enabled_);
+    return item;
+}
+
+AccessiblePart Widget::accessiblePartAt(PixelPoint at) const {
+    const int32_t parts = accessibleParts({});
+    for (int32_t part = 0; part < parts; ++part) {
+        if (accessible({part, -1}).bounds.contains(at)) return {part, -1};
+    }
+    return {};
+}
+
+std::vector<AccessiblePart> Widget::accessibleSelection() const {
+    std::vector<AccessiblePart> selected;
+    const int32_t parts = accessibleParts({});
+    for (int32_t part = 0; part < parts; ++part) {
+        if (accessible({part, -1}).is(AccessibleItem::selected)) selected.push_back({part, -1});
+    }
+    return selected;
+}
+
+void Widget::announce(AccessibleEvent event, AccessiblePart part) {
+    if (Surface* shownOn = surface()) shownOn->announce(event, {this, part});
+}
 
 }  // namespace obk

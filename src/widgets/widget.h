@@ -9,6 +9,7 @@
 
 #include <memory>
 #include <optional>
+#include <span>
 #include <vector>
 
 namespace obk {
@@ -84,12 +85,35 @@ public:
     // control.
     virtual void focusCameBelow() {}
     virtual void focusWentBelow() {}
-    virtual void describe(std::vector<AccessibleItem>& items) const;
     // The widget with the keyboard focus, this one or below it; or that could take it.
     virtual Widget* focused() { return nullptr; }
     virtual bool takeFocus() { return false; }
 
+    // For screen readers. What this widget is, or a part of it; without a role, which is the default, its
+    // parts and children stand in its place. Nothing here is costly, whatever the number of parts.
+    virtual AccessibleItem accessible(AccessiblePart) const { return {}; }
+    // How many parts are in it, or in a row of it; they come before the children.
+    virtual int32_t accessibleParts(AccessiblePart) const { return 0; }
+    // At a point of the surface.
+    virtual AccessiblePart accessiblePartAt(PixelPoint at) const;
+    // The part that is a cell; none where there is no such cell.
+    virtual AccessiblePart accessibleCell(int32_t row, int32_t col) const { return {row, col}; }
+    // What keys go to, of this widget or in its name.
+    virtual AccessibleId accessibleFocus() {
+        return focused() == this ? AccessibleId{this, {}} : AccessibleId{};
+    }
+    virtual std::vector<AccessiblePart> accessibleSelection() const;
+    // Only what the item offers, while it is enabled. A person's doing: hosts hear of it.
+    virtual void useAccessible(AccessiblePart, const AccessibleAction&) {}
+    virtual std::span<Widget* const> children() const { return {}; }
+    // The part that a child stands in; none for one that stands beside the parts.
+    virtual AccessiblePart accessiblePlaceOf(const Widget&) const { return {}; }
+    // Tells screen readers, if any listen, once the present work is done.
+    void announce(AccessibleEvent event, AccessiblePart part = {});
+
 protected:
+    // What all items of this widget have in common.
+    AccessibleItem itemOf(AccessibleItem::Role role, TextView name) const;
     explicit Widget(Platform& platform) : platform_(platform) {}
     // The wheel was turned over a window of this widget, which has no use for it: whether one of those around
     // it has.

@@ -46,7 +46,7 @@ protected:
     // The chosen day with its month, as screen readers hear it: "14 November, 2026".
     std::string chosen() {
         for (const AccessibleItem& day : days()) {
-            if (day.pressed) return toUtf8(day.name);
+            if (day.is(AccessibleItem::selected)) return toUtf8(day.name);
         }
         return "";
     }
@@ -392,7 +392,7 @@ TEST_F(DateCalendarTest, TheMonthListAndTheYearFieldRefillTheDays) {
     };
     const auto items = months();
     ASSERT_EQ(items.size(), 12u);
-    EXPECT_TRUE(items[9].pressed);
+    EXPECT_TRUE(items[9].is(AccessibleItem::selected));
     const PixelRect& february = items[1].bounds;
     platform.click(topPanel()->id(), {february.left + 5, february.top + 5});
     EXPECT_EQ(chosen(), "1 February, 2026");

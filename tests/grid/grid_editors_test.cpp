@@ -414,7 +414,7 @@ TEST_F(GridEditorsTest, TheListTellsWhatIsChosen) {
     const auto items = parts(*topPanel(), AccessibleItem::Role::listItem);
     ASSERT_EQ(items.size(), 5u);
     EXPECT_EQ(items[1].name, u"R&D");
-    EXPECT_TRUE(items[2].pressed) << "the item stays";
+    EXPECT_TRUE(items[2].is(AccessibleItem::selected)) << "the item stays";
     platform.mouse(control->window(), {Kind::up, button::left, 0, at(0, listCol)});
     EXPECT_TRUE(topPanel()) << "the press that opened it is over";
     platform.mouse(topPanel()->id(), {Kind::down, button::left, 0, {-30, -40}});

@@ -40,8 +40,7 @@ protected:
                 item.rect);
         }
         for (const headless::HeadlessWindow* child : of.children()) add("window", child->bounds());
-        for (const AccessibleItem& item : of.surfaceClient().accessibleItems())
-            add(toUtf8(item.name), item.bounds);
+        for (const AccessibleItem& item : everyItem(of)) add(toUtf8(item.name), item.bounds);
         return lines;
     }
 };

@@ -215,7 +215,7 @@ TEST_F(PageTabTest, AddedTabsAreTrimmedNamedAndActiveAndNotPartOfTheTabString) {
     call(u"AddTab", {Text(u"a,b\r\nc")});
     EXPECT_EQ(captions(), "Home,Help,Tab 3,a,b  c");
     EXPECT_EQ(text(u"ActiveTab"), "4");
-    EXPECT_TRUE(tabs()[3].pressed);
+    EXPECT_TRUE(tabs()[3].is(AccessibleItem::selected));
     EXPECT_EQ(text(u"ActiveTabs"), "Home");
 }
 
@@ -273,7 +273,7 @@ TEST_F(PageTabTest, LoadingLaysOutAndSavingWritesInAnOrderOfItsOwn) {
 TEST_F(PageTabTest, TabsThatDoNotFitScrollByButtonsAndWheel) {
     setTabs(u"Tab 1,Tab 2,Tab 3,Tab 4,Tab 5,Tab 6,Tab 7,Tab 8,Tab 9", 1);
     ASSERT_EQ(buttons().size(), 2u);
-    EXPECT_FALSE(buttons()[0].enabled);
+    EXPECT_TRUE(buttons()[0].is(AccessibleItem::disabled));
     EXPECT_TRUE(shows(1) && !shows(9));
     mouse(Kind::down, middle(buttons()[1]));
     EXPECT_FALSE(shows(1)) << "at once";
@@ -284,7 +284,7 @@ TEST_F(PageTabTest, TabsThatDoNotFitScrollByButtonsAndWheel) {
     EXPECT_TRUE(!shows(2) && shows(3)) << "held";
     platform.advance(std::chrono::milliseconds(5000));
     EXPECT_TRUE(shows(9));
-    EXPECT_FALSE(buttons()[1].enabled);
+    EXPECT_TRUE(buttons()[1].is(AccessibleItem::disabled));
     mouse(Kind::up, middle(buttons()[1]));
     EXPECT_EQ(host.take(), Journal{}) << "scrolling is no choice";
     const PixelPoint over = on(9);
@@ -396,7 +396,7 @@ TEST_F(PageTabTest, AHostReadingRightToLeftSeesTheMirrorImage) {
     put(u"ActiveTabs", Text(u"Tab 1,Tab 2,Tab 3,Tab 4,Tab 5,Tab 6,Tab 7,Tab 8,Tab 9"));
     put(u"ActiveTab", 1);
     EXPECT_LT(buttons()[1].bounds.right, tabs()[2].bounds.left);
-    EXPECT_FALSE(buttons()[1].enabled);
+    EXPECT_TRUE(buttons()[1].is(AccessibleItem::disabled));
     platform.click(control->window(), middle(buttons()[0]));
     EXPECT_TRUE(!shows(1) && shows(2));
 }

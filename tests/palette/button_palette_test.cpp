@@ -416,12 +416,12 @@ TEST_F(ButtonPaletteTest, SwatchesAreNamedInToolTipsAndForScreenReaders) {
     show();
     onPanel(Kind::move, cell(8), 0);
     EXPECT_EQ(panel()->toolTip(), u"PASTEL COPPER");
-    const auto items = panel()->surfaceClient().accessibleItems();
+    const auto items = everyItem(*panel());
     ASSERT_EQ(items.size(), 1u + 192u + 1u);
     EXPECT_EQ(items[9].name, u"PASTEL COPPER");
     EXPECT_EQ(items.back().name, u"More colors");
-    const auto own = platform.surface(surface())->surfaceClient().accessibleItems();
-    EXPECT_EQ(own[0].role, AccessibleItem::Role::button);
+    const auto own = everyItem(*platform.surface(surface()));
+    EXPECT_EQ(own[0].role, AccessibleItem::Role::splitButton);
     EXPECT_EQ(own[0].name, u"Button");
     EXPECT_EQ(own[0].value, u"EARTH RED");
     platform.pressKey(key::home);

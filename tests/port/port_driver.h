@@ -191,7 +191,6 @@ public:
     bool takesDrops = true;
     void dpiChanged(Dpi) override { said("dpiChanged"); }
     void appearanceChanged() override {}
-    std::vector<AccessibleItem> accessibleItems() override { return {}; }
     std::vector<PixelRect> painted;
 };
 

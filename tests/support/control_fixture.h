@@ -6,6 +6,7 @@
 #include "framework/member_call.h"
 #include "platform/headless/headless_platform.h"
 #include "platform/headless/headless_surface.h"
+#include "support/accessible_walk.h"
 
 #include <gtest/gtest.h>
 
@@ -67,7 +68,9 @@ protected:
     headless::HeadlessSurface* topPanel() const;
     bool open() const { return panel() && panel()->visible(); }
     // The parts of a surface that have a role for screen readers.
-    static std::vector<AccessibleItem> parts(headless::HeadlessSurface& of, AccessibleItem::Role role);
+    static std::vector<AccessibleItem> parts(headless::HeadlessSurface& of, AccessibleItem::Role role) {
+        return partsOf(of, role);
+    }
     Rgb system(SystemColour index) {
         return *platform.appearance().systemColour(static_cast<uint8_t>(index));
     }

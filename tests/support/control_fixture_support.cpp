@@ -92,10 +92,4 @@ headless::HeadlessSurface* ControlFixture::topPanel() const {
     return top;
 }
 
-std::vector<AccessibleItem> ControlFixture::parts(headless::HeadlessSurface& of, AccessibleItem::Role role) {
-    std::vector<AccessibleItem> found = of.surfaceClient().accessibleItems();
-    std::erase_if(found, [role](const AccessibleItem& item) { return item.role != role; });
-    return found;
-}
-
 }  // namespace obk::test

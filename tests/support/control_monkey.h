@@ -6,6 +6,7 @@
 #include "framework/member_call.h"
 #include "platform/headless/headless_platform.h"
 #include "platform/headless/headless_surface.h"
+#include "support/accessible_walk.h"
 
 #include <algorithm>
 #include <functional>
@@ -162,11 +163,23 @@ protected:
     bool rightToLeft() override { return readsRightToLeft_; }
 
     void hear(const std::string& name) {
+        askEverything();
         if (hears) return hears(name);
         if (depth_ >= deepest || below(6) != 0) return;
         ++depth_;
         act();
         --depth_;
+    }
+    // A screen reader that looks at all that shows whenever it hears of something; not each time, for that
+    // takes long.
+    void askEverything() {
+        if (++heard_ % 16 != 0) return;
+        platform_.listen(true);
+        platform_.takeHeard();
+        for (const NativeWindow id : platform_.windows()) {
+            const headless::HeadlessSurface* const surface = platform_.surface(id);
+            if (surface && surface->visible()) shownItems(*surface);
+        }
     }
     virtual Value argument(ValueType type) {
         switch (type) {
@@ -234,6 +247,7 @@ protected:
     }
 
     headless::HeadlessPlatform platform_;
+    uint32_t heard_ = 0;
     std::shared_ptr<Control> control_;
     const char* broken_ = nullptr;
 

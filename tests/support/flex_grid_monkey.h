@@ -5,6 +5,7 @@
 #include "flexgrid/flex_grid.h"
 #include "platform/headless/headless_platform.h"
 #include "platform/headless/headless_surface.h"
+#include "support/accessible_walk.h"
 #include "support/pixel_canvas.h"
 #include "support/quiet_surface_owner.h"
 #include "widgets/surface.h"
@@ -152,7 +153,7 @@ private:
                 paint(*screen_, dirty);
         }
         peer->paint();
-        peer->surfaceClient().accessibleItems();
+        shownItems(*peer);
         if (!grid_.Redraw()) return nullptr;
         PixelCanvas atOnce(dpi, {bounds.width(), bounds.height()});
         paint(atOnce, all);

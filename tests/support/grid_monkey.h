@@ -2,6 +2,7 @@
 #pragma once
 
 #include "grid/grid_edit.h"
+#include "support/accessible_walk.h"
 #include "support/control_monkey.h"
 
 #include <algorithm>
@@ -70,11 +71,11 @@ private:
             const PixelRect part = child->bounds().intersected(child->clip());
             if (child->visible() && !part.empty()) shown.push_back(part);
         }
-        for (const AccessibleItem& item : surface->surfaceClient().accessibleItems()) {
+        for (const AccessibleItem& item : shownItems(*surface)) {
             const bool list =
-                item.role == AccessibleItem::Role::button && (item.name == u"List" || item.name == u"Time");
+                item.role == AccessibleItem::Role::comboBox && (item.name == u"List" || item.name == u"Time");
             if (list && !item.bounds.empty()) shown.push_back(item.bounds);
-            if (item.role == AccessibleItem::Role::listItem) cells.push_back(item.bounds);
+            if (item.role == AccessibleItem::Role::cell && !item.bounds.empty()) cells.push_back(item.bounds);
         }
         if (shown.size() > 1) return "one editor is open at most";
         // Of a drawn one, as far as there are cells.

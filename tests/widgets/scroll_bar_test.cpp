@@ -2,6 +2,7 @@
 
 #include "platform/headless/headless_platform.h"
 #include "platform/headless/headless_surface.h"
+#include "support/accessible_walk.h"
 #include "support/quiet_surface_owner.h"
 #include "widgets/surface.h"
 
@@ -117,8 +118,9 @@ TEST_F(ScrollBarTest, WithoutAnythingToScrollThereIsNoThumb) {
     EXPECT_TRUE(platform.surface(surface.window())->invalid().empty()) << "nothing looks otherwise";
     mouse(Kind::down, {8, 60});
     EXPECT_EQ(bar.range().position, 0);
-    for (const AccessibleItem& item : platform.surface(surface.window())->surfaceClient().accessibleItems())
-        EXPECT_TRUE(item.role != AccessibleItem::Role::button || !item.enabled);
+    for (const AccessibleItem& item :
+         partsOf(*platform.surface(surface.window()), AccessibleItem::Role::button))
+        EXPECT_TRUE(item.is(AccessibleItem::disabled));
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include "platform/headless/headless_platform.h"
 #include "platform/headless/headless_surface.h"
+#include "support/accessible_walk.h"
 #include "support/quiet_surface_owner.h"
 #include "widgets/decoration.h"
 #include "widgets/text_box.h"
@@ -42,9 +43,8 @@ public:
         // As widgets may, carelessly beyond its edges.
         canvas.fillRect(bounds.inset(-5), colour_);
     }
-    void describe(std::vector<AccessibleItem>& items) const override {
-        items.push_back(
-            {AccessibleItem::Role::graphic, fromUtf8(name_), {}, pixelBounds(), enabled(), false});
+    AccessibleItem accessible(AccessiblePart) const override {
+        return itemOf(AccessibleItem::Role::graphic, fromUtf8(name_));
     }
     std::function<void(const MouseEvent&)> onMouse;
     bool usesWheel = false;
@@ -71,7 +71,10 @@ protected:
     void surfaceCaptureLost() override { journal.push_back("owner lost"); }
     void surfaceChanged() override { journal.push_back("changed"); }
     AccessibleItem describeSurface() const override {
-        return {AccessibleItem::Role::client, u"all", {}, {}, true, false};
+        AccessibleItem item;
+        item.role = AccessibleItem::Role::client;
+        item.name = u"all";
+        return item;
     }
 
     void mouse(Kind kind, PixelPoint at) { platform.mouse(surface.window(), {kind, 1, 0, at}); }
@@ -236,14 +239,14 @@ TEST_F(SurfaceTest, OnlyWhatIsVisibleIsPaintedAndEachInsideItsParent) {
 TEST_F(SurfaceTest, ScreenReadersHearOfTheVisiblePartsInTheirPlaces) {
     b.setEnabled(false);
     a->setVisible(false);
-    std::vector<AccessibleItem> items = peer().surfaceClient().accessibleItems();
+    std::vector<AccessibleItem> items = everyItem(peer());
     ASSERT_EQ(items.size(), 3u);
     EXPECT_EQ(items[0].name, u"all");
     EXPECT_EQ(items[1].name, u"b");
-    EXPECT_FALSE(items[1].enabled);
-    EXPECT_EQ(items[2].bounds, (PixelRect{10, 50, 70, 110}));
+    EXPECT_TRUE(items[1].is(AccessibleItem::disabled));
+    EXPECT_EQ(items[2].bounds, (PixelRect{10, 50, 20, 60})) << "what its frame lets show";
     frame.setVisible(false);
-    EXPECT_EQ(peer().surfaceClient().accessibleItems().size(), 2u);
+    EXPECT_EQ(everyItem(peer()).size(), 2u);
 }
 
 TEST_F(SurfaceTest, BetweenChildrenTheFocusIsNotLeft) {

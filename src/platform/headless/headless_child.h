@@ -48,7 +48,6 @@ public:
     }
     void setFont(const FontDescription&) override { work(); }
     void setColours(Rgb, Rgb) override { work(); }
-    void setAccessibleName(TextView) override { work(); }
     void focus() override {
         work();
         takeFocus();

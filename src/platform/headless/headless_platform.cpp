@@ -321,6 +321,17 @@ void HeadlessPlatform::paintInvalid() {
     }
 }
 
+std::vector<std::string> HeadlessPlatform::takeHeard() {
+    while (!toTellReaders_.empty()) {
+        for (const NativeWindow id : std::exchange(toTellReaders_, {})) {
+            HeadlessSurface* const telling = surface(id);
+            const auto alive = telling ? telling->surfaceClient().keepAlive() : nullptr;
+            if (alive) telling->surfaceClient().tellReaders();
+        }
+    }
+    return std::exchange(heard_, {});
+}
+
 HeadlessSurface* HeadlessPlatform::surface(NativeWindow window) const {
     return dynamic_cast<HeadlessSurface*>(find(window));
 }

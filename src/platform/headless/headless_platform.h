@@ -10,6 +10,7 @@
 #include <functional>
 #include <map>
 #include <optional>
+#include <string>
 #include <vector>
 
 namespace obk::headless {
@@ -76,6 +77,10 @@ public:
     void leaveApplication() { moveHost(); }
     // Time passes; timers tick in their order.
     void advance(std::chrono::milliseconds time);
+    // Whether screen readers listen, and what they have heard since the last look, once the work of the
+    // moment is done: "focus pageTab Home".
+    void listen(bool listens) { readersListen_ = listens; }
+    std::vector<std::string> takeHeard();
     // Paints what is invalid, as the window system does when nothing else is under way.
     void paintInvalid();
     // Lets a surface paint, at once; what it draws and what was invalid are in its record.
@@ -129,6 +134,9 @@ private:
     NativeWindow hovered_ = 0;
     std::vector<Monitor> monitors_{{{0, 0, 1280, 800}}};
     ScaleTold scaleTold_ = ScaleTold::moved;
+    bool readersListen_ = false;
+    std::vector<NativeWindow> toTellReaders_;
+    std::vector<std::string> heard_;
 };
 
 }  // namespace obk::headless

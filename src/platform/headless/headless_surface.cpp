@@ -3,6 +3,8 @@
 #include "platform/headless/headless_check_box.h"
 #include "platform/headless/headless_text_box.h"
 
+#include "widgets/accessible_tree.h"
+
 #include <algorithm>
 
 namespace obk::headless {
@@ -97,6 +99,16 @@ std::unique_ptr<TextBoxPeer> HeadlessSurface::createTextBox(TextBoxClient& clien
 
 std::unique_ptr<CheckBoxPeer> HeadlessSurface::createCheckBox(CheckBoxClient& client) {
     return std::make_unique<HeadlessCheckBox>(platform_, client, *this);
+}
+
+void HeadlessSurface::tellReaders(AccessibleEvent event, const AccessibleId& of) {
+    static constexpr const char* names[] = {"focus", "selection", "value",     "name",
+                                            "state", "expanded",  "structure", "invoked"};
+    const AccessibleItem item = surfaceClient_.accessibleTree()->item(of);
+    std::string line = names[static_cast<size_t>(event)] + (" " + toUtf8(item.name));
+    if (event == AccessibleEvent::value) line += ": " + toUtf8(item.value);
+    if (event == AccessibleEvent::expanded) line += item.is(AccessibleItem::expanded) ? " open" : " closed";
+    platform_.heard_.push_back(line);
 }
 
 RecordingCanvas HeadlessSurface::paint() {

@@ -42,6 +42,11 @@ public:
         return {point.x + bounds_.left, point.y + bounds_.top};
     }
     PixelRect workArea(const PixelRect& place) const override { return platform_.monitorOf(place).workArea; }
+    Text labelBefore() const override { return label_; }
+    void setLabel(Text label) { label_ = std::move(label); }
+    bool readersListen() const override { return platform_.readersListen_; }
+    void readersSoon() override { platform_.toTellReaders_.push_back(id()); }
+    void tellReaders(AccessibleEvent event, const AccessibleId& of) override;
     std::unique_ptr<TextBoxPeer> createTextBox(TextBoxClient& client, TextFlow flow) override;
     std::unique_ptr<CheckBoxPeer> createCheckBox(CheckBoxClient& client) override;
 
@@ -78,6 +83,7 @@ private:
     std::vector<Scrolled> scrolled_;
     std::vector<HeadlessWindow*> children_;
     Text toolTip_;
+    Text label_;
     ToolTipShown toolTipShown_ = ToolTipShown::whenMouseRests;
     Cursor cursor_ = Cursor::arrow;
     bool acceptsDrops_ = false;

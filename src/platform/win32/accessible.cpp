@@ -3,42 +3,74 @@
 #include "com/com_object.h"
 #include "platform/win32/surface_window.h"
 #include "platform/win32/text_conversion.h"
+#include "widgets/accessible_tree.h"
 
 #include <oleacc.h>
 
+#include <cstdlib>
 #include <new>
+#include <vector>
 
 namespace obk::win32 {
 
 namespace {
 
-LONG roleOf(AccessibleItem::Role role) {
-    switch (role) {
-        case AccessibleItem::Role::client:
-            return ROLE_SYSTEM_CLIENT;
-        case AccessibleItem::Role::button:
-            return ROLE_SYSTEM_PUSHBUTTON;
-        case AccessibleItem::Role::staticText:
-            return ROLE_SYSTEM_STATICTEXT;
-        case AccessibleItem::Role::separator:
-            return ROLE_SYSTEM_SEPARATOR;
-        case AccessibleItem::Role::listItem:
-            return ROLE_SYSTEM_LISTITEM;
-        case AccessibleItem::Role::graphic:
-            return ROLE_SYSTEM_GRAPHIC;
-        case AccessibleItem::Role::pageTabList:
-            return ROLE_SYSTEM_PAGETABLIST;
-        case AccessibleItem::Role::pageTab:
-            return ROLE_SYSTEM_PAGETAB;
-        case AccessibleItem::Role::columnHeader:
-            return ROLE_SYSTEM_COLUMNHEADER;
-    }
-    return ROLE_SYSTEM_CLIENT;
+using Kind = AccessibleAction::Kind;
+using Item = AccessibleItem;
+
+LONG roleOf(Item::Role role) {
+    // In the order of the roles.
+    static constexpr LONG roles[] = {
+        ROLE_SYSTEM_GROUPING,     ROLE_SYSTEM_CLIENT,      ROLE_SYSTEM_PUSHBUTTON,  ROLE_SYSTEM_SPLITBUTTON,
+        ROLE_SYSTEM_STATICTEXT,   ROLE_SYSTEM_TEXT,        ROLE_SYSTEM_CHECKBUTTON, ROLE_SYSTEM_SPINBUTTON,
+        ROLE_SYSTEM_COMBOBOX,     ROLE_SYSTEM_SEPARATOR,   ROLE_SYSTEM_GRAPHIC,     ROLE_SYSTEM_LIST,
+        ROLE_SYSTEM_LISTITEM,     ROLE_SYSTEM_PAGETABLIST, ROLE_SYSTEM_PAGETAB,     ROLE_SYSTEM_TABLE,
+        ROLE_SYSTEM_TABLE,        ROLE_SYSTEM_ROW,         ROLE_SYSTEM_CELL,        ROLE_SYSTEM_LIST,
+        ROLE_SYSTEM_COLUMNHEADER, ROLE_SYSTEM_SCROLLBAR};
+    static_assert(std::size(roles) == static_cast<size_t>(Item::Role::scrollBar) + 1);
+    return roles[static_cast<size_t>(role)];
 }
 
-void setLong(VARIANT& variant, LONG value) {
-    variant.vt = VT_I4;
-    variant.lVal = value;
+LONG statesOf(const Item& item, HWND window) {
+    static constexpr std::pair<Item::State, LONG> states[] = {
+        {Item::disabled, STATE_SYSTEM_UNAVAILABLE},
+        {Item::focusable, STATE_SYSTEM_FOCUSABLE},
+        {Item::focused, STATE_SYSTEM_FOCUSED},
+        {Item::selectable, STATE_SYSTEM_SELECTABLE},
+        {Item::selected, STATE_SYSTEM_SELECTED},
+        {Item::pressed, STATE_SYSTEM_PRESSED},
+        {Item::checked, STATE_SYSTEM_CHECKED},
+        {Item::readOnly, STATE_SYSTEM_READONLY},
+        {Item::offScreen, STATE_SYSTEM_OFFSCREEN | STATE_SYSTEM_INVISIBLE},
+        {Item::multiSelectable, STATE_SYSTEM_MULTISELECTABLE | STATE_SYSTEM_EXTSELECTABLE}};
+    LONG bits = 0;
+    for (const auto& [state, bit] : states) {
+        if (item.is(state)) bits |= bit;
+    }
+    if (item.is(Item::expandable))
+        bits |= (item.is(Item::expanded) ? STATE_SYSTEM_EXPANDED : STATE_SYSTEM_COLLAPSED) |
+                STATE_SYSTEM_HASPOPUP;
+    if (!IsWindowEnabled(window)) bits |= STATE_SYSTEM_UNAVAILABLE;
+    if (!IsWindowVisible(window)) bits |= STATE_SYSTEM_INVISIBLE;
+    return bits;
+}
+
+struct DefaultAction {
+    Kind kind;
+    TextView name;
+};
+// The first that an item offers.
+constexpr DefaultAction defaultActions[] = {{Kind::toggle, u"Check"},
+                                            {Kind::press, u"Press"},
+                                            {Kind::expand, u"Open"},
+                                            {Kind::collapse, u"Close"},
+                                            {Kind::select, u"Select"}};
+
+const DefaultAction* defaultAction(const Item& item) {
+    for (const DefaultAction& action : defaultActions) {
+        if (item.can(action.kind)) return &action;
+    }
+    return nullptr;
 }
 
 HRESULT answer(BSTR* result, TextView text) {
@@ -47,10 +79,50 @@ HRESULT answer(BSTR* result, TextView text) {
     return *result ? S_OK : E_OUTOFMEMORY;
 }
 
+HRESULT answer(VARIANT* result, LONG value) {
+    result->vt = VT_I4;
+    result->lVal = value;
+    return S_OK;
+}
+
+// Several things that are selected.
+class Selected final : public ComObject<IEnumVARIANT> {
+public:
+    explicit Selected(std::vector<ComPtr<IDispatch>> things, size_t at = 0)
+        : things_(std::move(things)), at_(at) {}
+    HRESULT STDMETHODCALLTYPE Next(ULONG count, VARIANT* items, ULONG* fetched) override {
+        ULONG done = 0;
+        for (; done < count && at_ < things_.size(); ++done) {
+            items[done].vt = VT_DISPATCH;
+            items[done].pdispVal = ComPtr<IDispatch>(things_[at_++]).detach();
+        }
+        if (fetched) *fetched = done;
+        return done == count ? S_OK : S_FALSE;
+    }
+    HRESULT STDMETHODCALLTYPE Skip(ULONG count) override {
+        const size_t left = things_.size() - at_;
+        at_ += count < left ? count : left;
+        return count <= left ? S_OK : S_FALSE;
+    }
+    HRESULT STDMETHODCALLTYPE Reset() override {
+        at_ = 0;
+        return S_OK;
+    }
+    HRESULT STDMETHODCALLTYPE Clone(IEnumVARIANT** copy) override {
+        if (!copy) return E_POINTER;
+        *copy = ComPtr<IEnumVARIANT>(new Selected(things_, at_)).detach();
+        return S_OK;
+    }
+
+private:
+    const std::vector<ComPtr<IDispatch>> things_;
+    size_t at_;
+};
+
 class Accessible final : public ComObject<IAccessible> {
 public:
-    Accessible(const std::shared_ptr<SurfaceWindow>& surface, std::shared_ptr<void> moduleLock)
-        : ComObject(std::move(moduleLock)), surface_(surface) {}
+    Accessible(const std::shared_ptr<SurfaceWindow>& surface, const AccessibleId& id)
+        : ComObject(surface->moduleLock()), surface_(surface), id_(id) {}
 
     HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override {
         if (!count) return E_POINTER;
@@ -67,106 +139,91 @@ public:
     }
 
     HRESULT STDMETHODCALLTYPE get_accParent(IDispatch** parent) override {
-        if (!parent) return E_POINTER;
-        *parent = nullptr;
-        return guarded([&](View& view) {
-            return AccessibleObjectFromWindow(view.window, static_cast<DWORD>(OBJID_WINDOW), IID_IDispatch,
-                                              reinterpret_cast<void**>(parent));
+        return guarded(parent, [&](const View& view) {
+            return id_ == view.tree.root() ? ofWindow(view.window, OBJID_WINDOW, parent)
+                                           : object(view, view.tree.parent(id_), parent);
         });
     }
     HRESULT STDMETHODCALLTYPE get_accChildCount(LONG* count) override {
-        if (!count) return E_POINTER;
-        *count = 0;
-        return guarded([&](View& view) {
-            *count = static_cast<LONG>(view.parts() + view.children.size());
+        return guarded(count, [&](const View& view) {
+            *count = view.tree.childCount(id_);
             return S_OK;
         });
     }
     HRESULT STDMETHODCALLTYPE get_accChild(VARIANT child, IDispatch** result) override {
-        if (!result) return E_POINTER;
-        *result = nullptr;
-        return guarded([&](View& view) {
-            if (child.vt != VT_I4) return E_INVALIDARG;
-            if (child.lVal == CHILDID_SELF) {
-                *result = this;
-                AddRef();
-                return S_OK;
-            }
-            if (const HWND window = view.childWindow(child)) {
-                return AccessibleObjectFromWindow(window, static_cast<DWORD>(OBJID_WINDOW), IID_IDispatch,
-                                                  reinterpret_cast<void**>(result));
-            }
-            return view.item(child) ? S_FALSE : E_INVALIDARG;  // a part has no object of its own
+        return onChild(child, result, [&](const View& view, const AccessibleId& id, const Item&) {
+            return object(view, id, result);
         });
     }
     HRESULT STDMETHODCALLTYPE get_accName(VARIANT child, BSTR* name) override {
-        return ofItem(child, name,
-                      [&](View&, const AccessibleItem& item) { return answer(name, item.name); });
+        return onChild(child, name, [&](const View&, const AccessibleId&, const Item& item) {
+            return answer(name, item.name);
+        });
     }
     HRESULT STDMETHODCALLTYPE get_accValue(VARIANT child, BSTR* value) override {
-        return ofItem(child, value,
-                      [&](View&, const AccessibleItem& item) { return answer(value, item.value); });
+        return onChild(child, value, [&](const View&, const AccessibleId&, const Item& item) {
+            return answer(value, item.value);
+        });
     }
-    HRESULT STDMETHODCALLTYPE get_accDescription(VARIANT, BSTR* text) override { return none(text); }
+    HRESULT STDMETHODCALLTYPE get_accDescription(VARIANT child, BSTR* text) override {
+        return onChild(child, text, [&](const View&, const AccessibleId&, const Item& item) {
+            return answer(text, item.help);
+        });
+    }
     HRESULT STDMETHODCALLTYPE get_accRole(VARIANT child, VARIANT* role) override {
-        return ofItem(child, role, [&](View&, const AccessibleItem& item) {
-            setLong(*role, roleOf(item.role));
-            return S_OK;
+        return onChild(child, role, [&](const View&, const AccessibleId&, const Item& item) {
+            return answer(role, roleOf(item.role));
         });
     }
     HRESULT STDMETHODCALLTYPE get_accState(VARIANT child, VARIANT* state) override {
-        return ofItem(child, state, [&](View& view, const AccessibleItem& item) {
-            LONG bits = 0;
-            if (!item.enabled || !IsWindowEnabled(view.window)) bits |= STATE_SYSTEM_UNAVAILABLE;
-            if (!IsWindowVisible(view.window)) bits |= STATE_SYSTEM_INVISIBLE;
-            const bool tab = item.role == AccessibleItem::Role::pageTab;
-            if (item.pressed) bits |= tab ? STATE_SYSTEM_SELECTED : STATE_SYSTEM_PRESSED;
-            if (tab || item.role == AccessibleItem::Role::listItem) bits |= STATE_SYSTEM_SELECTABLE;
-            if (tab && item.bounds.empty()) bits |= STATE_SYSTEM_INVISIBLE | STATE_SYSTEM_OFFSCREEN;
-            if (child.lVal == CHILDID_SELF && GetFocus() == view.window) bits |= STATE_SYSTEM_FOCUSED;
-            setLong(*state, bits);
+        return onChild(child, state, [&](const View& view, const AccessibleId&, const Item& item) {
+            return answer(state, statesOf(item, view.window));
+        });
+    }
+    HRESULT STDMETHODCALLTYPE get_accHelp(VARIANT, BSTR* text) override {
+        return guarded(text, [](const View&) { return S_FALSE; });
+    }
+    HRESULT STDMETHODCALLTYPE get_accHelpTopic(BSTR* file, VARIANT, LONG* topic) override {
+        if (topic) *topic = 0;
+        return guarded(file, [](const View&) { return S_FALSE; });
+    }
+    HRESULT STDMETHODCALLTYPE get_accKeyboardShortcut(VARIANT child, BSTR* keys) override {
+        return onChild(child, keys, [&](const View&, const AccessibleId&, const Item& item) {
+            return answer(keys, item.accessKey);
+        });
+    }
+    HRESULT STDMETHODCALLTYPE get_accFocus(VARIANT* child) override {
+        return guarded(child, [&](const View& view) { return inside(view, view.tree.focus(), child); });
+    }
+    HRESULT STDMETHODCALLTYPE get_accSelection(VARIANT* children) override {
+        return guarded(children, [&](const View& view) {
+            const std::vector<AccessibleId> selected = view.tree.selection(id_);
+            if (selected.empty()) return S_FALSE;
+            if (selected.size() == 1) return inside(view, selected[0], children);
+            std::vector<ComPtr<IDispatch>> things;
+            for (const AccessibleId& each : selected) things.emplace_back(new Accessible(view.surface, each));
+            children->punkVal = ComPtr<IUnknown>(new Selected(std::move(things))).detach();
+            children->vt = VT_UNKNOWN;
             return S_OK;
         });
     }
-    HRESULT STDMETHODCALLTYPE get_accHelp(VARIANT, BSTR* text) override { return none(text); }
-    HRESULT STDMETHODCALLTYPE get_accHelpTopic(BSTR* file, VARIANT, LONG* topic) override {
-        if (topic) *topic = 0;
-        return none(file);
-    }
-    HRESULT STDMETHODCALLTYPE get_accKeyboardShortcut(VARIANT, BSTR* text) override { return none(text); }
-    HRESULT STDMETHODCALLTYPE get_accFocus(VARIANT* child) override {
-        if (!child) return E_POINTER;
-        VariantInit(child);
-        return guarded([&](View& view) {
-            const HWND focus = GetFocus();
-            if (focus == view.window) {
-                setLong(*child, CHILDID_SELF);
-                return S_OK;
-            }
-            if (!focus || !IsChild(view.window, focus)) return S_FALSE;
-            child->vt = VT_DISPATCH;
-            const HRESULT result =
-                AccessibleObjectFromWindow(focus, static_cast<DWORD>(OBJID_CLIENT), IID_IDispatch,
-                                           reinterpret_cast<void**>(&child->pdispVal));
-            if (FAILED(result)) VariantInit(child);
-            return result;
-        });
-    }
-    HRESULT STDMETHODCALLTYPE get_accSelection(VARIANT* children) override {
-        if (!children) return E_POINTER;
-        VariantInit(children);
-        return S_FALSE;
-    }
     HRESULT STDMETHODCALLTYPE get_accDefaultAction(VARIANT child, BSTR* action) override {
-        return ofItem(child, action, [&](View&, const AccessibleItem& item) {
-            if (item.role == AccessibleItem::Role::pageTab) return answer(action, u"Switch");
-            return item.role == AccessibleItem::Role::button ? answer(action, u"Press") : S_FALSE;
+        return onChild(child, action, [&](const View&, const AccessibleId&, const Item& item) {
+            const DefaultAction* const does = defaultAction(item);
+            if (!does) return S_FALSE;
+            return answer(action, item.role == Item::Role::pageTab                       ? u"Switch"
+                                  : does->kind == Kind::toggle && item.is(Item::checked) ? u"Uncheck"
+                                                                                         : does->name);
         });
     }
     HRESULT STDMETHODCALLTYPE accSelect(LONG flags, VARIANT child) override {
-        return guarded([&](View& view) {
-            if (!view.item(child)) return E_INVALIDARG;
-            if (flags != SELFLAG_TAKEFOCUS || child.lVal != CHILDID_SELF) return DISP_E_MEMBERNOTFOUND;
+        int nothing = 0;
+        return onChild(child, &nothing, [&](const View& view, const AccessibleId& id, const Item&) {
+            const Kind kind = flags & SELFLAG_TAKEFOCUS                                  ? Kind::focus
+                              : flags & (SELFLAG_EXTENDSELECTION | SELFLAG_ADDSELECTION) ? Kind::extend
+                                                                                         : Kind::select;
+            if (view.tree.act(id, {kind, {}, 0})) return S_OK;
+            if (kind != Kind::focus || id != view.tree.root()) return DISP_E_MEMBERNOTFOUND;
             view.surface->takeFocus();
             return S_OK;
         });
@@ -174,19 +231,13 @@ public:
     HRESULT STDMETHODCALLTYPE accLocation(LONG* left, LONG* top, LONG* width, LONG* height,
                                           VARIANT child) override {
         if (!left || !top || !width || !height) return E_POINTER;
-        *left = *top = *width = *height = 0;
-        return guarded([&](View& view) {
-            RECT area{};
-            if (const HWND window = view.childWindow(child)) {
-                GetWindowRect(window, &area);
-            } else if (child.vt == VT_I4 && child.lVal == CHILDID_SELF) {
+        *top = *width = *height = 0;
+        return onChild(child, left, [&](const View& view, const AccessibleId& id, const Item& item) {
+            RECT area{item.bounds.left, item.bounds.top, item.bounds.right, item.bounds.bottom};
+            if (id == view.tree.root())
                 GetWindowRect(view.window, &area);
-            } else if (const AccessibleItem* item = view.item(child)) {
-                area = {item->bounds.left, item->bounds.top, item->bounds.right, item->bounds.bottom};
+            else if (!item.bounds.empty())
                 MapWindowPoints(view.window, nullptr, reinterpret_cast<POINT*>(&area), 2);
-            } else {
-                return E_INVALIDARG;
-            }
             *left = area.left;
             *top = area.top;
             *width = area.right - area.left;
@@ -194,125 +245,146 @@ public:
             return S_OK;
         });
     }
-    HRESULT STDMETHODCALLTYPE accNavigate(LONG, VARIANT, VARIANT* end) override {
-        if (!end) return E_POINTER;
-        VariantInit(end);
-        return DISP_E_MEMBERNOTFOUND;  // clients go by the children's numbers
+    HRESULT STDMETHODCALLTYPE accNavigate(LONG direction, VARIANT start, VARIANT* end) override {
+        return onChild(start, end, [&](const View& view, const AccessibleId& from, const Item& item) {
+            const AccessibleTree& tree = view.tree;
+            const AccessibleId around = tree.parent(from), table = tree.table(from);
+            const auto beside = [&](int32_t by) { return tree.child(around, tree.indexInParent(from) + by); };
+            const bool cell = table && item.row >= 0 && item.col >= 0;
+            const auto onwards = [&](int32_t rows, int32_t cols) {
+                return cell ? tree.cell(table, item.row + rows, item.col + cols) : beside(rows + cols);
+            };
+            const bool first = direction == NAVDIR_FIRSTCHILD;
+            const AccessibleId found = first ? tree.child(from, 0)
+                                       : direction == NAVDIR_LASTCHILD
+                                           ? tree.child(from, tree.childCount(from) - 1)
+                                       : direction == NAVDIR_NEXT     ? beside(1)
+                                       : direction == NAVDIR_PREVIOUS ? beside(-1)
+                                       : direction == NAVDIR_UP       ? onwards(-1, 0)
+                                       : direction == NAVDIR_DOWN     ? onwards(1, 0)
+                                       : direction == NAVDIR_LEFT     ? onwards(0, -1)
+                                       : direction == NAVDIR_RIGHT    ? onwards(0, 1)
+                                                                      : AccessibleId{};
+            return dispatch(view, found, end);
+        });
     }
     HRESULT STDMETHODCALLTYPE accHitTest(LONG left, LONG top, VARIANT* child) override {
-        if (!child) return E_POINTER;
-        VariantInit(child);
-        return guarded([&](View& view) {
+        return guarded(child, [&](const View& view) {
             POINT at{left, top};
             ScreenToClient(view.window, &at);
-            RECT client{};
-            GetClientRect(view.window, &client);
-            if (!PtInRect(&client, at)) return S_FALSE;
-            const HWND window = ChildWindowFromPointEx(view.window, at, CWP_SKIPINVISIBLE);
-            if (window && window != view.window) {
-                child->vt = VT_DISPATCH;
-                const HRESULT result =
-                    AccessibleObjectFromWindow(window, static_cast<DWORD>(OBJID_WINDOW), IID_IDispatch,
-                                               reinterpret_cast<void**>(&child->pdispVal));
-                if (FAILED(result)) VariantInit(child);
-                return result;
-            }
-            LONG found = CHILDID_SELF;
-            // Later parts lie above earlier ones.
-            for (size_t i = 1; i < view.items.size(); ++i) {
-                if (view.items[i].bounds.contains({at.x, at.y})) found = static_cast<LONG>(i);
-            }
-            setLong(*child, found);
-            return S_OK;
+            return inside(view, view.tree.at({at.x, at.y}), child);
         });
     }
     HRESULT STDMETHODCALLTYPE accDoDefaultAction(VARIANT child) override {
-        return guarded([&](View& view) {
-            const AccessibleItem* item = view.item(child);
-            if (!item) return E_INVALIDARG;
-            const bool acts =
-                item->role == AccessibleItem::Role::button || item->role == AccessibleItem::Role::pageTab;
-            if (!acts) return DISP_E_MEMBERNOTFOUND;
-            // A tab that is scrolled away has no place to press at.
-            if (!item->enabled || !IsWindowEnabled(view.window) || item->bounds.empty()) return S_FALSE;
-            const PixelRect& bounds = item->bounds;
-            view.surface->press({(bounds.left + bounds.right) / 2, (bounds.top + bounds.bottom) / 2});
-            return S_OK;
+        int nothing = 0;
+        return onChild(child, &nothing, [&](const View& view, const AccessibleId& id, const Item& item) {
+            if (item.is(Item::disabled) || !IsWindowEnabled(view.window)) return S_FALSE;
+            const DefaultAction* const action = defaultAction(item);
+            if (!action) return DISP_E_MEMBERNOTFOUND;
+            return view.tree.act(id, {action->kind, {}, 0}) ? S_OK : E_FAIL;
         });
     }
     HRESULT STDMETHODCALLTYPE put_accName(VARIANT, BSTR) override { return DISP_E_MEMBERNOTFOUND; }
-    HRESULT STDMETHODCALLTYPE put_accValue(VARIANT, BSTR) override { return DISP_E_MEMBERNOTFOUND; }
+    HRESULT STDMETHODCALLTYPE put_accValue(VARIANT child, BSTR value) override {
+        int nothing = 0;
+        return onChild(child, &nothing, [&](const View& view, const AccessibleId& id, const Item&) {
+            const Text text = fromWide({value ? value : L"", SysStringLen(value)});
+            return IsWindowEnabled(view.window) && view.tree.act(id, {Kind::write, text, 0})
+                       ? S_OK
+                       : DISP_E_MEMBERNOTFOUND;
+        });
+    }
 
 private:
     // The surface as it is at one call.
     struct View {
-        std::shared_ptr<SurfaceWindow> surface;
-        HWND window = nullptr;
-        std::vector<AccessibleItem> items;  // the surface itself first
-        std::vector<HWND> children;
-
-        size_t parts() const { return items.empty() ? 0 : items.size() - 1; }
-        const AccessibleItem* item(const VARIANT& child) const {
-            if (child.vt != VT_I4 || child.lVal < 0 || static_cast<size_t>(child.lVal) >= items.size())
-                return nullptr;
-            return &items[static_cast<size_t>(child.lVal)];
-        }
-        HWND childWindow(const VARIANT& child) const {
-            if (child.vt != VT_I4 || child.lVal < 1) return nullptr;
-            const size_t index = static_cast<size_t>(child.lVal) - 1;
-            if (index < parts() || index - parts() >= children.size()) return nullptr;
-            return children[index - parts()];
-        }
+        const std::shared_ptr<SurfaceWindow>& surface;
+        HWND window;
+        const AccessibleTree& tree;
     };
 
     void* otherInterface(REFIID id) override {
         return id == IID_IDispatch ? static_cast<IAccessible*>(this) : nullptr;
     }
 
-    template <typename Function>
-    HRESULT guarded(Function function) {
-        try {
-            View view;
-            view.surface = surface_.lock();
-            view.window = view.surface ? view.surface->hwnd() : nullptr;
-            if (!view.window) return CO_E_OBJNOTCONNECTED;
-            view.items = view.surface->accessibleItems();
-            for (HWND each = GetWindow(view.window, GW_CHILD); each; each = GetWindow(each, GW_HWNDNEXT))
-                view.children.push_back(each);
-            return function(view);
-        } catch (const std::bad_alloc&) {
-            return E_OUTOFMEMORY;
-        } catch (...) {
-            return E_FAIL;
-        }
-    }
-
-    static HRESULT none(BSTR* text) {
-        if (!text) return E_POINTER;
-        *text = nullptr;
-        return S_FALSE;
-    }
-    static void clear(BSTR* result) { *result = nullptr; }
-    static void clear(VARIANT* result) { VariantInit(result); }
-
     template <typename Result, typename Function>
-    HRESULT ofItem(const VARIANT& child, Result* result, Function function) {
+    HRESULT guarded(Result* result, const Function& function) {
         if (!result) return E_POINTER;
-        clear(result);
-        return guarded([&](View& view) {
-            const AccessibleItem* item = view.item(child);
-            return item ? function(view, *item) : E_INVALIDARG;
+        *result = {};
+        HRESULT outcome = CO_E_OBJNOTCONNECTED;
+        try {
+            const auto surface = surface_.lock();
+            if (surface) {
+                surface->withTree([&](const AccessibleTree& tree) {
+                    if (tree.has(id_)) outcome = function(View{surface, surface->hwnd(), tree});
+                });
+            }
+        } catch (const std::bad_alloc&) {
+            outcome = E_OUTOFMEMORY;
+        } catch (...) {
+            outcome = E_FAIL;
+        }
+        return outcome;
+    }
+
+    // On the object itself, its children from 1 and, of the whole surface, what an event has named below 0.
+    template <typename Result, typename Function>
+    HRESULT onChild(const VARIANT& child, Result* result, const Function& function) {
+        return guarded(result, [&](const View& view) {
+            if (child.vt != VT_I4) return E_INVALIDARG;
+            const AccessibleId id = child.lVal == CHILDID_SELF ? id_
+                                    : child.lVal > 0           ? view.tree.child(id_, child.lVal - 1)
+                                                               : view.surface->named(child.lVal);
+            return view.tree.has(id) ? function(view, id, view.tree.item(id)) : E_INVALIDARG;
         });
     }
 
-    std::weak_ptr<SurfaceWindow> surface_;
+    static HRESULT ofWindow(HWND window, LONG object, IDispatch** result) {
+        return AccessibleObjectFromWindow(window, static_cast<DWORD>(object), IID_IDispatch,
+                                          reinterpret_cast<void**>(result));
+    }
+
+    // What has a window of its own is described by the system.
+    HRESULT object(const View& view, const AccessibleId& id, IDispatch** result) {
+        if (!id) return S_FALSE;
+        const auto window = reinterpret_cast<HWND>(view.tree.item(id).window);
+        if (window) return ofWindow(window, OBJID_WINDOW, result);
+        *result = ComPtr<IDispatch>(id == id_ ? this : new Accessible(view.surface, id)).detach();
+        return S_OK;
+    }
+
+    HRESULT dispatch(const View& view, const AccessibleId& id, VARIANT* result) {
+        const HRESULT outcome = object(view, id, &result->pdispVal);
+        if (outcome == S_OK) result->vt = VT_DISPATCH;
+        return outcome;
+    }
+
+    // As its own, or as one of what is in it.
+    HRESULT inside(const View& view, const AccessibleId& id, VARIANT* result) {
+        if (id == id_) return answer(result, CHILDID_SELF);
+        AccessibleId around = id;
+        while (around && around != id_) around = view.tree.parent(around);
+        return around ? dispatch(view, id, result) : S_FALSE;
+    }
+
+    const std::weak_ptr<SurfaceWindow> surface_;
+    const AccessibleId id_;
 };
 
 }  // namespace
 
-ComPtr<IUnknown> createAccessible(const std::shared_ptr<SurfaceWindow>& surface,
-                                  std::shared_ptr<void> moduleLock) {
-    return new Accessible(surface, std::move(moduleLock));
+ComPtr<IUnknown> createAccessible(const std::shared_ptr<SurfaceWindow>& surface, const AccessibleId& of) {
+    return new Accessible(surface, of);
+}
+
+void notifyAccessible(SurfaceWindow& surface, AccessibleEvent event, const AccessibleId& of,
+                      const AccessibleItem& item) {
+    // In the order of the events; an opened or closed part is a state.
+    static constexpr DWORD events[] = {
+        EVENT_OBJECT_FOCUS,       EVENT_OBJECT_SELECTION,   EVENT_OBJECT_VALUECHANGE, EVENT_OBJECT_NAMECHANGE,
+        EVENT_OBJECT_STATECHANGE, EVENT_OBJECT_STATECHANGE, EVENT_OBJECT_REORDER,     EVENT_OBJECT_INVOKED};
+    if (item.window) return;  // the system tells of its own
+    NotifyWinEvent(events[static_cast<size_t>(event)], surface.hwnd(), OBJID_CLIENT, surface.nameFor(of));
 }
 
 }  // namespace obk::win32

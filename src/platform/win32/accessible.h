@@ -1,7 +1,10 @@
-// What screen readers are told of a surface and the parts drawn on it.
+// What the older interface for screen readers, IAccessible, tells of a surface and the things on it.
 #pragma once
 
 #include "com/com_ptr.h"
+#include "widgets/accessible_item.h"
+
+#include <windows.h>
 
 #include <memory>
 
@@ -9,10 +12,11 @@ namespace obk::win32 {
 
 class SurfaceWindow;
 
-// An IAccessible. Children 1, 2, … are the drawn parts in the order the client
-// lists them, then the surface's child windows. `moduleLock` is held as long as anyone holds the object,
-// which may be longer than the surface lives: it then answers that it is disconnected.
-ComPtr<IUnknown> createAccessible(const std::shared_ptr<SurfaceWindow>& surface,
-                                  std::shared_ptr<void> moduleLock);
+// An IAccessible of one thing. Its children 1, 2, … have objects of their own; so has whatever an event has
+// named by a number below 0. Held longer than the surface lives, it answers that it is disconnected.
+ComPtr<IUnknown> createAccessible(const std::shared_ptr<SurfaceWindow>& surface, const AccessibleId& of);
+// Tells whoever has hooked the system's events.
+void notifyAccessible(SurfaceWindow& surface, AccessibleEvent event, const AccessibleId& of,
+                      const AccessibleItem& item);
 
 }  // namespace obk::win32

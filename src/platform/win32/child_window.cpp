@@ -1,8 +1,13 @@
 #include "platform/win32/child_window.h"
 
+#include "com/com_ptr.h"
 #include "platform/win32/display.h"
 #include "platform/win32/handles.h"
 #include "platform/win32/surface_window.h"
+#include "platform/win32/text_conversion.h"
+
+#include <initguid.h>
+#include <oleacc.h>
 
 #include <algorithm>
 
@@ -75,8 +80,23 @@ void ChildWindow::focusIsInside(bool inside) {
     if (const auto surface = surface_.lock()) surface->focusIsInside(inside);
 }
 
+// Screen readers know the system's windows better than anything of ours could describe them: only the name is
+// added, when one looks.
+void ChildWindow::tellName() {
+    const Text name = accessibleName();
+    if (name.empty() || name == toldName_) return;
+    toldName_ = name;
+    ComPtr<IAccPropServices> services;
+    if (FAILED(CoCreateInstance(CLSID_AccPropServices, nullptr, CLSCTX_INPROC_SERVER, IID_IAccPropServices,
+                                services.putVoid())))
+        return;
+    services->SetHwndPropStr(hwnd(), static_cast<DWORD>(OBJID_CLIENT), CHILDID_SELF, PROPID_ACC_NAME,
+                             toWide(name).c_str());
+}
+
 LRESULT ChildWindow::handle(const Message& message) {
     Message received = message;
+    if (message.code == WM_GETOBJECT) tellName();
     if (message.code == WM_LBUTTONDOWN) {
         const auto surface = surface_.lock();
         if (surface && surface->endsDoubleClick()) received.code = WM_LBUTTONDBLCLK;

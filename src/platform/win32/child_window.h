@@ -37,9 +37,13 @@ protected:
     void showOrHide();
     // Of a window made anew, which shows whole.
     void forgetClip() { clipped_ = false; }
+    void forgetToldName() { toldName_.clear(); }
 
 private:
+    void tellName();
+
     std::weak_ptr<SurfaceWindow> surface_;
+    Text toldName_;  // to screen readers
     PixelRect bounds_;
     PixelRect clip_;
     bool visible_ = true;

@@ -67,6 +67,7 @@ protected:
 
     Environment& environment() const { return *environment_; }
     bool open() const { return client_ != nullptr && window_ != nullptr; }
+    Text accessibleName() const { return listening() ? client_->accessibleName() : Text(); }
     // Silences the reports for one scope.
     class Silence {
     public:

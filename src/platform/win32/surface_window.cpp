@@ -1,16 +1,21 @@
 #include "platform/win32/surface_window.h"
 
 #include "platform/win32/accessible.h"
+#include "platform/win32/automation.h"
 #include "platform/win32/child_window.h"
 #include "platform/win32/display.h"
 #include "platform/win32/drop_target.h"
 #include "platform/win32/gdi_canvas.h"
 #include "platform/win32/handles.h"
+#include "platform/win32/text_conversion.h"
+#include "widgets/accessible_tree.h"
 
 #include <windowsx.h>
 
 #include <oleacc.h>
 
+#include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <utility>
 
@@ -103,6 +108,8 @@ void SurfaceWindow::destroyed() {
     // Screen readers in other processes let go of what no longer shows.
     if (accessible_) CoDisconnectObject(accessible_.get(), 0);
     accessible_.reset();
+    if (provider_) disconnectProvider(provider_.get());
+    provider_.reset();
 }
 
 void SurfaceWindow::show() {
@@ -189,6 +196,7 @@ void SurfaceWindow::hostMoved() {
 }
 
 void SurfaceWindow::focusIsInside(bool inside) {
+    if (!inside && std::exchange(caret_, false)) DestroyCaret();
     const HWND top = inside && hwnd() ? GetAncestor(hwnd(), GA_ROOT) : nullptr;
     if (top)
         pressWatch_.begin(top, HostWatch::isPressed, [this](UINT message) { hostPressed(message); });
@@ -361,18 +369,72 @@ LRESULT SurfaceWindow::passWheelToHost(const Message& message) {
     return window ? DefWindowProcW(window, message.code, message.wParam, message.lParam) : 0;
 }
 
-std::vector<AccessibleItem> SurfaceWindow::accessibleItems() {
+void SurfaceWindow::withTree(const std::function<void(const AccessibleTree&)>& use) {
     const Hold hold(*this);
-    if (!listening() || !surfaceClient_) return {};
-    return surfaceClient_->accessibleItems();
+    const AccessibleTree* const tree =
+        hwnd() && listening() && surfaceClient_ ? surfaceClient_->accessibleTree() : nullptr;
+    if (tree) use(*tree);
 }
 
-void SurfaceWindow::press(PixelPoint at) {
-    const Hold hold(*this);
-    if (!listening() || !surfaceClient_) return;
-    surfaceClient_->mouse({MouseEvent::Kind::down, button::left, 0, at});
-    if (!listening() || !surfaceClient_) return;
-    surfaceClient_->mouse({MouseEvent::Kind::up, button::left, 0, at});
+LONG SurfaceWindow::nameFor(const AccessibleId& id) {
+    constexpr size_t most = 256;
+    LONG name = CHILDID_SELF;
+    withTree([&](const AccessibleTree& tree) {
+        if (id == tree.root()) return;
+        auto found = std::find(named_.begin(), named_.end(), id);
+        if (found == named_.end()) {
+            if (named_.size() < most) named_.resize(named_.size() + 1);
+            found = named_.begin() + static_cast<ptrdiff_t>(nextName_++ % most);
+            *found = id;
+        }
+        name = -1 - static_cast<LONG>(found - named_.begin());
+    });
+    return name;
+}
+
+AccessibleId SurfaceWindow::named(LONG name) const {
+    const auto at = static_cast<size_t>(-1 - int64_t{name});
+    return name < 0 && at < named_.size() ? named_[at] : AccessibleId{};
+}
+
+void SurfaceWindow::readersSoon() {
+    environment().service().soon([weak = weak_from_this()] {
+        const auto self = std::static_pointer_cast<SurfaceWindow>(weak.lock());
+        if (!self) return;
+        const Hold hold(*self);
+        if (self->listening() && self->surfaceClient_) self->surfaceClient_->tellReaders();
+    });
+}
+
+void SurfaceWindow::tellReaders(AccessibleEvent event, const AccessibleId& of) {
+    withTree([&](const AccessibleTree& tree) {
+        const auto self = std::static_pointer_cast<SurfaceWindow>(shared_from_this());
+        const AccessibleItem item = tree.item(of);
+        if (event == AccessibleEvent::focus && item.window == 0) placeCaret(item.bounds);
+        raiseAutomation(self, event, of, item);
+        notifyAccessible(*this, event, of, item);
+    });
+}
+
+// The system's caret, which is not shown, is where the drawn focus is: magnifiers follow it.
+void SurfaceWindow::placeCaret(const PixelRect& at) {
+    if (at.empty() || GetFocus() != hwnd()) return;
+    caret_ = CreateCaret(hwnd(), nullptr, 1, at.height()) != FALSE;
+    SetCaretPos(at.left, at.top);
+}
+
+// As the system finds one for a window of its own.
+Text SurfaceWindow::labelBefore() const {
+    const HWND before = hwnd() && kind_ == Kind::control ? GetWindow(hwnd(), GW_HWNDPREV) : nullptr;
+    std::array<wchar_t, 256> text{};
+    if (!before || !GetClassNameW(before, text.data(), static_cast<int>(text.size())) ||
+        _wcsicmp(text.data(), L"static"))
+        return {};
+    const int length = InternalGetWindowText(before, text.data(), static_cast<int>(text.size()));
+    Text label = fromWide({text.data(), static_cast<size_t>(std::max(length, 0))});
+    std::erase(label, u'&');
+    while (!label.empty() && (label.back() == u':' || label.back() == u' ')) label.pop_back();
+    return label;
 }
 
 void SurfaceWindow::appearanceChanged() {
@@ -429,11 +491,19 @@ void SurfaceWindow::paintOn(HDC dc, const PixelRect& dirty) {
 }
 
 LRESULT SurfaceWindow::accessible(const Message& message) {
-    if (static_cast<LONG>(message.lParam) != OBJID_CLIENT || !surfaceClient_) return defaultFor(message);
-    if (!accessible_) {
-        accessible_ = createAccessible(std::static_pointer_cast<SurfaceWindow>(shared_from_this()),
-                                       environment().lockModule());
+    const auto object = static_cast<LONG>(message.lParam);
+    AccessibleId all;
+    if (object == OBJID_CLIENT || object == automationRoot)
+        withTree([&](const AccessibleTree& tree) { all = tree.root(); });
+    if (!all) return defaultFor(message);
+    const auto self = std::static_pointer_cast<SurfaceWindow>(shared_from_this());
+    if (object == automationRoot) {
+        if (!provider_) provider_ = createProvider(self, all);
+        const LRESULT answer =
+            returnProvider(message.window, message.wParam, message.lParam, provider_.get());
+        return answer != 0 ? answer : defaultFor(message);
     }
+    if (!accessible_) accessible_ = createAccessible(self, all);
     return LresultFromObject(IID_IAccessible, message.wParam, accessible_.get());
 }
 

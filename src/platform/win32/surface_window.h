@@ -9,9 +9,16 @@
 #include "platform/win32/tool_tip.h"
 #include "widgets/surface_peer.h"
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
+
+struct IRawElementProviderSimple;
+
+namespace obk {
+class AccessibleTree;
+}
 
 namespace obk::win32 {
 
@@ -56,9 +63,15 @@ public:
     bool takesDrop(POINT onScreen);
     void drop(DropEvent& event, POINT onScreen);
 
-    std::vector<AccessibleItem> accessibleItems();
-    // Presses and releases the left button there, as a click would.
-    void press(PixelPoint at);
+    // For the interfaces of screen readers: with what is on the surface, while the client listens.
+    void withTree(const std::function<void(const AccessibleTree&)>& use);
+    // Numbers below 0 stand for the things that events were about last; 0 for the surface itself.
+    LONG nameFor(const AccessibleId& id);
+    AccessibleId named(LONG name) const;
+    void readersSoon();
+    void tellReaders(AccessibleEvent event, const AccessibleId& of);
+    Text labelBefore() const;
+    std::shared_ptr<void> moduleLock() { return environment().lockModule(); }
 
 private:
     using Kind = SurfacePlacement::Kind;
@@ -74,6 +87,7 @@ private:
     void paintOn(HDC dc, const PixelRect& dirty);
     LRESULT captureChanged(const Message& message);
     LRESULT accessible(const Message& message);
+    void placeCaret(const PixelRect& at);
     void checkDpi();
     void registerForDrops();
     void refuseDrops();
@@ -105,6 +119,10 @@ private:
     HostWatch pressWatch_;       // while the focus is inside
     FocusRefusal focusRefusal_;  // of a panel
     ComPtr<IUnknown> accessible_;
+    ComPtr<IRawElementProviderSimple> provider_;
+    std::vector<AccessibleId> named_;  // by events, each in its place until it is needed again
+    size_t nextName_ = 0;
+    bool caret_ = false;
 };
 
 HCURSOR systemCursor(Cursor cursor);

@@ -1,12 +1,9 @@
 #include "platform/win32/text_box_window.h"
 
-#include "com/com_ptr.h"
 #include "platform/win32/surface_window.h"
 #include "platform/win32/text_conversion.h"
 
 #include <imm.h>
-#include <initguid.h>
-#include <oleacc.h>
 
 #include <algorithm>
 #include <string>
@@ -105,24 +102,6 @@ HBRUSH TextBoxWindow::prepareColours(HDC dc) const {
     return static_cast<HBRUSH>(GetStockObject(DC_BRUSH));
 }
 
-void TextBoxWindow::setAccessibleName(TextView name) {
-    if (name == accessibleName_) return;
-    accessibleName_ = name;
-    applyAccessibleName();
-}
-
-void TextBoxWindow::applyAccessibleName() {
-    // Screen readers know edit windows better than anything of ours could describe them: only the name is
-    // added.
-    if (!hwnd()) return;
-    ComPtr<IAccPropServices> services;
-    if (FAILED(CoCreateInstance(CLSID_AccPropServices, nullptr, CLSCTX_INPROC_SERVER, IID_IAccPropServices,
-                                services.putVoid())))
-        return;
-    services->SetHwndPropStr(hwnd(), static_cast<DWORD>(OBJID_CLIENT), CHILDID_SELF, PROPID_ACC_NAME,
-                             toWide(accessibleName_).c_str());
-}
-
 Text TextBoxWindow::text() const {
     const auto length = static_cast<size_t>(send(WM_GETTEXTLENGTH));
     std::wstring buffer(length + 1, L'\0');
@@ -179,7 +158,7 @@ void TextBoxWindow::setFlow(TextFlow flow) {
     send(EM_LIMITTEXT, static_cast<WPARAM>(maxLength_));
     setSelection(selected);
     place();
-    if (!accessibleName_.empty()) applyAccessibleName();
+    forgetToldName();
 }
 
 void TextBoxWindow::setMaxLength(int32_t length) {

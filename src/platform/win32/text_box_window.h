@@ -17,7 +17,6 @@ public:
 
     void setFont(const FontDescription& font);
     void setColours(Rgb text, Rgb background);
-    void setAccessibleName(TextView name);
     void setText(TextView text);
     void setSelection(TextSelection selection);
     TextSelection selection() const;
@@ -38,7 +37,6 @@ private:
 
     HWND makeWindow(HWND parent) const;
     void applyFont();
-    void applyAccessibleName();
     void setMargins();
     LRESULT composition(const Message& message);
     Text text() const;
@@ -51,7 +49,6 @@ private:
     SharedGdiFont gdiFont_;
     Rgb textColour_{};
     Rgb background_ = Rgb::of(255, 255, 255);
-    Text accessibleName_;
 };
 
 }  // namespace obk::win32

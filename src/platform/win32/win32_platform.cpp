@@ -1,5 +1,6 @@
 #include "platform/win32/win32_platform.h"
 
+#include "platform/win32/automation.h"
 #include "platform/win32/check_box_window.h"
 #include "platform/win32/display.h"
 #include "platform/win32/dragged_text.h"
@@ -78,7 +79,6 @@ public:
 
     void setFont(const FontDescription& font) override { held()->setFont(font); }
     void setColours(Rgb text, Rgb background) override { window_->setColours(text, background); }
-    void setAccessibleName(TextView name) override { window_->setAccessibleName(name); }
     void setText(TextView text) override { held()->setText(text); }
     void setSelection(TextSelection selection) override { held()->setSelection(selection); }
     TextSelection selection() const override { return window_->selection(); }
@@ -94,7 +94,6 @@ public:
 
     void setFont(const FontDescription&) override {}  // there is no caption
     void setColours(Rgb, Rgb background) override { window_->setBackground(background); }
-    void setAccessibleName(TextView) override {}
     void setChecked(bool checked) override { window_->setChecked(checked); }
 };
 
@@ -131,6 +130,14 @@ public:
         return {at.x, at.y};
     }
     PixelRect workArea(const PixelRect& place) const override { return workAreaOf(place); }
+    Text labelBefore() const override { return window_->labelBefore(); }
+    bool readersListen() const override {
+        return IsWinEventHookInstalled(EVENT_OBJECT_FOCUS) || automationListens();
+    }
+    void readersSoon() override { window_->readersSoon(); }
+    void tellReaders(AccessibleEvent event, const AccessibleId& of) override {
+        held()->tellReaders(event, of);
+    }
     std::unique_ptr<TextBoxPeer> createTextBox(TextBoxClient& client, TextFlow flow) override {
         auto made = TextBoxWindow::create(environment_, window_, client, flow);
         if (!made) return nullptr;

@@ -1,0 +1,434 @@
+// What screen readers find in every control in every state, and what they hear when something changes.
+#include "grid/grid_edit.h"
+#include "library/library.h"
+#include "palette/colour_palette.h"
+#include "support/control_fixture.h"
+
+#include <algorithm>
+#include <cmath>
+#include <map>
+#include <set>
+
+namespace obk::test {
+namespace {
+
+using Item = AccessibleItem;
+using Role = Item::Role;
+using Kind = AccessibleAction::Kind;
+
+// What public checkers of Windows programs ask of a tree, for one control after the other.
+class Checker {
+public:
+    Checker(const AccessibleTree& tree, std::string where) : tree_(tree), where_(std::move(where)) {}
+
+    void check() {
+        eachThing(tree_, tree_.root(), [this](const AccessibleId& id) { look(id); });
+    }
+
+private:
+    static bool inside(const PixelRect& inner, const PixelRect& outer) {
+        return inner.intersected(outer) == inner;
+    }
+
+    void look(const AccessibleId& id) {
+        const Item item = tree_.item(id);
+        const AccessibleId around = tree_.parent(id);
+        const Item outer = tree_.item(around);
+        const testing::ScopedTrace trace(__FILE__, __LINE__,
+                                         where_ + ": " + toUtf8(item.name) + " in " + toUtf8(outer.name));
+        EXPECT_NE(item.role, Role::none);
+        EXPECT_EQ(item.bounds.empty(), item.is(Item::offScreen));
+        if (around) {
+            EXPECT_TRUE(item.bounds.empty() || outer.is(Item::offScreen) ||
+                        inside(item.bounds, outer.bounds));
+            EXPECT_EQ(tree_.child(around, tree_.indexInParent(id)), id);
+        }
+        name(item);
+        if (item.is(Item::disabled)) {
+            EXPECT_FALSE(item.is(Item::focusable) || item.is(Item::focused) || item.actions);
+        }
+        if (item.is(Item::focused)) {
+            EXPECT_TRUE(item.is(Item::focusable) || id == tree_.root());
+        }
+        EXPECT_NE(item.help, item.name);
+        EXPECT_LE(item.position, item.setSize);
+        patterns(id, item, outer);
+        siblings(id);
+        if (!item.bounds.empty() && tree_.childCount(id) == 0) hit(id, item);
+    }
+
+    static void name(const Item& item) {
+        EXPECT_FALSE(trimmed(item.name).empty());
+        EXPECT_LE(item.name.size(), 512u);
+        static const std::map<Role, TextView> roles = {
+            {Role::button, u"button"},    {Role::edit, u"edit"}, {Role::list, u"list"},
+            {Role::pageTab, u"tab item"}, {Role::cell, u"cell"}, {Role::header, u"header"}};
+        if (const auto role = roles.find(item.role); role != roles.end()) {
+            EXPECT_FALSE(equalIgnoringCase(item.name, role->second));
+        }
+        EXPECT_EQ(
+            std::count_if(item.name.begin(), item.name.end(),
+                          [](char16_t unit) { return unit < u' ' || (unit >= 0xE000 && unit <= 0xF8FF); }),
+            0);
+    }
+
+    void patterns(const AccessibleId& id, const Item& item, const Item& outer) const {
+        const bool enabled = !item.is(Item::disabled);
+        if (item.role == Role::button) {
+            EXPECT_EQ(item.can(Kind::press), enabled);
+            EXPECT_FALSE(item.can(Kind::toggle) || item.is(Item::expandable));
+        }
+        if (item.role == Role::comboBox || item.role == Role::splitButton) {
+            EXPECT_TRUE(item.is(Item::expandable));
+        }
+        if (item.role == Role::edit) {
+            EXPECT_TRUE(item.is(Item::valued));
+        }
+        if (item.role == Role::listItem || item.role == Role::pageTab) {
+            EXPECT_TRUE(item.is(Item::selectable));
+            EXPECT_EQ(item.can(Kind::select), enabled);
+        }
+        if (item.role == Role::cell || (item.role == Role::listItem && outer.rows > 0)) {
+            EXPECT_EQ(tree_.cell(tree_.table(id), item.row, item.col), id);
+            EXPECT_LT(item.row, tree_.item(tree_.table(id)).rows);
+            EXPECT_EQ(item.is(Item::readOnly), item.role == Role::cell && !item.can(Kind::write) &&
+                                                   !item.can(Kind::toggle) && enabled);
+        }
+        if (item.role == Role::header) {
+            EXPECT_EQ(tree_.childCount(id), outer.cols);
+        }
+        if (item.role == Role::pageTabList) {
+            EXPECT_LE(tree_.selection(id).size(), 1u);
+        }
+        if (item.role == Role::spinner) {
+            EXPECT_TRUE(item.range.has_value());
+            EXPECT_EQ(tree_.childCount(id), 3) << "an edit and two buttons";
+        }
+    }
+
+    // Those that can have the focus are told apart by what they are called; far away nothing is new.
+    void siblings(const AccessibleId& id) const {
+        std::set<Text> names;
+        for (int32_t index = 0, count = std::min(tree_.childCount(id), 300); index < count; ++index) {
+            const Item item = tree_.item(tree_.child(id, index));
+            if (item.is(Item::focusable)) {
+                EXPECT_TRUE(names.insert(item.name).second) << toUtf8(item.name);
+            }
+        }
+    }
+
+    // A magnifier finds it where it says that it is.
+    void hit(const AccessibleId& id, const Item& item) const {
+        const AccessibleId found = tree_.at(
+            {(item.bounds.left + item.bounds.right) / 2, (item.bounds.top + item.bounds.bottom) / 2});
+        // What lies over it, such as an open editor, may be found in its stead.
+        if (item.role != Role::cell && item.role != Role::staticText && item.role != Role::separator) {
+            EXPECT_EQ(found, id);
+        }
+    }
+
+    const AccessibleTree& tree_;
+    std::string where_;
+};
+
+class ScreenReader : public ControlFixture {
+protected:
+    void checkAll(const std::string& where) {
+        for (const NativeWindow id : platform.windows()) {
+            const headless::HeadlessSurface* const surface = platform.surface(id);
+            if (surface && surface->visible()) Checker(treeOf(*surface), where).check();
+        }
+    }
+    const AccessibleTree& tree() { return treeOf(*platform.surface(control->window())); }
+    AccessibleId find(const AccessibleTree& in, TextView name) {
+        AccessibleId found;
+        eachThing(in, in.root(), [&](const AccessibleId& id) {
+            if (!found && in.item(id).name == name) found = id;
+        });
+        EXPECT_TRUE(found) << toUtf8(name);
+        return found;
+    }
+    Journal heard() { return platform.takeHeard(); }
+    void inEveryState(const std::function<void(const std::string&)>& look);
+    void begin(const char16_t* name) {
+        place(*library().control(name));
+        activate({0, 0, 300, 120});
+        control->focus();
+    }
+    void fillGrid() {
+        begin(u"GridEdit");
+        call(u"ColsSet", {int32_t{4}});
+        call(u"RowsSet", {int32_t{12}});
+        for (const int32_t col : {0, 1, 2})
+            call(u"BarHeaderCaptionSet", {col, Text(col == 0 ? u"City" : u"Same")});
+        call(u"ColTypeSet", {int32_t{1}, int32_t{3}});
+        call(u"ColTypeSet", {int32_t{2}, int32_t{2}});
+        for (int32_t row = 0; row < 12; ++row)
+            call(u"CellTextSet", {row, int32_t{0}, u"London " + decimalText(row)});
+        platform.paintInvalid();
+    }
+};
+
+void ScreenReader::inEveryState(const std::function<void(const std::string&)>& look) {
+    struct State {
+        const char16_t* control;
+        std::vector<std::function<void()>> steps;
+    };
+    const auto set = [this](TextView name, const Value& value) { return [=, this] { put(name, value); }; };
+    const auto key = [this](int16_t code, int16_t shift = 0) {
+        return [=, this] { platform.pressKey(code, shift); };
+    };
+    const auto drop = [this] { call(u"ShowPopUp"); };
+    const State states[] = {
+        {u"UpDownTextBox",
+         {set(u"Text", Text(u"7")), set(u"BuddyAlignment", int32_t{1}), set(u"Enabled", false)}},
+        {u"DateCalendar",
+         {set(u"Text", Text(u"Tue 10 Nov 2026")), drop, key(key::left), key(key::tab), key(key::space),
+          key(key::escape), key(key::tab), key(key::pageUp), set(u"Enabled", false)}},
+        {u"ButtonPalette",
+         {set(u"Caption", Text(u"&Colour")), drop, key(key::home), key(key::end), key(key::escape),
+          set(u"Palette", int32_t{6}), drop, set(u"Palette", int32_t{0}), set(u"Enabled", false)}},
+        {u"ButtonArrow", {}},
+        {u"lns", {}},
+        {u"PageTab",
+         {set(u"ActiveTabs", Text(u"&Home,Help,Help,,A rather long name,Another one that is long")),
+          set(u"ActiveTab", int32_t{6}), set(u"ActiveTabs", Text())}},
+        {u"GridEdit",
+         {[this] { fillGrid(); },
+          [this] {
+              call(u"GridSetFocus", {int32_t{0}, int32_t{1}});
+          },
+          [this] {
+              call(u"GridSetFocus", {int32_t{1}, int32_t{2}});
+          },
+          [this] { call(u"BoxHide"); },
+          [this] {
+              call(u"ColTypeSet", {int32_t{0}, int32_t{1}});
+              call(u"GridSetFocus", {int32_t{0}, int32_t{1}});
+          },
+          [this] {
+              call(u"ColTypeSet", {int32_t{0}, int32_t{5}});
+              call(u"GridSetFocus", {int32_t{0}, int32_t{1}});
+          },
+          [this] { call(u"TopRowSet", {int32_t{6}}); }, set(u"BarHeader", false),
+          [this] { call(u"RowsSet", {int32_t{0}}); }}},
+    };
+    for (const bool mirrored : {false, true}) {
+        host.readsRightToLeft = mirrored;
+        for (const State& state : states) {
+            begin(state.control);
+            look(toUtf8(state.control));
+            int32_t step = 0;
+            for (const auto& prepare : state.steps) {
+                prepare();
+                look(toUtf8(state.control) + " after step " + std::to_string(++step));
+            }
+        }
+    }
+}
+
+TEST_F(ScreenReader, FindsEveryControlInEveryStateAsCheckersWantIt) {
+    inEveryState([this](const std::string& where) { checkAll(where); });
+}
+
+// As the rules for readable texts count it: 1 for equal colours, 21 for black on white.
+double contrast(Rgb one, Rgb other) {
+    const auto luminance = [](Rgb colour) {
+        const auto linear = [](uint8_t channel) {
+            const double share = channel / 255.0;
+            return share <= 0.04045 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
+        };
+        return 0.2126 * linear(colour.red()) + 0.7152 * linear(colour.green()) +
+               0.0722 * linear(colour.blue());
+    };
+    const double first = luminance(one), second = luminance(other);
+    const double dark = std::min(first, second), light = std::max(first, second);
+    return (light + 0.05) / (dark + 0.05);
+}
+
+TEST_F(ScreenReader, NeedsNobodyWhoseEyesAreWeakForTheTexts) {
+    platform.registry().setString(u"SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion", u"CurrentVersion",
+                                  "6.3");
+    inEveryState([this](const std::string& where) {
+        if (control->table().member(u"Enabled") && get(u"Enabled") == Value(false)) return;
+        for (const NativeWindow id : platform.windows()) {
+            headless::HeadlessSurface* const surface = platform.surface(id);
+            if (!surface || !surface->visible()) continue;
+            surface->invalidate({0, 0, 10000, 10000});
+            const headless::RecordingCanvas drawn = surface->paint();
+            const auto& items = drawn.items();
+            for (size_t at = 0; at < items.size(); ++at) {
+                const headless::DrawnItem& text = items[at];
+                if (text.kind != headless::DrawnItem::Kind::text || text.rect.empty()) continue;
+                const PixelPoint middle{(text.rect.left + text.rect.right) / 2,
+                                        (text.rect.top + text.rect.bottom) / 2};
+                Rgb ground;
+                for (size_t below = 0; below < at; ++below) {
+                    const bool fills = items[below].kind == headless::DrawnItem::Kind::fill;
+                    if (fills && items[below].rect.contains(middle)) ground = items[below].colour;
+                }
+                // What is chosen has the colours that the system pairs.
+                if (ground == system(SystemColour::highlight) &&
+                    text.colour == system(SystemColour::highlightText))
+                    continue;
+                EXPECT_GE(contrast(text.colour, ground), 4.5) << where << ": " << toUtf8(text.text);
+            }
+        }
+    });
+}
+
+TEST_F(ScreenReader, AsksAMillionRowsForOneCellAtATime) {
+    begin(u"GridEdit");
+    call(u"RowsSet", {int32_t{1'000'000}});
+    call(u"CellTextSet", {int32_t{987'654}, int32_t{1}, Text(u"here")});
+    const AccessibleId cell = tree().cell(tree().root(), 987'654, 1);
+    EXPECT_EQ(tree().item(cell).value, u"here");
+    EXPECT_TRUE(tree().item(cell).is(Item::offScreen));
+    EXPECT_EQ(tree().indexInParent(tree().parent(cell)), 987'654);
+    // Asked as often as there are rows, it would be noticed if each cost more than a few steps.
+    for (int32_t row = 0; row < 20'000; ++row) ASSERT_TRUE(tree().child(tree().root(), row * 50));
+    EXPECT_TRUE(tree().act(cell, {Kind::show, {}, 0}));
+    EXPECT_FALSE(tree().item(cell).is(Item::offScreen));
+    call(u"RowsSet", {int32_t{5}});
+    EXPECT_FALSE(tree().has(cell));
+    EXPECT_EQ(tree().item(cell).role, Role::none);
+}
+
+TEST_F(ScreenReader, DoesWithEachControlWhatAPersonDoes) {
+    begin(u"UpDownTextBox");
+    put(u"Interval", 2.0);
+    platform.surface(control->window())->setLabel(u"Amount");
+    EXPECT_EQ(tree().item(tree().root()).name, u"Amount");
+    host.take();
+    EXPECT_TRUE(tree().act(find(tree(), u"More"), {}));
+    EXPECT_EQ(host.takeEvents(), (Journal{"DownClick", "Change"}));
+    EXPECT_TRUE(tree().act(tree().root(), {Kind::set, {}, 99}));
+    EXPECT_EQ(text(u"Text"), "10") << "the greatest";
+
+    begin(u"PageTab");
+    put(u"ActiveTabs", Text(u"Home,&Help"));
+    put(u"ActiveTab", int32_t{1});
+    host.take();
+    EXPECT_EQ(tree().item(find(tree(), u"Help")).accessKey, u"Alt+H");
+    EXPECT_TRUE(tree().act(find(tree(), u"Help"), {Kind::select, {}, 0}));
+    EXPECT_EQ(host.takeEvents(), (Journal{"Click &Help", "Show"}));
+
+    begin(u"ButtonPalette");
+    EXPECT_TRUE(tree().act(tree().root(), {Kind::expand, {}, 0}));
+    ASSERT_TRUE(open());
+    EXPECT_TRUE(treeOf(*panel()).act(find(treeOf(*panel()), u"PASTEL COPPER"), {Kind::select, {}, 0}));
+    EXPECT_FALSE(open());
+    EXPECT_EQ(text(u"Text"), "PASTEL COPPER");
+
+    begin(u"DateCalendar");
+    put(u"Text", Text(u"Tue 10 Nov 2026"));
+    EXPECT_TRUE(tree().act(find(tree(), u"Open the calendar"), {}));
+    ASSERT_TRUE(open());
+    EXPECT_TRUE(treeOf(*panel()).act(find(treeOf(*panel()), u"Next month"), {}));
+    EXPECT_TRUE(treeOf(*panel()).act(find(treeOf(*panel()), u"3 December, 2026"), {}));
+    EXPECT_FALSE(open());
+    EXPECT_EQ(text(u"Text").substr(0, 14), "Thu 3 Dec 2026");
+
+    fillGrid();
+    host.take();
+    const AccessibleId check = tree().cell(tree().root(), 2, 1);
+    EXPECT_EQ(tree().item(check).name, u"Same, column 2, row 3");
+    EXPECT_FALSE(tree().item(check).is(Item::checked));
+    EXPECT_TRUE(tree().act(check, {Kind::toggle, {}, 0}));
+    EXPECT_TRUE(tree().item(check).is(Item::checked));
+    EXPECT_TRUE(tree().act(tree().cell(tree().root(), 4, 0), {Kind::write, u"Paris", 0}));
+    EXPECT_EQ(toUtf8(toText(call(u"CellTextRead", {int32_t{4}, int32_t{0}})).value_or(u"")), "Paris");
+    EXPECT_FALSE(tree().act(tree().cell(tree().root(), 4, 2), {Kind::write, u"x", 0})) << "read only";
+    host.take();
+    EXPECT_TRUE(tree().act(tree().columnHeader(tree().root(), 0), {}));
+    EXPECT_EQ(host.takeEvents(), (Journal{"ChangeEdited", "SortClick"}));
+    call(u"GridColSort", {int32_t{0}});
+    EXPECT_FALSE(tree().item(tree().columnHeader(tree().root(), 0)).help.empty());
+    put(u"BarHeader", false);
+    EXPECT_FALSE(tree().columnHeader(tree().root(), 0));
+}
+
+TEST_F(ScreenReader, HearsEachChangeOnceAndInOrder) {
+    platform.listen(true);
+    begin(u"UpDownTextBox");
+    put(u"Interval", 1.0);
+    heard();
+    platform.pressKey(key::up);
+    EXPECT_EQ(heard(), Journal{"value UpDownTextBox: 2"});
+    put(u"Enabled", false);
+    EXPECT_EQ(heard(), Journal{"state UpDownTextBox"});
+
+    begin(u"PageTab");
+    put(u"ActiveTabs", Text(u"Home,Help,Video"));
+    EXPECT_EQ(heard(), (Journal{"focus PageTab", "structure PageTab"}));
+    put(u"ActiveTab", int32_t{1});
+    heard();
+    platform.pressKey(key::right);
+    EXPECT_EQ(heard(), (Journal{"selection Help", "focus Help"}));
+    put(u"ActiveTab", int32_t{2});
+    EXPECT_EQ(heard(), Journal()) << "it is there already";
+
+    begin(u"ButtonPalette");
+    heard();
+    call(u"ShowPopUp");
+    EXPECT_EQ(heard(), (Journal{"expanded Button open", "focus EARTH RED"}));
+    platform.pressKey(key::home);
+    const Text first = ColourPalette(enQUILLPalette::QP24X8).baseCells()[0].Name();
+    EXPECT_EQ(heard(), Journal{"focus " + toUtf8(first)});
+    platform.pressKey(key::enter);
+    EXPECT_EQ(heard(), (Journal{"expanded Button closed", "focus Button", "value Button: " + toUtf8(first)}));
+
+    begin(u"DateCalendar");
+    put(u"Text", Text(u"Tue 10 Nov 2026"));
+    heard();
+    call(u"ShowPopUp");
+    EXPECT_EQ(heard(), (Journal{"expanded DateCalendar open", "focus 10 November, 2026"}));
+    platform.pressKey(key::left);
+    EXPECT_EQ(heard(), (Journal{"selection 9 November, 2026", "focus 9 November, 2026"}));
+    platform.pressKey(key::tab);
+    EXPECT_EQ(heard(), Journal{"focus Month"});
+    platform.pressKey(key::escape);
+    EXPECT_EQ(heard(), (Journal{"expanded DateCalendar closed", "focus DateCalendar"}));
+    platform.listen(false);
+    call(u"ShowPopUp");
+    EXPECT_EQ(heard(), Journal()) << "nobody listens";
+}
+
+TEST_F(ScreenReader, HearsOfTheCellsThatAPersonSees) {
+    platform.listen(true);
+    fillGrid();
+    call(u"GridFocusShow");
+    call(u"GridSetFocus", {int32_t{2}, int32_t{0}});  // a column without an editor
+    heard();
+    platform.pressKey(key::down);
+    EXPECT_EQ(heard(), (Journal{"selection Same, column 3, row 2", "focus Same, column 3, row 2"}));
+    call(u"CellTextSet", {int32_t{1}, int32_t{2}, Text(u"new")});
+    EXPECT_EQ(heard(), Journal{"value Same, column 3, row 2: new"});
+    call(u"CellTextSet", {int32_t{11}, int32_t{2}, Text(u"far below")});
+    EXPECT_EQ(heard(), (Journal{"selection Same, column 3, row 12", "focus Same, column 3, row 12"}))
+        << "the current cell went there, and the text does not show";
+    for (int32_t row = 0; row < 100; ++row) call(u"RowAdd", {Text(u"more"), int32_t{3}});
+    EXPECT_EQ(heard(), (Journal{"selection Same, column 3, row 4", "focus Same, column 3, row 4",
+                                "structure GridEdit"}));
+    call(u"GridRedraw", {false});
+    for (int32_t row = 0; row < 5; ++row) {
+        call(u"CellTextSet", {row, int32_t{2}, Text(u"quiet")});
+        call(u"RowDel", {int32_t{4}});
+        call(u"RowSetFocus", {row});
+    }
+    EXPECT_EQ(heard(), Journal()) << "nothing is painted";
+    call(u"GridRedraw", {true});
+    EXPECT_EQ(heard(), (Journal{"structure GridEdit", "focus Same, column 3, row 5"}));
+    for (int32_t col = 0; col < 3; ++col) {
+        for (int32_t row = 0; row < 4; ++row) call(u"CellTextSet", {row, col, Text(u"much")});
+    }
+    const Journal much = heard();
+    EXPECT_EQ(std::count_if(much.begin(), much.end(),
+                            [](const std::string& line) { return line.starts_with("value"); }),
+              12);
+    call(u"BarHeaderCaptionSet", {int32_t{2}, Text(u"Country")});
+    EXPECT_EQ(heard(), Journal{"name Country"});
+}
+
+}  // namespace
+}  // namespace obk::test

@@ -1,0 +1,54 @@
+// What a screen reader finds on a surface.
+#pragma once
+
+#include "platform/headless/headless_surface.h"
+#include "widgets/accessible_tree.h"
+
+#include <vector>
+
+namespace obk::test {
+
+inline const AccessibleTree& treeOf(const headless::HeadlessSurface& surface) {
+    return *surface.surfaceClient().accessibleTree();
+}
+
+// Calls use(id) with a thing and all that is in it, each before what is in it.
+template <typename Use>
+void eachThing(const AccessibleTree& tree, const AccessibleId& from, const Use& use) {
+    use(from);
+    for (int32_t index = 0, count = tree.childCount(from); index < count; ++index)
+        eachThing(tree, tree.child(from, index), use);
+}
+
+inline std::vector<AccessibleItem> everyItem(const headless::HeadlessSurface& surface) {
+    std::vector<AccessibleItem> items;
+    const AccessibleTree& tree = treeOf(surface);
+    eachThing(tree, tree.root(), [&](const AccessibleId& id) { items.push_back(tree.item(id)); });
+    return items;
+}
+
+// Those of which something shows, and those beside them.
+inline std::vector<AccessibleItem> shownItems(const headless::HeadlessSurface& surface) {
+    std::vector<AccessibleItem> items;
+    const AccessibleTree& tree = treeOf(surface);
+    std::vector<AccessibleId> left{tree.root()};
+    while (!left.empty()) {
+        const AccessibleId id = left.back();
+        left.pop_back();
+        items.push_back(tree.item(id));
+        if (items.back().is(AccessibleItem::offScreen)) continue;
+        for (int32_t index = 0, count = tree.childCount(id); index < count; ++index)
+            left.push_back(tree.child(id, index));
+    }
+    return items;
+}
+
+// Those that have a role.
+inline std::vector<AccessibleItem> partsOf(const headless::HeadlessSurface& surface,
+                                           AccessibleItem::Role role) {
+    std::vector<AccessibleItem> found = everyItem(surface);
+    std::erase_if(found, [role](const AccessibleItem& item) { return item.role != role; });
+    return found;
+}
+
+}  // namespace obk::test

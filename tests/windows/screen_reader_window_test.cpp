@@ -1,0 +1,359 @@
+// What screen readers get of controls in real windows: by the older interface and its events, and by the
+// providers of UI Automation.
+#include "framework/control.h"
+#include "framework/control_table.h"
+#include "framework/member_call.h"
+#include "library/library.h"
+#include "person_support.h"
+#include "platform/win32/automation.h"
+#include "platform/win32/automation_patterns.h"
+#include "platform/win32/surface_window.h"
+#include "platform/win32/text_conversion.h"
+#include "resource_count.h"
+#include "server_support.h"
+#include "widgets/accessible_tree.h"
+#include "window_driver_support.h"
+
+#include <gtest/gtest.h>
+
+#include <oleacc.h>
+#include <uiautomationclient.h>
+
+namespace obk {
+namespace {
+
+using namespace testing_support;
+
+VARIANT childNumber(LONG number) {
+    VARIANT child{};
+    child.vt = VT_I4;
+    child.lVal = number;
+    return child;
+}
+
+std::wstring taken(BSTR text) {
+    std::wstring result(text ? text : L"", SysStringLen(text));
+    SysFreeString(text);
+    return result;
+}
+
+ComPtr<IAccessible> accessibleOf(HWND window) {
+    ComPtr<IAccessible> found;
+    AccessibleObjectFromWindow(window, static_cast<DWORD>(OBJID_CLIENT), IID_IAccessible,
+                               reinterpret_cast<void**>(found.put()));
+    return found;
+}
+
+ComPtr<IAccessible> childOf(const ComPtr<IAccessible>& parent, LONG number) {
+    ComPtr<IDispatch> dispatch;
+    ComPtr<IAccessible> child;
+    if (parent->get_accChild(childNumber(number), dispatch.put()) == S_OK)
+        dispatch->QueryInterface(IID_IAccessible, reinterpret_cast<void**>(child.put()));
+    return child;
+}
+
+std::wstring nameOf(const ComPtr<IAccessible>& of, LONG child = CHILDID_SELF) {
+    BSTR name = nullptr;
+    of->get_accName(childNumber(child), &name);
+    return taken(name);
+}
+
+LONG roleOf(const ComPtr<IAccessible>& of, LONG child = CHILDID_SELF) {
+    VARIANT role{};
+    return of->get_accRole(childNumber(child), &role) == S_OK ? role.lVal : -1;
+}
+
+LONG stateOf(const ComPtr<IAccessible>& of, LONG child = CHILDID_SELF) {
+    VARIANT state{};
+    return of->get_accState(childNumber(child), &state) == S_OK ? state.lVal : -1;
+}
+
+// Hears what the system tells of the windows of this process.
+class EventHook {
+public:
+    EventHook()
+        : hook_(SetWinEventHook(EVENT_OBJECT_REORDER, EVENT_OBJECT_INVOKED, nullptr, hear,
+                                GetCurrentProcessId(), 0, WINEVENT_OUTOFCONTEXT)) {}
+    EventHook(const EventHook&) = delete;
+    EventHook& operator=(const EventHook&) = delete;
+    ~EventHook() { UnhookWinEvent(hook_); }
+
+    // Of the things in one window: "focus Video".
+    static std::wstring take(HWND window) {
+        std::wstring all;
+        for (const Heard& each : std::exchange(heard, {})) {
+            if (each.window != window || each.object != OBJID_CLIENT) continue;
+            ComPtr<IAccessible> of;
+            VARIANT child{};
+            AccessibleObjectFromEvent(window, static_cast<DWORD>(each.object), static_cast<DWORD>(each.child),
+                                      of.put(), &child);
+            const wchar_t* const name = each.event == EVENT_OBJECT_FOCUS         ? L"focus "
+                                        : each.event == EVENT_OBJECT_SELECTION   ? L"selection "
+                                        : each.event == EVENT_OBJECT_VALUECHANGE ? L"value "
+                                        : each.event == EVENT_OBJECT_STATECHANGE ? L"state "
+                                        : each.event == EVENT_OBJECT_REORDER     ? L"structure "
+                                        : each.event == EVENT_OBJECT_INVOKED     ? L"invoked "
+                                                                                 : L"";
+            BSTR text = nullptr;
+            if (*name && of) of->get_accName(child, &text);
+            if (*name) all += (all.empty() ? L"" : L"; ") + (name + taken(text));
+        }
+        return all;
+    }
+
+private:
+    struct Heard {
+        DWORD event;
+        HWND window;
+        LONG object, child;
+    };
+    static void CALLBACK hear(HWINEVENTHOOK, DWORD event, HWND window, LONG object, LONG child, DWORD,
+                              DWORD) {
+        heard.push_back({event, window, object, child});
+    }
+    static inline std::vector<Heard> heard;
+    HWINEVENTHOOK hook_;
+};
+
+class ReadTabs : public PersonAtControl {
+protected:
+    ReadTabs() : PersonAtControl(L"PageTab", {10, 10, 330, 36}) {
+        object().put(L"ActiveTabs", L"Home,&Help,Video");
+        object().put(L"ActiveTab", 1L);
+        hosted.loop.pumpPending();
+        takeEvents();
+    }
+};
+
+TEST_F(ReadTabs, AreFoundUsedAndHeard) {
+    const ComPtr<IAccessible> strip = accessibleOf(face());
+    ASSERT_TRUE(strip);
+    LONG count = 0;
+    EXPECT_EQ(strip->get_accChildCount(&count), S_OK);
+    EXPECT_EQ(count, 3);
+    EXPECT_EQ(roleOf(strip), ROLE_SYSTEM_PAGETABLIST);
+    EXPECT_EQ(nameOf(strip, 2), L"Help");
+    EXPECT_EQ(roleOf(strip, 2), ROLE_SYSTEM_PAGETAB);
+    EXPECT_TRUE(stateOf(strip, 1) & STATE_SYSTEM_SELECTED);
+    EXPECT_EQ(stateOf(strip, 4), -1);
+    const ComPtr<IAccessible> video = childOf(strip, 3);
+    ASSERT_TRUE(video);
+    EXPECT_EQ(nameOf(video), L"Video");
+    LONG left = 0, top = 0, width = 0, height = 0;
+    EXPECT_EQ(video->accLocation(&left, &top, &width, &height, childNumber(0)), S_OK);
+    VARIANT hit{};
+    EXPECT_EQ(strip->accHitTest(left + width / 2, top + height / 2, &hit), S_OK);
+    ASSERT_EQ(hit.vt, VT_DISPATCH);
+    hit.pdispVal->Release();
+    BSTR keys = nullptr;
+    strip->get_accKeyboardShortcut(childNumber(2), &keys);
+    EXPECT_EQ(taken(keys), L"Alt+H");
+    VARIANT next{};
+    EXPECT_EQ(strip->accNavigate(NAVDIR_NEXT, childNumber(1), &next), S_OK);
+    ASSERT_EQ(next.vt, VT_DISPATCH);
+    next.pdispVal->Release();
+    EXPECT_EQ(video->accDoDefaultAction(childNumber(0)), S_OK);
+    EXPECT_EQ(takeEvents(), L"Click Show");
+    EXPECT_TRUE(stateOf(video) & STATE_SYSTEM_SELECTED);
+
+    const EventHook hook;
+    person.click(face(), 3, 3);
+    ASSERT_TRUE(person.waitFor([&] { return GetFocus() == face(); }));
+    hosted.loop.pumpPending();
+    EventHook::take(face());
+    person.key(VK_RIGHT);
+    std::wstring told;
+    person.waitFor([&] { return !(told += EventHook::take(face())).empty(); });
+    EXPECT_EQ(told, L"selection Help; focus Help");
+    EXPECT_TRUE(stateOf(strip, 2) & STATE_SYSTEM_FOCUSED);
+    GUITHREADINFO gui{};
+    gui.cbSize = sizeof gui;
+    ASSERT_TRUE(GetGUIThreadInfo(GetCurrentThreadId(), &gui));
+    EXPECT_EQ(gui.hwndCaret, face()) << "for magnifiers";
+    strip->accLocation(&left, &top, &width, &height, childNumber(2));
+    POINT at{left, top};
+    ScreenToClient(face(), &at);
+    EXPECT_EQ(gui.rcCaret.left, at.x);
+    EXPECT_EQ(strip->get_accFocus(&hit), S_OK);
+    ASSERT_EQ(hit.vt, VT_DISPATCH);
+    hit.pdispVal->Release();
+}
+
+// Every control made here, so that what lies behind its window can be looked at.
+class Automation : public testing::Test {
+protected:
+    void place(const char16_t* name) {
+        control = library().control(name)->create(driver.platform());
+        control->initNew();
+        ASSERT_TRUE(control->activate(driver.host(), {0, 0, 300, 150}));
+    }
+    ComPtr<IRawElementProviderSimple> provider() {
+        auto* const window = reinterpret_cast<win32::ClientWindow*>(
+            GetWindowLongPtrW(reinterpret_cast<HWND>(control->window()), GWLP_USERDATA));
+        const auto surface = std::static_pointer_cast<win32::SurfaceWindow>(window->shared_from_this());
+        AccessibleId all;
+        surface->withTree([&](const AccessibleTree& tree) { all = tree.root(); });
+        return win32::createProvider(surface, all);
+    }
+    template <typename Pattern>
+    static ComPtr<Pattern> pattern(const ComPtr<IRawElementProviderSimple>& of, PATTERNID id) {
+        ComPtr<IUnknown> found;
+        ComPtr<Pattern> typed;
+        if (of && of->GetPatternProvider(id, found.put()) == S_OK && found)
+            found->QueryInterface(__uuidof(Pattern), typed.putVoid());
+        return typed;
+    }
+    static std::wstring text(const ComPtr<IRawElementProviderSimple>& of, PROPERTYID id) {
+        VARIANT value{};
+        of->GetPropertyValue(id, &value);
+        return value.vt == VT_BSTR ? taken(value.bstrVal) : L"";
+    }
+    static long number(const ComPtr<IRawElementProviderSimple>& of, PROPERTYID id) {
+        VARIANT value{};
+        of->GetPropertyValue(id, &value);
+        return value.vt == VT_I4 ? value.lVal : value.vt == VT_BOOL ? value.boolVal != 0 : -1;
+    }
+    static ComPtr<IRawElementProviderSimple> go(const ComPtr<IRawElementProviderSimple>& from,
+                                                NavigateDirection to) {
+        ComPtr<IRawElementProviderFragment> fragment, found;
+        ComPtr<IRawElementProviderSimple> simple;
+        from->QueryInterface(__uuidof(IRawElementProviderFragment), fragment.putVoid());
+        if (fragment->Navigate(to, found.put()) == S_OK && found)
+            found->QueryInterface(__uuidof(IRawElementProviderSimple), simple.putVoid());
+        return simple;
+    }
+    void call(TextView name, std::vector<Value> arguments) {
+        Value result;
+        callMethod(*control, *control->table().member(name), arguments, result);
+    }
+
+    WindowDriver driver;
+    std::shared_ptr<Control> control;
+};
+
+TEST_F(Automation, HasTheGridsCellsWithAllThatCanBeDoneToThem) {
+    place(u"GridEdit");
+    call(u"ColsSet", {int32_t{2}});
+    call(u"RowsSet", {int32_t{1000}});
+    call(u"BarHeaderCaptionSet", {int32_t{0}, Text(u"City")});
+    call(u"ColTypeSet", {int32_t{1}, int32_t{3}});
+    const auto grid = provider();
+    EXPECT_EQ(number(grid, UIA_ControlTypePropertyId), 50028);
+    const auto cells = pattern<win32::IGridProvider>(grid, UIA_GridPatternId);
+    ASSERT_TRUE(cells);
+    int count = 0;
+    EXPECT_EQ(cells->get_RowCount(&count), S_OK);
+    EXPECT_EQ(count, 1000);
+    ComPtr<IRawElementProviderSimple> cell, check, none;
+    EXPECT_EQ(cells->GetItem(2, 0, cell.put()), S_OK);
+    EXPECT_EQ(cells->GetItem(2, 1, check.put()), S_OK);
+    EXPECT_EQ(cells->GetItem(1000, 1, none.put()), E_INVALIDARG);
+    EXPECT_EQ(text(cell, UIA_NamePropertyId), L"City, row 3");
+    const auto value = pattern<win32::IValueProvider>(cell, UIA_ValuePatternId);
+    ASSERT_TRUE(value);
+    EXPECT_EQ(value->SetValue(L"Paris"), S_OK);
+    BSTR held = nullptr;
+    EXPECT_EQ(value->get_Value(&held), S_OK);
+    EXPECT_EQ(taken(held), L"Paris");
+    const auto mark = pattern<win32::IToggleProvider>(check, UIA_TogglePatternId);
+    ASSERT_TRUE(mark);
+    win32::ToggleState on = win32::ToggleState::off;
+    EXPECT_EQ(mark->Toggle(), S_OK);
+    EXPECT_EQ(mark->get_ToggleState(&on), S_OK);
+    EXPECT_EQ(on, win32::ToggleState::on);
+    EXPECT_FALSE(pattern<win32::IToggleProvider>(cell, UIA_TogglePatternId));
+    const auto item = pattern<win32::IGridItemProvider>(check, UIA_GridItemPatternId);
+    ASSERT_TRUE(item);
+    EXPECT_EQ(item->get_Row(&count), S_OK);
+    EXPECT_EQ(count, 2);
+    const auto headed = pattern<win32::ITableItemProvider>(cell, UIA_TableItemPatternId);
+    ASSERT_TRUE(headed);
+    SAFEARRAY* headers = nullptr;
+    EXPECT_EQ(headed->GetColumnHeaderItems(&headers), S_OK);
+    ASSERT_EQ(headers->rgsabound[0].cElements, 1u);
+    SafeArrayDestroy(headers);
+    const auto scroll = pattern<win32::IScrollProvider>(grid, UIA_ScrollPatternId);
+    ASSERT_TRUE(scroll);
+    double at = -1;
+    EXPECT_EQ(scroll->SetScrollPercent(-1, 100), S_OK);
+    EXPECT_EQ(scroll->get_VerticalScrollPercent(&at), S_OK);
+    EXPECT_GT(at, 99);
+    EXPECT_EQ(number(cell, UIA_IsOffscreenPropertyId), 1);
+    EXPECT_EQ(pattern<win32::IScrollItemProvider>(cell, UIA_ScrollItemPatternId)->ScrollIntoView(), S_OK);
+    EXPECT_EQ(number(cell, UIA_IsOffscreenPropertyId), 0);
+    const auto row = go(cell, NavigateDirection_Parent);
+    EXPECT_EQ(text(row, UIA_NamePropertyId), L"row 3");
+    EXPECT_EQ(text(go(row, NavigateDirection_NextSibling), UIA_NamePropertyId), L"row 4");
+    EXPECT_EQ(text(go(cell, NavigateDirection_NextSibling), UIA_NamePropertyId), L"column 2, row 3");
+    const auto chosen = pattern<win32::ISelectionItemProvider>(cell, UIA_SelectionItemPatternId);
+    ASSERT_TRUE(chosen);
+    EXPECT_EQ(chosen->Select(), S_OK);
+    SAFEARRAY* selected = nullptr;
+    EXPECT_EQ(pattern<win32::ISelectionProvider>(grid, UIA_SelectionPatternId)->GetSelection(&selected),
+              S_OK);
+    EXPECT_EQ(selected->rgsabound[0].cElements, 1u);
+    SafeArrayDestroy(selected);
+
+    call(u"RowsSet", {int32_t{1}});
+    constexpr auto notAvailable = static_cast<HRESULT>(0x80040201);
+    EXPECT_EQ(chosen->Select(), notAvailable) << "its row is gone";
+    const auto read = accessibleOf(reinterpret_cast<HWND>(control->window()));
+    control->deactivate();
+    VARIANT name{};
+    EXPECT_EQ(grid->GetPropertyValue(UIA_NamePropertyId, &name), notAvailable);
+    LONG children = 0;
+    EXPECT_EQ(read->get_accChildCount(&children), CO_E_OBJNOTCONNECTED);
+}
+
+TEST_F(Automation, HasThePatternsOfTheOtherControls) {
+    place(u"UpDownTextBox");
+    putProperty(*control, *control->table().member(u"Interval"), Value(1.0));
+    const auto range = pattern<win32::IRangeValueProvider>(provider(), UIA_RangeValuePatternId);
+    ASSERT_TRUE(range);
+    double most = 0;
+    EXPECT_EQ(range->get_Maximum(&most), S_OK);
+    EXPECT_EQ(most, 10);
+    EXPECT_EQ(range->SetValue(4.0), S_OK);
+    EXPECT_EQ(range->SetValue(11.0), E_INVALIDARG);
+    EXPECT_EQ(range->get_Value(&most), S_OK);
+    EXPECT_EQ(most, 4);
+    const auto more = go(provider(), NavigateDirection_FirstChild);
+    EXPECT_EQ(text(more, UIA_NamePropertyId), L"More");
+    EXPECT_EQ(pattern<win32::IInvokeProvider>(more, UIA_InvokePatternId)->Invoke(), S_OK);
+    EXPECT_EQ(range->get_Value(&most), S_OK);
+    EXPECT_EQ(most, 5);
+    EXPECT_EQ(text(go(provider(), NavigateDirection_LastChild), UIA_NamePropertyId), L"Less")
+        << "the edit window is the system's to add";
+    control->deactivate();
+
+    place(u"DateCalendar");
+    const auto drop = pattern<win32::IExpandCollapseProvider>(provider(), UIA_ExpandCollapsePatternId);
+    ASSERT_TRUE(drop);
+    win32::ExpandCollapseState state = win32::ExpandCollapseState::collapsed;
+    EXPECT_EQ(drop->Expand(), S_OK);
+    EXPECT_EQ(drop->get_ExpandCollapseState(&state), S_OK);
+    EXPECT_EQ(state, win32::ExpandCollapseState::expanded);
+    EXPECT_EQ(drop->Collapse(), S_OK);
+    putProperty(*control, *control->table().member(u"Enabled"), Value(false));
+    EXPECT_EQ(drop->Expand(), static_cast<HRESULT>(0x80040200)) << "not enabled";
+    control->deactivate();
+}
+
+TEST_F(Automation, LeavesNothingOfTenThousandProviders) {
+    place(u"GridEdit");
+    call(u"RowsSet", {int32_t{10'000}});
+    const auto grid = provider();
+    const auto cells = pattern<win32::IGridProvider>(grid, UIA_GridPatternId);
+    expectNothingIsLeft([&] {
+        std::vector<ComPtr<IRawElementProviderSimple>> kept(1000);
+        int32_t row = 0;
+        for (auto& each : kept) EXPECT_EQ(cells->GetItem(row += 7, 1, each.put()), S_OK);
+        for (auto& each : kept) {
+            EXPECT_EQ(each->AddRef(), 2u);
+            EXPECT_EQ(each->Release(), 1u);
+        }
+    });
+}
+
+}  // namespace
+}  // namespace obk
