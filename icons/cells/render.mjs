@@ -1,7 +1,7 @@
 // Renders the catalogue's icons into the file that the server embeds: node render.mjs <set's icons.json> <output>
 //
 // All numbers are 32 bits, low byte first: the count of icons; where each part begins, and where the last one ends;
-// the parts. They are the keys (ASCII), then for each size the pictures, eight icons after one another compressed
+// the parts. They are the keys (ASCII), then for each size the pictures, sixteen icons after one another compressed
 // together (zlib): premultiplied 0xAARRGGBB, row by row from the top.
 import { execFileSync } from 'node:child_process';
 import { mkdtempSync, readdirSync, renameSync, rmSync, statSync, writeFileSync } from 'node:fs';
@@ -13,7 +13,7 @@ import { pictureSource, placed, readCatalogue, svgDocument } from './catalogue.m
 
 const sizes = [16, 24, 32];
 /** So many have much in common, and are little to unpack for the sake of one. */
-const groupSize = 8;
+const groupSize = 16;
 const columns = 16;
 const here = dirname(fileURLToPath(import.meta.url));
 const [set, output] = process.argv.slice(2);

@@ -69,7 +69,25 @@ struct PropertyWrite<Setter> {
     }
 };
 
-// An event's arguments on their way to the container and back.
+template <typename T>
+void writeBack(T& argument, const Value& value) {
+    if constexpr (!std::is_const_v<T>) {
+        if (const T* changed = std::get_if<T>(&value)) argument = *changed;
+    }
+}
+
+// An event's arguments on their way to the container and back; the same code for all events with these.
+template <typename... Arguments>
+[[gnu::noinline]] Connection connectTo(Event<Arguments...>& event,
+                                       std::function<void(std::span<Value>)> raise) {
+    return event.connect([raise = std::move(raise)](Arguments... arguments) {
+        std::array<Value, sizeof...(Arguments)> values{Value(arguments)...};
+        raise(values);
+        size_t at = 0;
+        (writeBack(arguments, values[at++]), ...);
+    });
+}
+
 template <typename C, auto Field>
 struct EventRow;
 
@@ -80,18 +98,7 @@ struct EventRow<C, Field> {
         return parametersOf<Arguments...>(names...);
     }
     static Connection connect(Control& control, std::function<void(std::span<Value>)> raise) {
-        return (static_cast<C&>(control).*Field).connect([raise = std::move(raise)](Arguments... arguments) {
-            std::array<Value, sizeof...(Arguments)> values{Value(arguments)...};
-            raise(values);
-            size_t at = 0;
-            (writeBack(arguments, values[at++]), ...);
-        });
-    }
-    template <typename T>
-    static void writeBack(T& argument, const Value& value) {
-        if constexpr (!std::is_const_v<T>) {
-            if (const T* changed = std::get_if<T>(&value)) argument = *changed;
-        }
+        return connectTo(static_cast<C&>(control).*Field, std::move(raise));
     }
 };
 

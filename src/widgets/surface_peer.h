@@ -84,7 +84,7 @@ public:
     // Shown when the mouse rests inside `rect`, or at once below that; an empty text removes it. One at a
     // time.
     virtual void setToolTip(const PixelRect& rect, TextView text, ToolTipShown shown) = 0;
-    // From now on things may be dropped on it, where the system and the host's thread are ready for that.
+    // Things may be dropped on it from its first painting on, where the system and the host's thread are ready.
     virtual void acceptDrops() = 0;
     virtual PixelPoint toScreen(PixelPoint point) const = 0;
     // The part of the screen that windows may use, of the monitor that most of a place on the screen is on.

@@ -71,11 +71,14 @@ TEST(LookTest, FlatFromVersionFiveOn) {
         HeadlessPlatform platform;
         platform.registry().setString(ntKey, u"CurrentVersion", version);
         EXPECT_EQ(lookOfSystem(platform), look) << version;
-        // The older key wins where it says something.
-        platform.registry().setString(windowsKey, u"VersionNumber", "");
-        EXPECT_EQ(lookOfSystem(platform), look) << version;
-        platform.registry().setString(windowsKey, u"VersionNumber", "4.0");
-        EXPECT_EQ(lookOfSystem(platform), Look::classic) << version;
+        // The older key wins where it says something. A platform that has been asked asks no more.
+        HeadlessPlatform withEmptyKey, withOlderKey;
+        for (HeadlessPlatform* each : {&withEmptyKey, &withOlderKey})
+            each->registry().setString(ntKey, u"CurrentVersion", version);
+        withEmptyKey.registry().setString(windowsKey, u"VersionNumber", "");
+        EXPECT_EQ(lookOfSystem(withEmptyKey), look) << version;
+        withOlderKey.registry().setString(windowsKey, u"VersionNumber", "4.0");
+        EXPECT_EQ(lookOfSystem(withOlderKey), Look::classic) << version;
     }
     HeadlessPlatform unreadable;
     EXPECT_EQ(GetWindowsVersion(unreadable), u"");

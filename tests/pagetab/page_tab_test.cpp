@@ -333,6 +333,7 @@ TEST_F(PageTabTest, EachStateLooksDifferentInEachLook) {
         for (const bool contrast : {false, true}) {
             platform.registry().setString(u"SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion",
                                           u"CurrentVersion", version);
+            platform.systemVersion.reset();
             platform.appearance().setHighContrast(contrast);
             control = PageTab::memberTable().create(platform);
             activate({100, 100, 420, 125});

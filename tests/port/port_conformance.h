@@ -167,6 +167,7 @@ TEST_P(PortConformance, ATextPutOnTheClipboardReplacesWhatIsThere) {
 TEST_P(PortConformance, ATextIsDraggedToWhereItIsLetGo) {
     openArea();
     area->acceptDrops();
+    area->update();  // drops are heard from the first painting on
     const auto drag = [&](PixelPoint to) {
         driver->mouseMove(*area, overFree);
         driver->mouseDown(button::left);

@@ -317,6 +317,7 @@ void SurfaceWindow::setToolTip(const PixelRect& rect, TextView text, ToolTipShow
 
 void SurfaceWindow::acceptDrops() {
     wantsDrops_ = !acceptsDrops_;
+    if (wantsDrops_ && painted_) registerForDrops();
 }
 
 void SurfaceWindow::registerForDrops() {
@@ -461,6 +462,7 @@ void SurfaceWindow::checkDpi() {
 void SurfaceWindow::paint(HWND window) {
     PAINTSTRUCT painting{};
     // What nobody can have needed before there was something to see.
+    painted_ = true;
     environment().service().listen();
     if (wantsDrops_) registerForDrops();
     invalid_ = {};

@@ -102,6 +102,7 @@ private:
     Dpi reportedDpi_;
     bool wantsCapture_ = false;
     bool releasing_ = false;
+    bool painted_ = false;  // ever
     bool wantsDrops_ = false;
     bool acceptsDrops_ = false;
     bool pressToTell_ = false;
