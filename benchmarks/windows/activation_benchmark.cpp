@@ -54,12 +54,17 @@ void paint() {
 
 void measureOne(const ServerContext& server, HWND host, const Class& measured) {
     constexpr int repeats = 20;
+    CLSID id{};
+    obk::ComPtr<IClassFactory> factory;
+    if (FAILED(server.classId(measured.progId, id)) || FAILED(server.classFactory(id, factory))) return;
     const auto own = [&] {
         return microseconds([&] {
                    for (int repeat = 0; repeat < repeats; ++repeat) {
                        ControlForm form(host);
                        ControlSite site(form);
-                       site.create(server, measured.progId);
+                       obk::ComPtr<IUnknown> control;
+                       factory->CreateInstance(nullptr, IID_IUnknown, control.putVoid());
+                       site.adopt(std::move(control));
                        site.activate(place);
                    }
                }) /
@@ -142,6 +147,9 @@ void measureMemory(const ServerContext& server, const Class& measured) {
 
 void measureActivation(const ServerContext& server) {
     const HWND host = newForm(WS_VISIBLE);
+    // What the controls of a form share is there: forms have more than one.
+    obk::ComPtr<IUnknown> beside;
+    server.create(L"OBKCTRLS.lns", beside);
     for (const Class& measured : classes) measureOne(server, host, measured);
     DestroyWindow(host);
     measureForm(server);

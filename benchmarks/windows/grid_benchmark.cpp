@@ -407,14 +407,14 @@ void measureSort() {
                 keyOf);
         });
     };
-    printRatio("sort 100,000 texts by the alphabet, by units",
-               sideBySide(
-                   [&] {
-                       return sort(
-                           [&](obk::TextView text, std::string& key) { platform.appendSortKey(text, key); });
-                   },
-                   [&] { return sort({}); }),
-               "us", 4);
+    printRatio(
+        "sort 100,000 texts by the alphabet, by units",
+        sideBySide(
+            [&] {
+                return sort([&](obk::TextView text, std::string& key) { platform.appendSortKey(text, key); });
+            },
+            [&] { return sort({}); }),
+        "us", 4);
 }
 
 HWND dropped() {
