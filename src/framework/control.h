@@ -52,6 +52,8 @@ public:
     KeyRoute preTranslate(const KeyEvent& event) override;
     bool focus();  // to the control's first child that takes it; whether one did
     bool hasFocus() const;
+    // By what the window system has told; cheaper than asking it.
+    bool focusInside() const { return focusInside_; }
     // Paints the whole control into `bounds`, with or without a window.
     void draw(Canvas& canvas, const PixelRect& bounds);
 

@@ -7,7 +7,8 @@
 
 namespace obk {
 
-Member& TableRows::add(MemberKind kind, int32_t number, LiteralText name, LiteralText help, const void* token) {
+Member& TableRows::add(MemberKind kind, int32_t number, LiteralText name, LiteralText help,
+                       const void* token) {
     Member& row = (kind == MemberKind::event ? table.events : table.members).emplace_back();
     row.kind = kind;
     row.number = number;
@@ -54,7 +55,9 @@ std::vector<Text> TableRows::faults() const {
     std::vector<Text> found;
     const auto check = [&found](const std::vector<Member>& rows) {
         for (auto row = rows.begin(); row != rows.end(); ++row) {
-            const auto fault = [&](TextView what) { found.push_back(Text(row->name).append(u": ").append(what)); };
+            const auto fault = [&](TextView what) {
+                found.push_back(Text(row->name).append(u": ").append(what));
+            };
             if (row->number < 1) fault(u"its number is below 1");
             if (row->name.empty()) fault(u"a row without a name");
             if (std::any_of(rows.begin(), row, [&](const Member& at) { return at.number == row->number; }))

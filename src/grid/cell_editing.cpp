@@ -157,7 +157,7 @@ void CellEditing::commit() {
 }
 
 void CellEditing::returnFocus() {
-    if (control_.hasFocus() && !editors_.hasFocus() && !grid_.hasFocus()) grid_.takeFocus();
+    if (control_.focusInside() && !editors_.hasFocus() && !grid_.hasFocus()) grid_.takeFocus();
 }
 
 void CellEditing::rowInserted(int32_t row, ChangedBy by) {

@@ -147,6 +147,7 @@ void ControlObject::takeExtent() {
 }
 
 void ControlObject::viewChanged() {
+    if (!advisers_.viewWatched() && !data_.watched()) return;
     const Hold hold(*this);
     advisers_.viewChanged();
     data_.changed();

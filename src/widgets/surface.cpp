@@ -17,6 +17,7 @@ bool Surface::open(const SurfacePlacement& placement) {
     close();
     attempt([&] { peer_ = root_.platform().createSurface(*this, placement); });
     if (!peer_) return false;
+    dpi_ = peer_->dpi();
     placed_ = placement.kind != SurfacePlacement::Kind::parked;
     root_.setSurface(this);
     root_.attach(*peer_);
@@ -46,7 +47,7 @@ void Surface::close() {
 }
 
 Dpi Surface::dpi() const {
-    return peer_ ? peer_->dpi() : root_.platform().appearance().systemDpi();
+    return peer_ ? dpi_ : root_.platform().appearance().systemDpi();
 }
 
 PixelRect Surface::toScreen(const PixelRect& part) const {
@@ -317,7 +318,8 @@ void Surface::drop(DropEvent& event) {
     event.effect = event.effect == allowed ? allowed & drop_effect::copy : event.effect & allowed;
 }
 
-void Surface::dpiChanged(Dpi) {
+void Surface::dpiChanged(Dpi dpi) {
+    dpi_ = dpi;
     owner_.surfaceChanged();
 }
 

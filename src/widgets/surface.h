@@ -141,6 +141,7 @@ private:
     bool ownFocus_ = false;        // the window itself has the focus, none of its children
     bool holding_ = false;
     bool resting_ = false;  // the held capture, while a menu or a list is open
+    Dpi dpi_{96};           // the peer's; asked for each thing that is placed or painted
     bool placed_ = false;
     bool looksDifferent_ = false;  // from what was painted last
 };

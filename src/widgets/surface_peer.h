@@ -84,7 +84,8 @@ public:
     // Shown when the mouse rests inside `rect`, or at once below that; an empty text removes it. One at a
     // time.
     virtual void setToolTip(const PixelRect& rect, TextView text, ToolTipShown shown) = 0;
-    // Things may be dropped on it from its first painting on, where the system and the host's thread are ready.
+    // Things may be dropped on it from its first painting on, where the system and the host's thread are
+    // ready.
     virtual void acceptDrops() = 0;
     virtual PixelPoint toScreen(PixelPoint point) const = 0;
     // The part of the screen that windows may use, of the monitor that most of a place on the screen is on.
