@@ -252,6 +252,7 @@ void measureCalls(const ServerContext& server, HWND host) {
 
     // Texts that fit where those of these cells are.
     std::vector<std::wstring> texts;
+    texts.reserve(997);
     for (int text = 0; text < 997; ++text) texts.push_back(std::to_wstring(text));
     Call write(grid, L"CellTextSet", 3);
     const SideBySide writing = sideBySide(
@@ -371,7 +372,7 @@ void measureFiles(const ServerContext& server, HWND host) {
                                   std::vector<wchar_t> wide;
                                   std::vector<size_t> cells;
                                   wide.reserve(read.size());
-                                  cells.reserve(rows * cols);
+                                  cells.reserve(size_t{rows} * cols);
                                   std::string_view rest = read;
                                   while (!rest.empty()) {
                                       const size_t end = std::min(rest.find('"', 1), rest.size());

@@ -14,8 +14,8 @@ namespace obk {
 template <typename C>
 class TableBuilder {
 public:
-    explicit TableBuilder(ClassFacts facts) {
-        static_cast<ClassFacts&>(rows_.table) = std::move(facts);
+    explicit TableBuilder(const ClassFacts& facts) {
+        static_cast<ClassFacts&>(rows_.table) = facts;
         rows_.table.create = [](Platform& platform) -> std::shared_ptr<Control> {
             auto control = std::make_shared<C>(platform);
             ControlFactory::start(*control);

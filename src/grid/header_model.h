@@ -20,7 +20,7 @@ public:
     // A column as it is spoken of: an empty caption and one that others have, too, tell the column's number.
     Text spoken(int32_t col) const {
         const TextView own = trimmed(caption(col));
-        const Text number = u"column " + decimalText(int64_t{col} + 1);
+        Text number = u"column " + decimalText(int64_t{col} + 1);
         if (own.empty()) return number;
         const auto same = [own](const auto& other) { return trimmed(other.second) == own; };
         return std::count_if(captions_.begin(), captions_.end(), same) > 1 ? Text(own) + u", " + number

@@ -201,6 +201,7 @@ public:
             if (selected.empty()) return S_FALSE;
             if (selected.size() == 1) return inside(view, selected[0], children);
             std::vector<ComPtr<IDispatch>> things;
+            things.reserve(selected.size());
             for (const AccessibleId& each : selected) things.emplace_back(new Accessible(view.surface, each));
             children->punkVal = ComPtr<IUnknown>(new Selected(std::move(things))).detach();
             children->vt = VT_UNKNOWN;

@@ -429,7 +429,7 @@ Text SurfaceWindow::labelBefore() const {
     const HWND before = hwnd() && kind_ == Kind::control ? GetWindow(hwnd(), GW_HWNDPREV) : nullptr;
     std::array<wchar_t, 256> text{};
     if (!before || !GetClassNameW(before, text.data(), static_cast<int>(text.size())) ||
-        _wcsicmp(text.data(), L"static"))
+        _wcsicmp(text.data(), L"static") != 0)
         return {};
     const int length = InternalGetWindowText(before, text.data(), static_cast<int>(text.size()));
     Text label = fromWide({text.data(), static_cast<size_t>(std::max(length, 0))});
