@@ -277,6 +277,19 @@ TEST_F(WindowTest, ATextBoxShowsNothingBeyondItsClip) {
     EXPECT_EQ(GetWindowRgnBox(boxWindow(), &shown), ERROR) << "whole again";
 }
 
+// A host suspends the painting of a control, or of the form that it is on, and asks for it afterwards.
+TEST_F(WindowTest, WhatAHostHeldBackIsPaintedWhenItIsAskedForAgain) {
+    open();
+    for (const HWND held : {areaWindow(), GetParent(areaWindow())}) {
+        area->update();
+        area->invalidate({0, 0, 50, 50});
+        SendMessageW(held, WM_SETREDRAW, FALSE, 0);
+        SendMessageW(held, WM_SETREDRAW, TRUE, 0);
+        area->invalidate({0, 0, 50, 50});
+        EXPECT_TRUE(GetUpdateRect(areaWindow(), nullptr, FALSE));
+    }
+}
+
 TEST_F(WindowTest, TheCursorFollowsTheSurface) {
     open();
     area->setCursor(Cursor::sizeColumn);

@@ -226,19 +226,8 @@ void SurfaceWindow::takeFocus() {
 }
 
 void SurfaceWindow::invalidate(const PixelRect& rect) {
-    const HWND window = hwnd();
-    if (!window || rect.empty()) return;
-    // Asking the system costs more than most changes of what is shown, and a loop makes many before one
-    // paint. Not for long, since a host may take it upon itself to call the window painted.
-    constexpr DWORD trustedFor = 50;  // milliseconds
-    const DWORD now = GetTickCount();
-    const bool known = !invalid_.empty() && now - invalidSince_ <= trustedFor;
-    if (known && rect.intersected(invalid_) == rect) return;
     const RECT area = toRect(rect);
-    InvalidateRect(window, &area, FALSE);
-    if (known && invalid_.intersected(rect) != invalid_) return;
-    invalid_ = rect;
-    invalidSince_ = now;
+    if (hwnd() && !rect.empty()) InvalidateRect(hwnd(), &area, FALSE);
 }
 
 void SurfaceWindow::update() {
@@ -249,7 +238,6 @@ void SurfaceWindow::scroll(const PixelRect& rect, int32_t x, int32_t y) {
     const HWND window = hwnd();
     if (!window || rect.empty()) return;
     const RECT area = toRect(rect);
-    invalid_ = {};
     ScrollWindowEx(window, x, y, &area, &area, nullptr, nullptr, SW_INVALIDATE);
 }
 
@@ -465,7 +453,6 @@ void SurfaceWindow::paint(HWND window) {
     painted_ = true;
     environment().service().listen();
     if (wantsDrops_) registerForDrops();
-    invalid_ = {};
     const HDC dc = BeginPaint(window, &painting);
     if (!dc) return;
     paintOn(dc, fromRect(painting.rcPaint));

@@ -107,8 +107,6 @@ private:
     bool acceptsDrops_ = false;
     bool pressToTell_ = false;
     Cursor cursor_ = Cursor::arrow;
-    PixelRect invalid_;  // waits for the system's message to paint
-    DWORD invalidSince_ = 0;
     struct Press {
         LONG time;
         POINT at;  // on the screen
