@@ -38,7 +38,7 @@ void appendHexadecimal(Text& text, uint32_t number, int digits) {
 }  // namespace
 
 Text programmaticId(const ControlTable& table) {
-    return library().name + u"." + Text(table.name);
+    return library().name + u"." + table.name;
 }
 
 Text versionedProgrammaticId(const ControlTable& table) {
@@ -46,7 +46,7 @@ Text versionedProgrammaticId(const ControlTable& table) {
 }
 
 Text classDescription(const ControlTable& table) {
-    return library().description + u" " + Text(table.name);
+    return library().description + u" " + table.name;
 }
 
 Text libraryVersion(const Library& library) {

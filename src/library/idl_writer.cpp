@@ -90,29 +90,29 @@ private:
         line();
         line(u"    typedef [uuid(" + guidDigits(enumeration.id) + u"), helpstring(" +
              quoted(enumeration.help) + u")]");
-        line(u"    enum " + Text(enumeration.name) + u" {");
+        line(u"    enum " + enumeration.name + u" {");
         for (size_t at = 0; at < enumeration.values.size(); ++at) {
             const EnumerationValue& value = enumeration.values[at];
             const TextView end = at + 1 < enumeration.values.size() ? u"," : u"";
             // What a value means stands in the reference: widl takes no help texts here.
-            line(u"        " + Text(value.name) + u" = " + decimalText(value.value) + Text(end));
+            line(u"        " + value.name + u" = " + decimalText(value.value) + Text(end));
         }
-        line(u"    } " + Text(enumeration.name) + u";");
+        line(u"    } " + enumeration.name + u";");
     }
 
     void write(const ControlTable& table) {
-        beginInterface(table.interfaceId, u"_" + Text(table.name), table.help);
+        beginInterface(table.interfaceId, u"_" + table.name, table.help);
         for (const Member& member : table.members) write(member);
         line(u"    }");
-        beginInterface(table.eventInterfaceId, u"__" + Text(table.name), u"Events of " + Text(table.name));
+        beginInterface(table.eventInterfaceId, u"__" + table.name, u"Events of " + table.name);
         for (const Member& event : table.events) write(event);
         line(u"    }");
         line();
         line(u"    [uuid(" + guidDigits(table.classId) + u"), helpstring(" + quoted(table.help) +
              u"), control]");
-        line(u"    coclass " + Text(table.name) + u" {");
-        line(u"        [default] dispinterface _" + Text(table.name) + u";");
-        line(u"        [default, source] dispinterface __" + Text(table.name) + u";");
+        line(u"    coclass " + table.name + u" {");
+        line(u"        [default] dispinterface _" + table.name + u";");
+        line(u"        [default, source] dispinterface __" + table.name + u";");
         line(u"    }");
     }
 
@@ -127,13 +127,12 @@ private:
     void write(const Member& member) {
         if (member.kind != MemberKind::property) {
             begin(member, {});
-            line(u"            " + typeName(member) + u" " + Text(member.name) + u"(" + parameters(member) +
-                 u");");
+            line(u"            " + typeName(member) + u" " + member.name + u"(" + parameters(member) + u");");
             return;
         }
         if (member.get) {
             begin(member, u", propget");
-            line(u"            " + typeName(member) + u" " + Text(member.name) + u"();");
+            line(u"            " + typeName(member) + u" " + member.name + u"();");
         }
         if (member.put) writePut(member, u", propput");
         if (member.put && member.putByReference) writePut(member, u", propputref");
@@ -141,7 +140,7 @@ private:
 
     void writePut(const Member& member, TextView access) {
         begin(member, access);
-        line(u"            void " + Text(member.name) + u"([in] " + typeName(member) + u" value);");
+        line(u"            void " + member.name + u"([in] " + typeName(member) + u" value);");
     }
 
     void begin(const Member& member, TextView access) {

@@ -84,9 +84,9 @@ public:
     explicit ReferenceWriter(Control& fresh) : fresh_(fresh), table_(fresh.table()) {}
 
     Text write() {
-        line(u"# " + Text(table_.name));
+        line(u"# " + table_.name);
         line();
-        line(Text(table_.help) + u".");
+        line(table_.help + u".");
         line();
         line(u"Programmatic identifier: " + code(programmaticId(table_)) +
              (table_.takesFocus ? u"" : u". Never takes the focus."));
@@ -154,7 +154,7 @@ private:
         line(u"| " + decimalText(member.number) + u" | " + code(member.name) + access + u" | " +
              typeText(member) + u" | " + (value ? keyCell(*value) : Text()) + u" | " + cell(placed) + u" | " +
              (value ? cell(value->readDefault) : Text()) + u" | " +
-             (value ? cell(value->writeDefault) : Text()) + u" | " + Text(member.help) + u" |");
+             (value ? cell(value->writeDefault) : Text()) + u" | " + member.help + u" |");
     }
 
     void writeMethods() {
@@ -169,7 +169,7 @@ private:
             }
             const Text result = member.type == ValueType::empty ? Text() : u" As " + typeText(member);
             line(u"| " + decimalText(member.number) + u" | " + code(signatureText(member) + result) + u" | " +
-                 Text(member.help) + u" |");
+                 member.help + u" |");
         }
         if (!any) line(u"None.");
     }
@@ -186,7 +186,7 @@ private:
         line(u"|---|---|---|");
         for (const Member& event : table_.events)
             line(u"| " + decimalText(event.number) + u" | " + code(signatureText(event)) + u" | " +
-                 Text(event.help) + u" |");
+                 event.help + u" |");
     }
 
     void writeKeys() {
@@ -228,13 +228,13 @@ private:
                 continue;
             written.push_back(enumeration);
             beginSection(enumeration->name);
-            line(Text(enumeration->help) + u".");
+            line(enumeration->help + u".");
             line();
             line(u"| value | name | |");
             line(u"|---|---|---|");
             for (const EnumerationValue& value : enumeration->values)
-                line(u"| " + decimalText(value.value) + u" | " + code(value.name) + u" | " +
-                     Text(value.help) + u" |");
+                line(u"| " + decimalText(value.value) + u" | " + code(value.name) + u" | " + value.help +
+                     u" |");
         }
     }
 
@@ -252,8 +252,7 @@ std::string writeReference(Control& fresh) {
 std::string writeReferenceIndex(const Library& library) {
     Text text = u"# Reference\n\nMade from the controls' member tables.\n\n";
     for (const ControlTable* table : publicControls(library))
-        text +=
-            u"- [" + Text(table->name) + u"](" + Text(table->name) + u".md): " + Text(table->help) + u"\n";
+        text += u"- [" + table->name + u"](" + table->name + u".md): " + table->help + u"\n";
     return toUtf8(text);
 }
 

@@ -111,8 +111,8 @@ Entries classEntries(const Library& library, const ControlTable& table, const Te
         entries.add(interfaceKey + u"\\TypeLib", inBraces(library.id));
         entries.add(interfaceKey + u"\\TypeLib", libraryVersion(library), u"Version");
     };
-    addInterface(table.interfaceId, u"_" + Text(table.name));
-    addInterface(table.eventInterfaceId, u"__" + Text(table.name));
+    addInterface(table.interfaceId, u"_" + table.name);
+    addInterface(table.eventInterfaceId, u"__" + table.name);
     return entries;
 }
 
