@@ -447,8 +447,9 @@ void PropertyPanel::paint(HDC dc, const RECT& area) {
         help.top += drawStrong(dc, theme(), typedSignature(*row->member), help, theme().text,
                                DT_WORDBREAK | DT_NOPREFIX) +
                     theme().scale(2);
+        // Whole lines only.
         drawText(dc, row->member->help, help, theme().body(), theme().dimText,
-                 DT_WORDBREAK | DT_NOPREFIX | DT_END_ELLIPSIS);
+                 DT_WORDBREAK | DT_NOPREFIX | DT_EDITCONTROL | DT_END_ELLIPSIS);
     }
 }
 

@@ -106,7 +106,12 @@ void TabPainter::caption(const TabFace& face, Rgb ink) {
     style.horizontal = HorizontalAlignment::centre;
     style.showAccessKey = true;
     style.rightToLeft = face.rightToLeft;
-    const PixelRect place = face.selected ? face.caption.moved(0, -line_) : face.caption;
+    // Letters may reach a little beyond the width that the system measures: slanted ones, and some fonts' at
+    // some sizes.
+    const PixelRect& measured = face.caption;
+    const PixelRect grown{measured.left - 4 * line_, measured.top, measured.right + 4 * line_,
+                          measured.bottom};
+    const PixelRect place = face.selected ? grown.moved(0, -line_) : grown;
     if (!face.enabled && look_ == Look::classic && !highContrast_) {
         TextStyle light = style;
         light.colour = colour(SystemColour::buttonHighlight);

@@ -1,6 +1,10 @@
 // The tab strip as a person meets it: real keys and presses in our own container.
 #include "person_support.h"
+#include "pixels_support.h"
 #include "server_support.h"
+
+#include "container/stored_value.h"
+#include "platform/win32/display.h"
 
 #include <gtest/gtest.h>
 
@@ -125,6 +129,33 @@ TEST_F(PageTabWindow, ButtonsScrollTabsThatDoNotFitOnceForAPressAndOnWhileHeld) 
         person.release();
         EXPECT_EQ(active(), 1);
         EXPECT_EQ(takeEvents().find(L"Click"), std::wstring::npos) << "scrolling is no choice";
+    }
+}
+
+// At some sizes letters reach beyond the width that the system measures for them.
+TEST_F(PageTabWindow, CaptionsAreWholeAtEverySizeOfTheFont) {
+    object().put(L"TextColor", 0L);
+    setTabs(L"Generall,Remindersl,x", 3);
+    for (int pixels = 10; pixels < 24; ++pixels) {
+        container::StoredFont font;
+        font.name = L"Tahoma";
+        font.size = pixels * 72.0 / win32::systemDpi().dotsPerInch();
+        hosted.site.setAmbient(DISPID_AMBIENT_FONT, container::makeFont(font).get());
+        DrawnPixels shown(330, 60), whole(330, 60);
+        SendMessageW(strip(), WM_PRINTCLIENT, reinterpret_cast<WPARAM>(shown.dc()), PRF_CLIENT);
+        const HFONT logical = CreateFontW(-pixels, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET,
+                                          0, 0, 0, 0, font.name.c_str());
+        const HGDIOBJ before = SelectObject(whole.dc(), logical);
+        SetBkMode(whole.dc(), TRANSPARENT);
+        for (long tab : {1, 2}) {
+            whole.clear(0xFFFFFF);
+            const std::wstring caption = tab == 1 ? L"Generall" : L"Remindersl";
+            ExtTextOutW(whole.dc(), 5, 5, 0, nullptr, caption.data(), static_cast<UINT>(caption.size()),
+                        nullptr);
+            EXPECT_EQ(shown.colours(placeOf(tab))[0], whole.colours(whole.all())[0])
+                << caption << " at " << pixels << " pixels";
+        }
+        DeleteObject(SelectObject(whole.dc(), before));
     }
 }
 
