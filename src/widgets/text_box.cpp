@@ -179,7 +179,12 @@ void TextBox::keyDown(KeyEvent& event) {
     keyWentDown(event);
     // The commands of editing are no typed characters: they act here, so that a listener which filters what
     // is typed, and sees their control characters too, need not know them.
-    if (!hasWindow() || event.shift != shift::control) return;
+    if (!hasWindow()) return;
+    if (event.code == key::backspace && event.shift == shift::alt) {
+        window().perform(EditCommand::undo);
+        event.code = 0;  // not every system's window knows this one; none shall do it twice
+    }
+    if (event.shift != shift::control) return;
     switch (event.code) {
         case 'A':
             window().perform(EditCommand::selectAll);

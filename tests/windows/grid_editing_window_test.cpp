@@ -216,6 +216,7 @@ TEST_F(GridEditing, EachKeyDoesWhatTheReferenceSays) {
         {In::line, {{'A', ctrl}, {'X', ctrl}, {VK_ESCAPE}}, L"1,0 a,,c"},
         {In::line, {{'A', ctrl}, {VK_DELETE, shift}, {VK_ESCAPE}}, L"1,0 a,,c"},
         {In::line, {{'A', ctrl}, {VK_DELETE}, {'Z', ctrl}, {VK_ESCAPE}}, L"1,0 a,bee,c"},
+        {In::line, {{'A', ctrl}, {VK_DELETE}, {VK_BACK, alt}, {VK_ESCAPE}}, L"1,0 a,bee,c"},
         {In::number, {{VK_UP, alt}, {VK_ESCAPE}}, L"1,5 7,8.25,7"},
         {In::number, {{VK_DOWN, alt}, {VK_ESCAPE}}, L"1,5 7,6.25,7"},
         {In::list, {{'L'}, {VK_ESCAPE}}, L"1,4 Desk,Lamp,Desk"},
