@@ -10,6 +10,8 @@
 #include <olectl.h>
 
 #include <algorithm>
+#include <filesystem>
+#include <fstream>
 #include <functional>
 #include <utility>
 
@@ -214,6 +216,32 @@ TEST_F(PropertyPageTest, ColoursAndFontsAreChosenInTheSystemsDialogs) {
     EXPECT_EQ(object.value(L"BackColor").toLong(), back);
     EXPECT_EQ(font().value(L"Strikethrough").toBool(), true);
     EXPECT_NEAR(font().value(L"Size").toDouble().value_or(0), size, 0.5);
+}
+
+TEST_F(PropertyPageTest, APictureIsChosenFromAFile) {
+    // Two by two pixels of 24 bits.
+    const unsigned char bitmap[70] = {'B', 'M', 70, 0, 0, 0, 0, 0, 0, 0, 54, 0, 0, 0, 40,
+                                      0,   0,   0,  2, 0, 0, 0, 2, 0, 0, 0,  1, 0, 24};
+    wchar_t file[MAX_PATH];
+    GetTempPathW(MAX_PATH, file);
+    lstrcatW(file, L"two by two.bmp");
+    std::ofstream(std::filesystem::path(file), std::ios::binary)
+        .write(reinterpret_cast<const char*>(bitmap), sizeof bitmap);
+    const auto control = create(L"ButtonPalette");
+    show({control});
+    page->EditProperty(number(control, L"Picture"));
+    {
+        constexpr int fileName = 0x47C;
+        const DialogAnswer answer([&](HWND dialog) { SetDlgItemTextW(dialog, fileName, file); });
+        SendMessageW(field(L"BUTTON", L"..."), BM_CLICK, 0, 0);
+    }
+    EXPECT_EQ(page->Apply(), S_OK);
+    const auto picture = Dispatch(control.get()).value(L"Picture").toObject();
+    OLE_XSIZE_HIMETRIC width = 0;
+    ASSERT_TRUE(picture);
+    EXPECT_EQ(picture.query<IPicture>()->get_Width(&width), S_OK);
+    EXPECT_GT(width, 0);
+    DeleteFileW(file);
 }
 
 TEST_F(PropertyPageTest, TabsAreAddedNamedMovedAndRemoved) {
