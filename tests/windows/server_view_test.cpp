@@ -4,6 +4,7 @@
 
 #include "container/text.h"
 #include "container/type_members.h"
+#include "server/categorize_properties.h"
 
 #include <gtest/gtest.h>
 
@@ -220,6 +221,7 @@ TEST_F(ServerView, PropertyBrowsersAreOfferedChoicesAndPages) {
     for (const std::wstring& name : serverClasses()) {
         const auto control = server.create(name);
         const auto browsing = control.query<IPerPropertyBrowsing>();
+        const auto grouping = control.query<server::ICategorizeProperties>();
         const container::TypeMembers members = container::TypeMembers::of(control.get());
         std::set<std::wstring> wantedPages, givenPages;
         for (const auto& member : members.properties()) {
@@ -243,6 +245,11 @@ TEST_F(ServerView, PropertyBrowsersAreOfferedChoicesAndPages) {
             }
             CoTaskMemFree(texts.pElems);
             CoTaskMemFree(cookies.pElems);
+            auto category = server::PropertyCategory::misc;
+            EXPECT_EQ(grouping->MapPropertyToCategory(member.number, &category), S_OK);
+            EXPECT_EQ(category == server::PropertyCategory::font,
+                      member.type.kind == container::ValueKind::font);
+            EXPECT_NE(category, server::PropertyCategory::misc);
             CLSID page{};
             const HRESULT mapped = browsing->MapPropertyToPage(member.number, &page);
             wchar_t text[40];
@@ -261,6 +268,8 @@ TEST_F(ServerView, PropertyBrowsersAreOfferedChoicesAndPages) {
             << container::toUtf8(name);
         CLSID page{};
         EXPECT_EQ(browsing->MapPropertyToPage(0x7000, &page), DISP_E_MEMBERNOTFOUND);
+        auto category = server::PropertyCategory::misc;
+        EXPECT_EQ(grouping->MapPropertyToCategory(0x7000, &category), DISP_E_MEMBERNOTFOUND);
     }
 }
 
