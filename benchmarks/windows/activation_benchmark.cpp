@@ -52,20 +52,35 @@ void paint() {
     }
 }
 
+// As a form makes its controls: looking their names up in a type library is not part of it.
+class Factory {
+public:
+    Factory(const ServerContext& server, const wchar_t* progId) {
+        CLSID id{};
+        if (SUCCEEDED(server.classId(progId, id))) server.classFactory(id, factory_);
+    }
+    bool usable() const { return static_cast<bool>(factory_); }
+    void place(ControlSite& site, const RECT& at) const {
+        obk::ComPtr<IUnknown> control;
+        factory_->CreateInstance(nullptr, IID_IUnknown, control.putVoid());
+        site.adopt(std::move(control));
+        site.activate(at);
+    }
+
+private:
+    obk::ComPtr<IClassFactory> factory_;
+};
+
 void measureOne(const ServerContext& server, HWND host, const Class& measured) {
     constexpr int repeats = 20;
-    CLSID id{};
-    obk::ComPtr<IClassFactory> factory;
-    if (FAILED(server.classId(measured.progId, id)) || FAILED(server.classFactory(id, factory))) return;
+    const Factory factory(server, measured.progId);
+    if (!factory.usable()) return;
     const auto own = [&] {
         return microseconds([&] {
                    for (int repeat = 0; repeat < repeats; ++repeat) {
                        ControlForm form(host);
                        ControlSite site(form);
-                       obk::ComPtr<IUnknown> control;
-                       factory->CreateInstance(nullptr, IID_IUnknown, control.putVoid());
-                       site.adopt(std::move(control));
-                       site.activate(place);
+                       factory.place(site, place);
                    }
                }) /
                repeats;
@@ -83,6 +98,8 @@ void measureOne(const ServerContext& server, HWND host, const Class& measured) {
 }
 
 void measureForm(const ServerContext& server) {
+    std::vector<Factory> factories;
+    for (const Class& each : classes) factories.emplace_back(server, each.progId);
     const auto own = [&] {
         return microseconds([&] {
             const HWND window = newForm(0);
@@ -91,8 +108,7 @@ void measureForm(const ServerContext& server) {
                 std::vector<std::unique_ptr<ControlSite>> sites;
                 for (int at = 0; at < controlsOnForm; ++at) {
                     ControlSite& site = *sites.emplace_back(std::make_unique<ControlSite>(form));
-                    site.create(server, classes[static_cast<size_t>(at) % std::size(classes)].progId);
-                    site.activate(placeOf(at));
+                    factories[static_cast<size_t>(at) % factories.size()].place(site, placeOf(at));
                 }
                 ShowWindow(window, SW_SHOWNOACTIVATE);
                 paint();

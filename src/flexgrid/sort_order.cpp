@@ -80,8 +80,14 @@ public:
 
     void add(uint32_t place, double number) { keys_.push_back({orderedBits(number) ^ flip_, place, 0}); }
     void add(uint32_t place, TextView text);
-    void sortNumbers();
-    void sortTexts();
+    void sortNumbers() {
+        sort([](const Key& left, const Key& right) {
+            return left.first == right.first ? 0 : left.first < right.first ? -1 : 1;
+        });
+    }
+    void sortTexts() {
+        sort([this](const Key& left, const Key& right) { return comparedTexts(left, right); });
+    }
     void appendTo(std::vector<uint32_t>& order) const {
         for (const Key& key : keys_) order.push_back(key.place);
     }
@@ -93,6 +99,10 @@ private:
         size_t start = 0, length = 0;  // of the whole key
     };
 
+    // `compared` is negative where the left key comes first, and 0 for equal ones.
+    template <typename Compared>
+    void sort(const Compared& compared);
+    int comparedTexts(const Key& left, const Key& right) const;
     std::string_view rest(const Rest& of) const {
         const size_t first = std::min(of.length, firstBytes);
         return std::string_view(bytes_).substr(of.start + first, of.length - first);
@@ -119,28 +129,36 @@ void Keys::add(uint32_t place, TextView text) {
     rests_.push_back({start, bytes_.size() - start});
 }
 
-void Keys::sortNumbers() {
-    std::sort(keys_.begin(), keys_.end(), [](const Key& left, const Key& right) {
-        return left.first != right.first ? left.first < right.first : left.place < right.place;
-    });
+template <typename Compared>
+void Keys::sort(const Compared& compared) {
+    const auto before = [&](const Key& left, const Key& right) { return compared(left, right) < 0; };
+    if (!std::is_sorted(keys_.rbegin(), keys_.rend(), before)) {
+        std::sort(keys_.begin(), keys_.end(), [&](const Key& left, const Key& right) {
+            const int order = compared(left, right);
+            return order != 0 ? order < 0 : left.place < right.place;
+        });
+        return;
+    }
+    // They stand the other way round, as after the same column was sorted: turned, equal ones in their order.
+    std::reverse(keys_.begin(), keys_.end());
+    for (auto start = keys_.begin(); start != keys_.end();) {
+        const auto end =
+            std::find_if(start + 1, keys_.end(), [&](const Key& key) { return before(*start, key); });
+        std::reverse(start, end);
+        start = end;
+    }
 }
 
-void Keys::sortTexts() {
+int Keys::comparedTexts(const Key& left, const Key& right) const {
+    if (left.first != right.first) return left.first < right.first ? -1 : 1;
     const int sign = flip_ == 0 ? 1 : -1;
-    std::sort(keys_.begin(), keys_.end(), [this, sign](const Key& left, const Key& right) {
-        if (left.first != right.first) return left.first < right.first;
-        const Rest& leftRest = rests_[left.index];
-        const Rest& rightRest = rests_[right.index];
-        if (const int order = rest(leftRest).compare(rest(rightRest)); order != 0) return order * sign < 0;
-        // Zero bytes at a key's end look like none in the first part.
-        if (leftRest.length != rightRest.length) return (leftRest.length < rightRest.length) == (sign > 0);
-        // An alphabet may hold different texts for equal.
-        if (keyOf_) {
-            if (const int order = text_(left.place).compare(text_(right.place)); order != 0)
-                return order * sign < 0;
-        }
-        return left.place < right.place;
-    });
+    const Rest& leftRest = rests_[left.index];
+    const Rest& rightRest = rests_[right.index];
+    if (const int order = rest(leftRest).compare(rest(rightRest)); order != 0) return order * sign;
+    // Zero bytes at a key's end look like none in the first part.
+    if (leftRest.length != rightRest.length) return leftRest.length < rightRest.length ? -sign : sign;
+    // An alphabet may hold different texts for equal.
+    return keyOf_ ? text_(left.place).compare(text_(right.place)) * sign : 0;
 }
 
 }  // namespace

@@ -3,9 +3,8 @@
 
 #include "base/text.h"
 
-#include <array>
 #include <cstdint>
-#include <optional>
+#include <vector>
 
 namespace obk {
 
@@ -25,7 +24,7 @@ class ColumnTypes {
 public:
     static constexpr int32_t count = 10001;
 
-    // False, and nothing stored, for a column that the table does not have.
+    // False, and nothing stored, for a column that the table does not have. Throws when there is no memory.
     bool set(int32_t col, int32_t code);
     // The code as decimal text; empty for a column that the table does not have.
     Text read(int32_t col) const;
@@ -33,7 +32,9 @@ public:
     ColumnType type(int32_t col) const;
 
 private:
-    std::array<int32_t, count> codes_{};
+    int32_t code(int32_t col) const;
+
+    std::vector<int32_t> codes_;  // up to the last column that a host gave one; text beyond it
 };
 
 }  // namespace obk

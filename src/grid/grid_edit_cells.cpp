@@ -114,8 +114,9 @@ void GridEdit::ColWidth(int32_t colno, double width) {
 }
 
 void GridEdit::insertRow(const Text& text, int32_t rowno, ChangedBy by) {
-    // So that the insertion does not flicker; the host hears of it meanwhile.
-    flexGRID.setVisible(false);
+    // So that the insertion does not flicker; the host hears of it meanwhile. A grid that is not drawn stands
+    // still by itself.
+    if (flexGRID.Redraw()) flexGRID.setVisible(false);
     BoxHide();
     addItem(text, rowno, by);
     flexGRID.SetRow(rowno);

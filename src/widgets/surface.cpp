@@ -18,6 +18,7 @@ bool Surface::open(const SurfacePlacement& placement) {
     attempt([&] { peer_ = root_.platform().createSurface(*this, placement); });
     if (!peer_) return false;
     dpi_ = peer_->dpi();
+    unseen_ = true;
     placed_ = placement.kind != SurfacePlacement::Kind::parked;
     root_.setSurface(this);
     root_.attach(*peer_);
@@ -70,6 +71,7 @@ void Surface::setBounds(const PixelRect& bounds) {
 }
 
 void Surface::setVisible(bool visible) {
+    unseen_ = false;
     if (peer_) attempt([&] { peer_->setVisible(visible); });
 }
 
@@ -88,7 +90,7 @@ void Surface::setToolTip(const PixelRect& rect, TextView text, ToolTipShown show
 void Surface::invalidate(const PixelRect& rect) {
     if (!peer_ || rect.empty()) return;
     looksDifferent_ = true;
-    attempt([&] { peer_->invalidate(inWindow(rect)); });
+    if (!unseen_) attempt([&] { peer_->invalidate(inWindow(rect)); });
 }
 
 void Surface::scroll(const PixelRect& rect, int32_t x, int32_t y) {
@@ -277,6 +279,7 @@ void Surface::focusLost() {
 }
 
 void Surface::paint(Canvas& canvas, const PixelRect& dirty) {
+    unseen_ = false;
     {
         const CanvasClip clip(canvas, dirty);
         const PixelRect all = root_.pixelBounds();

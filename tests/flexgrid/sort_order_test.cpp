@@ -46,6 +46,9 @@ TEST(SortOrder, KeepsTheOrderOfEqualsInBothDirections) {
     const std::vector<Text> descending = {u"b", u"B", u"b", u"1.0", u"1", u"+1", u"-0", u"0"};
     EXPECT_EQ(sorted(texts, SortDirection::ascending), ascending);
     EXPECT_EQ(sorted(texts, SortDirection::descending), descending);
+    // Also where they already stand the other way round.
+    EXPECT_EQ(sorted(ascending, SortDirection::descending), descending);
+    EXPECT_EQ(sorted(descending, SortDirection::ascending), ascending);
 }
 
 TEST(SortOrder, AnAlphabetComparesTextsAndTheirUnitsBreakTies) {

@@ -19,7 +19,8 @@ bool SystemAppearance::highContrast() {
 }
 
 Dpi SystemAppearance::systemDpi() {
-    return win32::systemDpi();
+    if (!systemDpi_) systemDpi_ = win32::systemDpi();
+    return *systemDpi_;
 }
 
 HDC SystemAppearance::measuringDc() {
@@ -28,23 +29,18 @@ HDC SystemAppearance::measuringDc() {
 }
 
 FontMetrics SystemAppearance::metrics(const FontDescription& font, Dpi dpi) {
-    const SharedGdiFont used = fonts_.get(font, dpi);
-    const Selection selection(measuringDc(), used.get());
-    TEXTMETRICW metrics{};
-    GetTextMetricsW(measuringDc(), &metrics);
-    return {metrics.tmAscent, metrics.tmDescent};
+    return fonts_.metrics(font, dpi, measuringDc());
 }
 
 PixelSize SystemAppearance::measure(TextView text, const FontDescription& font, Dpi dpi) {
+    const int32_t height = metrics(font, dpi).height();
     const SharedGdiFont used = fonts_.get(font, dpi);
     const Selection selection(measuringDc(), used.get());
     constexpr size_t longest = 8192;  // what the system measures in one call
     SIZE size{};
     const auto wide = asWide(text).substr(0, longest);
     GetTextExtentPoint32W(measuringDc(), wide.data(), static_cast<int>(wide.size()), &size);
-    TEXTMETRICW metrics{};
-    GetTextMetricsW(measuringDc(), &metrics);
-    return {size.cx, metrics.tmHeight};
+    return {size.cx, height};
 }
 
 FontDescription SystemAppearance::dialogFont() {

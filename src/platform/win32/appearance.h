@@ -4,6 +4,8 @@
 #include "platform/win32/fonts.h"
 #include "widgets/platform.h"
 
+#include <optional>
+
 namespace obk::win32 {
 
 class SystemAppearance final : public Appearance {
@@ -23,6 +25,7 @@ private:
 
     FontCache& fonts_;
     UniqueMemoryDc measuringDc_;
+    std::optional<Dpi> systemDpi_;  // the same while the process lasts, and asked for with every place
 };
 
 }  // namespace obk::win32

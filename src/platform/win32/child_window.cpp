@@ -48,19 +48,22 @@ void ChildWindow::place() {
     const HWND window = hwnd();
     if (!window) return;
     const PixelRect shown = bounds_.intersected(clip_);
-    const RECT area = toRect(bounds_);
-    SetWindowPos(window, nullptr, area.left, area.top, std::max(0L, area.right - area.left),
-                 std::max(0L, area.bottom - area.top), SWP_NOZORDER | SWP_NOACTIVATE);
+    const bool wasShown = shows();
     const bool clipped = !shown.empty() && shown != bounds_;
     if (clipped) {
         const PixelRect inside = shown.moved(-bounds_.left, -bounds_.top);
         UniqueRegion region(CreateRectRgn(inside.left, inside.top, inside.right, inside.bottom));
         // The system owns the region from then on.
-        if (SetWindowRgn(window, region.get(), TRUE)) static_cast<void>(region.release());
+        if (SetWindowRgn(window, region.get(), wasShown)) static_cast<void>(region.release());
     } else if (clipped_) {
-        SetWindowRgn(window, nullptr, TRUE);
+        SetWindowRgn(window, nullptr, wasShown);
     }
     clipped_ = clipped;
+    const RECT area = toRect(bounds_);
+    // What comes into sight does so together with its place.
+    const UINT showing = visible_ && !shown.empty() && !wasShown ? SWP_SHOWWINDOW : 0;
+    SetWindowPos(window, nullptr, area.left, area.top, std::max(0L, area.right - area.left),
+                 std::max(0L, area.bottom - area.top), SWP_NOZORDER | SWP_NOACTIVATE | showing);
     showOrHide();
 }
 

@@ -30,14 +30,14 @@ void tellIfUnknown(const LOGFONTW& font) {
 
 }  // namespace
 
-SharedGdiFont FontCache::get(const FontDescription& font, Dpi dpi) {
+FontCache::Entry* FontCache::find(const FontDescription& font, Dpi dpi) {
     constexpr size_t capacity = 24;
     const auto found = std::find_if(entries_.begin(), entries_.end(), [&](const Entry& entry) {
         return entry.dpi == dpi && entry.description == font;
     });
     if (found != entries_.end()) {
         std::rotate(found, found + 1, entries_.end());
-        return entries_.back().font;
+        return &entries_.back();
     }
     const LOGFONTW wanted = toLogFont(font, dpi);
     const HFONT created = CreateFontIndirectW(&wanted);
@@ -45,8 +45,24 @@ SharedGdiFont FontCache::get(const FontDescription& font, Dpi dpi) {
     if (undoneIsObserved()) tellIfUnknown(wanted);
     SharedGdiFont shared(created, GdiObjectDeleter{});
     if (entries_.size() == capacity) entries_.erase(entries_.begin());
-    entries_.push_back({font, dpi, shared});
-    return shared;
+    entries_.push_back({font, dpi, shared, std::nullopt});
+    return &entries_.back();
+}
+
+SharedGdiFont FontCache::get(const FontDescription& font, Dpi dpi) {
+    const Entry* entry = find(font, dpi);
+    return entry ? entry->font : nullptr;
+}
+
+FontMetrics FontCache::metrics(const FontDescription& font, Dpi dpi, HDC dc) {
+    Entry* entry = find(font, dpi);
+    if (entry && entry->metrics) return *entry->metrics;
+    const Selection selection(dc, entry ? entry->font.get() : nullptr);
+    TEXTMETRICW measured{};
+    GetTextMetricsW(dc, &measured);
+    const FontMetrics result{measured.tmAscent, measured.tmDescent};
+    if (entry) entry->metrics = result;
+    return result;
 }
 
 LOGFONTW toLogFont(const FontDescription& font, Dpi dpi) {

@@ -76,7 +76,7 @@ std::shared_ptr<SurfaceWindow> SurfaceWindow::create(const std::shared_ptr<Envir
     const RECT bounds = toRect(placement.bounds);
     // A panel above its owner belongs to the owner's top-level window, whatever child is named here.
     const HWND window = CreateWindowExW(
-        extended, className, L"", child ? childStyle : popupStyle, bounds.left, bounds.top,
+        extended, className, L"", child ? childStyle | WS_VISIBLE : popupStyle, bounds.left, bounds.top,
         std::max(0L, bounds.right - bounds.left), std::max(0L, bounds.bottom - bounds.top),
         placement.kind == Kind::parked ? nullptr : parent, nullptr, environment->module(), nullptr);
     if (!window) return nullptr;
