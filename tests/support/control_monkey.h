@@ -1,6 +1,7 @@
 // A person and a host who do with a control whatever the dice say.
 #pragma once
 
+#include "base/scoped_value.h"
 #include "framework/control.h"
 #include "framework/control_table.h"
 #include "framework/member_call.h"
@@ -103,25 +104,22 @@ public:
     }
     // Any member of the table, as hosts call it.
     void callMember() {
-        const auto held = control_;
         const auto& members = table_.members;
         if (members.empty()) return;
         const Member& member = members[static_cast<size_t>(below(static_cast<int32_t>(members.size())))];
-        Value result;
-        if (member.kind == MemberKind::property) {
-            if (member.put) putProperty(*held, member, argument(member.type));
-            if (member.get &&
-                (getProperty(*held, member, result) != CallStatus::done || typeOf(result) != member.type))
-                broken_ = "properties have their declared types";
-            return;
-        }
         std::vector<Value> arguments;
         for (const Parameter& parameter : member.parameters) arguments.push_back(argument(parameter.type));
+        if (member.put) arguments = {argument(member.type)};
         // There is no time for grids as large as hosts may ask for.
         if (member.name == u"RowsSet" || member.name == u"ColsSet")
             arguments[0] = std::min(toLong(arguments[0]).value_or(0), 60);
-        if (callMethod(*held, member, arguments, result) == CallStatus::done && typeOf(result) != member.type)
-            broken_ = "results have their declared types";
+        call(member, arguments);
+    }
+    // The call that is under way, once more. Whether there is one.
+    bool callAgain() {
+        if (!calling_) return false;
+        call(*calling_, arguments_);
+        return true;
     }
 
     // What does not hold though it must; null when all does.
@@ -254,6 +252,21 @@ protected:
 private:
     static constexpr int32_t deepest = 3;
 
+    void call(const Member& member, std::vector<Value> arguments) {
+        const auto held = control_;
+        const ScopedValue calling(calling_, &member);
+        arguments_ = arguments;
+        Value result;
+        if (member.kind == MemberKind::property) {
+            if (member.put) putProperty(*held, member, arguments[0]);
+            if (member.get &&
+                (getProperty(*held, member, result) != CallStatus::done || typeOf(result) != member.type))
+                broken_ = "properties have their declared types";
+        } else if (callMethod(*held, member, arguments, result) == CallStatus::done &&
+                   typeOf(result) != member.type) {
+            broken_ = "results have their declared types";
+        }
+    }
     Text text() {
         return Text(one<TextView>({u"", u"oak", u"12", u"a", u"Mon 2 Feb 2026", u"9:30 am", u"a\tb\tc\td",
                                    u"two\r\nlines", u"1\t2\r\n3\t4\r\n", u"\"q\"\t\"\r\n\"\"\""}));
@@ -307,6 +320,8 @@ private:
 
     const ControlTable& table_;
     Dice dice_;
+    const Member* calling_ = nullptr;
+    std::vector<Value> arguments_;
     PixelPoint at_;
     int32_t depth_ = 0;
     bool designs_ = false;
