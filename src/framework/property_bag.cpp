@@ -78,7 +78,7 @@ void Writer::value(const Value& value) {
     std::visit(
         [this](const auto& held) {
             using T = std::decay_t<decltype(held)>;
-            if constexpr (std::is_same_v<T, std::monostate>) {
+            if constexpr (std::is_same_v<T, NoValue>) {
             } else if constexpr (std::is_same_v<T, bool>) {
                 number(static_cast<uint8_t>(held));
             } else if constexpr (std::is_integral_v<T>) {

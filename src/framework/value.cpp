@@ -11,6 +11,8 @@
 
 namespace obk {
 
+NoValue::NoValue(const NoValue&) noexcept = default;
+
 namespace {
 
 template <typename T>
@@ -21,7 +23,7 @@ constexpr bool isNumber = std::is_same_v<T, uint8_t> || std::is_same_v<T, int16_
 template <typename Ref>
 std::optional<Ref> toReference(const Value& value) {
     if (const auto* held = std::get_if<Ref>(&value)) return *held;
-    return std::holds_alternative<std::monostate>(value) ? std::optional<Ref>(Ref()) : std::nullopt;
+    return std::holds_alternative<NoValue>(value) ? std::optional<Ref>(Ref()) : std::nullopt;
 }
 
 constexpr bool isDigit(char16_t unit) {
@@ -190,7 +192,7 @@ std::optional<double> toDouble(const Value& value) {
     return std::visit(
         [](const auto& held) -> std::optional<double> {
             using T = std::decay_t<decltype(held)>;
-            if constexpr (std::is_same_v<T, std::monostate>)
+            if constexpr (std::is_same_v<T, NoValue>)
                 return 0.0;
             else if constexpr (std::is_same_v<T, bool>)
                 return held ? -1.0 : 0.0;
@@ -274,7 +276,7 @@ std::optional<Text> toText(const Value& value) {
     return std::visit(
         [](const auto& held) -> std::optional<Text> {
             using T = std::decay_t<decltype(held)>;
-            if constexpr (std::is_same_v<T, std::monostate>)
+            if constexpr (std::is_same_v<T, NoValue>)
                 return Text();
             else if constexpr (std::is_same_v<T, Text>)
                 return held;

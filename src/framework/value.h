@@ -29,9 +29,20 @@ enum class ValueType : uint8_t {
     object,  // handed through
 };
 
+// No value. It is not trivial to copy: where every alternative is, or is of the standard library, libstdc++
+// 12 takes a variant for one that always has a value, and destroys a copy that could not be made for want of
+// memory.
+struct NoValue {
+    NoValue() = default;
+    NoValue(const NoValue&) noexcept;
+    NoValue& operator=(const NoValue&) = default;
+    ~NoValue() = default;
+    friend bool operator==(const NoValue&, const NoValue&) { return true; }
+};
+
 // The alternatives stand in the order of ValueType.
-using Value = std::variant<std::monostate, bool, uint8_t, int16_t, int32_t, float, double, Text, OleColour,
-                           FontRef, PictureRef, ObjectRef>;
+using Value = std::variant<NoValue, bool, uint8_t, int16_t, int32_t, float, double, Text, OleColour, FontRef,
+                           PictureRef, ObjectRef>;
 
 inline ValueType typeOf(const Value& value) {
     return static_cast<ValueType>(value.index());

@@ -101,11 +101,11 @@ HRESULT fromObject(IUnknown* object, ValueType wanted, int depth, Value& value) 
 HRESULT fromPlain(const VARIANT& plain, ValueType wanted, int depth, Value& value) {
     switch (V_VT(&plain)) {
         case VT_EMPTY:
-            value = std::monostate();
+            value = NoValue();
             break;
         case VT_ERROR:
             if (V_ERROR(&plain) != DISP_E_PARAMNOTFOUND) return DISP_E_TYPEMISMATCH;
-            value = std::monostate();
+            value = NoValue();
             return S_OK;  // left out stays distinct from an empty value that was given
         case VT_BOOL:
             value = V_BOOL(&plain) != VARIANT_FALSE;
