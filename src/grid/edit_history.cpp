@@ -47,6 +47,11 @@ void EditHistory::forgetUnknown(uint32_t changes) {
 void EditHistory::did(Step step) {
     revision_ = grid_.revision();
     if (step.empty()) return;
+    // Without this one the others are about another grid.
+    if (!attempt([&] { keep(std::move(step)); })) forgetAll();
+}
+
+void EditHistory::keep(Step step) {
     undone_.clear();
     if (together_ == Joined::all && !done_.empty()) {
         Step& joined = done_.back();
@@ -66,7 +71,9 @@ EditHistory::RowEdit EditHistory::rowNow(RowEdit::Kind kind, int32_t row) const 
 void EditHistory::rowInserted(int32_t row, ChangedBy by) {
     forgetUnknown(1);
     if (by == ChangedBy::host) return follow({row, true});
-    attempt([&] { did({{{RowEdit::Kind::inserted, row, 0, {}, {}}}, {}}); });
+    Step step;
+    if (!attempt([&] { step.rows.push_back({RowEdit::Kind::inserted, row, 0, {}, {}}); })) return forgetAll();
+    did(std::move(step));
 }
 
 void EditHistory::rowRemoved(RowEdit row, ChangedBy by) {
@@ -74,8 +81,8 @@ void EditHistory::rowRemoved(RowEdit row, ChangedBy by) {
     forgetUnknown(row.kind == RowEdit::Kind::removed ? 1 : grid_.revision() - revision_);
     if (by == ChangedBy::host) return follow({row.row, false});
     Step step;
-    attempt([&] { step.rows.push_back(std::move(row)); });
-    attempt([&] { did(std::move(step)); });
+    if (!attempt([&] { step.rows.push_back(std::move(row)); })) return forgetAll();
+    did(std::move(step));
 }
 
 // The newest steps are next to the grid as it is, on either side of it.

@@ -42,7 +42,7 @@ public:
 
     // Before a person changes anything.
     void begin() { forgetUnknown(0); }
-    // Once the grid has changed.
+    // Once the grid has changed. Where memory has no room for the step, all others are forgotten, too.
     void did(Step step);
     // Before a row goes or is emptied.
     RowEdit rowNow(RowEdit::Kind kind, int32_t row) const;
@@ -84,6 +84,7 @@ private:
     bool known() const { return grid_.revision() == revision_; }
     void forgetUnknown(uint32_t changes);
     void forgetAll();
+    void keep(Step step);
     void follow(RowMove change);
     // Whether the row is known on the far side of the step.
     static bool follow(RowMove& move, Step& step, bool done);

@@ -142,7 +142,9 @@ void GridEdit::removeRow(int32_t rowno, ChangedBy by) {
     BoxHide();
     const bool only = flexGRID.Rows() == 1;
     EditHistory::RowEdit gone{only ? Kind::emptied : Kind::removed, rowno, 0, {}, {}};
-    if (by == ChangedBy::person) attempt([&] { gone = editing_.history().rowNow(gone.kind, rowno); });
+    // A row that cannot be remembered is gone for good, as one that a host removes.
+    if (by == ChangedBy::person && !attempt([&] { gone = editing_.history().rowNow(gone.kind, rowno); }))
+        by = ChangedBy::host;
     if (only) {
         flexGRID.Clear();
         GridReset();

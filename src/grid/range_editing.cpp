@@ -63,7 +63,7 @@ bool RangeEditing::change(const std::function<void(Writer&)>& work) {
         step = std::move(writer.step);
         written = writer.written();
     });
-    attempt([&] { history_.did(std::move(step)); });
+    history_.did(std::move(step));
     return written;
 }
 

@@ -1,5 +1,7 @@
 #include "grid/edit_history.h"
 
+#include "support/failing_memory.h"
+
 #include <gtest/gtest.h>
 
 #include <map>
@@ -174,6 +176,51 @@ TEST(EditHistory, WhatIsNotFollowedIsForgotten) {
     size_t taken = 0;
     while (history.undo()) ++taken;
     EXPECT_EQ(taken, EditHistory::mostSteps);
+}
+
+TEST(EditHistory, AStepThatMemoryHasNoRoomForIsNotTakenForAnother) {
+    using Keeps = std::function<void(NamedRows&, EditHistory&)>;
+    const std::pair<const char*, Keeps> steps[] = {
+        {"a row comes",
+         [](NamedRows& grid, EditHistory& history) {
+             grid.AddItem(u"new", 0);
+             test::FailingMemory memory(0);
+             history.rowInserted(0, ChangedBy::person);
+         }},
+        {"a row goes",
+         [](NamedRows& grid, EditHistory& history) {
+             auto gone = history.rowNow(Kind::removed, 0);
+             grid.RemoveItem(0);
+             test::FailingMemory memory(0);
+             history.rowRemoved(std::move(gone), ChangedBy::person);
+         }},
+        {"a step is done that brings a row",
+         [](NamedRows& grid, EditHistory& history) {
+             history.begin();
+             Step step{{{Kind::inserted, 0, 0, {}, {}}}, {}};
+             grid.AddItem(u"new", 0);
+             test::FailingMemory memory(0);
+             history.did(std::move(step));
+         }},
+    };
+    for (int round = 0; round < 24; ++round) {
+        const auto& [name, keeps] = steps[round % std::size(steps)];
+        SCOPED_TRACE(name);
+        NamedRows grid;
+        EditHistory history(grid);
+        for (const char16_t* row : {u"a", u"b", u"c", u"d"}) grid.AddItem(row, grid.Rows());
+        // Now and then so many that there is no room for the next one.
+        for (int time = 0; time < 60 + round; ++time) {
+            history.begin();
+            grid.setText({2, 1}, decimalText(time + 1));
+            history.did({{}, {{{2, 1}, decimalText(time)}}});
+        }
+        keeps(grid, history);
+        while (history.undo()) continue;
+        for (int32_t row = 0; row < grid.Rows(); ++row) {
+            if (grid.name(row) != u"c") EXPECT_EQ(grid.text(row), u"") << toUtf8(grid.name(row));
+        }
+    }
 }
 
 }  // namespace

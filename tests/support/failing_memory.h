@@ -8,10 +8,11 @@
 namespace obk::test {
 
 // While it lives, the allocation numbered `failing` (from 0) on this thread throws std::bad_alloc, and so do
-// all after it. Statements that are skipped for that are announced.
+// all after it unless there is memory again. Statements that are skipped for that are announced.
 class FailingMemory {
 public:
-    explicit FailingMemory(uint64_t failing);
+    enum class Ends { forGood, once };
+    explicit FailingMemory(uint64_t failing, Ends ends = Ends::forGood);
     FailingMemory(const FailingMemory&) = delete;
     FailingMemory& operator=(const FailingMemory&) = delete;
     ~FailingMemory();

@@ -8,12 +8,14 @@ namespace {
 
 thread_local bool limited = false;
 thread_local bool ended = false;
+thread_local bool once = false;
 thread_local uint64_t left = 0;
 
 void* allocated(std::size_t size) {
     if (limited) {
         if (left == 0) {
             ended = true;
+            limited = !once;
             throw std::bad_alloc();
         }
         --left;
@@ -45,7 +47,8 @@ void operator delete[](void* memory, std::size_t) noexcept {
 
 namespace obk::test {
 
-FailingMemory::FailingMemory(uint64_t failing) {
+FailingMemory::FailingMemory(uint64_t failing, Ends ends) {
+    once = ends == Ends::once;
     left = failing;
     ended = false;
     limited = true;
