@@ -53,8 +53,8 @@ void CalendarModel::commit(TextView text) {
     standsIn_ = false;
 }
 
-void CalendarModel::write(TextView text) {
-    strTYPEDTEXT = text;
+void CalendarModel::write(Text text) {
+    strTYPEDTEXT = std::move(text);
     edited_ = false;
 }
 

@@ -18,7 +18,7 @@ public:
     void commit(TextView text);
     TextView date() const { return trimmed(strDATETEXT); }
     // What the text box was last changed to, by whatever wrote or loaded it, or by a person.
-    void write(TextView text);
+    void write(Text text);
     void type(TextView text);
     const Text& typed() const { return strTYPEDTEXT; }
     // Whether a person has changed the text since the date was committed last.

@@ -60,9 +60,9 @@ void DateCalendar::initProperties() {
 void DateCalendar::loaded() {
     if (model_.date().empty()) {
         // An empty date shows an empty field whatever was stored, and yet is stored again as it was.
-        const obk::Text stored = model_.typed();
+        obk::Text stored = model_.typed();
         attempt([&] { showText({}); });
-        attempt([&] { model_.write(stored); });
+        attempt([&] { model_.write(std::move(stored)); });
         const Date today = platform().clock().today();
         attempt([&] { model_.show(today.year() / today.month()); });
         return;
@@ -80,7 +80,7 @@ void DateCalendar::connectChildren() {
     };
     on(txtfraBORDER.changed, [this] {
         const TextView text = trimmed(txtfraBORDER.text());
-        writing_ ? model_.write(text) : model_.type(text);
+        writing_ ? model_.write(obk::Text(text)) : model_.type(text);
         announceSurface(AccessibleEvent::value);
     });
     on(txtfraBORDER.keyWentDown, [this](KeyEvent& event) { keyDown(event); });

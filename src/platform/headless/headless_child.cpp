@@ -44,7 +44,7 @@ void HeadlessChild::enable(bool enabled) {
 }
 
 void HeadlessChild::takeFocus() {
-    if (canTakeFocus()) platform_.setFocus(id());
+    if (canTakeFocus() && !platform_.refusesRequest()) platform_.setFocus(id());
 }
 
 }  // namespace obk::headless

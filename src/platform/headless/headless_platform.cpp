@@ -58,23 +58,27 @@ char16_t characterOf(int16_t code, int16_t state) {
 }  // namespace
 
 std::unique_ptr<TimerPeer> HeadlessPlatform::createTimer(KeepAlive keepAlive, std::function<void()> tick) {
+    if (refusesRequest()) return nullptr;
     return std::make_unique<HeadlessTimer>(*this, std::move(keepAlive), std::move(tick));
 }
 
 std::unique_ptr<SurfacePeer> HeadlessPlatform::createSurface(SurfaceClient& client,
                                                              const SurfacePlacement& placement) {
-    if (refusesWindows_ || (placement.kind == SurfacePlacement::Kind::control && placement.parent == 0))
+    if (refusesWindows_ || refusesRequest() ||
+        (placement.kind == SurfacePlacement::Kind::control && placement.parent == 0))
         return nullptr;
     return std::make_unique<HeadlessSurface>(*this, client, placement);
 }
 
 std::optional<Rgb> HeadlessPlatform::chooseColour(NativeWindow, const ColourQuestion& question) {
+    if (refusesRequest()) return std::nullopt;
     const ColourAnswer answer = colourAnswer_;
     return answer ? answer(question) : std::nullopt;
 }
 
 std::optional<size_t> HeadlessPlatform::chooseFromMenu(NativeWindow, std::span<const MenuItem> items,
                                                        const PixelRect& beside) {
+    if (refusesRequest()) return std::nullopt;
     ++menusOpened_;
     takeCapture(0);  // the menu has it
     const MenuAnswer answer = menuAnswer_;

@@ -41,11 +41,15 @@ public:
                                          const PixelRect& beside) override;
     bool opensMenu(const std::function<void()>& work) override;
     bool putOnClipboard(NativeWindow, TextView text) override {
+        if (refusesRequest()) return false;
         clipboard_ = text;
         return true;
     }
-    std::optional<Text> textOnClipboard(NativeWindow) override { return clipboard_; }
+    std::optional<Text> textOnClipboard(NativeWindow) override {
+        return refusesRequest() ? std::nullopt : std::optional(clipboard_);
+    }
     int32_t dragText(TextView text) override {
+        if (refusesRequest()) return drop_effect::none;
         stealCapture();
         return dragAnswer_ ? dragAnswer_(text) : 0;
     }

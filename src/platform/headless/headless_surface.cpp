@@ -85,19 +85,25 @@ void HeadlessSurface::scroll(const PixelRect& rect, int32_t x, int32_t y) {
             {moved.left, y > 0 ? moved.top : kept.bottom, moved.right, y > 0 ? kept.top : moved.bottom});
 }
 
+void HeadlessSurface::capture() {
+    if (!platform_.refusesRequest()) platform_.takeCapture(id());
+}
+
 void HeadlessSurface::releaseCapture() {
     if (platform_.capture_ == id()) platform_.capture_ = 0;
 }
 
 void HeadlessSurface::focus() {
-    if (canTakeFocus()) platform_.setFocus(id());
+    if (canTakeFocus() && !platform_.refusesRequest()) platform_.setFocus(id());
 }
 
 std::unique_ptr<TextBoxPeer> HeadlessSurface::createTextBox(TextBoxClient& client, TextFlow) {
+    if (platform_.refusesRequest()) return nullptr;
     return std::make_unique<HeadlessTextBox>(platform_, client, *this);
 }
 
 std::unique_ptr<CheckBoxPeer> HeadlessSurface::createCheckBox(CheckBoxClient& client) {
+    if (platform_.refusesRequest()) return nullptr;
     return std::make_unique<HeadlessCheckBox>(platform_, client, *this);
 }
 

@@ -25,7 +25,7 @@ public:
     void invalidate(const PixelRect& rect) override;
     void update() override;
     void scroll(const PixelRect& rect, int32_t x, int32_t y) override;
-    void capture() override { platform_.takeCapture(id()); }
+    void capture() override;
     void releaseCapture() override;
     bool hasCapture() const override { return platform_.capture() == id(); }
     void focus() override;
@@ -33,6 +33,7 @@ public:
     bool canTakeFocus() const override;
     void setCursor(Cursor cursor) override { cursor_ = cursor; }
     void setToolTip(const PixelRect&, TextView text, ToolTipShown shown) override {
+        if (platform_.refusesRequest()) return;
         toolTip_ = text;
         toolTipShown_ = shown;
     }

@@ -3,6 +3,7 @@
 
 #include "widgets/platform.h"
 
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <span>
@@ -33,11 +34,24 @@ public:
     const std::vector<bool>& waitCursors() const { return waitCursors_; }
     // The next windows are refused, as by a system without resources.
     void refuseWindows(bool refuse) { refusesWindows_ = refuse; }
+    // Of the windows, timers, tool tips, menus, choosers, drags, the capture, the focus and the clipboard
+    // that the system is asked for, it refuses one: that with this number, counted from 0.
+    void refuseRequest(uint64_t number) { requestsUntilRefusal_ = number; }
+    bool hasRefused() const { return requestsUntilRefusal_ == refused; }
+    // For the platform: counts a request, and answers whether it is refused.
+    bool refusesRequest() {
+        if (requestsUntilRefusal_ == never || requestsUntilRefusal_ == refused) return false;
+        if (requestsUntilRefusal_-- != 0) return false;
+        requestsUntilRefusal_ = refused;
+        return true;
+    }
     // Everything that child windows are asked for ends in an exception.
     void failChildWindows(bool fail) { childWindowsFail_ = fail; }
     bool childWindowsFail() const { return childWindowsFail_; }
 
 protected:
+    static constexpr uint64_t never = UINT64_MAX, refused = UINT64_MAX - 1;
+    uint64_t requestsUntilRefusal_ = never;
     ColourAnswer colourAnswer_;
     MenuAnswer menuAnswer_;
     DragAnswer dragAnswer_;
