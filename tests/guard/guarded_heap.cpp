@@ -1,0 +1,200 @@
+// A heap for the Windows builds, which have no AddressSanitizer. It takes the place of operator new in each
+// program and server that links it, and keeps apart what each of them has made:
+// - a block ends where its page ends, and the next page faults when it is touched;
+// - a block that is freed faults from then on, until the address space that is set aside has been used up;
+// - whoever frees a block has made it, as the same kind (one object or an array) and of the same size;
+// - the bytes before a block, and those between its end and the page's, are what they were.
+// Linux allows a process 65,530 mappings, of which a block of this kind takes two. What does not fit stands
+// between two marks in the system's heap: changed marks, wrong owners and most double frees are found there,
+// too.
+#include <windows.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <new>
+
+namespace {
+
+constexpr size_t pageSize = 4096;
+#ifdef _WIN64
+constexpr size_t arenaPages = size_t{1} << 24;  // 64 GiB of addresses
+#else
+constexpr size_t arenaPages = size_t{1} << 16;  // 256 MiB
+#endif
+constexpr uint32_t mostGuarded = 12000;  // blocks at a time, of each heap
+constexpr size_t alignment = __STDCPP_DEFAULT_NEW_ALIGNMENT__;
+constexpr uint8_t untouched = 0xA5, fresh = 0xCD, freed = 0xDD;
+
+enum class Kind : uint32_t { none, object, array };
+
+// Of the first page of each block; all zero for the others.
+struct Block {
+    uint32_t pages = 0;
+    Kind kind = Kind::none;
+    size_t size = 0;
+};
+
+// Before a block that has no page of its own.
+struct alignas(alignment) Mark {
+    const void* owner = nullptr;
+    size_t size = 0;
+    Kind kind = Kind::none;
+};
+constexpr size_t tail = alignment;
+
+[[noreturn]] void found(const char* what) {
+    std::fprintf(stderr, "HEAP: %s\n", what);
+    std::fflush(stderr);
+    __builtin_trap();
+}
+void check(bool holds, const char* what) {
+    if (!holds) found(what);
+}
+bool isAll(const uint8_t* from, const uint8_t* to, uint8_t value) {
+    return std::all_of(from, to, [value](uint8_t byte) { return byte == value; });
+}
+
+class GuardedHeap {
+public:
+    void* allocate(size_t size, Kind kind) {
+        AcquireSRWLockExclusive(&lock_);
+        void* block = guarded(size, kind);
+        ReleaseSRWLockExclusive(&lock_);
+        return block ? block : marked(size, kind);
+    }
+    // `size` is 0 where nobody knows it.
+    void free(void* memory, size_t size, Kind kind) {
+        if (!memory) return;
+        auto* const block = static_cast<uint8_t*>(memory);
+        if (!base_ || block < base_ || block >= base_ + arenaPages * pageSize)
+            return freeMarked(block, size, kind);
+        AcquireSRWLockExclusive(&lock_);
+        freeGuarded(block, size, kind);
+        ReleaseSRWLockExclusive(&lock_);
+    }
+
+private:
+    static size_t rounded(size_t size) {
+        return (std::max<size_t>(size, 1) + alignment - 1) / alignment * alignment;
+    }
+
+    bool ready() {
+        if (base_ || refused_) return base_;
+        blocks_ = static_cast<Block*>(
+            VirtualAlloc(nullptr, arenaPages * sizeof(Block), MEM_RESERVE | MEM_COMMIT, PAGE_READWRITE));
+        if (blocks_)
+            base_ = static_cast<uint8_t*>(
+                VirtualAlloc(nullptr, arenaPages * pageSize, MEM_RESERVE, PAGE_NOACCESS));
+        refused_ = !base_;
+        return base_;
+    }
+    // Where `pages` are free, with one after them that stays so; arenaPages for nowhere.
+    size_t place(size_t pages) {
+        for (int turn = 0; turn < 2; ++turn) {
+            for (size_t at = next_; at + pages < arenaPages;) {
+                const Block* const first = blocks_ + at;
+                const Block* const end = first + pages + 1;
+                const Block* const used =
+                    std::find_if(first, end, [](const Block& block) { return block.pages != 0; });
+                if (used == end) return at;
+                at = static_cast<size_t>(used - blocks_) + used->pages + 1;
+            }
+            next_ = 0;
+        }
+        return arenaPages;
+    }
+    void* guarded(size_t size, Kind kind) {
+        const size_t pages = (rounded(size) + pageSize - 1) / pageSize;
+        if (live_ >= mostGuarded || !ready() || pages >= arenaPages / 16) return nullptr;
+        const size_t at = place(pages);
+        if (at == arenaPages) return nullptr;
+        uint8_t* const start = base_ + at * pageSize;
+        if (!VirtualAlloc(start, pages * pageSize, MEM_COMMIT, PAGE_READWRITE)) return nullptr;
+        ++live_;
+        next_ = at + pages + 1;
+        blocks_[at] = {static_cast<uint32_t>(pages), kind, size};
+        uint8_t* const end = start + pages * pageSize;
+        uint8_t* const block = end - rounded(size);
+        std::fill(start, end, untouched);
+        std::fill(block, block + size, fresh);
+        return block;
+    }
+    void freeGuarded(uint8_t* block, size_t size, Kind kind) {
+        const size_t at = static_cast<size_t>(block - base_) / pageSize;
+        const Block known = blocks_[at];
+        check(known.pages != 0, "what is freed is no block, or was freed before");
+        uint8_t* const start = base_ + at * pageSize;
+        uint8_t* const end = start + known.pages * pageSize;
+        check(block == end - rounded(known.size), "what is freed is inside a block");
+        checkKnown(known.size, known.kind, size, kind);
+        check(isAll(start, block, untouched), "the bytes before a block were written to");
+        check(isAll(block + known.size, end, untouched), "the bytes after a block were written to");
+        blocks_[at] = {};
+        --live_;
+        check(VirtualFree(start, known.pages * pageSize, MEM_DECOMMIT),
+              "the system does not take pages back");
+    }
+    static void checkKnown(size_t knownSize, Kind knownKind, size_t size, Kind kind) {
+        check(kind == knownKind, "one object is freed as an array, or an array as one");
+        check(size == 0 || size == knownSize, "a block is freed as one of another size");
+    }
+
+    void* marked(size_t size, Kind kind) {
+        if (size > SIZE_MAX / 2) return nullptr;
+        auto* const whole = static_cast<uint8_t*>(HeapAlloc(GetProcessHeap(), 0, sizeof(Mark) + size + tail));
+        if (!whole) return nullptr;
+        new (whole) Mark{this, size, kind};
+        uint8_t* const block = whole + sizeof(Mark);
+        std::fill(block, block + size, fresh);
+        std::fill(block + size, block + size + tail, untouched);
+        return block;
+    }
+    void freeMarked(uint8_t* block, size_t size, Kind kind) {
+        auto* const mark = reinterpret_cast<Mark*>(block - sizeof(Mark));
+        const Mark known = *mark;
+        check(known.owner == this, "what is freed is another module's, no block, or was freed before");
+        checkKnown(known.size, known.kind, size, kind);
+        check(isAll(block + known.size, block + known.size + tail, untouched),
+              "the bytes after a block were written to");
+        std::fill(reinterpret_cast<uint8_t*>(mark), block + known.size, freed);
+        HeapFree(GetProcessHeap(), 0, mark);
+    }
+
+    SRWLOCK lock_ = SRWLOCK_INIT;
+    Block* blocks_ = nullptr;
+    uint8_t* base_ = nullptr;
+    size_t next_ = 0;
+    uint32_t live_ = 0;
+    bool refused_ = false;
+};
+
+// Made before anything asks for memory, and never destroyed.
+constinit GuardedHeap heap;
+
+void* allocated(size_t size, Kind kind) {
+    if (void* const block = heap.allocate(size, kind)) return block;
+    throw std::bad_alloc();
+}
+
+}  // namespace
+
+void* operator new(size_t size) {
+    return allocated(size, Kind::object);
+}
+void* operator new[](size_t size) {
+    return allocated(size, Kind::array);
+}
+void operator delete(void* block) noexcept {
+    heap.free(block, 0, Kind::object);
+}
+void operator delete[](void* block) noexcept {
+    heap.free(block, 0, Kind::array);
+}
+void operator delete(void* block, size_t size) noexcept {
+    heap.free(block, size, Kind::object);
+}
+void operator delete[](void* block, size_t size) noexcept {
+    heap.free(block, size, Kind::array);
+}
