@@ -38,9 +38,10 @@ bool Window::create(const std::wstring& title, DWORD style, DWORD extendedStyle,
         description.lpszClassName = windowClass;
         RegisterClassExW(&description);
     }
+    // A place that is up to the system leaves it the size as well.
+    const int width = pixels.left == CW_USEDEFAULT ? CW_USEDEFAULT : pixels.right - pixels.left;
     CreateWindowExW(extendedStyle, windowClass, title.c_str(), style | WS_CLIPCHILDREN, pixels.left,
-                    pixels.top, pixels.right - pixels.left, pixels.bottom - pixels.top, parent, nullptr,
-                    instance, this);
+                    pixels.top, width, pixels.bottom - pixels.top, parent, nullptr, instance, this);
     return handle_ != nullptr;
 }
 
