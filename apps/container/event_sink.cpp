@@ -77,7 +77,7 @@ HRESULT EventSink::Invoke(DISPID number, REFIID, LCID, WORD, DISPPARAMS* paramet
             handlers.push_back(handler);
     }
     for (const Handler& handler : handlers) handler(call);
-    return S_OK;
+    return call.answered();
 }
 
 void* EventSink::otherInterface(REFIID iid) {

@@ -30,11 +30,15 @@ public:
     Variant value(size_t index) const { return Variant::resolved(raw(index)); }
     // Changes an argument passed by reference; false for others.
     bool set(size_t index, const Variant& value) { return writeThrough(raw(index), value); }
+    // What the control gets for an answer, S_OK unless a handler says otherwise.
+    void answer(HRESULT result) { result_ = result; }
+    HRESULT answered() const { return result_; }
 
 private:
     DISPID number_;
     const std::wstring& name_;
     DISPPARAMS& parameters_;
+    HRESULT result_ = S_OK;
 };
 
 struct EventRecord {

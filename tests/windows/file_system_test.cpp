@@ -1,5 +1,7 @@
 #include "platform/win32/file_system.h"
 
+#include "refused_import.h"
+
 #include <windows.h>
 
 #include <gtest/gtest.h>
@@ -113,6 +115,68 @@ TEST_F(SystemFilesTest, ADeviceIsWrittenInPlace) {
     ASSERT_TRUE(file);
     EXPECT_TRUE(file->write("swallowed"));
     EXPECT_TRUE(file->commit());
+}
+
+// Each call of the system fails once in turn, as on a full disk or a network that goes away.
+TEST_F(SystemFilesTest, AnOperationThatFailsLeavesTheOldFileOrTheNewOne) {
+    using testing_support::refusable;
+    const std::pair<testing_support::Refusable, int> operations[] = {
+        {refusable<struct Open>("CreateFileW", CreateFileW, INVALID_HANDLE_VALUE), 2},
+        {refusable<struct Write>("WriteFile", WriteFile, FALSE), 2},
+        {refusable<struct Flush>("FlushFileBuffers", FlushFileBuffers, FALSE), 1},
+        {refusable<struct Replace>("ReplaceFileW", ReplaceFileW, FALSE), 1},
+        {refusable<struct Path>("GetFinalPathNameByHandleW", GetFinalPathNameByHandleW, DWORD{}), 2},
+        {refusable<struct Move>("MoveFileExW", MoveFileExW, FALSE), 0},
+        {refusable<struct Copy>("CopyFileW", CopyFileW, FALSE), 0},
+    };
+    for (const auto& [operation, least] : operations) {
+        int refusals = 0;
+        for (unsigned long number = 0;; ++number) {
+            SCOPED_TRACE(std::string(operation.name) + " " + std::to_string(number));
+            ASSERT_TRUE(write(L"a.txt", "old"));
+            bool saved = false, refused = false;
+            {
+                const testing_support::RefusedImport import(GetModuleHandleW(nullptr), operation);
+                ASSERT_TRUE(import.found());
+                testing_support::callNumber = 0;
+                testing_support::refusedCall = number;
+                {
+                    const auto file = files.openForWriting(path(L"a.txt"));
+                    saved = file && file->write("new, ") && file->write("whole") && file->commit();
+                }
+                refused = testing_support::callNumber > number;
+            }
+            EXPECT_EQ(bytes(L"a.txt"), saved ? "new, whole" : "old");
+            EXPECT_EQ(names(), std::vector<std::wstring>{L"a.txt"});
+            if (!refused) break;
+            ++refusals;
+        }
+        EXPECT_GE(refusals, least) << operation.name;
+    }
+}
+
+TEST_F(SystemFilesTest, TwoSavesAtOnceLeaveOneOfThem) {
+    ASSERT_TRUE(write(L"a.txt", "old"));
+    {
+        const auto first = files.openForWriting(path(L"a.txt"));
+        const auto second = files.openForWriting(path(L"a.txt"));
+        ASSERT_TRUE(first && first->write("first"));
+        const bool both = second && second->write("second");
+        EXPECT_TRUE(first->commit());
+        EXPECT_EQ(bytes(L"a.txt"), "first");
+        const bool replaced = both && second->commit();
+        EXPECT_EQ(bytes(L"a.txt"), replaced ? "second" : "first");
+    }
+    EXPECT_EQ(names(), std::vector<std::wstring>{L"a.txt"});
+}
+
+TEST_F(SystemFilesTest, PathsThatNoFileCanHaveAreRefused) {
+    const Text folder = path(L"");
+    for (const Text& name : {Text(32'000, u'x'), Text(300, u'y'), Text(u"a<b"), Text(u"*")}) {
+        EXPECT_FALSE(files.openForWriting(folder + name));
+        EXPECT_FALSE(files.openForReading(folder + name));
+    }
+    EXPECT_EQ(names().size(), 0u);
 }
 
 TEST_F(SystemFilesTest, EveryByteOfTheCodePageComesBack) {

@@ -691,6 +691,12 @@ TEST_F(GridEditing, DatesAndNumbersAreTypedAsTheUsersSystemWritesThem) {
     EXPECT_EQ(typed(numberCol, L"2.5-"), L"-2.5");
     const UserSetting american(LOCALE_SSHORTDATE, L"M/d/yyyy");
     EXPECT_EQ(typed(dateCol, L"2.3.2026"), L"Tue 3 Feb 2026");
+    // Another calendar and other digits, which the system shows and no cell holds.
+    const UserSetting thai(LOCALE_ICALENDARTYPE, L"7"), arabic(LOCALE_IDIGITSUBSTITUTION, L"2");
+    const UserSetting digits(LOCALE_SNATIVEDIGITS,
+                             L"\x0660\x0661\x0662\x0663\x0664\x0665\x0666\x0667\x0668\x0669");
+    EXPECT_EQ(typed(dateCol, L"2.3.2026"), L"Tue 3 Feb 2026");
+    EXPECT_EQ(typed(numberCol, L"1,5"), L"1.5");
 }
 
 TEST(GridEditScript, AFileIsSavedAndLoadedWithoutAWindow) {

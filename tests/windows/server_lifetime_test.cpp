@@ -38,6 +38,22 @@ TEST(ServerLifetime, TheServerMayBeUnloadedExactlyWhenNothingOfItIsInUse) {
     EXPECT_TRUE(server.canUnload());
 }
 
+// Loaded for a control of each class, unloaded by whoever loaded it, and gone from memory each time, unless
+// the system still keeps it for a test before.
+TEST(ServerLifetime, TheServerComesAndGoes) {
+    const auto names = serverClasses();
+    CoFreeUnusedLibrariesEx(0, 0);
+    const bool kept = GetModuleHandleW(L"OBKCTRLS.ocx") != nullptr;
+    expectNothingIsLeft([&] {
+        {
+            const LoadedServer server;
+            for (const std::wstring& name : names) EXPECT_TRUE(server.create(name));
+            EXPECT_TRUE(server.canUnload());
+        }
+        EXPECT_EQ(GetModuleHandleW(L"OBKCTRLS.ocx") != nullptr, kept);
+    });
+}
+
 TEST(ServerLifetime, AConnectionPointKeepsItsControl) {
     LoadedServer server;
     auto control = server.create(L"UpDownTextBox");
