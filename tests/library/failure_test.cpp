@@ -7,6 +7,7 @@
 #include "platform/headless/headless_platform.h"
 #include "platform/headless/headless_surface.h"
 #include "support/failing_memory.h"
+#include "support/from_environment.h"
 #include "support/sample_values.h"
 #include "updown/up_down_text_box.h"
 
@@ -299,6 +300,19 @@ TEST_P(FailureTest, AnAllocationThatFailsOnceHarmsNothing) {
 
 TEST_P(FailureTest, ARequestThatTheSystemRefusesOnceHarmsNothing) {
     failEach<OneRequest>();
+}
+
+// OBK_LIVES says how often.
+TEST_P(FailureTest, ALifeLeavesNothing) {
+    const auto live = [] {
+        Life life(*GetParam());
+        for (const Step& step : steps) (life.*step.work)();
+        EXPECT_EQ(life.end(), nullptr);
+    };
+    live();
+    const int64_t before = liveAllocations();
+    for (int32_t left = fromEnvironment("OBK_LIVES", 20); left > 0; --left) live();
+    EXPECT_EQ(liveAllocations(), before);
 }
 
 }  // namespace

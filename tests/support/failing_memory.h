@@ -35,6 +35,9 @@ private:
     bool limited_;
 };
 
+// How many allocations of this program are alive.
+int64_t liveAllocations();
+
 // Runs `statement` with memory that ends at its first allocation, then at its second and so on, until it runs
 // through; `check` sees the state after each failure. Answers how often it failed.
 template <typename Statement, typename Check>

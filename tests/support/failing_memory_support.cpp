@@ -1,5 +1,6 @@
 #include "support/failing_memory.h"
 
+#include <atomic>
 #include <cstdlib>
 #include <new>
 #include <utility>
@@ -10,6 +11,7 @@ thread_local bool limited = false;
 thread_local bool ended = false;
 thread_local bool once = false;
 thread_local uint64_t left = 0;
+std::atomic<int64_t> alive{0};
 
 void* allocated(std::size_t size) {
     if (limited) {
@@ -20,8 +22,14 @@ void* allocated(std::size_t size) {
         }
         --left;
     }
-    if (void* memory = std::malloc(size == 0 ? 1 : size)) return memory;
-    throw std::bad_alloc();
+    void* const memory = std::malloc(size == 0 ? 1 : size);
+    if (!memory) throw std::bad_alloc();
+    alive.fetch_add(1, std::memory_order_relaxed);
+    return memory;
+}
+void release(void* memory) noexcept {
+    if (memory) alive.fetch_sub(1, std::memory_order_relaxed);
+    std::free(memory);
 }
 
 }  // namespace
@@ -33,19 +41,23 @@ void* operator new[](std::size_t size) {
     return allocated(size);
 }
 void operator delete(void* memory) noexcept {
-    std::free(memory);
+    release(memory);
 }
 void operator delete[](void* memory) noexcept {
-    std::free(memory);
+    release(memory);
 }
 void operator delete(void* memory, std::size_t) noexcept {
-    std::free(memory);
+    release(memory);
 }
 void operator delete[](void* memory, std::size_t) noexcept {
-    std::free(memory);
+    release(memory);
 }
 
 namespace obk::test {
+
+int64_t liveAllocations() {
+    return alive;
+}
 
 FailingMemory::FailingMemory(uint64_t failing, Ends ends) {
     once = ends == Ends::once;
