@@ -47,6 +47,7 @@ count_tests() {
         tr -d '\r' <"$log" | grep -vE '\[(       OK | RUN      |----------)\]' | tail -n 120 |
             case $leg in
                 windows-*) "$root/scripts/where.sh" "${leg#windows-}" ;;
+                guarded-*) "$root/scripts/where.sh" "${leg#guarded-}" "$root/build/windows-${leg#guarded-}-guarded" ;;
                 *) cat ;;
             esac
         say "---"
@@ -58,7 +59,7 @@ run_tests() {
     local leg=$1 seconds=$2 start=$SECONDS status=0 report=$logs/$1.xml
     shift 2
     rm -f "$report"
-    case $leg in windows-*) report=$(windows_path "$report") ;; esac
+    case $leg in windows-* | guarded-*) report=$(windows_path "$report") ;; esac
     timeout -k 10 "$seconds" "$@" --gtest_color=no --gtest_filter="$filter" --gtest_output="xml:$report" \
         >"$logs/$leg.log" 2>&1 || status=$?
     count_tests "$leg" "$logs/$leg.log" "$status" "$((SECONDS - start))"
@@ -68,6 +69,14 @@ run_windows_tests() {
     local architecture=$1
     run_tests "windows-$architecture" 1820 "$root/scripts/wine.sh" "$architecture" 1800 \
         "$root/build/windows-$architecture/tests/windows/obk_window_tests.exe"
+}
+
+# On the guarded heap: what runs through most of the server and the platform in little time. The whole of it by hand.
+run_guarded_tests() {
+    local filter=$filter
+    [ "$filter" != '*' ] || filter='GuardedHeap*:EveryControlWindow*:*HostInEvents*:*Refusals*:Server*:SystemFiles*:GridEditing*'
+    run_tests guarded-x64 1220 "$root/scripts/wine.sh" x64 1200 \
+        "$root/build/windows-x64-guarded/tests/windows/obk_window_tests.exe"
 }
 
 # The release, as it is handed out. Its builds find nothing to do.
@@ -132,7 +141,7 @@ build() {
     fi
 }
 
-legs="native windows-x64 windows-x86 package fuzz"
+legs="native windows-x64 windows-x86 guarded-x64 package fuzz"
 root_for_x86=
 if reason=$("$root/scripts/i386_root.sh" possible); then
     "$root/scripts/i386_root.sh" make >"$logs/i386-root.log" 2>&1 &
@@ -160,6 +169,9 @@ elif ! wait "$root_for_x86"; then
     note windows-x86 0 1 0 "the 32-bit root could not be made: $logs/i386-root.log"
 elif build windows-x86 windows-x86 products obk_window_tests; then
     in_background windows-x86 run_windows_tests x86
+fi
+if build guarded-x64 windows-x64-guarded products obk_window_tests; then
+    in_background guarded-x64 run_guarded_tests
 fi
 if build package windows-x64 products && build package windows-x86 products; then
     in_background package run_release_tests
