@@ -9,20 +9,16 @@
 
 namespace obk::container {
 
-namespace {
-
-ComPtr<IDispatch> messageFont() {
+ComPtr<IDispatch> messageFont(int percent) {
     const int dpi = systemDpi();
     const LOGFONTW logical = messageLogFont(dpi);
     StoredFont font;
     font.name = logical.lfFaceName;
-    font.size = std::abs(logical.lfHeight) * 72.0 / dpi;
+    font.size = std::abs(logical.lfHeight) * 72.0 * percent / 100 / dpi;
     font.weight = static_cast<short>(logical.lfWeight);
     font.characterSet = logical.lfCharSet;
     return makeFont(font);
 }
-
-}  // namespace
 
 AmbientProperties::AmbientProperties() {
     constexpr auto systemColour = [](int index) {
@@ -30,7 +26,7 @@ AmbientProperties::AmbientProperties() {
     };
     set(DISPID_AMBIENT_BACKCOLOR, systemColour(COLOR_BTNFACE));
     set(DISPID_AMBIENT_FORECOLOR, systemColour(COLOR_BTNTEXT));
-    set(DISPID_AMBIENT_FONT, messageFont().get());
+    set(DISPID_AMBIENT_FONT, messageFont(100).get());
     set(DISPID_AMBIENT_DISPLAYNAME, L"");
     set(DISPID_AMBIENT_LOCALEID, static_cast<long>(GetUserDefaultLCID()));
     set(DISPID_AMBIENT_MESSAGEREFLECT, false);

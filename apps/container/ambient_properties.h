@@ -12,6 +12,9 @@
 
 namespace obk::container {
 
+// The system's message font, in a part of its size.
+ComPtr<IDispatch> messageFont(int percent);
+
 // Values by their DISPID_AMBIENT_* number. Starts with what a form of ordinary colours in run mode
 // offers; the font is the system's message font.
 class AmbientProperties {

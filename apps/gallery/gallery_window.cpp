@@ -1,9 +1,13 @@
 #include "gallery_window.h"
 
+#include <commctrl.h>
 #include <commdlg.h>
 
 #include <algorithm>
+#include <cstring>
 
+#include "arrangement.h"
+#include "code_text.h"
 #include "container/text.h"
 #include "container/window_metrics.h"
 #include "page_catalog.h"
@@ -48,10 +52,26 @@ std::wstring openFileName(HWND owner, bool save) {
     return chosen ? path : L"";
 }
 
+bool putOnClipboard(HWND owner, const std::wstring& text) {
+    if (!OpenClipboard(owner)) return false;
+    EmptyClipboard();
+    const size_t bytes = (text.size() + 1) * sizeof(wchar_t);
+    const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, bytes);
+    void* const place = memory ? GlobalLock(memory) : nullptr;
+    if (place) {
+        std::memcpy(place, text.c_str(), bytes);
+        GlobalUnlock(memory);
+    }
+    const bool taken = place && SetClipboardData(CF_UNICODETEXT, memory);
+    if (memory && !taken) GlobalFree(memory);
+    CloseClipboard();
+    return taken;
+}
+
 }  // namespace
 
 GalleryWindow::GalleryWindow(Theme& theme, const container::ServerContext& server)
-    : Window(theme), mutableTheme_(theme), server_(server) {}
+    : Window(theme), mutableTheme_(theme), server_(server), index_(server) {}
 
 GalleryWindow::~GalleryWindow() {
     if (scene_) {
@@ -73,6 +93,13 @@ bool GalleryWindow::open(int show) {
     properties_->onNote = [this](const std::wstring& control, const std::wstring& text) {
         events_->note(control, text);
     };
+    found_ = std::make_unique<FoundList>(theme(), handle());
+    found_->onChoose = [this](const FoundList::Row& row) { showFound(row); };
+    found_->onLeave = [this] { SetFocus(searchField_); };
+    searchField_ = addChild(L"EDIT", L"", ES_AUTOHSCROLL | WS_TABSTOP | WS_BORDER);
+    SendMessageW(searchField_, EM_SETCUEBANNER, TRUE, reinterpret_cast<LPARAM>(L"Search (Ctrl+F)"));
+    codeButton_ = addChild(L"BUTTON", L"Copy code\x2026", BS_PUSHBUTTON | WS_TABSTOP);
+    viewButton_ = addChild(L"BUTTON", L"View\x2026", BS_PUSHBUTTON | WS_TABSTOP);
     saveButton_ = addChild(L"BUTTON", L"Save\x2026", BS_PUSHBUTTON | WS_TABSTOP);
     loadButton_ = addChild(L"BUTTON", L"Load\x2026", BS_PUSHBUTTON | WS_TABSTOP);
     loop_.onMessage = [this](MSG& message) { return handleKey(message); };
@@ -102,6 +129,13 @@ int GalleryWindow::pageCount() const {
 void GalleryWindow::showPage(int page) {
     if (page == page_ || page < 0 || page >= pageCount()) return;
     page_ = page;
+    buildScene();
+    if (pageList_->selection() != page)
+        SendMessageW(pageList_->handle(), LB_SETCURSEL, static_cast<WPARAM>(page), 0);
+    InvalidateRect(handle(), nullptr, FALSE);
+}
+
+void GalleryWindow::buildScene() {
     properties_->setScene(nullptr);
     if (scene_) {
         loop_.remove(scene_->form());
@@ -110,7 +144,14 @@ void GalleryWindow::showPage(int page) {
     events_->clear();
     scene_ = std::make_unique<Scene>(theme(), server_, handle());
     scene_->onControlCreated = [this](SceneControl& control) { watch(control); };
-    entry(page).build(*scene_);
+    entry(page_).build(*scene_);
+    scene_->onPicked = [this](const std::wstring& name) { properties_->show(scene_->find(name)); };
+    // The properties' rows refer to the controls' members.
+    scene_->onChanging = [this] { properties_->setScene(nullptr); };
+    scene_->onChanged = [this] {
+        orderStops();
+        properties_->setScene(scene_.get());
+    };
     orderStops();
     loop_.add(scene_->form());
     scene_->place(layout().scene);
@@ -128,9 +169,7 @@ void GalleryWindow::showPage(int page) {
             events_->note(control->name, control->failure, EventList::Kind::problem);
     }
     properties_->setScene(scene_.get());
-    if (pageList_->selection() != page)
-        SendMessageW(pageList_->handle(), LB_SETCURSEL, static_cast<WPARAM>(page), 0);
-    InvalidateRect(handle(), nullptr, FALSE);
+    if (scene_->arrangement()) properties_->show(scene_->arrangement()->picked());
 }
 
 void GalleryWindow::watch(SceneControl& control) {
@@ -150,8 +189,9 @@ void GalleryWindow::watch(SceneControl& control) {
 
 void GalleryWindow::orderStops() {
     auto& form = scene_->form();
-    for (const HWND window : {properties_->chooser(), properties_->list(), events_->clearButton(),
-                              events_->list(), loadButton_, saveButton_, pageList_->handle()})
+    for (const HWND window :
+         {properties_->chooser(), properties_->list(), events_->clearButton(), events_->list(), codeButton_,
+          viewButton_, loadButton_, saveButton_, searchField_, found_->handle(), pageList_->handle()})
         form.add(window);
 }
 
@@ -175,10 +215,18 @@ GalleryWindow::Layout GalleryWindow::layout() const {
     const int propertiesWidth = std::max<int>(scale(330), (area.right - left) * 36 / 100);
     const int right = area.right - margin;
     const int buttonWidth = scale(88);
+    if (named)
+        result.search = {margin, result.brand.bottom + scale(2), pagesWidth - scale(12),
+                         result.brand.bottom + scale(2) + theme().lineHeight(theme().body()) + scale(8)};
     result.save = {right - buttonWidth, top + scale(2), right, top + scale(2) + button};
     result.load = {result.save.left - scale(8) - buttonWidth, result.save.top, result.save.left - scale(8),
                    result.save.bottom};
-    result.title = {left, top, result.load.left - gap, top + titleHeight};
+    const auto before = [&](const RECT& next, int width) {
+        return RECT{next.left - scale(8) - width, next.top, next.left - scale(8), next.bottom};
+    };
+    result.view = before(result.load, scale(72));
+    result.code = before(result.view, scale(100));
+    result.title = {left, top, result.code.left - gap, top + titleHeight};
     result.description = {left, result.title.bottom + scale(4), right, body - scale(8)};
     const int sceneHeight = scale(284);
     const int bottom = area.bottom - margin;
@@ -194,6 +242,10 @@ void GalleryWindow::layOut() {
     if (!scene_) return;
     const Layout places = layout();
     placeWindow(pageList_->handle(), places.pages);
+    placeWindow(found_->handle(), places.pages);
+    placeWindow(searchField_, places.search);
+    placeWindow(codeButton_, places.code);
+    placeWindow(viewButton_, places.view);
     placeWindow(saveButton_, places.save);
     placeWindow(loadButton_, places.load);
     scene_->place(places.scene);
@@ -204,8 +256,10 @@ void GalleryWindow::layOut() {
 
 void GalleryWindow::applyTheme(int dpi) {
     mutableTheme_.refresh(dpi);
-    for (const HWND button : {saveButton_, loadButton_}) setFont(button, theme().body());
+    for (const HWND child : {saveButton_, loadButton_, codeButton_, viewButton_, searchField_})
+        setFont(child, theme().body());
     pageList_->themeChanged();
+    found_->themeChanged();
     layOut();
     scene_->themeChanged();
     properties_->themeChanged();
@@ -228,6 +282,7 @@ void GalleryWindow::paint(HDC dc, const RECT& area) {
 }
 
 bool GalleryWindow::handleKey(MSG& message) {
+    if (scene_ && scene_->arrangement() && scene_->arrangement()->handle(message)) return true;
     if (message.message != WM_KEYDOWN || GetAncestor(message.hwnd, GA_ROOT) != handle()) return false;
     const bool control = GetKeyState(VK_CONTROL) < 0;
     const bool shift = GetKeyState(VK_SHIFT) < 0;
@@ -237,6 +292,14 @@ bool GalleryWindow::handleKey(MSG& message) {
         askSave();
     } else if (control && message.wParam == L'O') {
         askLoad();
+    } else if (control && message.wParam == L'F') {
+        SetFocus(searchField_);
+        SendMessageW(searchField_, EM_SETSEL, 0, -1);
+    } else if (message.hwnd == searchField_ && message.wParam == VK_DOWN && found_->count() > 0) {
+        SetFocus(found_->handle());
+        found_->select(0);
+    } else if (message.hwnd == searchField_ && message.wParam == VK_ESCAPE) {
+        SetWindowTextW(searchField_, L"");
     } else if (message.wParam == VK_RETURN &&
                (SendMessageW(message.hwnd, WM_GETDLGCODE, 0, 0) & DLGC_UNDEFPUSHBUTTON)) {
         SendMessageW(message.hwnd, BM_CLICK, 0, 0);
@@ -324,6 +387,86 @@ void GalleryWindow::askLoad() {
         MessageBoxW(handle(), (path + L" holds no form.").c_str(), L"Orbek Controls", MB_ICONWARNING);
 }
 
+int GalleryWindow::choose(HMENU menu, HWND button) const {
+    RECT place = {};
+    GetWindowRect(button, &place);
+    const int chosen =
+        TrackPopupMenu(menu, TPM_RETURNCMD | TPM_NONOTIFY, place.left, place.bottom, 0, handle(), nullptr);
+    DestroyMenu(menu);
+    return chosen;
+}
+
+void GalleryWindow::copyCode() {
+    const HMENU menu = CreatePopupMenu();
+    const wchar_t* const languages[] = {L"&Basic", L"&Pascal", L"&C#"};
+    for (UINT number = 1; const wchar_t* language : languages)
+        AppendMenuW(menu, MF_STRING, number++, language);
+    const int chosen = choose(menu, codeButton_);
+    if (chosen == 0) return;
+    std::wstring code;
+    scene_->withOwnColours([&] { code = codeFor(*scene_, server_, static_cast<CodeLanguage>(chosen - 1)); });
+    const bool copied = putOnClipboard(handle(), code);
+    events_->note(L"Code", copied ? L"is on the clipboard" : L"could not be copied");
+}
+
+void GalleryWindow::changeView() {
+    ViewSettings& view = mutableTheme_.view();
+    const bool classic = view.classic;
+    const HMENU menu = CreatePopupMenu();
+    std::vector<std::function<void()>> effects;
+    const auto add = [&](const std::wstring& text, bool checked, std::function<void()> effect) {
+        effects.push_back(std::move(effect));
+        AppendMenuW(menu, MF_STRING | (checked ? MF_CHECKED : MF_UNCHECKED), effects.size(), text.c_str());
+    };
+    for (const int percent : {100, 125, 150, 200})
+        add(std::to_wstring(percent) + L" %", view.percent == percent,
+            [&view, percent] { view.percent = percent; });
+    AppendMenuW(menu, MF_SEPARATOR, 0, nullptr);
+    add(L"&Right to left", view.rightToLeft, [&view] { view.rightToLeft = !view.rightToLeft; });
+    AppendMenuW(menu, MF_SEPARATOR, 0, nullptr);
+    const wchar_t* const schemes[] = {L"&System's colours", L"&Paper", L"&Night"};
+    for (int index = 0; const wchar_t* scheme : schemes) {
+        const auto colours = static_cast<ColourScheme>(index++);
+        add(scheme, view.colours == colours, [&view, colours] { view.colours = colours; });
+    }
+    AppendMenuW(menu, MF_SEPARATOR, 0, nullptr);
+    add(L"&Classic look", view.classic, [&view] { view.classic = !view.classic; });
+    const int chosen = choose(menu, viewButton_);
+    if (chosen == 0) return;
+    effects[static_cast<size_t>(chosen) - 1]();
+    applyView(view.classic != classic);
+}
+
+void GalleryWindow::applyView(bool otherLook) {
+    if (otherLook) {
+        // A control takes its look when it is made.
+        FormText form;
+        scene_->withOwnColours([&] { scene_->save(form); });
+        buildScene();
+        properties_->setScene(nullptr);
+        scene_->load(form);
+        properties_->setScene(scene_.get());
+    }
+    applyTheme(container::windowDpi(handle()));
+}
+
+void GalleryWindow::search() {
+    std::wstring text(static_cast<size_t>(GetWindowTextLengthW(searchField_)) + 1, L'\0');
+    text.resize(
+        static_cast<size_t>(GetWindowTextW(searchField_, text.data(), static_cast<int>(text.size()))));
+    auto rows = index_.find(text);
+    const bool searching = !text.empty();
+    found_->setRows(std::move(rows));
+    ShowWindow(found_->handle(), searching ? SW_SHOWNA : SW_HIDE);
+    ShowWindow(pageList_->handle(), searching ? SW_HIDE : SW_SHOWNA);
+}
+
+void GalleryWindow::showFound(const FoundList::Row& row) {
+    showPage(row.page);
+    properties_->choose(row.member);
+    events_->note(row.member.empty() ? row.control : row.member, row.help);
+}
+
 void GalleryWindow::copyPanels(PictureSurface& surface) const {
     // What a control has dropped down lies above the window, in a window of its own.
     for (HWND panel = GetTopWindow(nullptr); panel; panel = GetWindow(panel, GW_HWNDNEXT)) {
@@ -389,6 +532,18 @@ LRESULT GalleryWindow::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
                 askLoad();
                 return 0;
             }
+            if (HIWORD(wParam) == BN_CLICKED && reinterpret_cast<HWND>(lParam) == codeButton_) {
+                copyCode();
+                return 0;
+            }
+            if (HIWORD(wParam) == BN_CLICKED && reinterpret_cast<HWND>(lParam) == viewButton_) {
+                changeView();
+                return 0;
+            }
+            if (HIWORD(wParam) == EN_CHANGE && reinterpret_cast<HWND>(lParam) == searchField_) {
+                search();
+                return 0;
+            }
             break;
         case dpiChanged:
             place(*reinterpret_cast<const RECT*>(lParam));
@@ -397,7 +552,7 @@ LRESULT GalleryWindow::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_SETTINGCHANGE:
         case WM_SYSCOLORCHANGE:
         case WM_THEMECHANGED:
-            if (scene_) applyTheme(theme().dpi());
+            if (scene_) applyTheme(container::windowDpi(handle()));
             break;
         case WM_DESTROY:
             PostQuitMessage(0);

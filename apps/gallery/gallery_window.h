@@ -9,6 +9,7 @@
 #include "container/message_loop.h"
 #include "container/picture_surface.h"
 #include "event_panel.h"
+#include "member_search.h"
 #include "page_list.h"
 #include "property_panel.h"
 #include "scene.h"
@@ -51,6 +52,9 @@ private:
         RECT scene;
         RECT events;
         RECT properties;
+        RECT search;
+        RECT code;
+        RECT view;
         RECT save;
         RECT load;
     };
@@ -66,6 +70,14 @@ private:
     void copyPanels(container::PictureSurface& surface) const;
     void askSave();
     void askLoad();
+    // What was chosen from a menu below a button, from 1; 0 for nothing.
+    int choose(HMENU menu, HWND button) const;
+    void copyCode();
+    void changeView();
+    void applyView(bool otherLook);
+    void buildScene();
+    void search();
+    void showFound(const FoundList::Row& found);
 
     Theme& mutableTheme_;
     const container::ServerContext& server_;
@@ -74,6 +86,11 @@ private:
     std::unique_ptr<Scene> scene_;
     std::unique_ptr<PropertyPanel> properties_;
     std::unique_ptr<EventPanel> events_;
+    MemberIndex index_;
+    std::unique_ptr<FoundList> found_;
+    HWND searchField_ = nullptr;
+    HWND codeButton_ = nullptr;
+    HWND viewButton_ = nullptr;
     HWND saveButton_ = nullptr;
     HWND loadButton_ = nullptr;
     int page_ = -1;

@@ -27,6 +27,9 @@ constexpr PageEntry catalogue[] = {
      OBK_TOOLBOX_GRIDEDIT, buildOrderDesk},
     {L"lns", L"Separator line", L"A two-tone line that sets the groups of a form apart.", OBK_TOOLBOX_LNS,
      buildSettingsGroups},
+    {L"My form", L"A form of one's own",
+     L"Add controls, drag them where they belong, give them properties; save the form, or copy its code.", 0,
+     buildOwnForm},
 };
 
 }  // namespace

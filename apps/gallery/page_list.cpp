@@ -39,6 +39,15 @@ void PageList::drawRow(HDC dc, const RECT& area, int row, bool selected) {
         SelectObject(source, old);
         DeleteDC(source);
     }
+    if (!bitmap) {
+        // A form with nothing on it yet.
+        const int side = theme().scale(14);
+        const int left = area.left + theme().scale(17), top = (area.bottom - side) / 2;
+        const RECT sheet = {left, top, left + side, top + side};
+        fillRect(dc, sheet, theme().card);
+        frameRect(dc, sheet, theme().dimText);
+        fillRect(dc, {left, top, left + side, top + theme().scale(4)}, theme().dimText);
+    }
     const COLORREF name = selected ? theme().selectedText : theme().text;
     const COLORREF kind = selected ? theme().selectedText : theme().dimText;
     RECT place = {area.left + theme().scale(46), area.top + theme().scale(7), area.right - theme().scale(8),

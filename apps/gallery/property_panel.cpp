@@ -233,6 +233,16 @@ void PropertyPanel::show(SceneControl* control) {
     InvalidateRect(handle(), nullptr, FALSE);
 }
 
+void PropertyPanel::choose(const std::wstring& member) {
+    for (int index = 0; index < list_->count(); ++index) {
+        const PropertyList::Row* row = list_->row(index);
+        if (!row->member || row->name != member) continue;
+        list_->select(index);
+        SendMessageW(list_->handle(), LB_SETTOPINDEX, static_cast<WPARAM>(std::max(index - 3, 0)), 0);
+        return;
+    }
+}
+
 void PropertyPanel::refreshSoon() {
     if (!refreshPosted_) refreshPosted_ = PostMessageW(handle(), refreshMessage, 0, 0);
 }

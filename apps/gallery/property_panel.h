@@ -54,6 +54,8 @@ public:
     // The controls to choose from; the first one is shown.
     void setScene(Scene* scene);
     void show(SceneControl* control);
+    // Makes a member's row the chosen one, where it has one.
+    void choose(const std::wstring& member);
     // Reads all values again, soon and once for many calls.
     void refreshSoon();
     void refreshNow();

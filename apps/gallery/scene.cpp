@@ -2,8 +2,13 @@
 
 #include <olectl.h>
 
+#include <algorithm>
+
+#include "arrangement.h"
+#include "container/stored_value.h"
 #include "container/text.h"
 #include "container/window_metrics.h"
+#include "older_system.h"
 
 namespace obk::gallery {
 
@@ -18,6 +23,25 @@ std::wstring codeText(HRESULT code) {
     wchar_t buffer[16];
     swprintf(buffer, 16, L"0x%08lX", static_cast<unsigned long>(code));
     return buffer;
+}
+
+// Where a control of an arranged form stands is kept beside its own entries.
+constexpr wchar_t placeKey[] = L"Gallery.Place";
+
+std::wstring placeText(const Place& place) {
+    return std::to_wstring(place.x) + L" " + std::to_wstring(place.y) + L" " + std::to_wstring(place.width) +
+           L" " + std::to_wstring(place.height);
+}
+
+std::optional<Place> placeFrom(const std::wstring& text) {
+    Place place;
+    if (swscanf(text.c_str(), L"%d %d %d %d", &place.x, &place.y, &place.width, &place.height) != 4)
+        return std::nullopt;
+    return place;
+}
+
+long colourOf(const SceneControl& control, const wchar_t* property) {
+    return control.object().value(property).toLong().value_or(0);
 }
 
 }  // namespace
@@ -66,14 +90,71 @@ SceneControl& Scene::control(const std::wstring& name, const std::wstring& progI
     return control;
 }
 
-void Scene::adoptColours(SceneControl& control) const {
-    control.site->ambients().set(DISPID_AMBIENT_BACKCOLOR, static_cast<long>(0x80000000u | COLOR_BTNFACE));
-    control.site->ambients().set(DISPID_AMBIENT_FORECOLOR, static_cast<long>(0x80000000u | COLOR_BTNTEXT));
+Arrangement& Scene::arrange() {
+    arrangement_ = std::make_unique<Arrangement>(*this);
+    return *arrangement_;
+}
+
+SceneControl& Scene::addControl(const std::wstring& name, const std::wstring& progId, const Place& place) {
+    if (onChanging) onChanging();
+    SceneControl& added = control(name, progId, place);
+    layOut();
+    if (onChanged) onChanged();
+    return added;
+}
+
+void Scene::remove(SceneControl& control) {
+    if (onChanging) onChanging();
+    control.site->events().disconnect();
+    std::erase_if(controls_, [&](const auto& each) { return each.get() == &control; });
+    if (onChanged) onChanged();
+    InvalidateRect(handle(), nullptr, FALSE);
+}
+
+void Scene::move(SceneControl& control, const Place& place) {
+    control.place = {std::max(place.x, 0), std::max(place.y, 0), std::max(place.width, 8),
+                     std::max(place.height, 8)};
+    control.site->moveTo(pixels(control.place));
+    // What the control made of it.
+    if (const SIZE kept = container::sizeOf(control.site->position()); kept.cx > 0 && kept.cy > 0) {
+        const auto unscaled = [this](LONG length) {
+            return MulDiv(static_cast<int>(length), 96, theme().dpi());
+        };
+        if (kept.cx != theme().scale(control.place.width)) control.place.width = unscaled(kept.cx);
+        if (kept.cy != theme().scale(control.place.height)) control.place.height = unscaled(kept.cy);
+    }
+    InvalidateRect(handle(), nullptr, FALSE);
+}
+
+// As far as it is the form's to say; a control's own colours come back with the system's.
+void Scene::adoptView(SceneControl& control) const {
+    const ViewSettings& view = theme().view();
+    auto& ambients = control.site->ambients();
+    const bool asSystem = view.colours == ColourScheme::system;
+    const auto colour = [asSystem](int system, COLORREF scheme) {
+        return static_cast<long>(asSystem ? 0x80000000u | static_cast<unsigned>(system) : scheme);
+    };
+    ambients.set(DISPID_AMBIENT_BACKCOLOR, colour(COLOR_BTNFACE, theme().form));
+    ambients.set(DISPID_AMBIENT_FORECOLOR, colour(COLOR_BTNTEXT, theme().formText));
+    ambients.set(DISPID_AMBIENT_RIGHTTOLEFT, view.rightToLeft);
+    ambients.set(DISPID_AMBIENT_FONT, container::messageFont(view.percent).get());
+    if (!control.members.property(L"BackColor") || !control.members.property(L"ForeColor")) return;
+    if (!asSystem && !control.ownColours)
+        control.ownColours = {colourOf(control, L"BackColor"), colourOf(control, L"ForeColor")};
+    if (!control.ownColours) return;
+    const auto colours = !asSystem
+                             ? std::pair(static_cast<long>(theme().card), static_cast<long>(theme().formText))
+                             : *std::exchange(control.ownColours, std::nullopt);
+    control.object().put(L"BackColor", colours.first);
+    control.object().put(L"ForeColor", colours.second);
 }
 
 void Scene::createControl(SceneControl& control, const container::InitialState& state) {
-    adoptColours(control);
+    control.ownColours.reset();
+    control.members = {};
+    adoptView(control);
     control.failure.clear();
+    const OlderSystem older(theme().view().classic);
     const HRESULT created = control.site->create(server_, control.progId, state);
     if (FAILED(created)) {
         control.failure = control.progId + L" could not be created from " + server_.source() + L" (" +
@@ -81,6 +162,7 @@ void Scene::createControl(SceneControl& control, const container::InitialState& 
         return;
     }
     control.members = container::TypeMembers::of(control.site->control().get());
+    adoptView(control);
     if (onControlCreated) onControlCreated(control);
 }
 
@@ -114,8 +196,14 @@ HWND Scene::choice(const Place& place, const std::vector<std::wstring>& entries,
 
 HWND Scene::button(const Place& place, const wchar_t* text, std::function<void()> pressed) {
     const HWND window = addItem(place, L"BUTTON", text, BS_PUSHBUTTON);
-    children_.back().pressed = std::move(pressed);
+    onPressed(window, std::move(pressed));
     return window;
+}
+
+void Scene::onPressed(HWND child, std::function<void()> pressed) {
+    for (ChildItem& each : children_) {
+        if (each.window == child) each.pressed = std::move(pressed);
+    }
 }
 
 void Scene::demonstrate() const {
@@ -137,14 +225,44 @@ SceneControl* Scene::focused() const {
     return nullptr;
 }
 
+// What a scheme of the gallery has put over a control's own colours is none of its values.
+void Scene::withOwnColours(const std::function<void()>& work) const {
+    const auto put = [](const SceneControl& control, std::pair<long, long> colours) {
+        control.object().put(L"BackColor", colours.first);
+        control.object().put(L"ForeColor", colours.second);
+    };
+    std::vector<std::pair<const SceneControl*, std::pair<long, long>>> replaced;
+    for (const auto& control : controls_) {
+        if (!control->ownColours) continue;
+        replaced.emplace_back(control.get(),
+                              std::pair(colourOf(*control, L"BackColor"), colourOf(*control, L"ForeColor")));
+        put(*control, *control->ownColours);
+    }
+    work();
+    for (const auto& [control, colours] : replaced) put(*control, colours);
+}
+
 void Scene::save(FormText& form) const {
     for (const auto& control : controls_) {
-        if (control->failure.empty()) control->site->save(form.add(control->name, control->progId).bag.get());
+        if (!control->failure.empty()) continue;
+        auto& bag = *form.add(control->name, control->progId).bag;
+        control->site->save(&bag);
+        if (arrangement_) bag.set(placeKey, container::Variant(placeText(control->place)));
+    }
+}
+
+void Scene::replaceAll(const FormText& form) {
+    while (!controls_.empty()) remove(*controls_.back());
+    for (const auto& section : form.sections()) {
+        const auto* const stored = section.bag->find(placeKey);
+        const auto place = stored ? placeFrom(container::restored(*stored).toText()) : std::nullopt;
+        if (place && !section.className.empty()) addControl(section.name, section.className, *place);
     }
 }
 
 std::vector<std::wstring> Scene::load(const FormText& form) {
     std::vector<std::wstring> problems;
+    if (arrangement_) replaceAll(form);
     for (const auto& section : form.sections()) {
         SceneControl* control = find(section.name);
         if (!control) {
@@ -169,8 +287,19 @@ std::vector<std::wstring> Scene::load(const FormText& form) {
     return problems;
 }
 
+// From right to left the form is its own mirror image.
 RECT Scene::pixels(const Place& place) const {
-    return theme().scale(RECT{place.x, place.y, place.x + place.width, place.y + place.height});
+    RECT area = theme().scale(RECT{place.x, place.y, place.x + place.width, place.y + place.height});
+    if (theme().view().rightToLeft) {
+        const LONG width = client().right;
+        area = {width - area.right, area.top, width - area.left, area.bottom};
+    }
+    return area;
+}
+
+POINT Scene::placeAt(POINT pixel) const {
+    if (theme().view().rightToLeft) pixel.x = client().right - 1 - pixel.x;
+    return {MulDiv(pixel.x, 96, theme().dpi()), MulDiv(pixel.y, 96, theme().dpi())};
 }
 
 void Scene::layOut() {
@@ -199,7 +328,7 @@ void Scene::layOut() {
 void Scene::themeChanged() {
     for (const ChildItem& child : children_) setFont(child.window, theme().body());
     for (const auto& control : controls_) {
-        adoptColours(*control);
+        adoptView(*control);
         control->site->ambientChanged(DISPID_UNKNOWN);
     }
     layOut();
@@ -220,6 +349,11 @@ void Scene::drawFrames(HDC dc) const {
 
 void Scene::paint(HDC dc, const RECT& area) {
     fillRect(dc, area, theme().form);
+    // A text that stands at the left of its place stands at the right of it where the form is mirrored.
+    const auto flow = [this](UINT format) {
+        if (!theme().view().rightToLeft) return format;
+        return (format & DT_CENTER ? format : format ^ DT_RIGHT) | DT_RTLREADING;
+    };
     for (const Place& panel : panels_) {
         const RECT place = pixels(panel);
         fillRect(dc, place, theme().card);
@@ -236,15 +370,16 @@ void Scene::paint(HDC dc, const RECT& area) {
                 colour = theme().dimFormText;
                 break;
             case TextLook::strong:
-                drawStrong(dc, theme(), item.text, pixels(item.place), colour, oneLine | item.format);
+                drawStrong(dc, theme(), item.text, pixels(item.place), colour, oneLine | flow(item.format));
                 continue;
             case TextLook::heading:
             case TextLook::total:
                 font = theme().heading();
                 break;
         }
-        drawText(dc, item.text, pixels(item.place), font, colour, oneLine | item.format);
+        drawText(dc, item.text, pixels(item.place), font, colour, oneLine | flow(item.format));
     }
+    if (arrangement_) arrangement_->paint(dc);
     for (const auto& control : controls_) {
         if (!control->failure.empty()) {
             RECT place = pixels(control->place);

@@ -5,7 +5,9 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "container/control_form.h"
@@ -26,6 +28,8 @@ struct Place {
 
 constexpr int fieldHeight = 24;  // of a line in a form
 
+class Arrangement;
+
 enum class TextLook { label, dim, strong, heading, total };
 
 // A control on the scene. Without a live object `failure` says why.
@@ -36,6 +40,8 @@ struct SceneControl {
     std::unique_ptr<container::ControlSite> site;
     container::TypeMembers members;
     std::wstring failure;
+    std::optional<std::pair<long, long>>
+        ownColours;  // BackColor and ForeColor, while a scheme has replaced them
 
     container::Dispatch object() const { return site->object(); }
 };
@@ -58,6 +64,15 @@ public:
     HWND checkBox(const Place& place, const wchar_t* text, bool checked);
     HWND choice(const Place& place, const std::vector<std::wstring>& entries, int chosen);
     HWND button(const Place& place, const wchar_t* text, std::function<void()> pressed);
+    void onPressed(HWND child, std::function<void()> pressed);
+    // Lets a person arrange the controls, which then come and go.
+    Arrangement& arrange();
+    Arrangement* arrangement() const { return arrangement_.get(); }
+    SceneControl& addControl(const std::wstring& name, const std::wstring& progId, const Place& place);
+    void remove(SceneControl& control);
+    void move(SceneControl& control, const Place& place);
+    RECT pixels(const Place& place) const;
+    POINT placeAt(POINT pixel) const;
     // What follows from the controls' values; run by the scene after it loaded a form.
     void derived(std::function<void()> update) { derived_ = std::move(update); }
     // What a picture of the page shows being used.
@@ -72,10 +87,17 @@ public:
 
     // Told of a new control, also after loading made it anew.
     std::function<void(SceneControl&)> onControlCreated;
+    // Told before and after controls come or go.
+    std::function<void()> onChanging, onChanged;
+    // Told of the control that a person arranges now.
+    std::function<void(const std::wstring& name)> onPicked;
 
+    // While the controls have the colours that were given to them, whatever scheme shows.
+    void withOwnColours(const std::function<void()>& work) const;
     // One section per control.
     void save(container::FormText& form) const;
-    // Makes each control anew that has a section; answers what could not be restored.
+    // Makes each control anew that has a section; what is arranged is replaced. Answers what could not be
+    // restored.
     std::vector<std::wstring> load(const container::FormText& form);
 
     void layOut();
@@ -99,12 +121,12 @@ private:
         bool framed = false;  // its border is drawn by the scene
     };
 
-    RECT pixels(const Place& place) const;
+    void replaceAll(const container::FormText& form);
     void drawFrames(HDC dc) const;
     HWND addItem(const Place& place, const wchar_t* className, const wchar_t* text, DWORD style,
                  DWORD extendedStyle = 0);
     void createControl(SceneControl& control, const container::InitialState& state);
-    void adoptColours(SceneControl& control) const;
+    void adoptView(SceneControl& control) const;
 
     const container::ServerContext& server_;
     std::unique_ptr<container::ControlForm> form_;
@@ -112,6 +134,7 @@ private:
     std::vector<TextItem> texts_;
     std::vector<ChildItem> children_;
     std::vector<std::unique_ptr<SceneControl>> controls_;
+    std::unique_ptr<Arrangement> arrangement_;
     std::function<void()> derived_;
     std::function<void()> demonstration_;
 };

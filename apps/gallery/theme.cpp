@@ -46,7 +46,7 @@ COLORREF mixed(COLORREF first, COLORREF second, int weight) {
 }
 
 void Theme::refresh(int dpi) {
-    dpi_ = dpi;
+    dpi_ = dpi = MulDiv(dpi, view_.percent, 100);
     const LOGFONTW message = container::messageLogFont(dpi);
     body_ = fontOf(message, 100, message.lfWeight);
     strong_ = fontOf(message, 100, FW_BOLD);
@@ -78,6 +78,18 @@ void Theme::refresh(int dpi) {
         dimText = mixed(windowText, window, 155);
         selected = mixed(highlight, window, 45);
         selectedText = windowText;
+    }
+    if (view_.colours != ColourScheme::system) {
+        const bool night = view_.colours == ColourScheme::night;
+        form = night ? RGB(43, 43, 48) : RGB(247, 240, 222);
+        card = night ? RGB(30, 30, 34) : RGB(255, 252, 243);
+        page = form;
+        formText = text = night ? RGB(236, 236, 236) : RGB(59, 44, 28);
+        dimFormText = dimText = mixed(formText, form, 190);
+        border = mixed(formText, form, 90);
+        fieldBorder = mixed(formText, form, 150);
+        selected = mixed(highlight, card, 90);
+        selectedText = text;
     }
     cardBrush_.reset(CreateSolidBrush(card));
     formBrush_.reset(CreateSolidBrush(form));

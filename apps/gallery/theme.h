@@ -7,6 +7,8 @@
 #include <string_view>
 #include <type_traits>
 
+#include "view_settings.h"
+
 namespace obk::gallery {
 
 struct GdiDelete {
@@ -27,6 +29,9 @@ public:
     // Reads the system's settings again.
     void refresh(int dpi);
 
+    // Takes effect with the next refresh.
+    ViewSettings& view() { return view_; }
+    const ViewSettings& view() const { return view_; }
     int dpi() const { return dpi_; }
     // Pixels for a length at 96 dots per inch.
     int scale(int length) const { return MulDiv(length, dpi_, 96); }
@@ -60,6 +65,7 @@ public:
     HBRUSH formBrush() const { return formBrush_.get(); }
 
 private:
+    ViewSettings view_;
     int dpi_ = 96;
     FontHandle body_;
     FontHandle strong_;

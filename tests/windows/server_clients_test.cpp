@@ -22,38 +22,13 @@ std::wstring windowsPath(const std::string& path) {
     return result;
 }
 
-// Registered for the machine while it lives.
-class Registered {
-public:
-    Registered() { EXPECT_EQ(call("DllRegisterServer"), S_OK); }
-    Registered(const Registered&) = delete;
-    Registered& operator=(const Registered&) = delete;
-    ~Registered() { EXPECT_EQ(call("DllUnregisterServer"), S_OK); }
-
-private:
-    HRESULT call(const char* name) const {
-        using Function = HRESULT(WINAPI*)();
-        return reinterpret_cast<Function>(GetProcAddress(server_.module(), name))();
-    }
-    LoadedServer server_;
-};
-
 TEST(ServerClients, AScriptUsesEveryControl) {
-    const Registered registered;
-    FILE* const script = _wpopen((L"cscript.exe //nologo \"" + windowsPath(OBK_REPOSITORY_DIR) +
-                                  L"\\tests\\windows\\scripts\\client.vbs\"")
-                                     .c_str(),
-                                 L"rt");
-    ASSERT_TRUE(script);
-    std::string said;
-    for (int unit = std::fgetc(script); unit != EOF; unit = std::fgetc(script))
-        said.push_back(static_cast<char>(unit));
-    EXPECT_EQ(_pclose(script), 0) << said;
-    EXPECT_NE(said.find("ok"), std::string::npos) << said;
+    const RegisteredServer registered;
+    EXPECT_EQ(scriptSays(windowsPath(OBK_REPOSITORY_DIR) + L"\\tests\\windows\\scripts\\client.vbs"), "ok\n");
 }
 
 TEST(ServerClients, TheSystemsContainerShowsEveryControl) {
-    const Registered registered;
+    const RegisteredServer registered;
     const HMODULE library = LoadLibraryW(L"atl110.dll");
     ASSERT_TRUE(library);
     using Initialise = BOOL(WINAPI*)();

@@ -1,5 +1,7 @@
 #include "server_support.h"
 
+#include <cstdio>
+
 #include "container/text.h"
 
 #include <algorithm>
@@ -77,6 +79,21 @@ ComPtr<IUnknown> LoadedServer::create(const std::wstring& className) const {
         EXPECT_EQ(maker->CreateInstance(nullptr, __uuidof(IUnknown), object.putVoid()), S_OK);
     }
     return object;
+}
+
+HRESULT RegisteredServer::call(const char* name) const {
+    using Function = HRESULT(WINAPI*)();
+    return reinterpret_cast<Function>(GetProcAddress(server_.module(), name))();
+}
+
+std::string scriptSays(const std::wstring& script) {
+    FILE* const run = _wpopen((L"cscript.exe //nologo \"" + script + L"\"").c_str(), L"rt");
+    if (!run) return "no script host";
+    std::string said;
+    for (int unit = std::fgetc(run); unit != EOF; unit = std::fgetc(run))
+        said.push_back(static_cast<char>(unit));
+    const int status = _pclose(run);
+    return status == 0 ? said : said + "status " + std::to_string(status);
 }
 
 HostedControl::HostedControl(const std::wstring& className, container::SiteSettings settings,

@@ -40,6 +40,22 @@ private:
     HMODULE module_;
 };
 
+// Registered for the machine while it lives.
+class RegisteredServer {
+public:
+    RegisteredServer() { EXPECT_EQ(call("DllRegisterServer"), S_OK); }
+    RegisteredServer(const RegisteredServer&) = delete;
+    RegisteredServer& operator=(const RegisteredServer&) = delete;
+    ~RegisteredServer() { EXPECT_EQ(call("DllUnregisterServer"), S_OK); }
+
+private:
+    HRESULT call(const char* name) const;
+    LoadedServer server_;
+};
+
+// What the system's script host writes for a script.
+std::string scriptSays(const std::wstring& script);
+
 // A visible window with a form and one control on it.
 class HostedControl {
 public:
