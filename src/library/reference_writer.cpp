@@ -2,6 +2,7 @@
 
 #include "framework/member_call.h"
 #include "library/class_facts.h"
+#include "library/example_writer.h"
 #include "library/member_text.h"
 
 #include <algorithm>
@@ -96,6 +97,15 @@ public:
         writeKeys();
         writeOtherValues();
         writeEnumerations();
+        // Last: it changes the control.
+        beginSection(u"Example");
+        line(
+            u"Each property and method once, as a script or a form's code calls them. A text in quotes behind a line is what");
+        line(u"it answers there.");
+        line();
+        line(u"```vb");
+        text_ += writeExample(fresh_);
+        line(u"```");
         return std::move(text_);
     }
 
