@@ -94,6 +94,8 @@ void FlexGrid::scrollTo(ScrollOffset offset) {
     offset_ = after.offset();
     if (offset_ == before) return;
     if (watched()) {
+        if (offset_.x != before.x) announce(AccessibleEvent::scrolledAcross);
+        if (offset_.y != before.y) announce(AccessibleEvent::scrolledDown);
         verticalBar_.setRange(after.verticalRange());
         horizontalBar_.setRange(after.horizontalRange());
         const PixelRect cells{0, 0, after.size().width, after.size().height};
@@ -180,7 +182,9 @@ void FlexGrid::cellsChanged(const CellRange& cells) {
     const CellRange shown = cells.intersected(view().visible());
     if (shown.empty()) return;
     if (shown.top == shown.bottom && shown.left == shown.right)
-        announce(AccessibleEvent::value, {shown.top, shown.left});
+        announce(
+            checkColumns_ && checkColumns_(shown.left) ? AccessibleEvent::toggled : AccessibleEvent::value,
+            {shown.top, shown.left});
     else
         announce(AccessibleEvent::structure);
 }

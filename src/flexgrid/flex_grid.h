@@ -98,6 +98,7 @@ public:
     void focusWentBelow() override;
     AccessibleItem accessible(AccessiblePart part) const override;
     int32_t accessibleParts(AccessiblePart of) const override;
+    int32_t accessibleInSight(AccessiblePart of, int32_t index, int32_t by) const override;
     AccessiblePart accessiblePartAt(PixelPoint at) const override;
     AccessibleId accessibleFocus() override;
     std::vector<AccessiblePart> accessibleSelection() const override;

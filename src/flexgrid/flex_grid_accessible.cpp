@@ -12,6 +12,17 @@ int32_t FlexGrid::accessibleParts(AccessiblePart of) const {
     return of.whole() ? Rows() : of.col < 0 ? Cols() : 0;
 }
 
+// Hidden rows and columns between two that show cost nothing.
+int32_t FlexGrid::accessibleInSight(AccessiblePart of, int32_t index, int32_t by) const {
+    const CellRange seen = view().visible();
+    const bool rows = of.whole();
+    const int32_t first = rows ? seen.top : seen.left, last = rows ? seen.bottom : seen.right;
+    if (seen.empty() || (by < 0 ? index < first : index > last)) return by < 0 ? -1 : accessibleParts(of);
+    index = std::clamp(index, first, last) + (by < 0);
+    return rows ? model().rowList().rowAt(model().rowList().top(index) - (by < 0))
+                : model().columns().colAt(model().columns().left(index) - (by < 0));
+}
+
 AccessibleItem FlexGrid::accessible(AccessiblePart part) const {
     if (part.whole()) return {};
     const bool whole = part.col < 0;

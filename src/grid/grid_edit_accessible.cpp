@@ -24,6 +24,7 @@ void GridEdit::describeCell(AccessibleItem& item, CellAddress cell) const {
     const bool editable = editing_.opensFor(cell);
     item.set(AccessibleItem::readOnly, !editable);
     if (type == ColumnType::checkBox) {
+        item.set(AccessibleItem::checkable);
         item.set(AccessibleItem::checked, trimmed(item.value) == checkedText);
         item.set(AccessibleItem::valued, false);
         item.value = {};

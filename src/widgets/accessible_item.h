@@ -36,7 +36,19 @@ struct AccessibleAction {
     double number = 0;
 };
 
-enum class AccessibleEvent : uint8_t { focus, selection, value, name, state, expanded, structure, invoked };
+enum class AccessibleEvent : uint8_t {
+    focus,
+    selection,
+    value,
+    name,
+    state,
+    expanded,
+    structure,
+    invoked,
+    toggled,
+    scrolledAcross,
+    scrolledDown,
+};
 
 struct AccessibleItem {
     enum class Role : uint8_t {
@@ -77,6 +89,7 @@ struct AccessibleItem {
         offScreen = 1024,
         multiSelectable = 2048,
         valued = 4096,  // the value is one, also when it is empty
+        checkable = 8192,
     };
     struct Range {
         double value = 0, least = 0, most = 0, step = 1;

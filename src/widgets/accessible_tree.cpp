@@ -93,6 +93,18 @@ AccessibleId AccessibleTree::child(const AccessibleId& id, int32_t index) const 
     return index >= 0 && has(id) ? childIn(*id.widget, id.part, index) : AccessibleId{};
 }
 
+AccessibleId AccessibleTree::childInSight(const AccessibleId& id, int32_t index, int32_t by) const {
+    if (!has(id)) return {};
+    const bool whole = id.part.whole();
+    Widget* const parts = whole ? partsIn(*id.widget) : id.widget;
+    int32_t first = 0;
+    if (parts && findIn(*id.widget, id.part, {parts, {whole ? 0 : id.part.row, whole ? -1 : 0}}, first)) {
+        const bool among = index >= first && index < first + parts->accessibleParts(id.part);
+        if (among) index = first + parts->accessibleInSight(id.part, index - first, by);
+    }
+    return child(id, index);
+}
+
 AccessibleId AccessibleTree::nearest(const AccessibleId& id) const {
     if (!id || has(id)) return id;
     if (!contains(*id.widget, root_)) return {};

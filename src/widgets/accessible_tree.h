@@ -24,6 +24,8 @@ public:
     int32_t childCount(const AccessibleId& id) const;
     // None where there is no such child.
     AccessibleId child(const AccessibleId& id, int32_t index) const;
+    // The same, but goes on from parts out of sight to the next child, or back to the one before.
+    AccessibleId childInSight(const AccessibleId& id, int32_t index, int32_t by) const;
     AccessibleId parent(const AccessibleId& id) const;
     // Among its parent's children; -1 for what has none.
     int32_t indexInParent(const AccessibleId& id) const;

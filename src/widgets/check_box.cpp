@@ -85,6 +85,7 @@ AccessibleItem CheckBox::accessible(AccessiblePart) const {
     using Kind = AccessibleAction::Kind;
     AccessibleItem item = itemOf(AccessibleItem::Role::checkBox, {});
     item.set(AccessibleItem::focusable);
+    item.set(AccessibleItem::checkable);
     item.set(AccessibleItem::checked, checked_);
     item.allow(Kind::focus, Kind::toggle);
     item.window = nativeWindow();

@@ -94,6 +94,9 @@ public:
     virtual AccessibleItem accessible(AccessiblePart) const { return {}; }
     // How many parts are in it, or in a row of it; they come before the children.
     virtual int32_t accessibleParts(AccessiblePart) const { return 0; }
+    // The first of the parts in something that is in sight, from `index` on or, where `by` is below 0, back
+    // from it; -1 or their count where there is none. All are, unless a widget scrolls through very many.
+    virtual int32_t accessibleInSight(AccessiblePart, int32_t index, int32_t) const { return index; }
     // At a point of the surface.
     virtual AccessiblePart accessiblePartAt(PixelPoint at) const;
     // The part that is a cell; none where there is no such cell.

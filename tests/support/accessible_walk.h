@@ -27,7 +27,7 @@ inline std::vector<AccessibleItem> everyItem(const headless::HeadlessSurface& su
     return items;
 }
 
-// Those of which something shows, and those beside them.
+// Those that are in sight.
 inline std::vector<AccessibleItem> shownItems(const headless::HeadlessSurface& surface) {
     std::vector<AccessibleItem> items;
     const AccessibleTree& tree = treeOf(surface);
@@ -37,8 +37,9 @@ inline std::vector<AccessibleItem> shownItems(const headless::HeadlessSurface& s
         left.pop_back();
         items.push_back(tree.item(id));
         if (items.back().is(AccessibleItem::offScreen)) continue;
-        for (int32_t index = 0, count = tree.childCount(id); index < count; ++index)
-            left.push_back(tree.child(id, index));
+        for (AccessibleId at = tree.childInSight(id, 0, 1); at;
+             at = tree.childInSight(id, tree.indexInParent(at) + 1, 1))
+            left.push_back(at);
     }
     return items;
 }

@@ -168,10 +168,11 @@ protected:
         act();
         --depth_;
     }
-    // A screen reader that looks at all that shows whenever it hears of something; not each time, for that
-    // takes long.
+    // A screen reader that looks at all that shows whenever it hears of something; in a long walk now and
+    // then, because it takes longer than what it hears of.
     void askEverything() {
-        if (++heard_ % 16 != 0) return;
+        constexpr uint32_t always = 2000;
+        if (++heard_ > always && heard_ % 16 != 0) return;
         platform_.listen(true);
         platform_.takeHeard();
         for (const NativeWindow id : platform_.windows()) {

@@ -360,6 +360,25 @@ TEST_F(WindowTest, AChangeOfTheSystemsLookIsToldOnceToAll) {
     EXPECT_EQ(taken(), (Journal{"first.appearanceChanged"}));
 }
 
+TEST_F(WindowTest, ColoursThatChangeBeforeAnythingIsPaintedAreToldThen) {
+    struct LookClient : AreaClient {
+        using AreaClient::AreaClient;
+        void appearanceChanged() override { said("appearanceChanged"); }
+    };
+    win32::Win32Platform platform(GetModuleHandleW(nullptr));
+    LookClient client(journal, "client");
+    const auto surface =
+        platform.createSurface(client, {SurfacePlacement::Kind::control, driver.host(), {0, 0, 20, 20}});
+    const INT index = COLOR_INFOBK;
+    const COLORREF before = GetSysColor(index), other = before ^ 0x010101;
+    SetSysColors(1, &index, &other);
+    driver.settle();
+    const Journal told = taken();
+    SetSysColors(1, &index, &before);
+    driver.settle();
+    EXPECT_EQ(std::count(told.begin(), told.end(), "client.appearanceChanged"), 1);
+}
+
 TEST(AppearanceTest, AnswersWhatTheSystemHas) {
     win32::Win32Platform platform(GetModuleHandleW(nullptr));
     Appearance& appearance = platform.appearance();

@@ -4,6 +4,7 @@
 #include "framework/control_table.h"
 #include "framework/member_call.h"
 #include "library/library.h"
+#include "panel_support.h"
 #include "person_support.h"
 #include "platform/win32/automation.h"
 #include "platform/win32/automation_patterns.h"
@@ -18,6 +19,9 @@
 
 #include <oleacc.h>
 #include <uiautomationclient.h>
+
+#include <array>
+#include <set>
 
 namespace obk {
 namespace {
@@ -78,11 +82,12 @@ public:
     EventHook& operator=(const EventHook&) = delete;
     ~EventHook() { UnhookWinEvent(hook_); }
 
-    // Of the things in one window: "focus Video".
-    static std::wstring take(HWND window) {
+    // Of the things in one window, or in all: "focus Video".
+    static std::wstring take(HWND only = nullptr) {
         std::wstring all;
         for (const Heard& each : std::exchange(heard, {})) {
-            if (each.window != window || each.object != OBJID_CLIENT) continue;
+            const HWND window = each.window;
+            if ((only && window != only) || each.object != OBJID_CLIENT) continue;
             ComPtr<IAccessible> of;
             VARIANT child{};
             AccessibleObjectFromEvent(window, static_cast<DWORD>(each.object), static_cast<DWORD>(each.child),
@@ -177,6 +182,106 @@ TEST_F(ReadTabs, AreFoundUsedAndHeard) {
     EXPECT_EQ(strip->get_accFocus(&hit), S_OK);
     ASSERT_EQ(hit.vt, VT_DISPATCH);
     hit.pdispVal->Release();
+}
+
+// Does the default action of the first thing of each kind, a role with what its action is called. Before each
+// `prepare` is run; what is told afterwards comes from `takeNews`.
+class ActionWalk {
+public:
+    ActionWalk(std::function<void()> prepare, std::function<std::wstring()> takeNews)
+        : prepare_(std::move(prepare)), takeNews_(std::move(takeNews)) {}
+
+    void visit(const ComPtr<IAccessible>& thing) {
+        act(thing);
+        LONG count = 0;
+        thing->get_accChildCount(&count);
+        for (LONG number = 1; number <= count; ++number) {
+            const ComPtr<IAccessible> child = childOf(thing, number);
+            // A window in it is the system's to describe.
+            if (child && roleOf(child) != ROLE_SYSTEM_WINDOW) visit(child);
+        }
+    }
+    std::wstring kinds() const {
+        std::wstring all;
+        for (const std::wstring& kind : kinds_) all += (all.empty() ? L"" : L", ") + kind;
+        return all;
+    }
+
+private:
+    void act(const ComPtr<IAccessible>& thing) {
+        BSTR action = nullptr;
+        thing->get_accDefaultAction(childNumber(CHILDID_SELF), &action);
+        const std::wstring does = taken(action);
+        // The system's own choice of colours would wait for an answer.
+        if (does.empty() || nameOf(thing) == asksTheSystem) return;
+        std::array<wchar_t, 64> role{};
+        GetRoleTextW(static_cast<DWORD>(roleOf(thing)), role.data(), static_cast<UINT>(role.size()));
+        const std::wstring kind = does + L" a " + role.data();
+        if (!kinds_.insert(kind).second) return;
+        SCOPED_TRACE(toUtf8(win32::fromWide(kind)));
+        prepare_();
+        takeNews_();
+        EXPECT_EQ(thing->accDoDefaultAction(childNumber(CHILDID_SELF)), S_OK);
+        EXPECT_NE(takeNews_(), L"") << "nobody hears of it";
+    }
+
+    static constexpr const wchar_t* asksTheSystem = L"More colors";
+
+    std::set<std::wstring> kinds_;
+    std::function<void()> prepare_;
+    std::function<std::wstring()> takeNews_;
+};
+
+TEST(ReadActions, AreDoneForEachKindOfThing) {
+    struct Case {
+        const wchar_t* control;
+        std::function<void(const container::Dispatch&)> fill;
+        const wchar_t* kinds;
+        const wchar_t* inPanel;
+    };
+    const Case cases[] = {
+        {L"UpDownTextBox", [](const auto& it) { it.put(L"Interval", 1.0); }, L"Press a push button", L""},
+        {L"DateCalendar", [](const auto& it) { it.put(L"Text", L"Tue 10 Nov 2026"); },
+         L"Open a combo box, Press a push button",
+         L"Open a combo box, Press a list item, Press a push button"},
+        {L"ButtonPalette", [](const auto&) {}, L"Press a split button", L"Press a list item"},
+        {L"PageTab", [](const auto& it) { it.put(L"ActiveTabs", L"Home,&Help,Video"); }, L"Switch a page tab",
+         L""},
+        {L"GridEdit",
+         [](const auto& it) {
+             it.call(L"RowsSet", {100L});
+             it.call(L"ColTypeSet", {0L, 3L});
+         },
+         L"Check a cell, Press a cell, Press a column header, Press a push button, Select a row", L""},
+    };
+    for (const Case& each : cases) {
+        SCOPED_TRACE(toUtf8(win32::fromWide(each.control)));
+        testing_support::HostedControl hosted(each.control);
+        hosted.activate({10, 10, 330, 200});
+        each.fill(hosted.object());
+        const Person person(hosted.loop, hosted.window.handle());
+        const EventHook hook;
+        const auto news = [&] {
+            hosted.loop.pumpPending();
+            return hosted.takeEvents() + EventHook::take();
+        };
+        const auto close = [&] {
+            if (openPanel()) hosted.object().call(L"HidePopUp");
+        };
+        ActionWalk walk(close, news);
+        walk.visit(accessibleOf(hosted.site.window()));
+        EXPECT_EQ(walk.kinds(), each.kinds);
+        close();
+        hosted.object().call(L"ShowPopUp");
+        ActionWalk panelWalk(
+            [&] {
+                if (!openPanel()) hosted.object().call(L"ShowPopUp");
+                hosted.loop.pumpPending();
+            },
+            news);
+        if (const HWND panel = openPanel()) panelWalk.visit(accessibleOf(panel));
+        EXPECT_EQ(panelWalk.kinds(), each.inPanel);
+    }
 }
 
 // Every control made here, so that what lies behind its window can be looked at.
@@ -337,6 +442,156 @@ TEST_F(Automation, HasThePatternsOfTheOtherControls) {
     putProperty(*control, *control->table().member(u"Enabled"), Value(false));
     EXPECT_EQ(drop->Expand(), static_cast<HRESULT>(0x80040200)) << "not enabled";
     control->deactivate();
+}
+
+// The system's part of raising events, as a journal: "selected cell; focus cell".
+class RaisedEvents {
+public:
+    RaisedEvents() : before_(win32::automationFunctions()) {
+        win32::AutomationFunctions& functions = win32::automationFunctions();
+        functions.listening = []() -> BOOL { return TRUE; };
+        functions.raiseEvent = [](IRawElementProviderSimple* of, EVENTID event) {
+            return note(of, event == 20005   ? L"focus"
+                            : event == 20009 ? L"invoked"
+                            : event == 20012 ? L"selected"
+                                             : L"other");
+        };
+        functions.raiseChange = [](IRawElementProviderSimple* of, PROPERTYID property, VARIANT, VARIANT now) {
+            VARIANT text{};
+            if (now.vt == VT_R8) VariantChangeType(&now, &now, 0, VT_I4);
+            VariantChangeType(&text, &now, 0, VT_BSTR);
+            return note(of,
+                        property == UIA_ValueValuePropertyId                          ? L"value"
+                        : property == UIA_RangeValueValuePropertyId                   ? L"number"
+                        : property == UIA_ToggleToggleStatePropertyId                 ? L"toggled"
+                        : property == UIA_NamePropertyId                              ? L"name"
+                        : property == UIA_IsEnabledPropertyId                         ? L"enabled"
+                        : property == UIA_ExpandCollapseExpandCollapseStatePropertyId ? L"expanded"
+                        : property == UIA_ScrollVerticalScrollPercentPropertyId       ? L"down"
+                                                                                      : L"other",
+                        taken(text.bstrVal));
+        };
+        functions.raiseStructure = [](IRawElementProviderSimple* of, int, int*, int) {
+            return note(of, L"structure");
+        };
+    }
+    RaisedEvents(const RaisedEvents&) = delete;
+    RaisedEvents& operator=(const RaisedEvents&) = delete;
+    ~RaisedEvents() { win32::automationFunctions() = before_; }
+
+    static std::wstring take() {
+        pumpAll();
+        return std::exchange(raised, {});
+    }
+
+private:
+    static HRESULT note(IRawElementProviderSimple* of, const wchar_t* what, const std::wstring& value = {}) {
+        VARIANT name{};
+        of->GetPropertyValue(UIA_NamePropertyId, &name);
+        raised += (raised.empty() ? L"" : L"; ") + (what + (L" " + taken(name.bstrVal)));
+        if (!value.empty()) raised += L" = " + value;
+        return S_OK;
+    }
+    static inline std::wstring raised;
+    const win32::AutomationFunctions before_;
+};
+
+TEST_F(Automation, IsToldOfEachChangeInItsOrder) {
+    const RaisedEvents raised;
+    place(u"GridEdit");
+    call(u"RowsSet", {int32_t{100}});
+    call(u"ColTypeSet", {int32_t{1}, int32_t{3}});
+    control->focus();
+    RaisedEvents::take();
+    const auto cells = pattern<win32::IGridProvider>(provider(), UIA_GridPatternId);
+    ComPtr<IRawElementProviderSimple> cell, check;
+    cells->GetItem(3, 0, cell.put());
+    cells->GetItem(3, 1, check.put());
+    pattern<win32::ISelectionItemProvider>(cell, UIA_SelectionItemPatternId)->Select();
+    EXPECT_EQ(RaisedEvents::take(), L"selected column 1, row 4; focus column 1, row 4");
+    pattern<win32::IValueProvider>(cell, UIA_ValuePatternId)->SetValue(L"Paris");
+    EXPECT_EQ(RaisedEvents::take(), L"focus column 1, row 4; value column 1, row 4 = Paris");
+    pattern<win32::IToggleProvider>(check, UIA_TogglePatternId)->Toggle();
+    EXPECT_EQ(RaisedEvents::take(),
+              L"selected column 2, row 4; focus column 2, row 4; toggled column 2, row 4 = 1");
+    call(u"TopRowSet", {int32_t{50}});
+    EXPECT_EQ(RaisedEvents::take(), L"down GridEdit = 54; structure GridEdit; number Up and down = 850");
+    EXPECT_EQ(text(go(provider(), NavigateDirection_FirstChild), UIA_NamePropertyId), L"row 51");
+    control->deactivate();
+
+    place(u"UpDownTextBox");
+    putProperty(*control, *control->table().member(u"Interval"), Value(1.0));
+    RaisedEvents::take();
+    pattern<win32::IRangeValueProvider>(provider(), UIA_RangeValuePatternId)->SetValue(4.0);
+    EXPECT_EQ(RaisedEvents::take(), L"number UpDownTextBox = 4; value UpDownTextBox = 4");
+    control->deactivate();
+}
+
+// A client that asks about a window from a thread of its own, as those in other processes do.
+class AutomationClient {
+public:
+    explicit AutomationClient(HWND window)
+        : window_(window), thread_(CreateThread(nullptr, 0, run, this, 0, nullptr)) {}
+    AutomationClient(const AutomationClient&) = delete;
+    AutomationClient& operator=(const AutomationClient&) = delete;
+    ~AutomationClient() {
+        WaitForSingleObject(thread_, INFINITE);
+        CloseHandle(thread_);
+    }
+
+    bool done() const { return WaitForSingleObject(thread_, 0) == WAIT_OBJECT_0; }
+    HRESULT outcome = E_FAIL;
+    std::wstring name;
+    long type = 0, enabled = 0;
+
+private:
+    static DWORD WINAPI run(void* self) {
+        CoInitializeEx(nullptr, COINIT_MULTITHREADED);
+        static_cast<AutomationClient*>(self)->ask();
+        CoUninitialize();
+        return 0;
+    }
+    void ask() {
+        using Node = void*;
+        const HMODULE library = LoadLibraryW(L"uiautomationcore.dll");
+        const auto find = [library](const char* called) {
+            return reinterpret_cast<void*>(GetProcAddress(library, called));
+        };
+        const auto fromHandle = reinterpret_cast<HRESULT(WINAPI*)(HWND, Node*)>(find("UiaNodeFromHandle"));
+        const auto get =
+            reinterpret_cast<HRESULT(WINAPI*)(Node, PROPERTYID, VARIANT*)>(find("UiaGetPropertyValue"));
+        const auto release = reinterpret_cast<BOOL(WINAPI*)(Node)>(find("UiaNodeRelease"));
+        Node node = nullptr;
+        outcome = fromHandle(window_, &node);
+        if (FAILED(outcome)) return;
+        VARIANT value{};
+        outcome = get(node, UIA_NamePropertyId, &value);
+        if (value.vt == VT_BSTR) name = taken(value.bstrVal);
+        VARIANT number{};
+        if (SUCCEEDED(get(node, UIA_ControlTypePropertyId, &number)) && number.vt == VT_I4)
+            type = number.lVal;
+        VARIANT flag{};
+        if (SUCCEEDED(get(node, UIA_IsEnabledPropertyId, &flag)) && flag.vt == VT_BOOL)
+            enabled = flag.boolVal;
+        release(node);
+    }
+
+    const HWND window_;
+    const HANDLE thread_;
+};
+
+TEST_F(Automation, AnswersAClientOnAnotherThread) {
+    for (const auto& [name, type] :
+         {std::pair(u"GridEdit", 50028L), {u"UpDownTextBox", 50016L}, {u"PageTab", 50018L}}) {
+        place(name);
+        AutomationClient client(reinterpret_cast<HWND>(control->window()));
+        EXPECT_TRUE(pumpUntil([&] { return client.done(); }));
+        EXPECT_EQ(client.outcome, S_OK);
+        EXPECT_EQ(client.name, win32::toWide(name));
+        EXPECT_EQ(client.type, type);
+        EXPECT_NE(client.enabled, 0);
+        control->deactivate();
+    }
 }
 
 TEST_F(Automation, LeavesNothingOfTenThousandProviders) {

@@ -85,20 +85,12 @@ HRESULT answer(VARIANT* result, LONG value) {
     return S_OK;
 }
 
-// Several things that are selected.
+// Several things that are selected; each is made an object of when it is asked for.
 class Selected final : public ComObject<IEnumVARIANT> {
 public:
-    explicit Selected(std::vector<ComPtr<IDispatch>> things, size_t at = 0)
-        : things_(std::move(things)), at_(at) {}
-    HRESULT STDMETHODCALLTYPE Next(ULONG count, VARIANT* items, ULONG* fetched) override {
-        ULONG done = 0;
-        for (; done < count && at_ < things_.size(); ++done) {
-            items[done].vt = VT_DISPATCH;
-            items[done].pdispVal = ComPtr<IDispatch>(things_[at_++]).detach();
-        }
-        if (fetched) *fetched = done;
-        return done == count ? S_OK : S_FALSE;
-    }
+    Selected(const std::shared_ptr<SurfaceWindow>& surface, std::vector<AccessibleId> things, size_t at = 0)
+        : ComObject(surface->moduleLock()), surface_(surface), things_(std::move(things)), at_(at) {}
+    HRESULT STDMETHODCALLTYPE Next(ULONG count, VARIANT* items, ULONG* fetched) override;
     HRESULT STDMETHODCALLTYPE Skip(ULONG count) override {
         const size_t left = things_.size() - at_;
         at_ += count < left ? count : left;
@@ -110,12 +102,24 @@ public:
     }
     HRESULT STDMETHODCALLTYPE Clone(IEnumVARIANT** copy) override {
         if (!copy) return E_POINTER;
-        *copy = ComPtr<IEnumVARIANT>(new Selected(things_, at_)).detach();
-        return S_OK;
+        *copy = nullptr;
+        const auto surface = surface_.lock();
+        if (!surface) return CO_E_OBJNOTCONNECTED;
+        return attempted([&] { *copy = ComPtr<IEnumVARIANT>(new Selected(surface, things_, at_)).detach(); });
     }
 
 private:
-    const std::vector<ComPtr<IDispatch>> things_;
+    static HRESULT attempted(const std::function<void()>& work) {
+        try {
+            work();
+            return S_OK;
+        } catch (...) {
+            return E_OUTOFMEMORY;
+        }
+    }
+
+    const std::weak_ptr<SurfaceWindow> surface_;
+    const std::vector<AccessibleId> things_;
     size_t at_;
 };
 
@@ -200,10 +204,7 @@ public:
             const std::vector<AccessibleId> selected = view.tree.selection(id_);
             if (selected.empty()) return S_FALSE;
             if (selected.size() == 1) return inside(view, selected[0], children);
-            std::vector<ComPtr<IDispatch>> things;
-            things.reserve(selected.size());
-            for (const AccessibleId& each : selected) things.emplace_back(new Accessible(view.surface, each));
-            children->punkVal = ComPtr<IUnknown>(new Selected(std::move(things))).detach();
+            children->punkVal = ComPtr<IUnknown>(new Selected(view.surface, selected)).detach();
             children->vt = VT_UNKNOWN;
             return S_OK;
         });
@@ -372,6 +373,23 @@ private:
     const AccessibleId id_;
 };
 
+HRESULT Selected::Next(ULONG count, VARIANT* items, ULONG* fetched) {
+    if (fetched) *fetched = 0;
+    if (!items) return E_POINTER;
+    const auto surface = surface_.lock();
+    if (!surface) return CO_E_OBJNOTCONNECTED;
+    ULONG done = 0;
+    const HRESULT outcome = attempted([&] {
+        for (; done < count && at_ < things_.size(); ++done) {
+            items[done].pdispVal = ComPtr<IDispatch>(new Accessible(surface, things_[at_])).detach();
+            items[done].vt = VT_DISPATCH;
+            ++at_;
+        }
+    });
+    if (fetched) *fetched = done;
+    return done == count ? S_OK : outcome == S_OK ? S_FALSE : outcome;
+}
+
 }  // namespace
 
 ComPtr<IUnknown> createAccessible(const std::shared_ptr<SurfaceWindow>& surface, const AccessibleId& of) {
@@ -380,10 +398,13 @@ ComPtr<IUnknown> createAccessible(const std::shared_ptr<SurfaceWindow>& surface,
 
 void notifyAccessible(SurfaceWindow& surface, AccessibleEvent event, const AccessibleId& of,
                       const AccessibleItem& item) {
+    constexpr DWORD contentScrolled = 0x8015;  // EVENT_OBJECT_CONTENTSCROLLED, of Windows 8
     // In the order of the events; an opened or closed part is a state.
     static constexpr DWORD events[] = {
         EVENT_OBJECT_FOCUS,       EVENT_OBJECT_SELECTION,   EVENT_OBJECT_VALUECHANGE, EVENT_OBJECT_NAMECHANGE,
-        EVENT_OBJECT_STATECHANGE, EVENT_OBJECT_STATECHANGE, EVENT_OBJECT_REORDER,     EVENT_OBJECT_INVOKED};
+        EVENT_OBJECT_STATECHANGE, EVENT_OBJECT_STATECHANGE, EVENT_OBJECT_REORDER,     EVENT_OBJECT_INVOKED,
+        EVENT_OBJECT_STATECHANGE, contentScrolled,          contentScrolled};
+    static_assert(std::size(events) == static_cast<size_t>(AccessibleEvent::scrolledDown) + 1);
     if (item.window) return;  // the system tells of its own
     NotifyWinEvent(events[static_cast<size_t>(event)], surface.hwnd(), OBJID_CLIENT, surface.nameFor(of));
 }

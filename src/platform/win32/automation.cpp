@@ -26,39 +26,21 @@ constexpr auto notEnabled = static_cast<HRESULT>(0x80040200);
 constexpr auto invalidOperation = static_cast<HRESULT>(0x80131509);
 constexpr int appendRuntimeId = 3;
 
-// The system's functions, as far as it has them.
-struct Functions {
-    LRESULT(WINAPI* returnProvider)(HWND, WPARAM, LPARAM, IRawElementProviderSimple*) = nullptr;
-    HRESULT(WINAPI* hostProvider)(HWND, IRawElementProviderSimple**) = nullptr;
-    HRESULT(WINAPI* raiseEvent)(IRawElementProviderSimple*, EVENTID) = nullptr;
-    HRESULT(WINAPI* raiseChange)(IRawElementProviderSimple*, PROPERTYID, VARIANT, VARIANT) = nullptr;
-    HRESULT(WINAPI* raiseStructure)(IRawElementProviderSimple*, int, int*, int) = nullptr;
-    BOOL(WINAPI* listening)() = nullptr;
-    HRESULT(WINAPI* disconnect)(IRawElementProviderSimple*) = nullptr;
-    bool asked = false;
-
-    void ask() {
-        if (std::exchange(asked, true)) return;
-        const HMODULE library =
-            LoadLibraryExW(L"uiautomationcore.dll", nullptr, 0x800);  // of the system alone
-        const auto find = [library](auto& function, const char* name) {
-            if (library)
-                function = reinterpret_cast<std::remove_reference_t<decltype(function)>>(
-                    reinterpret_cast<void*>(GetProcAddress(library, name)));
-        };
-        find(returnProvider, "UiaReturnRawElementProvider");
-        find(hostProvider, "UiaHostProviderFromHwnd");
-        find(raiseEvent, "UiaRaiseAutomationEvent");
-        find(raiseChange, "UiaRaiseAutomationPropertyChangedEvent");
-        find(raiseStructure, "UiaRaiseStructureChangedEvent");
-        find(listening, "UiaClientsAreListening");
-        find(disconnect, "UiaDisconnectProvider");
-    }
-};
-
-Functions& functions() {
-    static Functions known;
-    return known;
+void ask(AutomationFunctions& functions) {
+    if (std::exchange(functions.asked, true)) return;
+    const HMODULE library = LoadLibraryExW(L"uiautomationcore.dll", nullptr, 0x800);  // of the system alone
+    const auto find = [library](auto& function, const char* name) {
+        if (library)
+            function = reinterpret_cast<std::remove_reference_t<decltype(function)>>(
+                reinterpret_cast<void*>(GetProcAddress(library, name)));
+    };
+    find(functions.returnProvider, "UiaReturnRawElementProvider");
+    find(functions.hostProvider, "UiaHostProviderFromHwnd");
+    find(functions.raiseEvent, "UiaRaiseAutomationEvent");
+    find(functions.raiseChange, "UiaRaiseAutomationPropertyChangedEvent");
+    find(functions.raiseStructure, "UiaRaiseStructureChangedEvent");
+    find(functions.listening, "UiaClientsAreListening");
+    find(functions.disconnect, "UiaDisconnectProvider");
 }
 
 // Numbers of the system that the compiler's headers lack.
@@ -93,6 +75,11 @@ void put(VARIANT* result, bool value) {
 void put(VARIANT* result, int value) {
     result->vt = VT_I4;
     result->lVal = value;
+}
+
+void put(VARIANT* result, double value) {
+    result->vt = VT_R8;
+    result->dblVal = value;
 }
 
 void put(BSTR* result, TextView text) {
@@ -135,8 +122,9 @@ public:
     }
     HRESULT STDMETHODCALLTYPE get_HostRawElementProvider(IRawElementProviderSimple** host) override {
         return asked(host, [&](const View& view) {
-            return whole(view) && functions().hostProvider ? functions().hostProvider(view.window, host)
-                                                           : S_OK;
+            return whole(view) && automationFunctions().hostProvider
+                       ? automationFunctions().hostProvider(view.window, host)
+                       : S_OK;
         });
     }
 
@@ -155,12 +143,12 @@ public:
             }
             if (aside && whole(view)) return S_OK;
             const AccessibleId around = aside ? tree.parent(id_) : id_;
-            int32_t index = aside  ? tree.indexInParent(id_) + (back ? -1 : 1)
-                            : back ? tree.childCount(id_) - 1
-                                   : 0;
+            const int32_t by = back ? -1 : 1;
+            const int32_t index = aside ? tree.indexInParent(id_) + by : back ? tree.childCount(id_) - 1 : 0;
+            AccessibleId next = tree.childInSight(around, index, by);
             // What has a window of its own the system adds by itself.
-            AccessibleId next = tree.child(around, index);
-            while (next && tree.item(next).window != 0) next = tree.child(around, index += back ? -1 : 1);
+            while (next && tree.item(next).window != 0)
+                next = tree.childInSight(around, tree.indexInParent(next) + by, by);
             give(view, next, found);
             return S_OK;
         });
@@ -495,7 +483,7 @@ private:
                        item.role == Role::splitButton ||
                        (item.role == Role::columnHeader && item.can(Kind::press));
             case UIA_TogglePatternId:
-                return item.can(Kind::toggle) || item.role == Role::checkBox;
+                return item.is(Item::checkable);
             case UIA_ExpandCollapsePatternId:
                 return item.is(Item::expandable);
             case UIA_ValuePatternId:
@@ -570,18 +558,24 @@ private:
 
 }  // namespace
 
+AutomationFunctions& automationFunctions() {
+    static AutomationFunctions known;
+    return known;
+}
+
 ComPtr<IRawElementProviderSimple> createProvider(const std::shared_ptr<SurfaceWindow>& surface,
                                                  const AccessibleId& of) {
     return new Provider(surface, of);
 }
 
 LRESULT returnProvider(HWND window, WPARAM wParam, LPARAM lParam, IRawElementProviderSimple* provider) {
-    functions().ask();
-    return functions().returnProvider ? functions().returnProvider(window, wParam, lParam, provider) : 0;
+    AutomationFunctions& system = automationFunctions();
+    ask(system);
+    return system.returnProvider ? system.returnProvider(window, wParam, lParam, provider) : 0;
 }
 
 bool automationListens() {
-    return functions().listening && functions().listening();
+    return automationFunctions().listening && automationFunctions().listening();
 }
 
 void raiseAutomation(const std::shared_ptr<SurfaceWindow>& surface, AccessibleEvent event,
@@ -589,13 +583,19 @@ void raiseAutomation(const std::shared_ptr<SurfaceWindow>& surface, AccessibleEv
     if (!automationListens() || item.window != 0) return;
     const auto provider = createProvider(surface, of);
     const auto raise = [&](EVENTID id) {
-        if (functions().raiseEvent) functions().raiseEvent(provider.get(), id);
+        if (automationFunctions().raiseEvent) automationFunctions().raiseEvent(provider.get(), id);
     };
     const auto changed = [&](PROPERTYID id, auto now) {
         VARIANT old{}, value{};
         put(&value, now);
-        if (functions().raiseChange) functions().raiseChange(provider.get(), id, old, value);
+        if (automationFunctions().raiseChange)
+            automationFunctions().raiseChange(provider.get(), id, old, value);
         VariantClear(&value);
+    };
+    const auto structureChanged = [&] {
+        constexpr int childrenInvalidated = 2;
+        if (automationFunctions().raiseStructure)
+            automationFunctions().raiseStructure(provider.get(), childrenInvalidated, nullptr, 0);
     };
     switch (event) {
         case AccessibleEvent::focus:
@@ -605,7 +605,20 @@ void raiseAutomation(const std::shared_ptr<SurfaceWindow>& surface, AccessibleEv
         case AccessibleEvent::invoked:
             return raise(automation_event::invoked);
         case AccessibleEvent::value:
-            return changed(UIA_ValueValuePropertyId, TextView(item.value));
+            if (item.range) changed(UIA_RangeValueValuePropertyId, item.range->value);
+            if (item.is(Item::valued)) changed(UIA_ValueValuePropertyId, TextView(item.value));
+            return;
+        case AccessibleEvent::toggled:
+            return changed(UIA_ToggleToggleStatePropertyId, item.is(Item::checked) ? 1 : 0);
+        case AccessibleEvent::scrolledAcross:
+        case AccessibleEvent::scrolledDown: {
+            const Item::Scroll now = item.scroll.value_or(Item::Scroll());
+            const bool across = event == AccessibleEvent::scrolledAcross;
+            changed(across ? UIA_ScrollHorizontalScrollPercentPropertyId
+                           : UIA_ScrollVerticalScrollPercentPropertyId,
+                    across ? now.across : now.down);
+            return structureChanged();  // other rows or columns are in sight
+        }
         case AccessibleEvent::name:
             return changed(UIA_NamePropertyId, TextView(item.name));
         case AccessibleEvent::state:
@@ -613,15 +626,12 @@ void raiseAutomation(const std::shared_ptr<SurfaceWindow>& surface, AccessibleEv
         case AccessibleEvent::expanded:
             return changed(UIA_ExpandCollapseExpandCollapseStatePropertyId, item.is(Item::expanded) ? 1 : 0);
         case AccessibleEvent::structure:
-            constexpr int childrenInvalidated = 2;
-            if (functions().raiseStructure)
-                functions().raiseStructure(provider.get(), childrenInvalidated, nullptr, 0);
-            return;
+            return structureChanged();
     }
 }
 
 void disconnectProvider(IRawElementProviderSimple* provider) {
-    if (functions().disconnect) functions().disconnect(provider);
+    if (automationFunctions().disconnect) automationFunctions().disconnect(provider);
 }
 
 }  // namespace obk::win32

@@ -9,6 +9,13 @@ namespace {
 constexpr UINT tellListenersMessage = WM_APP;
 constexpr UINT runActionsMessage = WM_APP + 1;
 
+SystemColours systemColours() {
+    SystemColours colours{};
+    for (size_t index = 0; index < colours.size(); ++index)
+        colours[index] = GetSysColor(static_cast<int>(index));
+    return colours;
+}
+
 }  // namespace
 
 ServiceWindow::ServiceWindow(HINSTANCE module, std::wstring className, FontCache& fonts)
@@ -37,7 +44,9 @@ HWND ServiceWindow::window() {
     // Top-level, although it never shows: message-only windows do not hear of changed colours.
     window_ = CreateWindowExW(WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE, className_.c_str(), L"", WS_POPUP, 0, 0, 0,
                               0, nullptr, nullptr, module_, nullptr);
-    if (window_) SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+    if (!window_) return nullptr;
+    SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+    if (!listeners_.empty() && unheard_ != systemColours()) appearanceChangedSoon();
     return window_;
 }
 
@@ -58,6 +67,7 @@ void ServiceWindow::stopTimer(UINT_PTR timer) {
 
 void ServiceWindow::addListener(std::weak_ptr<AppearanceListener> listener) {
     std::erase_if(listeners_, [](const auto& known) { return known.expired(); });
+    if (!window_ && listeners_.empty()) unheard_ = systemColours();
     listeners_.push_back(std::move(listener));
 }
 

@@ -5,6 +5,7 @@
 
 #include <windows.h>
 
+#include <array>
 #include <functional>
 #include <map>
 #include <memory>
@@ -12,6 +13,8 @@
 #include <vector>
 
 namespace obk::win32 {
+
+using SystemColours = std::array<COLORREF, COLOR_MENUBAR + 1>;
 
 // Told when colours, metrics, fonts or themes changed.
 class AppearanceListener {
@@ -35,7 +38,8 @@ public:
     void stopTimer(UINT_PTR timer);
 
     void addListener(std::weak_ptr<AppearanceListener> listener);
-    // Hears of news from now on: when something is painted for the first time.
+    // Hears of news from now on, when something is painted for the first time; other colours than when the
+    // first listener came are news.
     void listen() { window(); }
     // From the message loop, with what is posted: before the mouse and the keys go on. Whether it will be.
     bool soon(std::function<void()> action);
@@ -55,6 +59,7 @@ private:
     HWND window_ = nullptr;
     bool registered_ = false;
     bool newsPending_ = false;
+    SystemColours unheard_{};  // while there is no window to hear of others
     UINT_PTR lastTimer_ = 0;
     std::map<UINT_PTR, std::shared_ptr<std::function<void()>>> timers_;
     std::vector<std::weak_ptr<AppearanceListener>> listeners_;
