@@ -39,9 +39,10 @@ bool Window::create(const std::wstring& title, DWORD style, DWORD extendedStyle,
         RegisterClassExW(&description);
     }
     // A place that is up to the system leaves it the size as well.
-    const int width = pixels.left == CW_USEDEFAULT ? CW_USEDEFAULT : pixels.right - pixels.left;
+    const bool anywhere = pixels.left == CW_USEDEFAULT;
     CreateWindowExW(extendedStyle, windowClass, title.c_str(), style | WS_CLIPCHILDREN, pixels.left,
-                    pixels.top, width, pixels.bottom - pixels.top, parent, nullptr, instance, this);
+                    pixels.top, anywhere ? CW_USEDEFAULT : pixels.right - pixels.left,
+                    anywhere ? 0 : pixels.bottom - pixels.top, parent, nullptr, instance, this);
     return handle_ != nullptr;
 }
 
