@@ -198,7 +198,7 @@ std::wstring pascalPart(const SceneControl& control, const std::vector<Step>& st
 std::wstring csharpPart(const SceneControl& control, const std::vector<Step>& steps) {
     std::wstring code = L"var " + control.name + L" = new Ax" + className(control) +
                         L" { Bounds = new Rectangle(" + placed(control.place) + L") };\r\nControls.Add(" +
-                        control.name + L");\r\n" + control.name + L".CreateControl();\r\n";
+                        control.name + L");\r\n";
     for (const Step& step : steps)
         code += control.name + L".Members." + step.member +
                 (step.property ? L" = " + joined(step.values) : L"(" + joined(step.values) + L")") + L";\r\n";
@@ -214,7 +214,7 @@ std::wstring codeFor(const Scene& scene, const container::ServerContext& server,
     else if (language == CodeLanguage::objectPascal)
         code = L"// With imports\\OBKCTRLS.pas; Place is in samples\\lazarus\\order.lpr.\r\n";
     else
-        code = L"// With imports\\OBKCTRLS.cs, in the constructor of a form.\r\n";
+        code = L"// With imports\\OBKCTRLS.cs, in OnShown of a form, as in samples\\csharp.\r\n";
     for (const auto& control : scene.controls()) {
         ComPtr<IUnknown> fresh;
         if (!control->failure.empty() || FAILED(server.create(control->progId, fresh))) continue;

@@ -243,6 +243,10 @@ void GalleryWindow::layOut() {
     const Layout places = layout();
     placeWindow(pageList_->handle(), places.pages);
     placeWindow(found_->handle(), places.pages);
+    // Where the pages have no names there is no room to search.
+    const bool searches = !IsRectEmpty(&places.search);
+    if (!searches && GetWindowTextLengthW(searchField_) > 0) SetWindowTextW(searchField_, L"");
+    ShowWindow(searchField_, searches ? SW_SHOWNA : SW_HIDE);
     placeWindow(searchField_, places.search);
     placeWindow(codeButton_, places.code);
     placeWindow(viewButton_, places.view);
@@ -292,7 +296,7 @@ bool GalleryWindow::handleKey(MSG& message) {
         askSave();
     } else if (control && message.wParam == L'O') {
         askLoad();
-    } else if (control && message.wParam == L'F') {
+    } else if (control && message.wParam == L'F' && IsWindowVisible(searchField_)) {
         SetFocus(searchField_);
         SendMessageW(searchField_, EM_SETSEL, 0, -1);
     } else if (message.hwnd == searchField_ && message.wParam == VK_DOWN && found_->count() > 0) {
