@@ -47,6 +47,9 @@ public:
     // Without it, whatever the dice say.
     std::function<void(const std::string& name)> hears;
 
+    // Whether a screen reader asks for everything in each event, rather than now and then.
+    bool asksAlways = false;
+
     // Nothing here holds the control while the window system is at work: that is for that to do. A host that
     // calls a member holds what it calls.
     virtual void act() {
@@ -168,11 +171,9 @@ protected:
         act();
         --depth_;
     }
-    // A screen reader that looks at all that shows whenever it hears of something; in a long walk now and
-    // then, because it takes longer than what it hears of.
+    // A screen reader that looks at all that shows, which takes longer than what it hears of.
     void askEverything() {
-        constexpr uint32_t always = 2000;
-        if (++heard_ > always && heard_ % 16 != 0) return;
+        if (++heard_ % (asksAlways ? 1 : 16) != 0) return;
         platform_.listen(true);
         platform_.takeHeard();
         for (const NativeWindow id : platform_.windows()) {
