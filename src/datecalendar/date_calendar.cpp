@@ -5,6 +5,7 @@
 #include "datecalendar/quick_menu.h"
 #include "framework/kxlib_system.h"
 #include "framework/whole_line.h"
+#include "widgets/text_line_keys.h"
 
 #include <utility>
 

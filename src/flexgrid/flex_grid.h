@@ -2,6 +2,7 @@
 // own. Works without a window.
 #pragma once
 
+#include "flexgrid/cell_describer.h"
 #include "flexgrid/current_cell_grid.h"
 #include "flexgrid/grid_events.h"
 #include "flexgrid/grid_keys.h"
@@ -11,19 +12,6 @@
 #include "widgets/timer.h"
 
 namespace obk {
-
-// What the control around a grid adds to what its cells tell screen readers.
-class CellDescriber {
-public:
-    // A cell, of which text, place and states are known.
-    virtual void describeCell(AccessibleItem& item, CellAddress cell) const = 0;
-    virtual void useCell(CellAddress cell, const AccessibleAction& action) = 0;
-    // The cell that a child of the grid stands in.
-    virtual std::optional<CellAddress> cellUnder(const Widget& child) const = 0;
-
-protected:
-    ~CellDescriber() = default;
-};
 
 class FlexGrid final : public Container, public CurrentCellGrid, public GridEvents {
 public:

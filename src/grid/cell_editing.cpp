@@ -8,6 +8,7 @@
 #include "grid/check_mark.h"
 #include "grid/grid_edit.h"
 #include "widgets/text_box.h"
+#include "widgets/text_line_keys.h"
 
 #include <algorithm>
 #include <utility>

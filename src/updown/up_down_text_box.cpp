@@ -8,6 +8,7 @@
 #include "framework/value.h"
 #include "framework/whole_line.h"
 #include "updown/shift_color.h"
+#include "widgets/text_line_keys.h"
 
 #include <algorithm>
 #include <cmath>

@@ -3,6 +3,7 @@
 
 #include "widgets/appearance.h"
 #include "widgets/regional.h"
+#include "widgets/registry.h"
 
 #include <chrono>
 #include <cstdint>
@@ -10,7 +11,6 @@
 #include <memory>
 #include <optional>
 #include <span>
-#include <string>
 #include <utility>
 #include <vector>
 
@@ -32,23 +32,6 @@ public:
     // The current date in the user's time zone.
     virtual std::chrono::year_month_day today() = 0;
     virtual DateForms dateForms() = 0;
-};
-
-// One opened key of the system registry; closed when it goes.
-class RegistryKey {
-public:
-    virtual ~RegistryKey() = default;
-    // Reads a value in the system's single-byte code page. `buffer` keeps its length and content beyond what
-    // the value fills; `size` comes back as the bytes the value has, its terminating zero included. False
-    // when the value does not exist or does not fit.
-    virtual bool query(TextView name, std::string& buffer, uint32_t& size, uint32_t& type) const = 0;
-};
-
-class Registry {
-public:
-    virtual ~Registry() = default;
-    // Null when the key does not exist or the access is refused.
-    virtual std::unique_ptr<RegistryKey> open(int32_t rootKey, TextView subKey, uint32_t access) = 0;
 };
 
 // Calls back every interval until stopped; stopped when it goes.

@@ -6,6 +6,7 @@
 #include "palette/button_palette.h"
 #include "support/control_fixture.h"
 #include "updown/up_down_text_box.h"
+#include "widgets/text_line_keys.h"
 
 #include <algorithm>
 #include <set>

@@ -2,21 +2,12 @@
 #pragma once
 
 #include "platform/win32/environment.h"
+#include "platform/win32/message.h"
 #include "widgets/peer_client.h"
-
-#include <windows.h>
 
 #include <memory>
 
 namespace obk::win32 {
-
-// One window message on its way.
-struct Message {
-    HWND window;
-    UINT code;
-    WPARAM wParam;
-    LPARAM lParam;
-};
 
 // The inside of a peer. The system's window keeps it alive while it exists, the peer while that exists; a
 // client may destroy the peer, the window or both in the middle of a message.
