@@ -22,7 +22,7 @@ const sections = [
     ['', ['index.md', 'hosts.md']],
     ['Guides', [...guides.map(guide => `guides/${guide}.md`), 'icons.md', 'when-nothing-seems-to-happen.md']],
     ['Reference', ['reference/README.md', ...controls.map(control => `reference/${control}.md`)]],
-    ['Releases', ['compatibility.md', '../CHANGELOG.md']],
+    ['Releases', ['compatibility.md', 'reliability.md', 'security.md', '../CHANGELOG.md']],
 ];
 const pages = new Map();  // by the source's path below docs
 for (const path of sections.flatMap(([, paths]) => paths)) {
