@@ -77,7 +77,7 @@ private:
     void applyView(bool otherLook);
     void buildScene();
     void search();
-    void showFound(const FoundList::Row& found);
+    void showFound(const FoundList::Row& row);
 
     Theme& mutableTheme_;
     const container::ServerContext& server_;

@@ -201,9 +201,9 @@ HWND Scene::button(const Place& place, const wchar_t* text, std::function<void()
 }
 
 void Scene::onPressed(HWND child, std::function<void()> pressed) {
-    for (ChildItem& each : children_) {
-        if (each.window == child) each.pressed = std::move(pressed);
-    }
+    const auto found = std::find_if(children_.begin(), children_.end(),
+                                    [child](const ChildItem& each) { return each.window == child; });
+    if (found != children_.end()) found->pressed = std::move(pressed);
 }
 
 void Scene::demonstrate() const {

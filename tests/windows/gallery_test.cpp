@@ -154,12 +154,14 @@ std::wstring temporary(const wchar_t* name) {
 TEST_F(Gallery, CopiesCodeThatRuns) {
     const RegisteredServer registered;
     // A number field's page, and the grid's with its rows.
-    for (const auto& [page, line] :
-         {std::pair(0, L".Max = 50"), {5, L".BarHeaderCaptionSet 3, \"Article\""}}) {
+    const std::pair<int, const wchar_t*> cases[] = {{0, L".Max = 50"},
+                                                    {5, L".BarHeaderCaptionSet 3, \"Article\""}};
+    for (const auto& each : cases) {
+        const int page = each.first;
         if (page > 0) showPage(page);
         press(window, L"Copy code\x2026");
         ASSERT_TRUE(choose('B'));
-        ASSERT_TRUE(waitFor([&] { return clipboard().find(line) != std::wstring::npos; })) << page;
+        ASSERT_TRUE(waitFor([&] { return clipboard().find(each.second) != std::wstring::npos; })) << page;
         // Its comments say which controls the form has; here a script makes them.
         std::wstring code = clipboard(), controls;
         for (size_t at = 0; (at = code.find(L"    ' ", at)) != std::wstring::npos; ++at) {
