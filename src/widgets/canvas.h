@@ -35,6 +35,8 @@ public:
     virtual ~Canvas() = default;
 
     virtual Dpi dpi() const = 0;
+    // Whether left and right are exchanged, for what keeps its shape all the same.
+    virtual bool mirrors() const { return false; }
     // Empty rectangles paint nothing.
     virtual void fillRect(const PixelRect& rect, Rgb colour) = 0;
     // A closed polygon, filled without an outline; fewer than three points paint nothing.

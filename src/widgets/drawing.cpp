@@ -32,8 +32,11 @@ void drawCheckMark(Canvas& canvas, const PixelRect& square, Rgb colour) {
     constexpr int32_t whole = 16;
     constexpr std::array<PixelPoint, 6> shape{{{2, 8}, {4, 6}, {7, 9}, {12, 3}, {14, 5}, {7, 13}}};
     std::array<PixelPoint, shape.size()> points;
-    for (size_t at = 0; at < shape.size(); ++at)
-        points[at] = {square.left + shape[at].x * size / whole, square.top + shape[at].y * size / whole};
+    for (size_t at = 0; at < shape.size(); ++at) {
+        // It is the same mark in every reading order.
+        const int32_t x = canvas.mirrors() ? whole - shape[at].x : shape[at].x;
+        points[at] = {square.left + x * size / whole, square.top + shape[at].y * size / whole};
+    }
     canvas.fillPolygon(points, colour);
 }
 

@@ -14,6 +14,7 @@ public:
         : canvas_(canvas), edges_(bounds.left + bounds.right) {}
 
     Dpi dpi() const override { return canvas_.dpi(); }
+    bool mirrors() const override { return !canvas_.mirrors(); }
     void fillRect(const PixelRect& rect, Rgb colour) override { canvas_.fillRect(mirrored(rect), colour); }
     void fillPolygon(std::span<const PixelPoint> points, Rgb colour) override {
         std::vector<PixelPoint> own(points.begin(), points.end());

@@ -449,31 +449,10 @@ class RaisedEvents {
 public:
     RaisedEvents() : before_(win32::automationFunctions()) {
         win32::AutomationFunctions& functions = win32::automationFunctions();
-        functions.listening = []() -> BOOL { return TRUE; };
-        functions.raiseEvent = [](IRawElementProviderSimple* of, EVENTID event) {
-            return note(of, event == 20005   ? L"focus"
-                            : event == 20009 ? L"invoked"
-                            : event == 20012 ? L"selected"
-                                             : L"other");
-        };
-        functions.raiseChange = [](IRawElementProviderSimple* of, PROPERTYID property, VARIANT, VARIANT now) {
-            VARIANT text{};
-            if (now.vt == VT_R8) VariantChangeType(&now, &now, 0, VT_I4);
-            VariantChangeType(&text, &now, 0, VT_BSTR);
-            return note(of,
-                        property == UIA_ValueValuePropertyId                          ? L"value"
-                        : property == UIA_RangeValueValuePropertyId                   ? L"number"
-                        : property == UIA_ToggleToggleStatePropertyId                 ? L"toggled"
-                        : property == UIA_NamePropertyId                              ? L"name"
-                        : property == UIA_IsEnabledPropertyId                         ? L"enabled"
-                        : property == UIA_ExpandCollapseExpandCollapseStatePropertyId ? L"expanded"
-                        : property == UIA_ScrollVerticalScrollPercentPropertyId       ? L"down"
-                                                                                      : L"other",
-                        taken(text.bstrVal));
-        };
-        functions.raiseStructure = [](IRawElementProviderSimple* of, int, int*, int) {
-            return note(of, L"structure");
-        };
+        functions.listening = listening;
+        functions.raiseEvent = raiseEvent;
+        functions.raiseChange = raiseChange;
+        functions.raiseStructure = raiseStructure;
     }
     RaisedEvents(const RaisedEvents&) = delete;
     RaisedEvents& operator=(const RaisedEvents&) = delete;
@@ -485,6 +464,32 @@ public:
     }
 
 private:
+    static BOOL WINAPI listening() { return TRUE; }
+    static HRESULT WINAPI raiseEvent(IRawElementProviderSimple* of, EVENTID event) {
+        return note(of, event == 20005   ? L"focus"
+                        : event == 20009 ? L"invoked"
+                        : event == 20012 ? L"selected"
+                                         : L"other");
+    }
+    static HRESULT WINAPI raiseChange(IRawElementProviderSimple* of, PROPERTYID property, VARIANT,
+                                      VARIANT now) {
+        VARIANT text{};
+        if (now.vt == VT_R8) VariantChangeType(&now, &now, 0, VT_I4);
+        VariantChangeType(&text, &now, 0, VT_BSTR);
+        return note(of,
+                    property == UIA_ValueValuePropertyId                          ? L"value"
+                    : property == UIA_RangeValueValuePropertyId                   ? L"number"
+                    : property == UIA_ToggleToggleStatePropertyId                 ? L"toggled"
+                    : property == UIA_NamePropertyId                              ? L"name"
+                    : property == UIA_IsEnabledPropertyId                         ? L"enabled"
+                    : property == UIA_ExpandCollapseExpandCollapseStatePropertyId ? L"expanded"
+                    : property == UIA_ScrollVerticalScrollPercentPropertyId       ? L"down"
+                                                                                  : L"other",
+                    taken(text.bstrVal));
+    }
+    static HRESULT WINAPI raiseStructure(IRawElementProviderSimple* of, int, int*, int) {
+        return note(of, L"structure");
+    }
     static HRESULT note(IRawElementProviderSimple* of, const wchar_t* what, const std::wstring& value = {}) {
         VARIANT name{};
         of->GetPropertyValue(UIA_NamePropertyId, &name);
