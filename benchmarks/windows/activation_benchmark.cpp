@@ -163,10 +163,14 @@ void measureMemory(const ServerContext& server, const Class& measured) {
 
 void measureActivation(const ServerContext& server) {
     const HWND host = newForm(WS_VISIBLE);
-    // What the controls of a form share is there: forms have more than one.
-    obk::ComPtr<IUnknown> beside;
-    server.create(L"OBKCTRLS.lns", beside);
-    for (const Class& measured : classes) measureOne(server, host, measured);
+    {
+        // What the controls of a form share is there: forms have more than one.
+        ControlForm form(host);
+        ControlSite beside(form);
+        beside.create(server, L"OBKCTRLS.UpDownTextBox");
+        beside.activate({300, 10, 400, 31});
+        for (const Class& measured : classes) measureOne(server, host, measured);
+    }
     DestroyWindow(host);
     measureForm(server);
     for (const Class& measured : classes) measureMemory(server, measured);
