@@ -144,7 +144,7 @@ private:
     Dpi dpi_{96};           // the peer's; asked for each thing that is placed or painted
     bool placed_ = false;
     bool looksDifferent_ = false;  // from what was painted last
-    bool unseen_ = false;          // all of it is still to be painted: what changes meanwhile need not be said
+    bool unseen_ = false;  // all of it is still to be painted: what changes meanwhile need not be said
 };
 
 }  // namespace obk
