@@ -10,6 +10,8 @@
 
 #include <gtest/gtest.h>
 
+#include <olectl.h>
+
 #include <algorithm>
 #include <map>
 #include <set>

@@ -10,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include <commctrl.h>
+#include <olectl.h>
 #include <shlwapi.h>
 
 #include <algorithm>
@@ -100,7 +101,8 @@ void useControl(HostedControl& hosted, const std::wstring& name) {
         GetKeyboardState(before);
         keys[VK_CONTROL] = 0x80;
         SetKeyboardState(keys);
-        for (const WPARAM letter : {'C', 'V', 'Z'}) SendMessageW(focus, WM_KEYDOWN, letter, 1);
+        for (const WPARAM letter : {0x43, 0x56, 0x5A})  // C, V, Z
+            SendMessageW(focus, WM_KEYDOWN, letter, 1);
         SetKeyboardState(before);
         object.call(L"GridSave", {fileForSaving(), L"x"});
         object.call(L"GridLoad", {fileForSaving()});

@@ -41,7 +41,7 @@ TEST(ServerLifetime, TheServerMayBeUnloadedExactlyWhenNothingOfItIsInUse) {
 // Loaded for a control of each class, unloaded by whoever loaded it, and gone from memory each time, unless
 // the system still keeps it for a test before.
 TEST(ServerLifetime, TheServerComesAndGoes) {
-    const auto names = serverClasses();
+    const auto& names = serverClasses();
     CoFreeUnusedLibrariesEx(0, 0);
     const bool kept = GetModuleHandleW(L"OBKCTRLS.ocx") != nullptr;
     expectNothingIsLeft([&] {
