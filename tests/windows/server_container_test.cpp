@@ -273,9 +273,11 @@ TEST(ServerContainer, AnotherApplicationLeavesWhatIsHalfTyped) {
         EXPECT_TRUE(person.waitFor([] { return !GetActiveWindow() && !GetFocus(); }));
         EXPECT_EQ(text(), typed);
         EXPECT_TRUE(IsWindowVisible(focus));
-        SetForegroundWindow(hosted->window.handle());
-        EXPECT_TRUE(person.waitFor([] { return GetActiveWindow() && GetFocus(); }));
-        SetFocus(focus);
+        {
+            const FocusHandedOn back(hosted->window.handle(), focus);
+            SetForegroundWindow(hosted->window.handle());
+            EXPECT_TRUE(person.waitFor([&] { return GetFocus() == focus; }));
+        }
         person.wait(std::chrono::milliseconds(40));
         EXPECT_EQ(container::toUtf8(hosted->takeEvents()), "");
         EXPECT_EQ(text(), typed) << "still being typed";

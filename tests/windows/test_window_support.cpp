@@ -1,6 +1,26 @@
 #include "test_window_support.h"
 
+#include <commctrl.h>
+
 namespace obk::testing_support {
+
+namespace {
+
+LRESULT CALLBACK handFocusOn(HWND form, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR to) {
+    const LRESULT result = DefSubclassProc(form, message, wParam, lParam);
+    if (message == WM_SETFOCUS) SetFocus(reinterpret_cast<HWND>(to));
+    return result;
+}
+
+}  // namespace
+
+FocusHandedOn::FocusHandedOn(HWND form, HWND to) : form_(form) {
+    SetWindowSubclass(form_, handFocusOn, 1, reinterpret_cast<DWORD_PTR>(to));
+}
+
+FocusHandedOn::~FocusHandedOn() {
+    RemoveWindowSubclass(form_, handFocusOn, 1);
+}
 
 // Without a caption and shown without activation, no window manager has to answer before it is there.
 TestWindow::TestWindow()

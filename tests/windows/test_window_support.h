@@ -19,4 +19,16 @@ private:
     HWND handle_;
 };
 
+// A form that, while this lives, hands the focus on as soon as it gets it, as dialogs do when they come back.
+class FocusHandedOn {
+public:
+    FocusHandedOn(HWND form, HWND to);
+    FocusHandedOn(const FocusHandedOn&) = delete;
+    FocusHandedOn& operator=(const FocusHandedOn&) = delete;
+    ~FocusHandedOn();
+
+private:
+    HWND form_;
+};
+
 }  // namespace obk::testing_support

@@ -1,5 +1,9 @@
 #include "window_driver_support.h"
 
+#include "test_window_support.h"
+
+#include <optional>
+
 namespace obk::testing_support {
 
 namespace {
@@ -113,10 +117,11 @@ void WindowDriver::leaveApplication() {
 }
 
 void WindowDriver::returnToApplication(NativeWindow window) {
-    SetForegroundWindow(host_);
-    EXPECT_TRUE(pumpUntil([this] { return GetActiveWindow() == host_ && GetFocus(); }));
     const HWND wanted = window ? reinterpret_cast<HWND>(window) : host_;
-    SetFocus(wanted);
+    std::optional<FocusHandedOn> back;
+    if (window) back.emplace(host_, wanted);
+    SetForegroundWindow(host_);
+    EXPECT_TRUE(pumpUntil([&] { return GetActiveWindow() == host_ && GetFocus() == wanted; }));
     // What stays with the host is noticed a moment later.
     pass(std::chrono::milliseconds(40));
 }
