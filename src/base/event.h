@@ -1,50 +1,70 @@
 // A notification that any number of listeners may connect to, safe against every re-entry.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <utility>
-#include <vector>
 
 namespace obk {
+
+// What an event knows of one listener, and of the one that connected after it.
+struct ListenerEntry {
+    std::shared_ptr<ListenerEntry> next;
+    uint32_t number = 0;  // in the order of connecting
+    bool live = true;
+};
 
 // Ends one connection when it goes; an empty one ends nothing. May outlive the event.
 class Connection {
 public:
     Connection() = default;
-    explicit Connection(std::shared_ptr<bool> live) : live_(std::move(live)) {}
+    explicit Connection(std::weak_ptr<ListenerEntry> entry) : entry_(std::move(entry)) {}
     Connection(Connection&&) noexcept = default;
-    Connection& operator=(Connection&& other) noexcept {
-        disconnect();
-        live_ = std::move(other.live_);
-        return *this;
-    }
-    ~Connection() { disconnect(); }
+    Connection& operator=(Connection&& other) noexcept;
+    ~Connection();
 
-    void disconnect() {
-        if (live_) *live_ = false;
-        live_.reset();
-    }
+    void disconnect();
 
 private:
-    std::shared_ptr<bool> live_;
+    std::weak_ptr<ListenerEntry> entry_;
 };
 
-// The listeners of an event, whatever their arguments are.
+// The listeners of an event, whatever their arguments are. An entry that is taken out leads on to those after
+// it, so whoever has come to it goes on from there.
 class ListenerList {
 public:
-    struct Entry {
-        std::shared_ptr<bool> live;
-        std::shared_ptr<const void> listener;
-    };
-    using Entries = std::vector<Entry>;
+    ListenerList() = default;
+    ListenerList(const ListenerList&) = delete;
+    ListenerList& operator=(const ListenerList&) = delete;
+    ~ListenerList();
 
-    Connection add(std::shared_ptr<const void> listener);
-    // Null while nobody has ever listened. It is replaced, never changed, so a copy stays whole.
-    std::shared_ptr<const Entries> entries() const { return entries_; }
+    // Takes out those that have disconnected.
+    Connection add(std::shared_ptr<ListenerEntry> added);
+    bool empty() const { return !first_; }
 
 private:
-    std::shared_ptr<const Entries> entries_;
+    friend class ListenerWalk;
+    uint32_t last() const;
+
+    std::shared_ptr<ListenerEntry> first_;
+};
+
+// From one listener to the next, through those that had connected when it began. The one it has come to
+// stays.
+class ListenerWalk {
+public:
+    explicit ListenerWalk(const ListenerList& list);
+    ListenerWalk(const ListenerWalk&) = delete;
+    ListenerWalk& operator=(const ListenerWalk&) = delete;
+    ~ListenerWalk();
+
+    // Null at the end.
+    const ListenerEntry* next();
+
+private:
+    std::shared_ptr<ListenerEntry> coming_, present_;
+    uint32_t last_;
 };
 
 // Raised by calling it. Arguments are passed on as declared, so a reference lets a listener answer.
@@ -59,18 +79,22 @@ public:
     Event& operator=(const Event&) = delete;
 
     [[nodiscard]] Connection connect(Listener listener) {
-        return listeners_.add(std::make_shared<const Listener>(std::move(listener)));
+        return listeners_.add(std::make_shared<Entry>(std::move(listener)));
     }
 
     void operator()(Arguments... arguments) const {
-        const auto entries = listeners_.entries();
-        if (!entries) return;
-        for (const ListenerList::Entry& entry : *entries) {
-            if (*entry.live) (*static_cast<const Listener*>(entry.listener.get()))(arguments...);
-        }
+        if (listeners_.empty()) return;
+        ListenerWalk walk(listeners_);
+        while (const ListenerEntry* entry = walk.next())
+            static_cast<const Entry*>(entry)->listener(arguments...);
     }
 
 private:
+    struct Entry : ListenerEntry {
+        explicit Entry(Listener heard) : listener(std::move(heard)) {}
+        const Listener listener;
+    };
+
     ListenerList listeners_;
 };
 

@@ -10,6 +10,8 @@
 #include "widgets/drop_list.h"
 #include "widgets/wheel_notches.h"
 
+#include <vector>
+
 namespace obk {
 
 // Around what keys go to; lets the mouse through.

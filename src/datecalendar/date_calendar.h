@@ -13,6 +13,8 @@
 #include "widgets/decoration.h"
 #include "widgets/text_box.h"
 
+#include <vector>
+
 namespace obk {
 
 class DateCalendar final : public Control {

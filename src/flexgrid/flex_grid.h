@@ -11,6 +11,8 @@
 #include "widgets/scroll_bar.h"
 #include "widgets/timer.h"
 
+#include <vector>
+
 namespace obk {
 
 class FlexGrid final : public Container, public CurrentCellGrid, public GridEvents {

@@ -3,6 +3,8 @@
 
 #include "framework/control_table.h"
 
+#include <vector>
+
 namespace obk {
 
 // How one persisted value is declared; see PersistedValue.

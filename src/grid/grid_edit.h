@@ -13,6 +13,8 @@
 #include "grid/icon_list.h"
 #include "widgets/decoration.h"
 
+#include <vector>
+
 namespace obk {
 
 // Rows and columns count from 0, the caption bar is none of them. Lengths are twips. What members do stands

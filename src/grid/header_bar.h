@@ -4,6 +4,8 @@
 #include "flexgrid/flex_grid.h"
 #include "grid/header_model.h"
 
+#include <vector>
+
 namespace obk {
 
 // Captions and indicator stand where the grid's columns stand when the bar is painted. The columns' borders

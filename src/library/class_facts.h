@@ -4,6 +4,8 @@
 
 #include "library/library.h"
 
+#include <vector>
+
 namespace obk {
 
 // "OBKCTRLS.UpDownTextBox": whichever version is registered.

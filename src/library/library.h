@@ -3,6 +3,8 @@
 
 #include "framework/control_table.h"
 
+#include <vector>
+
 namespace obk {
 
 // A library is the set of its public controls' tables.

@@ -3,6 +3,8 @@
 
 #include "library/library.h"
 
+#include <vector>
+
 namespace obk {
 
 enum class Architecture { x86, x64 };

@@ -7,6 +7,8 @@
 #include "pagetab/page_tab_model.h"
 #include "pagetab/tab_strip.h"
 
+#include <vector>
+
 namespace obk {
 
 class PageTab final : public Control {

@@ -11,6 +11,8 @@
 #include "palette/button_face.h"
 #include "palette/palette_panel.h"
 
+#include <vector>
+
 namespace obk {
 
 class ButtonPalette final : public Control {

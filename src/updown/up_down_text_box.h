@@ -11,6 +11,8 @@
 #include "widgets/spinner.h"
 #include "widgets/text_box.h"
 
+#include <vector>
+
 namespace obk {
 
 class UpDownTextBox final : public Control {

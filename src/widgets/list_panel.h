@@ -4,6 +4,8 @@
 #include "widgets/list_view.h"
 #include "widgets/surface.h"
 
+#include <vector>
+
 namespace obk {
 
 // Holds the mouse capture while it is open. A press elsewhere, another window that takes the capture and a
