@@ -11,9 +11,9 @@ HostedControl::HostedControl(Control& outer, Container& parent, const ControlTab
     // Placed at the size it has by itself; the outer control's layout follows.
     move({{0}, {0}, control_->width(), control_->height()});
     adopt(control_->root());
-    outer_.hosted_.push_back(this);
     control_->setHost(this);
     control_->initNew();
+    outer_.hosted_.push_back(this);  // last: nobody would take out one whose making has failed
 }
 
 HostedControl::~HostedControl() {

@@ -6,6 +6,8 @@
 #include "grid/edit_session.h"
 #include "grid/range_editing.h"
 
+#include <vector>
+
 namespace obk {
 
 class GridEdit;

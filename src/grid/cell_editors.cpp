@@ -3,23 +3,56 @@
 #include "base/attempt.h"
 #include "grid/cell_values.h"
 #include "widgets/drawing.h"
+#include "widgets/surface.h"
 
 #include <utility>
 
 namespace obk {
 
 CellEditors::CellEditors(Control& outer, FlexGrid& grid)
-    : grid_(grid), cboLIST(grid, u"List"), dtpTIME(grid, u"Time") {
-    for (const Text& time : timeList()) dtpTIME.add(time);
-    editors_[ColumnType::text] = makeTextEditor(*this, grid);
-    editors_[ColumnType::date] = makeDateEditor(*this, outer, grid);
-    editors_[ColumnType::checkBox] = makeCheckEditor(*this, outer, grid);
-    editors_[ColumnType::list] = makeListEditor(*this, cboLIST);
-    editors_[ColumnType::number] = makeNumberEditor(*this, outer, grid);
-    editors_[ColumnType::time] = makeListEditor(*this, dtpTIME);
-    for (const auto& [type, editor] : editors_) editor->widget().setVisible(false);
+    : outer_(outer), grid_(grid), cboLIST(grid, u"List") {
+    cboLIST.setVisible(false);
     connections_.push_back(cboLIST.pressed.connect([this] { listPressed(); }));
     connections_.push_back(cboLIST.chosen.connect([this] { itemChosen(); }));
+}
+
+bool CellEditors::isEdited(ColumnType type) {
+    return type >= ColumnType::text && type <= ColumnType::time && type != ColumnType::readOnly;
+}
+
+std::unique_ptr<CellEditor> CellEditors::make(ColumnType type) {
+    switch (type) {
+        case ColumnType::text:
+            return makeTextEditor(*this, grid_);
+        case ColumnType::date:
+            return makeDateEditor(*this, outer_, grid_);
+        case ColumnType::checkBox:
+            return makeCheckEditor(*this, outer_, grid_);
+        case ColumnType::list:
+            return makeListEditor(*this, cboLIST);
+        case ColumnType::number:
+            return makeNumberEditor(*this, outer_, grid_);
+        case ColumnType::time:
+            if (!dtpTIME) dtpTIME.emplace(grid_, u"Time");
+            if (dtpTIME->items().empty())
+                for (const Text& time : timeList()) dtpTIME->add(time);
+            return makeListEditor(*this, *dtpTIME);
+        case ColumnType::readOnly:
+            break;
+    }
+    return nullptr;
+}
+
+// Made when it is opened first: most grids are never edited in every way.
+CellEditor& CellEditors::editor(ColumnType type) {
+    std::unique_ptr<CellEditor>& known = editors_[static_cast<size_t>(type)];
+    if (known) return *known;
+    std::unique_ptr<CellEditor> made = make(type);
+    made->widget().setVisible(false);
+    made->setLook(look_);
+    if (Surface* shownOn = grid_.surface()) shownOn->attach(made->widget());
+    known = std::move(made);
+    return *known;
 }
 
 void CellEditors::load(CellEditor& editor) {
@@ -42,7 +75,7 @@ EditorLook CellEditors::lookOf(CellAddress cell) const {
 
 bool CellEditors::open(ColumnType type, CellAddress cell) {
     if (open_ || !has(type, cell)) return false;
-    CellEditor& editor = *editors_.at(type);
+    CellEditor& editor = this->editor(type);
     if (closed_ != &editor) hideClosed();
     closed_ = nullptr;
     type_ = type;
@@ -107,7 +140,9 @@ void CellEditors::fontChanged() {
 }
 
 void CellEditors::setLook(Look look) {
-    for (const auto& [type, editor] : editors_) editor->setLook(look);
+    look_ = look;
+    for (const auto& made : editors_)
+        if (made) made->setLook(look);
 }
 
 }  // namespace obk

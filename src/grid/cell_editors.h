@@ -6,7 +6,7 @@
 #include "grid/column_types.h"
 #include "widgets/drop_list.h"
 
-#include <map>
+#include <array>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -37,7 +37,7 @@ public:
     bool usesTab() const { return open_ && open_->usesTab(); }
 
     bool has(ColumnType type, CellAddress cell) const {
-        return editors_.contains(type) && grid_.model().contains(cell);
+        return isEdited(type) && grid_.model().contains(cell);
     }
     // Opens the editor of a type over a cell, with the cell's text. None may be open. False for a type that
     // has none.
@@ -67,20 +67,28 @@ public:
 
     // The grid's: an open editor takes its cell's anew, the others when they open.
     void fontChanged();
-    void setTimeFont(const FontRef& font) { dtpTIME.setFont(font); }
+    void setTimeFont(const FontRef& font) {
+        if (dtpTIME) dtpTIME->setFont(font);
+    }
     void setLook(Look look);
     DropList& list() { return cboLIST; }
 
     Event<> listPressed, itemChosen;
 
 private:
+    static bool isEdited(ColumnType type);
+    std::unique_ptr<CellEditor> make(ColumnType type);
+    CellEditor& editor(ColumnType type);
     void load(CellEditor& editor);
     EditorLook lookOf(CellAddress cell) const;
 
+    Control& outer_;
     FlexGrid& grid_;
     DropList cboLIST;
-    DropList dtpTIME;
-    std::map<ColumnType, std::unique_ptr<CellEditor>> editors_;
+    std::optional<DropList> dtpTIME;
+    static constexpr size_t types = 7;
+    std::array<std::unique_ptr<CellEditor>, types> editors_;  // by type, those that have been opened
+    Look look_ = Look::classic;
 
     CellEditor* open_ = nullptr;    // one of those
     CellEditor* closed_ = nullptr;  // still shows

@@ -7,6 +7,7 @@
 #include "widgets/surface_peer.h"
 
 #include <memory>
+#include <vector>
 
 namespace obk {
 
@@ -24,6 +25,8 @@ public:
     // From parked into a parent's window.
     void setParent(NativeWindow parent);
     // Whether the window has a place on the screen, as opposed to being parked.
+    // A widget that has joined what is shown.
+    void attach(Widget& widget);
     bool placed() const { return peer_ && placed_; }
     bool isOpen() const { return peer_ != nullptr; }
     // 0 when it is not open.
