@@ -26,7 +26,6 @@ AmbientProperties::AmbientProperties() {
     };
     set(DISPID_AMBIENT_BACKCOLOR, systemColour(COLOR_BTNFACE));
     set(DISPID_AMBIENT_FORECOLOR, systemColour(COLOR_BTNTEXT));
-    set(DISPID_AMBIENT_FONT, messageFont(100).get());
     set(DISPID_AMBIENT_DISPLAYNAME, L"");
     set(DISPID_AMBIENT_LOCALEID, static_cast<long>(GetUserDefaultLCID()));
     set(DISPID_AMBIENT_MESSAGEREFLECT, false);

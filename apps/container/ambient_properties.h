@@ -16,7 +16,7 @@ namespace obk::container {
 ComPtr<IDispatch> messageFont(int percent);
 
 // Values by their DISPID_AMBIENT_* number. Starts with what a form of ordinary colours in run mode
-// offers; the font is the system's message font.
+// offers; the font is the form's.
 class AmbientProperties {
 public:
     AmbientProperties();

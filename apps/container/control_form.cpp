@@ -5,6 +5,7 @@
 
 #include <algorithm>
 
+#include "container/ambient_properties.h"
 #include "container/control_site.h"
 #include "container/window_metrics.h"
 
@@ -81,6 +82,11 @@ int ControlForm::dpi() const {
 
 IOleInPlaceFrame* ControlForm::frame() const {
     return frame_.get();
+}
+
+IDispatch* ControlForm::font() {
+    if (!font_) font_ = messageFont(100);
+    return font_.get();
 }
 
 IOleInPlaceActiveObject* ControlForm::activeObject() const {

@@ -26,6 +26,8 @@ public:
     HWND window() const { return window_; }
     int dpi() const;
     IOleInPlaceFrame* frame() const;
+    // The one that its controls follow: the system's message font.
+    IDispatch* font();
 
     // The tab order is the order of addition; adding again moves to the end. Sites add themselves. A window
     // needs no style for it and may lie outside the form's; hidden and disabled ones are passed over.
@@ -73,6 +75,7 @@ private:
 
     HWND window_;
     ComPtr<FrameObject> frame_;
+    ComPtr<IDispatch> font_;
     std::vector<Stop> stops_;
     ControlSite* active_ = nullptr;
 };

@@ -26,6 +26,7 @@ ControlSite::ControlSite(ControlForm& form, SiteSettings settings)
       site_(new SiteObject(this)),
       events_(new EventSink),
       changes_(new ChangeJournal) {
+    site_->ambients.set(DISPID_AMBIENT_FONT, form_.font());
     site_->ambients.set(DISPID_AMBIENT_DISPLAYNAME, settings_.name);
     site_->ambients.set(DISPID_AMBIENT_USERMODE, settings_.mode == SiteMode::run);
     form_.add(*this);

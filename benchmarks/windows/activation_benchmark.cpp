@@ -71,14 +71,13 @@ private:
     obk::ComPtr<IClassFactory> factory_;
 };
 
-void measureOne(const ServerContext& server, HWND host, const Class& measured) {
+void measureOne(const ServerContext& server, ControlForm& form, const Class& measured) {
     constexpr int repeats = 20;
     const Factory factory(server, measured.progId);
     if (!factory.usable()) return;
     const auto own = [&] {
         return microseconds([&] {
                    for (int repeat = 0; repeat < repeats; ++repeat) {
-                       ControlForm form(host);
                        ControlSite site(form);
                        factory.place(site, place);
                    }
@@ -88,7 +87,7 @@ void measureOne(const ServerContext& server, HWND host, const Class& measured) {
     const auto bare = [&] {
         return microseconds([&] {
                    for (int repeat = 0; repeat < repeats; ++repeat)
-                       DestroyWindow(newChild(host, measured.hasTextLine ? L"EDIT" : L"STATIC", place));
+                       DestroyWindow(newChild(form.window(), measured.hasTextLine ? L"EDIT" : L"STATIC", place));
                }) /
                repeats;
     };
@@ -169,7 +168,7 @@ void measureActivation(const ServerContext& server) {
         ControlSite beside(form);
         beside.create(server, L"OBKCTRLS.UpDownTextBox");
         beside.activate({300, 10, 400, 31});
-        for (const Class& measured : classes) measureOne(server, host, measured);
+        for (const Class& measured : classes) measureOne(server, form, measured);
     }
     DestroyWindow(host);
     measureForm(server);
