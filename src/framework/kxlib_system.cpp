@@ -44,6 +44,7 @@ Text kxlib_SYSTEM::GetRegistryString(TextView RootKey, TextView SubKey, TextView
 }
 
 Text GetWindowsVersion(Platform& platform) {
+    if (platform.systemVersion) return *platform.systemVersion;
     const kxlib_SYSTEM system(platform.registry());
     Text version = system.GetRegistryString(localMachine, u"SOFTWARE\\MICROSOFT\\WINDOWS\\CURRENTVERSION",
                                             u"VersionNumber", u"");
@@ -51,13 +52,13 @@ Text GetWindowsVersion(Platform& platform) {
         version = system.GetRegistryString(localMachine, u"SOFTWARE\\MICROSOFT\\WINDOWS NT\\CURRENTVERSION",
                                            u"CurrentVersion", u"");
     }
+    platform.systemVersion = version;
     return version;
 }
 
 Look lookOfSystem(Platform& platform) {
     constexpr double newestClassic = 4.99;
-    if (!platform.systemVersion) platform.systemVersion = GetWindowsVersion(platform);
-    return leadingNumber(*platform.systemVersion) > newestClassic ? Look::flat : Look::classic;
+    return leadingNumber(GetWindowsVersion(platform)) > newestClassic ? Look::flat : Look::classic;
 }
 
 }  // namespace obk

@@ -133,7 +133,8 @@ bool ControlObject::live() const {
 }
 
 void ControlObject::applyLive() {
-    if (const HWND window = session_.window()) EnableWindow(window, live());
+    const HWND window = session_.window();
+    if (window && (IsWindowEnabled(window) != FALSE) != live()) EnableWindow(window, live());
 }
 
 void ControlObject::setExtent(Twips width, Twips height) {
