@@ -40,8 +40,8 @@ void CheckBox::paint(Canvas& canvas, const PixelRect& bounds) {
                       colour(enabled() ? SystemColour::windowText : SystemColour::greyText));
 }
 
-std::unique_ptr<CheckBoxPeer> CheckBox::createPeer(SurfacePeer& surface) {
-    return surface.createCheckBox(*this);
+std::unique_ptr<CheckBoxPeer> CheckBox::createPeer(SurfacePeer& surface, const ChildPlacement& placement) {
+    return surface.createCheckBox(*this, placement);
 }
 
 void CheckBox::windowMade() {

@@ -15,7 +15,7 @@ protected:
     ~CheckBoxClient() = default;
 };
 
-// The system's check box without a caption. Starts unchecked, enabled, visible.
+// The system's check box without a caption. Starts unchecked.
 class CheckBoxPeer : public ChildPeer {
 public:
     virtual void setChecked(bool checked) = 0;

@@ -9,6 +9,14 @@
 
 namespace obk {
 
+// Where a child window begins, and whether a person can use it. It shows where the clip leaves something of
+// it.
+struct ChildPlacement {
+    PixelRect bounds;  // on the surface
+    PixelRect clip;
+    bool enabled = true;
+};
+
 // A child window on a surface. Colours, fonts and sizes follow the calls at once.
 class ChildPeer {
 public:

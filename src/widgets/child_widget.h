@@ -3,6 +3,7 @@
 
 #include "base/attempt.h"
 #include "base/scoped_value.h"
+#include "widgets/child_peer.h"
 #include "widgets/surface.h"
 #include "widgets/widget.h"
 
@@ -45,10 +46,10 @@ public:
     void placed() override {
         const PixelRect clip = pixelClip();
         const bool seen = !clip.empty();
-        if (!peer_ && !(seen && makeWindow())) return;
         const Surface* shownOn = surface();
         const auto inWindow = [&](const PixelRect& part) { return shownOn ? shownOn->inWindow(part) : part; };
         const std::pair place{inWindow(windowBounds(pixelBounds())), inWindow(clip)};
+        if (!peer_ && !(seen && makeWindow({place.first, place.second, enabled()}))) return;
         // Each step may take the focus away, and who hears of that may close the window.
         tell(enabled_, enabled(), [&] { peer_->setEnabled(enabled()); });
         if (seen) tell(place_, place, [&] { peer_->setBounds(place.first, place.second); });
@@ -60,8 +61,8 @@ protected:
     explicit ChildWidget(Container& parent) : Widget(parent) {}
 
     // Null when the system refuses.
-    virtual std::unique_ptr<Peer> createPeer(SurfacePeer& surface) = 0;
-    // Tells a new window all that is kept here.
+    virtual std::unique_ptr<Peer> createPeer(SurfacePeer& surface, const ChildPlacement& placement) = 0;
+    // Tells a new window what it was not made with.
     virtual void windowMade() = 0;
     virtual void windowGoes() {}
     virtual void showColours() = 0;
@@ -103,16 +104,17 @@ private:
         return shownOn ? shownOn->readersTree().item({this, {}}).name : Text();
     }
 
-    bool makeWindow() {
+    bool makeWindow(const ChildPlacement& placement) {
         if (!surfacePeer_ || making_) return false;
         const ScopedFlag making(making_);
         std::unique_ptr<Peer> made;
-        attempt([&] { made = createPeer(*surfacePeer_); });
+        attempt([&] { made = createPeer(*surfacePeer_, placement); });
         // Whoever heard of it may have closed the surface.
         if (!surfacePeer_ || !made) return false;
         peer_ = std::move(made);
-        enabled_ = seen_ = true;
-        place_.reset();
+        enabled_ = placement.enabled;
+        seen_ = true;
+        place_.emplace(placement.bounds, placement.clip);
         windowMade();
         ask([&] { showColours(); });
         return peer_ != nullptr;

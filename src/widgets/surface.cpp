@@ -25,6 +25,10 @@ bool Surface::open(const SurfacePlacement& placement) {
     return true;
 }
 
+void Surface::attach(Widget& widget) {
+    if (peer_) attempt([&] { widget.attach(*peer_); });
+}
+
 void Surface::setParent(NativeWindow parent) {
     if (!peer_) return;
     if (attempt([&] { peer_->setParent(parent); })) placed_ = true;
@@ -71,7 +75,6 @@ void Surface::setBounds(const PixelRect& bounds) {
 }
 
 void Surface::setVisible(bool visible) {
-    unseen_ = false;
     if (peer_) attempt([&] { peer_->setVisible(visible); });
 }
 

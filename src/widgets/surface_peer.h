@@ -15,7 +15,8 @@ class CheckBoxClient;
 class CheckBoxPeer;
 class TextBoxClient;
 class TextBoxPeer;
-struct TextFlow;
+struct ChildPlacement;
+struct TextBoxStart;
 
 class SurfaceClient : public PeerClient {
 public:
@@ -99,8 +100,9 @@ public:
     virtual void tellReaders(AccessibleEvent, const AccessibleId&) {}
 
     // Null when the system refuses.
-    virtual std::unique_ptr<TextBoxPeer> createTextBox(TextBoxClient& client, TextFlow flow) = 0;
-    virtual std::unique_ptr<CheckBoxPeer> createCheckBox(CheckBoxClient& client) = 0;
+    virtual std::unique_ptr<TextBoxPeer> createTextBox(TextBoxClient& client, const TextBoxStart& start) = 0;
+    virtual std::unique_ptr<CheckBoxPeer> createCheckBox(CheckBoxClient& client,
+                                                         const ChildPlacement& placement) = 0;
 };
 
 }  // namespace obk

@@ -92,15 +92,12 @@ void TextBox::paint(Canvas& canvas, const PixelRect& bounds) {
     canvas.drawText(text_, {line.left + margin, line.top, line.right - margin, line.bottom}, style);
 }
 
-std::unique_ptr<TextBoxPeer> TextBox::createPeer(SurfacePeer& surface) {
-    return surface.createTextBox(*this, windowFlow());
+std::unique_ptr<TextBoxPeer> TextBox::createPeer(SurfacePeer& surface, const ChildPlacement& placement) {
+    return surface.createTextBox(*this, {windowFlow(), font_.description(), text_, maxLength_, placement});
 }
 
 void TextBox::windowMade() {
-    ask([&] { window().setFont(font_.description()); });
-    ask([&] { window().setMaxLength(maxLength_); });
-    ask([&] { window().setText(text_); });
-    ask([&] { window().setSelection(selection_); });
+    if (selection_ != TextSelection{}) ask([&] { window().setSelection(selection_); });
 }
 
 void TextBox::windowGoes() {

@@ -35,7 +35,16 @@ struct TextFlow {
     friend bool operator==(TextFlow, TextFlow) = default;
 };
 
-// A single-line text edit window without border. Starts empty, enabled and visible.
+// What an edit's window shows from the beginning: telling a window costs more than making it with that.
+struct TextBoxStart {
+    TextFlow flow;
+    FontDescription font;
+    Text text;  // which is not reported as a change
+    int32_t maxLength = 0;
+    ChildPlacement placement;
+};
+
+// A single-line text edit window without border. The caret stands before its text.
 class TextBoxPeer : public ChildPeer {
 public:
     virtual void setText(TextView text) = 0;

@@ -577,10 +577,38 @@ TEST_P(PortConformance, ACapturingSurfaceHearsOfTheMouseOutsideAndOverItsChildre
 
 // Surfaces
 
+TEST_P(PortConformance, AChildBeginsWithWhatItIsMadeWith) {
+    openArea();
+    constexpr PixelRect all{0, 0, 200, 120};
+    const TextFlow right{HorizontalAlignment::right};
+    first = area->createTextBox(firstClient, {right, {}, u"abc", 4, {{10, 10, 110, 30}, all, true}});
+    second = area->createTextBox(secondClient, {{}, {}, u"gone", 0, {{10, 40, 110, 60}, {}, true}});
+    CheckClient checkClient(journal, "check");
+    const auto check = area->createCheckBox(checkClient, {{10, 70, 30, 90}, all, false});
+    ASSERT_TRUE(first && second && check);
+    driver->settle();
+    EXPECT_EQ(taken(), Journal{}) << "its own text is no change";
+    EXPECT_EQ(first->selection(), TextSelection{});
+    second->focus();
+    check->focus();
+    EXPECT_FALSE(second->hasFocus()) << "nothing of it shows";
+    EXPECT_FALSE(check->hasFocus()) << "it is disabled";
+    first->focus();
+    ASSERT_TRUE(first->hasFocus());
+    for (const int16_t typed : {'X', 'Y'}) driver->key(typed);
+    EXPECT_EQ(firstClient.text, u"xabc") << "what is typed stands first, and no more than four";
+    second->setBounds({10, 40, 110, 60}, all);
+    second->focus();
+    EXPECT_TRUE(second->hasFocus());
+    check->setEnabled(true);
+    check->focus();
+    EXPECT_TRUE(check->hasFocus());
+}
+
 TEST_P(PortConformance, ACheckBoxTellsOfPressesAndLeavesItsMarkToTheClient) {
     openArea();
     CheckClient client{journal, "check"};
-    const auto check = area->createCheckBox(client);
+    const auto check = area->createCheckBox(client, {});
     ASSERT_TRUE(check);
     check->setBounds({10, 10, 40, 40}, {0, 0, 200, 120});
     driver->settle();
@@ -612,7 +640,7 @@ TEST_P(PortConformance, AClientMayDestroyItsCheckBoxInEveryReport) {
         SCOPED_TRACE(report);
         openArea();
         CheckClient client{journal, "check"};
-        auto check = area->createCheckBox(client);
+        auto check = area->createCheckBox(client, {});
         check->setBounds({10, 10, 40, 40}, {0, 0, 200, 120});
         driver->settle();
         client.on[report] = [&check] { check.reset(); };
@@ -675,7 +703,7 @@ TEST_P(PortConformance, APanelStartsHiddenAndNeverTakesTheFocus) {
     TextClient textClient(journal, "text");
     CheckClient checkClient(journal, "check");
     const auto text = panel->createTextBox(textClient, {});
-    const auto check = panel->createCheckBox(checkClient);
+    const auto check = panel->createCheckBox(checkClient, {});
     text->setBounds({5, 5, 45, 25}, {0, 0, 100, 60});
     check->setBounds({5, 40, 25, 55}, {0, 0, 100, 60});
     panel->focus();

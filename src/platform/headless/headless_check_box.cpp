@@ -3,8 +3,8 @@
 namespace obk::headless {
 
 HeadlessCheckBox::HeadlessCheckBox(HeadlessPlatform& platform, CheckBoxClient& client,
-                                   HeadlessSurface& parent)
-    : HeadlessChildPeer(platform, client, parent), checkClient_(client) {}
+                                   HeadlessSurface& parent, const ChildPlacement& placement)
+    : HeadlessChildPeer(platform, client, parent, placement), checkClient_(client) {}
 
 void HeadlessCheckBox::keyEffect(const KeyEvent& event) {
     if (event.code == key::space) pressed_ = true;

@@ -8,7 +8,8 @@ namespace obk::headless {
 
 class HeadlessCheckBox : public HeadlessChildPeer<CheckBoxPeer> {
 public:
-    HeadlessCheckBox(HeadlessPlatform& platform, CheckBoxClient& client, HeadlessSurface& parent);
+    HeadlessCheckBox(HeadlessPlatform& platform, CheckBoxClient& client, HeadlessSurface& parent,
+                     const ChildPlacement& placement);
 
     void setChecked(bool checked) override {
         work();

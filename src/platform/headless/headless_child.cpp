@@ -4,8 +4,12 @@
 
 namespace obk::headless {
 
-HeadlessChild::HeadlessChild(HeadlessPlatform& platform, PeerClient& client, HeadlessSurface& parent)
+HeadlessChild::HeadlessChild(HeadlessPlatform& platform, PeerClient& client, HeadlessSurface& parent,
+                             const ChildPlacement& placement)
     : HeadlessWindow(platform, client, &parent) {
+    bounds_ = placement.bounds;
+    clip_ = placement.clip;
+    enabled_ = placement.enabled;
     parent.addChild(*this);
 }
 

@@ -9,7 +9,8 @@ namespace obk::headless {
 // A child of a surface, whatever it shows.
 class HeadlessChild : public HeadlessWindow {
 public:
-    HeadlessChild(HeadlessPlatform& platform, PeerClient& client, HeadlessSurface& parent);
+    HeadlessChild(HeadlessPlatform& platform, PeerClient& client, HeadlessSurface& parent,
+                  const ChildPlacement& placement);
     ~HeadlessChild() override;
 
     bool holdsFocus() const { return id() != 0 && platform_.focus() == id(); }

@@ -97,14 +97,16 @@ void HeadlessSurface::focus() {
     if (canTakeFocus() && !platform_.refusesRequest()) platform_.setFocus(id());
 }
 
-std::unique_ptr<TextBoxPeer> HeadlessSurface::createTextBox(TextBoxClient& client, TextFlow) {
+std::unique_ptr<TextBoxPeer> HeadlessSurface::createTextBox(TextBoxClient& client,
+                                                            const TextBoxStart& start) {
     if (platform_.refusesRequest()) return nullptr;
-    return std::make_unique<HeadlessTextBox>(platform_, client, *this);
+    return std::make_unique<HeadlessTextBox>(platform_, client, *this, start);
 }
 
-std::unique_ptr<CheckBoxPeer> HeadlessSurface::createCheckBox(CheckBoxClient& client) {
+std::unique_ptr<CheckBoxPeer> HeadlessSurface::createCheckBox(CheckBoxClient& client,
+                                                              const ChildPlacement& placement) {
     if (platform_.refusesRequest()) return nullptr;
-    return std::make_unique<HeadlessCheckBox>(platform_, client, *this);
+    return std::make_unique<HeadlessCheckBox>(platform_, client, *this, placement);
 }
 
 void HeadlessSurface::tellReaders(AccessibleEvent event, const AccessibleId& of) {

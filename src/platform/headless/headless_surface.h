@@ -48,8 +48,9 @@ public:
     bool readersListen() const override { return platform_.readersListen_; }
     void readersSoon() override { platform_.toTellReaders_.push_back(id()); }
     void tellReaders(AccessibleEvent event, const AccessibleId& of) override;
-    std::unique_ptr<TextBoxPeer> createTextBox(TextBoxClient& client, TextFlow flow) override;
-    std::unique_ptr<CheckBoxPeer> createCheckBox(CheckBoxClient& client) override;
+    std::unique_ptr<TextBoxPeer> createTextBox(TextBoxClient& client, const TextBoxStart& start) override;
+    std::unique_ptr<CheckBoxPeer> createCheckBox(CheckBoxClient& client,
+                                                 const ChildPlacement& placement) override;
 
     // For tests: paints what is invalid and answers what was drawn.
     RecordingCanvas paint();

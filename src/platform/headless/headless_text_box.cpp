@@ -4,8 +4,12 @@
 
 namespace obk::headless {
 
-HeadlessTextBox::HeadlessTextBox(HeadlessPlatform& platform, TextBoxClient& client, HeadlessSurface& parent)
-    : HeadlessChildPeer(platform, client, parent), textClient_(client) {}
+HeadlessTextBox::HeadlessTextBox(HeadlessPlatform& platform, TextBoxClient& client, HeadlessSurface& parent,
+                                 const TextBoxStart& start)
+    : HeadlessChildPeer(platform, client, parent, start.placement),
+      textClient_(client),
+      text_(start.text),
+      maxLength_(start.maxLength) {}
 
 void HeadlessTextBox::setText(TextView text) {
     work();

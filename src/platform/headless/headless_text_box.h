@@ -8,7 +8,8 @@ namespace obk::headless {
 
 class HeadlessTextBox : public HeadlessChildPeer<TextBoxPeer> {
 public:
-    HeadlessTextBox(HeadlessPlatform& platform, TextBoxClient& client, HeadlessSurface& parent);
+    HeadlessTextBox(HeadlessPlatform& platform, TextBoxClient& client, HeadlessSurface& parent,
+                    const TextBoxStart& start);
 
     void setText(TextView text) override;
     void setSelection(TextSelection selection) override;

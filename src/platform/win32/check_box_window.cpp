@@ -5,21 +5,24 @@
 namespace obk::win32 {
 
 CheckBoxWindow::CheckBoxWindow(const std::shared_ptr<Environment>& environment,
-                               const std::shared_ptr<SurfaceWindow>& surface, CheckBoxClient& client)
-    : ChildWindow(environment, surface, client), checkBoxClient_(client) {}
+                               const std::shared_ptr<SurfaceWindow>& surface, CheckBoxClient& client,
+                               const ChildPlacement& placement)
+    : ChildWindow(environment, surface, client, placement), checkBoxClient_(client) {}
 
 std::shared_ptr<CheckBoxWindow> CheckBoxWindow::create(const std::shared_ptr<Environment>& environment,
                                                        const std::shared_ptr<SurfaceWindow>& surface,
-                                                       CheckBoxClient& client) {
+                                                       CheckBoxClient& client,
+                                                       const ChildPlacement& placement) {
     const HWND parent = surface->hwnd();
     if (!parent) return nullptr;
-    std::shared_ptr<CheckBoxWindow> self(new CheckBoxWindow(environment, surface, client));
+    std::shared_ptr<CheckBoxWindow> self(new CheckBoxWindow(environment, surface, client, placement));
     const Environment::ActivationScope scope(*environment);
-    const HWND window = CreateWindowExW(0, L"BUTTON", L"", WS_CHILD | WS_CLIPSIBLINGS | BS_CHECKBOX, 0, 0, 0,
-                                        0, parent, nullptr, environment->module(), nullptr);
+    const HWND window =
+        self->makeWindow(L"BUTTON", {}, self->styleAtFirst(placement.enabled) | BS_CHECKBOX, 0, parent);
     if (!window) return nullptr;
     self->adopt(window);
     surface->add(self);
+    self->cut(false);
     return self;
 }
 

@@ -13,7 +13,7 @@ public:
     // Null when the system refuses.
     static std::shared_ptr<CheckBoxWindow> create(const std::shared_ptr<Environment>& environment,
                                                   const std::shared_ptr<SurfaceWindow>& surface,
-                                                  CheckBoxClient& client);
+                                                  CheckBoxClient& client, const ChildPlacement& placement);
 
     void setChecked(bool checked) { send(BM_SETCHECK, checked ? BST_CHECKED : BST_UNCHECKED); }
     void setBackground(Rgb background);
@@ -23,7 +23,8 @@ public:
 
 private:
     CheckBoxWindow(const std::shared_ptr<Environment>& environment,
-                   const std::shared_ptr<SurfaceWindow>& surface, CheckBoxClient& client);
+                   const std::shared_ptr<SurfaceWindow>& surface, CheckBoxClient& client,
+                   const ChildPlacement& placement);
 
     CheckBoxClient& checkBoxClient_;  // only while listening()
     Rgb background_{};

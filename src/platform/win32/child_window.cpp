@@ -14,8 +14,25 @@
 namespace obk::win32 {
 
 ChildWindow::ChildWindow(const std::shared_ptr<Environment>& environment,
-                         const std::shared_ptr<SurfaceWindow>& surface, PeerClient& client)
-    : ClientWindow(environment, client), surface_(surface) {}
+                         const std::shared_ptr<SurfaceWindow>& surface, PeerClient& client,
+                         const ChildPlacement& placement)
+    : ClientWindow(environment, client),
+      surface_(surface),
+      bounds_(placement.bounds),
+      clip_(placement.clip) {}
+
+DWORD ChildWindow::styleAtFirst(bool enabled) const {
+    const bool shows = !bounds_.intersected(clip_).empty();
+    return WS_CHILD | WS_CLIPSIBLINGS | (enabled ? 0 : WS_DISABLED) | (shows ? WS_VISIBLE : 0);
+}
+
+HWND ChildWindow::makeWindow(const wchar_t* type, const std::wstring& text, DWORD style, DWORD extended,
+                             HWND parent) const {
+    const RECT area = toRect(bounds_);
+    return CreateWindowExW(extended, type, text.c_str(), style, area.left, area.top,
+                           std::max(0L, area.right - area.left), std::max(0L, area.bottom - area.top), parent,
+                           nullptr, environment().module(), nullptr);
+}
 
 void ChildWindow::closeChild() {
     // The focus of a window that goes falls to its parent, which is no news: it stays in the surface.
@@ -44,24 +61,33 @@ LRESULT ChildWindow::send(UINT message, WPARAM wParam, LPARAM lParam) const {
     return hwnd() ? SendMessageW(hwnd(), message, wParam, lParam) : 0;
 }
 
-void ChildWindow::place() {
+// What a window shows of itself, where its surface's window does not cut it anyway. It paints itself anew
+// where it has been painted before.
+void ChildWindow::cut(bool paint) {
     const HWND window = hwnd();
-    if (!window) return;
     const PixelRect shown = bounds_.intersected(clip_);
-    const bool wasShown = shows();
-    const bool clipped = !shown.empty() && shown != bounds_;
+    RECT around{};
+    GetClientRect(GetParent(window), &around);
+    const bool clipped = !shown.empty() && shown != bounds_.intersected(fromRect(around));
     if (clipped) {
         const PixelRect inside = shown.moved(-bounds_.left, -bounds_.top);
         UniqueRegion region(CreateRectRgn(inside.left, inside.top, inside.right, inside.bottom));
         // The system owns the region from then on.
-        if (SetWindowRgn(window, region.get(), wasShown)) static_cast<void>(region.release());
+        if (SetWindowRgn(window, region.get(), paint)) static_cast<void>(region.release());
     } else if (clipped_) {
-        SetWindowRgn(window, nullptr, wasShown);
+        SetWindowRgn(window, nullptr, paint);
     }
     clipped_ = clipped;
+}
+
+void ChildWindow::place() {
+    const HWND window = hwnd();
+    if (!window) return;
+    const bool wasShown = shows();
+    cut(wasShown);
     const RECT area = toRect(bounds_);
     // What comes into sight does so together with its place.
-    const UINT showing = visible_ && !shown.empty() && !wasShown ? SWP_SHOWWINDOW : 0;
+    const UINT showing = visible_ && !bounds_.intersected(clip_).empty() && !wasShown ? SWP_SHOWWINDOW : 0;
     SetWindowPos(window, nullptr, area.left, area.top, std::max(0L, area.right - area.left),
                  std::max(0L, area.bottom - area.top), SWP_NOZORDER | SWP_NOACTIVATE | showing);
     showOrHide();

@@ -2,8 +2,10 @@
 #pragma once
 
 #include "platform/win32/client_window.h"
+#include "widgets/child_peer.h"
 
 #include <memory>
+#include <string>
 
 namespace obk::win32 {
 
@@ -22,7 +24,13 @@ public:
 
 protected:
     ChildWindow(const std::shared_ptr<Environment>& environment,
-                const std::shared_ptr<SurfaceWindow>& surface, PeerClient& client);
+                const std::shared_ptr<SurfaceWindow>& surface, PeerClient& client,
+                const ChildPlacement& placement);
+
+    // How a window begins that is made where it is to be; whether it is cut is said right after.
+    DWORD styleAtFirst(bool enabled) const;
+    HWND makeWindow(const wchar_t* type, const std::wstring& text, DWORD style, DWORD extended,
+                    HWND parent) const;
 
     LRESULT handle(const Message& message) override;
     LRESULT passWheelOn(const Message& message) override;
@@ -34,6 +42,7 @@ protected:
     bool shows() const;
     LRESULT send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
     void place();
+    void cut(bool paint);
     void showOrHide();
     // Of a window made anew, which shows whole.
     void forgetClip() { clipped_ = false; }

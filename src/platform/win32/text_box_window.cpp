@@ -39,46 +39,50 @@ constexpr WPARAM controlBackspace = 127;
 
 TextBoxWindow::TextBoxWindow(const std::shared_ptr<Environment>& environment,
                              const std::shared_ptr<SurfaceWindow>& surface, TextBoxClient& client,
-                             TextFlow flow)
-    : ChildWindow(environment, surface, client),
+                             const TextBoxStart& start)
+    : ChildWindow(environment, surface, client, start.placement),
       textBoxClient_(client),
-      flow_(flow),
+      flow_(start.flow),
+      maxLength_(start.maxLength),
+      font_(start.font),
       fontDpi_(surface->dpi()) {}
 
 std::shared_ptr<TextBoxWindow> TextBoxWindow::create(const std::shared_ptr<Environment>& environment,
                                                      const std::shared_ptr<SurfaceWindow>& surface,
-                                                     TextBoxClient& client, TextFlow flow) {
+                                                     TextBoxClient& client, const TextBoxStart& start) {
     const HWND parent = surface->hwnd();
     if (!parent) return nullptr;
-    std::shared_ptr<TextBoxWindow> self(new TextBoxWindow(environment, surface, client, flow));
-    const HWND window = self->makeWindow(parent);
+    std::shared_ptr<TextBoxWindow> self(new TextBoxWindow(environment, surface, client, start));
+    const HWND window = self->makeEdit(parent, start.text, self->styleAtFirst(start.placement.enabled));
     if (!window) return nullptr;
     self->adopt(window);
     surface->add(self);
-    self->send(EM_LIMITTEXT);
+    self->applyFont(false);
+    self->setMaxLength(start.maxLength);
+    self->cut(false);
     return self;
 }
 
-HWND TextBoxWindow::makeWindow(HWND parent) const {
-    const Environment::ActivationScope scope(environment());
-    const DWORD style = WS_CHILD | WS_CLIPSIBLINGS | ES_AUTOHSCROLL | styleOf(flow_.alignment);
-    return CreateWindowExW(flow_.rightToLeft ? WS_EX_RTLREADING : 0, L"EDIT", L"", style, 0, 0, 0, 0, parent,
-                           nullptr, environment().module(), nullptr);
+// The one that the host's own fields are: without a border there is nothing of a theme to see, and asking for
+// one costs as much as the window.
+HWND TextBoxWindow::makeEdit(HWND parent, TextView text, DWORD style) const {
+    return makeWindow(L"EDIT", toWide(text), style | ES_AUTOHSCROLL | styleOf(flow_.alignment),
+                      flow_.rightToLeft ? WS_EX_RTLREADING : 0, parent);
 }
 
 void TextBoxWindow::setFont(const FontDescription& font) {
     font_ = font;
-    applyFont();
+    applyFont(shows());
 }
 
 void TextBoxWindow::dpiChanged(Dpi dpi) {
     fontDpi_ = dpi;
-    applyFont();
+    applyFont(shows());
 }
 
-void TextBoxWindow::applyFont() {
+void TextBoxWindow::applyFont(bool paint) {
     const SharedGdiFont previous = std::exchange(gdiFont_, environment().fonts().get(font_, fontDpi_));
-    send(WM_SETFONT, reinterpret_cast<WPARAM>(gdiFont_.get()), shows() ? TRUE : FALSE);
+    send(WM_SETFONT, reinterpret_cast<WPARAM>(gdiFont_.get()), paint ? TRUE : FALSE);
     setMargins();
 }
 
@@ -139,22 +143,20 @@ void TextBoxWindow::setFlow(TextFlow flow) {
     const HWND old = hwnd();
     const auto surface = surfaceWindow();
     if (!old || !surface || !surface->hwnd()) return;
-    const Text content = text();
     const TextSelection selected = selection();
-    const bool enabled = IsWindowEnabled(old) != FALSE;
-    const HWND made = makeWindow(surface->hwnd());
+    DWORD style = WS_CHILD | WS_CLIPSIBLINGS;
+    if (!IsWindowEnabled(old)) style |= WS_DISABLED;
+    const HWND made = makeEdit(surface->hwnd(), text(), style);
     if (!made) return;
     const Silence silence(*this);
     SetWindowPos(made, old, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
-    EnableWindow(made, enabled);
     // In place before the old one goes, so that the focus has somewhere to go.
-    SetWindowTextW(made, toWide(content).c_str());
     const bool hadFocus = GetFocus() == old;
     const bool shown = (GetWindowLongW(old, GWL_STYLE) & WS_VISIBLE) != 0;
     if (shown && hadFocus) ShowWindow(made, SW_SHOWNA);
     replace(made);
     forgetClip();
-    applyFont();
+    applyFont(shows());
     send(EM_LIMITTEXT, static_cast<WPARAM>(maxLength_));
     setSelection(selected);
     place();

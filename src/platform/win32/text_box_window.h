@@ -13,7 +13,7 @@ public:
     // Null when the system refuses.
     static std::shared_ptr<TextBoxWindow> create(const std::shared_ptr<Environment>& environment,
                                                  const std::shared_ptr<SurfaceWindow>& surface,
-                                                 TextBoxClient& client, TextFlow flow);
+                                                 TextBoxClient& client, const TextBoxStart& start);
 
     void setFont(const FontDescription& font);
     void setColours(Rgb text, Rgb background);
@@ -31,12 +31,14 @@ public:
 
 private:
     TextBoxWindow(const std::shared_ptr<Environment>& environment,
-                  const std::shared_ptr<SurfaceWindow>& surface, TextBoxClient& client, TextFlow flow);
+                  const std::shared_ptr<SurfaceWindow>& surface, TextBoxClient& client,
+                  const TextBoxStart& start);
     LRESULT handle(const Message& message) override;
     LRESULT systemDefault(const Message& message) override;
 
-    HWND makeWindow(HWND parent) const;
-    void applyFont();
+    HWND makeEdit(HWND parent, TextView text, DWORD style) const;
+    // To a window that is shown it is to be told whether to paint itself anew.
+    void applyFont(bool paint);
     void setMargins();
     LRESULT composition(const Message& message);
     Text text() const;

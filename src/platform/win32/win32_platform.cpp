@@ -138,19 +138,14 @@ public:
     void tellReaders(AccessibleEvent event, const AccessibleId& of) override {
         held()->tellReaders(event, of);
     }
-    std::unique_ptr<TextBoxPeer> createTextBox(TextBoxClient& client, TextFlow flow) override {
-        auto made = TextBoxWindow::create(environment_, window_, client, flow);
-        if (!made) return nullptr;
-        auto peer = std::make_unique<TextBox>(std::move(made));
-        peer->setVisible(true);
-        return peer;
+    std::unique_ptr<TextBoxPeer> createTextBox(TextBoxClient& client, const TextBoxStart& start) override {
+        auto made = TextBoxWindow::create(environment_, window_, client, start);
+        return made ? std::make_unique<TextBox>(std::move(made)) : nullptr;
     }
-    std::unique_ptr<CheckBoxPeer> createCheckBox(CheckBoxClient& client) override {
-        auto made = CheckBoxWindow::create(environment_, window_, client);
-        if (!made) return nullptr;
-        auto peer = std::make_unique<CheckBox>(std::move(made));
-        peer->setVisible(true);
-        return peer;
+    std::unique_ptr<CheckBoxPeer> createCheckBox(CheckBoxClient& client,
+                                                 const ChildPlacement& placement) override {
+        auto made = CheckBoxWindow::create(environment_, window_, client, placement);
+        return made ? std::make_unique<CheckBox>(std::move(made)) : nullptr;
     }
 
 private:
