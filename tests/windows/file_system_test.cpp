@@ -1,5 +1,7 @@
 #include "platform/win32/file_system.h"
 
+#include "../support/from_environment.h"
+#include "ended_saver.h"
 #include "refused_import.h"
 
 #include <windows.h>
@@ -13,6 +15,8 @@
 
 namespace obk::win32 {
 namespace {
+
+using testing_support::contentOf;
 
 class SystemFilesTest : public testing::Test {
 protected:
@@ -124,9 +128,10 @@ TEST_F(SystemFilesTest, AnOperationThatFailsLeavesTheOldFileOrTheNewOne) {
         {refusable<struct Open>("CreateFileW", CreateFileW, INVALID_HANDLE_VALUE), 2},
         {refusable<struct Write>("WriteFile", WriteFile, FALSE), 2},
         {refusable<struct Flush>("FlushFileBuffers", FlushFileBuffers, FALSE), 1},
-        {refusable<struct Replace>("ReplaceFileW", ReplaceFileW, FALSE), 1},
+        {refusable<struct About>("SetFileInformationByHandle", SetFileInformationByHandle, FALSE), 2},
+        {refusable<struct Replace>("ReplaceFileW", ReplaceFileW, FALSE), 0},
         {refusable<struct Path>("GetFinalPathNameByHandleW", GetFinalPathNameByHandleW, DWORD{}), 2},
-        {refusable<struct Move>("MoveFileExW", MoveFileExW, FALSE), 0},
+        {refusable<struct Move>("MoveFileExW", MoveFileExW, FALSE), 1},
         {refusable<struct Copy>("CopyFileW", CopyFileW, FALSE), 0},
     };
     for (const auto& [operation, least] : operations) {
@@ -153,6 +158,141 @@ TEST_F(SystemFilesTest, AnOperationThatFailsLeavesTheOldFileOrTheNewOne) {
         }
         EXPECT_GE(refusals, least) << operation.name;
     }
+}
+
+// By the system, or by the person who has lost patience; then somebody looks at what is there.
+TEST_F(SystemFilesTest, AProcessThatIsEndedWhileItSavesLeavesTheOldFileOrTheNewOne) {
+    const std::string before = contentOf('o'), after = contentOf('n');
+    int leftBeside = 0;
+    const auto look = [&] {
+        const auto found = bytes(L"a.txt");
+        EXPECT_TRUE(found == before || found == after) << (found ? static_cast<long>(found->size()) : -1);
+        for (const std::wstring& name : names()) {
+            if (name == L"a.txt") continue;
+            ++leftBeside;
+            const auto beside = bytes(name.c_str());
+            EXPECT_TRUE(beside == "" || beside == before || beside == after)
+                << "half a file stays: " << (beside ? beside->size() : 0);
+            DeleteFileW(wide(name.c_str()).c_str());
+        }
+    };
+    DWORD result = testing_support::endedAtCall;
+    int calls = 0;
+    for (; result == testing_support::endedAtCall; ++calls) {
+        SCOPED_TRACE(calls);
+        ASSERT_TRUE(write(L"a.txt", before));
+        result = testing_support::Saver(wide(L"a.txt"), calls).result();
+        look();
+    }
+    EXPECT_EQ(result, 0u);
+    EXPECT_EQ(bytes(L"a.txt"), after);
+    EXPECT_GT(calls, 10);
+    EXPECT_LE(leftBeside, 5) << "only where the new file has just been made or is about to get its name";
+    const int times = test::fromEnvironment("OBK_ENDINGS", 4);
+    for (int time = 0; time < times; ++time) {
+        SCOPED_TRACE(time);
+        ASSERT_TRUE(write(L"a.txt", before));
+        testing_support::Saver saver(wide(L"a.txt"), testing_support::Saver::forEver);
+        // Not by reading: who has the file open keeps it from being replaced on some systems.
+        for (int turn = 0; turn < 2000 && names().size() == 1; ++turn) Sleep(1);
+        Sleep(static_cast<DWORD>(time % 40));
+        saver.end();
+        look();
+    }
+}
+
+// What keeps the new file from its name, and the old one's content from being written over.
+BOOL WINAPI halfACopy(LPCWSTR, LPCWSTR to, BOOL) {
+    const HANDLE file =
+        CreateFileW(to, GENERIC_WRITE, 0, nullptr, TRUNCATE_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+    DWORD count = 0;
+    WriteFile(file, "ne", 2, &count, nullptr);
+    CloseHandle(file);
+    SetLastError(ERROR_DISK_FULL);
+    return FALSE;
+}
+BOOL WINAPI notReplaced(LPCWSTR, LPCWSTR, LPCWSTR, DWORD, LPVOID, LPVOID) {
+    return FALSE;
+}
+BOOL WINAPI notMoved(LPCWSTR, LPCWSTR, DWORD) {
+    return FALSE;
+}
+BOOL WINAPI notCopied(LPCWSTR, LPCWSTR, BOOL) {
+    return FALSE;
+}
+
+TEST_F(SystemFilesTest, ACopyThatEndsTheOldFileHalfWayLeavesTheNewOneBesideIt) {
+    const HMODULE program = GetModuleHandleW(nullptr);
+    const testing_support::RefusedImport replaced(program,
+                                                  {"ReplaceFileW", reinterpret_cast<void*>(&notReplaced)});
+    const testing_support::RefusedImport moved(program, {"MoveFileExW", reinterpret_cast<void*>(&notMoved)});
+    ASSERT_TRUE(write(L"a.txt", "old"));
+    EXPECT_TRUE(write(L"a.txt", "new")) << "written over";
+    EXPECT_EQ(bytes(L"a.txt"), "new");
+    EXPECT_EQ(names().size(), 1u);
+    {
+        const testing_support::RefusedImport copied(program,
+                                                    {"CopyFileW", reinterpret_cast<void*>(&notCopied)});
+        EXPECT_FALSE(write(L"a.txt", "newer"));
+        EXPECT_EQ(bytes(L"a.txt"), "new");
+        EXPECT_EQ(names().size(), 1u);
+    }
+    const testing_support::RefusedImport copied(program, {"CopyFileW", reinterpret_cast<void*>(&halfACopy)});
+    EXPECT_FALSE(write(L"a.txt", "newest"));
+    ASSERT_EQ(names().size(), 2u);
+    for (const std::wstring& name : names()) {
+        if (name != L"a.txt") {
+            EXPECT_EQ(bytes(name.c_str()), "newest");
+        }
+    }
+}
+
+// A share that cannot be reached, and a drive that is disconnected between the first byte and the last.
+TEST_F(SystemFilesTest, AShareThatGoesAwayLeavesTheOldFileOrTheNewOne) {
+    for (const TextView nowhere : {u"\\\\no-such-machine\\share\\a.txt", u"Q:\\a.txt", u"\\\\?\\UNC\\x"}) {
+        EXPECT_FALSE(files.openForWriting(nowhere));
+        EXPECT_FALSE(files.openForReading(nowhere));
+    }
+    for (const bool present : {true, false}) {
+        if (present) {
+            ASSERT_TRUE(write(L"a.txt", "old"));
+        } else {
+            DeleteFileW(wide(L"a.txt").c_str());
+        }
+        const std::wstring folder = wide(L"").substr(0, wide(L"").size() - 1);
+        ASSERT_TRUE(DefineDosDeviceW(0, L"Q:", folder.c_str()));
+        bool saved = false;
+        {
+            const auto file = files.openForWriting(u"Q:\\a.txt");
+            EXPECT_TRUE(DefineDosDeviceW(DDD_REMOVE_DEFINITION, L"Q:", nullptr));
+            saved = file && file->write("new, whole") && file->commit();
+        }
+        EXPECT_FALSE(files.openForReading(u"Q:\\a.txt"));
+        const std::optional<std::string> old = present ? std::optional<std::string>("old") : std::nullopt;
+        EXPECT_EQ(bytes(L"a.txt"), saved ? std::optional<std::string>("new, whole") : old);
+        for (const std::wstring& name : names()) {
+            if (name != L"a.txt") {
+                EXPECT_EQ(bytes(name.c_str()), "new, whole");
+            }
+        }
+    }
+}
+
+// The other name keeps what it had: to write through to it would be to write in place.
+TEST_F(SystemFilesTest, AFileWithTwoNamesIsReplacedUnderOne) {
+    ASSERT_TRUE(write(L"a.txt", "old"));
+    ASSERT_TRUE(CreateHardLinkW(wide(L"b.txt").c_str(), wide(L"a.txt").c_str(), nullptr));
+    ASSERT_TRUE(write(L"a.txt", "new"));
+    EXPECT_EQ(bytes(L"a.txt"), "new");
+    EXPECT_EQ(bytes(L"b.txt"), "old");
+}
+
+TEST_F(SystemFilesTest, AHiddenFileStaysHidden) {
+    ASSERT_TRUE(write(L"a.txt", "old"));
+    ASSERT_TRUE(SetFileAttributesW(wide(L"a.txt").c_str(), FILE_ATTRIBUTE_HIDDEN));
+    ASSERT_TRUE(write(L"a.txt", "new"));
+    EXPECT_EQ(bytes(L"a.txt"), "new");
+    EXPECT_TRUE(GetFileAttributesW(wide(L"a.txt").c_str()) & FILE_ATTRIBUTE_HIDDEN);
 }
 
 TEST_F(SystemFilesTest, TwoSavesAtOnceLeaveOneOfThem) {

@@ -1,6 +1,7 @@
 // Runs the tests in real windows: a single-threaded apartment, per-monitor DPI awareness, crashes reported
 // with module and offset, and a watchdog, because a window that waits for a person would hang for ever.
 #include "../support/from_environment.h"
+#include "ended_saver.h"
 
 #include <gtest/gtest.h>
 #include <ole2.h>
@@ -129,6 +130,7 @@ int main(int argc, char** argv) {
     AddVectoredExceptionHandler(1, reportCrash);
     SetUnhandledExceptionFilter(reportUnhandled);
     declareDpiAwareness();
+    if (obk::testing_support::isSaver(argc, argv)) return obk::testing_support::saveUntilEnded(argv);
 
     testing::InitGoogleTest(&argc, argv);
     if (FAILED(OleInitialize(nullptr))) {

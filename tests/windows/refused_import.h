@@ -1,4 +1,4 @@
-// What a module imports from the system: listed, and refused call by call.
+// What a module imports from the system: listed, refused call by call, or the end of the process at a call.
 #pragma once
 
 #include <windows.h>
@@ -11,6 +11,9 @@ namespace obk::testing_support {
 
 // Counted from 0; the call with this number is refused.
 inline unsigned long callNumber = 0, refusedCall = ULONG_MAX;
+// Instead of being refused the call ends the process, with this as its code.
+constexpr UINT endedAtCall = 72;
+inline bool endsAtCall = false;
 
 template <typename Tag, typename Result, typename... Arguments>
 struct Refusing {
@@ -18,6 +21,7 @@ struct Refusing {
     static inline Result refusal{};
     static Result WINAPI call(Arguments... arguments) {
         if (callNumber++ != refusedCall) return original(arguments...);
+        if (endsAtCall) TerminateProcess(GetCurrentProcess(), endedAtCall);
         SetLastError(ERROR_NOT_ENOUGH_MEMORY);
         return refusal;
     }

@@ -31,12 +31,13 @@ private:
 };
 
 HANDLE ModuleContext::contextOf(HINSTANCE module) {
-    wchar_t path[MAX_PATH] = L"";
-    if (!GetModuleFileNameW(module, path, MAX_PATH)) return INVALID_HANDLE_VALUE;
+    constexpr DWORD longestPath = 32'768;  // of any file, with its zero
+    std::wstring path(longestPath, L'\0');
+    if (!GetModuleFileNameW(module, path.data(), longestPath)) return INVALID_HANDLE_VALUE;
     ACTCTXW context{};
     context.cbSize = sizeof context;
     context.dwFlags = ACTCTX_FLAG_RESOURCE_NAME_VALID | ACTCTX_FLAG_HMODULE_VALID;
-    context.lpSource = path;
+    context.lpSource = path.c_str();
     context.lpResourceName = MAKEINTRESOURCEW(2);
     context.hModule = module;
     return CreateActCtxW(&context);

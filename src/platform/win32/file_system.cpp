@@ -10,6 +10,7 @@
 #include <cstddef>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace obk::win32 {
 
@@ -43,6 +44,23 @@ std::wstring finalPath(HANDLE file, const std::wstring& path) {
     if (length == 0 || length >= size) return path;
     found.resize(length);
     return found;
+}
+
+// Whether the file goes when its handle is closed, by us or by the end of this process.
+bool setTemporary(HANDLE file, bool temporary) {
+    FILE_DISPOSITION_INFO about{.DeleteFile = temporary};
+    return SetFileInformationByHandle(file, FileDispositionInfo, &about, sizeof about) != FALSE;
+}
+
+// What tells whether a file has been written to; all zero for none.
+WIN32_FILE_ATTRIBUTE_DATA looks(const std::wstring& path) {
+    WIN32_FILE_ATTRIBUTE_DATA found{};
+    if (!GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &found)) found = {};
+    return found;
+}
+bool sameLooks(const WIN32_FILE_ATTRIBUTE_DATA& one, const WIN32_FILE_ATTRIBUTE_DATA& other) {
+    return one.nFileSizeHigh == other.nFileSizeHigh && one.nFileSizeLow == other.nFileSizeLow &&
+           CompareFileTime(&one.ftLastWriteTime, &other.ftLastWriteTime) == 0;
 }
 
 bool writeAll(HANDLE file, std::string_view bytes) {
@@ -90,12 +108,15 @@ private:
 class WritingBeside final : public OutputFile {
 public:
     WritingBeside(UniqueFile file, std::wstring beside, std::wstring path)
-        : file_(std::move(file)), beside_(std::move(beside)), path_(std::move(path)) {}
+        : file_(std::move(file)), beside_(std::move(beside)), path_(std::move(path)) {
+        // So that a process that is ended meanwhile leaves nothing. Where the system refuses, it leaves this.
+        setTemporary(file_.get(), true);
+    }
     WritingBeside(const WritingBeside&) = delete;
     WritingBeside& operator=(const WritingBeside&) = delete;
     ~WritingBeside() override {
         file_.reset();
-        if (!placed_) DeleteFileW(beside_.c_str());
+        if (!placed_ && !kept_) DeleteFileW(beside_.c_str());
     }
 
     bool write(std::string_view bytes) override {
@@ -105,28 +126,46 @@ public:
     bool commit() override {
         // A loss of power after the file has its name must not find it empty.
         whole_ = whole_ && FlushFileBuffers(file_.get());
+        if (whole_) setTemporary(file_.get(), false);
         file_.reset();
         if (!whole_) return false;
+        const auto before = looks(path_);
+        takeAfter(before);
         placed_ = replace();
-        // Somebody has the old file open and will not share its name: its content can be replaced all the
-        // same.
-        return placed_ || CopyFileW(beside_.c_str(), path_.c_str(), FALSE);
+        if (placed_ || CopyFileW(beside_.c_str(), path_.c_str(), FALSE)) return true;
+        // What stops half way, as a copy does on a full disk, has ended the old file; then the new one stays
+        // where it is.
+        kept_ = !sameLooks(before, looks(path_));
+        return false;
     }
 
 private:
+    // Keeps what the old file has beside its content.
+    void takeAfter(const WIN32_FILE_ATTRIBUTE_DATA& old) const {
+        constexpr DWORD kept = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
+        if (old.dwFileAttributes & kept)
+            SetFileAttributesW(beside_.c_str(), old.dwFileAttributes & (kept | FILE_ATTRIBUTE_ARCHIVE));
+        DWORD size = 0;
+        GetFileSecurityW(path_.c_str(), DACL_SECURITY_INFORMATION, nullptr, 0, &size);
+        std::vector<std::byte> rights(size);
+        if (size > 0 &&
+            GetFileSecurityW(path_.c_str(), DACL_SECURITY_INFORMATION, rights.data(), size, &size))
+            SetFileSecurityW(beside_.c_str(), DACL_SECURITY_INFORMATION, rights.data());
+    }
     bool replace() const {
-        // Keeps the old file's owner, rights and attributes; fails where there is no old file.
-        if (ReplaceFileW(path_.c_str(), beside_.c_str(), nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr,
-                         nullptr))
+        // At once, so that whoever looks finds the one or the other, also when this process ends meanwhile.
+        if (MoveFileExW(beside_.c_str(), path_.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
             return true;
-        return MoveFileExW(beside_.c_str(), path_.c_str(),
-                           MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != FALSE;
+        // In two steps, which on some systems is all that is possible where somebody reads the old file. If
+        // that does not share its name either, its content can be replaced all the same.
+        return ReplaceFileW(path_.c_str(), beside_.c_str(), nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr,
+                            nullptr) != FALSE;
     }
 
     UniqueFile file_;
     std::wstring beside_, path_;
     bool whole_ = true;
-    bool placed_ = false;
+    bool placed_ = false, kept_ = false;
 };
 
 // A new file beside `path`; null where none can be made.
@@ -135,7 +174,7 @@ std::unique_ptr<OutputFile> fileBeside(const std::wstring& path) {
     for (int turn = 0; turn < mostTurns; ++turn) {
         std::wstring beside = path + L'.' + std::to_wstring(GetCurrentProcessId()) + L'-' +
                               std::to_wstring(GetTickCount() + static_cast<DWORD>(turn)) + L".tmp";
-        if (UniqueFile file = open(beside, GENERIC_WRITE, CREATE_NEW))
+        if (UniqueFile file = open(beside, GENERIC_WRITE | DELETE, CREATE_NEW))
             return std::make_unique<WritingBeside>(std::move(file), std::move(beside), path);
         if (GetLastError() != ERROR_FILE_EXISTS) break;
     }

@@ -1,0 +1,106 @@
+#include "ended_saver.h"
+
+#include "platform/win32/file_system.h"
+#include "refused_import.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <deque>
+#include <string_view>
+
+namespace obk::testing_support {
+
+namespace {
+
+constexpr const char* saverArgument = "--save-until-ended";
+
+std::wstring wide(const char* text) {
+    std::wstring result(MAX_PATH * 2, L'\0');
+    result.resize(static_cast<size_t>(std::max(
+        MultiByteToWideChar(CP_ACP, 0, text, -1, result.data(), static_cast<int>(result.size())) - 1, 0)));
+    return result;
+}
+
+bool save(const std::wstring& path, std::string_view content) {
+    win32::SystemFiles files;
+    const auto file = files.openForWriting(Text(path.begin(), path.end()));
+    if (!file) return false;
+    const size_t half = content.size() / 2;
+    return file->write(content.substr(0, half)) && file->write(content.substr(half)) && file->commit();
+}
+
+}  // namespace
+
+std::string contentOf(char letter) {
+    return std::string(40'000 + static_cast<unsigned char>(letter), letter);
+}
+
+Saver::Saver(const std::wstring& path, int lastCall) {
+    wchar_t program[MAX_PATH]{};
+    GetModuleFileNameW(nullptr, program, MAX_PATH);
+    std::wstring line = L'"' + std::wstring(program) + L"\" " + wide(saverArgument) + L" \"" + path + L"\" " +
+                        std::to_wstring(lastCall);
+    STARTUPINFOW start{};
+    start.cb = sizeof start;
+    EXPECT_TRUE(CreateProcessW(program, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start,
+                               &process_));
+}
+
+Saver::~Saver() {
+    end();
+    CloseHandle(process_.hThread);
+    CloseHandle(process_.hProcess);
+}
+
+void Saver::end() {
+    TerminateProcess(process_.hProcess, endedAtCall);
+    result();
+}
+
+DWORD Saver::result() {
+    DWORD code = 0;
+    EXPECT_EQ(WaitForSingleObject(process_.hProcess, 100'000), WAIT_OBJECT_0);
+    GetExitCodeProcess(process_.hProcess, &code);
+    return code;
+}
+
+bool isSaver(int count, char** arguments) {
+    return count == 4 && std::string_view(arguments[1]) == saverArgument;
+}
+
+int saveUntilEnded(char** arguments) {
+    const std::wstring path = wide(arguments[2]);
+    const int lastCall = std::atoi(arguments[3]);
+    const std::string before = contentOf('o'), after = contentOf('n');
+    while (lastCall == Saver::forEver) {
+        save(path, after);
+        save(path, before);
+    }
+    std::deque<RefusedImport> imports;
+    for (const Refusable& function : {
+             refusable<struct EndedOpen>("CreateFileW", CreateFileW, INVALID_HANDLE_VALUE),
+             refusable<struct EndedType>("GetFileType", GetFileType, DWORD{}),
+             refusable<struct EndedPath>("GetFinalPathNameByHandleW", GetFinalPathNameByHandleW, DWORD{}),
+             refusable<struct EndedAbout>("SetFileInformationByHandle", SetFileInformationByHandle, FALSE),
+             refusable<struct EndedWrite>("WriteFile", WriteFile, FALSE),
+             refusable<struct EndedFlush>("FlushFileBuffers", FlushFileBuffers, FALSE),
+             refusable<struct EndedClose>("CloseHandle", CloseHandle, FALSE),
+             refusable<struct EndedLooks>("GetFileAttributesExW", GetFileAttributesExW, FALSE),
+             refusable<struct EndedRights>("SetFileSecurityW", SetFileSecurityW, FALSE),
+             refusable<struct EndedReplace>("ReplaceFileW", ReplaceFileW, FALSE),
+             refusable<struct EndedMove>("MoveFileExW", MoveFileExW, FALSE),
+             refusable<struct EndedCopy>("CopyFileW", CopyFileW, FALSE),
+             refusable<struct EndedDelete>("DeleteFileW", DeleteFileW, FALSE),
+         })
+        imports.emplace_back(GetModuleHandleW(nullptr), function);
+    endsAtCall = true;
+    callNumber = 0;
+    refusedCall = static_cast<unsigned long>(lastCall);
+    const bool saved = save(path, after);
+    imports.clear();
+    return saved ? 0 : 1;
+}
+
+}  // namespace obk::testing_support
