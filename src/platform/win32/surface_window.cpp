@@ -270,7 +270,8 @@ bool SurfaceWindow::endsDoubleClick() {
     const auto first = std::exchange(lastPress_, std::nullopt);
     if (!first) return false;
     const POINT at = messagePosition();
-    const auto elapsed = static_cast<DWORD>(GetMessageTime() - first->time);
+    // The time starts anew every 49 days.
+    const DWORD elapsed = static_cast<DWORD>(GetMessageTime()) - static_cast<DWORD>(first->time);
     return elapsed <= GetDoubleClickTime() &&
            std::abs(at.x - first->at.x) <= GetSystemMetrics(SM_CXDOUBLECLK) / 2 &&
            std::abs(at.y - first->at.y) <= GetSystemMetrics(SM_CYDOUBLECLK) / 2;
