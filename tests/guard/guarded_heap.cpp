@@ -41,6 +41,7 @@ struct alignas(alignment) Mark {
     const void* owner = nullptr;
     size_t size = 0;
     Kind kind = Kind::none;
+    void* whole = nullptr;  // as the system's heap knows it, which in 32 bits aligns less
 };
 constexpr size_t tail = alignment;
 
@@ -62,17 +63,26 @@ public:
         AcquireSRWLockExclusive(&lock_);
         void* block = guarded(size, kind);
         ReleaseSRWLockExclusive(&lock_);
-        return block ? block : marked(size, kind);
+        if (!block) block = marked(size, kind);
+        if (block) InterlockedIncrement(&blocksNow_);
+        return block;
     }
+    int blocksNow() const { return static_cast<int>(blocksNow_); }
     // `size` is 0 where nobody knows it.
     void free(void* memory, size_t size, Kind kind) {
         if (!memory) return;
+        InterlockedDecrement(&blocksNow_);
         auto* const block = static_cast<uint8_t*>(memory);
         if (!base_ || block < base_ || block >= base_ + arenaPages * pageSize)
             return freeMarked(block, size, kind);
         AcquireSRWLockExclusive(&lock_);
         freeGuarded(block, size, kind);
         ReleaseSRWLockExclusive(&lock_);
+    }
+    // Gives the addresses back: a server comes and goes many times in one process.
+    void close() {
+        if (base_) VirtualFree(base_, 0, MEM_RELEASE);
+        if (blocks_) VirtualFree(blocks_, 0, MEM_RELEASE);
     }
 
 private:
@@ -143,10 +153,12 @@ private:
 
     void* marked(size_t size, Kind kind) {
         if (size > SIZE_MAX / 2) return nullptr;
-        auto* const whole = static_cast<uint8_t*>(HeapAlloc(GetProcessHeap(), 0, sizeof(Mark) + size + tail));
+        void* const whole = HeapAlloc(GetProcessHeap(), 0, alignment + sizeof(Mark) + size + tail);
         if (!whole) return nullptr;
-        new (whole) Mark{this, size, kind};
-        uint8_t* const block = whole + sizeof(Mark);
+        auto* const mark = reinterpret_cast<uint8_t*>((reinterpret_cast<uintptr_t>(whole) + alignment - 1) /
+                                                      alignment * alignment);
+        new (mark) Mark{this, size, kind, whole};
+        uint8_t* const block = mark + sizeof(Mark);
         std::fill(block, block + size, fresh);
         std::fill(block + size, block + size + tail, untouched);
         return block;
@@ -159,19 +171,32 @@ private:
         check(isAll(block + known.size, block + known.size + tail, untouched),
               "the bytes after a block were written to");
         std::fill(reinterpret_cast<uint8_t*>(mark), block + known.size, freed);
-        HeapFree(GetProcessHeap(), 0, mark);
+        HeapFree(GetProcessHeap(), 0, known.whole);
     }
 
     SRWLOCK lock_ = SRWLOCK_INIT;
     Block* blocks_ = nullptr;
     uint8_t* base_ = nullptr;
     size_t next_ = 0;
-    uint32_t live_ = 0;
+    uint32_t live_ = 0;   // guarded ones
+    LONG blocksNow_ = 0;  // all
     bool refused_ = false;
 };
 
-// Made before anything asks for memory, and never destroyed.
+// Made before anything asks for memory, and closed after everything else of its module.
 constinit GuardedHeap heap;
+[[gnu::destructor(101)]] void closeHeap() {
+    heap.close();
+}
+
+}  // namespace
+
+// For tests that ask whether anything is left of what a module has made.
+extern "C" __declspec(dllexport) int guardedBlocks() {
+    return heap.blocksNow();
+}
+
+namespace {
 
 void* allocated(size_t size, Kind kind) {
     if (void* const block = heap.allocate(size, kind)) return block;
