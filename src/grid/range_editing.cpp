@@ -78,24 +78,26 @@ void RangeEditing::eachSelected(Use&& use) const {
 bool RangeEditing::paste(TextView block) {
     std::vector<std::vector<Text>> texts;
     size_t width = 0;
+    const CellRange selected = grid_.selection();
+    // Texts beyond the last column take neither memory nor time, however many there are.
+    const int32_t room = grid_.model().cols() - selected.left;
     const bool read = attempt([&] {
-        eachCell(block, [&](int32_t row, int32_t, TextView text) {
+        eachCell(block, [&](int32_t row, int32_t col, TextView text) {
             if (static_cast<size_t>(row) >= texts.size()) texts.emplace_back();
-            texts.back().emplace_back(text);
-            width = std::max(width, texts.back().size());
+            if (col < room) texts.back().emplace_back(text);
+            width = std::max(width, static_cast<size_t>(col) + 1);
             return true;
         });
     });
-    const CellRange selected = grid_.selection();
     if (!read || texts.empty() || selected.left < 0) return false;
     const CellAddress start{std::max(selected.top, 0), selected.left};
     // How often it goes into the selection: once where it does not do so evenly.
-    const auto repeated = [](int32_t room, size_t length) {
+    const auto repeated = [](int32_t available, size_t length) {
         const auto once = static_cast<int32_t>(length);
-        return room % once == 0 ? room : once;
+        return available % once == 0 ? available : once;
     };
     const int32_t rows = repeated(selected.bottom - start.row + 1, texts.size());
-    const int32_t cols = repeated(selected.right - start.col + 1, width);
+    const int32_t cols = std::min(repeated(selected.right - start.col + 1, width), room);
     return change([&](Writer& writer) {
         while (writer.model().rows() < start.row + rows) writer.appendRow();
         for (int32_t row = 0; row < rows; ++row) {

@@ -4,6 +4,7 @@
 #include "grid/context_menu.h"
 #include "platform/headless/recording_canvas.h"
 
+#include <ctime>
 #include <random>
 
 namespace obk::test {
@@ -587,6 +588,20 @@ TEST_F(GridEditorsTest, APersonTakesBackAllThatWasDoneAndDoesItAgain) {
         EXPECT_EQ(state(), states.back()) << seed;
         call(u"RowsSet", {int32_t{4}});
     }
+}
+
+// Another program's text, one line of which is wide and all others of which are many.
+TEST_F(GridEditorsTest, APasteCostsNoMoreThanItsTextHoweverWideItIs) {
+    work();
+    goTo(0, 0);
+    constexpr int32_t wide = 200'000, lines = 50'000;
+    platform.setClipboard(u"first" + Text(wide, u'\t') + u"last" + Text(lines, u'\n') + u"end");
+    const std::clock_t before = std::clock();
+    platform.pressKey('V', shift::control);
+    EXPECT_LT((std::clock() - before) / CLOCKS_PER_SEC, 8) << "of the processor's time";
+    EXPECT_EQ(read(0, 0), "first");
+    EXPECT_EQ(grid().RowsCurrent(), lines + 1);
+    EXPECT_EQ(read(lines, 0), "end");
 }
 
 TEST_F(GridEditorsTest, APasteGoesThroughTheColumnTypes) {
