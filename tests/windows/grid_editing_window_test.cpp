@@ -5,6 +5,7 @@
 #include "test_window_support.h"
 
 #include "container/text.h"
+#include "platform/win32/dropped_data.h"
 
 #include <gtest/gtest.h>
 
@@ -584,6 +585,51 @@ TEST_F(GridEditing, ADropTellsTheHostWhatWasDroppedAndWhere) {
     EXPECT_EQ(told[4].toLong(), (target.x - border + 1) * 15);
     EXPECT_EQ(told[5].toLong(), (target.y - top) * 15);
     EXPECT_EQ(number(L"MouseRow"), 2);
+}
+
+TEST(DroppedData, ItsMembersAreFoundInAnyCaseInAnyCountry) {
+    const LCID before = GetThreadLocale();
+    ASSERT_TRUE(SetThreadLocale(MAKELCID(MAKELANGID(LANG_TURKISH, SUBLANG_DEFAULT), SORT_DEFAULT)));
+    putOnClipboard({{CF_HDROP, droppedFiles()}});
+    ComPtr<IDataObject> data;
+    EXPECT_EQ(OleGetClipboard(data.put()), S_OK);
+    const auto object = win32::createDroppedData(data, nullptr);
+    Variant files;
+    EXPECT_EQ(container::Dispatch(object.get()).call(L"FILES", {}, &files), S_OK);
+    EXPECT_EQ(container::Dispatch(files.toObject().get()).value(L"count").toLong(), 2);
+    data.reset();
+    putOnClipboard({});
+    SetThreadLocale(before);
+}
+
+TEST(DroppedData, FilesAreThoseOfTheBlockWhateverItClaims) {
+    const auto filesOf = [](std::string block) {
+        OleSetClipboard(nullptr);
+        block.resize((block.size() + 1) / 2 * 2);
+        std::wstring units(block.size() / 2, L'\0');
+        block.copy(reinterpret_cast<char*>(units.data()), block.size());
+        putOnClipboard({{CF_HDROP, units}});
+        ComPtr<IDataObject> data;
+        EXPECT_EQ(OleGetClipboard(data.put()), S_OK);
+        const auto object = win32::createDroppedData(data, nullptr);
+        return container::toUtf8(askedOf(container::Dispatch(object.get())));
+    };
+    const auto block = [](DWORD start, BOOL wide, const std::string& names) {
+        DROPFILES header{};
+        header.pFiles = start;
+        header.fWide = wide;
+        return std::string(reinterpret_cast<const char*>(&header), sizeof header) + names;
+    };
+    constexpr auto start = static_cast<DWORD>(sizeof(DROPFILES));
+    EXPECT_EQ(filesOf(block(start, FALSE, std::string("C:\\a\0C:\\b\0\0", 11))), "  0 0 2 C:\\a C:\\b");
+    EXPECT_EQ(filesOf(block(start, TRUE, std::string("a\0\0\0b\0", 6))), "  0 0 2 a b") << "no end";
+    EXPECT_EQ(filesOf(block(start, FALSE, "C:\\abc")), "  0 0 1 C:\\abc") << "no end";
+    EXPECT_EQ(filesOf(block(start, FALSE, "")), "  0 0 0");
+    for (const DWORD beyond : {start + 100, 0x7FFFFFFFul, 0xFFFFFFFFul})
+        EXPECT_EQ(filesOf(block(beyond, TRUE, std::string(40, 'x'))), "  0 0 0") << beyond;
+    EXPECT_EQ(filesOf("short"), "  0 0 0");
+    OleSetClipboard(nullptr);
+    putOnClipboard({});
 }
 
 // A window of another program, as far as what is dropped there goes.

@@ -2,10 +2,14 @@
 
 #include "com/automation.h"
 #include "com/com_object.h"
+#include "platform/win32/text_conversion.h"
 
-#include <shellapi.h>
+#include <shlobj.h>
 
+#include <algorithm>
+#include <cstring>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace obk::win32 {
@@ -36,7 +40,9 @@ public:
         if (!names || !numbers || count == 0) return E_INVALIDARG;
         for (UINT at = 0; at < count; ++at) numbers[at] = DISPID_UNKNOWN;
         for (const MemberName& member : members()) {
-            if (lstrcmpiW(names[0], member.name) == 0) numbers[0] = member.number;
+            // Alike in every country: "files" is "FILES" in Turkey, too.
+            if (CompareStringOrdinal(names[0], -1, member.name, -1, TRUE) == CSTR_EQUAL)
+                numbers[0] = member.number;
         }
         return numbers[0] == DISPID_UNKNOWN || count > 1 ? DISP_E_UNKNOWNNAME : S_OK;
     }
@@ -232,28 +238,31 @@ private:
             text.resize(all.size() / sizeof(wchar_t));
             all.copy(reinterpret_cast<char*>(text.data()), text.size() * sizeof(wchar_t));
         } else {
-            const std::string all = bytes(CF_TEXT);
-            const auto length = static_cast<int>(all.size());
-            text.resize(all.size());
-            text.resize(
-                static_cast<size_t>(MultiByteToWideChar(CP_ACP, 0, all.data(), length, text.data(), length)));
+            text = fromSystemCodePage(bytes(CF_TEXT));
         }
         putText(text.substr(0, text.find(L'\0')), answer);
         return S_OK;
     }
+    // Read here, within the block that there is: the system's own function believes what the block claims.
     std::vector<std::wstring> fileNames() const {
-        std::vector<std::wstring> names;
-        FORMATETC asked = inMemory(CF_HDROP);
-        STGMEDIUM medium{};
-        if (data_->GetData(&asked, &medium) != S_OK) return names;
-        const auto drop = static_cast<HDROP>(medium.hGlobal);
-        const UINT count = DragQueryFileW(drop, 0xFFFFFFFF, nullptr, 0);
-        for (UINT at = 0; at < count; ++at) {
-            std::wstring name(DragQueryFileW(drop, at, nullptr, 0) + 1, L'\0');
-            name.resize(DragQueryFileW(drop, at, name.data(), static_cast<UINT>(name.size())));
-            names.push_back(std::move(name));
+        const std::string block = bytes(CF_HDROP);
+        DROPFILES header{};
+        if (block.size() < sizeof header) return {};
+        std::memcpy(&header, block.data(), sizeof header);
+        if (header.pFiles > block.size()) return {};
+        const std::string_view list = std::string_view(block).substr(header.pFiles);
+        std::wstring all;
+        if (header.fWide) {
+            all.resize(list.size() / sizeof(wchar_t));
+            list.copy(reinterpret_cast<char*>(all.data()), all.size() * sizeof(wchar_t));
+        } else {
+            all = fromSystemCodePage(list);
         }
-        ReleaseStgMedium(&medium);
+        std::vector<std::wstring> names;
+        for (std::wstring_view rest = all; !rest.empty() && rest.front() != L'\0';) {
+            names.emplace_back(rest.substr(0, rest.find(L'\0')));
+            rest.remove_prefix(std::min(names.back().size() + 1, rest.size()));
+        }
         return names;
     }
 

@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <algorithm>
 #include <iterator>
 
 namespace obk::win32 {
@@ -29,6 +30,16 @@ std::string toSystemCodePage(TextView text) {
     std::string bytes(static_cast<size_t>(size), '\0');
     WideCharToMultiByte(CP_ACP, 0, wide.data(), units, bytes.data(), size, nullptr, nullptr);
     return bytes;
+}
+
+std::wstring fromSystemCodePage(std::string_view bytes) {
+    constexpr size_t most = 0x7FFFFFFF;
+    const auto length = static_cast<int>(std::min(bytes.size(), most));
+    // No byte means more than one unit.
+    std::wstring text(static_cast<size_t>(length), L'\0');
+    text.resize(
+        static_cast<size_t>(MultiByteToWideChar(CP_ACP, 0, bytes.data(), length, text.data(), length)));
+    return text;
 }
 
 Text systemReason(uint32_t error) {

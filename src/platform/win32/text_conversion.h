@@ -15,6 +15,7 @@ Text fromWide(std::wstring_view text);
 std::wstring_view asWide(TextView text);
 // In the system's single-byte code page; a zero inside ends the text, what the code page lacks becomes "?".
 std::string toSystemCodePage(TextView text);
+std::wstring fromSystemCodePage(std::string_view bytes);
 // What the system says of an error of its own or of an HRESULT, after its number.
 Text systemReason(uint32_t error);
 
