@@ -40,6 +40,11 @@ TEST_F(CalendarModelTest, AtFirstItShowsTodaysMonthAndDay) {
     model.CalendarUpdate();
     EXPECT_EQ(chosen(), "14 November, 2026");
     EXPECT_EQ(model.filled().today, 15);
+    // So it does when somebody sets the clock back.
+    clock.setToday(date(2026, 11, 2));
+    model.CalendarUpdate();
+    EXPECT_EQ(chosen(), "14 November, 2026");
+    EXPECT_EQ(model.filled().today, 2);
     model.turn(12);
     EXPECT_EQ(model.filled().today, 0);
 }
