@@ -2,6 +2,7 @@
 #include "container/stored_value.h"
 #include "container/text.h"
 #include "container/type_members.h"
+#include "counted_pairs.h"
 #include "panel_support.h"
 #include "person_support.h"
 #include "resource_count.h"
@@ -11,6 +12,7 @@
 #include <gtest/gtest.h>
 
 #include <olectl.h>
+#include <shlwapi.h>
 
 #include <algorithm>
 #include <map>
@@ -20,22 +22,7 @@ namespace obk {
 namespace {
 
 using namespace testing_support;
-
-RECT placeOf(const std::wstring& name) {
-    return name == L"GridEdit" ? RECT{10, 10, 310, 130} : RECT{10, 10, 151, 31};
-}
-
-// Gives a control something to work on.
-void prepare(const HostedControl& hosted, const std::wstring& name) {
-    const auto object = hosted.object();
-    if (name == L"UpDownTextBox") object.put(L"Interval", 1.0);
-    if (name == L"PageTab") object.put(L"ActiveTabs", L"a,b");
-    if (name == L"GridEdit") {
-        object.call(L"ColsSet", {7});
-        for (long col = 0; col < 7; ++col) object.call(L"ColTypeSet", {col, col});
-        object.call(L"ComboAdd", {L"Desk"});
-    }
-}
+using container::Variant;
 
 // What a person does who has not met the control before, as long as it is there.
 void work(HostedControl& hosted, HWND field) {
@@ -95,6 +82,39 @@ void setEverything(HostedControl& hosted) {
     }
 }
 
+void setOtherValues(HostedControl& hosted) {
+    const auto members = container::TypeMembers::of(hosted.site.control().get());
+    const auto object = hosted.object();
+    for (const auto& property : members.properties()) {
+        if (!property.readable || !property.writable) continue;
+        const Variant value = object.value(property.number), other = otherThan(value);
+        if (other.empty()) continue;
+        object.put(property.number, other);
+        object.put(property.number, value);
+    }
+}
+
+void placeAnother(HostedControl& hosted) {
+    container::ControlSite another(hosted.form, {});
+    hosted.form.add(another);
+    const auto name = container::TypeMembers::of(hosted.site.control().get()).className();
+    EXPECT_EQ(another.adopt(hosted.server.create(name), {}), S_OK);
+    EXPECT_EQ(another.activate({10, 150, 151, 171}), S_OK);
+    another.uiActivate();
+    another.close();
+    hosted.form.remove(another);
+}
+
+void loadAnotherForm(HostedControl& hosted) {
+    const auto name = container::TypeMembers::of(hosted.site.control().get()).className();
+    const auto fresh = hosted.server.create(name).query<IPersistStreamInit>();
+    const ComPtr<IStream> form(SHCreateMemStream(nullptr, 0));
+    EXPECT_EQ(fresh->InitNew(), S_OK);
+    EXPECT_EQ(fresh->Save(form.get(), TRUE), S_OK);
+    form->Seek({}, STREAM_SEEK_SET, nullptr);
+    EXPECT_EQ(hosted.site.query<IPersistStreamInit>()->Load(form.get()), S_OK);
+}
+
 void newFont(HostedControl& hosted) {
     container::StoredFont described;
     described.name = L"Arial";
@@ -121,6 +141,18 @@ const std::vector<HostAct>& hostActs() {
          },
          true},
         {"setsEveryProperty", [](HostedControl& hosted, HWND, HWND, auto&) { setEverything(hosted); }},
+        {"setsOtherValues", [](HostedControl& hosted, HWND, HWND, auto&) { setOtherValues(hosted); }},
+        {"placesAnotherOne", [](HostedControl& hosted, HWND, HWND, auto&) { placeAnother(hosted); }, true},
+        {"loadsAnotherForm", [](HostedControl& hosted, HWND, HWND, auto&) { loadAnotherForm(hosted); }},
+        {"releasesItAsItStands",
+         [](HostedControl& hosted, HWND, HWND, auto&) {
+             // All that holds the control; its window stands.
+             hosted.site.uiDeactivate();
+             hosted.site.events().disconnect();
+             hosted.site.changes().disconnect();
+             const_cast<ComPtr<IUnknown>&>(hosted.site.control()).reset();
+         },
+         true},
         {"dropsAPanelDownAndUp",
          [](HostedControl& hosted, HWND, HWND, auto&) {
              hosted.object().call(L"ShowPopUp");
@@ -200,8 +232,65 @@ TEST_P(HostInEvents, HarmsNothing) {
     EXPECT_TRUE(LoadedServer().canUnload());
 }
 
+// Each call of each member, which in the events that it raises is made once more.
+TEST(EveryControlWindow, TheCallThatRaisesAnEventMayBeMadeAgainInIt) {
+    const LoadedServer server;
+    for (const std::wstring& name : serverClasses()) {
+        SCOPED_TRACE(container::toUtf8(name));
+        HostedControl hosted(name);
+        prepare(hosted, name);
+        hosted.activate(placeOf(name));
+        hosted.site.uiActivate();
+        const auto members = container::TypeMembers::of(hosted.site.control().get());
+        const auto object = hosted.object();
+        const MenuKeys menus{};  // are dismissed
+        std::function<void()> call;
+        bool again = false;
+        std::set<std::wstring> repeated;
+        hosted.site.events().onAny([&](container::EventCall& event) {
+            if (again || !call) return;
+            again = true;
+            repeated.insert(event.name());
+            call();
+            again = false;
+        });
+        for (const auto& member : members.methods()) {
+            for (const double number : {0.0, 1.0}) {
+                container::Arguments arguments;
+                for (const auto& argument : member.arguments)
+                    arguments.push_back(Variant(number).converted(argument.type.type).value_or(Variant()));
+                call = [&] { object.call(member.number, arguments); };
+                call();
+                hosted.loop.pumpPending();
+            }
+        }
+        for (const auto& property : members.properties()) {
+            if (!property.readable || !property.writable) continue;
+            const Variant value = object.value(property.number), other = otherThan(value);
+            for (const Variant& each : {other, value}) {
+                if (each.empty()) continue;
+                call = [&] { object.put(property.number, each); };
+                call();
+                hosted.loop.pumpPending();
+            }
+        }
+        call = nullptr;
+        // What the tabs tell is a person's doing.
+        EXPECT_EQ(repeated.empty(), members.events().empty() || name == L"PageTab");
+        hosted.site.deactivate();
+        hosted.activate(placeOf(name));
+        EXPECT_TRUE(hosted.site.window() && IsWindowVisible(hosted.site.window()));
+        hosted.site.close();
+        hosted.loop.pumpPending();
+        EXPECT_FALSE(openPanel());
+        EXPECT_EQ(GetCapture(), nullptr);
+    }
+    EXPECT_TRUE(server.canUnload());
+}
+
 TEST(EveryControlWindow, WorkingLeavesNothing) {
     const LoadedServer server;
+    CountedPairs pairs(server.module());
     for (const std::wstring& name : serverClasses()) {
         SCOPED_TRACE(container::toUtf8(name));
         int turn = 0;
@@ -227,6 +316,7 @@ TEST(EveryControlWindow, WorkingLeavesNothing) {
             if (name == L"PageTab") hosted.object().put(L"ActiveTabs", L"a,b,c,d,e,f,g,h,i,j,k,l,m,n,o,p");
             hosted.object().call(L"ShowPopUp");  // closed while it shows
         });
+        pairs.expectAllGone();
     }
     EXPECT_TRUE(server.canUnload());
 }

@@ -53,16 +53,31 @@ inline int windowCount() {
     return static_cast<int>(found.size());
 }
 
+// Blocks of the server's own heap, where it is one that counts them.
+inline int serverBlockCount() {
+    const HMODULE server = GetModuleHandleW(L"OBKCTRLS.ocx");
+    const auto count =
+        reinterpret_cast<int (*)()>(server ? GetProcAddress(server, "guardedBlocks") : nullptr);
+    return count ? count() : 0;
+}
+
 struct ResourceCount {
     int windows = 0;
     int gdiObjects = 0;
+    int userObjects = 0;  // where the system counts them
     int systemBlocks = 0;
+    int serverBlocks = 0;
 
-    static ResourceCount now() { return {windowCount(), gdiObjectCount(), systemBlockCount()}; }
+    static ResourceCount now() {
+        return {windowCount(), gdiObjectCount(),
+                static_cast<int>(GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS)), systemBlockCount(),
+                serverBlockCount()};
+    }
     friend bool operator==(const ResourceCount&, const ResourceCount&) = default;
     friend std::ostream& operator<<(std::ostream& stream, const ResourceCount& count) {
         return stream << count.windows << " windows, " << count.gdiObjects << " drawing objects, "
-                      << count.systemBlocks << " texts and blocks of the system's";
+                      << count.userObjects << " user objects, " << count.systemBlocks
+                      << " texts and blocks of the system's, " << count.serverBlocks << " of the server's";
     }
 };
 

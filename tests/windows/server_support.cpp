@@ -119,4 +119,38 @@ void HostedControl::activate(RECT bounds) {
     loop.pumpPending();
 }
 
+RECT placeOf(const std::wstring& name) {
+    return name == L"GridEdit" ? RECT{10, 10, 310, 130} : RECT{10, 10, 151, 31};
+}
+
+void prepare(const HostedControl& hosted, const std::wstring& name) {
+    const auto object = hosted.object();
+    if (name == L"UpDownTextBox") object.put(L"Interval", 1.0);
+    if (name == L"PageTab") object.put(L"ActiveTabs", L"a,b");
+    if (name == L"GridEdit") {
+        object.call(L"ColsSet", {7});
+        for (long col = 0; col < 7; ++col) object.call(L"ColTypeSet", {col, col});
+        object.call(L"ComboAdd", {L"Desk"});
+    }
+}
+
+container::Variant otherThan(const container::Variant& value) {
+    switch (value.type()) {
+        case VT_BOOL:
+            return !value.toBool().value_or(false);
+        case VT_BSTR:
+            return value.toText() == L"7" ? L"8" : L"7";
+        case VT_UI1:
+        case VT_I2:
+        case VT_I4:
+        case VT_R4:
+        case VT_R8: {
+            const container::Variant next = value.toDouble().value_or(0) > 1 ? 1.0 : 2.0;
+            return next.converted(value.type()).value_or(container::Variant());
+        }
+        default:
+            return {};
+    }
+}
+
 }  // namespace obk::testing_support

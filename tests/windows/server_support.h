@@ -75,4 +75,11 @@ public:
     void activate(RECT bounds = {10, 10, 130, 34});
 };
 
+// Where a control of this class stands on a form, in pixels.
+RECT placeOf(const std::wstring& className);
+// Gives a control something to work on.
+void prepare(const HostedControl& hosted, const std::wstring& className);
+// Another value of the same type; empty for objects.
+container::Variant otherThan(const container::Variant& value);
+
 }  // namespace obk::testing_support
