@@ -255,6 +255,8 @@ TEST(EveryControlWindow, TheCallThatRaisesAnEventMayBeMadeAgainInIt) {
             again = false;
         });
         for (const auto& member : members.methods()) {
+            // What names a file.
+            if (member.name == L"GridSave" || member.name == L"GridLoad") continue;
             for (const double number : {0.0, 1.0}) {
                 container::Arguments arguments;
                 for (const auto& argument : member.arguments)

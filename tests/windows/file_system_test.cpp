@@ -8,7 +8,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
+#include <cwctype>
 #include <optional>
 #include <string>
 #include <vector>
@@ -285,6 +287,50 @@ TEST_F(SystemFilesTest, AFileWithTwoNamesIsReplacedUnderOne) {
     ASSERT_TRUE(write(L"a.txt", "new"));
     EXPECT_EQ(bytes(L"a.txt"), "new");
     EXPECT_EQ(bytes(L"b.txt"), "old");
+}
+
+// Where the system only claims to make links, the one below it does.
+bool makeLink(const std::wstring& link, const std::wstring& target) {
+    CreateSymbolicLinkW(link.c_str(), target.c_str(), 0);
+    if (GetFileAttributesW(link.c_str()) != INVALID_FILE_ATTRIBUTES) return true;
+    std::wstring below = link;
+    std::replace(below.begin(), below.end(), L'\\', L'/');
+    below[0] = static_cast<wchar_t>(towlower(below[0]));
+    std::wstring line =
+        L"Z:\\bin\\sh -c \"ln -s '" + target + L"' \\\"$WINEPREFIX/dosdevices/" + below + L"\\\"\"";
+    STARTUPINFOW start{};
+    start.cb = sizeof start;
+    PROCESS_INFORMATION process{};
+    if (!CreateProcessW(L"Z:\\bin\\sh", line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start,
+                        &process))
+        return false;
+    CloseHandle(process.hThread);
+    CloseHandle(process.hProcess);
+    for (int turn = 0; turn < 500 && GetFileAttributesW(link.c_str()) == INVALID_FILE_ATTRIBUTES; ++turn)
+        Sleep(10);
+    return GetFileAttributesW(link.c_str()) != INVALID_FILE_ATTRIBUTES;
+}
+
+TEST_F(SystemFilesTest, ALinkIsSavedThroughAndBecomesAFileWhenItLeadsNowhere) {
+    ASSERT_TRUE(write(L"a.txt", "old"));
+    ASSERT_TRUE(makeLink(wide(L"link.txt"), L"a.txt"));
+    EXPECT_EQ(bytes(L"link.txt"), "old");
+    EXPECT_TRUE(write(L"link.txt", "new"));
+    EXPECT_EQ(bytes(L"a.txt"), "new");
+    EXPECT_EQ(bytes(L"link.txt"), "new");
+    {
+        // What it leads to goes away between the first byte and the last.
+        const auto file = files.openForWriting(path(L"link.txt"));
+        ASSERT_TRUE(file && file->write("newer"));
+        ASSERT_TRUE(MoveFileW(wide(L"a.txt").c_str(), wide(L"b.txt").c_str()));
+        EXPECT_TRUE(file->commit());
+    }
+    EXPECT_EQ(bytes(L"a.txt"), "newer") << "where it led";
+    EXPECT_EQ(bytes(L"b.txt"), "new");
+    DeleteFileW(wide(L"a.txt").c_str());
+    EXPECT_EQ(bytes(L"link.txt"), std::nullopt);
+    EXPECT_TRUE(write(L"link.txt", "newest"));
+    EXPECT_EQ(bytes(L"link.txt"), "newest");
 }
 
 TEST_F(SystemFilesTest, AHiddenFileStaysHidden) {
