@@ -183,10 +183,14 @@ private:
     bool refused_ = false;
 };
 
-// Made before anything asks for memory, and closed after everything else of its module.
+// Made before anything asks for memory. A server's is closed after everything else of it; a program's never
+// is, because what ends after it may still free something.
 constinit GuardedHeap heap;
 [[gnu::destructor(101)]] void closeHeap() {
-    heap.close();
+    HMODULE own = nullptr;
+    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+                       reinterpret_cast<const wchar_t*>(&heap), &own);
+    if (own != GetModuleHandleW(nullptr)) heap.close();
 }
 
 }  // namespace

@@ -51,7 +51,7 @@ std::vector<Refusable> refusables() {
         refusable<struct Written>("WriteFile", WriteFile, FALSE),
         refusable<struct Read>("ReadFile", ReadFile, FALSE),
         refusable<struct Flushed>("FlushFileBuffers", FlushFileBuffers, FALSE),
-        refusable<struct Replaced>("ReplaceFileW", ReplaceFileW, FALSE),
+        refusable<struct About>("SetFileInformationByHandle", SetFileInformationByHandle, FALSE),
         refusable<struct Moved>("MoveFileExW", MoveFileExW, FALSE),
     };
 }
