@@ -20,6 +20,7 @@ public:
     void keyDown(KeyEvent& event) override;
     bool takeFocus() override;
     Widget* focused() override;
+    bool accessibleWhole() const override { return true; }
     AccessibleItem accessible(AccessiblePart part) const override;
 
 private:

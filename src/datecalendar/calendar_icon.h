@@ -19,6 +19,7 @@ public:
     bool contextMenu(std::optional<PixelPoint> at) override;
     void captureLost() override { captureTaken(); }
     void detach() override { hot_ = false; }
+    bool accessibleWhole() const override { return true; }
     AccessibleItem accessible(AccessiblePart part) const override;
     void useAccessible(AccessiblePart part, const AccessibleAction& action) override;
 

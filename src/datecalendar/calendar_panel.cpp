@@ -281,15 +281,10 @@ bool CalendarPanel::wheel(const WheelEvent& event) {
 
 void CalendarPanel::paint(Canvas& canvas, const PixelRect& bounds) {
     Container::paint(canvas, bounds);
-    const auto colour = [this](SystemColour index) { return systemRgb(platform(), index); };
-    const int32_t line = canvas.dpi().scaled(1);
-    const bool highContrast = platform().appearance().highContrast();
-    if (look_ == Look::classic && !highContrast) {
+    if (look_ == Look::classic && !platform().appearance().highContrast())
         drawPanelEdges(platform(), canvas, bounds);
-    } else {
-        canvas.frameRect(bounds, line,
-                         colour(highContrast ? SystemColour::windowText : SystemColour::buttonShadow));
-    }
+    else
+        canvas.frameRect(bounds, canvas.dpi().scaled(1), outlineOn(platform(), rgb(BackColor())));
 }
 
 }  // namespace obk

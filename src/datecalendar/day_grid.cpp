@@ -107,6 +107,9 @@ AccessibleItem DayGrid::accessible(AccessiblePart part) const {
     const PixelRect own = pixelBounds();
     if (part.whole()) {
         AccessibleItem item = itemOf(AccessibleItem::Role::calendar, u"Days");
+        const PixelRect first = dpi().toPixels(cellBounds(0)),
+                        last = dpi().toPixels(cellBounds(cellCount - 1));
+        item.bounds = PixelRect{first.left, first.top, last.right, last.bottom}.moved(own.left, own.top);
         item.rows = cellRows - 2;
         item.cols = cellColumns;
         return item;

@@ -22,6 +22,7 @@ public:
     void mouse(const MouseEvent& event) override;
     void captureLost() override { pressedDay_ = 0; }
     void detach() override;
+    bool accessibleWhole() const override { return true; }
     AccessibleItem accessible(AccessiblePart part) const override;
     int32_t accessibleParts(AccessiblePart of) const override;
     AccessiblePart accessibleCell(int32_t row, int32_t col) const override;

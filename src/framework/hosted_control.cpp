@@ -63,9 +63,7 @@ Widget* HostedControl::focused() {
     return control_->hasFocus() ? this : nullptr;
 }
 
-// One that is but a picture has nothing to tell.
 AccessibleItem HostedControl::accessible(AccessiblePart) const {
-    if (!takesMouse_) return {};
     AccessibleItem item = control_->describeSurface();
     item.bounds = pixelBounds();
     if (!accessibleName_.empty()) item.name = accessibleName_;

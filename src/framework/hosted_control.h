@@ -34,6 +34,8 @@ public:
     void focusCameBelow() override;
     void focusWentBelow() override;
     Widget* focused() override;
+    // One that is but a picture has nothing to tell.
+    bool accessibleWhole() const override { return takesMouse_; }
     AccessibleItem accessible(AccessiblePart part) const override;
     AccessibleId accessibleFocus() override { return {}; }  // what has it is inside
     void useAccessible(AccessiblePart part, const AccessibleAction& action) override;

@@ -61,7 +61,9 @@ HeaderBar::Colours HeaderBar::coloursOf(int32_t col) const {
 
 void HeaderBar::paint(Canvas& canvas, const PixelRect& bounds) {
     const Colours plain = coloursOf(-1);
-    const Rgb edge = platform().appearance().highContrast() ? plain.fore : mixed(plain.fore, plain.back, 64);
+    const Rgb edge = platform().appearance().highContrast()
+                         ? plain.fore
+                         : shapeOn(plain.back, mixed(plain.fore, plain.back, 64));
     const int32_t line = canvas.dpi().scaled(1);
     canvas.fillRect(bounds, plain.back);
     grid_.view().eachVisibleCol([&](int32_t col, int32_t left, int32_t right) {

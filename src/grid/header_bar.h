@@ -36,6 +36,7 @@ public:
     void mouse(const MouseEvent& event) override;
     void captureLost() override { endPress(); }
     void detach() override;
+    bool accessibleWhole() const override { return true; }
     AccessibleItem accessible(AccessiblePart part) const override;
     int32_t accessibleParts(AccessiblePart of) const override { return of.whole() ? grid_.Cols() : 0; }
     AccessiblePart accessiblePartAt(PixelPoint at) const override;

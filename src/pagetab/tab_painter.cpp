@@ -24,7 +24,7 @@ void TabPainter::page(const PixelRect& rect) {
     const bool classic = look_ == Look::classic && !highContrast_;
     const Rgb lit = highContrast_ ? colour(SystemColour::buttonText)
                     : classic     ? colour(SystemColour::buttonHighlight)
-                                  : colour(SystemColour::buttonShadow);
+                                  : outlineOn(platform_, colours_.page);
     const Rgb dark = classic ? colour(SystemColour::darkShadow3d) : lit;
     const int32_t edgeAlone = 4 * line_;
     if (rect.height() > edgeAlone)
@@ -57,7 +57,7 @@ Rgb TabPainter::flatTab(const PixelRect& rect, const TabFace& face) {
     const PixelRect whole{rect.left, rect.top, rect.right + line_, rect.bottom};
     // The selected tab keeps the page's colour, so that no edge parts the two.
     canvas_.fillRect(whole, hot && !face.selected ? mixed(accent, ground, 50) : ground);
-    openFrame(whole, colour(SystemColour::buttonShadow), line_);
+    openFrame(whole, outlineOn(platform_, ground), line_);
     if (face.selected && face.enabled)
         canvas_.fillRect({whole.left, whole.top, whole.right, whole.top + (hot ? 4 : 2) * line_}, accent);
     return face.enabled ? colours_.text : colour(SystemColour::greyText);

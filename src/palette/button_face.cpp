@@ -89,9 +89,9 @@ void ButtonFace::paintEdges(Canvas& canvas, const PixelRect& bounds) const {
     if (!enabled()) {
         canvas.frameRect(bounds, line, mixed(colour(SystemColour::buttonShadow), face, 110));
     } else if (state_.hot || state_.focused || state_.down) {
-        canvas.frameRect(bounds, line, colour(SystemColour::highlight));
+        canvas.frameRect(bounds, line, shapeOn(ground(), colour(SystemColour::highlight)));
     } else {
-        canvas.frameRect(bounds, line, colour(SystemColour::buttonShadow));
+        canvas.frameRect(bounds, line, outlineOn(platform(), face));
     }
 }
 
@@ -103,9 +103,9 @@ PixelRect ButtonFace::paintSwatch(Canvas& canvas, const PixelRect& content) cons
     const Rgb shown = rgb(state_.ButtonColor);
     const Rgb face = ground();
     canvas.fillRect(swatch, enabled() ? shown : mixed(shown, face, 110));
-    canvas.frameRect(swatch, dpi.scaled(1),
-                     enabled() ? colour(SystemColour::buttonShadow)
-                               : mixed(colour(SystemColour::buttonShadow), face, 128));
+    canvas.frameRect(
+        swatch, dpi.scaled(1),
+        enabled() ? outlineOn(platform(), face) : mixed(colour(SystemColour::buttonShadow), face, 128));
     PixelRect rest = content;
     rest.left = swatch.right + dpi.scaled(gap);
     return rest;
@@ -167,7 +167,7 @@ void ButtonFace::paintSeparator(Canvas& canvas, const PixelRect& bounds) const {
     const int32_t left = bounds.right - dpi.scaled(arrowZone) - line;
     const PixelRect dark{left, bounds.top + dpi.scaled(inset), left + line,
                          bounds.bottom - dpi.scaled(inset)};
-    canvas.fillRect(dark, colour(enabled() ? SystemColour::buttonShadow : SystemColour::greyText));
+    canvas.fillRect(dark, enabled() ? outlineOn(platform(), ground()) : colour(SystemColour::greyText));
     if (look_ == Look::classic && !platform().appearance().highContrast())
         canvas.fillRect(dark.moved(line, 0), colour(SystemColour::buttonHighlight));
 }

@@ -118,15 +118,11 @@ void PalettePanel::invalidatePart(const PixelRect& rect) {
 
 void PalettePanel::paint(Canvas& canvas, const PixelRect& bounds) {
     const auto colour = [this](SystemColour index) { return systemRgb(platform(), index); };
-    const int32_t line = canvas.dpi().scaled(1);
     canvas.fillRect(bounds, colour(ground()));
-    if (classic()) {
+    if (classic())
         drawPanelEdges(platform(), canvas, bounds);
-    } else {
-        canvas.frameRect(bounds, line,
-                         colour(platform().appearance().highContrast() ? SystemColour::windowText
-                                                                       : SystemColour::buttonShadow));
-    }
+    else
+        canvas.frameRect(bounds, canvas.dpi().scaled(1), outlineOn(platform(), colour(ground())));
     const PixelPoint origin{bounds.left, bounds.top};
     for (const PaletteCell& cell : model_.palette().cells()) paintCell(canvas, cell, origin);
     paintHoverFrame(canvas, origin);
@@ -140,8 +136,10 @@ void PalettePanel::paintCell(Canvas& canvas, const PaletteCell& cell, PixelPoint
     const int32_t line = canvas.dpi().scaled(1);
     const Rgb shown = rgb(cell.Color);
     canvas.fillRect(rect, shown);
-    // A slightly stronger edge keeps swatches apart from a ground of their own brightness.
-    canvas.frameRect(rect, line, mixed(shown, systemRgb(platform(), SystemColour::windowText), 205));
+    // A stronger edge keeps swatches apart from a ground of their own brightness.
+    canvas.frameRect(rect, line,
+                     shapeOn(systemRgb(platform(), ground()),
+                             mixed(shown, systemRgb(platform(), SystemColour::windowText), 205)));
     if (cell != model_.SelectedCell()) return;
     // Dark outside and light inside: seen on every colour.
     canvas.frameRect(outset(rect, line), line, systemRgb(platform(), SystemColour::windowText));

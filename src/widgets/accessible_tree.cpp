@@ -22,8 +22,8 @@ AccessibleItem AccessibleTree::described(const AccessibleId& id) const {
     return item;
 }
 
-bool AccessibleTree::isNode(Widget& widget) const {
-    return &widget == &root_ || described({&widget, {}}).role != Role::none;
+bool AccessibleTree::isNode(const Widget& widget) const {
+    return &widget == &root_ || widget.accessibleWhole();
 }
 
 bool AccessibleTree::contains(const Widget& widget, const Widget& in) const {
@@ -181,10 +181,11 @@ Widget* AccessibleTree::partsIn(Widget& widget) const {
 Widget* AccessibleTree::headerIn(Widget& widget) const {
     for (Widget* child : widget.children()) {
         if (!child->visible()) continue;
-        const Role role = described({child, {}}).role;
-        if (role == Role::header) return child;
-        if (role != Role::none) continue;
-        if (Widget* const found = headerIn(*child)) return found;
+        if (!isNode(*child)) {
+            if (Widget* const found = headerIn(*child)) return found;
+        } else if (described({child, {}}).role == Role::header) {
+            return child;
+        }
     }
     return nullptr;
 }

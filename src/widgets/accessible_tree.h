@@ -47,7 +47,7 @@ public:
 
 private:
     AccessibleItem described(const AccessibleId& id) const;
-    bool isNode(Widget& widget) const;
+    bool isNode(const Widget& widget) const;
     bool contains(const Widget& widget, const Widget& in) const;
     int32_t countIn(Widget& widget, AccessiblePart part) const;
     AccessibleId childIn(Widget& widget, AccessiblePart part, int32_t& index) const;

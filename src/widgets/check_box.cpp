@@ -34,7 +34,7 @@ void CheckBox::paint(Canvas& canvas, const PixelRect& bounds) {
     const PixelRect square{left, top, left + size, top + size};
     const auto colour = [this](SystemColour index) { return systemRgb(platform(), index); };
     canvas.fillRect(square, colour(enabled() ? SystemColour::window : SystemColour::buttonFace));
-    canvas.frameRect(square, line, colour(SystemColour::buttonShadow));
+    canvas.frameRect(square, line, outlineOn(platform(), colour(SystemColour::window)));
     if (checked_)
         drawCheckMark(canvas, square.inset(line),
                       colour(enabled() ? SystemColour::windowText : SystemColour::greyText));

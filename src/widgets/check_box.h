@@ -24,6 +24,7 @@ public:
     void setBackColour(OleColour colour);
 
     void paint(Canvas& canvas, const PixelRect& bounds) override;
+    bool accessibleWhole() const override { return true; }
     AccessibleItem accessible(AccessiblePart part) const override;
     void useAccessible(AccessiblePart part, const AccessibleAction& action) override;
 

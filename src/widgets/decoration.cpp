@@ -40,9 +40,7 @@ void Frame::paint(Canvas& canvas, const PixelRect& bounds) {
         return;
     }
     // One line; the focus colours it, and high contrast keeps the full colours of the system.
-    const Rgb resting = highContrast
-                            ? colour(SystemColour::windowText)
-                            : mixed(colour(SystemColour::buttonShadow), colour(SystemColour::window), 200);
+    const Rgb resting = outlineOn(platform(), rgb(backColour_));
     const Rgb idle = enabled() ? resting : mixed(resting, colour(SystemColour::buttonFace), 128);
     canvas.frameRect(bounds, line, focused_ && enabled() ? colour(SystemColour::highlight) : idle);
 }
@@ -79,7 +77,7 @@ void Label::paint(Canvas& canvas, const PixelRect& bounds) {
 }
 
 AccessibleItem Label::accessible(AccessiblePart) const {
-    return caption_.empty() ? AccessibleItem() : itemOf(AccessibleItem::Role::staticText, caption_);
+    return itemOf(AccessibleItem::Role::staticText, caption_);
 }
 
 void ArrowLabel::paint(Canvas& canvas, const PixelRect& bounds) {

@@ -43,6 +43,7 @@ public:
     const FontRef& font() const { return font_.font(); }
 
     void paint(Canvas& canvas, const PixelRect& bounds) override;
+    bool accessibleWhole() const override { return !caption_.empty(); }
     AccessibleItem accessible(AccessiblePart part) const override;
 
 private:

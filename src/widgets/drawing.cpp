@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstdlib>
 
 namespace obk {
@@ -88,6 +89,41 @@ Rgb readableOn(Rgb ground, Rgb wanted) {
     const int32_t on = brightness(ground);
     if (std::abs(brightness(wanted) - on) >= enough) return wanted;
     return on < 128 ? Rgb::of(255, 255, 255) : Rgb::of(0, 0, 0);
+}
+
+namespace {
+
+// As the rules for readable texts have it: from 0 for black to 1 for white.
+double luminance(Rgb colour) {
+    const auto linear = [](uint8_t channel) {
+        const double share = channel / 255.0;
+        return share <= 0.04045 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(colour.red()) + 0.7152 * linear(colour.green()) + 0.0722 * linear(colour.blue());
+}
+
+}  // namespace
+
+Rgb shapeOn(Rgb ground, Rgb wanted) {
+    constexpr double enough = 3, offset = 0.05;
+    const double on = luminance(ground) + offset;
+    const auto seen = [&](Rgb colour) {
+        const double own = luminance(colour) + offset;
+        return std::max(own, on) / std::min(own, on);
+    };
+    const Rgb black = Rgb::of(0, 0, 0), white = Rgb::of(255, 255, 255);
+    const Rgb strongest = seen(black) > seen(white) ? black : white;
+    constexpr int32_t step = 5;
+    Rgb shape = wanted;
+    for (int32_t share = step; share <= 255 && seen(shape) < enough; share += step)
+        shape = mixed(strongest, wanted, share);
+    return shape;
+}
+
+Rgb outlineOn(Platform& platform, Rgb ground) {
+    return platform.appearance().highContrast()
+               ? systemRgb(platform, SystemColour::windowText)
+               : shapeOn(ground, systemRgb(platform, SystemColour::buttonShadow));
 }
 
 Rgb systemRgb(Platform& platform, SystemColour colour) {

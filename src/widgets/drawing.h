@@ -27,6 +27,12 @@ Rgb mixed(Rgb first, Rgb second, int32_t share);
 // `wanted` where it stands out on `ground`, else black or white, whichever does more.
 Rgb readableOn(Rgb ground, Rgb wanted);
 
+// `wanted`, made stronger as far as it takes to be seen on `ground` as a shape, at 3 to 1.
+Rgb shapeOn(Rgb ground, Rgb wanted);
+
+// The line around something flat: the system's shadow, as far as that is seen, in high contrast the texts'.
+Rgb outlineOn(Platform& platform, Rgb ground);
+
 // The system's colour, black where it has none.
 Rgb systemRgb(Platform& platform, SystemColour colour);
 

@@ -25,6 +25,7 @@ public:
     void captureLost() override { release(); }
     void detach() override;
     void placed() override;
+    bool accessibleWhole() const override { return true; }
     AccessibleItem accessible(AccessiblePart part) const override;
     void useAccessible(AccessiblePart part, const AccessibleAction& action) override;
 

@@ -111,10 +111,7 @@ void DropList::paint(Canvas& canvas, const PixelRect& bounds) {
         arrow = arrow.inset(line);
     } else {
         const Rgb accent = colour(SystemColour::highlight);
-        const Rgb resting =
-            highContrast ? colour(SystemColour::windowText)
-                         : mixed(colour(SystemColour::buttonShadow), colour(SystemColour::window), 200);
-        canvas.frameRect(bounds, line, hot_ || hasFocus() ? accent : resting);
+        canvas.frameRect(bounds, line, hot_ || hasFocus() ? accent : outlineOn(platform(), rgb(backColour_)));
     }
     arrow.left = std::max(arrow.left, arrow.right - canvas.dpi().scaled(arrowWidthAt96));
     const Rgb ink = colour(enabled() ? SystemColour::windowText : SystemColour::greyText);

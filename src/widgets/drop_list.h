@@ -71,6 +71,7 @@ public:
     bool wheel(const WheelEvent& event) override { return panel_.open() && panel_.view().wheel(event); }
     void detach() override;
     void placed() override;
+    bool accessibleWhole() const override { return true; }
     AccessibleItem accessible(AccessiblePart part) const override;
     void useAccessible(AccessiblePart part, const AccessibleAction& action) override;
 

@@ -147,10 +147,8 @@ int32_t ListView::itemAt(PixelPoint at) const {
 
 void ListView::paint(Canvas& canvas, const PixelRect& bounds) {
     const auto colour = [this](SystemColour index) { return systemRgb(platform(), index); };
-    const bool highContrast = platform().appearance().highContrast();
     canvas.fillRect(bounds, colour(SystemColour::window));
-    canvas.frameRect(bounds, canvas.dpi().scaled(1),
-                     colour(highContrast ? SystemColour::windowText : SystemColour::buttonShadow));
+    canvas.frameRect(bounds, canvas.dpi().scaled(1), outlineOn(platform(), colour(SystemColour::window)));
     TextStyle style;
     style.font = font_;
     const int32_t end = std::min(first_ + shownRows(), count());

@@ -102,13 +102,16 @@ std::optional<ScrollBar::Part> ScrollBar::partAt(PixelPoint point) const {
 void ScrollBar::paint(Canvas& canvas, const PixelRect& bounds) {
     const auto colour = [this](SystemColour index) { return systemRgb(platform(), index); };
     const bool highContrast = platform().appearance().highContrast();
-    canvas.fillRect(bounds, highContrast ? colour(SystemColour::window)
-                                         : mixed(colour(SystemColour::buttonFace),
-                                                 colour(SystemColour::buttonHighlight), 190));
+    canvas.fillRect(bounds, highContrast ? colour(SystemColour::window) : track());
     paintArrow(canvas, partRect(Part::back, bounds, canvas.dpi()), Part::back);
     paintArrow(canvas, partRect(Part::forward, bounds, canvas.dpi()), Part::forward);
     const PixelRect thumbRect = partRect(Part::thumb, bounds, canvas.dpi());
     if (!thumbRect.empty()) paintThumb(canvas, thumbRect);
+}
+
+Rgb ScrollBar::track() const {
+    return mixed(systemRgb(platform(), SystemColour::buttonFace),
+                 systemRgb(platform(), SystemColour::buttonHighlight), 190);
 }
 
 void ScrollBar::paintArrow(Canvas& canvas, const PixelRect& rect, Part part) const {
@@ -151,13 +154,13 @@ void ScrollBar::paintThumb(Canvas& canvas, const PixelRect& rect) const {
         canvas.fillRect(rect, colour(SystemColour::buttonFace));
         drawRaisedEdges(platform(), canvas, rect);
     } else {
-        const Rgb shadow = colour(SystemColour::buttonShadow);
-        const Rgb resting = mixed(shadow, colour(SystemColour::buttonFace), 130);
-        const Rgb held = mixed(shadow, colour(SystemColour::windowText), 160);
+        const Rgb resting = outlineOn(platform(), track());
+        const Rgb stronger = mixed(resting, colour(SystemColour::windowText), 200);
+        const Rgb held = mixed(resting, colour(SystemColour::windowText), 160);
         const PixelRect inner = vertical()
                                     ? PixelRect{rect.left + line, rect.top, rect.right - line, rect.bottom}
                                     : PixelRect{rect.left, rect.top + line, rect.right, rect.bottom - line};
-        canvas.fillRect(inner, down ? held : hot ? shadow : resting);
+        canvas.fillRect(inner, down ? held : hot ? stronger : resting);
     }
 }
 

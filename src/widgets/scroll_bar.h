@@ -48,6 +48,7 @@ public:
     void captureLost() override { release(); }
     void detach() override;
     void placed() override;
+    bool accessibleWhole() const override { return true; }
     AccessibleItem accessible(AccessiblePart part) const override;
     int32_t accessibleParts(AccessiblePart of) const override { return of.whole() ? 2 : 0; }
     void useAccessible(AccessiblePart part, const AccessibleAction& action) override;
@@ -73,6 +74,7 @@ private:
     ScrollThumb thumb(const PixelRect& bounds, Dpi dpi) const;
     std::optional<Part> partAt(PixelPoint point) const;
     PixelRect partRect(Part part, const PixelRect& bounds, Dpi dpi) const;
+    Rgb track() const;
     void paintArrow(Canvas& canvas, const PixelRect& rect, Part part) const;
     void paintThumb(Canvas& canvas, const PixelRect& rect) const;
     void press(Part part);

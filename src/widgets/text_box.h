@@ -43,6 +43,7 @@ public:
 
     void paint(Canvas& canvas, const PixelRect& bounds) override;
     void appearanceChanged() override;
+    bool accessibleWhole() const override { return true; }
     AccessibleItem accessible(AccessiblePart part) const override;
     void useAccessible(AccessiblePart part, const AccessibleAction& action) override;
 

@@ -56,17 +56,22 @@ Dpi Widget::dpi() const {
 }
 
 PixelRect Widget::pixelBounds() const {
-    const PixelRect own = dpi().toPixels(bounds_);
+    return pixelBounds(dpi());
+}
+
+PixelRect Widget::pixelBounds(Dpi scale) const {
+    const PixelRect own = scale.toPixels(bounds_);
     if (!parent_) return {0, 0, own.width(), own.height()};
-    const PixelRect outer = parent_->pixelBounds();
+    const PixelRect outer = parent_->pixelBounds(scale);
     return own.moved(outer.left, outer.top);
 }
 
 PixelRect Widget::pixelClip() const {
-    PixelRect clip = pixelBounds();
+    const Dpi scale = dpi();
+    PixelRect clip = pixelBounds(scale);
     for (const Widget* widget = this; widget; widget = widget->parent_) {
         if (!widget->visible_) return {};
-        clip = clip.intersected(widget->pixelBounds());
+        clip = clip.intersected(widget->pixelBounds(scale));
     }
     return clip;
 }

@@ -89,8 +89,10 @@ public:
     virtual Widget* focused() { return nullptr; }
     virtual bool takeFocus() { return false; }
 
-    // For screen readers. What this widget is, or a part of it; without a role, which is the default, its
-    // parts and children stand in its place. Nothing here is costly, whatever the number of parts.
+    // For screen readers. Whether the widget is a thing of its own; otherwise its parts and children stand in
+    // its place. Nothing here is costly, whatever the number of parts.
+    virtual bool accessibleWhole() const { return false; }
+    // What a part of this widget is or, where it is a thing of its own, the whole.
     virtual AccessibleItem accessible(AccessiblePart) const { return {}; }
     // How many parts are in it, or in a row of it; they come before the children.
     virtual int32_t accessibleParts(AccessiblePart) const { return 0; }
@@ -126,6 +128,7 @@ protected:
 
 private:
     friend class Container;
+    PixelRect pixelBounds(Dpi scale) const;
     Platform& platform_;
     Container* parent_ = nullptr;
     TwipsRect bounds_;

@@ -3,11 +3,13 @@
 #include "library/library.h"
 #include "palette/colour_palette.h"
 #include "support/control_fixture.h"
+#include "widgets/drawing.h"
 
 #include <algorithm>
 #include <cmath>
 #include <map>
 #include <set>
+#include <span>
 
 namespace obk::test {
 namespace {
@@ -41,6 +43,8 @@ private:
         if (around) {
             EXPECT_TRUE(item.bounds.empty() || outer.is(Item::offScreen) ||
                         inside(item.bounds, outer.bounds));
+            EXPECT_FALSE(!item.bounds.empty() && item.bounds == outer.bounds && outer.role != Role::cell)
+                << "it hides what it is in, as only an editor does";
             EXPECT_EQ(tree_.child(around, tree_.indexInParent(id)), id);
         }
         name(item);
@@ -246,44 +250,100 @@ double contrast(Rgb one, Rgb other) {
     return (light + 0.05) / (dark + 0.05);
 }
 
-TEST_F(ScreenReader, ShowsTextsAndMarksToWeakEyes) {
+// What is drawn on one surface, held against what lies below it.
+class WeakEyes {
+public:
+    WeakEyes(headless::HeadlessSurface& surface, const std::function<Rgb(SystemColour)>& system)
+        : surface_(surface), system_(system) {
+        for (const Item& item : shownItems(surface)) {
+            if (item.role == Role::scrollBar) scrollBars_.push_back(item.bounds);
+            if (item.role == Role::listItem && item.row < 0) swatches_.push_back(item.bounds);
+        }
+    }
+
+    // Texts, and how many shapes were looked at.
+    int32_t look(const std::string& where) {
+        surface_.invalidate({0, 0, 10000, 10000});
+        const headless::RecordingCanvas drawn = surface_.paint();
+        int32_t shapes = 0;
+        for (auto at = drawn.items().begin(); at != drawn.items().end(); ++at) {
+            const bool text = at->kind == headless::DrawnItem::Kind::text;
+            // The two lines of a separator, whose colours are fixed.
+            const Rgb light = system_(SystemColour::buttonHighlight);
+            const auto under = at->rect.moved(0, at->rect.height());
+            const auto next = std::next(at), before = at == drawn.items().begin() ? at : std::prev(at);
+            const bool separator =
+                (next != drawn.items().end() && next->rect == under && next->colour == light) ||
+                (at->colour == light && at->rect == before->rect.moved(0, before->rect.height()));
+            if (at->rect.empty() || separator || !(text || isShape(*at))) continue;
+            const Rgb ground = below({drawn.items().begin(), at}, *at);
+            // What is chosen has the colours that the system pairs; a piece may lie on another one.
+            if (ground == system_(SystemColour::highlight) &&
+                at->colour == system_(SystemColour::highlightText))
+                continue;
+            if (!text && at->colour == ground) continue;
+            EXPECT_GE(contrast(at->colour, ground), text ? 4.5 : 3)
+                << where << ": " << toUtf8(at->text) << " " << at->rect.left << "," << at->rect.top << " "
+                << at->rect.width() << "x" << at->rect.height();
+            shapes += !text;
+        }
+        return shapes;
+    }
+
+private:
+    Rgb below(std::span<const headless::DrawnItem> items, const headless::DrawnItem& of) const {
+        const PixelPoint middle{(of.rect.left + of.rect.right) / 2, (of.rect.top + of.rect.bottom) / 2};
+        // A swatch has the colour that it offers: its edge sets it off from the panel.
+        const auto swatch = std::find_if(swatches_.begin(), swatches_.end(), [&](const PixelRect& each) {
+            return of.rect.intersected(each) == of.rect;
+        });
+        Rgb ground;
+        for (const headless::DrawnItem& item : items) {
+            const bool line = std::min(item.rect.width(), item.rect.height()) <= thickestLine;
+            const bool own = of.kind == headless::DrawnItem::Kind::fill && swatch != swatches_.end() &&
+                             item.rect.intersected(*swatch) == item.rect;
+            if (item.kind == headless::DrawnItem::Kind::fill && !line && !own && item.rect.contains(middle))
+                ground = item.colour;
+        }
+        return ground;
+    }
+    static bool lies(const PixelRect& rect, const std::vector<PixelRect>& in) {
+        return std::any_of(in.begin(), in.end(), [&](const PixelRect& all) {
+            return rect.intersected(all) == rect && rect != all;
+        });
+    }
+    // The pieces that marks are made of, lines, and what is dragged in a scroll bar. Not the lines between
+    // cells: they tell nothing that the places of the texts do not, and hosts choose their colour.
+    bool isShape(const headless::DrawnItem& item) const {
+        if (item.kind != headless::DrawnItem::Kind::fill) return false;
+        constexpr int32_t greatestPiece = 9, shareOfShadow = 126;
+        if (std::max(item.rect.width(), item.rect.height()) <= greatestPiece || lies(item.rect, scrollBars_))
+            return true;
+        return std::min(item.rect.width(), item.rect.height()) <= thickestLine &&
+               item.colour !=
+                   mixed(system_(SystemColour::buttonShadow), system_(SystemColour::window), shareOfShadow);
+    }
+
+    static constexpr int32_t thickestLine = 2;
+
+    headless::HeadlessSurface& surface_;
+    const std::function<Rgb(SystemColour)>& system_;
+    std::vector<PixelRect> scrollBars_, swatches_;
+};
+
+TEST_F(ScreenReader, ShowsTextsMarksAndEdgesToWeakEyes) {
+    const std::function<Rgb(SystemColour)> colours = [this](SystemColour index) { return system(index); };
     platform.registry().setString(u"SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion", u"CurrentVersion",
                                   "6.3");
-    int32_t pieces = 0;
+    int32_t shapes = 0;
     inEveryState([&](const std::string& where) {
         if (control->table().member(u"Enabled") && get(u"Enabled") == Value(false)) return;
         for (const NativeWindow id : platform.windows()) {
             headless::HeadlessSurface* const surface = platform.surface(id);
-            if (!surface || !surface->visible()) continue;
-            surface->invalidate({0, 0, 10000, 10000});
-            const headless::RecordingCanvas drawn = surface->paint();
-            const auto& items = drawn.items();
-            for (size_t at = 0; at < items.size(); ++at) {
-                const headless::DrawnItem& text = items[at];
-                // Marks are made of small pieces; longer lines only separate.
-                constexpr int32_t greatestPiece = 9;
-                const bool piece = text.kind == headless::DrawnItem::Kind::fill &&
-                                   std::max(text.rect.width(), text.rect.height()) <= greatestPiece;
-                if ((text.kind != headless::DrawnItem::Kind::text && !piece) || text.rect.empty()) continue;
-                const PixelPoint middle{(text.rect.left + text.rect.right) / 2,
-                                        (text.rect.top + text.rect.bottom) / 2};
-                Rgb ground;
-                for (size_t below = 0; below < at; ++below) {
-                    const bool fills = items[below].kind == headless::DrawnItem::Kind::fill;
-                    if (fills && items[below].rect.contains(middle)) ground = items[below].colour;
-                }
-                // What is chosen has the colours that the system pairs.
-                if (ground == system(SystemColour::highlight) &&
-                    text.colour == system(SystemColour::highlightText))
-                    continue;
-                if (piece && text.colour == ground) continue;  // on another piece
-                EXPECT_GE(contrast(text.colour, ground), piece ? 3 : 4.5)
-                    << where << ": " << toUtf8(text.text) << " " << text.rect.left << "," << text.rect.top;
-                pieces += piece;
-            }
+            if (surface && surface->visible()) shapes += WeakEyes(*surface, colours).look(where);
         }
     });
-    EXPECT_GT(pieces, 100) << "arrows and other marks";
+    EXPECT_GT(shapes, 1000) << "arrows, edges and other marks";
 }
 
 TEST_F(ScreenReader, AsksAMillionRowsForOneCellAtATime) {
@@ -368,6 +428,12 @@ TEST_F(ScreenReader, DoesWithEachControlWhatAPersonDoes) {
     EXPECT_TRUE(tree().act(tree().cell(tree().root(), 4, 0), {Kind::write, u"Paris", 0}));
     EXPECT_EQ(toUtf8(toText(call(u"CellTextRead", {int32_t{4}, int32_t{0}})).value_or(u"")), "Paris");
     EXPECT_FALSE(tree().act(tree().cell(tree().root(), 4, 2), {Kind::write, u"x", 0})) << "read only";
+    host.take();
+    const AccessibleId open = tree().cell(tree().root(), 5, 0);
+    call(u"GridSetFocus", {int32_t{0}, int32_t{5}});
+    ASSERT_EQ(tree().childCount(open), 1) << "its editor";
+    EXPECT_EQ(tree().item(tree().child(open, 0)).name, tree().item(open).name);
+    call(u"BoxHide");
     host.take();
     EXPECT_TRUE(tree().act(tree().columnHeader(tree().root(), 0), {}));
     EXPECT_EQ(host.takeEvents(), (Journal{"ChangeEdited", "SortClick"}));

@@ -43,6 +43,7 @@ public:
         // As widgets may, carelessly beyond its edges.
         canvas.fillRect(bounds.inset(-5), colour_);
     }
+    bool accessibleWhole() const override { return true; }
     AccessibleItem accessible(AccessiblePart) const override {
         return itemOf(AccessibleItem::Role::graphic, fromUtf8(name_));
     }
