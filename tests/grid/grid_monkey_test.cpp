@@ -10,10 +10,10 @@ namespace obk::test {
 namespace {
 
 // A walk is the same whenever its seed is: OBK_MONKEY_SEED=7 OBK_MONKEY_STEPS=1000000 walks one of them for
-// long.
+// long. A screen reader asks for everything that shows in each event.
 TEST(GridMonkey, WalksThroughEditingWithoutHarm) {
     constexpr int32_t seeds = 8;
-    const int32_t steps = fromEnvironment("OBK_MONKEY_STEPS", 2500);
+    const int32_t steps = fromEnvironment("OBK_MONKEY_STEPS", 600);
     const int32_t first = fromEnvironment("OBK_MONKEY_SEED", 1);
     const int32_t last = std::getenv("OBK_MONKEY_SEED") ? first : first + seeds - 1;
     for (int32_t seed = first; seed <= last; ++seed) {
@@ -21,7 +21,7 @@ TEST(GridMonkey, WalksThroughEditingWithoutHarm) {
         // The library's distributions differ between systems.
         GridMonkey monkey(
             [&](int32_t limit) { return static_cast<int32_t>(random() % static_cast<uint32_t>(limit)); });
-        monkey.asksAlways = seed == first;
+        monkey.asksAlways = true;
         for (int32_t step = 0; step < steps; ++step) {
             const char* const broken = monkey.step();
             ASSERT_EQ(broken, nullptr) << broken << ": seed " << seed << ", step " << step;

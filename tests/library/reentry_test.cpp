@@ -5,12 +5,14 @@
 #include "library/library.h"
 #include "pagetab/page_tab.h"
 #include "support/control_monkey.h"
+#include "support/from_environment.h"
 #include "support/sample_values.h"
 #include "support/skipped_statements.h"
 #include "updown/up_down_text_box.h"
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <map>
 #include <random>
 #include <stdexcept>
@@ -187,6 +189,26 @@ TEST_P(ReentryTest, TheHostMayDoAnythingInsideEveryEvent) {
         }
         for (const auto& [event, times] : left)
             ADD_FAILURE() << event << " was not raised: the host " << name;
+    }
+}
+
+// OBK_MONKEY_SEED and OBK_MONKEY_STEPS as for the grid.
+TEST_P(ReentryTest, AScreenReaderMayAskForEverythingInEachEvent) {
+    constexpr int32_t seeds = 4;
+    const int32_t steps = fromEnvironment("OBK_MONKEY_STEPS", 150);
+    const int32_t first = fromEnvironment("OBK_MONKEY_SEED", 1);
+    const int32_t last = std::getenv("OBK_MONKEY_SEED") ? first : first + seeds - 1;
+    for (int32_t seed = first; seed <= last; ++seed) {
+        std::mt19937 random(static_cast<uint32_t>(seed));
+        BusyMonkey monkey(*GetParam(), [&random](int32_t limit) {
+            return static_cast<int32_t>(random() % static_cast<uint32_t>(limit));
+        });
+        monkey.asksAlways = true;
+        monkey.tellsAll = true;
+        for (int32_t step = 0; step < steps; ++step) {
+            monkey.act();
+            ASSERT_EQ(monkey.broken(), nullptr) << monkey.broken() << ": seed " << seed << ", step " << step;
+        }
     }
 }
 

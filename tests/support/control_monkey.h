@@ -178,7 +178,18 @@ protected:
         platform_.takeHeard();
         for (const NativeWindow id : platform_.windows()) {
             const headless::HeadlessSurface* const surface = platform_.surface(id);
-            if (surface && surface->visible()) shownItems(*surface);
+            if (!surface || !surface->visible()) continue;
+            const AccessibleTree& tree = treeOf(*surface);
+            if (const AccessibleId focus = tree.focus(); focus && !tree.has(focus))
+                broken_ = "what has the focus is there";
+            for (const AccessibleItem& item : shownItems(*surface)) {
+                if (item.role == AccessibleItem::Role::none || trimmed(item.name).empty())
+                    broken_ = "what shows has a role and a name";
+                if (item.is(AccessibleItem::disabled) &&
+                    (item.actions != 0 || item.is(AccessibleItem::focused)))
+                    broken_ = "nothing is done with what is disabled";
+                if (item.position > item.setSize) broken_ = "a place in a set is in it";
+            }
         }
     }
     virtual Value argument(ValueType type) {

@@ -56,6 +56,15 @@ private:
         if (closing) telling_ = false;
     }
 
+    // Windows are seen at a glance. A list that is drawn is looked for in its own columns, elsewhere now and
+    // then.
+    bool mayShowEditor(GridEdit& grid, const headless::HeadlessSurface& surface) {
+        const auto children = surface.children();
+        const Text type = grid.ColTypeRead(grid.ColCurrent());
+        return type == u"4" || type == u"6" || below(8) == 0 ||
+               std::any_of(children.begin(), children.end(),
+                           [](const headless::HeadlessWindow* child) { return child->visible(); });
+    }
     const char* checked() {
         const auto held = grid();
         GridEdit& grid = *held;
@@ -64,7 +73,7 @@ private:
         if (grid.ColCurrent() < 0 || grid.ColCurrent() >= grid.ColsCurrent())
             return "the current column is in the grid";
         const auto* const surface = platform_.surface(grid.window());
-        if (!surface) return nullptr;
+        if (!surface || !mayShowEditor(grid, *surface)) return nullptr;
         // What shows of editors, and where cells show.
         std::vector<PixelRect> shown, cells;
         for (const headless::HeadlessWindow* child : surface->children()) {
