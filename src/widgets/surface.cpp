@@ -41,6 +41,7 @@ void Surface::close() {
     captured_ = nullptr;
     hovered_ = nullptr;
     announced_.clear();
+    toldFocus_ = {};
     droppedDown_ = nullptr;
     keyTarget_ = nullptr;
     ownFocus_ = false;
@@ -184,11 +185,12 @@ void Surface::forget(const Widget& widget) {
     if (hovered_ == &widget) hovered_ = nullptr;
     if (keyTarget_ == &widget) keyTarget_ = nullptr;
     std::erase_if(announced_, [&](const Announcement& news) { return news.of.widget == &widget; });
+    if (toldFocus_.widget == &widget) toldFocus_ = {};
 }
 
 void Surface::childFocusGained(Widget& child) {
     owner_.focusEntered();
-    if (ownFocus_) announce(AccessibleEvent::focus, {});
+    if (ownFocus_) announce(AccessibleEvent::focusBack, {});
     for (Widget* widget = &child; widget; widget = widget->parent()) widget->focusCameBelow();
 }
 
@@ -278,6 +280,12 @@ void Surface::focusGained() {
 
 void Surface::focusLost() {
     ownFocus_ = false;
+    // It may come back before readers have heard of it.
+    focusWent_ = peer_ && peer_->readersListen();
+    if (!focusWent_)
+        toldFocus_ = {};
+    else if (announced_.empty())
+        peer_->readersSoon();
     childFocusLost(keyTarget_ ? *keyTarget_ : root_);
 }
 
@@ -337,9 +345,14 @@ void Surface::announce(AccessibleEvent event, const AccessibleId& of) {
     if (!peer_ || !placed_ || (announced_.empty() && !peer_->readersListen())) return;
     // More than anyone listens to: all may be another.
     constexpr size_t most = 64;
-    Announcement news{event, event == AccessibleEvent::focus ? AccessibleId{} : of};
+    const Announcement focus{AccessibleEvent::focus, {}}, focusBack{AccessibleEvent::focusBack, {}};
+    Announcement news{event, of};
     attempt([&] {
         const bool first = announced_.empty();
+        if (event == AccessibleEvent::focus || event == AccessibleEvent::focusBack) {
+            news = std::erase(announced_, focus) > 0 || event == AccessibleEvent::focus ? focus : focusBack;
+            std::erase(announced_, focusBack);
+        }
         std::erase(announced_, news);
         if (announced_.size() >= most) {
             announced_.clear();
@@ -351,12 +364,19 @@ void Surface::announce(AccessibleEvent event, const AccessibleId& of) {
 }
 
 void Surface::tellReaders() {
-    for (const Announcement& news : std::exchange(announced_, {})) {
+    if (std::exchange(focusWent_, false) && !ownFocus_) toldFocus_ = {};
+    for (const auto& [event, what] : std::exchange(announced_, {})) {
         // Whoever listens may close the surface.
         if (!peer_) return;
-        const bool focus = news.event == AccessibleEvent::focus;
-        const AccessibleId of = focus ? tree_.focus() : tree_.nearest(news.of);
-        if (of) attempt([&] { peer_->tellReaders(news.event, of); });
+        const bool focus = event == AccessibleEvent::focus || event == AccessibleEvent::focusBack;
+        const AccessibleId of = focus ? tree_.focus() : tree_.nearest(what);
+        if (!of) continue;
+        const bool known =
+            focus && std::exchange(toldFocus_, of) == of && event == AccessibleEvent::focusBack;
+        const AccessibleEvent told = !focus  ? event
+                                     : known ? AccessibleEvent::focusBack
+                                             : AccessibleEvent::focus;
+        attempt([&] { peer_->tellReaders(told, of); });
     }
 }
 

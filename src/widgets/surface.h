@@ -91,7 +91,7 @@ public:
     // What a label says that stands before the window; empty where there is none.
     Text labelBefore() const { return peer_ ? peer_->labelBefore() : Text(); }
     // Tells screen readers, once the present work is done; the same but once. The focus is told where it is
-    // by then, whatever is named.
+    // by then, whatever is named; where it is back, only if they know of another.
     void announce(AccessibleEvent event, const AccessibleId& of);
 
     const AccessibleTree& readersTree() const { return tree_; }
@@ -136,6 +136,8 @@ private:
         friend bool operator==(const Announcement&, const Announcement&) = default;
     };
     std::vector<Announcement> announced_;  // in the order in which they will be told
+    AccessibleId toldFocus_;               // as readers know it; none while it is elsewhere
+    bool focusWent_ = false;               // since they were told
     std::unique_ptr<SurfacePeer> peer_;
     Widget* captured_ = nullptr;
     Widget* hovered_ = nullptr;

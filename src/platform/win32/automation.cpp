@@ -337,14 +337,18 @@ public:
     HRESULT STDMETHODCALLTYPE get_Row(int* row) override {
         return told(row, [](const Item& item) { return item.row; });
     }
+    // A row is a thing across all columns.
     HRESULT STDMETHODCALLTYPE get_Column(int* col) override {
-        return told(col, [](const Item& item) { return item.col; });
+        return told(col, [](const Item& item) { return std::max(item.col, 0); });
     }
     HRESULT STDMETHODCALLTYPE get_RowSpan(int* span) override {
         return told(span, [](const Item&) { return 1; });
     }
     HRESULT STDMETHODCALLTYPE get_ColumnSpan(int* span) override {
-        return told(span, [](const Item&) { return 1; });
+        return asked(span, [&](const View& view) {
+            *span = view.item.role == Role::row ? view.tree.item(view.tree.table(id_)).cols : 1;
+            return S_OK;
+        });
     }
     HRESULT STDMETHODCALLTYPE get_ContainingGrid(IRawElementProviderSimple** grid) override {
         return asked(grid, [&](const View& view) {
@@ -503,6 +507,7 @@ private:
             case UIA_TablePatternId:
                 return item.cols > 0;
             case UIA_GridItemPatternId:
+                return cell || item.role == Role::row;
             case UIA_TableItemPatternId:
                 return cell;
             default:
@@ -627,6 +632,8 @@ void raiseAutomation(const std::shared_ptr<SurfaceWindow>& surface, AccessibleEv
             return changed(UIA_ExpandCollapseExpandCollapseStatePropertyId, item.is(Item::expanded) ? 1 : 0);
         case AccessibleEvent::structure:
             return structureChanged();
+        case AccessibleEvent::focusBack:
+            return;
     }
 }
 

@@ -400,7 +400,9 @@ void SurfaceWindow::tellReaders(AccessibleEvent event, const AccessibleId& of) {
     withTree([&](const AccessibleTree& tree) {
         const auto self = std::static_pointer_cast<SurfaceWindow>(shared_from_this());
         const AccessibleItem item = tree.item(of);
-        if (event == AccessibleEvent::focus && item.window == 0) placeCaret(item.bounds);
+        const bool back = event == AccessibleEvent::focusBack;
+        if ((back || event == AccessibleEvent::focus) && item.window == 0) placeCaret(item.bounds);
+        if (back) return;
         raiseAutomation(self, event, of, item);
         notifyAccessible(*this, event, of, item);
     });
