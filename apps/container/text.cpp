@@ -57,6 +57,15 @@ std::wstring_view trimmed(std::wstring_view text) {
     return text.substr(first, text.find_last_not_of(L" \t\r") - first + 1);
 }
 
+std::wstring withoutAccessKey(std::wstring_view caption) {
+    std::wstring plain;
+    for (size_t at = 0; at < caption.size(); ++at) {
+        if (caption[at] == L'&' && ++at == caption.size()) break;
+        plain += caption[at];
+    }
+    return plain;
+}
+
 std::string toUtf8(std::wstring_view text) {
     const int length = static_cast<int>(text.size());
     const int size = WideCharToMultiByte(CP_UTF8, 0, text.data(), length, nullptr, 0, nullptr, nullptr);

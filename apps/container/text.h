@@ -13,6 +13,9 @@ bool sameName(std::wstring_view first, std::wstring_view second);
 // Without blanks and tabs at both ends.
 std::wstring_view trimmed(std::wstring_view text);
 
+// A caption as it is read: "&" marks the access key, "&&" is an ampersand.
+std::wstring withoutAccessKey(std::wstring_view caption);
+
 // Unpaired surrogates and invalid bytes become U+FFFD.
 std::string toUtf8(std::wstring_view text);
 std::wstring fromUtf8(std::string_view bytes);

@@ -95,8 +95,8 @@ std::wstring literal(const Variant& value, const container::DeclaredType& type, 
         case ValueKind::colour: {
             // The system's colours are negative numbers to a language without unsigned ones.
             const auto colour = static_cast<unsigned long>(value.toLong().value_or(0));
-            wchar_t digits[24];
-            swprintf(digits, 24,
+            wchar_t digits[32];
+            swprintf(digits, 32,
                      basic                                    ? L"&H%08lX&"
                      : language == CodeLanguage::objectPascal ? L"LongInt($%08lX)"
                                                               : L"unchecked((int)0x%08lX)",
@@ -112,7 +112,9 @@ std::wstring literal(const Variant& value, const container::DeclaredType& type, 
         case ValueKind::choice:
             for (const container::Choice& choice : type.choices) {
                 if (basic || choice.value != value.toLong()) continue;
-                return language == CodeLanguage::objectPascal ? choice.name : type.name + L"." + choice.name;
+                // A control may be called as a choice is.
+                return (language == CodeLanguage::objectPascal ? L"OBKCTRLS" : type.name) +
+                       (L"." + choice.name);
             }
             break;
         default:
@@ -195,6 +197,15 @@ std::wstring pascalPart(const SceneControl& control, const std::vector<Step>& st
     return code;
 }
 
+std::wstring pascalFields(const Scene& scene) {
+    std::wstring code;
+    for (const auto& control : scene.controls()) {
+        if (control->failure.empty())
+            code += L"//   " + control->name + L": T" + className(*control) + L";\r\n";
+    }
+    return code;
+}
+
 std::wstring csharpPart(const SceneControl& control, const std::vector<Step>& steps) {
     std::wstring code = L"var " + control.name + L" = new Ax" + className(control) +
                         L" { Bounds = new Rectangle(" + placed(control.place) + L") };\r\nControls.Add(" +
@@ -212,7 +223,9 @@ std::wstring codeFor(const Scene& scene, const container::ServerContext& server,
     if (language == CodeLanguage::classicBasic)
         code = L"' The controls stand on the form by these names.\r\nPrivate Sub Form_Load()\r\n";
     else if (language == CodeLanguage::objectPascal)
-        code = L"// With imports\\OBKCTRLS.pas; Place is in samples\\lazarus\\order.lpr.\r\n";
+        code =
+            L"// With imports\\OBKCTRLS.pas; Place is in samples\\lazarus\\order.lpr. Fields of the form:\r\n" +
+            pascalFields(scene);
     else
         code = L"// With imports\\OBKCTRLS.cs, in OnShown of a form, as in samples\\csharp.\r\n";
     for (const auto& control : scene.controls()) {

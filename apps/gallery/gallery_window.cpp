@@ -407,10 +407,14 @@ void GalleryWindow::copyCode() {
         AppendMenuW(menu, MF_STRING, number++, language);
     const int chosen = choose(menu, codeButton_);
     if (chosen == 0) return;
-    std::wstring code;
-    scene_->withOwnColours([&] { code = codeFor(*scene_, server_, static_cast<CodeLanguage>(chosen - 1)); });
-    const bool copied = putOnClipboard(handle(), code);
+    const bool copied = putOnClipboard(handle(), code(static_cast<CodeLanguage>(chosen - 1)));
     events_->note(L"Code", copied ? L"is on the clipboard" : L"could not be copied");
+}
+
+std::wstring GalleryWindow::code(CodeLanguage language) const {
+    std::wstring code;
+    scene_->withOwnColours([&] { code = codeFor(*scene_, server_, language); });
+    return code;
 }
 
 void GalleryWindow::changeView() {
@@ -505,6 +509,23 @@ std::wstring GalleryWindow::writePictures(const std::wstring& folder) {
         copyPanels(surface);
         const std::wstring path = folder + L"\\" + entry(page).name + L".png";
         if (FAILED(surface.savePng(path))) return path + L" could not be written";
+    }
+    return {};
+}
+
+std::wstring GalleryWindow::writeCode(const std::wstring& folder) {
+    constexpr std::pair<CodeLanguage, const wchar_t*> languages[] = {{CodeLanguage::classicBasic, L".bas"},
+                                                                     {CodeLanguage::objectPascal, L".pas"},
+                                                                     {CodeLanguage::csharp, L".cs"}};
+    CreateDirectoryW(folder.c_str(), nullptr);
+    for (int page = 0; page < pageCount(); ++page) {
+        showPage(page);
+        loop_.pumpPending();
+        for (const auto& [language, ending] : languages) {
+            const std::wstring path = folder + L"\\" + entry(page).name + ending;
+            if (!container::writeFile(path, container::toUtf8(code(language))))
+                return path + L" could not be written";
+        }
     }
     return {};
 }

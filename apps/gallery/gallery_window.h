@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "code_text.h"
 #include "container/message_loop.h"
 #include "container/picture_surface.h"
 #include "event_panel.h"
@@ -37,6 +38,8 @@ public:
 
     // One PNG per page into `folder`; the first problem, empty when all went well.
     std::wstring writePictures(const std::wstring& folder);
+    // Likewise one file per page and language: what "Copy code" gives there.
+    std::wstring writeCode(const std::wstring& folder);
 
 protected:
     void paint(HDC dc, const RECT& area) override;
@@ -73,6 +76,7 @@ private:
     // What was chosen from a menu below a button, from 1; 0 for nothing.
     int choose(HMENU menu, HWND button) const;
     void copyCode();
+    std::wstring code(CodeLanguage language) const;
     void changeView();
     void applyView(bool otherLook);
     void buildScene();

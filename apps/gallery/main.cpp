@@ -3,6 +3,7 @@
 //     Gallery.exe                  opens the window
 //     Gallery.exe --form FILE      opens a saved form
 //     Gallery.exe --pictures DIR   writes a picture of each page and ends
+//     Gallery.exe --code DIR       writes each page's code in Basic, Pascal and C# and ends
 #include <windows.h>
 
 #include <commctrl.h>
@@ -22,6 +23,7 @@ using obk::gallery::GalleryWindow;
 
 struct Options {
     std::wstring pictures;
+    std::wstring code;
     std::wstring form;
     std::wstring problem;
 };
@@ -35,11 +37,13 @@ Options readOptions() {
         const bool more = index + 1 < count;
         if (word == L"--pictures" && more) {
             options.pictures = words[++index];
+        } else if (word == L"--code" && more) {
+            options.code = words[++index];
         } else if (word == L"--form" && more) {
             options.form = words[++index];
         } else {
-            options.problem =
-                L"not understood: " + word + L"\nuse: Gallery.exe [--form FILE] [--pictures DIR]";
+            options.problem = L"not understood: " + word +
+                              L"\nuse: Gallery.exe [--form FILE] [--pictures DIR] [--code DIR]";
         }
     }
     LocalFree(words);
@@ -60,24 +64,21 @@ int run(const Options& options, int show) {
     const auto server = obk::container::ServerContext::besideProgram();
     obk::gallery::Theme theme(96);
     GalleryWindow window(theme, server);
-    const bool pictures = !options.pictures.empty();
-    if (!window.open(pictures ? SW_SHOWNOACTIVATE : show)) {
-        say(L"the window could not be opened", !pictures);
+    const bool person = options.pictures.empty() && options.code.empty();
+    if (!window.open(person ? show : SW_SHOWNOACTIVATE)) {
+        say(L"the window could not be opened", person);
         return 1;
     }
     if (!options.form.empty() && !window.loadForm(options.form)) {
-        say(options.form + L" holds no form", !pictures);
+        say(options.form + L" holds no form", person);
         return 1;
     }
-    if (pictures) {
-        const std::wstring problem = window.writePictures(options.pictures);
-        if (!problem.empty()) {
-            say(problem, false);
-            return 1;
-        }
-        return 0;
-    }
-    return window.loop().run();
+    if (person) return window.loop().run();
+    std::wstring problem;
+    if (!options.pictures.empty()) problem = window.writePictures(options.pictures);
+    if (!options.code.empty() && problem.empty()) problem = window.writeCode(options.code);
+    if (!problem.empty()) say(problem, false);
+    return problem.empty() ? 0 : 1;
 }
 
 }  // namespace

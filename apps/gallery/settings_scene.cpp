@@ -4,6 +4,7 @@
 #include <utility>
 #include <vector>
 
+#include "container/text.h"
 #include "page_catalog.h"
 
 namespace obk::gallery {
@@ -78,7 +79,7 @@ void buildSettings(Scene& scene) {
         pages->show(static_cast<size_t>(tabs.object().value(L"ActiveTab").toLong().value_or(0)));
     };
     tabs.site->events().on(L"Click", [&scene, told](container::EventCall& call) {
-        scene.setText(told, L"Chosen: " + call.value(0).toText());
+        scene.setText(told, L"Chosen: " + container::withoutAccessKey(call.value(0).toText()));
     });
     tabs.site->events().on(L"Show", [showActive](container::EventCall&) { showActive(); });
     scene.button({346, 224, 140, 28}, L"Add a page", [&tabs, showActive] {
