@@ -41,7 +41,7 @@ cp -r "$dist/site" "$package/docs"
 cp -r "$root/imports" "$root/samples" "$package"
 rm "$package/imports/.clang-format"
 sed "s/@VERSION@/$version/" "$root/packaging/README.txt" | sed 's/$/\r/' >"$package/README.txt"
-sed 's/$/\r/' "$root/packaging/Gallery.cmd" >"$package/Gallery.cmd"
+for command in Gallery Register; do sed 's/$/\r/' "$root/packaging/$command.cmd" >"$package/$command.cmd"; done
 while IFS= read -r texts; do
     cp -L "/usr/share/doc/$texts/copyright" "$package/licences/$texts.txt"
 done < <(awk -F'\t' '!/^#/ { print $5 }' "$root/packaging/components.tsv" | sort -u)

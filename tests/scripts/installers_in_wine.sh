@@ -175,3 +175,14 @@ activates() {
 check "What it installed works by its manifest" activates
 check "A user's installer removes" installer /x newer-user.msi
 check "Nothing of a user's is left" nothing_is_left "$place"
+
+# The unpacked archive where it lies. There is no 32-bit regsvr32 here.
+registers_itself() {
+    local command
+    command=$(windows_path "$folder/package/Register.cmd")
+    wine cmd /c "$command" || return 1
+    same "$(windows_path "$folder/package/x64/OBKCTRLS.ocx")" "$(value_at "$(classes HKCU)" "$grid\\InprocServer32")" || return 1
+    same "$machine_before" "$(classes HKLM)" || return 1
+    wine cmd /c "$command" /u && same "$user_before" "$(classes HKCU)"
+}
+check "One command registers the unpacked archive for the user, and takes it back" registers_itself

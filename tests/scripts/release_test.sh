@@ -170,10 +170,89 @@ check "The form of Lazarus compiles" "$root/scripts/pascal.sh" --lazarus "$work/
 check "The sample in C# compiles" mcs -nologo -warnaserror -target:winexe -out:"$work/form.exe" -r:System.Windows.Forms \
     -r:System.Drawing "$work/$name/samples/csharp/OrderForm.cs" "$work/$name/imports/OBKCTRLS.cs"
 
+# What "Copy code" of the gallery gives on each of its pages, each as a form of its own.
+copies_code() {
+    local page
+    "$root/scripts/wine.sh" x64 120 "$work/$name/x64/Gallery.exe" --code "$(windows_path "$work/code")" || return 1
+    for page in bas pas cs; do
+        [ "$(find "$work/code" -name "*.$page" -size +100c | wc -l)" -ge 8 ] || { say "pages in $page are missing"; return 1; }
+    done
+}
+check "The gallery writes the code of each page in three languages" copies_code
+copied_pascal_compiles() {
+    local page number=0 sample=$work/$name/samples/lazarus/order.lpr program=$work/code/pages.lpr bodies=
+    {
+        sed -n '1,/^type$/p' "$sample" | sed 's/^program .*/program pages;/'
+        for page in "$work"/code/*.pas; do
+            number=$((number + 1))
+            printf '  TForm%d = class(TForm)\n' $number
+            sed -n 's|^//   ||p' "$page"
+            sed -n '/^    function Place/p' "$sample"
+            printf '    constructor CreateNew(AOwner: TComponent; Num: Integer = 0); override;\n  end;\n'
+            bodies+=$(printf 'constructor TForm%d.CreateNew(AOwner: TComponent; Num: Integer);\nbegin\n  inherited CreateNew(AOwner, Num);\n' $number
+                cat "$page"
+                printf 'end;\n'
+                sed -n '/^function TOrderForm.Place/,/^end;/p' "$sample" | sed "s/TOrderForm/TForm$number/")$'\n'
+        done
+        printf '%s\nbegin\nend.\n' "$bodies"
+    } >"$program"
+    "$root/scripts/pascal.sh" --lazarus "$program" "$work/code/pages.exe" "$work/$name/imports"
+}
+check "The code that the gallery copies in Pascal compiles" copied_pascal_compiles
+copied_csharp_compiles() {
+    local page number=0
+    {
+        printf 'using System;\nusing System.Drawing;\nusing System.Windows.Forms;\nusing OBKCTRLS;\n'
+        for page in "$work"/code/*.cs; do
+            number=$((number + 1))
+            printf 'public class Form%d : Form\n{\n    protected override void OnShown(EventArgs e)\n    {\n' $number
+            cat "$page"
+            printf '    }\n}\n'
+        done
+    } >"$work/pages.cs"
+    mcs -nologo -warnaserror -target:library -out:"$work/pages.dll" -r:System.Windows.Forms -r:System.Drawing "$work/pages.cs" \
+        "$work/$name/imports/OBKCTRLS.cs"
+}
+check "The code that the gallery copies in C# compiles" copied_csharp_compiles
+# example <language>: the one in that language on the page about hosts.
+example() { sed -n "/^\`\`\`$1\$/,/^\`\`\`\$/{ /^\`\`\`/!p }" "$root/docs/hosts.md"; }
+host_examples_compile() {
+    {
+        printf '#include <obkctrls.h>\n#include <string>\nint main() {\n    OleInitialize(nullptr);\n    double total = 0, price = 2;\n'
+        example cpp
+        printf '    return total > 0;\n}\n'
+    } >"$work/host.cpp"
+    x86_64-w64-mingw32-g++-posix -std=c++17 -Wall -Werror -static -I "$work/$name/imports" "$work/host.cpp" -o "$work/host.exe" \
+        -lole32 -loleaut32 -luuid || return 1
+    {
+        printf "program host;\\n{\$MODE DELPHI}\\nuses Interfaces, Forms, Controls, Classes, ActiveXContainer, OBKCTRLS;\\n"
+        printf 'type\n  THost = class(TForm)\n    FGrid: TGridEdit;\n    ActiveXContainer1: TActiveXContainer;\n'
+        printf '    procedure GridChanged(Sender: TObject);\n    procedure Start;\n  end;\n'
+        printf 'procedure THost.GridChanged(Sender: TObject);\nbegin\nend;\nprocedure THost.Start;\nbegin\n'
+        example pascal
+        printf 'end;\nbegin\nend.\n'
+    } >"$work/host.lpr"
+    "$root/scripts/pascal.sh" --lazarus "$work/host.lpr" "$work/host-pascal.exe" "$work/$name/imports"
+}
+check "The examples in C++ and Pascal on the page about hosts compile" host_examples_compile
+# On a form the controls stand already; here a script makes them.
+copied_basic_is_script() {
+    local page
+    for page in "$work"/code/*.bas; do
+        {
+            sed -nE "s/^    ' (\w+): (\S+) at .*/Set \1 = CreateObject(\"\2\")/p" "$page"
+            sed 's/ChrW(/Chr(/g' "$page"
+            printf 'Form_Load\r\nWScript.Echo "ok"\r\n'
+        } >"$work/installers/examples/$(basename "$page" .bas).vbs"
+    done
+    [ "$(grep -lE '^Set \w+ = CreateObject' "$work"/installers/examples/*.vbs | wc -l)" -ge 8 ]
+}
+
 # The documentation.
 check "The documentation leads everywhere, has every member and finds it" node "$tests/site_test.mjs" "$work/$name/docs" \
     "$root/src/library/contracts/$(cd "$root/src/library/contracts" && printf '%s\n' *.txt | sort -V | tail -n 1)"
 check "The documentation has examples" node "$tests/examples.mjs" "$root/docs" "$work/installers/examples"
+check "The code that the gallery copies in Basic is ready for the script host" copied_basic_is_script
 # The script host reads the module for VBA, but for the types, the dialog and the attribute.
 module_as_script() {
     {
