@@ -87,7 +87,8 @@ void measureOne(const ServerContext& server, ControlForm& form, const Class& mea
     const auto bare = [&] {
         return microseconds([&] {
                    for (int repeat = 0; repeat < repeats; ++repeat)
-                       DestroyWindow(newChild(form.window(), measured.hasTextLine ? L"EDIT" : L"STATIC", place));
+                       DestroyWindow(
+                           newChild(form.window(), measured.hasTextLine ? L"EDIT" : L"STATIC", place));
                }) /
                repeats;
     };
