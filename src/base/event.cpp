@@ -37,8 +37,9 @@ Connection ListenerList::add(std::shared_ptr<ListenerEntry> added) {
         else
             *place = std::shared_ptr<ListenerEntry>((*place)->next);
     }
-    *place = added;
-    return Connection(added);
+    Connection made(added);
+    *place = std::move(added);
+    return made;
 }
 
 ListenerWalk::ListenerWalk(const ListenerList& list) : coming_(list.first_), last_(list.last()) {}

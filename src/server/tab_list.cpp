@@ -98,7 +98,7 @@ public:
         }
         if (notification != BN_CLICKED) return;
         if (control == addNumber) {
-            tabs_.push_back({L"Tab" + std::to_wstring(tabs_.size() + 1), {}});
+            tabs_.push_back({L"Tab" + win32::wideNumber(tabs_.size() + 1), {}});
             change(tabs_.size() - 1);
             SetFocus(caption_);
             SendMessageW(caption_, EM_SETSEL, 0, -1);
@@ -160,7 +160,7 @@ private:
         const Rgb present{static_cast<uint32_t>(wcstoul(tabs_[at].colour.c_str(), nullptr, 10))};
         const auto colour = page_.chooseColour(present);
         if (!colour || at >= tabs_.size()) return;
-        tabs_[at].colour = std::to_wstring(colour->value);
+        tabs_[at].colour = win32::wideNumber(colour->value);
         change(at);
     }
 

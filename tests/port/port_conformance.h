@@ -595,7 +595,8 @@ TEST_P(PortConformance, AChildBeginsWithWhatItIsMadeWith) {
     EXPECT_FALSE(check->hasFocus()) << "it is disabled";
     first->focus();
     ASSERT_TRUE(first->hasFocus());
-    for (const int16_t typed : {'X', 'Y'}) driver->key(typed);
+    driver->key('X');
+    driver->key('Y');
     EXPECT_EQ(firstClient.text, u"xabc") << "what is typed stands first, and no more than four";
     second->setBounds({10, 40, 110, 60}, all);
     second->focus();

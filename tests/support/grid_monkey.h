@@ -59,7 +59,7 @@ private:
     // Windows are seen at a glance. A list that is drawn is looked for in its own columns, elsewhere now and
     // then.
     bool mayShowEditor(GridEdit& grid, const headless::HeadlessSurface& surface) {
-        const auto children = surface.children();
+        const auto& children = surface.children();
         const Text type = grid.ColTypeRead(grid.ColCurrent());
         return type == u"4" || type == u"6" || below(8) == 0 ||
                std::any_of(children.begin(), children.end(),

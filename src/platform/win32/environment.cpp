@@ -1,6 +1,7 @@
 #include "platform/win32/environment.h"
 
 #include "platform/win32/client_window.h"
+#include "platform/win32/text_conversion.h"
 
 #include <cstdint>
 
@@ -10,7 +11,7 @@ namespace {
 
 // No two environments of a process share a class, even where two copies of the module are loaded.
 std::wstring uniqueName(const wchar_t* purpose, const void* owner) {
-    return std::wstring(L"Orbek.") + purpose + L"." + std::to_wstring(reinterpret_cast<uintptr_t>(owner));
+    return std::wstring(L"Orbek.") + purpose + L"." + wideNumber(reinterpret_cast<uintptr_t>(owner));
 }
 
 // Made once for all threads, when a window first needs it, and kept until the module goes.

@@ -172,8 +172,8 @@ private:
 std::unique_ptr<OutputFile> fileBeside(const std::wstring& path) {
     constexpr int mostTurns = 16;
     for (int turn = 0; turn < mostTurns; ++turn) {
-        std::wstring beside = path + L'.' + std::to_wstring(GetCurrentProcessId()) + L'-' +
-                              std::to_wstring(GetTickCount() + static_cast<DWORD>(turn)) + L".tmp";
+        std::wstring beside = path + L'.' + wideNumber(GetCurrentProcessId()) + L'-' +
+                              wideNumber(GetTickCount() + static_cast<DWORD>(turn)) + L".tmp";
         if (UniqueFile file = open(beside, GENERIC_WRITE | DELETE, CREATE_NEW))
             return std::make_unique<WritingBeside>(std::move(file), std::move(beside), path);
         if (GetLastError() != ERROR_FILE_EXISTS) break;

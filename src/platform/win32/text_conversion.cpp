@@ -17,6 +17,11 @@ Text fromWide(std::wstring_view text) {
     return {text.begin(), text.end()};
 }
 
+std::wstring wideNumber(uint64_t number) {
+    const std::string digits = std::to_string(number);
+    return {digits.begin(), digits.end()};
+}
+
 std::wstring_view asWide(TextView text) {
     return {reinterpret_cast<const wchar_t*>(text.data()), text.size()};
 }

@@ -11,6 +11,8 @@ namespace obk::win32 {
 
 std::wstring toWide(TextView text);
 Text fromWide(std::wstring_view text);
+// The decimal digits of a number. The C++ library's own way brings the C library's whole formatting along.
+std::wstring wideNumber(uint64_t number);
 // Borrowed, the same units; not terminated by a zero.
 std::wstring_view asWide(TextView text);
 // In the system's single-byte code page; a zero inside ends the text, what the code page lacks becomes "?".
