@@ -44,14 +44,13 @@ public:
     }
     // The window is asked only for what is new to it: layouts run often, and a window's place is dear.
     void placed() override {
-        const PixelRect clip = pixelClip();
-        const bool seen = !clip.empty();
-        const Surface* shownOn = surface();
-        const auto inWindow = [&](const PixelRect& part) { return shownOn ? shownOn->inWindow(part) : part; };
-        const std::pair place{inWindow(windowBounds(pixelBounds())), inWindow(clip)};
-        if (!peer_ && !(seen && makeWindow({place.first, place.second, enabled()}))) return;
+        if (!peer_ && (pixelClip().empty() || !makeWindow(present()))) return;
+        // A host that hears of the new window may have moved or hidden the control.
+        const ChildPlacement now = present();
+        const bool seen = !now.clip.empty();
+        const std::pair place{now.bounds, now.clip};
         // Each step may take the focus away, and who hears of that may close the window.
-        tell(enabled_, enabled(), [&] { peer_->setEnabled(enabled()); });
+        tell(enabled_, now.enabled, [&] { peer_->setEnabled(now.enabled); });
         if (seen) tell(place_, place, [&] { peer_->setBounds(place.first, place.second); });
         tell(seen_, seen, [&] { peer_->setVisible(seen); });
     }
@@ -104,6 +103,11 @@ private:
         return shownOn ? shownOn->readersTree().item({this, {}}).name : Text();
     }
 
+    ChildPlacement present() const {
+        const Surface* shownOn = surface();
+        const auto inWindow = [&](const PixelRect& part) { return shownOn ? shownOn->inWindow(part) : part; };
+        return {inWindow(windowBounds(pixelBounds())), inWindow(pixelClip()), enabled()};
+    }
     bool makeWindow(const ChildPlacement& placement) {
         if (!surfacePeer_ || making_) return false;
         const ScopedFlag making(making_);

@@ -194,10 +194,8 @@ TEST_P(ReentryTest, TheHostMayDoAnythingInsideEveryEvent) {
 
 // OBK_MONKEY_SEED and OBK_MONKEY_STEPS as for the grid.
 TEST_P(ReentryTest, AScreenReaderMayAskForEverythingInEachEvent) {
-    constexpr int32_t seeds = 4;
     const int32_t steps = fromEnvironment("OBK_MONKEY_STEPS", 150);
-    const int32_t first = fromEnvironment("OBK_MONKEY_SEED", 1);
-    const int32_t last = std::getenv("OBK_MONKEY_SEED") ? first : first + seeds - 1;
+    const auto [first, last] = walkSeeds(4);
     for (int32_t seed = first; seed <= last; ++seed) {
         std::mt19937 random(static_cast<uint32_t>(seed));
         BusyMonkey monkey(*GetParam(), [&random](int32_t limit) {
