@@ -180,6 +180,7 @@ bool isNumber(ValueType type) {
 }  // namespace
 
 bool isLeftOut(const VARIANT& variant) {
+    if (V_VT(&variant) != VT_ERROR && !V_ISBYREF(&variant)) return false;
     VARIANT plain;
     return dereferenced(variant, plain) && V_VT(&plain) == VT_ERROR &&
            V_ERROR(&plain) == DISP_E_PARAMNOTFOUND;
@@ -193,6 +194,10 @@ HRESULT valueFromVariant(const VARIANT& variant, ValueType wanted, Value& value)
     }
     if (V_VT(&variant) == VT_I4 && wanted == ValueType::longInteger) {
         value = static_cast<int32_t>(V_I4(&variant));
+        return S_OK;
+    }
+    if (V_VT(&variant) == VT_I4 && wanted == ValueType::colour) {
+        value = OleColour(static_cast<uint32_t>(V_I4(&variant)));
         return S_OK;
     }
     if (V_VT(&variant) == VT_BSTR && wanted == ValueType::text) {
