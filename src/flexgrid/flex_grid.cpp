@@ -27,6 +27,7 @@ FlexGrid::FlexGrid(Container& parent)
       horizontalBar_(*this, ScrollBar::Direction::horizontal),
       dragTimer_(*this) {
     SetBackColor(SystemColour::window);
+    setOpaque();
     for (ScrollBar* bar : {&verticalBar_, &horizontalBar_}) bar->setVisible(false);
     const auto on = [this](auto& event, auto handler) {
         connections_.push_back(event.connect(std::move(handler)));

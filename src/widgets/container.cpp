@@ -29,7 +29,18 @@ void Container::SetBackColor(OleColour colour) {
 }
 
 void Container::paint(Canvas& canvas, const PixelRect& bounds) {
-    canvas.fillRect(bounds, rgb(backColour_));
+    PixelRect covered{bounds.left, bounds.top, bounds.left, bounds.bottom};
+    for (const Widget* child : children_) {
+        if (!child->visible() || !child->opaque()) continue;
+        const PixelRect at = canvas.dpi().toPixels(child->bounds()).moved(bounds.left, bounds.top);
+        if (const PixelRect inside = at.intersected(bounds); !inside.empty()) covered = inside;
+    }
+    const Rgb ground = rgb(backColour_);
+    for (const PixelRect& around : {PixelRect{bounds.left, bounds.top, bounds.right, covered.top},
+                                    PixelRect{bounds.left, covered.top, covered.left, covered.bottom},
+                                    PixelRect{covered.right, covered.top, bounds.right, covered.bottom},
+                                    PixelRect{bounds.left, covered.bottom, bounds.right, bounds.bottom}})
+        canvas.fillRect(around, ground);
     paintChildren(canvas, bounds);
 }
 

@@ -58,6 +58,8 @@ public:
 
     // Paints into `bounds`; parents clip.
     virtual void paint(Canvas& canvas, const PixelRect& bounds);
+    // Whether its painting covers all of its place, so that nothing need be painted beneath it.
+    bool opaque() const { return opaque_; }
     // The topmost visible widget at a point relative to this widget's left top corner; null outside.
     virtual Widget* hitTest(PixelPoint point);
     // Coordinates are relative to this widget.
@@ -117,6 +119,7 @@ public:
     void announce(AccessibleEvent event, AccessiblePart part = {});
 
 protected:
+    void setOpaque() { opaque_ = true; }
     // What all items of this widget have in common.
     AccessibleItem itemOf(AccessibleItem::Role role, TextView name) const;
     explicit Widget(Platform& platform) : platform_(platform) {}
@@ -133,6 +136,7 @@ private:
     Container* parent_ = nullptr;
     TwipsRect bounds_;
     bool visible_ = true;
+    bool opaque_ = false;
     bool enabled_ = true;
 };
 

@@ -205,6 +205,7 @@ TEST_P(ReentryTest, AScreenReaderMayAskForEverythingInEachEvent) {
         monkey.tellsAll = true;
         for (int32_t step = 0; step < steps; ++step) {
             monkey.act();
+            if (step % 30 == 0) monkey.paint();
             ASSERT_EQ(monkey.broken(), nullptr) << monkey.broken() << ": seed " << seed << ", step " << step;
         }
     }

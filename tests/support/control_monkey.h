@@ -125,6 +125,28 @@ public:
         return true;
     }
 
+    // What shows is drawn anew, which leaves no point of it as it was.
+    void paint() {
+        for (const NativeWindow id : platform_.windows()) {
+            headless::HeadlessSurface* const surface = platform_.surface(id);
+            if (!surface || !surface->visible()) continue;
+            const PixelRect all = surface->bounds().moved(-surface->bounds().left, -surface->bounds().top);
+            const auto width = static_cast<size_t>(std::clamp(all.width(), 0, 500));
+            std::vector<bool> covered(width * static_cast<size_t>(std::clamp(all.height(), 0, 500)));
+            surface->invalidate(all);
+            for (const headless::DrawnItem& item : surface->paint().items()) {
+                if (item.kind != headless::DrawnItem::Kind::fill) continue;
+                for (auto y = static_cast<size_t>(item.rect.top); y < static_cast<size_t>(item.rect.bottom);
+                     ++y)
+                    for (auto x = static_cast<size_t>(item.rect.left);
+                         x < std::min(width, static_cast<size_t>(item.rect.right)); ++x)
+                        if (y * width + x < covered.size()) covered[y * width + x] = true;
+            }
+            if (std::find(covered.begin(), covered.end(), false) != covered.end())
+                broken_ = "a surface is painted whole";
+        }
+    }
+
     // What does not hold though it must; null when all does.
     const char* broken() const { return broken_; }
     // What is left of a control that was let go; null for nothing.

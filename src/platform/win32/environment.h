@@ -4,6 +4,7 @@
 #include "platform/win32/away_focus.h"
 #include "platform/win32/fonts.h"
 #include "platform/win32/key_router.h"
+#include "platform/win32/paint_buffer.h"
 #include "platform/win32/service_window.h"
 
 #include <windows.h>
@@ -31,6 +32,7 @@ public:
     KeyRouter& keys() { return keys_; }
     ServiceWindow& service() { return service_; }
     AwayFocus& away() { return away_; }
+    PaintBuffer& paintBuffer() { return paintBuffer_; }
     // Registered on first use; null when the system refuses.
     const wchar_t* surfaceClass();
 
@@ -56,6 +58,7 @@ private:
     KeyRouter keys_;
     ServiceWindow service_;
     AwayFocus away_{service_};
+    PaintBuffer paintBuffer_;
 };
 
 }  // namespace obk::win32

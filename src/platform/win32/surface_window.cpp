@@ -465,21 +465,17 @@ void SurfaceWindow::paint(HWND window) {
 
 void SurfaceWindow::paintOn(HDC dc, const PixelRect& dirty) {
     if (dirty.empty()) return;
-    const BITMAPINFO info = bitmapInfo({dirty.width(), dirty.height()});
-    void* bits = nullptr;
-    const UniqueBitmap buffer(CreateDIBSection(dc, &info, DIB_RGB_COLORS, &bits, nullptr, 0));
-    const UniqueMemoryDc memory(CreateCompatibleDC(dc));
-    if (!buffer || !memory) return;
-    const Selection selection(memory.get(), buffer.get());
-    SetViewportOrgEx(memory.get(), -dirty.left, -dirty.top, nullptr);
+    const PaintBuffer::Use buffer(environment().paintBuffer(), {dirty.width(), dirty.height()});
+    const HDC memory = buffer.dc();
+    if (!memory) return;
+    SetViewportOrgEx(memory, -dirty.left, -dirty.top, nullptr);
     try {
-        GdiCanvas canvas(memory.get(), dpi(), &environment().fonts());
+        GdiCanvas canvas(memory, dpi(), &environment().fonts());
         if (listening() && surfaceClient_) surfaceClient_->paint(canvas, dirty);
     } catch (...) {
         // What was painted so far is shown.
     }
-    BitBlt(dc, dirty.left, dirty.top, dirty.width(), dirty.height(), memory.get(), dirty.left, dirty.top,
-           SRCCOPY);
+    BitBlt(dc, dirty.left, dirty.top, dirty.width(), dirty.height(), memory, dirty.left, dirty.top, SRCCOPY);
 }
 
 LRESULT SurfaceWindow::accessible(const Message& message) {
