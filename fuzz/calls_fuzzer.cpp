@@ -97,7 +97,13 @@ private:
             if (surface->kind() == SurfacePlacement::Kind::panel &&
                 dynamic_cast<DateCalendar*>(control_.get())) {
                 const size_t days = test::partsOf(*surface, Role::listItem).size();
-                require(days >= 28 && days <= 31, "a month is shown");
+                const std::vector<AccessibleItem> years = test::partsOf(*surface, Role::spinner);
+                require(years.size() == 1, "there is a year");
+                // What is typed into the year is none at first.
+                if (yearFromText(years[0].value))
+                    require(days >= 28 && days <= 31, "a month is shown");
+                else
+                    require(days == 0, "without a year there are no days");
             }
             if (auto* const strip = dynamic_cast<PageTab*>(control_.get())) {
                 const std::vector<AccessibleItem> tabs = test::partsOf(*surface, Role::pageTab);
