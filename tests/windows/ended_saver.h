@@ -7,15 +7,17 @@
 
 namespace obk::testing_support {
 
-// Enough for a half of it to be seen, and of a length of its own.
+// The file of a grid with one cell: more than is written at once, and of a length of its own.
 std::string contentOf(char letter);
 
 // Saves contentOf('n') to a file, once, and ends itself at one call of the system's, counted from 0; or again
 // and again, in turns with contentOf('o'), until somebody else ends it.
 class Saver {
 public:
+    // The port's files by themselves, or the member of a control that the server has made.
+    enum class By { files, gridSave };
     static constexpr int forEver = -1;
-    Saver(const std::wstring& path, int lastCall);
+    Saver(By by, const std::wstring& path, int lastCall);
     Saver(const Saver&) = delete;
     Saver& operator=(const Saver&) = delete;
     ~Saver();

@@ -2,12 +2,14 @@
 
 #include "platform/win32/file_system.h"
 #include "refused_import.h"
+#include "server_support.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cstdlib>
 #include <deque>
+#include <memory>
 #include <string_view>
 
 namespace obk::testing_support {
@@ -23,25 +25,56 @@ std::wstring wide(const char* text) {
     return result;
 }
 
-bool save(const std::wstring& path, std::string_view content) {
-    win32::SystemFiles files;
-    const auto file = files.openForWriting(Text(path.begin(), path.end()));
-    if (!file) return false;
-    const size_t half = content.size() / 2;
-    return file->write(content.substr(0, half)) && file->write(content.substr(half)) && file->commit();
+template <typename Unit>
+std::basic_string<Unit> cellOf(char letter) {
+    return std::basic_string<Unit>(100'000 + static_cast<unsigned char>(letter), static_cast<Unit>(letter));
 }
+
+// Who saves, and the module whose calls of the system are counted then.
+class Saving {
+public:
+    virtual ~Saving() = default;
+    virtual HMODULE module() const = 0;
+    virtual bool save(const std::wstring& path, char letter) = 0;
+};
+
+class SavingFiles final : public Saving {
+    HMODULE module() const override { return GetModuleHandleW(nullptr); }
+    bool save(const std::wstring& path, char letter) override {
+        win32::SystemFiles files;
+        const std::string content = contentOf(letter);
+        const auto file = files.openForWriting(Text(path.begin(), path.end()));
+        if (!file) return false;
+        const size_t half = content.size() / 2;
+        return file->write({content.data(), half}) && file->write(std::string_view(content).substr(half)) &&
+               file->commit();
+    }
+};
+
+class SavingGrid final : public Saving {
+    HMODULE module() const override { return server_.module(); }
+    bool save(const std::wstring& path, char letter) override {
+        grid_.call(L"RowsSet", {1});
+        grid_.call(L"ColsSet", {1});
+        grid_.call(L"CellTextSet", {0, 0, cellOf<wchar_t>(letter)});
+        return grid_.call(L"GridSave", {path, L"Kept"}) == S_OK;
+    }
+
+    LoadedServer server_;
+    container::Dispatch grid_{server_.create(L"GridEdit").get()};
+};
 
 }  // namespace
 
 std::string contentOf(char letter) {
-    return std::string(40'000 + static_cast<unsigned char>(letter), letter);
+    return "\"1|Kept\"\r\n\"" + cellOf<char>(letter) + "\"\r\n";
 }
 
-Saver::Saver(const std::wstring& path, int lastCall) {
+Saver::Saver(By by, const std::wstring& path, int lastCall) {
     wchar_t program[MAX_PATH]{};
     GetModuleFileNameW(nullptr, program, MAX_PATH);
     std::wstring line = L'"' + std::wstring(program) + L"\" " + wide(saverArgument) + L" \"" + path + L"\" " +
-                        std::to_wstring(lastCall);
+                        std::to_wstring(lastCall) + L' ' + std::to_wstring(static_cast<int>(by));
     STARTUPINFOW start{};
     start.cb = sizeof start;
     EXPECT_TRUE(CreateProcessW(program, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start,
@@ -67,16 +100,18 @@ DWORD Saver::result() {
 }
 
 bool isSaver(int count, char** arguments) {
-    return count == 4 && std::string_view(arguments[1]) == saverArgument;
+    return count == 5 && std::string_view(arguments[1]) == saverArgument;
 }
 
 int saveUntilEnded(char** arguments) {
     const std::wstring path = wide(arguments[2]);
     const int lastCall = std::atoi(arguments[3]);
-    const std::string before = contentOf('o'), after = contentOf('n');
+    std::unique_ptr<Saving> saving = std::make_unique<SavingFiles>();
+    if (std::atoi(arguments[4]) == static_cast<int>(Saver::By::gridSave))
+        saving = std::make_unique<SavingGrid>();
     while (lastCall == Saver::forEver) {
-        save(path, after);
-        save(path, before);
+        saving->save(path, 'n');
+        saving->save(path, 'o');
     }
     std::deque<RefusedImport> imports;
     for (const Refusable& function : {
@@ -94,11 +129,11 @@ int saveUntilEnded(char** arguments) {
              refusable<struct EndedCopy>("CopyFileW", CopyFileW, FALSE),
              refusable<struct EndedDelete>("DeleteFileW", DeleteFileW, FALSE),
          })
-        imports.emplace_back(GetModuleHandleW(nullptr), function);
+        imports.emplace_back(saving->module(), function);
     endsAtCall = true;
     callNumber = 0;
     refusedCall = static_cast<unsigned long>(lastCall);
-    const bool saved = save(path, after);
+    const bool saved = saving->save(path, 'n');
     imports.clear();
     return saved ? 0 : 1;
 }

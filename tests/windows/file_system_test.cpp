@@ -163,7 +163,14 @@ TEST_F(SystemFilesTest, AnOperationThatFailsLeavesTheOldFileOrTheNewOne) {
 }
 
 // By the system, or by the person who has lost patience; then somebody looks at what is there.
-TEST_F(SystemFilesTest, AProcessThatIsEndedWhileItSavesLeavesTheOldFileOrTheNewOne) {
+class EndedSaverTest : public SystemFilesTest,
+                       public testing::WithParamInterface<testing_support::Saver::By> {};
+INSTANTIATE_TEST_SUITE_P(Each, EndedSaverTest,
+                         testing::Values(testing_support::Saver::By::files,
+                                         testing_support::Saver::By::gridSave),
+                         [](const auto& by) { return by.index == 0 ? "Files" : "GridSave"; });
+
+TEST_P(EndedSaverTest, AProcessThatIsEndedWhileItSavesLeavesTheOldFileOrTheNewOne) {
     const std::string before = contentOf('o'), after = contentOf('n');
     int leftBeside = 0;
     const auto look = [&] {
@@ -183,7 +190,7 @@ TEST_F(SystemFilesTest, AProcessThatIsEndedWhileItSavesLeavesTheOldFileOrTheNewO
     for (; result == testing_support::endedAtCall; ++calls) {
         SCOPED_TRACE(calls);
         ASSERT_TRUE(write(L"a.txt", before));
-        result = testing_support::Saver(wide(L"a.txt"), calls).result();
+        result = testing_support::Saver(GetParam(), wide(L"a.txt"), calls).result();
         look();
     }
     EXPECT_EQ(result, 0u);
@@ -194,7 +201,7 @@ TEST_F(SystemFilesTest, AProcessThatIsEndedWhileItSavesLeavesTheOldFileOrTheNewO
     for (int time = 0; time < times; ++time) {
         SCOPED_TRACE(time);
         ASSERT_TRUE(write(L"a.txt", before));
-        testing_support::Saver saver(wide(L"a.txt"), testing_support::Saver::forEver);
+        testing_support::Saver saver(GetParam(), wide(L"a.txt"), testing_support::Saver::forEver);
         // Not by reading: who has the file open keeps it from being replaced on some systems.
         for (int turn = 0; turn < 2000 && names().size() == 1; ++turn) Sleep(1);
         Sleep(static_cast<DWORD>(time % 40));
