@@ -81,7 +81,8 @@ std::optional<int32_t> yearOfTwoDigits(TextView digits, const DateForms& forms) 
         return std::nullopt;
     const int32_t latest =
         forms.lastOfTwoDigits / century * century + static_cast<int32_t>(numberFrom(digits));
-    return latest > forms.lastOfTwoDigits ? latest - century : latest;
+    const int32_t year = latest > forms.lastOfTwoDigits ? latest - century : latest;
+    return year >= firstYear ? std::optional(year) : std::nullopt;
 }
 
 std::optional<Date> typedDate(TextView text, const DateForms& forms) {
@@ -95,6 +96,9 @@ std::optional<Date> typedDate(TextView text, const DateForms& forms) {
     const bool yearFirst =
         numbers.front().size() > 2 || (numbers.back().size() <= 2 && forms.order == Order::yearMonthDay);
     const TextView year = yearFirst ? numbers.front() : numbers.back();
+    // What stands before such a year may be the name of an era, which it is counted in.
+    if (yearFirst && year.size() < longestYear && std::any_of(text.data(), year.data(), isLetter))
+        return std::nullopt;
     numbers.erase(yearFirst ? numbers.begin() : numbers.end() - 1);
     const auto isShort = [](TextView number) { return number.size() <= 2; };
     if (year.size() > longestYear || !std::all_of(numbers.begin(), numbers.end(), isShort))
@@ -102,8 +106,10 @@ std::optional<Date> typedDate(TextView text, const DateForms& forms) {
     const bool monthFirst = yearFirst || forms.order != Order::dayMonthYear;
     const auto month = named ? *named : std::chrono::month{numberFrom(numbers[monthFirst ? 0 : 1])};
     const auto day = numberFrom(numbers[!named && monthFirst ? 1 : 0]);
-    const auto inFull = yearOfTwoDigits(year, forms).value_or(static_cast<int32_t>(numberFrom(year)));
-    const Date date = std::chrono::year{inFull} / month / std::chrono::day{day};
+    const auto inFull =
+        year.size() > 2 ? static_cast<int32_t>(numberFrom(year)) : yearOfTwoDigits(year, forms);
+    if (!inFull) return std::nullopt;
+    const Date date = std::chrono::year{*inFull} / month / std::chrono::day{day};
     return date.ok() ? std::optional(date) : std::nullopt;
 }
 

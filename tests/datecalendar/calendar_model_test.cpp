@@ -233,6 +233,17 @@ TEST_F(CalendarModelTest, OpeningReadsDatesAsPeopleWriteThem) {
         EXPECT_EQ(chosen(), row.read) << toUtf8(row.text);
         EXPECT_EQ(model.date(), row.text);
     }
+    // A year of an era's, and two digits of another calendar's.
+    const DateForms otherYears{Order::dayMonthYear, 99, {}};
+    const std::pair<DateForms, const char16_t*> others[] = {
+        {japanese, u"\u4ee4\u548c 8\u5e743\u67082\u65e5"},
+        {japanese, u"R8/3/2"},
+        {japanese, u"\u6c11\u570b115\u5e743\u67082\u65e5"},
+        {otherYears, u"2.3.47"}};
+    for (const auto& [forms, text] : others) {
+        clock.setDateForms(forms);
+        EXPECT_THROW(openOn(text), StatementFailed) << toUtf8(text);
+    }
 }
 
 TEST_F(CalendarModelTest, AnEchoOfTheYearDuringARefillIsNotTyped) {

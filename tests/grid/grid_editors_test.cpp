@@ -798,6 +798,10 @@ TEST_F(GridEditorsTest, DatesAreReadAsTheUserWritesThem) {
     }
     EXPECT_EQ(read(u"4.12.2026", yearMonthDay), std::nullopt) << "the day or the month";
     EXPECT_EQ(read(u"1.2.50", dayMonthYear), u"Wed 1 Feb 1950");
+    const RegionalFormats otherYears{u'.', {dayMonthYear, 99, {}}};
+    for (const char16_t* text : {u"1.2.47", u"4 dec 47"})
+        EXPECT_EQ(cellText(ColumnType::date, text, {}, otherYears), std::nullopt) << "of another calendar";
+    EXPECT_EQ(cellText(ColumnType::date, u"4.12.2026", {}, otherYears), u"Fri 4 Dec 2026");
     for (const char16_t* text :
          {u"31.4.2026", u"4.13.2026", u"4.12.126", u"4.12/2026", u"4.12.20261", u"4.12.", u"2026-12-4x",
           u"2026-", u"0.0.0", u"1.2", u"4 dec", u"29.2.2026", u"dec 26"})

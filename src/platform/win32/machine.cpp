@@ -39,16 +39,22 @@ std::wstring localeText(LCTYPE type) {
                                                                                                   : L"";
 }
 
-// A month as it stands beside its day, which in some languages is a form of its own.
-std::wstring besideDay(WORD month) {
-    SYSTEMTIME first{};
-    first.wYear = 2026;
-    first.wMonth = month;
-    first.wDay = 1;
+// Names of our calendar's, whichever the user's is: other calendars have twelve months too, at other times.
+std::wstring gregorianText(CALTYPE type) {
     wchar_t text[80]{};
-    GetDateFormatW(LOCALE_USER_DEFAULT, 0, &first, L"d MMMM", text, static_cast<int>(std::size(text)));
-    const std::wstring whole = text;
-    return whole.substr(std::min(whole.find(L' '), whole.size()));
+    return GetCalendarInfoW(LOCALE_USER_DEFAULT, CAL_GREGORIAN, type, text, static_cast<int>(std::size(text)),
+                            nullptr) > 0
+               ? text
+               : L"";
+}
+
+// Whether the user's calendar has our years: one of those that differ in the language of their names alone.
+bool countsOurYears() {
+    DWORD calendar = CAL_GREGORIAN;
+    GetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_ICALENDARTYPE | LOCALE_RETURN_NUMBER,
+                   reinterpret_cast<wchar_t*>(&calendar), sizeof calendar / sizeof(wchar_t));
+    return calendar == CAL_GREGORIAN || calendar == CAL_GREGORIAN_US ||
+           (calendar >= CAL_GREGORIAN_ME_FRENCH && calendar <= CAL_GREGORIAN_XLIT_FRENCH);
 }
 
 }  // namespace
@@ -72,13 +78,16 @@ DateForms SystemClock::dateForms() {
                   : day < month ? Order::dayMonthYear
                                 : Order::monthDayYear;
     DWORD last = 0;
-    if (GetCalendarInfoW(LOCALE_USER_DEFAULT, CAL_GREGORIAN, CAL_ITWODIGITYEARMAX | CAL_RETURN_NUMBER,
-                         nullptr, 0, &last))
+    if (!countsOurYears())
+        forms.lastOfTwoDigits = 99;  // years that no date has, rather than ones that nobody means
+    else if (GetCalendarInfoW(LOCALE_USER_DEFAULT, CAL_GREGORIAN, CAL_ITWODIGITYEARMAX | CAL_RETURN_NUMBER,
+                              nullptr, 0, &last))
         forms.lastOfTwoDigits = static_cast<int32_t>(last);
-    for (WORD each = 0; each < 12; ++each) {
-        for (const std::wstring& name :
-             {localeText(LOCALE_SMONTHNAME1 + each), besideDay(static_cast<WORD>(each + 1)),
-              localeText(LOCALE_SABBREVMONTHNAME1 + each)})
+    for (CALTYPE each = 0; each < 12; ++each) {
+        // A name beside its day is a form of its own in some languages.
+        for (const std::wstring& name : {gregorianText(CAL_SMONTHNAME1 + each),
+                                         gregorianText((CAL_SMONTHNAME1 + each) | CAL_RETURN_GENITIVE_NAMES),
+                                         gregorianText(CAL_SABBREVMONTHNAME1 + each)})
             forms.monthNames.emplace_back(fromWide(name), std::chrono::month(each + 1u));
     }
     return forms;
