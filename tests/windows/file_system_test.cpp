@@ -6,10 +6,13 @@
 
 #include <windows.h>
 
+#include <sddl.h>
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
 #include <cwctype>
 #include <optional>
 #include <string>
@@ -346,6 +349,36 @@ TEST_F(SystemFilesTest, AHiddenFileStaysHidden) {
     ASSERT_TRUE(write(L"a.txt", "new"));
     EXPECT_EQ(bytes(L"a.txt"), "new");
     EXPECT_TRUE(GetFileAttributesW(wide(L"a.txt").c_str()) & FILE_ATTRIBUTE_HIDDEN);
+}
+
+// Who may do what with a file, in the system's own words.
+std::wstring rightsOf(const std::wstring& path) {
+    std::array<std::byte, 4096> rights{};
+    DWORD size = 0;
+    wchar_t* words = nullptr;
+    if (!GetFileSecurityW(path.c_str(), DACL_SECURITY_INFORMATION, rights.data(),
+                          static_cast<DWORD>(rights.size()), &size) ||
+        !ConvertSecurityDescriptorToStringSecurityDescriptorW(rights.data(), SDDL_REVISION_1,
+                                                              DACL_SECURITY_INFORMATION, &words, nullptr))
+        return {};
+    const std::wstring result = words;
+    LocalFree(words);
+    return result;
+}
+
+TEST_F(SystemFilesTest, AFileKeepsItsRights) {
+    ASSERT_TRUE(write(L"a.txt", "old"));
+    const std::wstring before = rightsOf(wide(L"a.txt"));
+    PSECURITY_DESCRIPTOR everyone = nullptr;
+    ASSERT_TRUE(ConvertStringSecurityDescriptorToSecurityDescriptorW(L"D:P(A;;FA;;;WD)", SDDL_REVISION_1,
+                                                                     &everyone, nullptr));
+    EXPECT_TRUE(SetFileSecurityW(wide(L"a.txt").c_str(), DACL_SECURITY_INFORMATION, everyone));
+    LocalFree(everyone);
+    const std::wstring given = rightsOf(wide(L"a.txt"));
+    EXPECT_NE(given, before);
+    ASSERT_TRUE(write(L"a.txt", "new"));
+    EXPECT_EQ(bytes(L"a.txt"), "new");
+    EXPECT_EQ(rightsOf(wide(L"a.txt")), given);
 }
 
 TEST_F(SystemFilesTest, TwoSavesAtOnceLeaveOneOfThem) {
