@@ -1,91 +1,174 @@
-// Text files of grids out of raw bytes: they load the same however they come in pieces, into no more than
-// they warrant, and what was loaded is saved and loads again.
+// Text files of grids, out of raw bytes, of what files are made of, and of grids: they load as the simplest
+// reader has it, however they come in pieces, into no more than they warrant; and what was loaded is saved
+// and loads again.
 #include "fuzz_values.h"
 #include "grid/grid_file_rows.h"
+#include "grid/plain_file.h"
 #include "platform/headless/headless_machine.h"
 #include "platform/headless/memory_file_system.h"
 
 #include <algorithm>
-#include <string_view>
+#include <ctime>
+#include <limits>
+#include <utility>
 #include <vector>
 
 namespace obk::fuzz {
 namespace {
 
+using test::PlainTexts;
+
 const TextView path = u"fuzzed";
+constexpr int32_t colsBefore = 3;  // of a grid that loads
 
-// A file in a grid.
-class Loaded {
-public:
-    Loaded(headless::MemoryFileSystem& files, const ColumnTypes& types) : grid(0, 3, Dpi(96)) {
-        headless::ManualClock clock;
-        WaitCursor waitCursor(clock, [](bool) {});
-        GridFileReader file(files, path, waitCursor);
-        const GridFileHeader header = file.header();
-        if (header.cols) grid.setCols(*header.cols);
-        readRows(grid, file, types);
-        caption = header.caption;
-    }
-    template <typename Use>
-    void eachText(Use&& use) const {
-        for (CellAddress cell; cell.row < grid.rows(); ++cell.row) {
-            for (cell.col = 0; cell.col < grid.cols(); ++cell.col) use(cell, grid.text(cell));
-        }
-    }
-    bool operator==(const Loaded& other) const {
-        bool same =
-            caption == other.caption && grid.rows() == other.grid.rows() && grid.cols() == other.grid.cols();
-        if (same)
-            eachText([&](CellAddress cell, TextView text) { same = same && other.grid.text(cell) == text; });
-        return same;
-    }
-
-    GridModel grid;
+struct Loaded {
+    int32_t cols = 0;
     Text caption;
+    PlainTexts texts;
+
+    friend bool operator==(const Loaded&, const Loaded&) = default;
 };
 
-void save(headless::MemoryFileSystem& files, const Loaded& loaded) {
-    headless::ManualClock clock;
-    WaitCursor waitCursor(clock, [](bool) {});
-    GridFileWriter file(files, path, waitCursor);
-    file.writeHeader(loaded.grid.cols(), loaded.caption);
-    writeRows(loaded.grid, file);
-    require(file.close(), "a grid can be saved");
-}
+class GridFile {
+public:
+    explicit GridFile(FuzzedDataProvider& input) : input_(input) {}
 
-void run(const uint8_t* data, size_t size) {
-    if (size < 2) return;
-    ColumnTypes types;
-    for (int32_t col = 0; col < 8; ++col) types.set(col, (data[0] >> col & 1) != 0 ? 3 : 0);
-    const size_t longestRead = 1 + data[1] % 16;
-    const std::string bytes(reinterpret_cast<const char*>(data) + 2, size - 2);
+    void run() {
+        const unsigned checks = input_.ConsumeIntegral<uint8_t>();
+        for (int32_t col = 0; col < 8; ++col) types_.set(col, (checks >> col & 1) != 0 ? 3 : 0);
+        const auto longestRead = input_.ConsumeIntegralInRange<size_t>(1, 16);
+        switch (input_.ConsumeIntegralInRange(0, 3)) {
+            case 0:
+                files_.put(path, input_.ConsumeRemainingBytesAsString());
+                break;
+            case 1:
+                save(someGrid());
+                break;
+            default:
+                files_.put(path, someFields());
+        }
+        const std::clock_t start = std::clock();
+        Loaded loaded = load(longestRead);
+        // A quotation mark that no file can hold is gone after the first time, and what the caption loses is
+        // its own affair.
+        for (int time = 0; time < 2; ++time) {
+            save(loaded);
+            Loaded again = load(std::numeric_limits<size_t>::max());
+            require(time == 0 || again.texts == loaded.texts, "what was saved has the same texts");
+            loaded = std::move(again);
+        }
+        require(std::clock() - start < 5 * CLOCKS_PER_SEC, "no small file takes long");
+    }
 
-    headless::MemoryFileSystem files;
-    files.put(path, bytes);
-    const Loaded whole(files, types);
-    files.setLongestRead(longestRead);
-    require(Loaded(files, types) == whole, "pieces make the same grid as the whole");
+private:
+    Loaded someGrid() {
+        Loaded grid{input_.ConsumeBool() ? input_.ConsumeIntegralInRange(1, 14)
+                                         : input_.ConsumeIntegralInRange(90, 110),
+                    textFrom(input_),
+                    {}};
+        while (input_.ConsumeBool() && grid.texts.size() < 20) {
+            grid.texts.emplace_back(static_cast<size_t>(grid.cols));
+            // Most cells are empty, as in grids.
+            for (int left = input_.ConsumeIntegralInRange(0, 14); left > 0; --left)
+                grid.texts.back()[input_.ConsumeIntegralInRange<size_t>(0, grid.texts.back().size() - 1)] =
+                    textFrom(input_);
+        }
+        return grid;
+    }
 
-    require(static_cast<size_t>(whole.grid.rows()) <= bytes.size(), "every row takes a byte at least");
-    bool quoted = false;
-    whole.eachText([&](CellAddress, TextView text) {
-        quoted = quoted || text.find(u'"') != TextView::npos;
-        require(text.size() <= bytes.size() + 2, "no text is longer than the file and its padding");
-    });
-    save(files, whole);
-    const Loaded again(files, types);
-    if (quoted || whole.caption.find(u'"') != Text::npos) return;
-    require(again.grid.rows() == whole.grid.rows() && again.grid.cols() == whole.grid.cols(),
-            "what was saved has as many cells");
-    whole.eachText([&](CellAddress cell, TextView text) {
-        require(again.grid.text(cell) == text, "what was saved has the same texts");
-    });
-}
+    std::string someFields() {
+        static constexpr const char* heads[] = {"\"2|x\"\r\n",
+                                                "\"12|Orders\"\r\n",
+                                                "\"1|\"\n",
+                                                "12|a \"b\r",
+                                                "\"120|Orders\"x,",
+                                                "\"0|x\"\r\n",
+                                                "\"1,000|x\"\r\n",
+                                                "-1|x\r\n",
+                                                "\"4000000000|x\"\r\n",
+                                                "\"400|x\"\r\n",
+                                                "",
+                                                "\"Orders\"\r\n",
+                                                "\"1e2|x\"\r\n",
+                                                "\"12|never ends",
+                                                " 7 | \r\n"};
+        static constexpr const char* ends[] = {",", "\r\n", "\n", "\r", "", "x,", " \r\n"};
+        static constexpr size_t pieceSize = 65536;  // that is read and written at once
+        std::string bytes = input_.PickValueInArray(heads);
+        // None where the last row is filled up with it hundreds of times.
+        int mostLong = bytes.find("0|") == std::string::npos ? 2 : 0;
+        while (input_.remaining_bytes() > 0) {
+            bytes += std::string(input_.ConsumeIntegralInRange<size_t>(0, 2), ' ');
+            std::string field = input_.ConsumeRandomLengthString(12);
+            if (mostLong > 0 && input_.ConsumeIntegralInRange(0, 15) == 7) {
+                --mostLong;
+                field += std::string(input_.ConsumeIntegralInRange(pieceSize - 16, pieceSize + 16), 'z');
+            }
+            bytes += input_.ConsumeBool() ? '"' + field + '"' : field;
+            bytes += input_.PickValueInArray(ends);
+        }
+        return bytes;
+    }
+
+    void save(const Loaded& grid) {
+        GridModel model(0, grid.cols, Dpi(96));
+        for (const auto& row : grid.texts) {
+            const std::vector<TextView> texts(row.begin(), row.end());
+            model.addTexts(texts, model.rows());
+        }
+        headless::ManualClock clock;
+        WaitCursor waitCursor(clock, [](bool) {});
+        GridFileWriter file(files_, path, waitCursor);
+        file.writeHeader(model.cols(), grid.caption);
+        writeRows(model, file);
+        require(file.close(), "a grid can be saved");
+        require(files_.bytes(path) == test::plainBytes(grid.texts, grid.cols, grid.caption),
+                "a file has a line for each cell");
+    }
+
+    Loaded load(size_t longestRead) {
+        GridModel grid(0, colsBefore, Dpi(96));
+        files_.setLongestRead(longestRead);
+        headless::ManualClock clock;
+        WaitCursor waitCursor(clock, [](bool) {});
+        GridFileReader file(files_, path, waitCursor);
+        const GridFileHeader header = file.header();
+        if (header.cols) grid.setCols(*header.cols);
+        readRows(grid, file, types_);
+
+        Loaded loaded{grid.cols(), header.caption, PlainTexts(static_cast<size_t>(grid.rows()))};
+        for (CellAddress cell; cell.row < grid.rows(); ++cell.row) {
+            for (cell.col = 0; cell.col < grid.cols(); ++cell.col)
+                loaded.texts[static_cast<size_t>(cell.row)].emplace_back(grid.text(cell));
+        }
+        require(loaded == plainlyLoaded(grid.cols()), "a file loads as the simplest reader has it");
+        return loaded;
+    }
+
+    Loaded plainlyLoaded(int32_t cols) {
+        constexpr size_t cut = 3;
+        const std::vector<Text> fields = test::plainFields(files_.bytes(path).value());
+        Loaded loaded{cols, {}, test::plainRows(fields, static_cast<size_t>(cols))};
+        if (!fields.empty()) loaded.caption = fields[0].substr(std::min(cut, fields[0].size()));
+        for (auto& row : loaded.texts) {
+            for (int32_t col = 0; col < cols; ++col) {
+                Text& text = row[static_cast<size_t>(col)];
+                if (types_.type(col) == ColumnType::checkBox) text = Text(2, u' ').append(trimmed(text));
+            }
+        }
+        return loaded;
+    }
+
+    FuzzedDataProvider& input_;
+    headless::MemoryFileSystem files_;
+    ColumnTypes types_;
+};
 
 }  // namespace
 }  // namespace obk::fuzz
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    obk::fuzz::run(data, size);
+    FuzzedDataProvider input(data, size);
+    obk::fuzz::GridFile(input).run();
     return 0;
 }

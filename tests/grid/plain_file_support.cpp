@@ -1,6 +1,7 @@
 #include "grid/plain_file.h"
 
 #include <algorithm>
+#include <string_view>
 
 namespace obk::test {
 
@@ -44,24 +45,24 @@ std::string plainBytes(const PlainTexts& cells, int32_t cols, TextView caption) 
 
 std::vector<Text> plainFields(const std::string& bytes) {
     std::vector<Text> fields;
-    std::string rest = bytes;
+    std::string_view rest = bytes;
     while (!rest.empty()) {
-        rest.erase(0, std::min(rest.find_first_not_of(' '), rest.size()));
-        std::string field;
+        rest.remove_prefix(std::min(rest.find_first_not_of(' '), rest.size()));
+        std::string_view field;
         const bool quoted = !rest.empty() && rest[0] == '"';
         if (quoted) {
-            rest.erase(0, 1);
+            rest.remove_prefix(1);
             const size_t quote = std::min(rest.find('"'), rest.size());
             field = rest.substr(0, quote);
-            rest.erase(0, quote);
+            rest.remove_prefix(quote);
         }
         const size_t end = std::min(rest.find_first_of(",\r\n"), rest.size());
         if (!quoted) {
             field = rest.substr(0, end);
-            field.erase(field.find_last_not_of(' ') + 1);
+            field = field.substr(0, field.find_last_not_of(' ') + 1);
         }
-        rest.erase(0, end);
-        rest.erase(0, rest.substr(0, 2) == "\r\n" ? 2 : 1);
+        rest.remove_prefix(end);
+        if (!rest.empty()) rest.remove_prefix(rest.substr(0, 2) == "\r\n" ? 2 : 1);
         Text text;
         for (const char byte : field) text += plainUnit(byte);
         fields.push_back(text);
