@@ -39,6 +39,8 @@ cp "$root/icons/cells/NOTICE.txt" "$package/licences/icons-and-zlib.txt"
 node "$root/tools/site/site.mjs" "$root" "$dist/site" >/dev/null
 cp -r "$dist/site" "$package/docs"
 cp -r "$root/imports" "$root/samples" "$package"
+# Classic Basic reads no other line ends.
+sed -i 's/$/\r/' "$package"/samples/classic/*
 rm "$package/imports/.clang-format"
 sed "s/@VERSION@/$version/" "$root/packaging/README.txt" | sed 's/$/\r/' >"$package/README.txt"
 for command in Gallery Register; do sed 's/$/\r/' "$root/packaging/$command.cmd" >"$package/$command.cmd"; done

@@ -264,6 +264,23 @@ module_as_script() {
     grep -q 'answer = grid' "$work/installers/examples/vba.vbs"
 }
 check "The module for VBA is one that the script host can read" module_as_script
+check "The project for classic Basic uses what the contract has" perl "$tests/classic_project.pl" "$work/$name/OBKCTRLS.idl" \
+    "$work/$name/samples/classic"
+# The form's code, beside controls that stand on no form.
+form_as_script() {
+    local form=$work/$name/samples/classic/Order.frm
+    {
+        printf 'Dim Caption\n'
+        sed -nE 's/^ +Begin (OBKCTRLS\.\w+) (\w+).*/Set \2 = CreateObject("\1")/p' "$form"
+        sed '1,/^Option Explicit/d; s/ As Integer//; s/\r$//' "$form"
+        printf '%s\n' Form_Load 'GridEdit1.GridSetFocus 1, 0' GridEdit1_NewRowSelected 'UpDownTextBox1.Text = "7"' \
+            UpDownTextBox1_Change 'GridEdit1_NewRow 2' \
+            'answer = GridEdit1.CellTextRead(0, 1) & GridEdit1.CellTextRead(1, 1) & Caption' \
+            'If answer = "73Order, with a new row 2" Then WScript.Echo "ok" Else WScript.Echo "form: " & answer'
+    } | sed 's/$/\r/' >"$work/installers/examples/form.vbs"
+    grep -q '^Set GridEdit1 = ' "$work/installers/examples/form.vbs"
+}
+check "The form for classic Basic is one that the script host can read" form_as_script
 
 # The installers.
 needs_no_rights() {
