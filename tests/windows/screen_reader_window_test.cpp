@@ -1,5 +1,6 @@
 // What screen readers get of controls in real windows: by the older interface and its events, and by the
 // providers of UI Automation.
+#include "container/variant.h"
 #include "framework/control.h"
 #include "framework/control_table.h"
 #include "framework/member_call.h"
@@ -622,11 +623,75 @@ TEST_F(Automation, IsToldOfEachChangeInItsOrder) {
     control->deactivate();
 }
 
-// A client that asks about a window from a thread of its own, as those in other processes do.
+// The client's side of UI Automation, as far as Wine 8 has it. UiaNodeFromHandle and UiaGetPropertyValue
+// answer for a window from another thread, while the window's takes messages. On that thread itself
+// UiaNodeFromProvider of what has a window does not return: it waits for a helper, which sends the window
+// WM_GETOBJECT. So a client of another thread asks about the window here, and one of the same thread goes
+// through the things in it. UiaFind by a name fails, as it compares no texts. Rectangles and patterns are
+// asked of the providers, in the tests above.
+struct ClientFunctions {
+    using Node = struct NodeTag*;
+    enum class ConditionType : int { always, never, property };
+    struct Condition {
+        ConditionType type = ConditionType::always;
+        PROPERTYID property = 0;
+        VARIANT value{};
+        int flags = 0;
+    };
+    struct CacheRequest {
+        Condition* view;
+        int scope = 1;  // the thing itself
+        PROPERTYID* properties = nullptr;
+        int propertyCount = 0;
+        PATTERNID* patterns = nullptr;
+        int patternCount = 0;
+        int mode = 1;  // not only what is cached
+    };
+    HRESULT(WINAPI* UiaNodeFromHandle)(HWND, Node*);
+    HRESULT(WINAPI* UiaNodeFromProvider)(IRawElementProviderSimple*, Node*);
+    HRESULT(WINAPI* UiaGetPropertyValue)(Node, PROPERTYID, VARIANT*);
+    HRESULT(WINAPI* UiaNavigate)(Node, NavigateDirection, Condition*, CacheRequest*, SAFEARRAY**, BSTR*);
+    HRESULT(WINAPI* UiaGetRuntimeId)(Node, SAFEARRAY**);
+    HRESULT(WINAPI* UiaHUiaNodeFromVariant)(VARIANT*, Node*);
+    BOOL(WINAPI* UiaNodeRelease)(Node);
+
+    ClientFunctions() {
+        const HMODULE library = LoadLibraryW(L"uiautomationcore.dll");
+        const auto find = [library](auto& function, const char* name) {
+            function = reinterpret_cast<std::remove_reference_t<decltype(function)>>(
+                reinterpret_cast<void*>(GetProcAddress(library, name)));
+        };
+        find(UiaNodeFromHandle, "UiaNodeFromHandle");
+        find(UiaNodeFromProvider, "UiaNodeFromProvider");
+        find(UiaGetPropertyValue, "UiaGetPropertyValue");
+        find(UiaNavigate, "UiaNavigate");
+        find(UiaGetRuntimeId, "UiaGetRuntimeId");
+        find(UiaHUiaNodeFromVariant, "UiaHUiaNodeFromVariant");
+        find(UiaNodeRelease, "UiaNodeRelease");
+    }
+};
+
+// What both sides are asked about each thing.
+std::wstring described(const std::function<HRESULT(PROPERTYID, VARIANT*)>& ask) {
+    std::wstring all;
+    for (const PROPERTYID id :
+         {UIA_ControlTypePropertyId, UIA_NamePropertyId, UIA_IsEnabledPropertyId,
+          UIA_IsKeyboardFocusablePropertyId, UIA_HasKeyboardFocusPropertyId, UIA_IsOffscreenPropertyId,
+          UIA_HelpTextPropertyId, UIA_AccessKeyPropertyId, UIA_FrameworkIdPropertyId}) {
+        VARIANT value{};
+        if (ask(id, &value) != S_OK) all += L"failed";
+        container::Variant owned(value);
+        VariantClear(&value);
+        all += owned.toText() + L"|";
+    }
+    return all;
+}
+
+// A client that begins on a thread of its own, as those in other processes do.
 class AutomationClient {
 public:
-    explicit AutomationClient(HWND window)
-        : window_(window), thread_(CreateThread(nullptr, 0, run, this, 0, nullptr)) {}
+    explicit AutomationClient(HWND face)
+        : window_(face), thread_(CreateThread(nullptr, 0, run, this, 0, nullptr)) {}
     AutomationClient(const AutomationClient&) = delete;
     AutomationClient& operator=(const AutomationClient&) = delete;
     ~AutomationClient() {
@@ -635,11 +700,20 @@ public:
     }
 
     bool done() const { return WaitForSingleObject(thread_, 0) == WAIT_OBJECT_0; }
-    HRESULT outcome = E_FAIL;
-    std::wstring name;
-    long type = 0, enabled = 0;
+    // A thing in the window, with all that is in it. On the thread of the window.
+    void goThrough(IRawElementProviderSimple* provider) {
+        Node node = nullptr;
+        ASSERT_EQ(client_.UiaNodeFromProvider(provider, &node), S_OK);
+        walk(node);
+        client_.UiaNodeRelease(node);
+    }
+    std::wstring window;               // described
+    std::vector<std::wstring> things;  // described, with all that is in them
+    int strays = 0;                    // things that the way back does not lead to
 
 private:
+    using Node = ClientFunctions::Node;
+
     static DWORD WINAPI run(void* self) {
         CoInitializeEx(nullptr, COINIT_MULTITHREADED);
         static_cast<AutomationClient*>(self)->ask();
@@ -647,44 +721,110 @@ private:
         return 0;
     }
     void ask() {
-        using Node = void*;
-        const HMODULE library = LoadLibraryW(L"uiautomationcore.dll");
-        const auto find = [library](const char* called) {
-            return reinterpret_cast<void*>(GetProcAddress(library, called));
-        };
-        const auto fromHandle = reinterpret_cast<HRESULT(WINAPI*)(HWND, Node*)>(find("UiaNodeFromHandle"));
-        const auto get =
-            reinterpret_cast<HRESULT(WINAPI*)(Node, PROPERTYID, VARIANT*)>(find("UiaGetPropertyValue"));
-        const auto release = reinterpret_cast<BOOL(WINAPI*)(Node)>(find("UiaNodeRelease"));
         Node node = nullptr;
-        outcome = fromHandle(window_, &node);
-        if (FAILED(outcome)) return;
+        if (client_.UiaNodeFromHandle(window_, &node) != S_OK) return;
+        window = tell(node);
+        client_.UiaNodeRelease(node);
+    }
+    std::wstring tell(Node node) {
+        return described(
+            [&](PROPERTYID id, VARIANT* value) { return client_.UiaGetPropertyValue(node, id, value); });
+    }
+    void walk(Node node) {
+        things.push_back(tell(node));
+        Node before = nullptr;
+        for (Node child = go(node, NavigateDirection_FirstChild); child;) {
+            walk(child);
+            const Node above = go(child, NavigateDirection_Parent);
+            strays += !same(above, node);
+            if (above) client_.UiaNodeRelease(above);
+            if (before) {
+                const Node back = go(child, NavigateDirection_PreviousSibling);
+                strays += !same(back, before);
+                if (back) client_.UiaNodeRelease(back);
+                client_.UiaNodeRelease(before);
+            }
+            before = std::exchange(child, go(child, NavigateDirection_NextSibling));
+        }
+        if (before) client_.UiaNodeRelease(before);
+    }
+    Node go(Node from, NavigateDirection to) {
+        ClientFunctions::Condition always;
+        ClientFunctions::CacheRequest request{&always};
+        SAFEARRAY* answer = nullptr;
+        BSTR shape = nullptr;
+        if (client_.UiaNavigate(from, to, &always, &request, &answer, &shape) != S_OK) return nullptr;
+        SysFreeString(shape);
+        return first(answer);
+    }
+    // The first thing of an answer, which is given up.
+    Node first(SAFEARRAY* answer) {
+        Node node = nullptr;
+        LONG index[2] = {0, 0};
         VARIANT value{};
-        outcome = get(node, UIA_NamePropertyId, &value);
-        if (value.vt == VT_BSTR) name = taken(value.bstrVal);
-        VARIANT number{};
-        if (SUCCEEDED(get(node, UIA_ControlTypePropertyId, &number)) && number.vt == VT_I4)
-            type = number.lVal;
-        VARIANT flag{};
-        if (SUCCEEDED(get(node, UIA_IsEnabledPropertyId, &flag)) && flag.vt == VT_BOOL)
-            enabled = flag.boolVal;
-        release(node);
+        if (answer && SafeArrayGetElement(answer, index, &value) == S_OK)
+            client_.UiaHUiaNodeFromVariant(&value, &node);
+        VariantClear(&value);
+        SafeArrayDestroy(answer);
+        return node;
+    }
+    std::vector<int> identity(Node node) {
+        SAFEARRAY* numbers = nullptr;
+        std::vector<int> all;
+        if (!node || client_.UiaGetRuntimeId(node, &numbers) != S_OK || !numbers) return all;
+        for (LONG at = 0; at < static_cast<LONG>(numbers->rgsabound[0].cElements); ++at)
+            SafeArrayGetElement(numbers, &at, &all.emplace_back());
+        SafeArrayDestroy(numbers);
+        return all;
+    }
+    bool same(Node one, Node other) {
+        const auto first = identity(one);
+        return !first.empty() && first == identity(other);
     }
 
     const HWND window_;
-    const HANDLE thread_;
+    const ClientFunctions client_;
+    const HANDLE thread_;  // begins when all else is there
 };
 
-TEST_F(Automation, AnswersAClientOnAnotherThread) {
-    for (const auto& [name, type] :
-         {std::pair(u"GridEdit", 50028L), {u"UpDownTextBox", 50016L}, {u"PageTab", 50018L}}) {
+TEST_F(Automation, AnswersTheSystemsClient) {
+    // With the fewest things that there are in it.
+    for (const auto& [name, least] : {std::pair(u"UpDownTextBox", 2u),
+                                      {u"DateCalendar", 1u},
+                                      {u"ButtonPalette", 0u},
+                                      {u"GridEdit", 12u},
+                                      {u"PageTab", 3u}}) {
         place(name);
+        SCOPED_TRACE(toUtf8(name));
+        if (name == TextView(u"PageTab"))
+            putProperty(*control, *control->table().member(u"ActiveTabs"), Text(u"Home,&Help,Video"));
+        if (name == TextView(u"GridEdit")) {
+            call(u"RowsSet", {int32_t{4}});
+            call(u"ColTypeSet", {int32_t{1}, int32_t{3}});
+        }
         AutomationClient client(reinterpret_cast<HWND>(control->window()));
-        EXPECT_TRUE(pumpUntil([&] { return client.done(); }));
-        EXPECT_EQ(client.outcome, S_OK);
-        EXPECT_EQ(client.name, win32::toWide(name));
-        EXPECT_EQ(client.type, type);
-        EXPECT_NE(client.enabled, 0);
+        ASSERT_TRUE(pumpUntil([&] { return client.done(); }));
+        // The same walk by the providers.
+        std::vector<std::wstring> wanted;
+        const auto ask = [](const ComPtr<IRawElementProviderSimple>& thing) {
+            return described(
+                [&](PROPERTYID id, VARIANT* value) { return thing->GetPropertyValue(id, value); });
+        };
+        const auto walk = [&](const auto& self, const ComPtr<IRawElementProviderSimple>& thing) -> void {
+            wanted.push_back(ask(thing));
+            for (auto child = go(thing, NavigateDirection_FirstChild); child;
+                 child = go(child, NavigateDirection_NextSibling))
+                self(self, child);
+        };
+        for (auto part = go(provider(), NavigateDirection_FirstChild); part;
+             part = go(part, NavigateDirection_NextSibling)) {
+            client.goThrough(part.get());
+            walk(walk, part);
+        }
+        EXPECT_EQ(client.window, ask(provider()));
+        EXPECT_EQ(client.things, wanted);
+        EXPECT_GE(wanted.size(), least);
+        EXPECT_EQ(client.strays, 0);
         control->deactivate();
     }
 }
