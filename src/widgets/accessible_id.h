@@ -37,7 +37,6 @@ struct AccessibleAction {
 
 enum class AccessibleEvent : uint8_t {
     focus,
-    focusBack,  // to where it was told last: nothing to tell, but the caret follows
     selection,
     value,
     name,

@@ -40,8 +40,7 @@ void Surface::close() {
     root_.detach();
     captured_ = nullptr;
     hovered_ = nullptr;
-    announced_.clear();
-    toldFocus_ = {};
+    news_.clear();
     droppedDown_ = nullptr;
     keyTarget_ = nullptr;
     ownFocus_ = false;
@@ -184,13 +183,22 @@ void Surface::forget(const Widget& widget) {
     releaseCapture(widget);
     if (hovered_ == &widget) hovered_ = nullptr;
     if (keyTarget_ == &widget) keyTarget_ = nullptr;
-    std::erase_if(announced_, [&](const Announcement& news) { return news.of.widget == &widget; });
-    if (toldFocus_.widget == &widget) toldFocus_ = {};
+    news_.forget(widget);
+}
+
+template <typename Add>
+void Surface::addNews(Add&& add) {
+    if (!peer_ || !placed_ || (news_.empty() && !peer_->readersListen())) return;
+    attempt([&] {
+        const bool first = news_.empty();
+        add();
+        if (first) peer_->readersSoon();
+    });
 }
 
 void Surface::childFocusGained(Widget& child) {
     owner_.focusEntered();
-    if (ownFocus_) announce(AccessibleEvent::focusBack, {});
+    if (ownFocus_) addNews([&] { news_.focusCameBack(); });
     for (Widget* widget = &child; widget; widget = widget->parent()) widget->focusCameBelow();
 }
 
@@ -281,11 +289,9 @@ void Surface::focusGained() {
 void Surface::focusLost() {
     ownFocus_ = false;
     // It may come back before readers have heard of it.
-    focusWent_ = peer_ && peer_->readersListen();
-    if (!focusWent_)
-        toldFocus_ = {};
-    else if (announced_.empty())
-        peer_->readersSoon();
+    const bool expected = peer_ && peer_->readersListen();
+    news_.focusWent(expected);
+    if (expected && news_.empty()) peer_->readersSoon();
     childFocusLost(keyTarget_ ? *keyTarget_ : root_);
 }
 
@@ -342,42 +348,11 @@ void Surface::appearanceChanged() {
 }
 
 void Surface::announce(AccessibleEvent event, const AccessibleId& of) {
-    if (!peer_ || !placed_ || (announced_.empty() && !peer_->readersListen())) return;
-    // More than anyone listens to: all may be another.
-    constexpr size_t most = 64;
-    const Announcement focus{AccessibleEvent::focus, {}}, focusBack{AccessibleEvent::focusBack, {}};
-    Announcement news{event, of};
-    attempt([&] {
-        const bool first = announced_.empty();
-        if (event == AccessibleEvent::focus || event == AccessibleEvent::focusBack) {
-            news = std::erase(announced_, focus) > 0 || event == AccessibleEvent::focus ? focus : focusBack;
-            std::erase(announced_, focusBack);
-        }
-        std::erase(announced_, news);
-        if (announced_.size() >= most) {
-            announced_.clear();
-            news = {AccessibleEvent::structure, tree_.root()};
-        }
-        announced_.push_back(news);
-        if (first) peer_->readersSoon();
-    });
+    addNews([&] { news_.add(event, of); });
 }
 
 void Surface::tellReaders() {
-    if (std::exchange(focusWent_, false) && !ownFocus_) toldFocus_ = {};
-    for (const auto& [event, what] : std::exchange(announced_, {})) {
-        // Whoever listens may close the surface.
-        if (!peer_) return;
-        const bool focus = event == AccessibleEvent::focus || event == AccessibleEvent::focusBack;
-        const AccessibleId of = focus ? tree_.focus() : tree_.nearest(what);
-        if (!of) continue;
-        const bool known =
-            focus && std::exchange(toldFocus_, of) == of && event == AccessibleEvent::focusBack;
-        const AccessibleEvent told = !focus  ? event
-                                     : known ? AccessibleEvent::focusBack
-                                             : AccessibleEvent::focus;
-        attempt([&] { peer_->tellReaders(told, of); });
-    }
+    news_.tell(ownFocus_, peer_);
 }
 
 }  // namespace obk

@@ -3,11 +3,11 @@
 
 #include "widgets/accessible_tree.h"
 #include "widgets/container.h"
+#include "widgets/reader_news.h"
 #include "widgets/surface_owner.h"
 #include "widgets/surface_peer.h"
 
 #include <memory>
-#include <vector>
 
 namespace obk {
 
@@ -24,9 +24,9 @@ public:
     void close();
     // From parked into a parent's window.
     void setParent(NativeWindow parent);
-    // Whether the window has a place on the screen, as opposed to being parked.
     // A widget that has joined what is shown.
     void attach(Widget& widget);
+    // Whether the window has a place on the screen, as opposed to being parked.
     bool placed() const { return peer_ && placed_; }
     bool isOpen() const { return peer_ != nullptr; }
     // 0 when it is not open.
@@ -90,10 +90,8 @@ public:
 
     // What a label says that stands before the window; empty where there is none.
     Text labelBefore() const { return peer_ ? peer_->labelBefore() : Text(); }
-    // Tells screen readers, once the present work is done; the same but once. The focus is told where it is
-    // by then, whatever is named; where it is back, only if they know of another.
+    // Tells screen readers, once the present work is done. The focus is told where it is by then.
     void announce(AccessibleEvent event, const AccessibleId& of);
-
     const AccessibleTree& readersTree() const { return tree_; }
 
     // For the children's windows.
@@ -124,20 +122,16 @@ private:
     const AccessibleTree* accessibleTree() override { return &tree_; }
     void tellReaders() override;
 
+    // Something that may wait to be told to readers, who are called soon for the first of it.
+    template <typename Add>
+    void addNews(Add&& add);
     void deliver(Widget& widget, const MouseEvent& event);
     Widget* dropTarget(PixelPoint at);
 
     Container& root_;
     SurfaceOwner& owner_;
     AccessibleTree tree_;
-    struct Announcement {
-        AccessibleEvent event;
-        AccessibleId of;
-        friend bool operator==(const Announcement&, const Announcement&) = default;
-    };
-    std::vector<Announcement> announced_;  // in the order in which they will be told
-    AccessibleId toldFocus_;               // as readers know it; none while it is elsewhere
-    bool focusWent_ = false;               // since they were told
+    ReaderNews news_{tree_};
     std::unique_ptr<SurfacePeer> peer_;
     Widget* captured_ = nullptr;
     Widget* hovered_ = nullptr;

@@ -98,6 +98,8 @@ public:
     virtual bool readersListen() const { return false; }
     virtual void readersSoon() {}
     virtual void tellReaders(AccessibleEvent, const AccessibleId&) {}
+    // The focus is back where readers know it to be: only the caret, which magnifiers follow, goes there.
+    virtual void focusStays(const AccessibleId&) {}
 
     // Null when the system refuses.
     virtual std::unique_ptr<TextBoxPeer> createTextBox(TextBoxClient& client, const TextBoxStart& start) = 0;

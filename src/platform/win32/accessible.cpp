@@ -399,13 +399,11 @@ ComPtr<IUnknown> createAccessible(const std::shared_ptr<SurfaceWindow>& surface,
 void notifyAccessible(SurfaceWindow& surface, AccessibleEvent event, const AccessibleId& of,
                       const AccessibleItem& item) {
     constexpr DWORD contentScrolled = 0x8015;  // EVENT_OBJECT_CONTENTSCROLLED, of Windows 8
-    // In the order of the events; where the focus is back there is none, an opened or closed part is a state.
-    static constexpr DWORD events[] = {EVENT_OBJECT_FOCUS,       0,
-                                       EVENT_OBJECT_SELECTION,   EVENT_OBJECT_VALUECHANGE,
-                                       EVENT_OBJECT_NAMECHANGE,  EVENT_OBJECT_STATECHANGE,
-                                       EVENT_OBJECT_STATECHANGE, EVENT_OBJECT_REORDER,
-                                       EVENT_OBJECT_INVOKED,     EVENT_OBJECT_STATECHANGE,
-                                       contentScrolled,          contentScrolled};
+    // In the order of the events; an opened or closed part is a state.
+    static constexpr DWORD events[] = {
+        EVENT_OBJECT_FOCUS,       EVENT_OBJECT_SELECTION,   EVENT_OBJECT_VALUECHANGE, EVENT_OBJECT_NAMECHANGE,
+        EVENT_OBJECT_STATECHANGE, EVENT_OBJECT_STATECHANGE, EVENT_OBJECT_REORDER,     EVENT_OBJECT_INVOKED,
+        EVENT_OBJECT_STATECHANGE, contentScrolled,          contentScrolled};
     static_assert(std::size(events) == static_cast<size_t>(AccessibleEvent::scrolledDown) + 1);
     if (item.window) return;  // the system tells of its own
     NotifyWinEvent(events[static_cast<size_t>(event)], surface.hwnd(), OBJID_CLIENT, surface.nameFor(of));

@@ -632,8 +632,6 @@ void raiseAutomation(const std::shared_ptr<SurfaceWindow>& surface, AccessibleEv
             return changed(UIA_ExpandCollapseExpandCollapseStatePropertyId, item.is(Item::expanded) ? 1 : 0);
         case AccessibleEvent::structure:
             return structureChanged();
-        case AccessibleEvent::focusBack:
-            return;
     }
 }
 

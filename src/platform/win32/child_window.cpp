@@ -54,7 +54,7 @@ void ChildWindow::setVisible(bool visible) {
 }
 
 bool ChildWindow::shows() const {
-    return hwnd() && (GetWindowLongW(hwnd(), GWL_STYLE) & WS_VISIBLE) != 0;
+    return hwnd() && (GetWindowLongPtrW(hwnd(), GWL_STYLE) & WS_VISIBLE) != 0;
 }
 
 LRESULT ChildWindow::send(UINT message, WPARAM wParam, LPARAM lParam) const {

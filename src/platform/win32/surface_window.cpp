@@ -116,7 +116,7 @@ void SurfaceWindow::show() {
     const HWND window = hwnd();
     if (!window) return;
     const bool shown = visible_ && kind_ != Kind::parked;
-    if (shown == ((GetWindowLongW(window, GWL_STYLE) & WS_VISIBLE) != 0)) return;
+    if (shown == ((GetWindowLongPtrW(window, GWL_STYLE) & WS_VISIBLE) != 0)) return;
     if (!shown) {
         // The system moves the focus out of this window, but not out of one inside it.
         giveFocusTo(GetParent(window));
@@ -139,9 +139,10 @@ void SurfaceWindow::setParent(HWND parent) {
         return;
     }
     const auto restyle = [window](DWORD style, DWORD extended) {
-        const auto kept = static_cast<DWORD>(GetWindowLongW(window, GWL_STYLE)) & (WS_VISIBLE | WS_DISABLED);
-        SetWindowLongW(window, GWL_STYLE, static_cast<LONG>(style | kept));
-        SetWindowLongW(window, GWL_EXSTYLE, static_cast<LONG>(extended));
+        const auto kept =
+            static_cast<DWORD>(GetWindowLongPtrW(window, GWL_STYLE)) & (WS_VISIBLE | WS_DISABLED);
+        SetWindowLongPtrW(window, GWL_STYLE, static_cast<LONG>(style | kept));
+        SetWindowLongPtrW(window, GWL_EXSTYLE, static_cast<LONG>(extended));
     };
     if (parent) {
         restyle(childStyle, 0);
@@ -400,19 +401,20 @@ void SurfaceWindow::tellReaders(AccessibleEvent event, const AccessibleId& of) {
     withTree([&](const AccessibleTree& tree) {
         const auto self = std::static_pointer_cast<SurfaceWindow>(shared_from_this());
         const AccessibleItem item = tree.item(of);
-        const bool back = event == AccessibleEvent::focusBack;
-        if ((back || event == AccessibleEvent::focus) && item.window == 0) placeCaret(item.bounds);
-        if (back) return;
+        if (event == AccessibleEvent::focus) placeCaret(of);
         raiseAutomation(self, event, of, item);
         notifyAccessible(*this, event, of, item);
     });
 }
 
 // The system's caret, which is not shown, is where the drawn focus is: magnifiers follow it.
-void SurfaceWindow::placeCaret(const PixelRect& at) {
-    if (at.empty() || GetFocus() != hwnd()) return;
-    caret_ = CreateCaret(hwnd(), nullptr, 1, at.height()) != FALSE;
-    SetCaretPos(at.left, at.top);
+void SurfaceWindow::placeCaret(const AccessibleId& of) {
+    withTree([&](const AccessibleTree& tree) {
+        const AccessibleItem item = tree.item(of);
+        if (item.window != 0 || item.bounds.empty() || GetFocus() != hwnd()) return;
+        caret_ = CreateCaret(hwnd(), nullptr, 1, item.bounds.height()) != FALSE;
+        SetCaretPos(item.bounds.left, item.bounds.top);
+    });
 }
 
 // As the system finds one for a window of its own.

@@ -70,6 +70,7 @@ public:
     AccessibleId named(LONG name) const;
     void readersSoon();
     void tellReaders(AccessibleEvent event, const AccessibleId& of);
+    void placeCaret(const AccessibleId& of);
     Text labelBefore() const;
     std::shared_ptr<void> moduleLock() { return environment().lockModule(); }
 
@@ -87,7 +88,6 @@ private:
     void paintOn(HDC dc, const PixelRect& dirty);
     LRESULT captureChanged(const Message& message);
     LRESULT accessible(const Message& message);
-    void placeCaret(const PixelRect& at);
     void checkDpi();
     void registerForDrops();
     void refuseDrops();

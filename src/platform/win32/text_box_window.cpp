@@ -152,7 +152,7 @@ void TextBoxWindow::setFlow(TextFlow flow) {
     SetWindowPos(made, old, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
     // In place before the old one goes, so that the focus has somewhere to go.
     const bool hadFocus = GetFocus() == old;
-    const bool shown = (GetWindowLongW(old, GWL_STYLE) & WS_VISIBLE) != 0;
+    const bool shown = shows();
     if (shown && hadFocus) ShowWindow(made, SW_SHOWNA);
     replace(made);
     forgetClip();

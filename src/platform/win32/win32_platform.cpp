@@ -138,6 +138,7 @@ public:
     void tellReaders(AccessibleEvent event, const AccessibleId& of) override {
         held()->tellReaders(event, of);
     }
+    void focusStays(const AccessibleId& of) override { held()->placeCaret(of); }
     std::unique_ptr<TextBoxPeer> createTextBox(TextBoxClient& client, const TextBoxStart& start) override {
         auto made = TextBoxWindow::create(environment_, window_, client, start);
         return made ? std::make_unique<TextBox>(std::move(made)) : nullptr;
