@@ -138,10 +138,10 @@ void GridEdit::RowAddQuick(const Text& text, int32_t rowno) {
 }
 
 void GridEdit::removeRow(int32_t rowno, ChangedBy by) {
-    using Kind = EditHistory::RowEdit::Kind;
+    using RowEdit = EditHistory::RowEdit;
     BoxHide();
     const bool only = flexGRID.Rows() == 1;
-    EditHistory::RowEdit gone{only ? Kind::emptied : Kind::removed, rowno, 0, {}, {}};
+    RowEdit gone{only ? RowEdit::Kind::emptied : RowEdit::Kind::removed, rowno, 0, {}, {}};
     // A row that cannot be remembered is gone for good, as one that a host removes.
     if (by == ChangedBy::person && !attempt([&] { gone = editing_.history().rowNow(gone.kind, rowno); }))
         by = ChangedBy::host;
