@@ -33,43 +33,6 @@ long colourOf(size_t index) {
     return static_cast<long>(ColourPalette(enQUILLPalette::QP24X8).baseCells()[index].Color.value);
 }
 
-// Answers the system's colour chooser as soon as it shows, while it runs its own loop.
-class ChooserAnswer {
-public:
-    // `first` is done before the answer.
-    explicit ChooserAnswer(std::optional<COLORREF> colour, std::function<void()> first = {})
-        : colour_(colour), first_(std::move(first)) {
-        current = this;
-        timer_ = SetTimer(nullptr, 0, 50, tick);
-    }
-    ~ChooserAnswer() {
-        KillTimer(nullptr, timer_);
-        current = nullptr;
-    }
-    int seen() const { return seen_; }
-
-private:
-    static inline ChooserAnswer* current = nullptr;
-    static void CALLBACK tick(HWND, UINT, UINT_PTR, DWORD) {
-        const HWND dialog = FindWindowW(L"#32770", L"Custom");
-        if (!current || !dialog || !IsWindowVisible(dialog)) return;
-        ++current->seen_;
-        if (const auto first = std::exchange(current->first_, nullptr)) first();
-        if (current->colour_) {
-            constexpr int redField = 706;  // COLOR_RED; green and blue follow
-            SetDlgItemInt(dialog, redField, GetRValue(*current->colour_), FALSE);
-            SetDlgItemInt(dialog, redField + 1, GetGValue(*current->colour_), FALSE);
-            SetDlgItemInt(dialog, redField + 2, GetBValue(*current->colour_), FALSE);
-        }
-        PostMessageW(dialog, WM_COMMAND, current->colour_ ? IDOK : IDCANCEL, 0);
-    }
-
-    std::optional<COLORREF> colour_;
-    std::function<void()> first_;
-    UINT_PTR timer_ = 0;
-    int seen_ = 0;
-};
-
 BOOL CALLBACK addToolTip(HWND window, LPARAM text) {
     wchar_t name[64]{};
     GetClassNameW(window, name, 64);

@@ -25,18 +25,6 @@ constexpr RECT place{10, 10, 490, 250};
 constexpr int border = 2, colWidth = 64;
 enum Column : long { textCol, dateCol, readOnlyCol, checkCol, listCol, numberCol, timeCol, allCols };
 
-void putOnClipboard(std::initializer_list<std::pair<UINT, std::wstring>> contents) {
-    OpenClipboard(nullptr);
-    EmptyClipboard();
-    for (const auto& [format, content] : contents) {
-        const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, content.size() * sizeof(wchar_t));
-        content.copy(static_cast<wchar_t*>(GlobalLock(memory)), content.size());
-        GlobalUnlock(memory);
-        SetClipboardData(format, memory);
-    }
-    CloseClipboard();
-}
-
 class GridEditing : public PersonAtControl {
 protected:
     GridEditing() : PersonAtControl(L"GridEdit", place) {
@@ -509,15 +497,6 @@ TEST_F(GridEditing, ARightToLeftFormHasTheFirstColumnAtTheRight) {
     EXPECT_EQ(read(1, textCol), L"oak");
 }
 
-// What a drag asks: it goes on until the button is let go.
-class DragSource final : public ComObject<IDropSource> {
-public:
-    HRESULT STDMETHODCALLTYPE QueryContinueDrag(BOOL, DWORD keys) override {
-        return (keys & MK_LBUTTON) != 0 ? S_OK : DRAGDROP_S_DROP;
-    }
-    HRESULT STDMETHODCALLTYPE GiveFeedback(DWORD) override { return DRAGDROP_S_USEDEFAULTCURSORS; }
-};
-
 std::wstring droppedFiles() {
     std::wstring bytes(sizeof(DROPFILES) / sizeof(wchar_t), L'\0');
     reinterpret_cast<DROPFILES*>(bytes.data())->pFiles = sizeof(DROPFILES);
@@ -569,14 +548,7 @@ TEST_F(GridEditing, ADropTellsTheHostWhatWasDroppedAndWhere) {
     const POINT target = middle(hosted, 2, 0);
     const int top = border + headerHeight(hosted);
     person.moveTo(face(), target.x, target.y);
-    person.press();
-    const auto source = ComPtr<DragSource>(new DragSource);
-    mouse_event(MOUSEEVENTF_MOVE, 1, 0, 0, 0);
-    mouse_event(MOUSEEVENTF_LEFTUP, 0, 0, 0, 0);
-    DWORD effect = DROPEFFECT_NONE;
-    EXPECT_EQ(DoDragDrop(data.get(), source.get(), DROPEFFECT_COPY | DROPEFFECT_MOVE, &effect),
-              DRAGDROP_S_DROP);
-    EXPECT_EQ(effect, static_cast<DWORD>(DROPEFFECT_COPY)) << "as the host has answered";
+    EXPECT_EQ(person.dropHere(data.get()), static_cast<DWORD>(DROPEFFECT_COPY)) << "as the host has answered";
     ASSERT_EQ(told.size(), 6u);
     EXPECT_TRUE(holdsData);
     EXPECT_EQ(asked, L"oak oak 1 0 2 C:\\a.txt C:\\b.txt");
@@ -737,11 +709,16 @@ TEST_F(GridEditing, DatesAndNumbersAreTypedAsTheUsersSystemWritesThem) {
     EXPECT_EQ(typed(numberCol, L"2.5-"), L"-2.5");
     const UserSetting american(LOCALE_SSHORTDATE, L"M/d/yyyy");
     EXPECT_EQ(typed(dateCol, L"2.3.2026"), L"Tue 3 Feb 2026");
-    // Another calendar and other digits, which the system shows and no cell holds.
-    const UserSetting thai(LOCALE_ICALENDARTYPE, L"7"), arabic(LOCALE_IDIGITSUBSTITUTION, L"2");
+    // Other calendars (of Japanese eras, Hijri, Thai, Um al-Qura) and other digits, which the system shows
+    // and no cell holds. Two digits are a year of theirs.
+    const UserSetting arabic(LOCALE_IDIGITSUBSTITUTION, L"2");
     const UserSetting digits(LOCALE_SNATIVEDIGITS,
                              L"\x0660\x0661\x0662\x0663\x0664\x0665\x0666\x0667\x0668\x0669");
-    EXPECT_EQ(typed(dateCol, L"2.3.2026"), L"Tue 3 Feb 2026");
+    for (const wchar_t* calendar : {L"3", L"6", L"7", L"23"}) {
+        const UserSetting used(LOCALE_ICALENDARTYPE, calendar);
+        EXPECT_EQ(typed(dateCol, L"2.3.2026"), L"Tue 3 Feb 2026");
+        EXPECT_EQ(typed(dateCol, L"2.3.47"), L"2.3.47");
+    }
     EXPECT_EQ(typed(numberCol, L"1,5"), L"1.5");
 }
 

@@ -1,6 +1,7 @@
 #include "panel_support.h"
 
 #include <cwchar>
+#include <utility>
 
 namespace obk::testing_support {
 
@@ -93,6 +94,32 @@ void MenuKeys::answer() {
         return;
     }
     for (const WORD code : keys_[number]) sendKey(code);
+}
+
+ChooserAnswer* ChooserAnswer::current_ = nullptr;
+
+ChooserAnswer::ChooserAnswer(std::optional<COLORREF> colour, std::function<void()> first)
+    : colour_(colour), first_(std::move(first)), timer_(SetTimer(nullptr, 0, 50, tick)) {
+    current_ = this;
+}
+
+ChooserAnswer::~ChooserAnswer() {
+    KillTimer(nullptr, timer_);
+    current_ = nullptr;
+}
+
+void ChooserAnswer::tick(HWND, UINT, UINT_PTR, DWORD) {
+    const HWND dialog = FindWindowW(L"#32770", L"Custom");
+    if (!current_ || !dialog || !IsWindowVisible(dialog)) return;
+    ++current_->seen_;
+    if (const auto first = std::exchange(current_->first_, nullptr)) first();
+    if (current_->colour_) {
+        constexpr int redField = 706;  // COLOR_RED; green and blue follow
+        SetDlgItemInt(dialog, redField, GetRValue(*current_->colour_), FALSE);
+        SetDlgItemInt(dialog, redField + 1, GetGValue(*current_->colour_), FALSE);
+        SetDlgItemInt(dialog, redField + 2, GetBValue(*current_->colour_), FALSE);
+    }
+    PostMessageW(dialog, WM_COMMAND, current_->colour_ ? IDOK : IDCANCEL, 0);
 }
 
 }  // namespace obk::testing_support

@@ -3,7 +3,9 @@
 
 #include <windows.h>
 
+#include <functional>
 #include <initializer_list>
+#include <optional>
 #include <vector>
 
 namespace obk::testing_support {
@@ -38,6 +40,27 @@ private:
     UINT_PTR timer_;
     HWND last_ = nullptr;
     RECT place_{};
+    int seen_ = 0;
+};
+
+// Answers the system's colour chooser as soon as it shows, while it runs its own loop.
+class ChooserAnswer {
+public:
+    // Nothing for a colour: it is cancelled. `first` is done before the answer.
+    explicit ChooserAnswer(std::optional<COLORREF> colour, std::function<void()> first = {});
+    ChooserAnswer(const ChooserAnswer&) = delete;
+    ChooserAnswer& operator=(const ChooserAnswer&) = delete;
+    ~ChooserAnswer();
+
+    int seen() const { return seen_; }
+
+private:
+    static void CALLBACK tick(HWND, UINT, UINT_PTR, DWORD);
+
+    static ChooserAnswer* current_;
+    std::optional<COLORREF> colour_;
+    std::function<void()> first_;
+    UINT_PTR timer_;
     int seen_ = 0;
 };
 

@@ -33,7 +33,28 @@ DWORD WINAPI liveElsewhere(void* parameter) {
     return 0;
 }
 
+// What a drag asks: it goes on until the button is let go.
+class DragSource final : public ComObject<IDropSource> {
+public:
+    HRESULT STDMETHODCALLTYPE QueryContinueDrag(BOOL, DWORD keys) override {
+        return (keys & MK_LBUTTON) != 0 ? S_OK : DRAGDROP_S_DROP;
+    }
+    HRESULT STDMETHODCALLTYPE GiveFeedback(DWORD) override { return DRAGDROP_S_USEDEFAULTCURSORS; }
+};
+
 }  // namespace
+
+void putOnClipboard(std::initializer_list<std::pair<UINT, std::wstring>> contents) {
+    OpenClipboard(nullptr);
+    EmptyClipboard();
+    for (const auto& [format, content] : contents) {
+        const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, content.size() * sizeof(wchar_t));
+        content.copy(static_cast<wchar_t*>(GlobalLock(memory)), content.size());
+        GlobalUnlock(memory);
+        SetClipboardData(format, memory);
+    }
+    CloseClipboard();
+}
 
 OtherApplication::OtherApplication() {
     Start start;
@@ -184,6 +205,16 @@ void Person::rightClick(HWND window, int x, int y) {
     moveTo(window, x, y);
     press(MOUSEEVENTF_RIGHTDOWN);
     release(MOUSEEVENTF_RIGHTUP);
+}
+
+DWORD Person::dropHere(IDataObject* data) {
+    press();
+    const auto source = ComPtr<DragSource>(new DragSource);
+    mouse_event(MOUSEEVENTF_MOVE, 1, 0, 0, 0);
+    mouse_event(MOUSEEVENTF_LEFTUP, 0, 0, 0, 0);
+    DWORD effect = DROPEFFECT_NONE;
+    EXPECT_EQ(DoDragDrop(data, source.get(), DROPEFFECT_COPY | DROPEFFECT_MOVE, &effect), DRAGDROP_S_DROP);
+    return effect;
 }
 
 void Person::turnWheel(int delta) {

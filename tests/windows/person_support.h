@@ -6,12 +6,18 @@
 
 #include <chrono>
 #include <functional>
+#include <initializer_list>
+#include <string>
 #include <string_view>
+#include <utility>
 
 #include "container/message_loop.h"
 #include "server_support.h"
 
 namespace obk::testing_support {
+
+// Formats with their contents, byte by byte; nothing empties the clipboard.
+void putOnClipboard(std::initializer_list<std::pair<UINT, std::wstring>> contents);
 
 class Person {
 public:
@@ -34,6 +40,8 @@ public:
     void click(HWND window, int x, int y);
     void rightClick(HWND window, int x, int y);
     void turnWheel(int delta);
+    // Drops data that may be copied or moved where the mouse is. What the target has done with it.
+    DWORD dropHere(IDataObject* data);
     // Whether the condition came true in time.
     bool waitFor(const std::function<bool()>& condition);
     void wait(std::chrono::milliseconds time);
