@@ -68,6 +68,7 @@ TEST_F(ButtonPaletteWindow, LeftLeavesTheButtonBackwards) {
 }
 
 TEST_F(ButtonPaletteWindow, ItIsOpenedAndWalkedByKeysAndEachSwatchIsNamedAtOnce) {
+    person.moveTo(other, 5, 5);  // a swatch beneath the mouse would be named
     SetFocus(button());
     person.key(VK_F4);
     ASSERT_TRUE(openPanel());
