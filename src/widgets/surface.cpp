@@ -1,9 +1,9 @@
 #include "widgets/surface.h"
 
+#include "base/attempt.h"
 #include "widgets/mirrored_canvas.h"
 
 #include <utility>
-#include "base/attempt.h"
 
 namespace obk {
 

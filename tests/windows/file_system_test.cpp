@@ -361,7 +361,7 @@ std::wstring rightsOf(const std::wstring& path) {
         !ConvertSecurityDescriptorToStringSecurityDescriptorW(rights.data(), SDDL_REVISION_1,
                                                               DACL_SECURITY_INFORMATION, &words, nullptr))
         return {};
-    const std::wstring result = words;
+    std::wstring result = words;
     LocalFree(words);
     return result;
 }

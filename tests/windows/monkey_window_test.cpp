@@ -22,7 +22,7 @@ namespace {
 using namespace testing_support;
 using container::Variant;
 
-// Dismisses the system's own dialogs and menus, which run loops of their own.
+// Dismisses the system's own dialogs, menus and drags, which run loops of their own.
 class NothingModal {
 public:
     NothingModal() : timer_(SetTimer(nullptr, 0, 30, dismiss)) {}
@@ -41,6 +41,14 @@ private:
         EnumThreadWindows(GetCurrentThreadId(), cancel, 0);
         const HWND menu = FindWindowW(L"#32768", nullptr);
         if (menu && IsWindowVisible(menu)) EndMenu();
+        // A drag waits for the button, which nobody else lets go while it runs.
+        static int held = 0;
+        held = GetAsyncKeyState(VK_LBUTTON) < 0 ? held + 1 : 0;
+        if (held < 30) return;
+        INPUT up{};
+        up.type = INPUT_MOUSE;
+        up.mi.dwFlags = MOUSEEVENTF_LEFTUP;
+        SendInput(1, &up, sizeof up);
     }
 
     UINT_PTR timer_;

@@ -10,7 +10,7 @@ namespace obk::win32 {
 namespace {
 
 // Of 32 bits: a window on the whole of a common screen. What is larger is made for the occasion.
-constexpr int64_t mostPixelsKept = 1920 * 1200;
+constexpr int64_t mostPixelsKept = int64_t{1920} * 1200;
 
 }  // namespace
 
