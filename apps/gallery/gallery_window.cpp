@@ -52,8 +52,17 @@ std::wstring openFileName(HWND owner, bool save) {
     return chosen ? path : L"";
 }
 
+// Another program may have the clipboard open for a moment.
+bool openClipboard(HWND owner) {
+    for (int attempt = 0; attempt < 10; ++attempt) {
+        if (OpenClipboard(owner)) return true;
+        Sleep(25);
+    }
+    return false;
+}
+
 bool putOnClipboard(HWND owner, const std::wstring& text) {
-    if (!OpenClipboard(owner)) return false;
+    if (!openClipboard(owner)) return false;
     EmptyClipboard();
     const size_t bytes = (text.size() + 1) * sizeof(wchar_t);
     const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, bytes);

@@ -13,7 +13,7 @@ import { pictureSource, placed, readCatalogue, svgDocument } from './catalogue.m
 
 const sizes = [16, 24, 32];
 /** So many have much in common, and are little to unpack for the sake of one. */
-const groupSize = 16;
+const groupSize = 32;
 const columns = 16;
 const here = dirname(fileURLToPath(import.meta.url));
 const [set, output] = process.argv.slice(2);

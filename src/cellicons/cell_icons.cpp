@@ -19,7 +19,7 @@ namespace {
 using Bytes = std::span<const unsigned char>;
 
 // So many icons of a size are unpacked at once; as many as render.mjs packs.
-constexpr size_t groupSize = 16;
+constexpr size_t groupSize = 32;
 
 uint32_t number(size_t at) {
     uint32_t read = 0;

@@ -68,7 +68,6 @@ TEST_F(ButtonPaletteWindow, LeftLeavesTheButtonBackwards) {
 }
 
 TEST_F(ButtonPaletteWindow, ItIsOpenedAndWalkedByKeysAndEachSwatchIsNamedAtOnce) {
-    person.moveTo(other, 5, 5);  // a swatch beneath the mouse would be named
     SetFocus(button());
     person.key(VK_F4);
     ASSERT_TRUE(openPanel());
@@ -94,6 +93,34 @@ TEST_F(ButtonPaletteWindow, ItIsOpenedAndWalkedByKeysAndEachSwatchIsNamedAtOnce)
               L"Change FocusHidden FocusHidden Click Change KeyDown KeyDown KeyDown KeyDown KeyUp");
     EXPECT_FALSE(openPanel());
     EXPECT_EQ(colour(), colourOf(0));
+}
+
+TEST_F(ButtonPaletteWindow, AMouseThatRestsWhereThePanelOpensChoosesNoSwatch) {
+    SetFocus(button());
+    person.key(VK_F4);
+    ASSERT_TRUE(openPanel());
+    const RECT area = windowRect(openPanel());
+    person.key(VK_ESCAPE);
+    const POINT swatch = cellAt(8);
+    SetCursorPos(area.left + swatch.x, area.top + swatch.y);
+    // The system tells a window that comes beneath the mouse, and whenever windows have changed, as here.
+    const auto rest = [&] {
+        PostMessageW(openPanel(), WM_MOUSEMOVE, 0, MAKELPARAM(swatch.x, swatch.y));
+        hosted.loop.pumpPending();
+    };
+    person.key(VK_F4);
+    ASSERT_TRUE(openPanel());
+    rest();
+    EXPECT_EQ(toolTipText(), L"");
+    person.key(VK_HOME);
+    rest();
+    EXPECT_EQ(toolTipText(), L"PASTEL RED");
+    person.moveTo(openPanel(), swatch.x + 1, swatch.y);
+    EXPECT_TRUE(person.waitFor([] { return toolTipText() == L"PASTEL COPPER"; }));
+    person.key(VK_HOME);
+    PostMessageW(openPanel(), WM_MOUSEMOVE, 0, MAKELPARAM(swatch.x + 1, swatch.y));
+    hosted.loop.pumpPending();
+    EXPECT_EQ(toolTipText(), L"PASTEL RED");
 }
 
 TEST_F(ButtonPaletteWindow, ThePanelStaysWholeOnTheScreenAtEveryEdge) {

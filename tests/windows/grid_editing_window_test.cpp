@@ -252,6 +252,31 @@ TEST_F(GridEditing, EachKeyDoesWhatTheReferenceSays) {
     }
 }
 
+// As programs do that keep what was copied, or bring it to another computer.
+TEST_F(GridEditing, AProgramThatLooksAtTheClipboardForAMomentIsWaitedFor) {
+    constexpr std::chrono::milliseconds moment(100);
+    const OtherApplication program;
+    const Person back(hosted.loop, hosted.window.handle());  // its window came to the front
+    object().call(L"RowsSet", {0});
+    for (const wchar_t* row : {L"a", L"b", L"c"})
+        object().call(L"RowAddQuick", {row, number(L"RowsCurrent")});
+    object().call(L"ColSetFocus", {static_cast<long>(textCol)});
+    object().call(L"RowSetFocus", {0L});
+    object().call(L"GridFocusShow");
+    putOnClipboard({{CF_UNICODETEXT, std::wstring(L"z\r\ny\0", 5)}});
+    ASSERT_TRUE(program.holdClipboard(moment));
+    person.key('V', MOD_CONTROL);
+    EXPECT_EQ(read(0, textCol) + read(1, textCol), L"zy");
+    ASSERT_TRUE(person.waitFor([] { return OpenClipboard(nullptr) && CloseClipboard(); }));
+    object().call(L"RowSetFocus", {1L});
+    person.key(VK_UP, MOD_SHIFT);
+    ASSERT_TRUE(program.holdClipboard(moment));
+    person.key('C', MOD_CONTROL);
+    person.key(VK_DOWN);
+    person.key('V', MOD_CONTROL);
+    EXPECT_EQ(read(2, textCol) + read(3, textCol), L"zy");
+}
+
 TEST_F(GridEditing, EveryEditorOpensOverItsCellAndEveryWayOutKeepsItsValue) {
     object().call(L"RowsSet", {40});
     const POINT elsewhere = middle(hosted, 3, readOnlyCol);

@@ -8,10 +8,13 @@ namespace obk::testing_support {
 
 namespace {
 
-constexpr UINT comeToFrontMessage = WM_APP;
+constexpr UINT comeToFrontMessage = WM_APP, holdClipboardMessage = WM_APP + 1;
 
 LRESULT CALLBACK elsewhere(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == comeToFrontMessage) return SetForegroundWindow(window);
+    if (message == holdClipboardMessage)
+        return OpenClipboard(window) && SetTimer(window, 1, static_cast<UINT>(wParam), nullptr);
+    if (message == WM_TIMER && KillTimer(window, wParam)) CloseClipboard();
     if (message == WM_DESTROY) PostQuitMessage(0);
     return DefWindowProcW(window, message, wParam, lParam);
 }
@@ -72,6 +75,10 @@ OtherApplication::~OtherApplication() {
 
 void OtherApplication::comeToFront() const {
     PostMessageW(window_, comeToFrontMessage, 0, 0);
+}
+
+bool OtherApplication::holdClipboard(std::chrono::milliseconds time) const {
+    return SendMessageW(window_, holdClipboardMessage, static_cast<WPARAM>(time.count()), 0) != 0;
 }
 
 Person::Person(container::MessageLoop& loop, HWND form) : loop_(loop) {

@@ -62,6 +62,8 @@ public:
     ~OtherApplication();
     // The person turns to it. The windows of this thread hear of it with their next messages.
     void comeToFront() const;
+    // It has the clipboard open for a while, so that nobody else can open it.
+    bool holdClipboard(std::chrono::milliseconds time) const;
 
 private:
     HANDLE thread_ = nullptr;

@@ -123,6 +123,7 @@ void SurfaceWindow::show() {
         ShowWindow(window, SW_HIDE);
         return;
     }
+    GetCursorPos(&mouse_);
     UINT flags = SWP_SHOWWINDOW | SWP_NOACTIVATE | SWP_NOMOVE | SWP_NOSIZE;
     if (kind_ != Kind::panel) flags |= SWP_NOZORDER;
     SetWindowPos(window, HWND_TOP, 0, 0, 0, 0, flags);
@@ -497,6 +498,15 @@ LRESULT SurfaceWindow::accessible(const Message& message) {
     return LresultFromObject(IID_IAccessible, message.wParam, accessible_.get());
 }
 
+// What a panel opens beneath the mouse, or brings there by keys, is not what the person points at.
+bool SurfaceWindow::mouseRests(const Message& message) {
+    if (kind_ != Kind::panel) return false;
+    POINT at{GET_X_LPARAM(message.lParam), GET_Y_LPARAM(message.lParam)};
+    ClientToScreen(message.window, &at);
+    const POINT before = std::exchange(mouse_, at);
+    return at.x == before.x && at.y == before.y && (message.wParam & (MK_LBUTTON | MK_RBUTTON)) == 0;
+}
+
 LRESULT SurfaceWindow::handle(const Message& message) {
     switch (message.code) {
         case WM_ERASEBKGND:
@@ -522,6 +532,8 @@ LRESULT SurfaceWindow::handle(const Message& message) {
             return defaultFor(message);
         case WM_CAPTURECHANGED:
             return captureChanged(message);
+        case WM_MOUSEMOVE:
+            return mouseRests(message) ? 0 : ClientWindow::handle(message);
         case WM_LBUTTONDOWN:
             lastPress_ = Press{GetMessageTime(), messagePosition()};
             return ClientWindow::handle(message);

@@ -95,6 +95,7 @@ private:
     void hostMoved();
     void hostPressed(UINT message);
     std::shared_ptr<ChildWindow> child(HWND window) const;
+    bool mouseRests(const Message& message);
 
     SurfaceClient* surfaceClient_;
     Kind kind_;
@@ -112,6 +113,7 @@ private:
         POINT at;  // on the screen
     };
     std::optional<Press> lastPress_;  // of the left button
+    POINT mouse_{};                   // on the screen, when this was shown or it moved over it
     std::vector<std::weak_ptr<ChildWindow>> children_;
     ToolTip toolTip_;
     HostWatch hostWatch_;        // while a panel shows

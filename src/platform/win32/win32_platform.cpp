@@ -2,6 +2,7 @@
 
 #include "platform/win32/automation.h"
 #include "platform/win32/check_box_window.h"
+#include "platform/win32/clipboard.h"
 #include "platform/win32/display.h"
 #include "platform/win32/dragged_text.h"
 #include "platform/win32/handles.h"
@@ -199,31 +200,11 @@ int32_t Win32Platform::dragText(TextView text) {
 }
 
 bool Win32Platform::putOnClipboard(NativeWindow owner, TextView text) {
-    UniqueGlobalMemory memory = inGlobalMemory(asWide(text));
-    if (!memory || !OpenClipboard(reinterpret_cast<HWND>(owner))) return false;
-    // What the clipboard takes is its own.
-    const bool put = EmptyClipboard() && SetClipboardData(CF_UNICODETEXT, memory.get());
-    if (put) static_cast<void>(memory.release());
-    CloseClipboard();
-    return put;
+    return win32::putOnClipboard(reinterpret_cast<HWND>(owner), text);
 }
 
 std::optional<Text> Win32Platform::textOnClipboard(NativeWindow owner) {
-    if (!OpenClipboard(reinterpret_cast<HWND>(owner))) return std::nullopt;
-    struct Closing {
-        ~Closing() { CloseClipboard(); }
-    } closing;
-    // What is on it stays the clipboard's own.
-    const HANDLE memory = GetClipboardData(CF_UNICODETEXT);
-    const auto* const units = memory ? static_cast<const char16_t*>(GlobalLock(memory)) : nullptr;
-    if (!units) return std::nullopt;
-    struct Unlocking {
-        HANDLE memory;
-        ~Unlocking() { GlobalUnlock(memory); }
-    } unlocking{memory};
-    // Another program may have left out the terminating zero.
-    const TextView all(units, GlobalSize(memory) / sizeof(char16_t));
-    return Text(all.substr(0, all.find(u'\0')));
+    return win32::textOnClipboard(reinterpret_cast<HWND>(owner));
 }
 
 }  // namespace obk::win32
