@@ -112,6 +112,8 @@ void measureForm(const ServerContext& server) {
                 }
                 ShowWindow(window, SW_SHOWNOACTIVATE);
                 paint();
+                // As hosts close a form: what is on it goes when nobody sees it any more.
+                ShowWindow(window, SW_HIDE);
             }
             DestroyWindow(window);
         });
@@ -123,6 +125,7 @@ void measureForm(const ServerContext& server) {
                 newChild(window, at % 2 ? L"EDIT" : L"BUTTON", placeOf(at));
             ShowWindow(window, SW_SHOWNOACTIVATE);
             paint();
+            ShowWindow(window, SW_HIDE);
             DestroyWindow(window);
         });
     };

@@ -27,7 +27,7 @@ struct MethodOf {
         if constexpr (std::is_void_v<Result>)
             (control.*Function)(std::get<std::remove_cvref_t<Arguments>>(arguments[At])...);
         else
-            result = (control.*Function)(std::get<std::remove_cvref_t<Arguments>>(arguments[At])...);
+            store(result, (control.*Function)(std::get<std::remove_cvref_t<Arguments>>(arguments[At])...));
     }
 };
 
@@ -46,9 +46,9 @@ struct PropertyRead;
 template <typename C, typename Result, Result (C::*Getter)() const>
 struct PropertyRead<Getter> {
     using Type = std::remove_cvref_t<Result>;
-    static void get(Control& control, Value& value) { value = (static_cast<C&>(control).*Getter)(); }
+    static void get(Control& control, Value& value) { store(value, (static_cast<C&>(control).*Getter)()); }
     static void getConst(const Control& control, Value& value) {
-        value = (static_cast<const C&>(control).*Getter)();
+        store(value, (static_cast<const C&>(control).*Getter)());
     }
 };
 
@@ -56,7 +56,7 @@ struct PropertyRead<Getter> {
 template <typename C, typename Result, Result (C::*Getter)()>
 struct PropertyRead<Getter> {
     using Type = std::remove_cvref_t<Result>;
-    static void get(Control& control, Value& value) { value = (static_cast<C&>(control).*Getter)(); }
+    static void get(Control& control, Value& value) { store(value, (static_cast<C&>(control).*Getter)()); }
 };
 
 template <auto Setter>

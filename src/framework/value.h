@@ -9,7 +9,10 @@
 #include "base/text.h"
 
 #include <cstdint>
+#include <memory>
 #include <optional>
+#include <type_traits>
+#include <utility>
 #include <variant>
 
 namespace obk {
@@ -46,6 +49,19 @@ using Value = std::variant<NoValue, bool, uint8_t, int16_t, int32_t, float, doub
 
 inline ValueType typeOf(const Value& value) {
     return static_cast<ValueType>(value.index());
+}
+
+// As `place = value`, but into an empty place, as most are, a number goes without a look at what was there.
+template <typename T>
+void store(Value& place, T&& value) {
+    using Type = std::remove_cvref_t<T>;
+    if constexpr (std::is_nothrow_constructible_v<Type, T&&>) {
+        if (typeOf(place) == ValueType::empty) {
+            std::construct_at(&place, std::in_place_type<Type>, std::forward<T>(value));
+            return;
+        }
+    }
+    place = std::forward<T>(value);
 }
 
 // As the hosts' languages call it; empty for no type.

@@ -17,19 +17,28 @@ namespace obk::server {
 namespace {
 
 // Values of a call, on the stack: as many as it has.
-class ArgumentList {
+template <size_t most>
+class StackValues {
 public:
-    explicit ArgumentList(size_t count) : count_(count) {
+    explicit StackValues(size_t count = most) : count_(count) {
         std::uninitialized_value_construct_n(values().data(), count);
     }
-    ArgumentList(const ArgumentList&) = delete;
-    ArgumentList& operator=(const ArgumentList&) = delete;
-    ~ArgumentList() { std::destroy_n(values().data(), count_); }
+    template <typename Number>
+    StackValues(std::in_place_type_t<Number> type, Number only) : count_(1) {
+        std::construct_at(values().data(), type, only);
+    }
+    StackValues(const StackValues&) = delete;
+    StackValues& operator=(const StackValues&) = delete;
+    ~StackValues() {
+        // Most are numbers, which leave nothing to end.
+        for (Value& value : values())
+            if (typeOf(value) >= ValueType::text) std::destroy_at(&value);
+    }
     std::span<Value> values() { return {reinterpret_cast<Value*>(room_), count_}; }
 
 private:
     size_t count_;
-    alignas(Value) std::byte room_[mostParameters * sizeof(Value)];
+    alignas(Value) std::byte room_[most * sizeof(Value)];
 };
 
 void setWrongArgument(UINT* wrongArgument, UINT place) {
@@ -64,7 +73,8 @@ HRESULT resultOf(CallStatus status) {
 HRESULT get(Control& control, const Member& member, const DISPPARAMS& arguments, VARIANT* result) {
     if (!member.get) return DISP_E_MEMBERNOTFOUND;
     if (arguments.cArgs != 0) return DISP_E_BADPARAMCOUNT;
-    Value value;
+    StackValues<1> answered;
+    Value& value = answered.values().front();
     if (const CallStatus status = getProperty(control, member, value); status != CallStatus::done)
         return resultOf(status);
     if (result && typeOf(value) == ValueType::doubleFloat) {
@@ -77,8 +87,8 @@ HRESULT get(Control& control, const Member& member, const DISPPARAMS& arguments,
 
 template <typename Number>
 HRESULT putNumber(Control& control, const Member& member, Number number) {
-    const Value value(number);
-    attempt([&] { member.put(control, value); });
+    StackValues<1> given(std::in_place_type<Number>, number);
+    attempt([&] { member.put(control, given.values().front()); });
     return S_OK;
 }
 
@@ -140,7 +150,7 @@ HRESULT place(const Member& method, const DISPPARAMS& arguments, Places& places,
                                VARIANT* result, UINT* wrongArgument) {
     Places places;
     if (const HRESULT placed = place(method, arguments, places, wrongArgument); FAILED(placed)) return placed;
-    ArgumentList list(method.parameters.size());
+    StackValues<mostParameters> list(method.parameters.size());
     const std::span<Value> values = list.values();
     bool tellsChanges = false;
     for (size_t at = 0; at < values.size(); ++at) {
@@ -159,7 +169,8 @@ HRESULT place(const Member& method, const DISPPARAMS& arguments, Places& places,
     }
     std::vector<Value> before;
     if (tellsChanges) before.assign(values.begin(), values.end());
-    Value answer;
+    StackValues<1> answered;
+    Value& answer = answered.values().front();
     if (const CallStatus status = callMethod(control, method, values, answer); status != CallStatus::done)
         return resultOf(status);
     for (size_t at = 0; at < before.size(); ++at) {

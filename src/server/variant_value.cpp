@@ -179,8 +179,7 @@ bool isNumber(ValueType type) {
 
 }  // namespace
 
-bool isLeftOut(const VARIANT& variant) {
-    if (V_VT(&variant) != VT_ERROR && !V_ISBYREF(&variant)) return false;
+bool namesNothing(const VARIANT& variant) {
     VARIANT plain;
     return dereferenced(variant, plain) && V_VT(&plain) == VT_ERROR &&
            V_ERROR(&plain) == DISP_E_PARAMNOTFOUND;
@@ -189,15 +188,15 @@ bool isLeftOut(const VARIANT& variant) {
 HRESULT valueFromVariant(const VARIANT& variant, ValueType wanted, Value& value) {
     // What most calls bring, without a detour.
     if (V_VT(&variant) == VT_R8 && wanted == ValueType::doubleFloat) {
-        value = V_R8(&variant);
+        store(value, double{V_R8(&variant)});
         return S_OK;
     }
     if (V_VT(&variant) == VT_I4 && wanted == ValueType::longInteger) {
-        value = static_cast<int32_t>(V_I4(&variant));
+        store(value, static_cast<int32_t>(V_I4(&variant)));
         return S_OK;
     }
     if (V_VT(&variant) == VT_I4 && wanted == ValueType::colour) {
-        value = OleColour(static_cast<uint32_t>(V_I4(&variant)));
+        store(value, OleColour(static_cast<uint32_t>(V_I4(&variant))));
         return S_OK;
     }
     if (V_VT(&variant) == VT_BSTR && wanted == ValueType::text) {

@@ -20,8 +20,12 @@ public:
     ~OwnedVariant() { VariantClear(this); }
 };
 
+// Of a variant by reference, or of an error's number.
+bool namesNothing(const VARIANT& variant);
 // Whether a caller names a parameter only to say that it leaves it out.
-bool isLeftOut(const VARIANT& variant);
+inline bool isLeftOut(const VARIANT& variant) {
+    return (V_VT(&variant) == VT_ERROR || V_ISBYREF(&variant)) && namesNothing(variant);
+}
 
 // Any automation type, by value or by reference, as a value of the type `wanted`; ValueType::empty takes the
 // nearest type. What is left out becomes an empty value. An object is read through its default property where
