@@ -5,46 +5,17 @@
 
 #include <functional>
 #include <memory>
-#include <optional>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "container/control_form.h"
-#include "container/control_site.h"
 #include "container/property_bag_text.h"
-#include "container/type_members.h"
+#include "scene_items.h"
 #include "window.h"
 
 namespace obk::gallery {
 
-// A rectangle at 96 dots per inch, relative to the scene's content.
-struct Place {
-    int x = 0;
-    int y = 0;
-    int width = 0;
-    int height = 0;
-};
-
-constexpr int fieldHeight = 24;  // of a line in a form
-
 class Arrangement;
-
-enum class TextLook { label, dim, strong, heading, total };
-
-// A control on the scene. Without a live object `failure` says why.
-struct SceneControl {
-    std::wstring name;
-    std::wstring progId;
-    Place place;
-    std::unique_ptr<container::ControlSite> site;
-    container::TypeMembers members;
-    std::wstring failure;
-    std::optional<std::pair<long, long>>
-        ownColours;  // BackColor and ForeColor, while a scheme has replaced them
-
-    container::Dispatch object() const { return site->object(); }
-};
 
 // Built by a page's scene function, which adds items from top to bottom: that is the tab order.
 class Scene final : public Window {

@@ -30,7 +30,7 @@ void FlexGrid::mouse(const MouseEvent& event) {
             takeFocus();
             attempt([&] { mousePressed(event); });
             // The host may have taken the grid away meanwhile.
-            if (event.button == button::left && attached_ && enabled()) press(event);
+            if (event.button == button::left && attached() && enabled()) press(event);
             break;
         case MouseEvent::Kind::move:
             attempt([&] { mouseMoved(event); });
@@ -77,7 +77,7 @@ void FlexGrid::press(const MouseEvent& event) {
     if (twice && (cell == current() || cell == corner())) return doubleClicked();
     const bool extends = (event.shift & shift::shift) != 0;
     pressedAt_ = event.at;
-    const bool carries = highLight_ != 0 && current() != corner() && selection().contains(cell);
+    const bool carries = showsSelection() && current() != corner() && selection().contains(cell);
     if (carries && !extends) return beginDrag(Drag::carry);
     beginDrag(Drag::selection);
     select(cell, extends);
@@ -237,21 +237,6 @@ bool FlexGrid::wheel(const WheelEvent& event) {
     const auto by = static_cast<int64_t>(pixels);
     scrollTo({shown.offset().x + (sideways ? by : 0), shown.offset().y + (sideways ? 0 : by)});
     return true;
-}
-
-void FlexGrid::step(ScrollBar::Step by, const ScrollBar& bar) {
-    const bool vertical = &bar == &verticalBar_;
-    const GridView shown = view();
-    switch (by) {
-        case ScrollBar::Step::lineBack:
-            return scrollTo(vertical ? shown.byRows(-1) : shown.byCols(-1));
-        case ScrollBar::Step::lineForward:
-            return scrollTo(vertical ? shown.byRows(1) : shown.byCols(1));
-        case ScrollBar::Step::pageBack:
-            return scrollTo(vertical ? shown.byPagesDown(-1) : shown.byPagesRight(-1));
-        case ScrollBar::Step::pageForward:
-            return scrollTo(vertical ? shown.byPagesDown(1) : shown.byPagesRight(1));
-    }
 }
 
 }  // namespace obk

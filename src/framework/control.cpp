@@ -193,10 +193,6 @@ FontRef Control::ambientFont() const {
     return std::make_shared<SharedFont>(platform().appearance().dialogFont());
 }
 
-void Control::requestSize(Twips width, Twips height) {
-    if (host_) attempt([&] { host_->requestSize(width, height); });
-}
-
 KeyRoute Control::preTranslate(const KeyEvent& event) {
     if (!hasFocus()) return KeyRoute::container;
     const uint16_t states = keyStates();
@@ -225,26 +221,12 @@ void Control::announceSurface(AccessibleEvent event) {
     root_.parent() ? root_.parent()->announce(event) : root_.announce(event);
 }
 
-void Control::propertyChanged(const void* token) {
-    // A value without a property is told as unknown: the container's document has changed all the same.
-    if (host_ && !loading_ && ownTable_)
-        attempt([&] { host_->propertyChanged(ownTable_->notifiedByToken(token)); });
-}
-
-bool Control::rightToLeft() const {
-    return host_ && host_->rightToLeft();
-}
-
 KeyEvent Control::alongReading(const KeyEvent& event) const {
     KeyEvent read = event;
     const bool aside = event.code == key::left || event.code == key::right;
     if (aside && mirrorsItself() && rightToLeft())
         read.code = event.code == key::left ? key::right : key::left;
     return read;
-}
-
-void Control::accessKeysChanged() {
-    if (host_ && !loading_) attempt([&] { host_->accessKeysChanged(); });
 }
 
 bool Control::offerToContainer(const KeyEvent& event) {

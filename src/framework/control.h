@@ -2,10 +2,9 @@
 #pragma once
 
 #include "base/event.h"
-#include "framework/control_host.h"
 #include "framework/control_keys.h"
 #include "framework/control_table.h"
-#include "framework/member_token.h"
+#include "framework/host_link.h"
 #include "framework/property_bag.h"
 #include "widgets/container.h"
 #include "widgets/surface.h"
@@ -20,7 +19,10 @@ class PopUpPanel;
 
 // A control surface with its child widgets. Works from the moment it is created, with or without a host, with
 // or without a window. Held by shared_ptr; created through its table.
-class Control : public std::enable_shared_from_this<Control>, public ControlKeys, private SurfaceOwner {
+class Control : public std::enable_shared_from_this<Control>,
+                public HostLink,
+                public ControlKeys,
+                private SurfaceOwner {
 public:
     Control(const Control&) = delete;
     Control& operator=(const Control&) = delete;
@@ -28,8 +30,7 @@ public:
 
     virtual const ControlTable& table() const = 0;
 
-    // Driven by the container: created, then placed afresh or loaded, sized, used, saved.
-    void setHost(ControlHost* host) { host_ = host; }  // borrowed; null without a container
+    // Driven by the container, which is its host: created, then placed afresh or loaded, sized, used, saved.
     void initNew();
     void load(PropertyBag& bag);
     void save(PropertyBag& bag) const;
@@ -63,10 +64,6 @@ public:
     void keep(std::shared_ptr<Platform> platform) { kept_ = std::move(platform); }
     Container& root() { return root_; }
     const Container& root() const { return root_; }
-    // Whether the form is being designed: nobody works with the control then.
-    bool designMode() const { return host_ && host_->designMode(); }
-    // What the container calls the control; empty without one.
-    Text hostName() const { return host_ ? host_->name() : Text(); }
     // A copy of the container's font, or the system's dialog font where there is none.
     FontRef ambientFont() const;
 
@@ -83,20 +80,11 @@ protected:
     virtual void useAmbientFont(const FontRef&) {}
     virtual void appearanceChanged() { resize(); }
 
-    // Tells the container that a value changed; silent while loading. `Getter` is the property's, or that of
-    // a persisted value without one, which the container learns of as unknown.
-    template <auto Getter>
-    void PropertyChanged() {
-        propertyChanged(memberToken<Getter>());
-    }
-    void requestSize(Twips width, Twips height);  // asks the container for it
-    bool rightToLeft() const;  // whether the container reads so; `resize` runs when that changes
     // Whether all of the control is mirrored then, so that x counts from the reading edge. Otherwise it lays
     // itself out for both.
     virtual bool mirrorsItself() const { return false; }
     // A key as it would be without mirroring: the arrows to the sides change places.
     KeyEvent alongReading(const KeyEvent& event) const;
-    void accessKeysChanged();
     // Shift+Tab and the like, on behalf of the user. Whether the container used it.
     bool offerToContainer(const KeyEvent& event) override;
     AccessibleItem describeSurface() const override;
@@ -106,7 +94,6 @@ private:
     friend class ControlFactory;
     friend class HostedControl;
     friend class PopUpPanel;
-    void propertyChanged(const void* token);
     void focusEntered() override;
     void focusLeft() override;
     void surfaceCaptureLost() override {}
@@ -119,12 +106,9 @@ private:
     std::shared_ptr<Platform> kept_;  // goes after everything else
     Container root_;
     Surface surface_;
-    ControlHost* host_ = nullptr;
-    const ControlTable* ownTable_ = nullptr;  // known from the start on; setters ask it every time
     Twips width_{4800}, height_{3600};
     bool active_ = false;
     bool mirrored_ = false;  // as the container read when it was asked last
-    bool loading_ = false;
     bool focusInside_ = false;
     std::vector<PopUpPanel*> panels_;     // borrowed; they take themselves out
     std::vector<HostedControl*> hosted_;  // likewise

@@ -5,14 +5,14 @@
 #include "framework/control_factory.h"
 #include "framework/member_adapters.h"
 #include "framework/member_token.h"
-#include "framework/table_rows.h"
+#include "framework/persisted_rows.h"
 
 #include <type_traits>
 
 namespace obk {
 
 template <typename C>
-class TableBuilder {
+class TableBuilder : public PersistedRows<TableBuilder<C>> {
 public:
     explicit TableBuilder(const ClassFacts& facts) {
         static_cast<ClassFacts&>(rows_.table) = facts;
@@ -82,46 +82,10 @@ public:
         return *this;
     }
 
-    // Persisted values follow in the order of loading and saving. `Loader` is what loading calls: the setter,
-    // unless putting a property does more than loading it may; `Getter` is what saving calls: the
-    // `Property`'s, unless a host's reading does more than saving may.
-    template <auto Getter, auto Loader, auto Property = Getter>
-    TableBuilder& persisted(const Persist& row) {
-        savedOnly<Getter>(row);
-        rows_.table.persisted.back().load = &detail::PropertyWrite<Loader>::put;
-        rows_.table.persisted.back().token = memberToken<Property>();
-        return *this;
-    }
-    // The value of the row before is loaded once more, by another function or the same.
-    template <auto Loader>
-    TableBuilder& loadedAgain() {
-        rows_.repeatPersisted().load = &detail::PropertyWrite<Loader>::put;
-        return *this;
-    }
-    // A value that is saved and never read back.
-    template <auto Getter>
-    TableBuilder& savedOnly(const Persist& row) {
-        using Read = detail::PropertyRead<Getter>;
-        constexpr ValueType type = detail::valueTypeOf<typename Read::Type>();
-        rows_.addPersisted(row, type, memberToken<Getter>()).get = &Read::getConst;
-        return *this;
-    }
-    // After the rows: saves them in another order than they are loaded in, named as the rows are.
-    template <auto... Members>
-    TableBuilder& savedInOrder() {
-        (rows_.addSaved(memberToken<Members>()), ...);
-        return *this;
-    }
-    // Changes of a property that are notified neither under its key nor under its name.
-    TableBuilder& notifiedAs(int32_t number, LiteralText name) {
-        rows_.addNotification(number, name);
-        return *this;
-    }
-
     ControlTable build() { return rows_.finished(); }
 
 private:
-    TableRows rows_;
+    using PersistedRows<TableBuilder>::rows_;
 };
 
 }  // namespace obk

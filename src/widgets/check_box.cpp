@@ -40,7 +40,7 @@ void CheckBox::paint(Canvas& canvas, const PixelRect& bounds) {
                       colour(enabled() ? SystemColour::windowText : SystemColour::greyText));
 }
 
-std::unique_ptr<CheckBoxPeer> CheckBox::createPeer(SurfacePeer& surface, const ChildPlacement& placement) {
+std::unique_ptr<ChildPeer> CheckBox::createPeer(SurfacePeer& surface, const ChildPlacement& placement) {
     return surface.createCheckBox(*this, placement);
 }
 

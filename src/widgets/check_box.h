@@ -36,7 +36,7 @@ public:
     Event<const MouseEvent&> mousePressed, mouseMoved, mouseReleased;
 
 private:
-    std::unique_ptr<CheckBoxPeer> createPeer(SurfacePeer& surface, const ChildPlacement& placement) override;
+    std::unique_ptr<ChildPeer> createPeer(SurfacePeer& surface, const ChildPlacement& placement) override;
     void windowMade() override;
     void showColours() override;
     void mouse(const MouseEvent& event) override;

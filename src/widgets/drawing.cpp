@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 #include <cstdlib>
+#include <numeric>
 
 namespace obk {
 
@@ -11,10 +12,9 @@ void drawArrow(Canvas& canvas, const PixelRect& rect, ArrowDirection direction, 
     const bool upright = direction == ArrowDirection::up || direction == ArrowDirection::down;
     const int32_t across = upright ? rect.width() : rect.height();
     const int32_t along = upright ? rect.height() : rect.width();
-    const int32_t rows = std::min({canvas.dpi().scaled(4), along, (across + 1) / 2});
-    const int32_t tipX = (rect.left + rect.right - 1) / 2;
-    const int32_t tipY = (rect.top + rect.bottom - 1) / 2;
-    const int32_t middle = upright ? tipX : tipY;
+    const int32_t rows = std::min({canvas.dpi().scaled(4), along, across / 2 + across % 2});
+    const int32_t middle =
+        upright ? std::midpoint(rect.left, rect.right - 1) : std::midpoint(rect.top, rect.bottom - 1);
     const int32_t first = (upright ? rect.top : rect.left) + (along - rows) / 2;
     const bool pointsToEnd = direction == ArrowDirection::down || direction == ArrowDirection::right;
     for (int32_t row = 0; row < rows; ++row) {

@@ -7,7 +7,7 @@
 
 namespace obk {
 
-Surface::Surface(Container& root, SurfaceOwner& owner) : root_(root), owner_(owner), tree_(root, owner) {}
+Surface::Surface(Container& root, SurfaceOwner& owner) : SurfaceView(root, owner), tree_(root, owner) {}
 
 Surface::~Surface() {
     close();
@@ -29,11 +29,6 @@ void Surface::attach(Widget& widget) {
     if (peer_) attempt([&] { widget.attach(*peer_); });
 }
 
-void Surface::setParent(NativeWindow parent) {
-    if (!peer_) return;
-    if (attempt([&] { peer_->setParent(parent); })) placed_ = true;
-}
-
 void Surface::close() {
     if (!peer_) return;
     // The children keep what their windows know before the windows go.
@@ -49,57 +44,6 @@ void Surface::close() {
     root_.setSurface(nullptr);
     const auto going = std::move(peer_);
     attempt([&] { owner_.focusLeft(); });
-}
-
-Dpi Surface::dpi() const {
-    return peer_ ? dpi_ : root_.platform().appearance().systemDpi();
-}
-
-PixelRect Surface::toScreen(const PixelRect& part) const {
-    const PixelPoint origin = peer_ ? peer_->toScreen({0, 0}) : PixelPoint{};
-    return inWindow(part).moved(origin.x, origin.y);
-}
-
-PixelRect Surface::inWindow(const PixelRect& part) const {
-    if (!mirrored()) return part;
-    const int32_t width = root_.pixelBounds().width();
-    return {width - part.right, part.top, width - part.left, part.bottom};
-}
-
-PixelPoint Surface::fromWindow(PixelPoint point) const {
-    return mirrored() ? PixelPoint{root_.pixelBounds().width() - 1 - point.x, point.y} : point;
-}
-
-void Surface::setBounds(const PixelRect& bounds) {
-    if (peer_) attempt([&] { peer_->setBounds(bounds); });
-}
-
-void Surface::setVisible(bool visible) {
-    if (peer_) attempt([&] { peer_->setVisible(visible); });
-}
-
-void Surface::update() {
-    if (peer_) attempt([&] { peer_->update(); });
-}
-
-void Surface::setCursor(Cursor cursor) {
-    if (peer_) attempt([&] { peer_->setCursor(cursor); });
-}
-
-void Surface::setToolTip(const PixelRect& rect, TextView text, ToolTipShown shown) {
-    if (peer_) attempt([&] { peer_->setToolTip(inWindow(rect), text, shown); });
-}
-
-void Surface::invalidate(const PixelRect& rect) {
-    if (!peer_ || rect.empty()) return;
-    looksDifferent_ = true;
-    if (!unseen_) attempt([&] { peer_->invalidate(inWindow(rect)); });
-}
-
-void Surface::scroll(const PixelRect& rect, int32_t x, int32_t y) {
-    if (!peer_ || rect.empty()) return;
-    looksDifferent_ = true;
-    attempt([&] { peer_->scroll(inWindow(rect), mirrored() ? -x : x, y); });
 }
 
 bool Surface::takeFocus() {

@@ -4,59 +4,26 @@
 #include "widgets/accessible_tree.h"
 #include "widgets/container.h"
 #include "widgets/reader_news.h"
-#include "widgets/surface_owner.h"
-#include "widgets/surface_peer.h"
+#include "widgets/surface_view.h"
 
 #include <memory>
+#include <optional>
+#include <span>
 
 namespace obk {
 
-class Surface final : private SurfaceClient {
+class Surface final : public SurfaceView, private SurfaceClient {
 public:
     // Both are borrowed and outlive the surface.
     Surface(Container& root, SurfaceOwner& owner);
-    Surface(const Surface&) = delete;
-    Surface& operator=(const Surface&) = delete;
     ~Surface();
 
     // Makes the window and those of the children. Whether the system gave one.
     bool open(const SurfacePlacement& placement);
     void close();
-    // From parked into a parent's window.
-    void setParent(NativeWindow parent);
     // A widget that has joined what is shown.
     void attach(Widget& widget);
-    // Whether the window has a place on the screen, as opposed to being parked.
-    bool placed() const { return peer_ && placed_; }
-    bool isOpen() const { return peer_ != nullptr; }
-    // 0 when it is not open.
-    NativeWindow window() const { return peer_ ? peer_->window() : 0; }
-    Dpi dpi() const;
-    // Where a part of it is on the screen; where it is in the window when it is not open.
-    PixelRect toScreen(const PixelRect& part) const;
-    bool mirrored() const { return owner_.mirrored(); }
-    // Where a part is in the window, which differs where it is mirrored; and the other way round.
-    PixelRect inWindow(const PixelRect& part) const;
-    PixelPoint fromWindow(PixelPoint point) const;
-    // Of the monitor that a place on the screen is on; empty when it is not open.
-    PixelRect workArea(const PixelRect& place) const { return peer_ ? peer_->workArea(place) : PixelRect{}; }
 
-    // What follows does nothing when it is not open.
-    void setBounds(const PixelRect& bounds);
-    void setVisible(bool visible);
-    // Paints what is invalid now rather than later.
-    void update();
-    void setCursor(Cursor cursor);
-    // Shown when the mouse rests inside `rect`, or at once below that; an empty text removes it. One at a
-    // time.
-    void setToolTip(const PixelRect& rect, TextView text, ToolTipShown shown = ToolTipShown::whenMouseRests);
-    void invalidate(const PixelRect& rect);
-    // A child's window shows something else.
-    void childLooksDifferent() { owner_.surfaceLooksDifferent(); }
-    // Moves what is drawn inside a rectangle and invalidates what is uncovered.
-    void scroll(const PixelRect& rect, int32_t x, int32_t y);
-    // Whether the focus is in the window or one of its children.
-    bool hasFocus() const { return peer_ && peer_->hasFocus(); }
     // Asks for the focus unless it is there already. Whether it is there now.
     bool takeFocus();
     // Gives the keyboard to a drawn widget: the keys of the surface's own window are its until it is
@@ -88,8 +55,6 @@ public:
     // A widget is about to go.
     void forget(const Widget& widget);
 
-    // What a label says that stands before the window; empty where there is none.
-    Text labelBefore() const { return peer_ ? peer_->labelBefore() : Text(); }
     // Tells screen readers, once the present work is done. The focus is told where it is by then.
     void announce(AccessibleEvent event, const AccessibleId& of);
     const AccessibleTree& readersTree() const { return tree_; }
@@ -128,11 +93,8 @@ private:
     void deliver(Widget& widget, const MouseEvent& event);
     Widget* dropTarget(PixelPoint at);
 
-    Container& root_;
-    SurfaceOwner& owner_;
     AccessibleTree tree_;
     ReaderNews news_{tree_};
-    std::unique_ptr<SurfacePeer> peer_;
     Widget* captured_ = nullptr;
     Widget* hovered_ = nullptr;
     Widget* droppedDown_ = nullptr;
@@ -140,10 +102,6 @@ private:
     bool ownFocus_ = false;        // the window itself has the focus, none of its children
     bool holding_ = false;
     bool resting_ = false;  // the held capture, while a menu or a list is open
-    Dpi dpi_{96};           // the peer's; asked for each thing that is placed or painted
-    bool placed_ = false;
-    bool looksDifferent_ = false;  // from what was painted last
-    bool unseen_ = false;  // all of it is still to be painted: what changes meanwhile need not be said
 };
 
 }  // namespace obk

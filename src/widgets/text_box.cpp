@@ -92,7 +92,7 @@ void TextBox::paint(Canvas& canvas, const PixelRect& bounds) {
     canvas.drawText(text_, {line.left + margin, line.top, line.right - margin, line.bottom}, style);
 }
 
-std::unique_ptr<TextBoxPeer> TextBox::createPeer(SurfacePeer& surface, const ChildPlacement& placement) {
+std::unique_ptr<ChildPeer> TextBox::createPeer(SurfacePeer& surface, const ChildPlacement& placement) {
     return surface.createTextBox(*this, {windowFlow(), font_.description(), text_, maxLength_, placement});
 }
 

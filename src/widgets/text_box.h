@@ -63,7 +63,7 @@ public:
     Event<std::optional<PixelPoint>, bool&> menuAsked;
 
 private:
-    std::unique_ptr<TextBoxPeer> createPeer(SurfacePeer& surface, const ChildPlacement& placement) override;
+    std::unique_ptr<ChildPeer> createPeer(SurfacePeer& surface, const ChildPlacement& placement) override;
     void windowMade() override;
     void windowGoes() override;
     void showColours() override;

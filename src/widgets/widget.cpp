@@ -123,23 +123,6 @@ AccessibleItem Widget::itemOf(AccessibleItem::Role role, TextView name) const {
     return item;
 }
 
-AccessiblePart Widget::accessiblePartAt(PixelPoint at) const {
-    const int32_t parts = accessibleParts({});
-    for (int32_t part = 0; part < parts; ++part) {
-        if (accessible({part, -1}).bounds.contains(at)) return {part, -1};
-    }
-    return {};
-}
-
-std::vector<AccessiblePart> Widget::accessibleSelection() const {
-    std::vector<AccessiblePart> selected;
-    const int32_t parts = accessibleParts({});
-    for (int32_t part = 0; part < parts; ++part) {
-        if (accessible({part, -1}).is(AccessibleItem::selected)) selected.push_back({part, -1});
-    }
-    return selected;
-}
-
 void Widget::announce(AccessibleEvent event, AccessiblePart part) {
     if (Surface* shownOn = surface()) shownOn->announce(event, {this, part});
 }

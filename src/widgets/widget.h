@@ -2,7 +2,7 @@
 #pragma once
 
 #include "base/units.h"
-#include "widgets/accessible_item.h"
+#include "widgets/accessible_parts.h"
 #include "widgets/canvas.h"
 #include "widgets/input.h"
 #include "widgets/platform.h"
@@ -10,7 +10,6 @@
 #include <memory>
 #include <optional>
 #include <span>
-#include <vector>
 
 namespace obk {
 
@@ -24,13 +23,13 @@ enum class Look : uint8_t { classic, flat };
 // function that changes or asks something. The state is taken over first, or nothing is where that fails;
 // what then fails in a window or in a listener keeps nothing else from being done. What a person does
 // (`mouse`, `keyDown` and the like) is handed on to listeners, whose exceptions end in the port.
-class Widget {
+class Widget : public AccessibleParts {
 public:
     // `parent` is borrowed and outlives the widget. Later children lie above earlier ones.
     explicit Widget(Container& parent);
     Widget(const Widget&) = delete;
     Widget& operator=(const Widget&) = delete;
-    virtual ~Widget();
+    ~Widget() override;
 
     // Relative to the parent. Negative sizes count as 0.
     const TwipsRect& bounds() const { return bounds_; }
@@ -83,38 +82,18 @@ public:
     virtual void placed() {}
     // Another DPI, other system colours, fonts or metrics.
     virtual void appearanceChanged() {}
-    // The keyboard focus came to this widget or one below it, or left it for another one, maybe of the same
-    // control.
+    // The keyboard focus came to this widget or one below it, or left it, maybe within the same control.
     virtual void focusCameBelow() {}
     virtual void focusWentBelow() {}
     // The widget with the keyboard focus, this one or below it; or that could take it.
     virtual Widget* focused() { return nullptr; }
     virtual bool takeFocus() { return false; }
 
-    // For screen readers. Whether the widget is a thing of its own; otherwise its parts and children stand in
-    // its place. Nothing here is costly, whatever the number of parts.
-    virtual bool accessibleWhole() const { return false; }
-    // What a part of this widget is or, where it is a thing of its own, the whole.
-    virtual AccessibleItem accessible(AccessiblePart) const { return {}; }
-    // How many parts are in it, or in a row of it; they come before the children.
-    virtual int32_t accessibleParts(AccessiblePart) const { return 0; }
-    // The first of the parts in something that is in sight, from `index` on or, where `by` is below 0, back
-    // from it; -1 or their count where there is none. All are, unless a widget scrolls through very many.
-    virtual int32_t accessibleInSight(AccessiblePart, int32_t index, int32_t) const { return index; }
-    // At a point of the surface.
-    virtual AccessiblePart accessiblePartAt(PixelPoint at) const;
-    // The part that is a cell; none where there is no such cell.
-    virtual AccessiblePart accessibleCell(int32_t row, int32_t col) const { return {row, col}; }
+    virtual std::span<Widget* const> children() const { return {}; }
     // What keys go to, of this widget or in its name.
     virtual AccessibleId accessibleFocus() {
         return focused() == this ? AccessibleId{this, {}} : AccessibleId{};
     }
-    virtual std::vector<AccessiblePart> accessibleSelection() const;
-    // Only what the item offers, while it is enabled. A person's doing: hosts hear of it.
-    virtual void useAccessible(AccessiblePart, const AccessibleAction&) {}
-    virtual std::span<Widget* const> children() const { return {}; }
-    // The part that a child stands in; none for one that stands beside the parts.
-    virtual AccessiblePart accessiblePlaceOf(const Widget&) const { return {}; }
     // Tells screen readers, if any listen, once the present work is done.
     void announce(AccessibleEvent event, AccessiblePart part = {});
 
@@ -123,8 +102,7 @@ protected:
     // What all items of this widget have in common.
     AccessibleItem itemOf(AccessibleItem::Role role, TextView name) const;
     explicit Widget(Platform& platform) : platform_(platform) {}
-    // The wheel was turned over a window of this widget, which has no use for it: whether one of those around
-    // it has.
+    // Hands on a wheel that this widget's window has no use for: whether a widget around it has.
     bool wheelAround(const WheelEvent& event);
     virtual Surface* ownSurface() const { return nullptr; }
     virtual std::shared_ptr<void> ownKeepAlive() const { return nullptr; }
@@ -135,9 +113,8 @@ private:
     Platform& platform_;
     Container* parent_ = nullptr;
     TwipsRect bounds_;
-    bool visible_ = true;
+    bool visible_ = true, enabled_ = true;
     bool opaque_ = false;
-    bool enabled_ = true;
 };
 
 }  // namespace obk

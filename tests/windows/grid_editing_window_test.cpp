@@ -467,6 +467,7 @@ TEST_F(GridEditing, TheRightButtonOpensAMenuUnlessTheHostHasOpenedOne) {
         person.key(VK_APPS);
         EXPECT_TRUE(person.waitFor([&] { return keys.menusSeen() == 1; }));
         EXPECT_EQ(read(1, textCol), L"oak");
+        EXPECT_TRUE(person.waitFor([&] { return keys.gone(); }));
         person.key(VK_F10, MOD_SHIFT);
         EXPECT_TRUE(person.waitFor([&] { return keys.menusSeen() == 2; }));
     }

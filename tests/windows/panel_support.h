@@ -28,6 +28,8 @@ public:
     ~MenuKeys();
 
     int menusSeen() const { return seen_; }
+    // The last one has been seen to be gone: another one is told from it.
+    bool gone() const { return !last_; }
     // Where the last menu stood.
     RECT place() const { return place_; }
 

@@ -114,14 +114,20 @@ void HeadlessPlatform::setMonitors(std::vector<Monitor> monitors, ScaleTold told
     }
 }
 
-const HeadlessPlatform::Monitor& HeadlessPlatform::monitorOf(const PixelRect& rect) const {
-    const auto shown = [&rect](const Monitor& monitor) {
-        const PixelRect part = rect.intersected(monitor.workArea);
-        return part.empty() ? int64_t{0} : static_cast<int64_t>(part.width()) * part.height();
-    };
-    return *std::max_element(
-        monitors_.begin(), monitors_.end(),
-        [&shown](const Monitor& left, const Monitor& right) { return shown(left) < shown(right); });
+bool HeadlessPlatform::putOnClipboard(NativeWindow, TextView text) {
+    if (refusesRequest()) return false;
+    clipboard_ = text;
+    return true;
+}
+
+std::optional<Text> HeadlessPlatform::textOnClipboard(NativeWindow) {
+    return refusesRequest() ? std::nullopt : std::optional(clipboard_);
+}
+
+int32_t HeadlessPlatform::dragText(TextView text) {
+    if (refusesRequest()) return drop_effect::none;
+    stealCapture();
+    return dragAnswer_ ? dragAnswer_(text) : 0;
 }
 
 void HeadlessPlatform::pressKey(int16_t code, int16_t shift) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/headless/headless_machine.h"
+#include "platform/headless/headless_monitors.h"
 #include "platform/headless/memory_file_system.h"
 #include "platform/headless/planned_answers.h"
 #include "widgets/platform.h"
@@ -19,7 +20,7 @@ class HeadlessWindow;
 class HeadlessSurface;
 class HeadlessTimer;
 
-class HeadlessPlatform : public Platform, public PlannedAnswers {
+class HeadlessPlatform : public Platform, public PlannedAnswers, public HeadlessMonitors {
 public:
     HeadlessPlatform() = default;
     HeadlessPlatform(const HeadlessPlatform&) = delete;
@@ -31,7 +32,6 @@ public:
     RegionalFormats regionalFormats() override { return regionalFormats_; }
     // Texts are in the order of their capitals, unit by unit, here.
     void appendSortKey(TextView text, std::string& key) override;
-    void setRegionalFormats(const RegionalFormats& formats) { regionalFormats_ = formats; }
     MemoryFileSystem& files() override { return files_; }
     std::unique_ptr<TimerPeer> createTimer(KeepAlive keepAlive, std::function<void()> tick) override;
     std::unique_ptr<SurfacePeer> createSurface(SurfaceClient& client,
@@ -40,19 +40,9 @@ public:
     std::optional<size_t> chooseFromMenu(NativeWindow owner, std::span<const MenuItem> items,
                                          const PixelRect& beside) override;
     bool opensMenu(const std::function<void()>& work) override;
-    bool putOnClipboard(NativeWindow, TextView text) override {
-        if (refusesRequest()) return false;
-        clipboard_ = text;
-        return true;
-    }
-    std::optional<Text> textOnClipboard(NativeWindow) override {
-        return refusesRequest() ? std::nullopt : std::optional(clipboard_);
-    }
-    int32_t dragText(TextView text) override {
-        if (refusesRequest()) return drop_effect::none;
-        stealCapture();
-        return dragAnswer_ ? dragAnswer_(text) : 0;
-    }
+    bool putOnClipboard(NativeWindow owner, TextView text) override;
+    std::optional<Text> textOnClipboard(NativeWindow owner) override;
+    int32_t dragText(TextView text) override;
     void showWaitCursor(bool shown) override { waitCursors_.push_back(shown); }
 
     // What a person does. Keys go to the focused window; characters too, each with its key going down and up.
@@ -90,17 +80,7 @@ public:
     // Lets a surface paint, at once; what it draws and what was invalid are in its record.
     HeadlessSurface* surface(NativeWindow window) const;
     void setDpi(NativeWindow window, Dpi dpi);
-    // What windows may use of a monitor, and its scale; that of the system where it has none of its own.
-    struct Monitor {
-        PixelRect workArea;
-        std::optional<Dpi> dpi{};
-    };
-    // At first there is one, of 1280 by 800 pixels. A panel has the scale of the monitor that it is on, and
-    // hears of another one as soon as it is moved there, or only when it is shown.
-    enum class ScaleTold { moved, shown };
     void setMonitors(std::vector<Monitor> monitors, ScaleTold told = ScaleTold::moved);
-    const Monitor& monitorOf(const PixelRect& rect) const;
-    ScaleTold scaleTold() const { return scaleTold_; }
 
     NativeWindow focus() const { return focus_; }
     NativeWindow capture() const { return capture_; }
@@ -126,18 +106,12 @@ private:
     ManualClock clock_;
     MemoryRegistry registry_;
     FixedAppearance appearance_;
-    RegionalFormats regionalFormats_;
     MemoryFileSystem files_;
     std::map<NativeWindow, HeadlessWindow*> windows_;
     std::vector<HeadlessTimer*> timers_;
     uint32_t menusOpened_ = 0;
-    NativeWindow nextWindow_ = 1;
-    NativeWindow focus_ = 0;
-    NativeWindow capture_ = 0;
+    NativeWindow nextWindow_ = 1, focus_ = 0, capture_ = 0, hovered_ = 0;
     bool mouseActs_ = false;
-    NativeWindow hovered_ = 0;
-    std::vector<Monitor> monitors_{{{0, 0, 1280, 800}}};
-    ScaleTold scaleTold_ = ScaleTold::moved;
     bool readersListen_ = false;
     std::vector<NativeWindow> toTellReaders_;
     std::vector<std::string> heard_;

@@ -1,4 +1,5 @@
-// What a test decides about the system around the windows: dialogs, menus, the clipboard and refusals.
+// What a test decides about the system around the windows: dialogs, menus, formats, the clipboard and
+// refusals.
 #pragma once
 
 #include "widgets/platform.h"
@@ -28,6 +29,7 @@ public:
     using DragAnswer = std::function<int32_t(TextView)>;
     void answerDrag(DragAnswer answer) { dragAnswer_ = std::move(answer); }
 
+    void setRegionalFormats(const RegionalFormats& formats) { regionalFormats_ = formats; }
     const Text& clipboard() const { return clipboard_; }
     void setClipboard(Text text) { clipboard_ = std::move(text); }
     // Each time that work was said to begin or to end.
@@ -55,6 +57,7 @@ protected:
     ColourAnswer colourAnswer_;
     MenuAnswer menuAnswer_;
     DragAnswer dragAnswer_;
+    RegionalFormats regionalFormats_;
     Text clipboard_;
     std::vector<bool> waitCursors_;
     bool refusesWindows_ = false;

@@ -8,15 +8,11 @@
 #include "platform/win32/gdi_canvas.h"
 #include "platform/win32/handles.h"
 #include "platform/win32/text_conversion.h"
-#include "widgets/accessible_tree.h"
-
-#include <windowsx.h>
 
 #include <oleacc.h>
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
 #include <utility>
 
 namespace obk::win32 {
@@ -33,14 +29,6 @@ PixelRect clientArea(HWND window) {
     return fromRect(area);
 }
 
-// Of the message that is being handled, on the screen.
-POINT messagePosition() {
-    const DWORD position = GetMessagePos();
-    return {GET_X_LPARAM(position), GET_Y_LPARAM(position)};
-}
-
-}  // namespace
-
 HCURSOR systemCursor(Cursor cursor) {
     const wchar_t* name = IDC_ARROW;
     switch (cursor) {
@@ -55,6 +43,8 @@ HCURSOR systemCursor(Cursor cursor) {
     }
     return LoadCursorW(nullptr, name);
 }
+
+}  // namespace
 
 SurfaceWindow::SurfaceWindow(std::shared_ptr<Environment> environment, SurfaceClient& client, Kind kind)
     : ClientWindow(std::move(environment), client),
@@ -123,7 +113,7 @@ void SurfaceWindow::show() {
         ShowWindow(window, SW_HIDE);
         return;
     }
-    GetCursorPos(&mouse_);
+    mouse_.windowShown();
     UINT flags = SWP_SHOWWINDOW | SWP_NOACTIVATE | SWP_NOMOVE | SWP_NOSIZE;
     if (kind_ != Kind::panel) flags |= SWP_NOZORDER;
     SetWindowPos(window, HWND_TOP, 0, 0, 0, 0, flags);
@@ -266,17 +256,6 @@ LRESULT SurfaceWindow::captureChanged(const Message& message) {
         if (listening() && surfaceClient_) surfaceClient_->captureLost();
     }
     return 0;
-}
-
-bool SurfaceWindow::endsDoubleClick() {
-    const auto first = std::exchange(lastPress_, std::nullopt);
-    if (!first) return false;
-    const POINT at = messagePosition();
-    // The time starts anew every 49 days.
-    const DWORD elapsed = static_cast<DWORD>(GetMessageTime()) - static_cast<DWORD>(first->time);
-    return elapsed <= GetDoubleClickTime() &&
-           std::abs(at.x - first->at.x) <= GetSystemMetrics(SM_CXDOUBLECLK) / 2 &&
-           std::abs(at.y - first->at.y) <= GetSystemMetrics(SM_CYDOUBLECLK) / 2;
 }
 
 void SurfaceWindow::childReleasedCapture() {
@@ -498,15 +477,6 @@ LRESULT SurfaceWindow::accessible(const Message& message) {
     return LresultFromObject(IID_IAccessible, message.wParam, accessible_.get());
 }
 
-// What a panel opens beneath the mouse, or brings there by keys, is not what the person points at.
-bool SurfaceWindow::mouseRests(const Message& message) {
-    if (kind_ != Kind::panel) return false;
-    POINT at{GET_X_LPARAM(message.lParam), GET_Y_LPARAM(message.lParam)};
-    ClientToScreen(message.window, &at);
-    const POINT before = std::exchange(mouse_, at);
-    return at.x == before.x && at.y == before.y && (message.wParam & (MK_LBUTTON | MK_RBUTTON)) == 0;
-}
-
 LRESULT SurfaceWindow::handle(const Message& message) {
     switch (message.code) {
         case WM_ERASEBKGND:
@@ -533,9 +503,13 @@ LRESULT SurfaceWindow::handle(const Message& message) {
         case WM_CAPTURECHANGED:
             return captureChanged(message);
         case WM_MOUSEMOVE:
-            return mouseRests(message) ? 0 : ClientWindow::handle(message);
+            // What a panel opens beneath the mouse, or brings there by keys, is not what the person points
+            // at.
+            if (kind_ == Kind::panel && !mouse_.moved(message.window, message.wParam, message.lParam))
+                return 0;
+            return ClientWindow::handle(message);
         case WM_LBUTTONDOWN:
-            lastPress_ = Press{GetMessageTime(), messagePosition()};
+            mouse_.pressed();
             return ClientWindow::handle(message);
         case WM_MOUSEACTIVATE:
             return kind_ == Kind::panel ? MA_NOACTIVATE : defaultFor(message);

@@ -6,19 +6,16 @@
 #include "platform/win32/display.h"
 #include "platform/win32/focus_refusal.h"
 #include "platform/win32/host_watch.h"
+#include "platform/win32/mouse_history.h"
 #include "platform/win32/tool_tip.h"
+#include "widgets/accessible_tree.h"
 #include "widgets/surface_peer.h"
 
 #include <functional>
 #include <memory>
-#include <optional>
 #include <vector>
 
 struct IRawElementProviderSimple;
-
-namespace obk {
-class AccessibleTree;
-}
 
 namespace obk::win32 {
 
@@ -55,7 +52,7 @@ public:
     void focusIsInside(bool inside) override;
     // Whether a press on a child is the second of a double click that began on the surface, where the child
     // has come in between. The system counts the presses of each window by themselves.
-    bool endsDoubleClick();
+    bool endsDoubleClick() { return mouse_.pressedTwice(); }
     // A wheel that neither a child nor the surface uses goes to the host.
     LRESULT passWheelToHost(const Message& message);
 
@@ -95,25 +92,17 @@ private:
     void hostMoved();
     void hostPressed(UINT message);
     std::shared_ptr<ChildWindow> child(HWND window) const;
-    bool mouseRests(const Message& message);
 
     SurfaceClient* surfaceClient_;
     Kind kind_;
     bool visible_;
     Dpi reportedDpi_;
-    bool wantsCapture_ = false;
-    bool releasing_ = false;
+    bool wantsCapture_ = false, releasing_ = false;
     bool painted_ = false;  // ever
-    bool wantsDrops_ = false;
-    bool acceptsDrops_ = false;
+    bool wantsDrops_ = false, acceptsDrops_ = false;
     bool pressToTell_ = false;
     Cursor cursor_ = Cursor::arrow;
-    struct Press {
-        LONG time;
-        POINT at;  // on the screen
-    };
-    std::optional<Press> lastPress_;  // of the left button
-    POINT mouse_{};                   // on the screen, when this was shown or it moved over it
+    MouseHistory mouse_;
     std::vector<std::weak_ptr<ChildWindow>> children_;
     ToolTip toolTip_;
     HostWatch hostWatch_;        // while a panel shows
@@ -125,7 +114,5 @@ private:
     size_t nextName_ = 0;
     bool caret_ = false;
 };
-
-HCURSOR systemCursor(Cursor cursor);
 
 }  // namespace obk::win32
