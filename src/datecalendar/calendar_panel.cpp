@@ -41,9 +41,9 @@ CalendarPanel::CalendarPanel(Control& outer, Container& parent, const CalendarMo
       lblMONTHYEAR(*this),
       cmdimgMONTHNEXT(*this, arrows(u"Next month", ArrowDirection::right, 1)),
       cmdimgYEARNEXT(*this, arrows(u"Next year", ArrowDirection::right, 2)),
-      cmdTODAY(*this, {u"Today"}),
-      cmdCLEAR(*this, {u"Clear"}),
-      cmdCLOSE(*this, {u"Close"}),
+      cmdTODAY(*this, {.name = u"Today", .reachedByKeys = true}),
+      cmdCLEAR(*this, {.name = u"Clear", .reachedByKeys = true}),
+      cmdCLOSE(*this, {.name = u"Close", .reachedByKeys = true}),
       tmrUP(imgUP),
       tmrDOWN(imgDOWN),
       partRing_(*this) {

@@ -369,7 +369,7 @@ AccessibleItem DateCalendar::describeSurface() const {
     using Kind = AccessibleAction::Kind;
     AccessibleItem item = Control::describeSurface();
     item.role = AccessibleItem::Role::comboBox;
-    item.value = model_.date();
+    item.value = trimmed(txtfraBORDER.text());
     item.set(AccessibleItem::valued);
     item.set(AccessibleItem::focusable);
     item.set(AccessibleItem::expandable);

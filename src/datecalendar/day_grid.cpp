@@ -110,6 +110,7 @@ AccessibleItem DayGrid::accessible(AccessiblePart part) const {
         const PixelRect first = dpi().toPixels(cellBounds(0)),
                         last = dpi().toPixels(cellBounds(cellCount - 1));
         item.bounds = PixelRect{first.left, first.top, last.right, last.bottom}.moved(own.left, own.top);
+        item.set(AccessibleItem::focusable);
         item.rows = cellRows - 2;
         item.cols = cellColumns;
         return item;

@@ -61,7 +61,7 @@ void ShownGrid::SetRedraw(bool redraw) {
     if (!redraw) return;
     layOut();
     invalidate();
-    announce(AccessibleEvent::structure);
+    announceStructure();
     if (hasFocus()) announce(AccessibleEvent::focus);
 }
 
@@ -149,7 +149,7 @@ void ShownGrid::cellsChanged(const CellRange& cells) {
         announce(checks(shown.left) ? AccessibleEvent::toggled : AccessibleEvent::value,
                  {shown.top, shown.left});
     else
-        announce(AccessibleEvent::structure);
+        announceStructure();
 }
 
 void ShownGrid::selectionChanged(const CellRange& before) {
@@ -157,6 +157,11 @@ void ShownGrid::selectionChanged(const CellRange& before) {
     invalidateCells(selection());
     announce(AccessibleEvent::selection, {Row(), Row() < 0 ? -1 : Col()});
     if (hasFocus()) announce(AccessibleEvent::focus);
+}
+
+// Of what it stands in: so it is heard of a grid that hides, too.
+void ShownGrid::announceStructure() {
+    if (parent()) parent()->announce(AccessibleEvent::structure);
 }
 
 void ShownGrid::placesChanged(int32_t fromRow, int32_t fromCol) {
@@ -167,7 +172,7 @@ void ShownGrid::placesChanged(int32_t fromRow, int32_t fromCol) {
         return;
     }
     // Rows that are sized or hidden are still there.
-    if (std::exchange(toldRevision_, revision()) != revision()) announce(AccessibleEvent::structure);
+    if (std::exchange(toldRevision_, revision()) != revision()) announceStructure();
     const GridView wanted = view();
     const bool same = offset_ == wanted.offset() && verticalBar_.visible() == wanted.verticalBar() &&
                       horizontalBar_.visible() == wanted.horizontalBar();
@@ -294,6 +299,7 @@ void ShownGrid::detach() {
 }
 
 void ShownGrid::placed() {
+    if (redraw_ && std::exchange(toldVisible_, visible()) != visible()) announceStructure();
     layOut();
     Container::placed();
 }

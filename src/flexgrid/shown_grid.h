@@ -64,6 +64,7 @@ private:
     void cellsChanged(const CellRange& cells) override;
     void selectionChanged(const CellRange& before) override;
     void placesChanged(int32_t fromRow, int32_t fromCol) override;
+    void announceStructure();
     GridView viewAt(ScrollOffset offset) const;
     void step(ScrollBar::Step by, bool vertical);
     void invalidateCells(const CellRange& cells);
@@ -79,6 +80,7 @@ private:
     FontHolder font_;
     ScrollOffset offset_;
     uint32_t toldRevision_ = 0;
+    bool toldVisible_ = true;
     bool attached_ = false;
     bool redraw_ = true;
     uint8_t highLight_ = 1;

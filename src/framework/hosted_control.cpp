@@ -66,7 +66,7 @@ Widget* HostedControl::focused() {
 AccessibleItem HostedControl::accessible(AccessiblePart) const {
     AccessibleItem item = control_->describeSurface();
     item.bounds = pixelBounds();
-    if (!accessibleName_.empty()) item.name = accessibleName_;
+    item.name = accessibleName_;
     return item;
 }
 

@@ -24,6 +24,7 @@ public:
     void setAmbientBackColour(OleColour colour);
     // Presses go to what lies below, as on a picture.
     void setTakesMouse(bool takes) { takesMouse_ = takes; }
+    // Without one it is called as what it is in.
     void setAccessibleName(Text name) { accessibleName_ = std::move(name); }
 
     void paint(Canvas& canvas, const PixelRect& bounds) override;

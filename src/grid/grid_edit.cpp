@@ -57,6 +57,7 @@ void GridEdit::connectChildren() {
 
 void GridEdit::SetBarHeader(bool BarHeader) {
     picTOPBAR.setVisible(BarHeader);
+    announceSurface(AccessibleEvent::structure);
     resize();
     PropertyChanged<&GridEdit::BarHeader>();
 }

@@ -56,6 +56,7 @@ void GridEdit::sortRows(SortDirection direction) {
     attempt([&] { flexGRID.Sort(header_.sortedCol(), direction, keyOf); });
     flexGRID.show(flexGRID.current());
     header_.sorted(direction);
+    picTOPBAR.announce(AccessibleEvent::state, {header_.sortedCol(), -1});
 }
 
 }  // namespace obk

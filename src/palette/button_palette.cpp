@@ -160,6 +160,7 @@ void ButtonPalette::SetMaskHLightColor(OleColour MaskHLightColor) {
 void ButtonPalette::SetPalette(int32_t Palette) {
     attempt([&] { loadPalette(Palette); });
     attempt([&] { panel_.sizeChanged(); });
+    announceSurface(AccessibleEvent::value);
     PropertyChanged<&ButtonPalette::Palette>();
 }
 

@@ -74,6 +74,10 @@ struct AccessibleItem {
 
     bool is(State state) const { return (states & state) != 0; }
     void set(State state, bool on = true) { states = on ? states | state : states & ~uint32_t{state}; }
+    void disable() {
+        states = (states | disabled) & ~uint32_t{focusable | focused};
+        actions = 0;
+    }
     bool can(AccessibleAction::Kind kind) const { return (actions >> static_cast<uint32_t>(kind) & 1) != 0; }
     template <typename... Kinds>
     void allow(Kinds... kinds) {

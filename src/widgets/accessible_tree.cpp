@@ -11,6 +11,20 @@ namespace obk {
 
 using Role = AccessibleItem::Role;
 
+namespace {
+
+// Hosts write what they like into captions: readers get no more than they can say.
+void makeSpoken(Text& name) {
+    constexpr size_t longest = 512;
+    const auto half = [](char16_t unit) { return unit >= 0xD800 && unit < 0xDC00; };
+    while (name.size() > longest || (!name.empty() && half(name.back()))) name.pop_back();
+    std::replace_if(
+        name.begin(), name.end(),
+        [](char16_t unit) { return unit < u' ' || (unit >= 0xE000 && unit <= 0xF8FF); }, u' ');
+}
+
+}  // namespace
+
 AccessibleId AccessibleTree::root() const {
     return {&root_, {}};
 }
@@ -43,8 +57,12 @@ bool AccessibleTree::has(const AccessibleId& id) const {
 AccessibleItem AccessibleTree::item(const AccessibleId& id) const {
     if (!has(id)) return {};
     AccessibleItem item = described(id);
+    makeSpoken(item.name);
     // What edits something is called as that.
-    if (item.name.empty()) item.name = described(parent(id)).name;
+    for (AccessibleId around = parent(id); around && trimmed(item.name).empty(); around = parent(around)) {
+        item.name = described(around).name;
+        makeSpoken(item.name);
+    }
     item.bounds = item.bounds.intersected(id.widget->pixelClip());
     if (item.bounds.empty()) {
         item.bounds = {};
@@ -52,11 +70,8 @@ AccessibleItem AccessibleTree::item(const AccessibleId& id) const {
     } else if (const Surface* shownOn = root_.surface()) {
         item.bounds = shownOn->inWindow(item.bounds);
     }
-    if (item.is(AccessibleItem::disabled)) {
-        item.set(AccessibleItem::focusable, false);
-        item.actions = 0;
-    }
-    item.set(AccessibleItem::focused, !item.is(AccessibleItem::disabled) && focus() == id);
+    item.set(AccessibleItem::focused, focus() == id);
+    if (item.is(AccessibleItem::disabled)) item.disable();
     return item;
 }
 

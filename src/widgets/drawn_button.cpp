@@ -126,6 +126,7 @@ void DrawnButton::placed() {
 AccessibleItem DrawnButton::accessible(AccessiblePart) const {
     AccessibleItem item = itemOf(AccessibleItem::Role::button, face_.name);
     item.set(AccessibleItem::pressed, held_ && inside_);
+    item.set(AccessibleItem::focusable, face_.reachedByKeys);
     item.allow(AccessibleAction::Kind::press);
     return item;
 }

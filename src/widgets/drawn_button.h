@@ -15,6 +15,7 @@ public:
         Text name;  // the caption; beneath arrows the tool tip
         std::optional<ArrowDirection> arrow{};
         int32_t arrows = 1;  // side by side; only those to the left or right
+        bool reachedByKeys = false;
     };
     DrawnButton(Container& parent, Face face);
 

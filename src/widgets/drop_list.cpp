@@ -27,7 +27,7 @@ DropList::DropList(Container& parent, Text name)
     });
     closed_ = panel_.closed.connect([this] {
         announce(AccessibleEvent::expanded);
-        if (hasFocus()) announce(AccessibleEvent::focus);
+        announce(AccessibleEvent::focus);  // told only where it is here
     });
 }
 
@@ -260,7 +260,7 @@ void DropList::choose(int32_t item) {
 void DropList::open() {
     typed_.clear();
     panel_.view().setFont(font_.description());
-    if (panel_.show(selected_)) announce(AccessibleEvent::expanded);
+    panel_.show(selected_);
 }
 
 AccessibleItem DropList::accessible(AccessiblePart) const {

@@ -43,9 +43,10 @@ bool ListPanel::show(int32_t marked) {
         !surface_.open({SurfacePlacement::Kind::panel, host->window(), placed(host->dpi(), *host)}))
         return false;
     fit();
+    open_ = true;
+    field_.announce(AccessibleEvent::expanded);
     view_.mark(-1);
     view_.mark(marked);
-    open_ = true;
     host->beginDropDown(field_);
     // Whoever loses the capture may tell a host, which may close the list or the control.
     surface_.holdCapture();

@@ -70,8 +70,8 @@ PixelSize ListView::size(Dpi dpi, int32_t leastWidth, int32_t mostItems) const {
 void ListView::mark(int32_t item) {
     marked_ = item >= 0 && item < count() ? item : -1;
     if (marked_ >= 0) {
-        announce(AccessibleEvent::focus);
         announce(AccessibleEvent::selection, {marked_, -1});
+        announce(AccessibleEvent::focus);
     }
     const int32_t rows = std::max(shownRows(), 1);
     if (marked_ >= 0) scrollTo(std::clamp(first_, marked_ - rows + 1, marked_));

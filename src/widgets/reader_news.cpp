@@ -3,6 +3,7 @@
 #include "base/attempt.h"
 #include "widgets/surface_peer.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace obk {
@@ -41,19 +42,25 @@ void ReaderNews::clear() {
 
 void ReaderNews::tell(bool inside, const std::unique_ptr<SurfacePeer>& peer) {
     if (std::exchange(focusWent_, false) && !inside) toldFocus_ = {};
-    for (const News& news : std::exchange(waiting_, {})) {
-        if (!peer) return;
-        const bool focus = !news.event || news.event == AccessibleEvent::focus;
-        const AccessibleId of = focus ? tree_.focus() : tree_.nearest(news.of);
-        if (!of) continue;
-        const bool known = focus && std::exchange(toldFocus_, of) == of && !news.event;
-        attempt([&] {
-            if (known)
-                peer->focusStays(of);
-            else
-                peer->tellReaders(news.event.value_or(AccessibleEvent::focus), of);
-        });
-    }
+    const auto waiting = std::exchange(waiting_, {});
+    for (const News& news : waiting) tellOne(news, peer);
+    // What has changed may have had the focus, or have moved what has it.
+    const auto ofFocus = [](const News& news) { return !news.event || news.event == AccessibleEvent::focus; };
+    if (toldFocus_ && std::none_of(waiting.begin(), waiting.end(), ofFocus)) tellOne({}, peer);
+}
+
+void ReaderNews::tellOne(const News& news, const std::unique_ptr<SurfacePeer>& peer) {
+    if (!peer) return;
+    const bool focus = !news.event || news.event == AccessibleEvent::focus;
+    const AccessibleId of = focus ? tree_.focus() : tree_.nearest(news.of);
+    if (!of) return;
+    const bool known = focus && std::exchange(toldFocus_, of) == of && !news.event;
+    attempt([&] {
+        if (known)
+            peer->focusStays(of);
+        else
+            peer->tellReaders(news.event.value_or(AccessibleEvent::focus), of);
+    });
 }
 
 }  // namespace obk

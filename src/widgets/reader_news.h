@@ -38,6 +38,7 @@ private:
         friend bool operator==(const News&, const News&) = default;
     };
     void add(News news);
+    void tellOne(const News& news, const std::unique_ptr<SurfacePeer>& peer);
 
     const AccessibleTree& tree_;
     std::vector<News> waiting_;  // in the order in which they will be told

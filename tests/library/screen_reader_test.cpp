@@ -98,6 +98,9 @@ private:
             EXPECT_EQ(item.is(Item::readOnly), item.role == Role::cell && !item.can(Kind::write) &&
                                                    !item.can(Kind::toggle) && enabled);
         }
+        if (outer.role == Role::cell) {
+            EXPECT_EQ(item.name, outer.name) << "an editor is called as what it edits";
+        }
         if (item.role == Role::header) {
             EXPECT_EQ(tree_.childCount(id), outer.cols);
         }
@@ -165,6 +168,7 @@ protected:
         call(u"RowsSet", {int32_t{12}});
         for (const int32_t col : {0, 1, 2})
             call(u"BarHeaderCaptionSet", {col, Text(col == 0 ? u"City" : u"Same")});
+        call(u"BarHeaderCaptionSet", {int32_t{3}, u"Long\n\xE001 " + Text(600, u'x')});
         call(u"ColTypeSet", {int32_t{1}, int32_t{3}});
         call(u"ColTypeSet", {int32_t{2}, int32_t{2}});
         for (int32_t row = 0; row < 12; ++row)
@@ -188,7 +192,8 @@ void ScreenReader::inEveryState(const std::function<void(const std::string&)>& l
          {set(u"Text", Text(u"7")), set(u"BuddyAlignment", int32_t{1}), set(u"Enabled", false)}},
         {u"DateCalendar",
          {set(u"Text", Text(u"Tue 10 Nov 2026")), drop, key(key::left), key(key::tab), key(key::space),
-          key(key::escape), key(key::tab), key(key::pageUp), set(u"Enabled", false)}},
+          key(key::escape), key(key::down), key(key::tab, shift::shift), key(key::tab, shift::shift),
+          key(key::tab, shift::shift), key(key::pageUp), set(u"Enabled", false)}},
         {u"ButtonPalette",
          {set(u"Caption", Text(u"&Colour")), drop, key(key::home), key(key::end), key(key::escape),
           set(u"Palette", int32_t{6}), drop, set(u"Palette", int32_t{0}), set(u"Enabled", false)}},
@@ -196,7 +201,8 @@ void ScreenReader::inEveryState(const std::function<void(const std::string&)>& l
         {u"lns", {}},
         {u"PageTab",
          {set(u"ActiveTabs", Text(u"&Home,Help,Help,,A rather long name,Another one that is long")),
-          set(u"ActiveTab", int32_t{6}), set(u"ActiveTabs", Text())}},
+          set(u"ActiveTab", int32_t{6}), set(u"ActiveTabs", u"\xE001,A\xE002," + Text(600, u'x')),
+          set(u"ActiveTabs", Text())}},
         {u"GridEdit",
          {[this] { fillGrid(); },
           [this] {
@@ -346,6 +352,80 @@ TEST_F(ScreenReader, ShowsTextsMarksAndEdgesToWeakEyes) {
     EXPECT_GT(shapes, 1000) << "arrows, edges and other marks";
 }
 
+// What is drawn where, to be held against what was drawn there before.
+std::vector<std::pair<PixelRect, uint32_t>> drawnIn(headless::HeadlessSurface& surface,
+                                                    const PixelRect& place) {
+    surface.invalidate({0, 0, 10000, 10000});
+    std::vector<std::pair<PixelRect, uint32_t>> all;
+    for (const headless::DrawnItem& item : surface.paint().items()) {
+        if (!item.rect.intersected(place).empty())
+            all.emplace_back(
+                item.rect, item.kind == headless::DrawnItem::Kind::focusRect ? 1u << 31 : item.colour.value);
+    }
+    return all;
+}
+
+TEST_F(ScreenReader, SeesWhereTheFocusIsInEachLook) {
+    constexpr int32_t reach = 4;  // of a frame around what has the focus
+    const auto drop = [this] { call(u"ShowPopUp"); };
+    const struct {
+        const char16_t* control;
+        std::function<void()> prepare;
+        std::vector<int16_t> keys;
+    } cases[] = {
+        {u"UpDownTextBox", [] {}, {}},
+        {u"DateCalendar", [this] { put(u"Text", Text(u"Tue 10 Nov 2026")); }, {}},
+        {u"DateCalendar",
+         [&, this] {
+             put(u"Text", Text(u"Tue 10 Nov 2026"));
+             drop();
+         },
+         {key::left, key::tab, key::tab, key::tab, key::tab, key::tab}},
+        {u"ButtonPalette", [] {}, {}},
+        {u"ButtonPalette", drop, {key::home, key::right, key::end, key::down}},
+        {u"PageTab", [this] { put(u"ActiveTabs", Text(u"Home,Help,Video")); }, {key::right}},
+        {u"GridEdit",
+         [this] {
+             call(u"ColsSet", {int32_t{3}});
+             call(u"RowsSet", {int32_t{4}});
+             call(u"GridFocusShow");
+         },
+         {key::down, key::right}},
+    };
+    for (const char* system : {"5.0", "6.3", "high contrast"}) {
+        const bool highContrast = system[0] == 'h';
+        platform.registry().setString(u"SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion", u"CurrentVersion",
+                                      highContrast ? "6.3" : system);
+        platform.appearance().setHighContrast(highContrast);
+        for (const auto& each : cases) {
+            SCOPED_TRACE(std::string(system) + " " + toUtf8(each.control));
+            begin(each.control);
+            each.prepare();
+            headless::HeadlessSurface* shown = open() ? panel() : platform.surface(control->window());
+            if (each.keys.empty()) {
+                const auto with = drawnIn(*shown, {0, 0, 1000, 1000});
+                platform.pressHost();
+                control->deactivate();
+                activate({0, 0, 300, 120});
+                EXPECT_NE(drawnIn(*platform.surface(control->window()), {0, 0, 1000, 1000}), with);
+            }
+            for (const int16_t code : each.keys) {
+                const AccessibleTree& things = treeOf(*shown);
+                const AccessibleId from = things.focus();
+                auto before = drawnIn(*shown, {0, 0, 1000, 1000});
+                platform.pressKey(code);
+                const AccessibleId to = things.focus();
+                EXPECT_NE(from, to);
+                const PixelRect place = things.item(to).bounds.inset(-reach);
+                std::erase_if(before,
+                              [&](const auto& item) { return item.first.intersected(place).empty(); });
+                EXPECT_NE(drawnIn(*shown, place), before) << toUtf8(things.item(to).name);
+            }
+        }
+    }
+    platform.appearance().setHighContrast(false);
+}
+
 TEST_F(ScreenReader, AsksAMillionRowsForOneCellAtATime) {
     begin(u"GridEdit");
     call(u"RowsSet", {int32_t{1'000'000}});
@@ -472,6 +552,8 @@ TEST_F(ScreenReader, HearsEachChangeOnceAndInOrder) {
     EXPECT_EQ(heard(), Journal{"focus " + toUtf8(first)});
     platform.pressKey(key::enter);
     EXPECT_EQ(heard(), (Journal{"expanded Button closed", "focus Button", "value Button: " + toUtf8(first)}));
+    put(u"Palette", int32_t{6});
+    EXPECT_EQ(heard(), Journal{"value Button: " + text(u"Text")});
 
     begin(u"DateCalendar");
     put(u"Text", Text(u"Tue 10 Nov 2026"));
@@ -482,8 +564,14 @@ TEST_F(ScreenReader, HearsEachChangeOnceAndInOrder) {
     EXPECT_EQ(heard(), (Journal{"selection 9 November, 2026", "focus 9 November, 2026"}));
     platform.pressKey(key::tab);
     EXPECT_EQ(heard(), Journal{"focus Month"});
+    platform.pressKey(key::space);
+    EXPECT_EQ(heard(), (Journal{"expanded Month open", "selection November", "focus November"}));
+    platform.pressKey(key::escape);
+    EXPECT_EQ(heard(), (Journal{"expanded Month closed", "focus Month"}));
     platform.pressKey(key::escape);
     EXPECT_EQ(heard(), (Journal{"expanded DateCalendar closed", "focus DateCalendar"}));
+    platform.type(u"1");
+    EXPECT_EQ(heard(), Journal{"value DateCalendar: 1Tue 10 Nov 2026"}) << "what is written there";
     platform.listen(false);
     call(u"ShowPopUp");
     EXPECT_EQ(heard(), Journal()) << "nobody listens";
@@ -511,6 +599,8 @@ TEST_F(ScreenReader, HearsOfTheCellsThatAPersonSees) {
         call(u"RowDel", {int32_t{4}});
         call(u"RowSetFocus", {row});
     }
+    call(u"GridHide");
+    call(u"GridShow");
     EXPECT_EQ(heard(), Journal()) << "nothing is painted";
     call(u"GridRedraw", {true});
     EXPECT_EQ(heard(), (Journal{"structure GridEdit", "focus Same, column 3, row 5"}));
@@ -530,6 +620,38 @@ TEST_F(ScreenReader, HearsOfTheCellsThatAPersonSees) {
     EXPECT_EQ(heard().back(), "toggled Same, row 5 on");
     call(u"TopRowSet", {int32_t{7}});
     EXPECT_EQ(heard().front(), "scrolled down GridEdit");
+}
+
+TEST_F(ScreenReader, HearsWhereTheFocusIsWhenTheCellThatHadItIsAnother) {
+    platform.listen(true);
+    fillGrid();
+    call(u"GridFocusShow");
+    call(u"GridSetFocus", {int32_t{0}, int32_t{2}});
+    heard();
+    call(u"GridSetFocus", {int32_t{1}, int32_t{2}});
+    EXPECT_EQ(heard(), (Journal{"selection Same, column 2, row 3", "focus Same, column 2, row 3"}))
+        << "the check box in the cell";
+    call(u"CellTextSet", {int32_t{9}, int32_t{2}, Text(u"z")});
+    call(u"GridSetFocus", {int32_t{2}, int32_t{9}});
+    heard();
+    call(u"GridColSort", {int32_t{2}});
+    EXPECT_EQ(heard(), (Journal{"structure GridEdit", "scrolled down GridEdit", "value Up and down: 100",
+                                "state Same, column 3", "focus Same, column 3, row 12"}));
+    call(u"GridHide");
+    EXPECT_EQ(heard(), (Journal{"structure GridEdit", "focus GridEdit"}));
+    call(u"GridShow");
+    EXPECT_EQ(heard(), (Journal{"structure GridEdit", "focus Same, column 3, row 12"}));
+    put(u"BarHeader", false);
+    EXPECT_EQ(heard().front(), "structure GridEdit");
+    call(u"RowsSet", {int32_t{0}});
+    EXPECT_EQ(heard(), (Journal{"structure GridEdit", "focus GridEdit"}));
+
+    begin(u"PageTab");
+    put(u"ActiveTabs", Text(u"Home,Help"));
+    put(u"ActiveTab", int32_t{1});
+    heard();
+    put(u"ActiveTabs", Text(u"One,Two"));
+    EXPECT_EQ(heard(), (Journal{"structure PageTab", "focus PageTab"}));
 }
 
 }  // namespace
