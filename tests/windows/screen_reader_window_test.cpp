@@ -186,6 +186,105 @@ TEST_F(ReadTabs, AreFoundUsedAndHeard) {
     hit.pdispVal->Release();
 }
 
+// Where the system's caret is, on the screen.
+POINT caretOnScreen() {
+    GUITHREADINFO gui{};
+    gui.cbSize = sizeof gui;
+    GetGUIThreadInfo(GetCurrentThreadId(), &gui);
+    POINT at{gui.rcCaret.left, gui.rcCaret.top};
+    ClientToScreen(gui.hwndCaret, &at);
+    return at;
+}
+
+TEST(Magnifiers, FollowTheFocusThatAPanelDraws) {
+    for (const wchar_t* const name : {L"ButtonPalette", L"DateCalendar"}) {
+        SCOPED_TRACE(toUtf8(win32::fromWide(name)));
+        testing_support::HostedControl hosted(name);
+        hosted.activate({10, 10, 150, 34});
+        Person person(hosted.loop, hosted.window.handle());
+        const EventHook hook;
+        SetFocus(hosted.site.window());
+        hosted.loop.pumpPending();
+        hosted.object().put(L"Text", L"Tue 10 Nov 2026");
+        hosted.loop.pumpPending();
+        const POINT before = caretOnScreen();
+        hosted.object().call(L"ShowPopUp");
+        ASSERT_TRUE(openPanel());
+        const auto panel = accessibleOf(openPanel());
+        person.key(VK_RIGHT);
+        std::wstring told;
+        ASSERT_TRUE(person.waitFor(
+            [&] { return (told += EventHook::take(openPanel())).find(L"focus") != std::wstring::npos; }));
+        hosted.loop.pumpPending();
+        VARIANT focus{};
+        ASSERT_EQ(panel->get_accFocus(&focus), S_OK);
+        ASSERT_EQ(focus.vt, VT_DISPATCH);
+        ComPtr<IAccessible> marked;
+        focus.pdispVal->QueryInterface(IID_IAccessible, reinterpret_cast<void**>(marked.put()));
+        focus.pdispVal->Release();
+        LONG left = 0, top = 0, width = 0, height = 0;
+        EXPECT_EQ(marked->accLocation(&left, &top, &width, &height, childNumber(CHILDID_SELF)), S_OK);
+        const POINT at = caretOnScreen();
+        EXPECT_EQ(at.x, left);
+        EXPECT_EQ(at.y, top);
+        hosted.object().call(L"HidePopUp");
+        hosted.loop.pumpPending();
+        EXPECT_EQ(caretOnScreen().x, before.x) << "in the field again";
+        EXPECT_EQ(caretOnScreen().y, before.y);
+    }
+}
+
+class ReadField : public PersonAtControl {
+protected:
+    ReadField() : PersonAtControl(L"UpDownTextBox", {100, 10, 180, 34}) {}
+    static HWND make(const wchar_t* text, DWORD style, HWND parent) {
+        return CreateWindowExW(0, L"STATIC", text, WS_CHILD | style, 0, 0, 90, 24, parent, nullptr, nullptr,
+                               nullptr);
+    }
+    static void putAfter(HWND window, HWND label) {
+        SetWindowPos(window, label, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    }
+};
+
+TEST_F(ReadField, IsCalledAsTheLabelBeforeIt) {
+    const HWND form = GetParent(face());
+    const HWND label = make(L"R&&D &costs:", WS_VISIBLE, form);
+    putAfter(face(), label);
+    EXPECT_EQ(nameOf(accessibleOf(face())), L"R&D costs");
+    SetWindowTextW(label, L"R&D");
+    SetWindowLongPtrW(label, GWL_STYLE, GetWindowLongPtrW(label, GWL_STYLE) | SS_NOPREFIX);
+    EXPECT_EQ(nameOf(accessibleOf(face())), L"R&D");
+    const HWND hidden = make(L"Not seen", 0, form);
+    putAfter(hidden, label);
+    putAfter(face(), hidden);
+    EXPECT_EQ(nameOf(accessibleOf(face())), L"R&D");
+    // A host that gives each control a window of its own to stand in.
+    const HWND around = make(L"", WS_VISIBLE, form);
+    putAfter(around, hidden);
+    SetParent(face(), around);
+    RECT own{};
+    GetClientRect(face(), &own);
+    SetWindowPos(around, nullptr, 0, 0, own.right, own.bottom, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    EXPECT_EQ(nameOf(accessibleOf(face())), L"R&D");
+    SetParent(face(), form);
+}
+
+TEST_F(ReadField, TakesNoFocusWhileItIsDisabled) {
+    const auto field = accessibleOf(face());
+    EXPECT_EQ(field->accSelect(SELFLAG_TAKEFOCUS, childNumber(CHILDID_SELF)), S_OK);
+    EXPECT_TRUE(IsChild(face(), GetFocus()));
+    SetFocus(GetParent(face()));
+    object().put(L"Enabled", false);
+    EXPECT_EQ(field->accSelect(SELFLAG_TAKEFOCUS, childNumber(CHILDID_SELF)), S_FALSE);
+    EXPECT_EQ(GetFocus(), GetParent(face()));
+    object().put(L"Enabled", true);
+    EnableWindow(face(), FALSE);
+    EXPECT_EQ(stateOf(field) & (STATE_SYSTEM_FOCUSABLE | STATE_SYSTEM_UNAVAILABLE), STATE_SYSTEM_UNAVAILABLE);
+    EXPECT_EQ(childOf(field, 1)->accDoDefaultAction(childNumber(CHILDID_SELF)), S_FALSE);
+    EnableWindow(face(), TRUE);
+    EXPECT_EQ(stateOf(field) & (STATE_SYSTEM_FOCUSABLE | STATE_SYSTEM_UNAVAILABLE), STATE_SYSTEM_FOCUSABLE);
+}
+
 // Does the default action of the first thing of each kind, a role with what its action is called. Before each
 // `prepare` is run; what is told afterwards comes from `takeNews`.
 class ActionWalk {
@@ -387,6 +486,17 @@ TEST_F(Automation, HasTheGridsCellsWithAllThatCanBeDoneToThem) {
     EXPECT_EQ(scroll->SetScrollPercent(-1, 100), S_OK);
     EXPECT_EQ(scroll->get_VerticalScrollPercent(&at), S_OK);
     EXPECT_GT(at, 99);
+    const auto step = [&](win32::ScrollAmount by) {
+        const double before = at;
+        EXPECT_EQ(scroll->Scroll(win32::ScrollAmount::noAmount, by), S_OK);
+        scroll->get_VerticalScrollPercent(&at);
+        return at - before;
+    };
+    const double back = step(win32::ScrollAmount::smallDecrement);
+    EXPECT_LT(back, 0);
+    EXPECT_LT(step(win32::ScrollAmount::largeDecrement), back);
+    EXPECT_GT(step(win32::ScrollAmount::smallIncrement), 0);
+    EXPECT_EQ(scroll->SetScrollPercent(-1, 100), S_OK);
     EXPECT_EQ(number(cell, UIA_IsOffscreenPropertyId), 1);
     EXPECT_EQ(pattern<win32::IScrollItemProvider>(cell, UIA_ScrollItemPatternId)->ScrollIntoView(), S_OK);
     EXPECT_EQ(number(cell, UIA_IsOffscreenPropertyId), 0);
@@ -403,6 +513,16 @@ TEST_F(Automation, HasTheGridsCellsWithAllThatCanBeDoneToThem) {
     EXPECT_EQ(selected->rgsabound[0].cElements, 1u);
     SafeArrayDestroy(selected);
 
+    call(u"RowsSet", {int32_t{0}});
+    EXPECT_EQ(cells->get_RowCount(&count), S_OK);
+    EXPECT_EQ(count, 0);
+    EXPECT_EQ(cells->GetItem(0, 0, none.put()), E_INVALIDARG);
+    EXPECT_EQ(pattern<win32::ISelectionProvider>(grid, UIA_SelectionPatternId)->GetSelection(&selected),
+              S_OK);
+    EXPECT_EQ(selected->rgsabound[0].cElements, 0u);
+    SafeArrayDestroy(selected);
+    scroll->get_VerticalScrollPercent(&at);
+    EXPECT_EQ(at, -1) << "nothing to scroll";
     call(u"RowsSet", {int32_t{1}});
     constexpr auto notAvailable = static_cast<HRESULT>(0x80040201);
     EXPECT_EQ(chosen->Select(), notAvailable) << "its row is gone";
@@ -414,14 +534,136 @@ TEST_F(Automation, HasTheGridsCellsWithAllThatCanBeDoneToThem) {
     EXPECT_EQ(read->get_accChildCount(&children), CO_E_OBJNOTCONNECTED);
 }
 
+TEST_F(Automation, SaysOfEverythingThatItIsGone) {
+    place(u"GridEdit");
+    const auto grid = provider();
+    const auto read = accessibleOf(reinterpret_cast<HWND>(control->window()));
+    control->deactivate();
+    ComPtr<IUnknown> pattern;
+    ComPtr<IRawElementProviderSimple> cell;
+    ComPtr<IRawElementProviderFragment> part;
+    ComPtr<IRawElementProviderFragmentRoot> root;
+    VARIANT value{};
+    SAFEARRAY* array = nullptr;
+    UiaRect place{};
+    int number = 0;
+    BOOL is = FALSE;
+    double real = 0;
+    BSTR text = nullptr;
+    std::vector<HRESULT> answers{grid->GetPatternProvider(UIA_GridPatternId, pattern.put()),
+                                 grid->GetPropertyValue(UIA_NamePropertyId, &value),
+                                 grid->get_HostRawElementProvider(cell.put())};
+    const auto of = [&]<typename Interface>(Interface*, const auto& ask) {
+        ComPtr<Interface> found;
+        ASSERT_EQ(grid->QueryInterface(__uuidof(Interface), found.putVoid()), S_OK);
+        const auto more = ask(*found.get());
+        answers.insert(answers.end(), more.begin(), more.end());
+    };
+    using Answers = std::vector<HRESULT>;
+    using namespace win32;
+    of(static_cast<IRawElementProviderFragment*>(nullptr), [&](auto& it) -> Answers {
+        return {it.Navigate(NavigateDirection_FirstChild, part.put()),
+                it.GetRuntimeId(&array),
+                it.get_BoundingRectangle(&place),
+                it.GetEmbeddedFragmentRoots(&array),
+                it.SetFocus(),
+                it.get_FragmentRoot(root.put())};
+    });
+    of(static_cast<IRawElementProviderFragmentRoot*>(nullptr), [&](auto& it) -> Answers {
+        return {it.ElementProviderFromPoint(1, 1, part.put()), it.GetFocus(part.put())};
+    });
+    of(static_cast<IInvokeProvider*>(nullptr), [&](auto& it) -> Answers { return {it.Invoke()}; });
+    of(static_cast<IToggleProvider*>(nullptr), [&](auto& it) -> Answers {
+        ToggleState state{};
+        return {it.Toggle(), it.get_ToggleState(&state)};
+    });
+    of(static_cast<IExpandCollapseProvider*>(nullptr), [&](auto& it) -> Answers {
+        ExpandCollapseState state{};
+        return {it.Expand(), it.Collapse(), it.get_ExpandCollapseState(&state)};
+    });
+    of(static_cast<IValueProvider*>(nullptr), [&](auto& it) -> Answers {
+        return {it.SetValue(L"x"), it.get_Value(&text), it.get_IsReadOnly(&is)};
+    });
+    of(static_cast<IRangeValueProvider*>(nullptr), [&](auto& it) -> Answers {
+        return {it.SetValue(1.0),         it.get_Value(&real),   it.get_IsReadOnly(&is),
+                it.get_Maximum(&real),    it.get_Minimum(&real), it.get_LargeChange(&real),
+                it.get_SmallChange(&real)};
+    });
+    of(static_cast<ISelectionProvider*>(nullptr), [&](auto& it) -> Answers {
+        return {it.GetSelection(&array), it.get_CanSelectMultiple(&is), it.get_IsSelectionRequired(&is)};
+    });
+    of(static_cast<ISelectionItemProvider*>(nullptr), [&](auto& it) -> Answers {
+        return {it.Select(), it.AddToSelection(), it.RemoveFromSelection(), it.get_IsSelected(&is),
+                it.get_SelectionContainer(cell.put())};
+    });
+    of(static_cast<IScrollProvider*>(nullptr), [&](auto& it) -> Answers {
+        return {it.Scroll(ScrollAmount::noAmount, ScrollAmount::noAmount),
+                it.SetScrollPercent(0, 0),
+                it.get_HorizontalScrollPercent(&real),
+                it.get_VerticalScrollPercent(&real),
+                it.get_HorizontalViewSize(&real),
+                it.get_VerticalViewSize(&real),
+                it.get_HorizontallyScrollable(&is),
+                it.get_VerticallyScrollable(&is)};
+    });
+    of(static_cast<IScrollItemProvider*>(nullptr),
+       [&](auto& it) -> Answers { return {it.ScrollIntoView()}; });
+    of(static_cast<IGridProvider*>(nullptr), [&](auto& it) -> Answers {
+        return {it.GetItem(0, 0, cell.put()), it.get_RowCount(&number), it.get_ColumnCount(&number)};
+    });
+    of(static_cast<IGridItemProvider*>(nullptr), [&](auto& it) -> Answers {
+        return {it.get_Row(&number), it.get_Column(&number), it.get_RowSpan(&number),
+                it.get_ColumnSpan(&number), it.get_ContainingGrid(cell.put())};
+    });
+    of(static_cast<ITableProvider*>(nullptr), [&](auto& it) -> Answers {
+        RowOrColumnMajor major{};
+        return {it.GetRowHeaders(&array), it.GetColumnHeaders(&array), it.get_RowOrColumnMajor(&major)};
+    });
+    of(static_cast<ITableItemProvider*>(nullptr), [&](auto& it) -> Answers {
+        return {it.GetRowHeaderItems(&array), it.GetColumnHeaderItems(&array)};
+    });
+    constexpr auto notAvailable = static_cast<HRESULT>(0x80040201);
+    EXPECT_EQ(answers, Answers(answers.size(), notAvailable));
+
+    const VARIANT self = childNumber(CHILDID_SELF);
+    ComPtr<IDispatch> dispatch;
+    LONG left = 0, top = 0, width = 0, height = 0;
+    const Answers old{read->get_accParent(dispatch.put()),
+                      read->get_accChildCount(&left),
+                      read->get_accChild(self, dispatch.put()),
+                      read->get_accName(self, &text),
+                      read->get_accValue(self, &text),
+                      read->get_accDescription(self, &text),
+                      read->get_accRole(self, &value),
+                      read->get_accState(self, &value),
+                      read->get_accHelp(self, &text),
+                      read->get_accHelpTopic(&text, self, &left),
+                      read->get_accKeyboardShortcut(self, &text),
+                      read->get_accFocus(&value),
+                      read->get_accSelection(&value),
+                      read->get_accDefaultAction(self, &text),
+                      read->accSelect(SELFLAG_TAKEFOCUS, self),
+                      read->accLocation(&left, &top, &width, &height, self),
+                      read->accNavigate(NAVDIR_FIRSTCHILD, self, &value),
+                      read->accHitTest(1, 1, &value),
+                      read->accDoDefaultAction(self),
+                      read->put_accValue(self, nullptr)};
+    EXPECT_EQ(old, Answers(old.size(), CO_E_OBJNOTCONNECTED));
+}
+
 TEST_F(Automation, HasThePatternsOfTheOtherControls) {
     place(u"UpDownTextBox");
     putProperty(*control, *control->table().member(u"Interval"), Value(1.0));
+    putProperty(*control, *control->table().member(u"Min"), Value(2.0));
     const auto range = pattern<win32::IRangeValueProvider>(provider(), UIA_RangeValuePatternId);
     ASSERT_TRUE(range);
     double most = 0;
     EXPECT_EQ(range->get_Maximum(&most), S_OK);
     EXPECT_EQ(most, 10);
+    EXPECT_EQ(range->get_Minimum(&most), S_OK);
+    EXPECT_EQ(most, 2);
+    EXPECT_EQ(range->get_SmallChange(&most), S_OK);
+    EXPECT_EQ(most, 1);
     EXPECT_EQ(range->SetValue(4.0), S_OK);
     EXPECT_EQ(range->SetValue(11.0), E_INVALIDARG);
     EXPECT_EQ(range->get_Value(&most), S_OK);

@@ -50,7 +50,6 @@ LONG statesOf(const Item& item, HWND window) {
     if (item.is(Item::expandable))
         bits |= (item.is(Item::expanded) ? STATE_SYSTEM_EXPANDED : STATE_SYSTEM_COLLAPSED) |
                 STATE_SYSTEM_HASPOPUP;
-    if (!IsWindowEnabled(window)) bits |= STATE_SYSTEM_UNAVAILABLE;
     if (!IsWindowVisible(window)) bits |= STATE_SYSTEM_INVISIBLE;
     return bits;
 }
@@ -220,7 +219,8 @@ public:
     }
     HRESULT STDMETHODCALLTYPE accSelect(LONG flags, VARIANT child) override {
         int nothing = 0;
-        return onChild(child, &nothing, [&](const View& view, const AccessibleId& id, const Item&) {
+        return onChild(child, &nothing, [&](const View& view, const AccessibleId& id, const Item& item) {
+            if (item.is(Item::disabled)) return S_FALSE;
             const Kind kind = flags & SELFLAG_TAKEFOCUS                                  ? Kind::focus
                               : flags & (SELFLAG_EXTENDSELECTION | SELFLAG_ADDSELECTION) ? Kind::extend
                                                                                          : Kind::select;
@@ -280,7 +280,7 @@ public:
     HRESULT STDMETHODCALLTYPE accDoDefaultAction(VARIANT child) override {
         int nothing = 0;
         return onChild(child, &nothing, [&](const View& view, const AccessibleId& id, const Item& item) {
-            if (item.is(Item::disabled) || !IsWindowEnabled(view.window)) return S_FALSE;
+            if (item.is(Item::disabled)) return S_FALSE;
             const DefaultAction* const action = defaultAction(item);
             if (!action) return DISP_E_MEMBERNOTFOUND;
             return view.tree.act(id, {action->kind, {}, 0}) ? S_OK : E_FAIL;
@@ -289,9 +289,9 @@ public:
     HRESULT STDMETHODCALLTYPE put_accName(VARIANT, BSTR) override { return DISP_E_MEMBERNOTFOUND; }
     HRESULT STDMETHODCALLTYPE put_accValue(VARIANT child, BSTR value) override {
         int nothing = 0;
-        return onChild(child, &nothing, [&](const View& view, const AccessibleId& id, const Item&) {
+        return onChild(child, &nothing, [&](const View& view, const AccessibleId& id, const Item& item) {
             const Text text = fromWide({value ? value : L"", SysStringLen(value)});
-            return IsWindowEnabled(view.window) && view.tree.act(id, {Kind::write, text, 0})
+            return !item.is(Item::disabled) && view.tree.act(id, {Kind::write, text, 0})
                        ? S_OK
                        : DISP_E_MEMBERNOTFOUND;
         });
@@ -337,7 +337,7 @@ private:
             const AccessibleId id = child.lVal == CHILDID_SELF ? id_
                                     : child.lVal > 0           ? view.tree.child(id_, child.lVal - 1)
                                                                : view.surface->named(child.lVal);
-            return view.tree.has(id) ? function(view, id, view.tree.item(id)) : E_INVALIDARG;
+            return view.tree.has(id) ? function(view, id, view.surface->itemOf(id, view.tree)) : E_INVALIDARG;
         });
     }
 

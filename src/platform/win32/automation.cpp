@@ -271,7 +271,9 @@ public:
     }
     HRESULT STDMETHODCALLTYPE Select() override { return act({Kind::select, {}, 0}); }
     HRESULT STDMETHODCALLTYPE AddToSelection() override { return act({Kind::extend, {}, 0}); }
-    HRESULT STDMETHODCALLTYPE RemoveFromSelection() override { return invalidOperation; }
+    HRESULT STDMETHODCALLTYPE RemoveFromSelection() override {
+        return done([](const View&) { return invalidOperation; });
+    }
     HRESULT STDMETHODCALLTYPE get_IsSelected(BOOL* selected) override {
         return told(selected, [](const Item& item) { return item.is(Item::selected); });
     }
@@ -393,7 +395,8 @@ private:
             const auto surface = surface_.lock();
             if (!surface) return outcome;
             surface->withTree([&](const AccessibleTree& tree) {
-                if (tree.has(id_)) outcome = use({surface, surface->hwnd(), tree, tree.item(id_)});
+                if (tree.has(id_))
+                    outcome = use({surface, surface->hwnd(), tree, surface->itemOf(id_, tree)});
             });
         } catch (const std::bad_alloc&) {
             outcome = E_OUTOFMEMORY;
@@ -416,9 +419,8 @@ private:
         });
     }
     HRESULT done(const std::function<HRESULT(const View&)>& use) const {
-        return viewed([&](const View& view) {
-            return view.item.is(Item::disabled) || !IsWindowEnabled(view.window) ? notEnabled : use(view);
-        });
+        return viewed(
+            [&](const View& view) { return view.item.is(Item::disabled) ? notEnabled : use(view); });
     }
     HRESULT act(const AccessibleAction& action) const {
         return done([&](const View& view) { return view.tree.act(id_, action) ? S_OK : invalidOperation; });
@@ -527,7 +529,7 @@ private:
             case UIA_AccessKeyPropertyId:
                 return put(value, TextView(item.accessKey));
             case UIA_IsEnabledPropertyId:
-                return put(value, !item.is(Item::disabled) && IsWindowEnabled(view.window) != FALSE);
+                return put(value, !item.is(Item::disabled));
             case UIA_IsKeyboardFocusablePropertyId:
                 return put(value, item.is(Item::focusable));
             case UIA_HasKeyboardFocusPropertyId:
@@ -627,6 +629,8 @@ void raiseAutomation(const std::shared_ptr<SurfaceWindow>& surface, AccessibleEv
         case AccessibleEvent::name:
             return changed(UIA_NamePropertyId, TextView(item.name));
         case AccessibleEvent::state:
+            if (item.role == Role::columnHeader)
+                return changed(UIA_ItemStatusPropertyId, TextView(item.help));
             return changed(UIA_IsEnabledPropertyId, !item.is(Item::disabled));
         case AccessibleEvent::expanded:
             return changed(UIA_ExpandCollapseExpandCollapseStatePropertyId, item.is(Item::expanded) ? 1 : 0);

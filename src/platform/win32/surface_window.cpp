@@ -110,6 +110,7 @@ void SurfaceWindow::show() {
     if (!shown) {
         // The system moves the focus out of this window, but not out of one inside it.
         giveFocusTo(GetParent(window));
+        returnCaret();
         ShowWindow(window, SW_HIDE);
         return;
     }
@@ -347,6 +348,12 @@ void SurfaceWindow::withTree(const std::function<void(const AccessibleTree&)>& u
     if (tree) use(*tree);
 }
 
+AccessibleItem SurfaceWindow::itemOf(const AccessibleId& id, const AccessibleTree& tree) const {
+    AccessibleItem item = tree.item(id);
+    if (!IsWindowEnabled(hwnd())) item.disable();
+    return item;
+}
+
 LONG SurfaceWindow::nameFor(const AccessibleId& id) {
     constexpr size_t most = 256;
     LONG name = CHILDID_SELF;
@@ -387,26 +394,65 @@ void SurfaceWindow::tellReaders(AccessibleEvent event, const AccessibleId& of) {
     });
 }
 
-// The system's caret, which is not shown, is where the drawn focus is: magnifiers follow it.
+// The system's caret, which is not shown, is where the drawn focus is: magnifiers follow it. A panel, which
+// never has the focus, moves the caret of the window that has it.
 void SurfaceWindow::placeCaret(const AccessibleId& of) {
     withTree([&](const AccessibleTree& tree) {
         const AccessibleItem item = tree.item(of);
-        if (item.window != 0 || item.bounds.empty() || GetFocus() != hwnd()) return;
-        caret_ = CreateCaret(hwnd(), nullptr, 1, item.bounds.height()) != FALSE;
-        SetCaretPos(item.bounds.left, item.bounds.top);
+        const HWND focus = GetFocus();
+        if (item.window != 0 || item.bounds.empty()) return;
+        POINT at{item.bounds.left, item.bounds.top};
+        if (focus == hwnd()) {
+            caret_ = CreateCaret(hwnd(), nullptr, 1, item.bounds.height()) != FALSE;
+        } else {
+            GUITHREADINFO gui{};
+            gui.cbSize = sizeof gui;
+            if (kind_ != Kind::panel || !visible_ || !focus || !isOne(focus) ||
+                !GetGUIThreadInfo(GetCurrentThreadId(), &gui) || gui.hwndCaret != focus)
+                return;
+            caret_ = true;
+            MapWindowPoints(hwnd(), focus, &at, 1);
+        }
+        SetCaretPos(at.x, at.y);
     });
 }
 
-// As the system finds one for a window of its own.
+// A field that had its caret moved by a panel puts it back where its text is selected.
+void SurfaceWindow::returnCaret() {
+    const HWND focus = GetFocus();
+    if (kind_ != Kind::panel || !std::exchange(caret_, false) || !focus || !isOne(focus)) return;
+    DWORD first = 0, end = 0;
+    SendMessageW(focus, EM_GETSEL, reinterpret_cast<WPARAM>(&first), reinterpret_cast<LPARAM>(&end));
+    SendMessageW(focus, EM_SETSEL, first, static_cast<LPARAM>(end));
+}
+
+// As the system finds one for a window of its own. Some hosts put each control into a window made for it.
 Text SurfaceWindow::labelBefore() const {
-    const HWND before = hwnd() && kind_ == Kind::control ? GetWindow(hwnd(), GW_HWNDPREV) : nullptr;
+    const auto has = [](HWND window, DWORD style) {
+        return (static_cast<DWORD>(GetWindowLongPtrW(window, GWL_STYLE)) & style) != 0;
+    };
+    const auto fillsParent = [](HWND window) {
+        RECT own{}, around{};
+        GetWindowRect(window, &own);
+        GetClientRect(GetParent(window), &around);
+        return own.right - own.left == around.right && own.bottom - own.top == around.bottom;
+    };
+    HWND at = kind_ == Kind::control ? hwnd() : nullptr;
+    while (at && has(at, WS_CHILD) && fillsParent(at)) at = GetParent(at);
+    HWND before = at && has(at, WS_CHILD) ? GetWindow(at, GW_HWNDPREV) : nullptr;
+    while (before && !has(before, WS_VISIBLE)) before = GetWindow(before, GW_HWNDPREV);
     std::array<wchar_t, 256> text{};
-    if (!before || !GetClassNameW(before, text.data(), static_cast<int>(text.size())) ||
+    if (!before || !RealGetWindowClassW(before, text.data(), static_cast<UINT>(text.size())) ||
         _wcsicmp(text.data(), L"static") != 0)
         return {};
     const int length = InternalGetWindowText(before, text.data(), static_cast<int>(text.size()));
-    Text label = fromWide({text.data(), static_cast<size_t>(std::max(length, 0))});
-    std::erase(label, u'&');
+    const Text written = fromWide({text.data(), static_cast<size_t>(std::max(length, 0))});
+    Text label;
+    for (size_t unit = 0; unit < written.size(); ++unit) {
+        // A mark of an access key; two of them are one character.
+        if (written[unit] == u'&' && !has(before, SS_NOPREFIX) && ++unit == written.size()) break;
+        label += written[unit];
+    }
     while (!label.empty() && (label.back() == u':' || label.back() == u' ')) label.pop_back();
     return label;
 }

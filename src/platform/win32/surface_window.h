@@ -62,6 +62,8 @@ public:
 
     // For the interfaces of screen readers: with what is on the surface, while the client listens.
     void withTree(const std::function<void(const AccessibleTree&)>& use);
+    // Nothing is done with what is in a window that is disabled.
+    AccessibleItem itemOf(const AccessibleId& id, const AccessibleTree& tree) const;
     // Numbers below 0 stand for the things that events were about last; 0 for the surface itself.
     LONG nameFor(const AccessibleId& id);
     AccessibleId named(LONG name) const;
@@ -85,6 +87,7 @@ private:
     void paintOn(HDC dc, const PixelRect& dirty);
     LRESULT captureChanged(const Message& message);
     LRESULT accessible(const Message& message);
+    void returnCaret();
     void checkDpi();
     void registerForDrops();
     void refuseDrops();
@@ -112,7 +115,7 @@ private:
     ComPtr<IRawElementProviderSimple> provider_;
     std::vector<AccessibleId> named_;  // by events, each in its place until it is needed again
     size_t nextName_ = 0;
-    bool caret_ = false;
+    bool caret_ = false;  // made here; of a panel, moved to here
 };
 
 }  // namespace obk::win32
