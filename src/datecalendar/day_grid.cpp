@@ -77,7 +77,7 @@ void DayGrid::mouse(const MouseEvent& event) {
             if (event.button != button::left || pressedDay_ == 0) break;
             const bool same = std::exchange(pressedDay_, 0) == day;
             if (Surface* shownOn = surface()) shownOn->releaseCapture(*this);
-            if (same) clicked(month_.layout.cellOf(day));
+            if (same) useAccessible({cellColumns + day - 1, -1}, {});
             break;
         }
         case MouseEvent::Kind::leave:

@@ -55,9 +55,14 @@ void GridEdit::connectChildren() {
     });
 }
 
+void GridEdit::SetAllowGridEdit(bool allow) {
+    editing_.allow(allow);
+    announceSurface(AccessibleEvent::state);  // its cells can be written, or no more
+}
+
 void GridEdit::SetBarHeader(bool BarHeader) {
     picTOPBAR.setVisible(BarHeader);
-    announceSurface(AccessibleEvent::structure);
+    if (flexGRID.Redraw()) announceSurface(AccessibleEvent::structure);
     resize();
     PropertyChanged<&GridEdit::BarHeader>();
 }

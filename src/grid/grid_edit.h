@@ -126,7 +126,7 @@ public:
     void pressCaption(int32_t col) { picTOPBAR.pressCaption(col); }
 
     // Editors over a cell.
-    void SetAllowGridEdit(bool allow) { editing_.allow(allow); }
+    void SetAllowGridEdit(bool allow);
     void BoxHide() { editing_.hide(); }
     void BoxSelect() { editing_.editors().selectText(); }
     void BoxShow() { editing_.show(); }

@@ -6,7 +6,7 @@ namespace obk {
 
 void GridEdit::BarHeaderCaptionSet(int32_t colno, const Text& caption) {
     attempt([&] { header_.setCaption(colno, caption); });
-    picTOPBAR.announce(AccessibleEvent::name, {colno, -1});
+    if (flexGRID.Redraw()) picTOPBAR.announce(AccessibleEvent::name, {colno, -1});
     picTOPBAR.invalidate();
 }
 

@@ -123,7 +123,10 @@ void HeaderBar::mouse(const MouseEvent& event) {
             const bool click = !dragged_ && inside(event.at);
             endPress();
             hover(event.at);
-            if (click) clicked();
+            if (click) {
+                if (hovered_ >= 0) announce(AccessibleEvent::invoked, {hovered_, -1});
+                clicked();
+            }
             break;
         }
         case MouseEvent::Kind::move:

@@ -80,7 +80,10 @@ void DrawnButton::mouse(const MouseEvent& event) {
             if (event.button == button::left && held_) {
                 hover(inside);
                 release();
-                if (inside) clicked();
+                if (inside) {
+                    announce(AccessibleEvent::invoked);
+                    clicked();
+                }
             }
             break;
         case MouseEvent::Kind::leave:

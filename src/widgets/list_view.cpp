@@ -175,7 +175,7 @@ void ListView::mouse(const MouseEvent& event) {
             if (item != marked_) mark(item);
             break;
         case MouseEvent::Kind::up:
-            if (event.button == button::left) chosen(item);
+            if (event.button == button::left) useAccessible({item, -1}, {});
             break;
         case MouseEvent::Kind::leave:
             break;
@@ -209,10 +209,7 @@ AccessibleItem ListView::accessible(AccessiblePart part) const {
 
 // Repeated items tell which of them they are, and so do empty ones.
 Text ListView::nameInSet(const Text& text, int32_t item) const {
-    constexpr int32_t near = 100;
-    const auto from = items_.begin() + std::max(item - near, 0),
-               end = items_.begin() + std::min(item + near, count());
-    if (!trimmed(text).empty() && std::count(from, end, text) == 1) return text;
+    if (!trimmed(text).empty() && std::count(items_.begin(), items_.end(), text) == 1) return text;
     return text + (text.empty() ? u"Item " : u", item ") + decimalText(item + 1);
 }
 

@@ -616,10 +616,40 @@ TEST_F(ScreenReader, HearsOfTheCellsThatAPersonSees) {
     EXPECT_EQ(heardOf("toggled"), 4) << "the column of check boxes";
     call(u"BarHeaderCaptionSet", {int32_t{2}, Text(u"Country")});
     EXPECT_EQ(heard(), Journal{"name Country"});
+    put(u"AllowGridEdit", false);
+    EXPECT_EQ(heard(), Journal{"state GridEdit"});
+    call(u"GridRedraw", {false});
+    call(u"BarHeaderCaptionSet", {int32_t{2}, Text(u"Land")});
+    put(u"BarHeader", false);
+    EXPECT_EQ(heard(), Journal()) << "nothing is painted";
+    put(u"BarHeader", true);
+    call(u"GridRedraw", {true});
+    heard();
     call(u"CellTextSet", {int32_t{4}, int32_t{1}, Text(u"a")});
     EXPECT_EQ(heard().back(), "toggled Same, row 5 on");
     call(u"TopRowSet", {int32_t{7}});
     EXPECT_EQ(heard().front(), "scrolled down GridEdit");
+}
+
+TEST_F(ScreenReader, HearsOfWhatIsPressedByMouse) {
+    platform.listen(true);
+    const auto press = [this](NativeWindow window, TextView name) {
+        const AccessibleTree& on = treeOf(*platform.surface(window));
+        const PixelRect place = on.item(find(on, name)).bounds;
+        heard();
+        platform.click(window, {(place.left + place.right) / 2, (place.top + place.bottom) / 2});
+        const Journal told = heard();
+        EXPECT_EQ(std::count(told.begin(), told.end(), "invoked " + toUtf8(name)), 1) << toUtf8(name);
+    };
+    begin(u"DateCalendar");
+    put(u"Text", Text(u"Tue 10 Nov 2026"));
+    call(u"ShowPopUp");
+    ASSERT_TRUE(panel());
+    const NativeWindow calendar = panel()->id();
+    press(calendar, u"Next month");
+    press(calendar, u"3 December, 2026");
+    fillGrid();
+    press(control->window(), u"City");
 }
 
 TEST_F(ScreenReader, HearsWhereTheFocusIsWhenTheCellThatHadItIsAnother) {
