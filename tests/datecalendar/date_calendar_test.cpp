@@ -343,7 +343,7 @@ TEST_F(DateCalendarTest, APickedDayIsWrittenThenHiddenThenCommitted) {
     openOn(u"Sat 14 Nov 2026");
     for (const int32_t cell : {0, 6, 7, 12, 43, 48}) pressCell(cell);
     press({31, 80});
-    const PixelRect from = Dpi().toPixels(cellBounds(20));
+    const PixelRect from = Dpi().toPixels(cellBounds(16));  // a Wednesday, with Thursday at its right
     platform.mouse(panel()->id(), {Kind::down, button::left, 0, {from.left + 3, from.top + 3}});
     platform.mouse(panel()->id(), {Kind::up, button::left, 0, {from.left + 30, from.top + 3}});
     EXPECT_TRUE(open());

@@ -473,6 +473,9 @@ TEST_F(ScreenReader, DoesWithEachControlWhatAPersonDoes) {
     EXPECT_EQ(host.takeEvents(), (Journal{"DownClick", "Change"}));
     EXPECT_TRUE(tree().act(tree().root(), {Kind::set, {}, 99}));
     EXPECT_EQ(text(u"Text"), "10") << "the greatest";
+    put(u"AllowDecpoint", true);
+    EXPECT_TRUE(tree().act(tree().root(), {Kind::set, {}, 2.5}));
+    EXPECT_EQ(text(u"Text"), "2.5");
 
     begin(u"PageTab");
     put(u"ActiveTabs", Text(u"Home,&Help"));

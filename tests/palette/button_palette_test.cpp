@@ -214,6 +214,14 @@ TEST_F(ButtonPaletteTest, ItsAccessKeyPressesIt) {
     host.take();
     control->useAccessKey(u'g');
     EXPECT_EQ(host.take(), Journal{});
+    struct : JournalHost {
+        void accessKeysChanged() override { journal.push_back("access keys"); }
+    } told;
+    control->setHost(&told);
+    put(u"Caption", Text(u"&Other"));
+    put(u"Caption", Text(u"An&other"));
+    EXPECT_EQ(told.take(), (Journal{"changed Text", "access keys", "changed Text"})) << "each other one";
+    control->setHost(&host);
 }
 
 TEST_F(ButtonPaletteTest, AWalkMovesTheFrameAndChoosesLikeAPressAndRelease) {
@@ -231,8 +239,9 @@ TEST_F(ButtonPaletteTest, AWalkMovesTheFrameAndChoosesLikeAPressAndRelease) {
                                     "FocusHidden", "FocusHidden", "changed ?", "changed Text", "Click",
                                     "Change " + colour, "KeyDown 13 0", "KeyUp 13 0"}));
     EXPECT_EQ(text(u"Text"), "EARTH COPPER");
-    // Space chooses too, and its release opens nothing.
-    show();
+    // Space chooses too, and its release opens nothing, also where Space has opened the panel.
+    platform.pressKey(key::space);
+    ASSERT_TRUE(open());
     platform.pressKey(key::end);
     host.take();
     platform.pressKey(key::space);

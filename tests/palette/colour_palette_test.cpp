@@ -200,6 +200,7 @@ TEST(ColourPaletteTest, ShadeBlocksGoColumnByColumnBesideTheBaseGrid) {
     ColourPalette flat = paletteOf(4);
     flat.buildShades(flat.baseCells().front());
     EXPECT_TRUE(flat.shadeCells().empty());
+    EXPECT_EQ(paletteOf(8).baseCell(rgbFromHls({10, 120, 240})).hls.hue, 0) << "the first of two as near";
 }
 
 TEST(ColourPaletteTest, EveryPixelOfACellHitsItAndNoPixelOfAGapHitsAnything) {

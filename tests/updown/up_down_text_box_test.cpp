@@ -445,8 +445,9 @@ TEST_F(UpDownTextBoxTest, TheWheelStepsByWholeNotchesWhereItMay) {
 TEST_F(UpDownTextBoxTest, TheMouseInTheTextIsReportedInTwips) {
     activate();
     platform.click(window(), {12, 13});
-    EXPECT_EQ(host.takeEvents(),
-              (Journal{"MouseMove 0 0 150 150", "MouseDown 1 0 150 150", "MouseUp 1 0 150 150", "Click"}));
+    letGo({12, 13});  // of a press that began elsewhere
+    EXPECT_EQ(host.takeEvents(), (Journal{"MouseMove 0 0 150 150", "MouseDown 1 0 150 150",
+                                          "MouseUp 1 0 150 150", "Click", "MouseUp 1 0 150 150"}));
     press({12, 13});
     platform.setDpi(window(), Dpi(192));
     host.take();
