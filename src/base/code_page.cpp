@@ -1,6 +1,5 @@
 #include "base/code_page.h"
 
-#include <algorithm>
 #include <bit>
 #include <cstring>
 #include <iterator>
@@ -62,7 +61,6 @@ void CodePage::encode(TextView text, char* into) const {
         const size_t last = text.size() - plainStep;
         while (at < last && encodePlain(text.data() + at, into + at)) at += plainStep;
         if (at >= last && encodePlain(text.data() + last, into + last)) return;
-        at = std::min(at, last);
     }
     for (; at < text.size(); ++at) into[at] = byte(text[at]);
 }
