@@ -497,6 +497,7 @@ TEST_F(ScreenReader, DoesWithEachControlWhatAPersonDoes) {
     EXPECT_TRUE(tree().act(find(tree(), u"Open the calendar"), {}));
     ASSERT_TRUE(open());
     EXPECT_TRUE(treeOf(*panel()).act(find(treeOf(*panel()), u"Next month"), {}));
+    EXPECT_EQ(treeOf(*panel()).item(find(treeOf(*panel()), u"Year")).value, u"2026");
     EXPECT_TRUE(treeOf(*panel()).act(find(treeOf(*panel()), u"3 December, 2026"), {}));
     EXPECT_FALSE(open());
     EXPECT_EQ(text(u"Text").substr(0, 14), "Thu 3 Dec 2026");

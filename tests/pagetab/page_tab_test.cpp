@@ -93,6 +93,11 @@ TEST_F(PageTabTest, ADoubleClickIsToldAndChoosesAnotherTab) {
     EXPECT_EQ(events(), (Journal{"Click Help", "Show", "dlbClick"}));
     mouse(Kind::doubleClick, on(3), button::right);
     EXPECT_EQ(events(), Journal{});
+    platform.setFocus(0);
+    mouse(Kind::down, on(3), button::right);
+    EXPECT_EQ(platform.focus(), 0) << "only a press with the left button takes it";
+    mouse(Kind::down, on(3));
+    EXPECT_NE(platform.focus(), 0);
 }
 
 TEST_F(PageTabTest, KeysWalkTheTabs) {
