@@ -10,6 +10,25 @@
 #include <string>
 #include <vector>
 
+namespace {
+
+// As an installer has it done, for one user.
+void measureRegistration(const std::wstring& path) {
+    const HMODULE module = LoadLibraryW(path.c_str());
+    const auto install = reinterpret_cast<HRESULT(WINAPI*)(BOOL, PCWSTR)>(
+        reinterpret_cast<void*>(GetProcAddress(module, "DllInstall")));
+    if (!install) return;
+    HRESULT result = S_OK;
+    const double registering = microseconds([&] { result = install(TRUE, L"user"); });
+    const double removing = microseconds([&] { result |= install(FALSE, L"user"); });
+    FreeLibrary(module);
+    if (FAILED(result)) return;
+    printAmount("registered for one user", registering / 1000, "ms", 0);
+    printAmount("and removed", removing / 1000, "ms", 0);
+}
+
+}  // namespace
+
 // Named are the parts to measure; all without a name.
 int main(int count, char** names) {
     const std::vector<std::string> parts(names + 1, names + count);
@@ -30,7 +49,10 @@ int main(int count, char** names) {
         });
         printAmount("loaded, and the first control made", start / 1000, "ms", 0);
         measured = !wanted("calls") || measureDispatch(server);
-        if (wanted("windows")) measureActivation(server);
+        if (wanted("windows")) {
+            measureActivation(server);
+            measureRegistration(path);
+        }
         if (wanted("grid")) measureGrid(server);
         WIN32_FILE_ATTRIBUTE_DATA file{};
         GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &file);
