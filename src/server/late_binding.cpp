@@ -24,7 +24,7 @@ public:
         std::uninitialized_value_construct_n(values().data(), count);
     }
     template <typename Number>
-    StackValues(std::in_place_type_t<Number> type, Number only) : count_(1) {
+    StackValues(std::in_place_type_t<Number> type, Number only) {
         std::construct_at(values().data(), type, only);
     }
     StackValues(const StackValues&) = delete;
@@ -37,7 +37,7 @@ public:
     std::span<Value> values() { return {reinterpret_cast<Value*>(room_), count_}; }
 
 private:
-    size_t count_;
+    size_t count_ = 1;
     alignas(Value) std::byte room_[most * sizeof(Value)];
 };
 
