@@ -515,16 +515,19 @@ TEST_F(ButtonPaletteTest, MaskedPixelsOfAPictureAreLeftOut) {
         std::make_shared<SharedPicture>(PixelSize{2, 1}, std::vector<uint32_t>{0xFFFF00FFu, 0xFF112233u});
     put(u"Picture", picture);
     put(u"PictureVisible", true);
-    put(u"MaskHLightColor", OleColour(Rgb::of(255, 0, 255)));
-    const auto pictures = [this] {
-        const auto items = platform.surface(surface())->paint().items();
-        return std::count_if(items.begin(), items.end(), [](const auto& item) {
-            return item.kind == headless::DrawnItem::Kind::picture;
-        });
+    using Pixels = std::vector<uint32_t>;
+    const auto drawn = [this] {
+        for (const headless::DrawnItem& item : platform.surface(surface())->paint().items())
+            if (item.kind == headless::DrawnItem::Kind::picture) return item.picture->pixels();
+        return Pixels();
     };
-    EXPECT_EQ(pictures(), 1);
+    EXPECT_EQ(drawn(), (Pixels{0xFFFF00FFu, 0xFF112233u}));
+    put(u"MaskHLightColor", OleColour(Rgb::of(255, 0, 255)));
+    EXPECT_EQ(drawn(), (Pixels{0, 0xFF112233u}));
+    put(u"MaskHLightColor", OleColour(Rgb::of(0x11, 0x22, 0x33)));
+    EXPECT_EQ(drawn(), (Pixels{0xFFFF00FFu, 0}));
     put(u"PictureVisible", false);
-    EXPECT_EQ(pictures(), 0);
+    EXPECT_EQ(drawn(), Pixels());
     EXPECT_EQ(get(u"Picture"), Value(PictureRef(picture))) << "the host's own picture stays what it was";
 }
 
