@@ -5,7 +5,7 @@
 # shellcheck source=lib.sh
 . "$(dirname "$0")/lib.sh"
 
-packages_icons=(imagemagick librsvg2-bin)
+packages_icons=(imagemagick librsvg2-bin zopfli)
 # The machine may have a node of its own, which Debian's would fight with.
 command -v npm >/dev/null || packages_icons+=(npm)
 packages_build=(cmake ninja-build "${packages_icons[@]}"

@@ -33,6 +33,7 @@ public:
     void dragColumnBorder(int32_t col, int32_t x);
     void copySelection() const;
     void selectAll();  // as a person does; the current cell is the first one
+    void click();      // on the current cell
 
     void mouse(const MouseEvent& event) override;
     bool wheel(const WheelEvent& event) override;

@@ -83,8 +83,7 @@ AccessibleId FlexGrid::accessibleFocus() {
 std::vector<AccessiblePart> FlexGrid::accessibleSelection() const {
     std::vector<AccessiblePart> selected;
     const CellRange all = selection();
-    const CellRange told =
-        all.top == all.bottom && all.left == all.right ? all : all.intersected(view().visible());
+    const CellRange told = all.single() ? all : all.intersected(view().visible());
     for (int32_t row = told.top; row <= told.bottom && row >= 0; ++row) {
         for (int32_t col = told.left; col <= told.right; ++col) selected.push_back({row, col});
     }

@@ -45,18 +45,24 @@ void FlexGrid::mouse(const MouseEvent& event) {
             break;
         case MouseEvent::Kind::up: {
             const bool carried = event.button == button::left && drag_ == Drag::carry;
-            const bool click = carried || (event.button == button::left && drag_ == Drag::selection);
+            const bool clicks = carried || (event.button == button::left && drag_ == Drag::selection);
             if (event.button == button::left) endDrag();
             // What did not become a drag was a press on this cell alone.
             if (carried) select(view().nearest(pressedAt_), false);
             attempt([&] { mouseReleased(event); });
-            if (click) clicked();
+            if (clicks) click();
             break;
         }
         case MouseEvent::Kind::leave:
             showCursor(event.at);
             break;
     }
+}
+
+void FlexGrid::click() {
+    // Where a drag has selected many, none of them was meant.
+    if (selection().single()) announce(AccessibleEvent::invoked, {Row(), Col()});
+    clicked();
 }
 
 void FlexGrid::press(const MouseEvent& event) {

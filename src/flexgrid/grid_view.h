@@ -18,6 +18,7 @@ struct CellRange {
                 std::max(one.col, other.col)};
     }
     bool empty() const { return bottom < top || right < left; }
+    bool single() const { return top == bottom && left == right; }
     bool contains(CellAddress cell) const {
         return cell.row >= top && cell.row <= bottom && cell.col >= left && cell.col <= right;
     }

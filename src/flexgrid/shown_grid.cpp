@@ -145,7 +145,7 @@ void ShownGrid::cellsChanged(const CellRange& cells) {
     invalidateCells(cells);
     const CellRange shown = cells.intersected(view().visible());
     if (shown.empty()) return;
-    if (shown.top == shown.bottom && shown.left == shown.right)
+    if (shown.single())
         announce(checks(shown.left) ? AccessibleEvent::toggled : AccessibleEvent::value,
                  {shown.top, shown.left});
     else

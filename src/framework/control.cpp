@@ -1,6 +1,7 @@
 #include "framework/control.h"
 
 #include "base/attempt.h"
+#include "base/caption_text.h"
 #include "framework/control_factory.h"
 #include "framework/hosted_control.h"
 #include "framework/pop_up_panel.h"
@@ -205,13 +206,20 @@ KeyRoute Control::preTranslate(const KeyEvent& event) {
     return KeyRoute::container;
 }
 
+// A label's key brings the keyboard to what stands after it.
+static void callByLabel(AccessibleItem& item, TextView label) {
+    item.name = plainCaption(label);
+    while (!item.name.empty() && (item.name.back() == u':' || item.name.back() == u' ')) item.name.pop_back();
+    item.accessKey = spokenAccessKey(label);
+}
+
 // Its name is the label's before it, else what the container calls it.
 AccessibleItem Control::describeSurface() const {
     AccessibleItem item;
     item.role = AccessibleItem::Role::client;
     item.bounds = root_.pixelBounds();
     if (const Surface* shownOn = root_.parent() ? nullptr : root_.surface())
-        item.name = shownOn->labelBefore();
+        callByLabel(item, shownOn->labelBefore());
     if (item.name.empty()) item.name = hostName();
     if (item.name.empty()) item.name = table().name;
     return item;

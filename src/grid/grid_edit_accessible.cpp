@@ -39,10 +39,7 @@ void GridEdit::useCell(CellAddress cell, const AccessibleAction& action) {
     flexGRID.takeFocus();
     flexGRID.goTo(cell);
     if (flexGRID.current() != cell) return;
-    if (action.kind == Kind::press) {
-        flexGRID.announce(AccessibleEvent::invoked, {cell.row, cell.col});
-        return flexGRID.clicked();
-    }
+    if (action.kind == Kind::press) return flexGRID.click();
     if (!editing_.show()) return;
     if (action.kind == Kind::toggle)
         editing_.editors().toggle();

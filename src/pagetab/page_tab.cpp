@@ -1,10 +1,10 @@
 #include "pagetab/page_tab.h"
 
 #include "base/attempt.h"
+#include "base/caption_text.h"
 #include "framework/colours.h"
 #include "framework/kxlib_system.h"
 #include "framework/value.h"
-#include "pagetab/caption_text.h"
 
 #include <utility>
 

@@ -1,7 +1,7 @@
 #include "pagetab/tab_strip.h"
 
 #include "base/attempt.h"
-#include "pagetab/caption_text.h"
+#include "base/caption_text.h"
 #include "widgets/surface.h"
 
 #include <algorithm>
@@ -201,7 +201,7 @@ AccessibleItem TabStrip::accessible(AccessiblePart part) const {
     item.set(AccessibleItem::selectable);
     item.set(AccessibleItem::focusable);
     item.set(AccessibleItem::selected, index == model_.active());
-    if (const auto key = accessKeyOf(model_.caption(index))) item.accessKey = u"Alt+" + Text(1, *key);
+    item.accessKey = spokenAccessKey(model_.caption(index));
     item.allow(Kind::press, Kind::select, Kind::show);
     return item;
 }

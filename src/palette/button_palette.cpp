@@ -1,8 +1,8 @@
 #include "palette/button_palette.h"
 
 #include "base/attempt.h"
+#include "base/caption_text.h"
 #include "framework/colours.h"
-#include "pagetab/caption_text.h"
 
 namespace obk {
 
@@ -226,7 +226,7 @@ AccessibleItem ButtonPalette::describeSurface() const {
         item.name = plainCaption(caption);
     item.value = Text();
     if (button_.ToolTip != item.name) item.help = button_.ToolTip;
-    if (const auto key = accessKeyOf(button_.Caption)) item.accessKey = u"Alt+" + obk::Text(1, *key);
+    if (accessKeyOf(button_.Caption)) item.accessKey = spokenAccessKey(button_.Caption);
     for (const auto state : {AccessibleItem::valued, AccessibleItem::readOnly, AccessibleItem::expandable,
                              AccessibleItem::focusable})
         item.set(state);

@@ -1,6 +1,6 @@
 // What the mouse, the keys and the focus do to the button; the keys of its open panel come this way, too.
 #include "base/attempt.h"
-#include "pagetab/caption_text.h"
+#include "base/caption_text.h"
 #include "palette/button_palette.h"
 
 namespace obk {

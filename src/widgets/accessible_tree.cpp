@@ -168,6 +168,19 @@ AccessibleId AccessibleTree::at(PixelPoint point) const {
     return hit ? nearest({hit, hit->accessiblePartAt(point)}) : AccessibleId{};
 }
 
+AccessibleId AccessibleTree::windowIn(Widget& widget, uintptr_t window) const {
+    for (Widget* child : widget.children()) {
+        if (!child->visible()) continue;
+        if (described({child, {}}).window == window) return {child, {}};
+        if (const AccessibleId found = windowIn(*child, window)) return found;
+    }
+    return {};
+}
+
+AccessibleId AccessibleTree::ofWindow(uintptr_t window) const {
+    return window != 0 ? windowIn(root_, window) : AccessibleId{};
+}
+
 AccessibleId AccessibleTree::focusIn(Widget& widget) const {
     if (!widget.visible()) return {};
     if (const AccessibleId own = widget.accessibleFocus()) return own;

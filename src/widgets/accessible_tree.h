@@ -31,6 +31,8 @@ public:
     int32_t indexInParent(const AccessibleId& id) const;
     // The innermost thing at a point of the window; none outside.
     AccessibleId at(PixelPoint point) const;
+    // What has a window of its own; none where no such window is here.
+    AccessibleId ofWindow(uintptr_t window) const;
     // What keys go to; none where that is not here.
     AccessibleId focus() const;
     // Of something with cells; none for a cell that is not there.
@@ -52,6 +54,7 @@ private:
     int32_t countIn(Widget& widget, AccessiblePart part) const;
     AccessibleId childIn(Widget& widget, AccessiblePart part, int32_t& index) const;
     bool findIn(Widget& widget, AccessiblePart part, const AccessibleId& id, int32_t& index) const;
+    AccessibleId windowIn(Widget& widget, uintptr_t window) const;
     AccessibleId focusIn(Widget& widget) const;
     // The widget whose parts stand directly in something.
     Widget* partsIn(Widget& widget) const;

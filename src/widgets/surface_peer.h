@@ -91,7 +91,8 @@ public:
     virtual PixelPoint toScreen(PixelPoint point) const = 0;
     // The part of the screen that windows may use, of the monitor that most of a place on the screen is on.
     virtual PixelRect workArea(const PixelRect& place) const = 0;
-    // What a label says that stands directly before the window in its form; empty where there is none.
+    // The caption of a label that stands directly before the window in its form, with the mark of its access
+    // key; empty where there is none.
     virtual Text labelBefore() const { return {}; }
     // Whether screen readers listen; and that the client is to be called back to tell them something, once
     // the work of the moment is done.

@@ -466,8 +466,9 @@ TEST_F(ScreenReader, AsksAMillionRowsForOneCellAtATime) {
 TEST_F(ScreenReader, DoesWithEachControlWhatAPersonDoes) {
     begin(u"UpDownTextBox");
     put(u"Interval", 2.0);
-    platform.surface(control->window())->setLabel(u"Amount");
-    EXPECT_EQ(tree().item(tree().root()).name, u"Amount");
+    platform.surface(control->window())->setLabel(u"&R&&D costs: ");
+    EXPECT_EQ(tree().item(tree().root()).name, u"R&D costs");
+    EXPECT_EQ(tree().item(tree().root()).accessKey, u"Alt+R");
     host.take();
     EXPECT_TRUE(tree().act(find(tree(), u"More"), {}));
     EXPECT_EQ(host.takeEvents(), (Journal{"DownClick", "Change"}));
@@ -654,6 +655,17 @@ TEST_F(ScreenReader, HearsOfWhatIsPressedByMouse) {
     press(calendar, u"3 December, 2026");
     fillGrid();
     press(control->window(), u"City");
+    press(control->window(), u"City, row 2");
+    const auto middle = [this](TextView name) {
+        const PixelRect place = tree().item(find(tree(), name)).bounds;
+        return PixelPoint{place.left + 5, place.top + 5};
+    };
+    using Mouse = MouseEvent::Kind;
+    platform.mouse(control->window(), {Mouse::down, button::left, 0, middle(u"City, row 1")});
+    platform.mouse(control->window(), {Mouse::move, button::left, 0, middle(u"City, row 4")});
+    platform.mouse(control->window(), {Mouse::up, button::left, 0, middle(u"City, row 4")});
+    for (const std::string& told : heard())
+        EXPECT_FALSE(told.starts_with("invoked")) << told << ", though several were selected";
 }
 
 TEST_F(ScreenReader, HearsWhereTheFocusIsWhenTheCellThatHadItIsAnother) {

@@ -1,6 +1,6 @@
 #include "pagetab/page_tab_model.h"
 
-#include "pagetab/caption_text.h"
+#include "base/caption_text.h"
 #include "pagetab/tab_string.h"
 
 #include <gtest/gtest.h>

@@ -251,6 +251,9 @@ TEST_F(ReadField, IsCalledAsTheLabelBeforeIt) {
     const HWND label = make(L"R&&D &costs:", WS_VISIBLE, form);
     putAfter(face(), label);
     EXPECT_EQ(nameOf(accessibleOf(face())), L"R&D costs");
+    BSTR keys = nullptr;
+    accessibleOf(face())->get_accKeyboardShortcut(childNumber(CHILDID_SELF), &keys);
+    EXPECT_EQ(taken(keys), L"Alt+C");
     SetWindowTextW(label, L"R&D");
     SetWindowLongPtrW(label, GWL_STYLE, GetWindowLongPtrW(label, GWL_STYLE) | SS_NOPREFIX);
     EXPECT_EQ(nameOf(accessibleOf(face())), L"R&D");
@@ -430,7 +433,15 @@ protected:
             found->QueryInterface(__uuidof(IRawElementProviderSimple), simple.putVoid());
         return simple;
     }
-    void call(TextView name, std::vector<Value> arguments) {
+    // Of what the system describes by its window; null for all else.
+    static HWND handleOf(const ComPtr<IRawElementProviderSimple>& of) {
+        ComPtr<IRawElementProviderSimple> host;
+        VARIANT value{};
+        if (!of || of->get_HostRawElementProvider(host.put()) != S_OK || !host) return nullptr;
+        host->GetPropertyValue(UIA_NativeWindowHandlePropertyId, &value);
+        return value.vt == VT_I4 ? reinterpret_cast<HWND>(static_cast<INT_PTR>(value.lVal)) : nullptr;
+    }
+    void call(TextView name, std::vector<Value> arguments = {}) {
         Value result;
         callMethod(*control, *control->table().member(name), arguments, result);
     }
@@ -532,6 +543,85 @@ TEST_F(Automation, HasTheGridsCellsWithAllThatCanBeDoneToThem) {
     EXPECT_EQ(grid->GetPropertyValue(UIA_NamePropertyId, &name), notAvailable);
     LONG children = 0;
     EXPECT_EQ(read->get_accChildCount(&children), CO_E_OBJNOTCONNECTED);
+}
+
+// Wine's client has no use for such a provider, so this asks as Windows does.
+TEST_F(Automation, HasAnOpenEditorInItsCell) {
+    place(u"GridEdit");
+    call(u"RowsSet", {int32_t{4}});
+    control->focus();
+    call(u"GridSetFocus", {int32_t{1}, int32_t{2}});
+    const auto grid = provider();
+    ComPtr<win32::IHwndOverride> places;
+    ASSERT_EQ(grid->QueryInterface(__uuidof(win32::IHwndOverride), places.putVoid()), S_OK);
+    const HWND face = reinterpret_cast<HWND>(control->window());
+    constexpr LPARAM automationRoot = -25;
+    SendMessageW(face, WM_GETOBJECT, 0, automationRoot);  // as clients begin
+    ComPtr<IRawElementProviderSimple> editor, host;
+    EXPECT_EQ(places->GetOverrideProviderForHwnd(face, editor.put()), S_OK);
+    EXPECT_FALSE(editor) << "no editor";
+    driver.key(key::f2);
+    ASSERT_TRUE(pumpUntil([&] { return IsChild(face, GetFocus()); }));
+    const HWND open = GetFocus();
+    ASSERT_EQ(places->GetOverrideProviderForHwnd(open, editor.put()), S_OK);
+    ASSERT_TRUE(editor);
+    const auto cell = go(editor, NavigateDirection_Parent);
+    ASSERT_TRUE(cell);
+    EXPECT_EQ(text(cell, UIA_NamePropertyId), L"column 2, row 3");
+    for (auto child = go(grid, NavigateDirection_FirstChild); child;
+         child = go(child, NavigateDirection_NextSibling))
+        EXPECT_EQ(handleOf(child), nullptr) << "not among the rows, too";
+    EXPECT_EQ(handleOf(go(cell, NavigateDirection_FirstChild)), open);
+    // The window itself says what it is and can.
+    EXPECT_EQ(number(editor, UIA_ControlTypePropertyId), -1);
+    EXPECT_FALSE(pattern<win32::IValueProvider>(editor, UIA_ValuePatternId));
+    ProviderOptions options{};
+    EXPECT_EQ(editor->get_ProviderOptions(&options), S_OK);
+    EXPECT_TRUE(options & ProviderOptions_OverrideProvider);
+    EXPECT_EQ(grid->get_ProviderOptions(&options), S_OK);
+    EXPECT_FALSE(options & ProviderOptions_OverrideProvider);
+    call(u"BoxHide");
+    EXPECT_EQ(places->GetOverrideProviderForHwnd(open, host.put()), S_OK);
+    EXPECT_FALSE(host) << "closed";
+    control->deactivate();
+
+    place(u"UpDownTextBox");
+    const auto spinner = provider();
+    ASSERT_EQ(spinner->QueryInterface(__uuidof(win32::IHwndOverride), places.putVoid()), S_OK);
+    const HWND edit = GetWindow(reinterpret_cast<HWND>(control->window()), GW_CHILD);
+    EXPECT_EQ(places->GetOverrideProviderForHwnd(edit, host.put()), S_OK);
+    EXPECT_FALSE(host) << "it is where it belongs";
+    control->deactivate();
+}
+
+TEST_F(Automation, AnswersWithAnErrorWhatItDoesNotDo) {
+    constexpr auto invalidOperation = static_cast<HRESULT>(0x80131509);
+    place(u"GridEdit");
+    call(u"RowsSet", {int32_t{3}});
+    const auto scroll = pattern<win32::IScrollProvider>(provider(), UIA_ScrollPatternId);
+    EXPECT_EQ(scroll->SetScrollPercent(-1, 50), invalidOperation) << "all rows are in sight";
+    EXPECT_EQ(scroll->SetScrollPercent(-2, 50), E_INVALIDARG);
+    EXPECT_EQ(scroll->Scroll(win32::ScrollAmount::noAmount, win32::ScrollAmount::smallIncrement),
+              invalidOperation);
+    control->deactivate();
+
+    place(u"PageTab");
+    const auto selection = pattern<win32::ISelectionProvider>(provider(), UIA_SelectionPatternId);
+    BOOL required = TRUE;
+    EXPECT_EQ(selection->get_IsSelectionRequired(&required), S_OK);
+    EXPECT_FALSE(required) << "there are no tabs";
+    putProperty(*control, *control->table().member(u"ActiveTabs"), Text(u"Home,Help"));
+    EXPECT_EQ(selection->get_IsSelectionRequired(&required), S_OK);
+    EXPECT_TRUE(required);
+    const auto first = go(provider(), NavigateDirection_FirstChild);
+    const auto tab = pattern<win32::ISelectionItemProvider>(first, UIA_SelectionItemPatternId);
+    EXPECT_EQ(tab->Select(), S_OK);
+    EXPECT_EQ(tab->AddToSelection(), S_OK) << "it is selected";
+    EXPECT_EQ(pattern<win32::ISelectionItemProvider>(go(first, NavigateDirection_NextSibling),
+                                                     UIA_SelectionItemPatternId)
+                  ->AddToSelection(),
+              invalidOperation);
+    control->deactivate();
 }
 
 TEST_F(Automation, SaysOfEverythingThatItIsGone) {
@@ -695,6 +785,7 @@ std::wstring patternsIn(const ComPtr<IRawElementProviderSimple>& root,
                         const std::function<ComPtr<IRawElementProviderSimple>(
                             const ComPtr<IRawElementProviderSimple>&, NavigateDirection)>& go) {
     static const std::map<long, const wchar_t*> types = {
+        {0, L"window"},  // which says itself what it is
         {50000, L"button"},    {50001, L"calendar"},     {50003, L"combo box"},  {50006, L"image"},
         {50007, L"list item"}, {50008, L"list"},         {50014, L"scroll bar"}, {50016, L"spinner"},
         {50018, L"tab"},       {50019, L"tab item"},     {50020, L"text"},       {50028, L"data grid"},
@@ -744,7 +835,7 @@ TEST_F(Automation, HasThePatternsOfEachThing) {
         {u"UpDownTextBox", L"spinner: Value Range\nbutton: Invoke\n", L""},
         {u"DateCalendar", L"combo box: Expand Value\nbutton: Invoke\n",
          L"pane:\ncalendar: Selection Grid Table\nheader item:\nlist item: SelectionItem GridItem TableItem\n"
-         L"combo box: Expand Value\nspinner: Value Range\nbutton: Invoke\ntext:\n"},
+         L"combo box: Expand Value\nspinner: Value Range\nbutton: Invoke\nwindow:\ntext:\n"},
         {u"ButtonPalette", L"split button: Invoke Expand Value\n",
          L"list: Selection\nlist item: SelectionItem\nbutton: Invoke\n"},
         {u"ButtonArrow", L"image:\n", L""},

@@ -25,6 +25,7 @@ constexpr auto notAvailable = static_cast<HRESULT>(0x80040201);
 constexpr auto notEnabled = static_cast<HRESULT>(0x80040200);
 constexpr auto invalidOperation = static_cast<HRESULT>(0x80131509);
 constexpr int appendRuntimeId = 3;
+constexpr double notScrolled = -1;  // in one direction, while the other one is
 
 void ask(AutomationFunctions& functions) {
     if (std::exchange(functions.asked, true)) return;
@@ -94,7 +95,7 @@ void put(VARIANT* result, TextView text) {
 
 class Provider final
     : public ComObject<IRawElementProviderSimple, IRawElementProviderFragment,
-                       IRawElementProviderFragmentRoot, IInvokeProvider, IToggleProvider,
+                       IRawElementProviderFragmentRoot, IHwndOverride, IInvokeProvider, IToggleProvider,
                        IExpandCollapseProvider, IValueProvider, IRangeValueProvider, ISelectionProvider,
                        ISelectionItemProvider, IScrollProvider, IScrollItemProvider, IGridProvider,
                        IGridItemProvider, ITableProvider, ITableItemProvider> {
@@ -104,8 +105,12 @@ public:
 
     HRESULT STDMETHODCALLTYPE get_ProviderOptions(ProviderOptions* options) override {
         if (!options) return E_POINTER;
-        *options = static_cast<ProviderOptions>(ProviderOptions_ServerSideProvider |
-                                                ProviderOptions_UseComThreading);
+        int chosen = ProviderOptions_ServerSideProvider | ProviderOptions_UseComThreading;
+        viewed([&](const View& view) {
+            if (hasWindow(view)) chosen |= ProviderOptions_OverrideProvider;
+            return S_OK;
+        });
+        *options = static_cast<ProviderOptions>(chosen);
         return S_OK;
     }
     HRESULT STDMETHODCALLTYPE GetPatternProvider(PATTERNID pattern, IUnknown** result) override {
@@ -116,15 +121,15 @@ public:
     }
     HRESULT STDMETHODCALLTYPE GetPropertyValue(PROPERTYID property, VARIANT* value) override {
         return asked(value, [&](const View& view) {
-            tell(view, property, value);
+            if (!hasWindow(view)) tell(view, property, value);
             return S_OK;
         });
     }
     HRESULT STDMETHODCALLTYPE get_HostRawElementProvider(IRawElementProviderSimple** host) override {
         return asked(host, [&](const View& view) {
-            return whole(view) && automationFunctions().hostProvider
-                       ? automationFunctions().hostProvider(view.window, host)
-                       : S_OK;
+            const HWND own = whole(view) ? view.window : reinterpret_cast<HWND>(view.item.window);
+            return own && automationFunctions().hostProvider ? automationFunctions().hostProvider(own, host)
+                                                             : S_OK;
         });
     }
 
@@ -146,8 +151,8 @@ public:
             const int32_t by = back ? -1 : 1;
             const int32_t index = aside ? tree.indexInParent(id_) + by : back ? tree.childCount(id_) - 1 : 0;
             AccessibleId next = tree.childInSight(around, index, by);
-            // What has a window of its own the system adds by itself.
-            while (next && tree.item(next).window != 0)
+            // What has a window of its own the system adds by itself to the window that it is in.
+            while (next && around == tree.root() && tree.item(next).window != 0)
                 next = tree.childInSight(around, tree.indexInParent(next) + by, by);
             give(view, next, found);
             return S_OK;
@@ -155,7 +160,7 @@ public:
     }
     HRESULT STDMETHODCALLTYPE GetRuntimeId(SAFEARRAY** result) override {
         return asked(result, [&](const View& view) {
-            if (whole(view)) return S_OK;  // the window's
+            if (whole(view) || hasWindow(view)) return S_OK;  // the window's
             const auto widget = reinterpret_cast<uintptr_t>(id_.widget);
             const int numbers[] = {appendRuntimeId, static_cast<int>(widget),
                                    static_cast<int>(uint64_t{widget} >> 32), id_.part.row, id_.part.col};
@@ -185,7 +190,9 @@ public:
     }
     HRESULT STDMETHODCALLTYPE SetFocus() override {
         return done([&](const View& view) {
-            if (!view.tree.act(id_, {Kind::focus, {}, 0}) && whole(view)) view.surface->takeFocus();
+            if (view.tree.act(id_, {Kind::focus, {}, 0})) return S_OK;
+            if (!whole(view)) return invalidOperation;
+            view.surface->takeFocus();
             return S_OK;
         });
     }
@@ -207,6 +214,16 @@ public:
     HRESULT STDMETHODCALLTYPE GetFocus(IRawElementProviderFragment** found) override {
         return asked(found, [&](const View& view) {
             giveOwn(view, view.tree.focus(), found);
+            return S_OK;
+        });
+    }
+
+    // A window that is a cell's editor is the cell's, not one among the grid's rows.
+    HRESULT STDMETHODCALLTYPE GetOverrideProviderForHwnd(HWND window,
+                                                         IRawElementProviderSimple** found) override {
+        return asked(found, [&](const View& view) {
+            const AccessibleId shown = view.tree.ofWindow(reinterpret_cast<uintptr_t>(window));
+            if (view.tree.parent(shown) != view.tree.root()) give(view, shown, found);
             return S_OK;
         });
     }
@@ -267,10 +284,18 @@ public:
         return told(can, [](const Item& item) { return item.is(Item::multiSelectable); });
     }
     HRESULT STDMETHODCALLTYPE get_IsSelectionRequired(BOOL* required) override {
-        return told(required, [](const Item& item) { return item.role != Role::list; });
+        return asked(required, [&](const View& view) {
+            *required = view.item.role != Role::list && view.tree.childCount(id_) > 0;
+            return S_OK;
+        });
     }
     HRESULT STDMETHODCALLTYPE Select() override { return act({Kind::select, {}, 0}); }
-    HRESULT STDMETHODCALLTYPE AddToSelection() override { return act({Kind::extend, {}, 0}); }
+    HRESULT STDMETHODCALLTYPE AddToSelection() override {
+        return done([&](const View& view) {
+            const bool is = view.item.is(Item::selected);
+            return is || view.tree.act(id_, {Kind::extend, {}, 0}) ? S_OK : invalidOperation;
+        });
+    }
     HRESULT STDMETHODCALLTYPE RemoveFromSelection() override {
         return done([](const View&) { return invalidOperation; });
     }
@@ -288,7 +313,7 @@ public:
     HRESULT STDMETHODCALLTYPE Scroll(ScrollAmount across, ScrollAmount down) override {
         return done([&](const View& view) {
             const auto to = [](double from, double shown, ScrollAmount amount) {
-                if (amount == ScrollAmount::noAmount || from < 0) return -1.0;
+                if (amount == ScrollAmount::noAmount) return notScrolled;
                 const bool large =
                     amount == ScrollAmount::largeDecrement || amount == ScrollAmount::largeIncrement;
                 const bool back =
@@ -388,6 +413,8 @@ private:
 
     IRawElementProviderSimple* first() { return this; }
     bool whole(const View& view) const { return id_ == view.tree.root(); }
+    // The system describes such a thing, and this says only where it is.
+    static bool hasWindow(const View& view) { return view.item.window != 0; }
 
     HRESULT viewed(const std::function<HRESULT(const View&)>& use) const {
         HRESULT outcome = notAvailable;
@@ -465,9 +492,12 @@ private:
         }
         return list(view, headers, result);
     }
-    // By the scroll bars, which come behind the rows; below 0 is left as it is.
+    // By the scroll bars, which come behind the rows.
     HRESULT scrollTo(const View& view, double across, double down) const {
-        if (across > 100 || down > 100) return E_INVALIDARG;
+        const auto wrong = [](double to) { return to != notScrolled && !(to >= 0 && to <= 100); };
+        const Item::Scroll now = view.item.scroll.value_or(Item::Scroll());
+        if (wrong(across) || wrong(down)) return E_INVALIDARG;
+        if ((across >= 0 && now.across < 0) || (down >= 0 && now.down < 0)) return invalidOperation;
         const int32_t count = view.tree.childCount(id_);
         for (int32_t index = view.item.rows; index < count; ++index) {
             const AccessibleId bar = view.tree.child(id_, index);
@@ -482,6 +512,7 @@ private:
 
     bool supports(const View& view, PATTERNID pattern) const {
         const Item& item = view.item;
+        if (hasWindow(view)) return false;
         const bool cell = item.row >= 0 && item.col >= 0;
         switch (pattern) {
             case UIA_InvokePatternId:

@@ -12,6 +12,11 @@ enum class ExpandCollapseState : int { collapsed, expanded };
 enum class RowOrColumnMajor : int { rowMajor };
 enum class ScrollAmount : int { largeDecrement, smallDecrement, noAmount, largeIncrement, smallIncrement };
 
+// Of a window with other windows in it: gives one of those its place in the tree.
+struct IHwndOverride : IUnknown {
+    virtual HRESULT STDMETHODCALLTYPE GetOverrideProviderForHwnd(HWND window,
+                                                                 IRawElementProviderSimple** provider) = 0;
+};
 struct IInvokeProvider : IUnknown {
     virtual HRESULT STDMETHODCALLTYPE Invoke() = 0;
 };
@@ -87,6 +92,8 @@ struct ITableItemProvider : IUnknown {
 
 }  // namespace obk::win32
 
+__CRT_UUID_DECL(obk::win32::IHwndOverride, 0x1d5df27c, 0x8947, 0x4425, 0xb8, 0xd9, 0x79, 0x78, 0x7b, 0xb4,
+                0x60, 0xb8)
 __CRT_UUID_DECL(obk::win32::IInvokeProvider, 0x54fcb24b, 0xe18e, 0x47a2, 0xb4, 0xd3, 0xec, 0xcb, 0xe7, 0x75,
                 0x99, 0xa2)
 __CRT_UUID_DECL(obk::win32::IToggleProvider, 0x56d00bd0, 0xc4f4, 0x433c, 0xa8, 0x36, 0x1a, 0x52, 0xa5, 0x7e,

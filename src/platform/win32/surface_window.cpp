@@ -446,14 +446,12 @@ Text SurfaceWindow::labelBefore() const {
         _wcsicmp(text.data(), L"static") != 0)
         return {};
     const int length = InternalGetWindowText(before, text.data(), static_cast<int>(text.size()));
-    const Text written = fromWide({text.data(), static_cast<size_t>(std::max(length, 0))});
-    Text label;
-    for (size_t unit = 0; unit < written.size(); ++unit) {
-        // A mark of an access key; two of them are one character.
-        if (written[unit] == u'&' && !has(before, SS_NOPREFIX) && ++unit == written.size()) break;
-        label += written[unit];
+    Text label = fromWide({text.data(), static_cast<size_t>(std::max(length, 0))});
+    if (has(before, SS_NOPREFIX)) {
+        // Each of its marks is one that shows.
+        for (size_t mark = 0; (mark = label.find(u'&', mark)) != Text::npos; mark += 2)
+            label.insert(mark, 1, u'&');
     }
-    while (!label.empty() && (label.back() == u':' || label.back() == u' ')) label.pop_back();
     return label;
 }
 

@@ -1,4 +1,4 @@
-#include "pagetab/caption_text.h"
+#include "base/caption_text.h"
 
 #include <algorithm>
 
@@ -45,6 +45,11 @@ std::optional<char16_t> accessKeyOf(TextView caption) {
         return !key;
     });
     return key;
+}
+
+Text spokenAccessKey(TextView caption) {
+    const auto key = accessKeyOf(caption);
+    return key ? u"Alt+" + Text(1, *key) : Text();
 }
 
 bool calledBy(TextView caption, char16_t character) {

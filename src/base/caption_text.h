@@ -14,6 +14,8 @@ Text lineOfCaption(TextView caption);
 Text plainCaption(TextView caption);
 // The upper-case character after the first mark; nothing where there is none.
 std::optional<char16_t> accessKeyOf(TextView caption);
+// The same as it is told, with the key that goes before it: "Alt+C"; empty where there is none.
+Text spokenAccessKey(TextView caption);
 // Whether a typed character means this caption: its access key or its first letter, in either case.
 bool calledBy(TextView caption, char16_t character);
 
