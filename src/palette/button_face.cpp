@@ -136,13 +136,14 @@ PixelRect ButtonFace::paintPicture(Canvas& canvas, const PixelRect& content) {
 
 const PictureRef& ButtonFace::prepared(const PictureRef& source, bool grey) {
     const Rgb mask = rgb(state_.MaskHLightColor);
-    if (prepared_.source == source && prepared_.mask == mask && prepared_.grey == grey)
+    const Rgb face = grey ? rgb(state_.background) : Rgb();
+    if (prepared_.source == source && prepared_.mask == mask && prepared_.ground == face &&
+        prepared_.grey == grey)
         return prepared_.picture;
-    prepared_ = {source, mask, grey, source};
+    prepared_ = {source, mask, face, grey, source};
     // A picture that is not made of pixels (a metafile) is drawn as it is.
     std::vector<uint32_t> pixels = source->pixels();
     if (pixels.empty()) return prepared_.picture;
-    const Rgb face = rgb(state_.background);
     for (uint32_t& pixel : pixels) {
         const Rgb own = Rgb::of(static_cast<uint8_t>(pixel >> 16), static_cast<uint8_t>(pixel >> 8),
                                 static_cast<uint8_t>(pixel));

@@ -39,10 +39,11 @@ private:
     void paintSeparator(Canvas& canvas, const PixelRect& bounds) const;
     void paintCaption(Canvas& canvas, const PixelRect& content) const;
 
-    // A picture as it is drawn: without its mask colour, grey when it stands in for a missing disabled one.
+    // A picture as it is drawn: without its mask colour, on its ground grey when it stands in for a missing
+    // disabled one.
     struct Prepared {
         PictureRef source;
-        Rgb mask;
+        Rgb mask, ground;
         bool grey = false;
         PictureRef picture;
     };

@@ -526,6 +526,12 @@ TEST_F(ButtonPaletteTest, MaskedPixelsOfAPictureAreLeftOut) {
     EXPECT_EQ(drawn(), (Pixels{0, 0xFF112233u}));
     put(u"MaskHLightColor", OleColour(Rgb::of(0x11, 0x22, 0x33)));
     EXPECT_EQ(drawn(), (Pixels{0xFFFF00FFu, 0}));
+    put(u"Enabled", false);
+    const Pixels grey = drawn();
+    EXPECT_NE(grey, (Pixels{0xFFFF00FFu, 0}));
+    put(u"BackcolorCustom", true);
+    put(u"BackColor", OleColour(Rgb::of(0, 0, 0)));
+    EXPECT_NE(drawn(), grey) << "greyed towards another ground";
     put(u"PictureVisible", false);
     EXPECT_EQ(drawn(), Pixels());
     EXPECT_EQ(get(u"Picture"), Value(PictureRef(picture))) << "the host's own picture stays what it was";

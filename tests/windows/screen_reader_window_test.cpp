@@ -555,8 +555,7 @@ TEST_F(Automation, HasAnOpenEditorInItsCell) {
     ComPtr<win32::IHwndOverride> places;
     ASSERT_EQ(grid->QueryInterface(__uuidof(win32::IHwndOverride), places.putVoid()), S_OK);
     const HWND face = reinterpret_cast<HWND>(control->window());
-    constexpr LPARAM automationRoot = -25;
-    SendMessageW(face, WM_GETOBJECT, 0, automationRoot);  // as clients begin
+    SendMessageW(face, WM_GETOBJECT, 0, win32::automationRoot);  // as clients begin
     ComPtr<IRawElementProviderSimple> editor, host;
     EXPECT_EQ(places->GetOverrideProviderForHwnd(face, editor.put()), S_OK);
     EXPECT_FALSE(editor) << "no editor";
