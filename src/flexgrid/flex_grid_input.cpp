@@ -205,8 +205,7 @@ void FlexGrid::keyDown(KeyEvent& event) {
 }
 
 int16_t FlexGrid::towards(int16_t key) const {
-    if (!surface() || !surface()->mirrored()) return key;
-    return key == key::left ? key::right : key == key::right ? key::left : key;
+    return surface() && surface()->mirrored() ? key::mirrored(key) : key;
 }
 
 void FlexGrid::goTo(CellAddress cell) {

@@ -231,9 +231,7 @@ void Control::announceSurface(AccessibleEvent event) {
 
 KeyEvent Control::alongReading(const KeyEvent& event) const {
     KeyEvent read = event;
-    const bool aside = event.code == key::left || event.code == key::right;
-    if (aside && mirrorsItself() && rightToLeft())
-        read.code = event.code == key::left ? key::right : key::left;
+    if (mirrorsItself() && rightToLeft()) read.code = key::mirrored(event.code);
     return read;
 }
 

@@ -83,7 +83,7 @@ protected:
     // Whether all of the control is mirrored then, so that x counts from the reading edge. Otherwise it lays
     // itself out for both.
     virtual bool mirrorsItself() const { return false; }
-    // A key as it would be without mirroring: the arrows to the sides change places.
+    // A key as it would be without mirroring.
     KeyEvent alongReading(const KeyEvent& event) const;
     // Shift+Tab and the like, on behalf of the user. Whether the container used it.
     bool offerToContainer(const KeyEvent& event) override;

@@ -45,6 +45,11 @@ constexpr int16_t f2 = 113;
 constexpr int16_t f4 = 115;
 constexpr int16_t f10 = 121;
 constexpr int16_t plus = 187;
+
+// As in a mirror: the arrows to the sides change places.
+constexpr int16_t mirrored(int16_t code) {
+    return code == left ? right : code == right ? left : code;
+}
 }  // namespace key
 
 // One key going down or up. A listener that sets `code` to 0 discards the key.
