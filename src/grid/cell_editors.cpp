@@ -9,8 +9,7 @@
 
 namespace obk {
 
-CellEditors::CellEditors(Control& outer, FlexGrid& grid)
-    : outer_(outer), grid_(grid), cboLIST(grid, u"List") {
+CellEditors::CellEditors(Control& outer, FlexGrid& grid) : outer_(outer), grid_(grid), cboLIST(grid) {
     cboLIST.setVisible(false);
     connections_.push_back(cboLIST.pressed.connect([this] { listPressed(); }));
     connections_.push_back(cboLIST.chosen.connect([this] { itemChosen(); }));
@@ -33,7 +32,7 @@ std::unique_ptr<CellEditor> CellEditors::make(ColumnType type) {
         case ColumnType::number:
             return makeNumberEditor(*this, outer_, grid_);
         case ColumnType::time:
-            if (!dtpTIME) dtpTIME.emplace(grid_, u"Time");
+            if (!dtpTIME) dtpTIME.emplace(grid_);
             if (dtpTIME->items().empty())
                 for (const Text& time : timeList()) dtpTIME->add(time);
             return makeListEditor(*this, *dtpTIME);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "flexgrid/grid_model.h"
+#include "widgets/accessible_item.h"
 
 #include <algorithm>
 #include <map>
@@ -19,12 +20,15 @@ public:
     }
     // A column as it is spoken of: an empty caption and one that others have, too, tell the column's number.
     Text spoken(int32_t col) const {
-        const TextView own = trimmed(caption(col));
-        Text number = u"column " + decimalText(int64_t{col} + 1);
+        const auto said = [](TextView caption) {
+            Text name(caption);
+            makeSpoken(name);
+            return Text(trimmed(name));
+        };
+        Text own = said(caption(col)), number = u"column " + decimalText(int64_t{col} + 1);
         if (own.empty()) return number;
-        const auto same = [own](const auto& other) { return trimmed(other.second) == own; };
-        return std::count_if(captions_.begin(), captions_.end(), same) > 1 ? Text(own) + u", " + number
-                                                                           : Text(own);
+        const auto same = [&](const auto& other) { return said(other.second) == own; };
+        return std::count_if(captions_.begin(), captions_.end(), same) > 1 ? own + u", " + number : own;
     }
     bool setCaption(int32_t col, Text caption) {
         if (col < 0 || col >= GridModel::mostCols) return false;

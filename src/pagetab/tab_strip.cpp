@@ -208,11 +208,16 @@ AccessibleItem TabStrip::accessible(AccessiblePart part) const {
 
 // Captions may repeat, or hold nothing that can be said.
 Text TabStrip::nameOf(int32_t index) const {
-    const Text name = plainCaption(model_.caption(index));
-    bool another = trimmed(name).empty();
+    const auto spoken = [this](int32_t tab) {
+        Text name = plainCaption(model_.caption(tab));
+        makeSpoken(name);
+        return Text(trimmed(name));
+    };
+    const Text name = spoken(index);
+    bool another = name.empty();
     for (int32_t other = 1; other <= model_.count() && !another; ++other)
-        another = other != index && plainCaption(model_.caption(other)) == name;
-    return another ? name + (trimmed(name).empty() ? u"Tab " : u", tab ") + decimalText(index) : name;
+        another = other != index && spoken(other) == name;
+    return another ? name + (name.empty() ? u"Tab " : u", tab ") + decimalText(index) : name;
 }
 
 AccessibleId TabStrip::accessibleFocus() {

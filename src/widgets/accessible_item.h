@@ -85,4 +85,7 @@ struct AccessibleItem {
     }
 };
 
+// Leaves of a name what can be said of it.
+void makeSpoken(Text& name);
+
 }  // namespace obk

@@ -11,8 +11,6 @@ namespace obk {
 
 using Role = AccessibleItem::Role;
 
-namespace {
-
 // Hosts write what they like into captions: readers get no more than they can say.
 void makeSpoken(Text& name) {
     constexpr size_t longest = 512;
@@ -22,8 +20,6 @@ void makeSpoken(Text& name) {
         name.begin(), name.end(),
         [](char16_t unit) { return unit < u' ' || (unit >= 0xE000 && unit <= 0xF8FF); }, u' ');
 }
-
-}  // namespace
 
 AccessibleId AccessibleTree::root() const {
     return {&root_, {}};

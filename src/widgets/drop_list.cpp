@@ -21,7 +21,7 @@ bool startsWith(TextView text, TextView start) {
 }  // namespace
 
 DropList::DropList(Container& parent, Text name)
-    : Widget(parent), name_(std::move(name)), font_([this] { invalidate(); }), panel_(*this, items_, name_) {
+    : Widget(parent), name_(std::move(name)), font_([this] { invalidate(); }), panel_(*this, items_) {
     picked_ = panel_.chosen.connect([this](int32_t item) {
         if (select(item)) chosen();
     });

@@ -28,7 +28,8 @@ constexpr KeyClaim openListKeys[] = {
 class DropList final : public Widget {
 public:
     // `name` is for screen readers.
-    DropList(Container& parent, Text name);
+    // Without a name it is called as what it is in.
+    explicit DropList(Container& parent, Text name = {});
 
     void add(TextView item);
     // False, and nothing changed, for a position that the list does not have. What is shown stays.

@@ -23,8 +23,8 @@ void ListPanel::Root::mouse(const MouseEvent& event) {
     if (press) panel_.hide();
 }
 
-ListPanel::ListPanel(Widget& field, const std::vector<Text>& items, const Text& name)
-    : field_(field), name_(name), root_(*this), view_(root_, items), surface_(root_, *this) {
+ListPanel::ListPanel(Widget& field, const std::vector<Text>& items)
+    : field_(field), root_(*this), view_(root_, items), surface_(root_, *this) {
     chosen_ = view_.chosen.connect([this](int32_t item) {
         hide();
         chosen(item);
@@ -128,7 +128,10 @@ void ListPanel::surfaceChanged() {
 AccessibleItem ListPanel::describeSurface() const {
     AccessibleItem item;
     item.role = AccessibleItem::Role::list;
-    item.name = name_;
+    item.name = field_.accessible({}).name;
+    // An editor is called as its cell.
+    if (const Container* const around = item.name.empty() ? field_.parent() : nullptr)
+        item.name = around->accessible(around->accessiblePlaceOf(field_)).name;
     item.bounds = root_.pixelBounds();
     return item;
 }

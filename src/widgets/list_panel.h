@@ -12,8 +12,8 @@ namespace obk {
 // host's window that moves close it; so does the field, to which keys and wheel go.
 class ListPanel final : private SurfaceOwner {
 public:
-    // Both are borrowed; `name` is for screen readers.
-    ListPanel(Widget& field, const std::vector<Text>& items, const Text& name);
+    // Both are borrowed.
+    ListPanel(Widget& field, const std::vector<Text>& items);
     ListPanel(const ListPanel&) = delete;
     ListPanel& operator=(const ListPanel&) = delete;
     ~ListPanel();
@@ -61,7 +61,6 @@ private:
     AccessibleItem describeSurface() const override;
 
     Widget& field_;
-    const Text& name_;
     Root root_;
     ListView view_;
     Surface surface_;

@@ -188,6 +188,13 @@ void ScreenReader::inEveryState(const std::function<void(const std::string&)>& l
     };
     const auto drop = [this] { call(u"ShowPopUp"); };
     const State states[] = {
+    const auto edit = [this](int32_t type) {
+        return [=, this] {
+            call(u"ColTypeSet", {int32_t{0}, type});
+            call(u"CellTextSet", {int32_t{1}, int32_t{0}, Text(u"12.5")});
+            call(u"GridSetFocus", {int32_t{0}, int32_t{1}});
+        };
+    };
         {u"UpDownTextBox",
          {set(u"Text", Text(u"7")), set(u"BuddyAlignment", int32_t{1}), set(u"Enabled", false)}},
         {u"DateCalendar",
@@ -201,7 +208,7 @@ void ScreenReader::inEveryState(const std::function<void(const std::string&)>& l
         {u"lns", {}},
         {u"PageTab",
          {set(u"ActiveTabs", Text(u"&Home,Help,Help,,A rather long name,Another one that is long")),
-          set(u"ActiveTab", int32_t{6}), set(u"ActiveTabs", u"\xE001,A\xE002," + Text(600, u'x')),
+          set(u"ActiveTab", int32_t{6}), set(u"ActiveTabs", u"\xE001,\xE002,A\xE002,A," + Text(600, u'x')),
           set(u"ActiveTabs", Text())}},
         {u"GridEdit",
          {[this] { fillGrid(); },
@@ -211,17 +218,13 @@ void ScreenReader::inEveryState(const std::function<void(const std::string&)>& l
           [this] {
               call(u"GridSetFocus", {int32_t{1}, int32_t{2}});
           },
-          [this] { call(u"BoxHide"); },
           [this] {
-              call(u"ColTypeSet", {int32_t{0}, int32_t{1}});
-              call(u"GridSetFocus", {int32_t{0}, int32_t{1}});
+              call(u"BoxHide");
+              for (const int32_t col : {0, 1})
+                  call(u"BarHeaderCaptionSet", {col, Text(1, static_cast<char16_t>(0xE001 + col))});
           },
-          [this] {
-              call(u"ColTypeSet", {int32_t{0}, int32_t{5}});
-              call(u"GridSetFocus", {int32_t{0}, int32_t{1}});
-          },
-          [this] { call(u"TopRowSet", {int32_t{6}}); }, set(u"BarHeader", false),
-          [this] { call(u"RowsSet", {int32_t{0}}); }}},
+          edit(1), edit(4), key(key::f4), edit(5), edit(6), [this] { call(u"TopRowSet", {int32_t{6}}); },
+          set(u"BarHeader", false), [this] { call(u"RowsSet", {int32_t{0}}); }}},
     };
     for (const bool mirrored : {false, true}) {
         host.readsRightToLeft = mirrored;
