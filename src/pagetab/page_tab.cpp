@@ -100,8 +100,10 @@ void PageTab::ActiveTabNameSet(const Text& ActiveTabName) {
 }
 
 void PageTab::AddTab(const Text& sCaption) {
+    const int32_t before = model_.count();
     attempt([&] { model_.add(sCaption); });
     strip_.announce(AccessibleEvent::structure);
+    if (model_.count() > before) strip_.announce(AccessibleEvent::selection, {before, -1});
     mark(model_.active());
     if (accessKeyOf(sCaption)) accessKeysChanged();
 }

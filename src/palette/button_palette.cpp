@@ -225,6 +225,10 @@ AccessibleItem ButtonPalette::describeSurface() const {
     if (const TextView caption = trimmed(button_.Caption); !caption.empty())
         item.name = plainCaption(caption);
     item.value = Text();
+    // A colour from elsewhere is called as the one nearest to it.
+    const PaletteCell& cell = model_.SelectedCell();
+    if (Color() != cell.Color || cell.Color != OleColour(rgbFromHls(cell.hls)))
+        item.value = model_.palette().nearestCell(root().rgb(Color())).Name();
     if (button_.ToolTip != item.name) item.help = button_.ToolTip;
     if (accessKeyOf(button_.Caption)) item.accessKey = spokenAccessKey(button_.Caption);
     for (const auto state : {AccessibleItem::valued, AccessibleItem::readOnly, AccessibleItem::expandable,

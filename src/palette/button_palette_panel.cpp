@@ -118,6 +118,7 @@ void ButtonPalette::chooseCustomColour() {
     // What was cancelled answers the colour it started from, and the host hears of that all the same.
     const OleColour colour = picked ? OleColour(*picked) : start;
     loadColor(colour);  // and not the chosen cell's
+    announceSurface(AccessibleEvent::value);
     PropertyChanged<&ButtonPalette::selectedColor>();
     PropertyChanged<&ButtonPalette::Text>();
     int32_t told = asLong(colour);

@@ -246,7 +246,13 @@ AccessibleItem UpDownTextBox::describeSurface() const {
     item.set(AccessibleItem::disabled, !Enabled());
     item.range = {numberFromText(item.value).value_or(0), static_cast<double>(field_.Min),
                   static_cast<double>(field_.Max), field_.Interval};
-    item.allow(Kind::write, Kind::set, Kind::focus);
+    item.allow(Kind::write, Kind::focus);
+    // Who types here sets no bounds.
+    constexpr double farthest = 1e15;
+    if (entry_)
+        item.range = {item.range->value, -farthest, farthest, 1};
+    else
+        item.allow(Kind::set);
     return item;
 }
 

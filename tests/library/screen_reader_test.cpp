@@ -108,7 +108,8 @@ private:
             EXPECT_LE(tree_.selection(id).size(), 1u);
         }
         if (item.role == Role::spinner) {
-            EXPECT_TRUE(item.range.has_value());
+            ASSERT_TRUE(item.range.has_value());
+            EXPECT_LE(item.range->value, item.range->most);
             EXPECT_EQ(tree_.childCount(id), 3) << "an edit and two buttons";
         }
     }
@@ -550,6 +551,8 @@ TEST_F(ScreenReader, HearsEachChangeOnceAndInOrder) {
     EXPECT_EQ(heard(), (Journal{"selection Help", "focus Help"}));
     put(u"ActiveTab", int32_t{2});
     EXPECT_EQ(heard(), Journal()) << "it is there already";
+    call(u"AddTab", {Text(u"More")});
+    EXPECT_EQ(heard(), (Journal{"structure PageTab", "selection More", "focus More"}));
 
     begin(u"ButtonPalette");
     heard();
@@ -562,6 +565,8 @@ TEST_F(ScreenReader, HearsEachChangeOnceAndInOrder) {
     EXPECT_EQ(heard(), (Journal{"expanded Button closed", "focus Button", "value Button: " + toUtf8(first)}));
     put(u"Palette", int32_t{6});
     EXPECT_EQ(heard(), Journal{"value Button: " + text(u"Text")});
+    put(u"Color", int32_t{0x0000FF});
+    EXPECT_EQ(heard(), Journal{"value Button: RED"}) << "what it shows";
 
     begin(u"DateCalendar");
     put(u"Text", Text(u"Tue 10 Nov 2026"));
