@@ -119,13 +119,14 @@ void CalendarPanel::refresh() {
     lblMONTHYEAR.setCaption(month.heading);
     lblDAYNO.refresh();
     const bool open = surface() && surface()->holdsCapture();
-    if (open && toldMonth_ != month.heading) lblDAYNO.announce(AccessibleEvent::structure);
-    toldMonth_ = month.heading;
-    if (open && month.chosen > 0)
+    const bool another = std::exchange(toldMonth_, month.heading) != month.heading;
+    if (open && another) lblDAYNO.announce(AccessibleEvent::structure);
+    const bool chosen = std::exchange(toldDay_, month.chosen) != month.chosen || another;
+    if (open && chosen && month.chosen > 0)
         lblDAYNO.announce(AccessibleEvent::selection, {cellColumns + month.chosen - 1, -1});
     lblCURRENTDATE.setVisible(month.framed != 0);
     if (month.framed != 0) lblCURRENTDATE.moveOnto(month.layout.cellOf(month.framed));
-    showPart();
+    if (part_ == Part::days) showPart();
 }
 
 void CalendarPanel::rest() {

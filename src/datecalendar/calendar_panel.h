@@ -84,6 +84,7 @@ private:
     bool replacesYear_ = false;  // the next digit begins a new one
     Look look_ = Look::flat;
     Text toldMonth_;
+    int32_t toldDay_ = 0;
     WheelNotches wheel_;
     std::vector<Connection> connections_;
 };

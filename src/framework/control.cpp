@@ -226,7 +226,9 @@ AccessibleItem Control::describeSurface() const {
 }
 
 void Control::announceSurface(AccessibleEvent event) {
-    root_.parent() ? root_.parent()->announce(event) : root_.announce(event);
+    Container& shown = root_.parent() ? *root_.parent() : root_;
+    // An editor that is filled before it shows has no news.
+    if (shown.visible()) shown.announce(event);
 }
 
 KeyEvent Control::alongReading(const KeyEvent& event) const {

@@ -68,8 +68,8 @@ PixelSize ListView::size(Dpi dpi, int32_t leastWidth, int32_t mostItems) const {
 }
 
 void ListView::mark(int32_t item) {
-    marked_ = item >= 0 && item < count() ? item : -1;
-    if (marked_ >= 0) {
+    if (item < 0 || item >= count()) item = -1;
+    if (std::exchange(marked_, item) != item && item >= 0) {
         announce(AccessibleEvent::selection, {marked_, -1});
         announce(AccessibleEvent::focus);
     }

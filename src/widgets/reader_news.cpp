@@ -42,24 +42,43 @@ void ReaderNews::clear() {
 
 void ReaderNews::tell(bool inside, const std::unique_ptr<SurfacePeer>& peer) {
     if (std::exchange(focusWent_, false) && !inside) toldFocus_ = {};
-    const auto waiting = std::exchange(waiting_, {});
+    auto waiting = std::exchange(waiting_, {});
+    const auto ofFocus = [](const News& news) { return !news.event || news.event == AccessibleEvent::focus; };
+    auto focus = std::find_if(waiting.begin(), waiting.end(), ofFocus);
+    const bool moves = focus != waiting.end();
+    // Whoever comes to a thing is told all of it: what becomes of it afterwards would be heard twice.
+    const AccessibleId at = moves ? tree_.focus() : AccessibleId{};
+    for (auto each = focus; each != waiting.end(); ++each)
+        if (each->of == at) std::rotate(focus++, each, each + 1);
     for (const News& news : waiting) tellOne(news, peer);
     // What has changed may have had the focus, or have moved what has it.
-    const auto ofFocus = [](const News& news) { return !news.event || news.event == AccessibleEvent::focus; };
-    if (toldFocus_ && std::none_of(waiting.begin(), waiting.end(), ofFocus)) tellOne({}, peer);
+    if (toldFocus_ && !moves) tellOne({}, peer);
 }
 
 void ReaderNews::tellOne(const News& news, const std::unique_ptr<SurfacePeer>& peer) {
     if (!peer) return;
     const bool focus = !news.event || news.event == AccessibleEvent::focus;
-    const AccessibleId of = focus ? tree_.focus() : tree_.nearest(news.of);
+    // Of a part that has gone there is no news.
+    const AccessibleId of = focus                                        ? tree_.focus()
+                            : news.of.part.whole() || tree_.has(news.of) ? tree_.nearest(news.of)
+                                                                         : AccessibleId{};
     if (!of) return;
     const bool known = focus && std::exchange(toldFocus_, of) == of && !news.event;
     attempt([&] {
-        if (known)
-            peer->focusStays(of);
-        else
-            peer->tellReaders(news.event.value_or(AccessibleEvent::focus), of);
+        AccessibleEvent event = news.event.value_or(AccessibleEvent::focus);
+        if (of == toldFocus_) {
+            const AccessibleItem item = tree_.item(of);
+            const bool checks = item.is(AccessibleItem::checkable);
+            Text value = checks && item.is(AccessibleItem::checked) ? u"checked" : item.value;
+            const bool another = std::exchange(toldValue_, std::move(value)) != toldValue_;
+            if (known) {
+                peer->focusStays(of);
+                // What stands in its place now may be another thing.
+                if (!another || !peer || item.window != 0) return;
+                event = checks ? AccessibleEvent::toggled : AccessibleEvent::value;
+            }
+        }
+        peer->tellReaders(event, of);
     });
 }
 

@@ -43,6 +43,7 @@ private:
     const AccessibleTree& tree_;
     std::vector<News> waiting_;  // in the order in which they will be told
     AccessibleId toldFocus_;     // as readers know it; none while it is elsewhere
+    Text toldValue_;             // what it had by then
     bool focusWent_ = false;     // since they were told
 };
 

@@ -562,7 +562,7 @@ TEST_F(ScreenReader, HearsEachChangeOnceAndInOrder) {
     const Text first = ColourPalette(enQUILLPalette::QP24X8).baseCells()[0].Name();
     EXPECT_EQ(heard(), Journal{"focus " + toUtf8(first)});
     platform.pressKey(key::enter);
-    EXPECT_EQ(heard(), (Journal{"expanded Button closed", "focus Button", "value Button: " + toUtf8(first)}));
+    EXPECT_EQ(heard(), (Journal{"expanded Button closed", "value Button: " + toUtf8(first), "focus Button"}));
     put(u"Palette", int32_t{6});
     EXPECT_EQ(heard(), Journal{"value Button: " + text(u"Text")});
     put(u"Color", int32_t{0x0000FF});
@@ -581,10 +581,21 @@ TEST_F(ScreenReader, HearsEachChangeOnceAndInOrder) {
     EXPECT_EQ(heard(), (Journal{"expanded Month open", "selection November", "focus November"}));
     platform.pressKey(key::escape);
     EXPECT_EQ(heard(), (Journal{"expanded Month closed", "focus Month"}));
+    platform.pressKey(key::tab);
+    heard();
+    platform.pressKey(key::up);
+    EXPECT_EQ(heard(), (Journal{"value Year: 2027", "name November, 2027", "structure Days",
+                                "selection 9 November, 2027"}));
+    platform.pressKey(key::down);
+    platform.pressKey(key::tab);
+    platform.pressKey(key::space);
+    heard();
+    platform.pressKey(key::space);
+    EXPECT_EQ(heard(), Journal()) << "it is today already";
     platform.pressKey(key::escape);
     EXPECT_EQ(heard(), (Journal{"expanded DateCalendar closed", "focus DateCalendar"}));
     platform.type(u"1");
-    EXPECT_EQ(heard(), Journal{"value DateCalendar: 1Tue 10 Nov 2026"}) << "what is written there";
+    EXPECT_EQ(heard(), Journal{"value DateCalendar: 1Sat 14 Nov 2026"}) << "what is written there";
     platform.listen(false);
     call(u"ShowPopUp");
     EXPECT_EQ(heard(), Journal()) << "nobody listens";
@@ -639,7 +650,7 @@ TEST_F(ScreenReader, HearsOfTheCellsThatAPersonSees) {
     call(u"GridRedraw", {true});
     heard();
     call(u"CellTextSet", {int32_t{4}, int32_t{1}, Text(u"a")});
-    EXPECT_EQ(heard().back(), "toggled Same, row 5 on");
+    EXPECT_EQ(heard(), (Journal{"selection Same, row 5", "toggled Same, row 5 on", "focus Same, row 5"}));
     call(u"TopRowSet", {int32_t{7}});
     EXPECT_EQ(heard().front(), "scrolled down GridEdit");
 }
@@ -710,3 +721,16 @@ TEST_F(ScreenReader, HearsWhereTheFocusIsWhenTheCellThatHadItIsAnother) {
 
 }  // namespace
 }  // namespace obk::test
+    fillGrid();
+    call(u"GridFocusShow");
+    call(u"ColTypeSet", {int32_t{0}, int32_t{5}});
+    call(u"CellTextSet", {int32_t{0}, int32_t{0}, Text(u"12.5")});
+    call(u"BoxHide");
+    heard();
+    platform.pressKey(key::f2);
+    EXPECT_EQ(heard(), Journal()) << "an editor that opens is no news beside its own";
+    platform.type(u"7");
+    heard();
+    platform.pressKey(key::escape);
+    EXPECT_EQ(heard(), (Journal{"value City, row 1: 7", "focus City, row 1"}));
+

@@ -941,7 +941,15 @@ TEST_F(Automation, IsToldOfEachChangeInItsOrder) {
     EXPECT_EQ(RaisedEvents::take(), L"value column 1, row 4 = Paris");
     pattern<win32::IToggleProvider>(check, UIA_TogglePatternId)->Toggle();
     EXPECT_EQ(RaisedEvents::take(),
-              L"selected column 2, row 4; focus column 2, row 4; toggled column 2, row 4 = 1");
+              L"selected column 2, row 4; toggled column 2, row 4 = 1; focus column 2, row 4");
+    pattern<win32::ISelectionItemProvider>(cell, UIA_SelectionItemPatternId)->AddToSelection();
+    EXPECT_EQ(RaisedEvents::take(), L"added column 1, row 4");
+    pattern<win32::ISelectionItemProvider>(cell, UIA_SelectionItemPatternId)->Select();
+    RaisedEvents::take();
+    putProperty(*control, *control->table().member(u"AllowGridEdit"), Value(false));
+    EXPECT_EQ(RaisedEvents::take(), L"read only column 1, row 4 = -1");
+    call(u"RowDel", {int32_t{3}});
+    EXPECT_EQ(RaisedEvents::take(), L"structure GridEdit; value column 1, row 4");
     call(u"TopRowSet", {int32_t{50}});
     EXPECT_EQ(RaisedEvents::take(), L"down GridEdit = 54; structure GridEdit; number Up and down = 850");
     EXPECT_EQ(text(go(provider(), NavigateDirection_FirstChild), UIA_NamePropertyId), L"row 51");
