@@ -227,8 +227,10 @@ TEST(Magnifiers, FollowTheFocusThatAPanelDraws) {
         const POINT at = caretOnScreen();
         EXPECT_EQ(at.x, left);
         EXPECT_EQ(at.y, top);
+        EventHook::take();
         hosted.object().call(L"HidePopUp");
         hosted.loop.pumpPending();
+        EXPECT_NE(EventHook::take(GetFocus()).find(L"focus"), std::wstring::npos) << "readers come back, too";
         EXPECT_EQ(caretOnScreen().x, before.x) << "in the field again";
         EXPECT_EQ(caretOnScreen().y, before.y);
     }

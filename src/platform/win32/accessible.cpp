@@ -7,6 +7,7 @@
 
 #include <oleacc.h>
 
+#include <atomic>
 #include <cstdlib>
 #include <new>
 #include <vector>
@@ -405,7 +406,15 @@ void notifyAccessible(SurfaceWindow& surface, AccessibleEvent event, const Acces
         EVENT_OBJECT_STATECHANGE, EVENT_OBJECT_STATECHANGE, EVENT_OBJECT_REORDER,     EVENT_OBJECT_INVOKED,
         EVENT_OBJECT_STATECHANGE, contentScrolled,          contentScrolled};
     static_assert(std::size(events) == static_cast<size_t>(AccessibleEvent::scrolledDown) + 1);
-    if (item.window) return;  // the system tells of its own
+    // The system tells of its own windows, but not that readers come back to one from a panel, during which
+    // it has kept the keyboard.
+    static std::atomic<bool> inPanel = false;
+    const bool focus = event == AccessibleEvent::focus;
+    const auto own = reinterpret_cast<HWND>(item.window);
+    if (own && focus && inPanel.exchange(false))
+        NotifyWinEvent(EVENT_OBJECT_FOCUS, own, OBJID_CLIENT, CHILDID_SELF);
+    if (own) return;
+    if (focus) inPanel = GetFocus() != surface.hwnd();
     NotifyWinEvent(events[static_cast<size_t>(event)], surface.hwnd(), OBJID_CLIENT, surface.nameFor(of));
 }
 
