@@ -104,7 +104,9 @@ bool CurrentCellGrid::RemoveItem(int32_t row) {
 void CurrentCellGrid::Clear() {
     model_.clear();
     ++revision_;
-    if (watched_) cellsChanged({0, 0, Rows() - 1, Cols() - 1});
+    const CellRange all{0, 0, Rows() - 1, Cols() - 1};
+    if (watched_) cellsChanged(all);
+    if (watched_) textsChanged(all);
 }
 
 bool CurrentCellGrid::Sort(int32_t col, SortDirection direction, const SortKeyOf& keyOf) {
@@ -116,7 +118,10 @@ bool CurrentCellGrid::Sort(int32_t col, SortDirection direction, const SortKeyOf
 }
 
 bool CurrentCellGrid::setText(CellAddress cell, TextView text) {
-    return changed(cell, model_.setText(cell, text));
+    const bool another = model_.text(cell) != text;
+    const bool done = changed(cell, model_.setText(cell, text));
+    if (done && another && watched_) textsChanged(CellRange::between(cell, cell));
+    return done;
 }
 
 bool CurrentCellGrid::setPicture(CellAddress cell, PictureRef picture, CellAlignment alignment) {

@@ -86,6 +86,8 @@ protected:
     bool watched() const { return watched_; }
     // What has changed and may have to be drawn anew. Nothing may throw from here.
     virtual void cellsChanged(const CellRange& cells) = 0;
+    // After that, where they are not only drawn in another way.
+    virtual void textsChanged(const CellRange& cells) = 0;
     virtual void selectionChanged(const CellRange& before) = 0;
     // Everything from this row down, from this column to the right, may stand elsewhere or be gone.
     virtual void placesChanged(int32_t fromRow, int32_t fromCol) = 0;

@@ -143,6 +143,9 @@ bool ShownGrid::takeFocus() {
 
 void ShownGrid::cellsChanged(const CellRange& cells) {
     invalidateCells(cells);
+}
+
+void ShownGrid::textsChanged(const CellRange& cells) {
     const CellRange shown = cells.intersected(view().visible());
     if (shown.empty()) return;
     if (shown.single())
@@ -155,8 +158,11 @@ void ShownGrid::cellsChanged(const CellRange& cells) {
 void ShownGrid::selectionChanged(const CellRange& before) {
     invalidateCells(before);
     invalidateCells(selection());
-    announce(AccessibleEvent::selection, {Row(), Row() < 0 ? -1 : Col()});
-    if (hasFocus()) announce(AccessibleEvent::focus);
+    const bool several = current() != corner();
+    announce(several ? AccessibleEvent::extended : AccessibleEvent::selection,
+             {corner().row, corner().row < 0 ? -1 : corner().col});
+    // It stays where the selection began.
+    if (hasFocus() && !several) announce(AccessibleEvent::focus);
 }
 
 // Of what it stands in: so it is heard of a grid that hides, too.

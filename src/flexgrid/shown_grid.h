@@ -62,6 +62,7 @@ protected:
 
 private:
     void cellsChanged(const CellRange& cells) override;
+    void textsChanged(const CellRange& cells) override;
     void selectionChanged(const CellRange& before) override;
     void placesChanged(int32_t fromRow, int32_t fromCol) override;
     void announceStructure();

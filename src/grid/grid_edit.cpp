@@ -57,7 +57,9 @@ void GridEdit::connectChildren() {
 
 void GridEdit::SetAllowGridEdit(bool allow) {
     editing_.allow(allow);
-    announceSurface(AccessibleEvent::state);  // its cells can be written, or no more
+    // Its cells can be written, or no more.
+    if (flexGRID.Redraw())
+        flexGRID.announce(AccessibleEvent::state, {flexGRID.Row(), flexGRID.Row() < 0 ? -1 : flexGRID.Col()});
 }
 
 void GridEdit::SetBarHeader(bool BarHeader) {

@@ -5,8 +5,9 @@
 namespace obk {
 
 void GridEdit::BarHeaderCaptionSet(int32_t colno, const Text& caption) {
+    const bool another = header_.caption(colno) != caption;
     attempt([&] { header_.setCaption(colno, caption); });
-    if (flexGRID.Redraw()) picTOPBAR.announce(AccessibleEvent::name, {colno, -1});
+    if (another && flexGRID.Redraw()) picTOPBAR.announce(AccessibleEvent::name, {colno, -1});
     picTOPBAR.invalidate();
 }
 
@@ -56,7 +57,7 @@ void GridEdit::sortRows(SortDirection direction) {
     attempt([&] { flexGRID.Sort(header_.sortedCol(), direction, keyOf); });
     flexGRID.show(flexGRID.current());
     header_.sorted(direction);
-    picTOPBAR.announce(AccessibleEvent::state, {header_.sortedCol(), -1});
+    if (flexGRID.Redraw()) picTOPBAR.announce(AccessibleEvent::state, {header_.sortedCol(), -1});
 }
 
 }  // namespace obk

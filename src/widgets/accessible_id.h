@@ -47,6 +47,7 @@ enum class AccessibleEvent : uint8_t {
     toggled,
     scrolledAcross,
     scrolledDown,
+    extended,  // the selection, to where it ends now
 };
 
 }  // namespace obk

@@ -22,6 +22,7 @@ public:
 
 private:
     void cellsChanged(const CellRange&) override {}
+    void textsChanged(const CellRange&) override {}
     void selectionChanged(const CellRange&) override {}
     void placesChanged(int32_t, int32_t) override {}
 };

@@ -188,7 +188,6 @@ void ScreenReader::inEveryState(const std::function<void(const std::string&)>& l
         return [=, this] { platform.pressKey(code, shift); };
     };
     const auto drop = [this] { call(u"ShowPopUp"); };
-    const State states[] = {
     const auto edit = [this](int32_t type) {
         return [=, this] {
             call(u"ColTypeSet", {int32_t{0}, type});
@@ -196,6 +195,7 @@ void ScreenReader::inEveryState(const std::function<void(const std::string&)>& l
             call(u"GridSetFocus", {int32_t{0}, int32_t{1}});
         };
     };
+    const State states[] = {
         {u"UpDownTextBox",
          {set(u"Text", Text(u"7")), set(u"BuddyAlignment", int32_t{1}), set(u"Enabled", false)}},
         {u"DateCalendar",
@@ -611,6 +611,16 @@ TEST_F(ScreenReader, HearsOfTheCellsThatAPersonSees) {
     EXPECT_EQ(heard(), (Journal{"selection Same, column 3, row 2", "focus Same, column 3, row 2"}));
     call(u"CellTextSet", {int32_t{1}, int32_t{2}, Text(u"new")});
     EXPECT_EQ(heard(), Journal{"value Same, column 3, row 2: new"});
+    call(u"CellColorSetx", {int32_t{255}, int32_t{1}, int32_t{2}});
+    EXPECT_EQ(heard(), Journal()) << "nobody hears a colour";
+    platform.pressKey(key::down, shift::shift);
+    EXPECT_EQ(heard(), Journal{"extended Same, column 3, row 3"});
+    platform.pressKey(key::up, shift::shift);
+    heard();
+    platform.pressKey(key::insert);
+    EXPECT_EQ(heard(), (Journal{"structure GridEdit", "value Same, column 3, row 2: "}));
+    platform.pressKey(key::deleteKey);
+    EXPECT_EQ(heard(), (Journal{"structure GridEdit", "value Same, column 3, row 2: new"}));
     call(u"CellTextSet", {int32_t{11}, int32_t{2}, Text(u"far below")});
     EXPECT_EQ(heard(), (Journal{"selection Same, column 3, row 12", "focus Same, column 3, row 12"}))
         << "the current cell went there, and the text does not show";
@@ -638,12 +648,14 @@ TEST_F(ScreenReader, HearsOfTheCellsThatAPersonSees) {
     };
     EXPECT_EQ(heardOf("value"), 8);
     EXPECT_EQ(heardOf("toggled"), 4) << "the column of check boxes";
-    call(u"BarHeaderCaptionSet", {int32_t{2}, Text(u"Country")});
+    for (const auto& [col, caption] : {std::pair(2, u"Country"), {2, u"Country"}, {99, u"Nowhere"}})
+        call(u"BarHeaderCaptionSet", {col, Text(caption)});
     EXPECT_EQ(heard(), Journal{"name Country"});
     put(u"AllowGridEdit", false);
-    EXPECT_EQ(heard(), Journal{"state GridEdit"});
+    EXPECT_EQ(heard(), Journal{"state Country, row 4"}) << "nobody writes there any more";
     call(u"GridRedraw", {false});
     call(u"BarHeaderCaptionSet", {int32_t{2}, Text(u"Land")});
+    put(u"AllowGridEdit", true);
     put(u"BarHeader", false);
     EXPECT_EQ(heard(), Journal()) << "nothing is painted";
     put(u"BarHeader", true);
@@ -702,6 +714,12 @@ TEST_F(ScreenReader, HearsWhereTheFocusIsWhenTheCellThatHadItIsAnother) {
     call(u"GridColSort", {int32_t{2}});
     EXPECT_EQ(heard(), (Journal{"structure GridEdit", "scrolled down GridEdit", "value Up and down: 100",
                                 "state Same, column 3", "focus Same, column 3, row 12"}));
+    call(u"GridRedraw", {false});
+    call(u"GridColSort", {int32_t{2}});
+    EXPECT_EQ(heard(), Journal()) << "nothing is painted";
+    call(u"GridColSort", {int32_t{2}});
+    call(u"GridRedraw", {true});
+    heard();
     call(u"GridHide");
     EXPECT_EQ(heard(), (Journal{"structure GridEdit", "focus GridEdit"}));
     call(u"GridShow");
@@ -711,16 +729,6 @@ TEST_F(ScreenReader, HearsWhereTheFocusIsWhenTheCellThatHadItIsAnother) {
     call(u"RowsSet", {int32_t{0}});
     EXPECT_EQ(heard(), (Journal{"structure GridEdit", "focus GridEdit"}));
 
-    begin(u"PageTab");
-    put(u"ActiveTabs", Text(u"Home,Help"));
-    put(u"ActiveTab", int32_t{1});
-    heard();
-    put(u"ActiveTabs", Text(u"One,Two"));
-    EXPECT_EQ(heard(), (Journal{"structure PageTab", "focus PageTab"}));
-}
-
-}  // namespace
-}  // namespace obk::test
     fillGrid();
     call(u"GridFocusShow");
     call(u"ColTypeSet", {int32_t{0}, int32_t{5}});
@@ -734,3 +742,13 @@ TEST_F(ScreenReader, HearsWhereTheFocusIsWhenTheCellThatHadItIsAnother) {
     platform.pressKey(key::escape);
     EXPECT_EQ(heard(), (Journal{"value City, row 1: 7", "focus City, row 1"}));
 
+    begin(u"PageTab");
+    put(u"ActiveTabs", Text(u"Home,Help"));
+    put(u"ActiveTab", int32_t{1});
+    heard();
+    put(u"ActiveTabs", Text(u"One,Two"));
+    EXPECT_EQ(heard(), (Journal{"structure PageTab", "focus PageTab"}));
+}
+
+}  // namespace
+}  // namespace obk::test

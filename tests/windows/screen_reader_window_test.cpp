@@ -893,6 +893,7 @@ private:
     static HRESULT WINAPI raiseEvent(IRawElementProviderSimple* of, EVENTID event) {
         return note(of, event == 20005   ? L"focus"
                         : event == 20009 ? L"invoked"
+                        : event == 20010 ? L"added"
                         : event == 20012 ? L"selected"
                                          : L"other");
     }
@@ -906,6 +907,7 @@ private:
                     : property == UIA_RangeValueValuePropertyId                   ? L"number"
                     : property == UIA_ToggleToggleStatePropertyId                 ? L"toggled"
                     : property == UIA_NamePropertyId                              ? L"name"
+                    : property == UIA_ValueIsReadOnlyPropertyId                   ? L"read only"
                     : property == UIA_IsEnabledPropertyId                         ? L"enabled"
                     : property == UIA_ExpandCollapseExpandCollapseStatePropertyId ? L"expanded"
                     : property == UIA_ScrollVerticalScrollPercentPropertyId       ? L"down"
@@ -953,7 +955,7 @@ TEST_F(Automation, IsToldOfEachChangeInItsOrder) {
     call(u"RowDel", {int32_t{3}});
     EXPECT_EQ(RaisedEvents::take(), L"structure GridEdit; value column 1, row 4");
     call(u"TopRowSet", {int32_t{50}});
-    EXPECT_EQ(RaisedEvents::take(), L"down GridEdit = 54; structure GridEdit; number Up and down = 850");
+    EXPECT_EQ(RaisedEvents::take(), L"down GridEdit = 55; structure GridEdit; number Up and down = 850");
     EXPECT_EQ(text(go(provider(), NavigateDirection_FirstChild), UIA_NamePropertyId), L"row 51");
     control->deactivate();
 

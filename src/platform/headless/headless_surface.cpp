@@ -110,9 +110,9 @@ std::unique_ptr<CheckBoxPeer> HeadlessSurface::createCheckBox(CheckBoxClient& cl
 }
 
 void HeadlessSurface::tellReaders(AccessibleEvent event, const AccessibleId& of) {
-    static constexpr const char* names[] = {"focus",   "selection",       "value",        "name",
-                                            "state",   "expanded",        "structure",    "invoked",
-                                            "toggled", "scrolled across", "scrolled down"};
+    static constexpr const char* names[] = {"focus",   "selection",       "value",         "name",
+                                            "state",   "expanded",        "structure",     "invoked",
+                                            "toggled", "scrolled across", "scrolled down", "extended"};
     const AccessibleItem item = surfaceClient_.accessibleTree()->item(of);
     std::string line = names[static_cast<size_t>(event)] + (" " + toUtf8(item.name));
     if (event == AccessibleEvent::value) line += ": " + toUtf8(item.value);

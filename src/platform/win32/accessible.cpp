@@ -402,10 +402,11 @@ void notifyAccessible(SurfaceWindow& surface, AccessibleEvent event, const Acces
     constexpr DWORD contentScrolled = 0x8015;  // EVENT_OBJECT_CONTENTSCROLLED, of Windows 8
     // In the order of the events; an opened or closed part is a state.
     static constexpr DWORD events[] = {
-        EVENT_OBJECT_FOCUS,       EVENT_OBJECT_SELECTION,   EVENT_OBJECT_VALUECHANGE, EVENT_OBJECT_NAMECHANGE,
-        EVENT_OBJECT_STATECHANGE, EVENT_OBJECT_STATECHANGE, EVENT_OBJECT_REORDER,     EVENT_OBJECT_INVOKED,
-        EVENT_OBJECT_STATECHANGE, contentScrolled,          contentScrolled};
-    static_assert(std::size(events) == static_cast<size_t>(AccessibleEvent::scrolledDown) + 1);
+        EVENT_OBJECT_FOCUS,      EVENT_OBJECT_SELECTION,   EVENT_OBJECT_VALUECHANGE,
+        EVENT_OBJECT_NAMECHANGE, EVENT_OBJECT_STATECHANGE, EVENT_OBJECT_STATECHANGE,
+        EVENT_OBJECT_REORDER,    EVENT_OBJECT_INVOKED,     EVENT_OBJECT_STATECHANGE,
+        contentScrolled,         contentScrolled,          EVENT_OBJECT_SELECTIONADD};
+    static_assert(std::size(events) == static_cast<size_t>(AccessibleEvent::extended) + 1);
     // The system tells of its own windows, but not that readers come back to one from a panel, during which
     // it has kept the keyboard.
     static std::atomic<bool> inPanel = false;
@@ -415,7 +416,10 @@ void notifyAccessible(SurfaceWindow& surface, AccessibleEvent event, const Acces
         NotifyWinEvent(EVENT_OBJECT_FOCUS, own, OBJID_CLIENT, CHILDID_SELF);
     if (own) return;
     if (focus) inPanel = GetFocus() != surface.hwnd();
-    NotifyWinEvent(events[static_cast<size_t>(event)], surface.hwnd(), OBJID_CLIENT, surface.nameFor(of));
+    // How a column is sorted is its description.
+    const bool sorted = event == AccessibleEvent::state && item.role == Item::Role::columnHeader;
+    NotifyWinEvent(sorted ? EVENT_OBJECT_DESCRIPTIONCHANGE : events[static_cast<size_t>(event)],
+                   surface.hwnd(), OBJID_CLIENT, surface.nameFor(of));
 }
 
 }  // namespace obk::win32

@@ -53,7 +53,7 @@ constexpr int button = 50000, calendar = 50001, checkBox = 50002, comboBox = 500
 }
 
 namespace automation_event {
-constexpr EVENTID focusChanged = 20005, invoked = 20009, elementSelected = 20012;
+constexpr EVENTID focusChanged = 20005, invoked = 20009, elementAdded = 20010, elementSelected = 20012;
 }
 
 int controlTypeOf(Role role) {
@@ -640,6 +640,8 @@ void raiseAutomation(const std::shared_ptr<SurfaceWindow>& surface, AccessibleEv
             return raise(automation_event::focusChanged);
         case AccessibleEvent::selection:
             return raise(automation_event::elementSelected);
+        case AccessibleEvent::extended:
+            return raise(automation_event::elementAdded);
         case AccessibleEvent::invoked:
             return raise(automation_event::invoked);
         case AccessibleEvent::value:
@@ -662,6 +664,8 @@ void raiseAutomation(const std::shared_ptr<SurfaceWindow>& surface, AccessibleEv
         case AccessibleEvent::state:
             if (item.role == Role::columnHeader)
                 return changed(UIA_ItemStatusPropertyId, TextView(item.help));
+            if (item.role == Role::cell)
+                return changed(UIA_ValueIsReadOnlyPropertyId, item.is(Item::readOnly));
             return changed(UIA_IsEnabledPropertyId, !item.is(Item::disabled));
         case AccessibleEvent::expanded:
             return changed(UIA_ExpandCollapseExpandCollapseStatePropertyId, item.is(Item::expanded) ? 1 : 0);
