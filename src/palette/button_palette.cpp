@@ -33,6 +33,9 @@ ButtonPalette::ButtonPalette(Platform& platform)
     });
     on(model_.panelChanged, [this] { picDROPDOWNPANEL.invalidate(); });
     on(model_.cellsChanged, [this](const PixelRect& place) { picDROPDOWNPANEL.showCells(place); });
+    on(model_.shadesChanged, [this] {
+        if (panel_.visible()) picDROPDOWNPANEL.announce(AccessibleEvent::structure);
+    });
     on(model_.stripChanged, [this] { picDROPDOWNPANEL.showStrip(); });
     on(cmdMAINBTN.mouseReported, [this](const MouseEvent& event) { buttonMouse(event); });
     on(cmdMAINBTN.captureTaken, [this] {
@@ -227,7 +230,7 @@ AccessibleItem ButtonPalette::describeSurface() const {
     item.value = Text();
     // A colour from elsewhere is called as the one nearest to it.
     const PaletteCell& cell = model_.SelectedCell();
-    if (Color() != cell.Color || cell.Color != OleColour(rgbFromHls(cell.hls)))
+    if (ShowButtonColor() && (Color() != cell.Color || cell.Color != OleColour(rgbFromHls(cell.hls))))
         item.value = model_.palette().nearestCell(root().rgb(Color())).Name();
     if (button_.ToolTip != item.name) item.help = button_.ToolTip;
     if (accessKeyOf(button_.Caption)) item.accessKey = spokenAccessKey(button_.Caption);

@@ -98,6 +98,7 @@ void PaletteModel::buildShades(PaletteCell base) {
     const auto block = palette_.shadeCells();
     const PixelRect first = block.front().rect, last = block.back().rect;
     cellsChanged({first.left, first.top, last.right, last.bottom});
+    shadesChanged();
 }
 
 void PaletteModel::setStripHot(bool hot) {

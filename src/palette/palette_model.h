@@ -100,6 +100,7 @@ public:
     // What looks different now; whoever shows the model listens.
     Event<> buttonChanged, panelChanged, stripChanged;
     Event<const PixelRect&> cellsChanged;  // of the panel, in its pixels
+    Event<> shadesChanged;                 // they are those of another base colour
 
 private:
     void setBackground(bool own, Rgb buttonFace) {

@@ -567,6 +567,11 @@ TEST_F(ScreenReader, HearsEachChangeOnceAndInOrder) {
     EXPECT_EQ(heard(), Journal{"value Button: " + text(u"Text")});
     put(u"Color", int32_t{0x0000FF});
     EXPECT_EQ(heard(), Journal{"value Button: RED"}) << "what it shows";
+    call(u"ShowPopUp");
+    platform.pressKey(key::home);
+    heard();
+    platform.pressKey(key::down);
+    EXPECT_EQ(heard().back(), "structure Colors") << "the shades of another colour";
 
     begin(u"DateCalendar");
     put(u"Text", Text(u"Tue 10 Nov 2026"));
