@@ -414,6 +414,10 @@ TEST_F(DateCalendarTest, TheMonthListAndTheYearFieldRefillTheDays) {
     press(yearMore);
     EXPECT_EQ(days().size(), 29u) << "2028 is a leap year";
     EXPECT_EQ(host.take(), Journal{}) << "only a choice is news";
+    months();
+    platform.stealCapture();
+    EXPECT_EQ(host.takeEvents(), Journal{"FocusHidden"});
+    EXPECT_FALSE(open()) << "who takes the mouse from the list takes it from the panel";
 }
 
 TEST_F(DateCalendarTest, TodayCommitsAndStaysClearKeepsTheTextAndCloseKeepsAll) {
