@@ -269,6 +269,8 @@ TEST_F(FlexGridTest, BordersAreDraggedAndFitTheirColumn) {
     mouse(Kind::up, {-200, 30});
     EXPECT_EQ(grid.current(), (CellAddress{0, 0})) << "no cell was pressed";
     EXPECT_EQ(resized, (std::vector<int32_t>{0, 0}));
+    mouse(Kind::move, {5, 30});
+    EXPECT_EQ(peer().cursor(), Cursor::arrow) << "to press on";
 
     // All rows are measured, how many there may be: ten units of six pixels (half of 11 and 1).
     grid.change([](GridModel& model) {
