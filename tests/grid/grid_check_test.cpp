@@ -79,6 +79,10 @@ TEST_F(GridCheckTest, APersonTurnsTheMarkOverWithTheMouseAndTheBlankKey) {
     platform.mouse(window, {MouseEvent::Kind::down, button::left, 0, inBox});
     platform.mouse(window, {MouseEvent::Kind::up, button::left, 0, {1, 1}});
     EXPECT_EQ(value(), 0);
+    put(u"Value", int16_t{1});
+    control->deactivate();
+    activate(cell);
+    EXPECT_TRUE(box().checked()) << "so is its next window";
 }
 
 TEST_F(GridCheckTest, OnlyMarksAreTakenAndEveryPutIsTold) {

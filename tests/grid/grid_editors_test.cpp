@@ -239,7 +239,8 @@ TEST_F(GridEditorsTest, RowsComeAndGoByKeys) {
     platform.type(u"elm");
     platform.pressKey(key::escape);
     EXPECT_EQ(column(0), ",,,,oak,elm");
-    goTo(4, 0);
+    goTo(4, 1);
+    platform.pressKey(key::left);
     host.take();
     platform.pressKey(key::insert);
     EXPECT_EQ(takeNews(),
@@ -437,6 +438,14 @@ TEST_F(GridEditorsTest, TheListTellsWhatIsChosen) {
     EXPECT_EQ(news(host.take()), Journal{"CboClick"});
     call(u"BoxHide");
     EXPECT_EQ(read(0, listCol), "elm");
+    call(u"BoxShow");
+    platform.pressKey(key::f4);
+    platform.pressKey(key::end);
+    call(u"ComboDel", {2});
+    platform.pressKey(key::down);
+    platform.pressKey(key::enter);
+    call(u"BoxHide");
+    EXPECT_EQ(read(0, listCol), "oak") << "an item that has gone is not marked";
     call(u"ComboDel", {1});
     call(u"ComboDel", {7});
     EXPECT_EQ(typedInto(1, listCol, u"e"), "");
