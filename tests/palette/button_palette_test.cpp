@@ -61,9 +61,10 @@ TEST_F(ButtonPaletteTest, AClickOpensThePanelBelowAndASecondOneClosesIt) {
     EXPECT_EQ(platform.capture(), panel()->id());
     EXPECT_NE(ground(), closed) << "it looks pressed as long as the panel is open";
     // The press falls outside the panel, which has the mouse; its release on the button is no click.
-    platform.mouse(surface(), {Kind::down, button::left, 0, {20, 10}});
-    platform.mouse(surface(), {Kind::up, button::left, 0, {20, 10}});
-    EXPECT_EQ(host.takeEvents(), (Journal{"FocusHidden", "MouseUp 1 0 20 10"}));
+    for (const Kind kind : {Kind::down, Kind::move, Kind::up})
+        platform.mouse(surface(), {kind, button::left, 0, {20, 10}});
+    EXPECT_EQ(host.takeEvents(),
+              (Journal{"FocusHidden", "MouseOut 1 0 20 10", "MouseMove 1 0 20 10", "MouseUp 1 0 20 10"}));
     EXPECT_FALSE(open());
     EXPECT_EQ(platform.capture(), 0u);
     platform.click(surface(), {65, 11});
@@ -184,7 +185,8 @@ TEST_F(ButtonPaletteTest, KeysOpenCloseAndMoveOn) {
          {std::pair(key::f4, int16_t{0}), {key::f4, 0}, {key::down, shift::alt}, {key::up, shift::alt}}) {
         const bool before = open();
         host.take();
-        platform.pressKey(code, state);
+        for (const bool held : {false, true}) platform.keyDown(code, state, held);
+        platform.keyUp(code, state);
         EXPECT_NE(open(), before);
         const Journal told = host.takeEvents();
         EXPECT_EQ(std::count(told.begin(), told.end(), "Click"), 1);
