@@ -99,7 +99,9 @@ TEST_F(UpDownTextBoxTest, StepsAreHeldAtTheBoundAheadOnly) {
     }
     place(UpDownTextBox::memberTable());
     edit();
+    textWindow().setSelection({0, 1});
     platform.pressKey(key::up);
+    EXPECT_EQ(textWindow().selection().length, 0);
     EXPECT_EQ(text(u"Text"), "1") << "a freshly placed control has no interval yet";
 }
 
@@ -237,6 +239,11 @@ TEST_F(UpDownTextBoxTest, ADisabledControlTakesNoFocus) {
             EXPECT_TRUE(item.is(AccessibleItem::disabled));
         }
     }
+    MemoryBag stored;
+    control->save(stored);
+    put(u"Enabled", true);
+    control->load(stored);
+    EXPECT_FALSE(control->focus()) << "nor one that is loaded so";
     put(u"Enabled", true);
     EXPECT_TRUE(control->focus());
     host.take();
