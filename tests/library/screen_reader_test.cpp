@@ -614,6 +614,10 @@ TEST_F(ScreenReader, HearsOfTheCellsThatAPersonSees) {
     heard();
     platform.pressKey(key::down);
     EXPECT_EQ(heard(), (Journal{"selection Same, column 3, row 2", "focus Same, column 3, row 2"}));
+    platform.setFocus(0);
+    EXPECT_EQ(heard(), Journal());
+    control->focus();
+    EXPECT_EQ(heard(), Journal{"focus Same, column 3, row 2"}) << "where a person finds it again";
     call(u"CellTextSet", {int32_t{1}, int32_t{2}, Text(u"new")});
     EXPECT_EQ(heard(), Journal{"value Same, column 3, row 2: new"});
     call(u"CellColorSetx", {int32_t{255}, int32_t{1}, int32_t{2}});

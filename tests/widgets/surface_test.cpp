@@ -248,6 +248,11 @@ TEST_F(SurfaceTest, ScreenReadersHearOfTheVisiblePartsInTheirPlaces) {
     EXPECT_EQ(items[2].bounds, (PixelRect{10, 50, 20, 60})) << "what its frame lets show";
     frame.setVisible(false);
     EXPECT_EQ(everyItem(peer()).size(), 2u);
+    platform.listen(true);
+    std::optional<Probe> part(std::in_place, root, journal, "gone");
+    surface.announce(AccessibleEvent::state, {&*part, {}});
+    part.emplace(root, journal, "in its place");
+    EXPECT_EQ(platform.takeHeard(), Journal{}) << "nothing has happened to that one";
 }
 
 TEST_F(SurfaceTest, BetweenChildrenTheFocusIsNotLeft) {
