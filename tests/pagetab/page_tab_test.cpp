@@ -133,7 +133,7 @@ TEST_F(PageTabTest, KeysWalkTheTabs) {
              {'X', shift::alt, "Click E&xtra"},
              {'X', shift::alt, nullptr},
              {'Q', shift::alt, nullptr, true},
-             {115, shift::alt, nullptr, true},  // F4, whose code is that of an "s"
+             {120, shift::alt, nullptr, true},  // F9, whose code is that of an "x"
              {key::tab, 0, nullptr, true},
              {key::enter, 0, nullptr, true},
          }) {
@@ -305,6 +305,9 @@ TEST_F(PageTabTest, TabsThatDoNotFitScrollByButtonsAndWheel) {
     EXPECT_TRUE(shows(9));
     control->setBounds({0, 0, 120, 25});
     EXPECT_TRUE(shows(9) && !shows(5));
+    mouse(Kind::down, middle(buttons()[0]));
+    control->setBounds({0, 0, 40, 25});
+    EXPECT_EQ(platform.capture(), 0u) << "there is no button any more";
     control->setBounds({0, 0, 700, 25});
     EXPECT_TRUE(buttons().empty() && shows(1));
     EXPECT_FALSE(surface().surfaceClient().wheel({120, false, 0, {10, 10}}))
@@ -319,6 +322,13 @@ TEST_F(PageTabTest, CutCaptionsHaveToolTips) {
     EXPECT_EQ(surface().toolTip(), Text(30, u'&') + Text(20, u'x'));
     mouse(Kind::move, beside, 0);
     EXPECT_EQ(surface().toolTip(), u"");
+    put(u"ActiveTabs", Text(u"First,Second,Third,Fourth,Fifth,Sixth,Seventh,Eighth"));
+    std::set<Text> shown;
+    for (int32_t x = 0; x < buttons()[0].bounds.left; ++x) {
+        mouse(Kind::move, {x, 10}, 0);
+        shown.insert(surface().toolTip());
+    }
+    EXPECT_EQ(shown, (std::set<Text>{u"", u"Sixth"})) << "the tab that the buttons cut";
 }
 
 TEST_F(PageTabTest, EachStateLooksDifferentInEachLook) {
