@@ -132,6 +132,8 @@ AccessibleItem ListPanel::describeSurface() const {
     // An editor is called as its cell.
     if (const Container* const around = item.name.empty() ? field_.parent() : nullptr)
         item.name = around->accessible(around->accessiblePlaceOf(field_)).name;
+    // The list of an editor that has just closed, while its host is told.
+    if (item.name.empty()) item.name = u"Items";
     item.bounds = root_.pixelBounds();
     return item;
 }
