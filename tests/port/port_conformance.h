@@ -617,6 +617,9 @@ TEST_P(PortConformance, ACheckBoxTellsOfPressesAndLeavesItsMarkToTheClient) {
     driver->click(*area, overFirst);
     EXPECT_EQ(taken(),
               (Journal{"check.focusGained", "check.mouseDown 1", "check.mouseUp 1", "check.checkPressed"}));
+    driver->click(*area, overFirst);
+    EXPECT_EQ(taken(), (Journal{"check.doubleClick 1", "check.mouseUp 1", "check.checkPressed"}))
+        << "the second press of a quick pair is one like any other";
     check->setChecked(true);
     driver->key(key::space);
     Journal byKey = taken();

@@ -38,8 +38,7 @@ HBRUSH CheckBoxWindow::prepareColours(HDC dc) const {
 }
 
 void CheckBoxWindow::notified(WORD code) {
-    // The second press of a quick pair is one like any other.
-    if (code != BN_CLICKED && code != BN_DOUBLECLICKED) return;
+    if (code != BN_CLICKED) return;
     const Hold hold(*this);
     if (listening()) checkBoxClient_.checkPressed();
 }

@@ -241,7 +241,6 @@ void ClientWindow::noteFocus(const Message& message) {
     }
     const auto held = [](int button) { return GetKeyState(button) < 0; };
     enteredByKeys_ = !leftForm_ && !held(VK_LBUTTON) && !held(VK_RBUTTON) && !held(VK_MBUTTON);
-    leftForm_ = false;
 }
 
 LRESULT ClientWindow::keyDown(const Message& message) {
@@ -268,7 +267,6 @@ LRESULT ClientWindow::keyUp(const Message& message) {
     discardCharacter_ = false;
     if (!listening()) return defaultFor(message);
     KeyEvent event = keyEvent(message.wParam, message.lParam);
-    event.repeated = false;
     client_->keyUp(event);
     if (event.code == 0) return 0;
     Message passed = message;
