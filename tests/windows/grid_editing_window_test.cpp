@@ -574,12 +574,13 @@ TEST_F(GridEditing, ADropTellsTheHostWhatWasDroppedAndWhere) {
     const POINT target = middle(hosted, 2, 0);
     const int top = border + headerHeight(hosted);
     person.moveTo(face(), target.x, target.y);
-    EXPECT_EQ(person.dropHere(data.get()), static_cast<DWORD>(DROPEFFECT_COPY)) << "as the host has answered";
+    EXPECT_EQ(person.dropHere(data.get(), MOUSEEVENTF_RIGHTDOWN), static_cast<DWORD>(DROPEFFECT_COPY))
+        << "as the host has answered";
     ASSERT_EQ(told.size(), 6u);
     EXPECT_TRUE(holdsData);
     EXPECT_EQ(asked, L"oak oak 1 0 2 C:\\a.txt C:\\b.txt");
     EXPECT_EQ(told[1].toLong(), static_cast<long>(DROPEFFECT_COPY | DROPEFFECT_MOVE));
-    EXPECT_EQ(told[2].toLong(), 1);
+    EXPECT_EQ(told[2].toLong(), 2) << "the button that is no longer held";
     EXPECT_EQ(told[4].toLong(), (target.x - border + 1) * 15);
     EXPECT_EQ(told[5].toLong(), (target.y - top) * 15);
     EXPECT_EQ(number(L"MouseRow"), 2);

@@ -40,7 +40,7 @@ DWORD WINAPI liveElsewhere(void* parameter) {
 class DragSource final : public ComObject<IDropSource> {
 public:
     HRESULT STDMETHODCALLTYPE QueryContinueDrag(BOOL, DWORD keys) override {
-        return (keys & MK_LBUTTON) != 0 ? S_OK : DRAGDROP_S_DROP;
+        return (keys & (MK_LBUTTON | MK_RBUTTON)) != 0 ? S_OK : DRAGDROP_S_DROP;
     }
     HRESULT STDMETHODCALLTYPE GiveFeedback(DWORD) override { return DRAGDROP_S_USEDEFAULTCURSORS; }
 };
@@ -214,11 +214,11 @@ void Person::rightClick(HWND window, int x, int y) {
     release(MOUSEEVENTF_RIGHTUP);
 }
 
-DWORD Person::dropHere(IDataObject* data) {
-    press();
+DWORD Person::dropHere(IDataObject* data, DWORD downFlag) {
+    press(downFlag);
     const auto source = ComPtr<DragSource>(new DragSource);
     mouse_event(MOUSEEVENTF_MOVE, 1, 0, 0, 0);
-    mouse_event(MOUSEEVENTF_LEFTUP, 0, 0, 0, 0);
+    mouse_event(downFlag << 1, 0, 0, 0, 0);  // its release
     DWORD effect = DROPEFFECT_NONE;
     EXPECT_EQ(DoDragDrop(data, source.get(), DROPEFFECT_COPY | DROPEFFECT_MOVE, &effect), DRAGDROP_S_DROP);
     return effect;

@@ -41,7 +41,7 @@ public:
     void rightClick(HWND window, int x, int y);
     void turnWheel(int delta);
     // Drops data that may be copied or moved where the mouse is. What the target has done with it.
-    DWORD dropHere(IDataObject* data);
+    DWORD dropHere(IDataObject* data, DWORD downFlag = MOUSEEVENTF_LEFTDOWN);
     // Whether the condition came true in time.
     bool waitFor(const std::function<bool()>& condition);
     void wait(std::chrono::milliseconds time);
