@@ -56,27 +56,13 @@ HRESULT refused(HRESULT why, const VARIANT& given, ValueType wanted, size_t posi
     return why;
 }
 
-HRESULT resultOf(CallStatus status) {
-    switch (status) {
-        case CallStatus::done:
-            return S_OK;
-        case CallStatus::noSuchMember:
-            return DISP_E_MEMBERNOTFOUND;
-        case CallStatus::wrongArgumentCount:
-            return DISP_E_BADPARAMCOUNT;
-        case CallStatus::wrongArgumentType:
-            return DISP_E_TYPEMISMATCH;
-    }
-    return E_UNEXPECTED;
-}
-
+// The member is there and its arguments fit before it is called, so no call is refused below.
 HRESULT get(Control& control, const Member& member, const DISPPARAMS& arguments, VARIANT* result) {
     if (!member.get) return DISP_E_MEMBERNOTFOUND;
     if (arguments.cArgs != 0) return DISP_E_BADPARAMCOUNT;
     StackValues<1> answered;
     Value& value = answered.values().front();
-    if (const CallStatus status = getProperty(control, member, value); status != CallStatus::done)
-        return resultOf(status);
+    getProperty(control, member, value);
     if (result && typeOf(value) == ValueType::doubleFloat) {
         V_R8(result) = std::get<double>(value);
         V_VT(result) = VT_R8;
@@ -101,7 +87,8 @@ HRESULT putNumber(Control& control, const Member& member, Number number) {
     }
     if (typeOf(value) == ValueType::empty && isLeftOut(given))
         return setWrongArgument(wrongArgument, 0), DISP_E_PARAMNOTOPTIONAL;
-    return resultOf(putProperty(control, member, value));
+    putProperty(control, member, value);
+    return S_OK;
 }
 
 HRESULT put(Control& control, const Member& member, WORD flags, const DISPPARAMS& arguments,
@@ -171,8 +158,7 @@ HRESULT place(const Member& method, const DISPPARAMS& arguments, Places& places,
     if (tellsChanges) before.assign(values.begin(), values.end());
     StackValues<1> answered;
     Value& answer = answered.values().front();
-    if (const CallStatus status = callMethod(control, method, values, answer); status != CallStatus::done)
-        return resultOf(status);
+    callMethod(control, method, values, answer);
     for (size_t at = 0; at < before.size(); ++at) {
         if (places[at] != none && method.parameters[at].byReference && values[at] != before[at])
             writeBack(values[at], arguments.rgvarg[places[at]]);
