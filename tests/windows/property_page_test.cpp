@@ -10,9 +10,11 @@
 #include <olectl.h>
 
 #include <algorithm>
+#include <array>
 #include <filesystem>
 #include <fstream>
 #include <functional>
+#include <tuple>
 #include <utility>
 
 namespace obk {
@@ -121,6 +123,18 @@ TEST_F(PropertyPageTest, SeveralControlsAreEditedAtOnceAndOnlyWhatIsAppliedCount
     EXPECT_TRUE(FAILED(page->Apply()));
     EXPECT_EQ(page->IsPageDirty(), S_OK);
     EXPECT_EQ(Dispatch(first.get()).value(L"Max").toLong(), 55);
+    // Tab leaves the page behind its last field, and not backwards from there.
+    const HWND list = field(L"LISTBOX"), value = FindWindowExW(field(L"COMBOBOX"), nullptr, L"EDIT", nullptr);
+    for (const auto& [from, back, leaves] :
+         {std::tuple(list, false, false), {value, false, true}, {value, true, false}}) {
+        BYTE keys[256]{};
+        keys[VK_SHIFT] = back ? 0x80 : 0;
+        SetKeyboardState(keys);
+        MSG tab{from, WM_KEYDOWN, VK_TAB, 1, 0, {}};
+        EXPECT_EQ(page->TranslateAccelerator(&tab), leaves ? S_FALSE : S_OK) << (from == list) << back;
+        SetKeyboardState(std::array<BYTE, 256>{}.data());
+    }
+    page->EditProperty(number(first, L"Max"));
     typeValue(L"9");
     EXPECT_EQ(page->Deactivate(), S_OK);
     EXPECT_EQ(Dispatch(first.get()).value(L"Max").toLong(), 55) << "cancelled";
@@ -183,15 +197,15 @@ private:
 };
 
 TEST_F(PropertyPageTest, ColoursAndFontsAreChosenInTheSystemsDialogs) {
-    const auto control = create(L"ButtonPalette");
-    show({control});
+    const auto control = create(L"ButtonPalette"), other = create(L"ButtonPalette");
+    show({control, other});
     const auto ask = [&](const wchar_t* property) {
         page->EditProperty(number(control, property));
         SendMessageW(field(L"BUTTON", L"..."), BM_CLICK, 0, 0);
     };
     const Dispatch object(control.get());
-    const auto font = [&] { return Dispatch(object.value(L"Font").toObject().get()); };
-    const double size = font().value(L"Size").toDouble().value_or(0);
+    const auto font = [](const Dispatch& of) { return Dispatch(of.value(L"Font").toObject().get()); };
+    const double size = font(object).value(L"Size").toDouble().value_or(0);
     constexpr int redField = 706, strikeOut = 0x410;
     {
         const DialogAnswer answer([](HWND dialog) {
@@ -214,8 +228,11 @@ TEST_F(PropertyPageTest, ColoursAndFontsAreChosenInTheSystemsDialogs) {
     EXPECT_EQ(page->Apply(), S_OK);
     EXPECT_EQ(object.value(L"ForeColor").toLong(), 0x00030201L);
     EXPECT_EQ(object.value(L"BackColor").toLong(), back);
-    EXPECT_EQ(font().value(L"Strikethrough").toBool(), true);
-    EXPECT_NEAR(font().value(L"Size").toDouble().value_or(0), size, 0.5);
+    EXPECT_EQ(font(object).value(L"Strikethrough").toBool(), true);
+    EXPECT_NEAR(font(object).value(L"Size").toDouble().value_or(0), size, 0.5);
+    font(object).put(L"Size", 30.0);
+    EXPECT_EQ(font(Dispatch(other.get())).value(L"Strikethrough").toBool(), true);
+    EXPECT_NEAR(font(Dispatch(other.get())).value(L"Size").toDouble().value_or(0), size, 0.5) << "its own";
 }
 
 TEST_F(PropertyPageTest, APictureIsChosenFromAFile) {

@@ -206,14 +206,18 @@ TEST(ServerContainer, AWindowlessViewAnswersWhereItIsHit) {
     const LoadedServer server;
     const auto view = server.create(L"lns").query<IViewObjectEx>();
     ASSERT_TRUE(view);
+    SIZEL size{10000, 5000};  // a hundred for each pixel
+    view.query<IOleObject>()->SetExtent(DVASPECT_CONTENT, &size);
     const RECT bounds{10, 10, 110, 60};
     DWORD hit = 99;
     EXPECT_EQ(view->QueryHitPoint(DVASPECT_CONTENT, &bounds, {10, 10}, 0, &hit), S_OK);
     EXPECT_EQ(hit, DWORD{HITRESULT_HIT});
     EXPECT_EQ(view->QueryHitPoint(DVASPECT_CONTENT, &bounds, {110, 30}, 0, &hit), S_OK);
     EXPECT_EQ(hit, DWORD{HITRESULT_OUTSIDE});
-    EXPECT_EQ(view->QueryHitPoint(DVASPECT_CONTENT, &bounds, {112, 30}, 1000, &hit), S_OK);
-    EXPECT_EQ(hit, DWORD{HITRESULT_CLOSE});
+    for (const LONG beyond : {9, 10}) {
+        EXPECT_EQ(view->QueryHitPoint(DVASPECT_CONTENT, &bounds, {110 + beyond, 30}, 1000, &hit), S_OK);
+        EXPECT_EQ(hit, DWORD{beyond < 10 ? HITRESULT_CLOSE : HITRESULT_OUTSIDE});
+    }
     EXPECT_EQ(view->QueryHitPoint(DVASPECT_ICON, &bounds, {10, 10}, 0, &hit), DV_E_DVASPECT);
 }
 

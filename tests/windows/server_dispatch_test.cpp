@@ -272,8 +272,11 @@ TEST_F(ServerDispatch, ConversionsFollowThePlatform) {
     // Half to even; True is -1; an empty value is 0; colours with the high bit from every kind of number.
     EXPECT_EQ(putOn(L"Max", 2.5), S_OK);
     EXPECT_EQ(get(L"Max").toLong(), 2);
-    EXPECT_EQ(putOn(L"Max", true), S_OK);
-    EXPECT_EQ(get(L"Max").toLong(), -1);
+    for (const Variant& minusOne : {Variant(true), plain<signed char>(VT_I1, -1)}) {
+        EXPECT_EQ(putOn(L"Max", minusOne), S_OK);
+        EXPECT_EQ(get(L"Max").toLong(), -1);
+        putOn(L"Max", 0L);
+    }
     EXPECT_EQ(putOn(L"Max", Variant()), S_OK);
     EXPECT_EQ(get(L"Max").toLong(), 0);
     EXPECT_EQ(putOn(L"Enabled", L"False"), S_OK);
@@ -325,6 +328,25 @@ TEST_F(ServerDispatch, ArgumentsMayBeNamedOrByReferenceAndNoneIsMissing) {
     EXPECT_EQ(twice.on(box.get(), keyLock), DISP_E_PARAMNOTFOUND) << "by name and by place";
     Call sameName{DISPATCH_METHOD, {46L, 46L}, {0, 0}, {}, untouched};
     EXPECT_EQ(sameName.on(box.get(), keyLock), DISP_E_PARAMNOTFOUND);
+
+    // What is changed is changed in the caller's variable, also by way of a handler's own argument.
+    HostedControl grid(L"GridEdit");
+    grid.activate();
+    grid.object().call(L"ColTypeSet", {0L, 4L});
+    grid.object().call(L"ComboAdd", {L"Desk"});
+    grid.object().call(L"BoxShow");
+    short code = 0;
+    VARIANT handlers{};
+    V_VT(&handlers) = VT_I2 | VT_BYREF;
+    V_I2REF(&handlers) = &code;
+    for (const Variant& passed : {reference(VT_I2, code), reference(VT_VARIANT, handlers)}) {
+        code = VK_DOWN;
+        Call key{DISPATCH_METHOD, {0L, passed}, {}, {}, untouched};
+        const auto dispatch = grid.site.query<IDispatch>();
+        EXPECT_EQ(key.on(dispatch.get(), container::MemberName(L"cboLIST_KeyDown").resolve(dispatch.get())),
+                  S_OK);
+        EXPECT_EQ(code, 0) << "the list has used the key";
+    }
 }
 
 TEST_F(ServerDispatch, AFontIsSharedWithTheHost) {

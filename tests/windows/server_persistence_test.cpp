@@ -216,6 +216,7 @@ TEST_F(ServerPersistence, ACopyIsSavedWithoutTheDefaultsAndLeavesTheControlUnsav
         EXPECT_EQ(storing->SaveCompleted(nullptr), S_OK);
         EXPECT_EQ(storing->IsDirty(), same ? S_FALSE : S_OK);
     }
+    Dispatch(control.get()).put(L"BackColor", 0L);
     control.query<IPersistPropertyBag>()->Load(saved.get(), saved.get());
     EXPECT_EQ(control.query<IPersistStreamInit>()->IsDirty(), S_FALSE) << "it is what is stored";
 }

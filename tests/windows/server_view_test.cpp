@@ -54,7 +54,7 @@ TEST_F(ServerView, ALiveControlDrawsTheSameInsideMappedContexts) {
     SIZEL size{2540, 635};
     control.query<IOleObject>()->SetExtent(DVASPECT_CONTENT, &size);
     container::Dispatch(control.get()).put(L"Text", L"42");
-    DrawnPixels plain(200, 60), mapped(200, 60);
+    DrawnPixels plain(200, 60), mapped(200, 60), moved(200, 60);
     ASSERT_EQ(draw(control.get(), plain.dc(), {40, 20, 136, 44}), S_OK);
     // Ten units a pixel, counted upwards.
     SetMapMode(mapped.dc(), MM_ANISOTROPIC);
@@ -62,8 +62,16 @@ TEST_F(ServerView, ALiveControlDrawsTheSameInsideMappedContexts) {
     SetViewportExtEx(mapped.dc(), 200, -60, nullptr);
     SetViewportOrgEx(mapped.dc(), 0, 60, nullptr);
     ASSERT_EQ(draw(control.get(), mapped.dc(), {400, 400, 1360, 160}), S_OK);
-    for (int y = 0; y < 60; ++y)
-        for (int x = 0; x < 200; ++x) ASSERT_EQ(plain.at(x, y), mapped.at(x, y)) << x << ", " << y;
+    const XFORM aside{1, 0, 0, 1, 40, 20};
+    SetGraphicsMode(moved.dc(), GM_ADVANCED);
+    SetWorldTransform(moved.dc(), &aside);
+    ASSERT_EQ(draw(control.get(), moved.dc(), {0, 0, 96, 24}), S_OK);
+    for (int y = 0; y < 60; ++y) {
+        for (int x = 0; x < 200; ++x) {
+            ASSERT_EQ(plain.at(x, y), mapped.at(x, y)) << x << ", " << y;
+            ASSERT_EQ(plain.at(x, y), moved.at(x, y)) << x << ", " << y;
+        }
+    }
     POINT origin{};
     GetViewportOrgEx(mapped.dc(), &origin);
     EXPECT_EQ(GetMapMode(mapped.dc()), MM_ANISOTROPIC) << "the context is given back as it was";
@@ -129,13 +137,16 @@ TEST_F(ServerView, AFixedSizeSnapsBackInTheContainerWithoutALoop) {
     hosted.activate({10, 10, 90, 60});
     const RECT settled = hosted.site.position();
     EXPECT_LT(settled.right - settled.left, 30);
-    hosted.site.siteCalls().clear();
-    hosted.site.moveTo({10, 10, 200, 200});
-    hosted.loop.pumpPending();
-    EXPECT_EQ(hosted.site.position().right - hosted.site.position().left, settled.right - settled.left);
-    EXPECT_EQ(hosted.site.position().bottom - hosted.site.position().top, settled.bottom - settled.top);
-    const auto& calls = hosted.site.siteCalls();
-    EXPECT_LE(std::count(calls.begin(), calls.end(), "OnPosRectChange"), 2);
+    for (const LONG edge : {200, 150}) {
+        auto& calls = hosted.site.siteCalls();
+        calls.clear();
+        hosted.site.moveTo({10, 10, edge, edge});
+        hosted.loop.pumpPending();
+        const RECT now = hosted.site.position();
+        EXPECT_EQ(now.right - now.left, settled.right - settled.left);
+        EXPECT_EQ(now.bottom - now.top, settled.bottom - settled.top);
+        EXPECT_LE(std::count(calls.begin(), calls.end(), "OnPosRectChange"), 2);
+    }
 }
 
 TEST_F(ServerView, DecorationIsNeverUiActive) {
@@ -168,8 +179,23 @@ TEST_F(ServerView, ChangesAreToldToWhoeverWatchesTheView) {
     HostedControl hosted(L"UpDownTextBox");
     hosted.site.siteCalls().clear();
     hosted.object().put(L"Text", L"9");
-    const auto& calls = hosted.site.siteCalls();
+    auto& calls = hosted.site.siteCalls();
     EXPECT_GE(std::count(calls.begin(), calls.end(), "OnViewChange"), 1);
+    calls.clear();
+    SIZEL size{5080, 1270};
+    hosted.site.query<IOleObject>()->SetExtent(DVASPECT_CONTENT, &size);
+    EXPECT_EQ(std::count(calls.begin(), calls.end(), "OnViewChange"), 1);
+    // Who asks for it is told at once, and who wants to hear of one change hears of no second.
+    const auto view = hosted.site.query<IViewObject>();
+    ComPtr<IAdviseSink> sink;
+    ASSERT_EQ(view->GetAdvise(nullptr, nullptr, sink.put()), S_OK);
+    for (const DWORD when : {ADVF_PRIMEFIRST, ADVF_ONLYONCE}) {
+        calls.clear();
+        view->SetAdvise(DVASPECT_CONTENT, when, sink.get());
+        EXPECT_EQ(std::ssize(calls), when == ADVF_PRIMEFIRST ? 1 : 0);
+        for (const wchar_t* text : {L"7", L"8"}) hosted.object().put(L"Text", text);
+        EXPECT_EQ(std::ssize(calls) == 1, when == ADVF_ONLYONCE);
+    }
 }
 
 TEST_F(ServerView, ItsEndIsToldOnceForEachTimeThatItRan) {
@@ -186,6 +212,25 @@ TEST_F(ServerView, ItsEndIsToldOnceForEachTimeThatItRan) {
         const auto& calls = hosted.site.siteCalls();
         EXPECT_EQ(std::count(calls.begin(), calls.end(), "OnClose"), times);
     }
+    DWORD later = 0;
+    ASSERT_EQ(object->Advise(sink.get(), &later), S_OK);
+    object->Close(OLECLOSE_NOSAVE);
+    EXPECT_EQ(std::count(hosted.site.siteCalls().begin(), hosted.site.siteCalls().end(), "OnClose"), 4)
+        << "also to who asks afterwards";
+    object->Unadvise(later);
+    // What has changed is saved, unless the container does not want it.
+    for (const DWORD option : {OLECLOSE_SAVEIFDIRTY, OLECLOSE_PROMPTSAVE, OLECLOSE_NOSAVE}) {
+        auto& calls = hosted.site.siteCalls();
+        hosted.site.query<IPersistStreamInit>()->InitNew();
+        for (const bool changed : {false, true}) {
+            if (changed) hosted.object().put(L"Text", L"7");
+            calls.clear();
+            object->Close(option);
+            EXPECT_EQ(std::count(calls.begin(), calls.end(), "SaveObject"),
+                      changed && option != OLECLOSE_NOSAVE ? 1 : 0)
+                << option;
+        }
+    }
 }
 
 TEST_F(ServerView, VerbsAreListedAndHidingHides) {
@@ -200,7 +245,9 @@ TEST_F(ServerView, VerbsAreListedAndHidingHides) {
     }
     EXPECT_TRUE(numbers.contains(OLEIVERB_PRIMARY) && numbers.contains(OLEIVERB_PROPERTIES));
     hosted.activate();
+    hosted.site.uiActivate();
     EXPECT_EQ(hosted.site.doVerb(OLEIVERB_HIDE), S_OK);
+    EXPECT_EQ(hosted.site.siteCalls().back(), "OnUIDeactivate");
     EXPECT_FALSE(IsWindowVisible(hosted.site.window()));
     EXPECT_EQ(hosted.site.doVerb(OLEIVERB_SHOW), S_OK);
     EXPECT_TRUE(IsWindowVisible(hosted.site.window()));
