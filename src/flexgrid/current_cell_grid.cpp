@@ -118,9 +118,9 @@ bool CurrentCellGrid::Sort(int32_t col, SortDirection direction, const SortKeyOf
 }
 
 bool CurrentCellGrid::setText(CellAddress cell, TextView text) {
-    const bool another = model_.text(cell) != text;
+    const bool another = watched_ && model_.text(cell) != text;
     const bool done = changed(cell, model_.setText(cell, text));
-    if (done && another && watched_) textsChanged(CellRange::between(cell, cell));
+    if (done && another) textsChanged(CellRange::between(cell, cell));
     return done;
 }
 

@@ -52,8 +52,7 @@ HRESULT OleObjectPart::Close(DWORD saveOption) {
         const ComPtr<IOleClientSite> site = object_.site().get();
         // A control asks nobody: where a document would prompt, it saves.
         if (saveOption != OLECLOSE_NOSAVE && object_.dirty() && site) {
-            site->SaveObject();
-            object_.advisers().saved();
+            if (SUCCEEDED(site->SaveObject())) object_.advisers().saved();
         }
         object_.close();
         return S_OK;

@@ -254,12 +254,13 @@ HRESULT PropertyPage::TranslateAccelerator(MSG* message) {
     if (!window_ || !(message->hwnd == window_ || IsChild(window_, message->hwnd))) return S_FALSE;
     const bool key = message->message >= WM_KEYFIRST && message->message <= WM_KEYLAST;
     if (!key) return S_FALSE;
-    // Tab leaves the page behind its last field, and the frame goes on to its buttons.
+    // Tab leaves the page behind its last field or before its first one, and the frame goes on to its
+    // buttons.
     if (message->message == WM_KEYDOWN && message->wParam == VK_TAB && GetKeyState(VK_CONTROL) >= 0) {
         const bool back = GetKeyState(VK_SHIFT) < 0;
         const HWND next = GetNextDlgTabItem(window_, message->hwnd, back);
-        const HWND end = GetNextDlgTabItem(window_, nullptr, back);
-        if (next == end) return S_FALSE;
+        const HWND first = GetNextDlgTabItem(window_, nullptr, FALSE);
+        if (next == (back ? GetNextDlgTabItem(window_, first, TRUE) : first)) return S_FALSE;
     }
     return IsDialogMessageW(window_, message) ? S_OK : S_FALSE;
 }

@@ -27,8 +27,7 @@ constexpr KeyClaim openListKeys[] = {
 
 class DropList final : public Widget {
 public:
-    // `name` is for screen readers.
-    // Without a name it is called as what it is in.
+    // `name` is for screen readers; without one it is called as what it is in.
     explicit DropList(Container& parent, Text name = {});
 
     void add(TextView item);

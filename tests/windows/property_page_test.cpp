@@ -123,10 +123,10 @@ TEST_F(PropertyPageTest, SeveralControlsAreEditedAtOnceAndOnlyWhatIsAppliedCount
     EXPECT_TRUE(FAILED(page->Apply()));
     EXPECT_EQ(page->IsPageDirty(), S_OK);
     EXPECT_EQ(Dispatch(first.get()).value(L"Max").toLong(), 55);
-    // Tab leaves the page behind its last field, and not backwards from there.
+    // Tab leaves the page behind its last field, Shift+Tab before its first one.
     const HWND list = field(L"LISTBOX"), value = FindWindowExW(field(L"COMBOBOX"), nullptr, L"EDIT", nullptr);
     for (const auto& [from, back, leaves] :
-         {std::tuple(list, false, false), {value, false, true}, {value, true, false}}) {
+         {std::tuple(list, false, false), {value, false, true}, {value, true, false}, {list, true, true}}) {
         BYTE keys[256]{};
         keys[VK_SHIFT] = back ? 0x80 : 0;
         SetKeyboardState(keys);

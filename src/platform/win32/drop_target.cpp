@@ -30,6 +30,7 @@ public:
         : ComObject(moduleLock), surface_(surface), moduleLock_(std::move(moduleLock)) {}
 
     HRESULT STDMETHODCALLTYPE DragEnter(IDataObject*, DWORD keys, POINTL at, DWORD* effect) override {
+        button_ = button::left;
         return DragOver(keys, at, effect);
     }
     HRESULT STDMETHODCALLTYPE DragOver(DWORD keys, POINTL at, DWORD* effect) override {

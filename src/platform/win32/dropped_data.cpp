@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <new>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -89,13 +90,20 @@ private:
     public:
         Walk(ComPtr<FileNames> of, size_t at) : of_(std::move(of)), at_(at) {}
         HRESULT STDMETHODCALLTYPE Next(ULONG count, VARIANT* items, ULONG* fetched) override {
+            if (!items) return E_POINTER;
+            HRESULT outcome = S_OK;
             ULONG done = 0;
-            for (; done < count && at_ < of_->names_.size(); ++done) {
-                VariantInit(&items[done]);
-                putText(of_->names_[at_++], items[done]);
+            try {
+                for (; done < count && at_ + done < of_->names_.size(); ++done)
+                    putText(of_->names_[at_ + done], items[done]);
+                if (done < count) outcome = S_FALSE;
+            } catch (const std::bad_alloc&) {
+                while (done > 0) VariantClear(&items[--done]);
+                outcome = E_OUTOFMEMORY;
             }
+            at_ += done;
             if (fetched) *fetched = done;
-            return done == count ? S_OK : S_FALSE;
+            return outcome;
         }
         HRESULT STDMETHODCALLTYPE Skip(ULONG count) override {
             const size_t left = of_->names_.size() - at_;
@@ -108,8 +116,8 @@ private:
         }
         HRESULT STDMETHODCALLTYPE Clone(IEnumVARIANT** copy) override {
             if (!copy) return E_POINTER;
-            *copy = ComPtr<IEnumVARIANT>(new Walk(of_, at_)).detach();
-            return S_OK;
+            *copy = ComPtr<IEnumVARIANT>(new (std::nothrow) Walk(of_, at_)).detach();
+            return *copy ? S_OK : E_OUTOFMEMORY;
         }
 
     private:

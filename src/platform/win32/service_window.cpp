@@ -1,5 +1,7 @@
 #include "platform/win32/service_window.h"
 
+#include "base/attempt.h"
+
 #include <utility>
 
 namespace obk::win32 {
@@ -79,7 +81,7 @@ bool ServiceWindow::soon(std::function<void()> action) {
 }
 
 void ServiceWindow::runActions() {
-    for (const auto& action : std::exchange(actions_, {})) action();
+    for (const auto& action : std::exchange(actions_, {})) attempt(action);
 }
 
 void ServiceWindow::appearanceChangedSoon() {
@@ -92,7 +94,7 @@ void ServiceWindow::tellListeners() {
     fonts_.clear();
     const auto listeners = listeners_;
     for (const auto& known : listeners) {
-        if (const auto listener = known.lock()) listener->appearanceChanged();
+        if (const auto listener = known.lock()) attempt([&] { listener->appearanceChanged(); });
     }
 }
 
