@@ -525,6 +525,13 @@ TEST_F(Automation, HasTheGridsCellsWithAllThatCanBeDoneToThem) {
               S_OK);
     EXPECT_EQ(selected->rgsabound[0].cElements, 1u);
     SafeArrayDestroy(selected);
+    const auto face = accessibleOf(reinterpret_cast<HWND>(control->window()));
+    const auto corner = childOf(childOf(face, 4), 2);
+    EXPECT_EQ(corner->accSelect(SELFLAG_EXTENDSELECTION, childNumber(CHILDID_SELF)), S_OK);
+    EXPECT_EQ(pattern<win32::ISelectionProvider>(grid, UIA_SelectionPatternId)->GetSelection(&selected),
+              S_OK);
+    EXPECT_EQ(selected->rgsabound[0].cElements, 4u);
+    SafeArrayDestroy(selected);
 
     call(u"RowsSet", {int32_t{0}});
     EXPECT_EQ(cells->get_RowCount(&count), S_OK);

@@ -112,7 +112,7 @@ void ClientWindow::replace(HWND window) {
 }
 
 void ClientWindow::close() {
-    const auto self = shared_from_this();
+    const auto self = weak_from_this().lock();
     client_ = nullptr;
     if (window_) DestroyWindow(window_);
 }
