@@ -175,7 +175,8 @@ private:
     CellAddress goTo(int32_t rowno, int32_t colno) { return flexGRID.SelectByHalves({rowno, colno}); }
     int32_t currentPlace(Twips TwipsRect::*part) const;  // whole twips
     void addItem(const Text& text, int32_t rowno, ChangedBy by);
-    void sortRows(SortDirection direction);
+    // By the column that the captions say; `sortedBefore` had the mark until now.
+    void sortRows(SortDirection direction, int32_t sortedBefore);
     void listKey(void (DropList::*act)(KeyEvent&), int16_t& keyCode, int16_t& shift);
     void raiseMouse(const MouseRaised& event, const MouseEvent& mouse);
     // What the grid lies inside the control's edges by, and below the bar.

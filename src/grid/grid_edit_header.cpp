@@ -37,8 +37,9 @@ void GridEdit::BarHeaderSort() {
 // The rows are sorted by the current column; `colno` only says whether there is such a column.
 void GridEdit::GridColSort(int32_t colno) {
     editing_.commit();
+    const int32_t before = header_.sortedCol();
     header_.turnTo(flexGRID.Col());
-    if (colno >= 0 && colno < flexGRID.Cols()) sortRows(header_.nextSort());
+    if (colno >= 0 && colno < flexGRID.Cols()) sortRows(header_.nextSort(), before);
     picTOPBAR.invalidate();
 }
 
@@ -47,17 +48,22 @@ void GridEdit::GridColSortInitialDate() {
     constexpr int32_t dateCol = 4;
     editing_.commit();
     const bool hasDates = flexGRID.SetCol(dateCol);
+    const int32_t before = header_.sortedCol();
     header_.moveTo(flexGRID.Col());
-    if (hasDates) sortRows(SortDirection::descending);
+    if (hasDates) sortRows(SortDirection::descending, before);
     picTOPBAR.invalidate();
 }
 
-void GridEdit::sortRows(SortDirection direction) {
+void GridEdit::sortRows(SortDirection direction, int32_t sortedBefore) {
     const auto keyOf = [this](TextView text, std::string& key) { platform().appendSortKey(text, key); };
     attempt([&] { flexGRID.Sort(header_.sortedCol(), direction, keyOf); });
     flexGRID.show(flexGRID.current());
+    const int32_t col = header_.sortedCol();
+    const bool markMoves = col != sortedBefore && header_.indicator(col).has_value();
     header_.sorted(direction);
-    if (flexGRID.Redraw()) picTOPBAR.announce(AccessibleEvent::state, {header_.sortedCol(), -1});
+    if (!flexGRID.Redraw()) return;
+    if (markMoves) picTOPBAR.announce(AccessibleEvent::state, {sortedBefore, -1});
+    picTOPBAR.announce(AccessibleEvent::state, {col, -1});
 }
 
 }  // namespace obk

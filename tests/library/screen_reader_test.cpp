@@ -733,6 +733,13 @@ TEST_F(ScreenReader, HearsWhereTheFocusIsWhenTheCellThatHadItIsAnother) {
     EXPECT_EQ(heard(), (Journal{"structure GridEdit", "focus GridEdit"}));
     call(u"GridShow");
     EXPECT_EQ(heard(), (Journal{"structure GridEdit", "focus Same, column 3, row 12"}));
+    call(u"ColSetFocus", {int32_t{0}});
+    heard();
+    call(u"GridColSort", {int32_t{0}});
+    const Journal moved = heard();
+    EXPECT_LT(std::find(moved.begin(), moved.end(), "state Same, column 3"),
+              std::find(moved.begin(), moved.end(), "state City"))
+        << "the mark has gone from there";
     put(u"BarHeader", false);
     EXPECT_EQ(heard().front(), "structure GridEdit");
     call(u"RowsSet", {int32_t{0}});
