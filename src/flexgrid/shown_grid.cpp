@@ -221,7 +221,7 @@ void ShownGrid::layOut() {
         bar.setVisible(needed);
         bar.move({scale.toTwips(at.left), scale.toTwips(at.top), scale.toTwips(at.width()),
                   scale.toTwips(at.height())});
-        bar.setRange(range);
+        bar.setRange(range, watched());
     };
     const PixelSize cells = shown.size();
     const int32_t thickness = ScrollBar::thickness(scale);

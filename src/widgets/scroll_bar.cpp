@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace obk {
 
@@ -38,10 +39,11 @@ ScrollBar::ScrollBar(Container& parent, Direction direction)
     acted_ = held_.acted.connect([this](Part part) { act(part); });
 }
 
-void ScrollBar::setRange(ScrollRange range) {
+void ScrollBar::setRange(ScrollRange range, bool told) {
     range.position = std::clamp<int64_t>(range.position, 0, range.last());
     const ScrollThumb before = thumb(area(), dpi());
-    if (range_.position != range.position) announce(AccessibleEvent::value);
+    if (told && std::exchange(toldPosition_, range.position) != range.position)
+        announce(AccessibleEvent::value);
     range_ = range;
     // Rows that come far away move the thumb by less than a pixel.
     if (thumb(area(), dpi()) != before) invalidate();

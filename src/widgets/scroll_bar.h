@@ -38,8 +38,8 @@ public:
     ScrollBar(Container& parent, Direction direction);
 
     const ScrollRange& range() const { return range_; }
-    // A position out of range is moved into it.
-    void setRange(ScrollRange range);
+    // A position out of range is moved into it. Screen readers hear of another one if they are to be told.
+    void setRange(ScrollRange range, bool told = true);
     void setLook(Look look);
     static int32_t thickness(Dpi dpi) { return dpi.scaled(17); }
 
@@ -85,6 +85,7 @@ private:
     Direction direction_;
     Look look_ = Look::flat;
     ScrollRange range_;
+    int64_t toldPosition_ = 0;  // as screen readers know it
     HeldPart<Part> held_;
     std::optional<Part> hovered_;
     Drag drag_{};

@@ -644,6 +644,11 @@ TEST_F(ScreenReader, HearsOfTheCellsThatAPersonSees) {
     }
     call(u"GridHide");
     call(u"GridShow");
+    call(u"TopRowSet", {int32_t{3}});
+    const PixelRect place = platform.surface(control->window())->bounds();
+    control->setBounds({place.left, place.top, place.right, place.bottom - 10});
+    control->setBounds(place);
+    call(u"TopRowSet", {int32_t{0}});
     EXPECT_EQ(heard(), Journal()) << "nothing is painted";
     call(u"GridRedraw", {true});
     EXPECT_EQ(heard(), (Journal{"structure GridEdit", "focus Same, column 3, row 5"}));
