@@ -84,6 +84,7 @@ private:
     HWND formWindow() const override { return form_.window(); }
     int formDpi() const override { return form_.dpi(); }
     IOleInPlaceFrame* formFrame() const override { return form_.frame(); }
+    IOleInPlaceUIWindow* document() const override { return settings_.document; }
     // In design mode controls show themselves but take no input.
     bool mayUiActivate() const override { return settings_.mode == SiteMode::run; }
     void inPlaceActivated() override;

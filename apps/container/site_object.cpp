@@ -74,8 +74,9 @@ HRESULT SiteObject::GetWindowContext(IOleInPlaceFrame** frame, IOleInPlaceUIWind
                                      LPRECT position, LPRECT clip, LPOLEINPLACEFRAMEINFO information) {
     if (!frame || !document || !position || !clip || !information) return E_POINTER;
     *frame = nullptr;
-    *document = nullptr;  // the frame is the document
+    *document = nullptr;
     if (!host_) return E_UNEXPECTED;
+    *document = ComPtr<IOleInPlaceUIWindow>(host_->document()).detach();
     *frame = ComPtr<IOleInPlaceFrame>(host_->formFrame()).detach();
     *position = host_->position();
     GetClientRect(host_->formWindow(), clip);

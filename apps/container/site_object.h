@@ -18,6 +18,7 @@ public:
     virtual HWND formWindow() const = 0;
     virtual int formDpi() const = 0;
     virtual IOleInPlaceFrame* formFrame() const = 0;
+    virtual IOleInPlaceUIWindow* document() const = 0;
     virtual RECT position() const = 0;
     virtual bool mayUiActivate() const = 0;
     virtual void inPlaceActivated() = 0;

@@ -16,6 +16,9 @@ struct SiteSettings {
     std::wstring name;  // the ambient display name
     SiteOrder order = SiteOrder::asControlAsks;
     SiteMode mode = SiteMode::run;
+    // The window of one document among several in the frame, null when the frame is the document. Not owned:
+    // it outlives the site.
+    IOleInPlaceUIWindow* document = nullptr;
 };
 
 // Where a new control's state comes from; with nothing given it is freshly placed (InitNew).

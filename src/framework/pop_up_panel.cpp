@@ -27,8 +27,7 @@ bool PopUpPanel::show(PopUpSide first) {
     const Surface* host = owner_.root().surface();
     if (!host || !host->placed() || owner_.root().pixelClip().empty()) return false;
     side_ = first;
-    const bool mirrored = owner_.mirrorsItself() && owner_.rightToLeft();
-    if (std::exchange(mirrored_, mirrored) != mirrored) fittedTo_.reset();
+    mirrored_ = owner_.mirrorsItself() && owner_.rightToLeft();
     if (!surface_.isOpen() && !surface_.open({SurfacePlacement::Kind::panel, host->window(),
                                               placed(sizeAt_(owner_.root().dpi()), *host)}))
         return false;

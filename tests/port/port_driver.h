@@ -80,6 +80,7 @@ public:
     KeyRoute route = KeyRoute::child;
     bool containerUses = false;
     bool usesWheel = true;
+    bool showsMenu = false;
     bool reportsMoves = false;
     bool alive = true;
     std::function<void(KeyEvent&)> changeKeyDown;
@@ -111,6 +112,10 @@ public:
     bool wheel(const WheelEvent& event) override {
         said("wheel", " " + std::to_string(event.delta));
         return usesWheel;
+    }
+    bool contextMenu(std::optional<PixelPoint> at) override {
+        said("contextMenu", at ? " " + std::to_string(at->x) + " " + std::to_string(at->y) : "");
+        return showsMenu;
     }
     void keyDown(KeyEvent& event) override {
         lastKey = event;

@@ -601,6 +601,43 @@ TEST(DroppedData, ItsMembersAreFoundInAnyCaseInAnyCountry) {
     SetThreadLocale(before);
 }
 
+// What a program drops that offers one format of texts alone.
+class OneText final : public ComObject<IDataObject> {
+public:
+    explicit OneText(CLIPFORMAT format) : format_(format) {}
+    HRESULT STDMETHODCALLTYPE GetData(FORMATETC* format, STGMEDIUM* medium) override {
+        if (QueryGetData(format) != S_OK) return DV_E_FORMATETC;
+        constexpr char narrow[] = "oak";
+        constexpr wchar_t wide[] = L"oak";
+        *medium = {};
+        medium->tymed = TYMED_HGLOBAL;
+        medium->hGlobal = GlobalAlloc(GMEM_FIXED | GMEM_ZEROINIT, sizeof wide);
+        std::memcpy(medium->hGlobal, format_ == CF_TEXT ? static_cast<const void*>(narrow) : wide,
+                    format_ == CF_TEXT ? sizeof narrow : sizeof wide);
+        return S_OK;
+    }
+    HRESULT STDMETHODCALLTYPE QueryGetData(FORMATETC* format) override {
+        return format->cfFormat == format_ ? S_OK : DV_E_FORMATETC;
+    }
+    HRESULT STDMETHODCALLTYPE GetDataHere(FORMATETC*, STGMEDIUM*) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE GetCanonicalFormatEtc(FORMATETC*, FORMATETC*) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE SetData(FORMATETC*, STGMEDIUM*, BOOL) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE EnumFormatEtc(DWORD, IEnumFORMATETC**) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE DAdvise(FORMATETC*, DWORD, IAdviseSink*, DWORD*) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE DUnadvise(DWORD) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE EnumDAdvise(IEnumSTATDATA**) override { return E_NOTIMPL; }
+
+private:
+    const CLIPFORMAT format_;
+};
+
+TEST(DroppedData, EitherFormatOfTextsStandsForTheOther) {
+    for (const CLIPFORMAT format : {CLIPFORMAT{CF_TEXT}, CLIPFORMAT{CF_UNICODETEXT}}) {
+        const auto object = win32::createDroppedData(ComPtr<IDataObject>(new OneText(format)), nullptr);
+        EXPECT_EQ(askedOf(container::Dispatch(object.get())), L"oak oak 1 0 0") << format;
+    }
+}
+
 TEST(DroppedData, FilesAreThoseOfTheBlockWhateverItClaims) {
     const auto filesOf = [](std::string block) {
         OleSetClipboard(nullptr);
@@ -677,15 +714,24 @@ TEST_F(GridEditing, ADragOfSelectedCellsBringsTheirTextsToAnotherWindow) {
     select();
     const ComPtr<TextTarget> target(new TextTarget);
     ASSERT_EQ(RegisterDragDrop(other, target.get()), S_OK);
-    person.moveTo(face(), first.x, first.y);
-    person.press();
-    EXPECT_EQ(takeEvents().find(L"Click"), std::wstring::npos);
-    // The drag finds what follows in the queue.
     POINT there{20, 8};
     ClientToScreen(other, &there);
-    SetCursorPos(there.x, there.y);
-    mouse_event(MOUSEEVENTF_LEFTUP, 0, 0, 0, 0);
-    EXPECT_TRUE(person.waitFor([&] { return !target->text.empty(); }));
+    for (const bool givenUp : {true, false}) {
+        person.moveTo(face(), first.x, first.y);
+        person.press();
+        EXPECT_EQ(takeEvents().find(L"Click"), std::wstring::npos);
+        // The drag finds what follows in the queue.
+        SetCursorPos(there.x, there.y);
+        if (givenUp) mouse_event(MOUSEEVENTF_RIGHTDOWN, 0, 0, 0, 0);
+        mouse_event(MOUSEEVENTF_LEFTUP, 0, 0, 0, 0);
+        if (givenUp) {
+            const MenuKeys menuOfTheOther{{VK_ESCAPE}};
+            person.release(MOUSEEVENTF_RIGHTUP);
+            EXPECT_EQ(target->text, L"");
+        } else {
+            EXPECT_TRUE(person.waitFor([&] { return !target->text.empty(); }));
+        }
+    }
     EXPECT_EQ(target->text, L"\x00C4pfel\t\r\noak\t\r\n");
     EXPECT_EQ(target->narrow, "\xC4pfel\t\r\noak\t\r\n");
     EXPECT_EQ(GetCapture(), nullptr);

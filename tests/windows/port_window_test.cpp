@@ -222,6 +222,13 @@ TEST_F(WindowTest, WhatAnInputMethodTypesIsFilteredLikeKeys) {
     SendMessageW(boxWindow(), WM_IME_CHAR, 0x65E5, 1);
     SendMessageW(boxWindow(), WM_IME_CHAR, 0x672C, 1);
     EXPECT_EQ(boxClient.text, u"\u65E5");
+    const HIMC method = ImmGetContext(boxWindow());
+    wchar_t composed[] = L"\u65E5\u672C";
+    EXPECT_TRUE(ImmSetCompositionStringW(method, SCS_SETSTR, composed, 4, nullptr, 0));
+    EXPECT_TRUE(ImmNotifyIME(method, NI_COMPOSITIONSTR, CPS_COMPLETE, 0));
+    ImmReleaseContext(boxWindow(), method);
+    driver.settle();
+    EXPECT_EQ(boxClient.text, u"\u65E5\u65E5") << "once";
 }
 
 TEST_F(WindowTest, TheHostGetsTheWheelThatNobodyUses) {
@@ -248,9 +255,14 @@ TEST_F(WindowTest, ASurfaceHasItsCaptureAgainAfterItsChilds) {
     area->capture();
     SetCapture(boxWindow());
     EXPECT_EQ(taken(), Journal{});
-    SendMessageW(boxWindow(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(2, 2));
-    SendMessageW(boxWindow(), WM_LBUTTONUP, 0, MAKELPARAM(2, 2));
-    EXPECT_TRUE(area->hasCapture());
+    boxClient.showsMenu = true;
+    for (const UINT down : {WM_LBUTTONDOWN, WM_RBUTTONDOWN}) {
+        SetCapture(boxWindow());
+        SendMessageW(boxWindow(), down, 0, MAKELPARAM(2, 2));
+        ReleaseCapture();
+        SendMessageW(boxWindow(), down - WM_LBUTTONDOWN + WM_LBUTTONUP, 0, MAKELPARAM(2, 2));
+        EXPECT_TRUE(area->hasCapture()) << down;
+    }
     for (const std::string& line : taken()) EXPECT_NE(line, "area.captureLost");
     // From the child it may have gone on to the host.
     SetCapture(boxWindow());
@@ -259,6 +271,19 @@ TEST_F(WindowTest, ASurfaceHasItsCaptureAgainAfterItsChilds) {
     const Journal last = taken();
     EXPECT_EQ(std::count(last.begin(), last.end(), "area.captureLost"), 1);
     ReleaseCapture();
+}
+
+TEST_F(WindowTest, AMenuIsAskedForAtAPointOrByAKey) {
+    open();
+    boxClient.showsMenu = true;
+    POINT origin{};
+    ClientToScreen(boxWindow(), &origin);
+    // Left of the first monitor places are negative.
+    for (const POINT at : {POINT{-1, -1}, POINT{-1, origin.y}, POINT{origin.x, -1}})
+        SendMessageW(boxWindow(), WM_CONTEXTMENU, reinterpret_cast<WPARAM>(boxWindow()),
+                     MAKELPARAM(at.x, at.y));
+    EXPECT_EQ(taken(), (Journal{"box.contextMenu", "box.contextMenu " + std::to_string(-1 - origin.x) + " 0",
+                                "box.contextMenu 0 " + std::to_string(-1 - origin.y)}));
 }
 
 TEST_F(WindowTest, ThePressOnAPanelActivatesNothing) {

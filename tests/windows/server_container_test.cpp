@@ -32,8 +32,15 @@ ptrdiff_t viewChanges(HostedControl& hosted) {
 TEST(ServerContainer, AZoomedDocumentLaysTheControlOutAndKeepsItsExtent) {
     for (const wchar_t* name : {L"UpDownTextBox", L"GridEdit", L"PageTab"}) {
         HostedControl hosted(name);
+        const auto picture = [&hosted] {
+            DrawnPixels pixels(120, 24);
+            const RECT place{0, 0, 120, 24};
+            hosted.site.draw(pixels.dc(), place);
+            return pixels.colours(place);
+        };
         hosted.activate({10, 10, 130, 34});
         const auto extent = extentOf(hosted.site.control().get());
+        const auto drawn = picture();
         const RECT zoomed{20, 20, 260, 68};
         ASSERT_EQ(hosted.site.query<IOleInPlaceObject>()->SetObjectRects(&zoomed, &zoomed), S_OK);
         RECT window{};
@@ -43,7 +50,29 @@ TEST(ServerContainer, AZoomedDocumentLaysTheControlOutAndKeepsItsExtent) {
         EXPECT_EQ(extentOf(hosted.site.control().get()), extent) << container::toUtf8(name);
         hosted.site.deactivate();
         EXPECT_EQ(extentOf(hosted.site.control().get()), extent) << container::toUtf8(name);
+        EXPECT_EQ(picture(), drawn) << container::toUtf8(name);
     }
+}
+
+TEST(ServerContainer, ADocumentHearsWhichControlIsActiveAndOfWhichKeyItMayUse) {
+    const TestWindow window;
+    const container::ControlForm document(window.handle());
+    container::SiteSettings inDocument;
+    inDocument.document = document.frame();
+    HostedControl hosted(L"UpDownTextBox", inDocument);
+    hosted.activate();
+    hosted.form.enter(hosted.site);
+    EXPECT_TRUE(document.activeObject());
+    std::vector<LPARAM> offered;
+    hosted.site.onKey = [&](MSG& key) {
+        offered.push_back(key.lParam);
+        return true;
+    };
+    const LPARAM first = MapVirtualKeyW(VK_F5, MAPVK_VK_TO_VSC) << 16 | 1, repeated = first | 1 << 30;
+    for (const LPARAM key : {first, repeated}) SendMessageW(GetFocus(), WM_KEYDOWN, VK_F5, key);
+    EXPECT_EQ(offered, (std::vector{first, repeated}));
+    hosted.site.uiDeactivate();
+    EXPECT_FALSE(document.activeObject());
 }
 
 TEST(ServerContainer, NoSizeLeavesAnEdgeUnpainted) {

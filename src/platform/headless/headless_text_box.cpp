@@ -8,6 +8,7 @@ HeadlessTextBox::HeadlessTextBox(HeadlessPlatform& platform, TextBoxClient& clie
                                  const TextBoxStart& start)
     : HeadlessChildPeer(platform, client, parent, start.placement),
       textClient_(client),
+      flow_(start.flow),
       text_(start.text),
       maxLength_(start.maxLength) {}
 

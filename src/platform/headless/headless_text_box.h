@@ -17,7 +17,11 @@ public:
         work();
         return selection_;
     }
-    void setFlow(TextFlow) override { work(); }
+    void setFlow(TextFlow flow) override {
+        work();
+        flow_ = flow;
+    }
+    TextFlow flow() const { return flow_; }
     void setMaxLength(int32_t length) override {
         work();
         maxLength_ = length;
@@ -33,6 +37,7 @@ private:
     void report();
 
     TextBoxClient& textClient_;
+    TextFlow flow_;
     Text text_;
     Text undoText_;
     TextSelection selection_;
