@@ -276,17 +276,6 @@ TEST(GridModel, TakesMoreRowsThanMemoryCouldFill) {
     ASSERT_TRUE(grid.setRows(1));
 }
 
-TEST(GridModel, DropsCellsBeyondTheLastColumnForGood) {
-    GridModel grid(0, 3, dpi);
-    ASSERT_TRUE(grid.addItem(u"a\tb\tc\td", 0));
-    ASSERT_TRUE(grid.setCols(4));
-    EXPECT_EQ(grid.text({0, 3}), u"");
-    ASSERT_TRUE(grid.setCols(1));
-    ASSERT_TRUE(grid.setCols(3));
-    EXPECT_EQ(grid.text({0, 0}), u"a");
-    EXPECT_EQ(grid.text({0, 1}), u"");
-}
-
 TEST(GridModel, CopiesACellIntoAnother) {
     const Text lengths[] = {u"", u"short", Text(PackedRow::longestInline, u'i'), Text(5000, u'a')};
     for (const Text& first : lengths) {
@@ -352,34 +341,6 @@ TEST(GridModel, TakesAttributesBackFromCellAfterCell) {
     ASSERT_TRUE(grid.setStyle({0, 0}, {}));
     ASSERT_TRUE(grid.setAttribute<&CellStyle::picture>({0, 0}, picture));
     EXPECT_EQ(grid.styleCount(), 1u);
-}
-
-TEST(GridModel, ClearKeepsCountsAndSizes) {
-    GridModel grid(2000, 2, dpi);
-    ASSERT_TRUE(grid.setRowHeight(700, 480));
-    ASSERT_TRUE(grid.setColWidth(1, 300));
-    CellStyle style;
-    style.italic = true;
-    ASSERT_TRUE(grid.setStyle({700, 1}, style));
-    ASSERT_TRUE(grid.setText({701, 1}, u"x"));
-    grid.clear();
-    EXPECT_EQ(grid.rows(), 2000);
-    EXPECT_EQ(grid.rowList().height(700), 480);
-    EXPECT_EQ(grid.columns().width(1), 300);
-    EXPECT_EQ(grid.text({701, 1}), u"");
-    EXPECT_EQ(grid.styleCount(), 0u);
-}
-
-TEST(GridModel, SortsRowsWithTheirHeights) {
-    constexpr int32_t rows = 2000;
-    GridModel grid(0, 1, dpi);
-    for (int32_t row = 0; row < rows; ++row) ASSERT_TRUE(grid.addItem(decimalText(rows - row), row));
-    ASSERT_TRUE(grid.setRowHeight(0, 480));
-    ASSERT_TRUE(grid.sort(0, SortDirection::ascending, 0, rows - 1));
-    EXPECT_EQ(grid.rowList().height(rows - 1), 480);
-    EXPECT_EQ(grid.rowList().top(rows - 1), int64_t{rows - 1} * 20);
-    EXPECT_EQ(grid.rowList().top(rows), int64_t{rows + 1} * 20);
-    EXPECT_EQ(grid.rowList().rowAt(20'000), 1000);
 }
 
 TEST(GridModel, AlignsByCellThenColumnThenContent) {
