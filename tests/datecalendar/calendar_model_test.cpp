@@ -61,7 +61,9 @@ TEST_F(CalendarModelTest, TurningWrapsMonthsAndADayThatAMonthLacksBecomesTheFirs
           Row{u"Thu 29 Feb 2024", 12, "1 February, 2025"}, Row{u"Sun 29 Mar 2099", -1, "1 February, 2099"},
           Row{u"Mon 29 Mar 2100", -1, "29 February, 2100"}, Row{u"Sat 14 Nov 2026", -12, "14 November, 2025"},
           Row{u"Fri 31 Dec 9999", 1, "31 December, 9999"}, Row{u"Fri 31 Dec 9999", 12, "31 December, 9999"},
-          Row{u"Fri 1 Jan 0100", -1, "1 January, 0100"}, Row{u"Fri 1 Jan 0100", -12, "1 January, 0100"}}) {
+          Row{u"Fri 1 Jan 0100", -1, "1 January, 0100"}, Row{u"Fri 1 Jan 0100", -12, "1 January, 0100"},
+          Row{u"Fri 31 Dec 9999", INT32_MAX, "31 December, 9999"},
+          Row{u"Fri 1 Jan 0100", INT32_MIN, "1 January, 0100"}}) {
         openOn(row.from);
         model.turn(row.months);
         EXPECT_EQ(chosen(), row.to) << toUtf8(row.from);
@@ -76,6 +78,11 @@ TEST_F(CalendarModelTest, KeysWalkByDaysWeeksMonthsAndYears) {
     };
     for (const Row& row : {Row{u"Sat 31 Jan 2026", key::right, 0, "1 February, 2026"},
                            Row{u"Sun 1 Feb 2026", key::left, 0, "31 January, 2026"},
+                           Row{u"Thu 31 Dec 2026", key::right, 0, "1 January, 2027"},
+                           Row{u"Sat 3 Jan 2026", key::up, 0, "27 December, 2025"},
+                           // Shown, though it is no date.
+                           Row{u"Wed 28 Feb 1900", key::right, 0, "29 February, 1900"},
+                           Row{u"Thu 1 Mar 1900", key::left, 0, "29 February, 1900"},
                            Row{u"Sat 28 Feb 2026", key::up, 0, "21 February, 2026"},
                            Row{u"Sat 28 Feb 2026", key::down, 0, "7 March, 2026"},
                            Row{u"Sat 7 Mar 2026", key::end, 0, "31 March, 2026"},

@@ -44,24 +44,6 @@ TEST(MonthLayoutTest, OnlyMonthsOfFourDigitYearsAreLaidOut) {
     EXPECT_EQ(monthLayout(month(2026, 13)), std::nullopt);
 }
 
-TEST(MonthLayoutTest, MonthsTurnOverTheEndsOfYears) {
-    EXPECT_EQ(turned(month(2026, 12), 1), month(2027, 1));
-    EXPECT_EQ(turned(month(100, 1), -1), std::nullopt);
-    EXPECT_EQ(turned(month(100, 1), INT32_MIN), std::nullopt);
-    EXPECT_EQ(turned(month(9999, 12), INT32_MAX), std::nullopt);
-}
-
-TEST(MonthLayoutTest, DaysMoveOverTheEndsOfMonthsAsTheyAreShown) {
-    const auto from = [](int year, unsigned m, int day, int by) { return moved({month(year, m), day}, by); };
-    EXPECT_EQ(from(2026, 11, 14, 7), (ShownDay{month(2026, 11), 21}));
-    EXPECT_EQ(from(2026, 12, 31, 1), (ShownDay{month(2027, 1), 1}));
-    EXPECT_EQ(from(2026, 1, 3, -7), (ShownDay{month(2025, 12), 27}));
-    EXPECT_EQ(from(1900, 2, 28, 1), (ShownDay{month(1900, 2), 29})) << "shown, though it is no date";
-    EXPECT_EQ(from(1900, 3, 1, -1), (ShownDay{month(1900, 2), 29}));
-    EXPECT_EQ(from(9999, 12, 31, 1), std::nullopt);
-    EXPECT_EQ(from(100, 1, 1, -1), std::nullopt);
-}
-
 TEST(MonthLayoutTest, CellsAreWhereTheyAreAndTheGapsAreNone) {
     EXPECT_EQ(cellBounds(0), (TwipsRect{{105}, {765}, {360}, {270}}));
     EXPECT_EQ(cellBounds(16), (TwipsRect{{885}, {1395}, {360}, {270}}));
