@@ -101,48 +101,6 @@ TEST(PageTabModel, OnlyTabsAndNoneCanBeSelected) {
     }
 }
 
-TEST(PageTabModel, OnlyWhatAHostHasReadIsRestored) {
-    PageTabModel tabs;
-    rebuild(tabs, u"a,b,c");
-    tabs.select(2);
-    EXPECT_EQ(tabs.readActive(), 2);
-    tabs.select(1);
-    rebuild(tabs, u"x,y,z");
-    EXPECT_TRUE(tabs.restore());
-    EXPECT_EQ(tabs.active(), 2);
-    rebuild(tabs, u"x");
-    EXPECT_FALSE(tabs.restore());
-    EXPECT_EQ(tabs.active(), 1) << "the one added last";
-    rebuild(tabs, u"x,y");
-    EXPECT_TRUE(tabs.restore()) << "it is kept until a host reads another one";
-    EXPECT_EQ(tabs.active(), 2);
-}
-
-TEST(PageTabModel, ThePageTakesTheActiveTabsColourOrTheMainOne) {
-    PageTabModel tabs;
-    rebuild(tabs, u"a,b,c");
-    tabs.strPUBSKINCOLORPAGE = u"255||16711680";
-    tabs.clrPAGEMAIN = OleColour(7u);
-    struct Row {
-        int32_t tab;
-        int32_t own;
-        uint32_t page;
-        bool another;
-    };
-    for (const Row& row : {Row{1, 255, 255, true}, Row{1, 255, 255, false}, Row{2, 0, 7, true},
-                           Row{0, 0, 7, false}, Row{3, 16711680, 16711680, true}}) {
-        tabs.select(row.tab);
-        EXPECT_EQ(tabs.takePageColour(), row.another) << row.tab;
-        EXPECT_EQ(tabs.lngSELECTEDPAGECOLOR, row.own) << row.tab;
-        EXPECT_EQ(tabs.clrPAGE, OleColour(row.page)) << row.tab;
-        EXPECT_EQ(tabs.shownPageColour(), OleColour(row.page)) << row.tab;
-    }
-    tabs.clrPAGE = OleColour(9u);
-    EXPECT_EQ(tabs.shownPageColour(), OleColour(16711680u)) << "the tab's own";
-    tabs.lngSELECTEDPAGECOLOR = 0;
-    EXPECT_EQ(tabs.shownPageColour(), OleColour(9u));
-}
-
 TEST(PageTabModel, OnlyAddingAndSelectingLeaveTheMeasuresOfCaptionsAsTheyAre) {
     PageTabModel tabs;
     rebuild(tabs, u"a,b");

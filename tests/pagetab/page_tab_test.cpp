@@ -195,7 +195,9 @@ TEST_F(PageTabTest, ARebuildSelectsTheTabThatTheHostLastSaw) {
     EXPECT_EQ(strip().ActiveTab(), 3) << "the host never saw that the user went to 4";
     put(u"ActiveTabs", Text(u"u,v"));
     EXPECT_EQ(host.take(), (Journal{"changed ActiveTabs"}));
-    EXPECT_EQ(strip().ActiveTab(), 2) << "it exists no more: the one added last";
+    EXPECT_TRUE(tabs()[1].is(AccessibleItem::selected)) << "it exists no more: the one added last";
+    put(u"ActiveTabs", Text(u"x,y,z,last"));
+    EXPECT_EQ(strip().ActiveTab(), 3) << "it is kept until a host reads another one";
 }
 
 TEST_F(PageTabTest, NamesSelectExactlyAndTheLastOneWins) {
@@ -235,14 +237,21 @@ TEST_F(PageTabTest, PageColoursFollowTheActiveTab) {
     put(u"ActiveTab", 2);
     EXPECT_EQ(get(u"PageColor"), Value(OleColour(0x00FF00u))) << "an empty field is none";
     EXPECT_EQ(host.take(), (Journal{"changed PageColor", "changed ActiveTab"}));
+    put(u"ActiveTab", 2);
+    EXPECT_EQ(host.take(), (Journal{"changed ActiveTab"})) << "the same colour once more";
     platform.click(control->window(), on(3));
     EXPECT_EQ(page(), Rgb{16711680});
     EXPECT_EQ(text(u"lngSELECTEDPAGECOLOR"), "16711680");
+    put(u"PageColor", OleColour(0x123456u));
+    EXPECT_EQ(page(), Rgb{16711680}) << "the tab's own";
     // The selected tab is of one piece with its page; the others are parted from it by a line.
     EXPECT_EQ(surface().paint().colourAt({on(3).x, 22}), Rgb{16711680});
     EXPECT_NE(surface().paint().colourAt({on(1).x, 22}), Rgb{16711680});
     put(u"ActiveTab", 4);
     EXPECT_EQ(page(), Rgb{0x00FF00}) << "beyond the list";
+    EXPECT_EQ(text(u"lngSELECTEDPAGECOLOR"), "0");
+    put(u"ActiveTab", 0);
+    EXPECT_EQ(page(), Rgb{0x00FF00}) << "that of no tab";
     // Storing alone shows with the next drawing, and goes with the next laying out.
     put(u"PageColor", OleColour(0x123456u));
     EXPECT_EQ(page(), Rgb{0x123456});
