@@ -11,8 +11,6 @@
 namespace obk::test {
 namespace {
 
-using Pattern = NumericField::Pattern;
-
 TEST(KeyLockTest, OnlyDigitsBackspaceAndOnePointPass) {
     const std::string kept = "0123456789\b", keptWithPoint = kept + ".";
     for (int32_t code = -1000; code <= 1000; ++code) {
@@ -24,14 +22,6 @@ TEST(KeyLockTest, OnlyDigitsBackspaceAndOnePointPass) {
         ASSERT_EQ(NumericField::KeyLock(code, true, u""), in(keptWithPoint)) << code;
         ASSERT_EQ(NumericField::KeyLock(code, true, u"12.5"), in(kept)) << code;
         ASSERT_EQ(NumericField::KeyLock(code, false, u"125"), in(kept)) << code;
-    }
-    // A field admits a point only when it has decimals.
-    for (const bool decimals : {false, true}) {
-        NumericField field;
-        field.AllowDecpoint = decimals;
-        EXPECT_EQ(field.filtered(u'.', u"12"), decimals ? u'.' : 0);
-        EXPECT_EQ(field.filtered(u'.', u"1.2"), 0);
-        EXPECT_EQ(field.filtered(u'7', u"1.2"), u'7');
     }
     // What would be a digit or a point if only its low byte counted.
     for (const int32_t code : {256 + '5', 65536 + '.', INT32_MIN + '0', INT32_MAX})
@@ -77,33 +67,6 @@ TEST(StepTest, TheSumIsWrittenInThePatternAndTextsThatAreNoNumberGiveNothing) {
     }
     EXPECT_EQ(NumericField().increased(u"2.6"), u"3")
         << "a new field has no interval, and writes all the same";
-}
-
-TEST(RangeTest, OnlyAValueStrictlyBeyondTheBoundIsReplaced) {
-    NumericField field;
-    const auto below = [&field](int32_t max, const char16_t* text, Pattern writtenAs) {
-        field.Max = max;
-        return toUtf8(field.heldByMax(text, writtenAs).value_or(u"as it is"));
-    };
-    const auto above = [&field](int32_t min, const char16_t* text, Pattern writtenAs) {
-        field.Min = min;
-        return toUtf8(field.heldByMin(text, writtenAs).value_or(u"as it is"));
-    };
-    for (const bool decimals : {false, true}) {
-        field.AllowDecpoint = decimals;  // whoever checks the range says how a bound is written
-        EXPECT_EQ(below(10, u"10", Pattern::onePlace), "as it is");
-        EXPECT_EQ(below(10, u"10.0001", Pattern::whole), "10");
-        EXPECT_EQ(below(1000, u"1,001", Pattern::onePlace), "1000.0");
-        EXPECT_EQ(below(10, u"-20", Pattern::whole), "as it is");
-        EXPECT_EQ(above(-5, u"-5", Pattern::onePlace), "as it is");
-        EXPECT_EQ(above(-5, u"-5.1", Pattern::whole), "-5");
-        EXPECT_EQ(above(-5, u"20", Pattern::whole), "as it is");
-        EXPECT_EQ(above(INT32_MIN, u"-99999999999", Pattern::onePlace), "-2147483648.0");
-        for (const char16_t* text : {u"", u".", u"many"}) {
-            EXPECT_EQ(below(-1, text, Pattern::whole), "as it is");
-            EXPECT_EQ(above(1, text, Pattern::whole), "as it is");
-        }
-    }
 }
 
 // Channel by channel in floating point; what leaves 32 bits is a failed statement and stays 0.

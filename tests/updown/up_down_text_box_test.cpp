@@ -188,10 +188,22 @@ TEST_F(UpDownTextBoxTest, LeavingTheTextBoxWritesThePatternAndLeavingTheControlO
         const char* away;    // the focus left the control
     };
     const Row rows[] = {
-        {u"15", 0, 10, false, "10", "10.0"}, {u"15", 0, 10, true, "10.0", "10.0"},
-        {u"-1", 0, 10, false, "0", "0.0"},   {u"-1", 0, 10, true, "0.0", "0.0"},
-        {u"10", 0, 10, true, "10", "10"},    {u"9.99", 0, 10, false, "9.99", "9.99"},
-        {u"", 5, 10, false, "", ""},         {u"15", 12, 10, false, "12", "12"},  // Max first, then Min
+        {u"15", 0, 10, false, "10", "10.0"},
+        {u"15", 0, 10, true, "10.0", "10.0"},
+        {u"-1", 0, 10, false, "0", "0.0"},
+        {u"-1", 0, 10, true, "0.0", "0.0"},
+        {u"10", 0, 10, true, "10", "10"},
+        {u"9.99", 0, 10, false, "9.99", "9.99"},
+        {u"-5", -5, 10, true, "-5", "-5"},
+        {u"-5.1", -5, 10, false, "-5", "-5.0"},
+        {u"10.0001", 0, 10, false, "10", "10.0"},
+        {u"1,001", 0, 1000, true, "1000.0", "1000.0"},
+        {u"-20", -30, 10, false, "-20", "-20"},
+        {u"-99999999999", INT32_MIN, 10, true, "-2147483648.0", "-2147483648.0"},
+        {u"", 5, -1, false, "", ""},
+        {u".", 5, -1, false, ".", "."},
+        {u"many", 5, -1, false, "many", "many"},
+        {u"15", 12, 10, false, "12", "12"},  // Max first, then Min
     };
     edit();
     for (const Row& row : rows) {
