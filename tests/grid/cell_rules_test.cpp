@@ -31,12 +31,6 @@ TEST(CellRules, AFontSizeIsANumberInFull) {
         EXPECT_EQ(fontSizeFromText(none), std::nullopt) << toUtf8(none);
 }
 
-TEST(CellRules, EverySecondRowFromTheFirstHasTheColour) {
-    const OleColour colour(0xFF00u);
-    for (const int32_t row : {0, 2, 4, -2}) EXPECT_EQ(alternateRowColour(row, colour), colour);
-    for (const int32_t row : {1, 3, -3}) EXPECT_EQ(alternateRowColour(row, colour), OleColour(0x80000005u));
-}
-
 TEST(ColumnTypes, TheTableEndsAtTenThousand) {
     ColumnTypes types;
     EXPECT_EQ(types.read(7), u"0");

@@ -61,29 +61,23 @@ TEST_F(GridEditTest, FontsAreSetStepByStepAndABadStepIsSkipped) {
     size(3, 3);
     set(1, 1, u"probe");
     show();
+    const auto look = [this] {
+        const DrawnItem item = drawnText(u"probe");
+        const FontDescription& font = item.style.font;
+        return std::tuple(font.name, font.size, font.weight, font.strikethrough, item.colour);
+    };
+    const Rgb grey = Rgb::of(160, 160, 160);
     for (const TextView member : {u"CellFontSet", u"CellFormatSet"}) {
         call(member, {1, 1, Text(u"Courier"), Text(u"12.5"), true, true, red});
-        DrawnItem item = drawnText(u"probe");
-        EXPECT_EQ(item.style.font.name, u"Courier");
-        EXPECT_EQ(item.style.font.size, 12.5);
-        EXPECT_EQ(item.style.font.weight, 700);
-        EXPECT_TRUE(item.style.font.strikethrough);
-        EXPECT_EQ(item.colour, Rgb::of(255, 0, 0));
+        EXPECT_EQ(look(), std::tuple(Text(u"Courier"), 12.5, 700, true, Rgb::of(255, 0, 0)));
         // Neither name nor size; all else is as in a call that leaves it out.
         call(member, {1, 1, Text(), Text(u"large"), {}, {}, {}});
-        item = drawnText(u"probe");
-        EXPECT_EQ(item.style.font.name, u"Courier");
-        EXPECT_EQ(item.style.font.size, 12.5);
-        EXPECT_EQ(item.style.font.weight, 400);
-        EXPECT_FALSE(item.style.font.strikethrough);
-        EXPECT_EQ(item.colour, Rgb::of(160, 160, 160));
+        EXPECT_EQ(look(), std::tuple(Text(u"Courier"), 12.5, 400, false, grey));
     }
     call(u"CellEnabledSet", {1, 1, true, window});
-    EXPECT_TRUE(drawnText(u"probe").style.font.strikethrough);
-    EXPECT_EQ(drawnText(u"probe").colour, Rgb::of(255, 255, 255));
+    EXPECT_EQ(look(), std::tuple(Text(u"Courier"), 12.5, 400, true, Rgb::of(255, 255, 255)));
     call(u"CellEnabledSet", {1, 1, {}, {}});
-    EXPECT_FALSE(drawnText(u"probe").style.font.strikethrough);
-    EXPECT_EQ(drawnText(u"probe").colour, Rgb::of(160, 160, 160));
+    EXPECT_EQ(look(), std::tuple(Text(u"Courier"), 12.5, 400, false, grey));
 }
 
 TEST_F(GridEditTest, ARowIsAddedBetweenTheClosingOfTheEditorAndTheNews) {
@@ -422,10 +416,12 @@ TEST_F(GridEditTest, FilesThatCannotBeOpenedChangeWhatIsSaid) {
     size(2, 2);
     set(1, 1, u"probe");
     show();
+    platform.files().put(u"refused.txt", "old");
     platform.files().refuse(u"refused.txt");
     call(u"GridRedraw", {false});
-    call(u"GridSave", {Text(u"refused.txt"), Text(u"x")});
-    EXPECT_FALSE(platform.files().bytes(u"refused.txt"));
+    for (const TextView file : {u"refused.txt", u""}) call(u"GridSave", {Text(file), Text(u"x")});
+    EXPECT_EQ(platform.files().bytes(u"refused.txt"), "old");
+    EXPECT_EQ(platform.files().count(), 1u) << "nor is anything left beside it";
     EXPECT_TRUE(gridShows()) << "drawing is resumed";
     EXPECT_EQ(current(), std::pair(1, 1));
     platform.files().put(u"empty.txt", "");
