@@ -297,15 +297,6 @@ TEST_F(ButtonPaletteTest, TheStripAsksForAColourOfOnesOwn) {
     EXPECT_EQ(get(u"Color"), Value(OleColour(SystemColour::highlight)));
 }
 
-TEST_F(ButtonPaletteTest, ColorSetByCodeIsSilentAndIsWhatAReleaseOutsideGoesBackTo) {
-    put(u"Color", OleColour(Rgb::of(9, 8, 7)));
-    EXPECT_EQ(host.take(), (Journal{"changed Color"}));
-    show();
-    onPanel(Kind::down, {1, 1});
-    onPanel(Kind::up, {-1, 1});
-    EXPECT_EQ(host.takeEvents(), (Journal{"FocusHidden", "Change 460809"}));
-}
-
 TEST_F(ButtonPaletteTest, AnotherPaletteWhileOpenResizesThePanelAndKeepsTheNearestColour) {
     show();
     const PixelSize before = panelSize();

@@ -30,14 +30,6 @@ public:
                            std::to_string(event.at.x) + "," + std::to_string(event.at.y));
         if (onMouse) onMouse(event);
     }
-    bool wheel(const WheelEvent&) override {
-        journal_.push_back(name_ + " wheel");
-        return usesWheel;
-    }
-    bool contextMenu(std::optional<PixelPoint> at) override {
-        journal_.push_back(name_ + " menu " + std::to_string(at->x) + "," + std::to_string(at->y));
-        return false;
-    }
     void captureLost() override { journal_.push_back(name_ + " lost"); }
     void paint(Canvas& canvas, const PixelRect& bounds) override {
         // As widgets may, carelessly beyond its edges.
@@ -48,7 +40,6 @@ public:
         return itemOf(AccessibleItem::Role::graphic, fromUtf8(name_));
     }
     std::function<void(const MouseEvent&)> onMouse;
-    bool usesWheel = false;
 
 private:
     Journal& journal_;
@@ -157,23 +148,6 @@ TEST_F(SurfaceTest, AWidgetMayGoWhileItIsHoveredOrHasTheCaptureOrTheKeyboard) {
     EXPECT_EQ(take(), (Journal{"b leave -25,-5", "left"}));
 }
 
-TEST_F(SurfaceTest, TheWheelRisesToWhoeverUsesIt) {
-    const auto wheel = [this](PixelPoint at) { platform.wheel(surface.window(), {120, false, 0, at}); };
-    wheel({15, 55});
-    EXPECT_EQ(take(), Journal{"c wheel"});
-    c.setEnabled(false);
-    wheel({15, 55});
-    EXPECT_EQ(take(), Journal{});
-}
-
-TEST_F(SurfaceTest, AMenuIsAskedForByTheRightButtonWhereItIsReleased) {
-    platform.click(surface.window(), {15, 55}, button::right);
-    EXPECT_EQ(take(), (Journal{"c move 5,5", "c down 5,5", "c up 5,5", "c menu 5,5"}));
-    c.setEnabled(false);
-    platform.mouse(surface.window(), {Kind::up, button::right, 0, {15, 55}});
-    EXPECT_EQ(take().back(), "c up 5,5");
-}
-
 TEST_F(SurfaceTest, AMenuAnswersWhatWasChosenAndTheHeldCaptureRestsMeanwhile) {
     const std::vector<MenuItem> items{{u"&One"}, {}, {u"&Two", false}, {u"T&hree"}};
     std::optional<size_t> wanted;
@@ -253,18 +227,6 @@ TEST_F(SurfaceTest, ScreenReadersHearOfTheVisiblePartsInTheirPlaces) {
     surface.announce(AccessibleEvent::state, {&*part, {}});
     part.emplace(root, journal, "in its place");
     EXPECT_EQ(platform.takeHeard(), Journal{}) << "nothing has happened to that one";
-}
-
-TEST_F(SurfaceTest, BetweenChildrenTheFocusIsNotLeft) {
-    TextBox first(root), second(root);
-    for (TextBox* box : {&first, &second}) box->move({{900}, {box == &first ? 0.0 : 300.0}, {300}, {285}});
-    surface.close();
-    EXPECT_TRUE(surface.open({SurfacePlacement::Kind::control, 1000, {0, 0, 100, 60}}));
-    take();
-    EXPECT_TRUE(first.takeFocus() && second.takeFocus());
-    EXPECT_EQ(take(), (Journal{"entered", "entered"}));
-    platform.setFocus(0);
-    EXPECT_EQ(take(), Journal{"left"});
 }
 
 TEST_F(SurfaceTest, AFieldHasItsWindowFromTheFirstTimeThatItIsSeen) {
