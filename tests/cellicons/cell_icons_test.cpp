@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <map>
 #include <string>
 
 namespace obk::test {
@@ -54,21 +53,13 @@ uint64_t digest(TextView text) {
 TEST(CellIcons, KeysStandInTheOrderOfTheirNumbers) {
     ASSERT_EQ(cell_icons::count(), 247);
     Text keys;
-    std::map<std::string, int32_t> categories;
     for (int32_t index = 1; index <= cell_icons::count(); ++index) {
         const Text key = cell_icons::key(index);
         EXPECT_EQ(cell_icons::indexOf(key), index) << toUtf8(key);
         keys += (index == 1 ? u"" : u";") + key;
-        if (index > 5) ++categories[toUtf8(key.substr(0, key.find(u" - ")))];
     }
     EXPECT_EQ(digest(keys), 0x35a6a50407a8434fu)
         << "hosts know the icons by these keys, and by their numbers";
-    EXPECT_EQ(cell_icons::indexOf(u"Book - Blue"), 6);
-    EXPECT_EQ(cell_icons::indexOf(u"People - Man - Worker"), 247);
-    const std::map<std::string, int32_t> counts{{"Book", 10},    {"Books", 2},   {"Home", 43}, {"Food", 17},
-                                                {"Leisure", 36}, {"People", 41}, {"Tech", 22}, {"Work", 27},
-                                                {"Writing", 33}, {"Office", 11}};
-    EXPECT_EQ(categories, counts);
 }
 
 TEST(CellIcons, WhatIsNoKeyAndNoNumberFindsNothing) {

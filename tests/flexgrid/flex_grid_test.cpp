@@ -4,6 +4,7 @@
 #include "platform/headless/headless_platform.h"
 #include "platform/headless/headless_surface.h"
 #include "support/flex_grid_monkey.h"
+#include "support/from_environment.h"
 #include "support/quiet_surface_owner.h"
 #include "widgets/surface.h"
 #include "widgets/text_box.h"
@@ -435,8 +436,7 @@ TEST_F(FlexGridTest, OnlyWhatChangesIsPaintedAnew) {
 TEST(FlexGridMonkey, WalksWithoutHarmAndPaintsBitByBitWhatIsThere) {
     for (uint32_t seed = 1; seed <= 2; ++seed) {
         std::mt19937 random(seed);
-        FlexGridMonkey monkey(
-            [&](int32_t limit) { return static_cast<int32_t>(random() % static_cast<uint32_t>(limit)); });
+        FlexGridMonkey monkey(diceOf(random));
         for (int step = 0; step < 1000; ++step) {
             const char* const broken = monkey.step();
             ASSERT_EQ(broken, nullptr) << broken << ": seed " << seed << ", step " << step;

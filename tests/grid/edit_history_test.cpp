@@ -1,6 +1,7 @@
 #include "grid/edit_history.h"
 
 #include "support/failing_memory.h"
+#include "support/from_environment.h"
 
 #include <gtest/gtest.h>
 
@@ -69,9 +70,7 @@ void expectEqual(const NamedRows& grid, const EveryState::State& state, bool& sa
 TEST(EditHistory, AgreesWithAModelThatKeepsEveryState) {
     for (uint32_t seed = 1; seed <= 40; ++seed) {
         std::mt19937 random(seed);
-        const auto below = [&](int32_t limit) {
-            return static_cast<int32_t>(random() % static_cast<uint32_t>(limit));
-        };
+        const auto below = test::diceOf(random);
         NamedRows grid;
         EditHistory history(grid);
         EveryState states;

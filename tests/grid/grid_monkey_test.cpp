@@ -16,9 +16,7 @@ TEST(GridMonkey, WalksThroughEditingWithoutHarm) {
     const auto [first, last] = walkSeeds(8);
     for (int32_t seed = first; seed <= last; ++seed) {
         std::mt19937 random(static_cast<uint32_t>(seed));
-        // The library's distributions differ between systems.
-        GridMonkey monkey(
-            [&](int32_t limit) { return static_cast<int32_t>(random() % static_cast<uint32_t>(limit)); });
+        GridMonkey monkey(diceOf(random));
         monkey.asksAlways = true;
         for (int32_t step = 0; step < steps; ++step) {
             const char* const broken = monkey.step();

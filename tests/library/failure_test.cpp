@@ -3,13 +3,12 @@
 // it had, works on, and leaves nothing.
 #include "grid/grid_edit.h"
 #include "library/library.h"
-#include "pagetab/page_tab.h"
 #include "platform/headless/headless_platform.h"
 #include "platform/headless/headless_surface.h"
 #include "support/failing_memory.h"
 #include "support/from_environment.h"
 #include "support/sample_values.h"
-#include "updown/up_down_text_box.h"
+#include "support/something_to_work_on.h"
 
 #include "framework/member_call.h"
 
@@ -64,14 +63,8 @@ public:
         control_->initNew();
     }
     void fill() {
-        if (auto* const field = dynamic_cast<UpDownTextBox*>(control_.get())) field->SetInterval(1);
-        if (auto* const strip = dynamic_cast<PageTab*>(control_.get()))
-            strip->SetActiveTabs(u"a,b,c,d,e,f,g,h");
+        giveWork(*control_, 4, u"a,b,c,d,e,f,g,h");
         if (GridEdit* const cells = grid()) {
-            cells->ColsSet(7);
-            cells->RowsSet(4);
-            for (int32_t col = 0; col < 7; ++col) cells->ColTypeSet(col, col);
-            cells->ComboAdd(u"oak");
             for (int32_t row = 0; row < 4; ++row)
                 cells->CellTextSet(row, 0, Text(30, static_cast<char16_t>(u'd' - row)));
         }

@@ -1,14 +1,12 @@
 // A person at each control, whose host does the worst of things inside one of its events.
 #include "base/attempt.h"
 #include "base/scoped_value.h"
-#include "grid/grid_edit.h"
 #include "library/library.h"
-#include "pagetab/page_tab.h"
 #include "support/control_monkey.h"
 #include "support/from_environment.h"
 #include "support/sample_values.h"
 #include "support/skipped_statements.h"
-#include "updown/up_down_text_box.h"
+#include "support/something_to_work_on.h"
 
 #include <gtest/gtest.h>
 
@@ -100,16 +98,7 @@ private:
     void viewChanged() override {
         if (tellsAll) hear("view");
     }
-    void prepare(Control& control) override {
-        if (auto* const field = dynamic_cast<UpDownTextBox*>(&control)) field->SetInterval(1);
-        if (auto* const strip = dynamic_cast<PageTab*>(&control)) strip->SetActiveTabs(u"a,b,c,d,e");
-        if (auto* const grid = dynamic_cast<GridEdit*>(&control)) {
-            grid->ColsSet(7);
-            grid->RowsSet(3);
-            for (int32_t col = 0; col < 7; ++col) grid->ColTypeSet(col, col);
-            grid->ComboAdd(u"oak");
-        }
-    }
+    void prepare(Control& control) override { giveWork(control, 3, u"a,b,c,d,e"); }
 };
 
 class ReentryTest : public testing::TestWithParam<const ControlTable*> {};
@@ -158,9 +147,7 @@ TEST_P(ReentryTest, TheHostMayDoAnythingInsideEveryEvent) {
             (control == u"DateCalendar" || control == u"ButtonPalette" || control == u"GridEdit"))
             left["asking"] = wanted;
         for (int round = 0; round < 1500 && !left.empty(); ++round) {
-            Monkey monkey(*GetParam(), [&random](int32_t limit) {
-                return static_cast<int32_t>(random() % static_cast<uint32_t>(limit));
-            });
+            Monkey monkey(*GetParam(), diceOf(random));
             monkey.tellsAll = true;
             bool acting = false, happened = false;
             std::string trail;
@@ -198,9 +185,7 @@ TEST_P(ReentryTest, AScreenReaderMayAskForEverythingInEachEvent) {
     const auto [first, last] = walkSeeds(4);
     for (int32_t seed = first; seed <= last; ++seed) {
         std::mt19937 random(static_cast<uint32_t>(seed));
-        BusyMonkey monkey(*GetParam(), [&random](int32_t limit) {
-            return static_cast<int32_t>(random() % static_cast<uint32_t>(limit));
-        });
+        BusyMonkey monkey(*GetParam(), diceOf(random));
         monkey.asksAlways = true;
         monkey.tellsAll = true;
         for (int32_t step = 0; step < steps; ++step) {
@@ -213,9 +198,7 @@ TEST_P(ReentryTest, AScreenReaderMayAskForEverythingInEachEvent) {
 
 TEST_P(ReentryTest, ADisabledControlTellsNothingOfAPerson) {
     std::mt19937 random(1);
-    BusyMonkey monkey(*GetParam(), [&random](int32_t limit) {
-        return static_cast<int32_t>(random() % static_cast<uint32_t>(limit));
-    });
+    BusyMonkey monkey(*GetParam(), diceOf(random));
     monkey.place();
     std::vector<std::string> told;
     if (!monkey.disable()) return;
@@ -230,9 +213,7 @@ TEST_P(ReentryTest, AHostThatFailsInItsEventsStopsNoStepAfterThem) {
     for (uint32_t seed = 1; seed <= 12; ++seed) {
         const auto session = [&](bool fails) {
             std::mt19937 random(seed);
-            BusyMonkey monkey(*GetParam(), [&random](int32_t limit) {
-                return static_cast<int32_t>(random() % static_cast<uint32_t>(limit));
-            });
+            BusyMonkey monkey(*GetParam(), diceOf(random));
             std::vector<std::string> told;
             monkey.hears = [&](const std::string& what) {
                 told.push_back(what);

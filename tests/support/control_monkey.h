@@ -54,24 +54,12 @@ public:
     // calls a member holds what it calls.
     virtual void act() {
         if (!control_) return place();
-        switch (below(12)) {
-            case 0:
-            case 1:
-            case 2:
-                return callMember();
-            case 3:
-                return surroundings();
-            case 4:
-            case 5:
-            case 6:
-            case 7:
-                return mouse();
-            case 8:
-                return platform_.type(
-                    one<TextView>({u"1", u"x", u" ", u"7.5", u"o", u"\u65E5", u"\b", u"1 mar 2026"}));
-            default:
-                return key();
-        }
+        const int32_t what = below(12);
+        if (what < 3) return callMember();
+        if (what == 3) return surroundings();
+        if (what < 8) return mouse();
+        if (what > 8) return key();
+        platform_.type(one<TextView>({u"1", u"x", u" ", u"7.5", u"o", u"\u65E5", u"\b", u"1 mar 2026"}));
     }
 
     // A new control in its window; the one before, which may still be in the middle of an event, is let go.
