@@ -95,14 +95,5 @@ TEST_F(EventTest, AnEventMayBeDestroyedWhileItIsRaised) {
     EXPECT_EQ(heard, "xb");
 }
 
-TEST_F(EventTest, ListenersAnswerThroughReferencesOneAfterTheOther) {
-    Event<int&> event;
-    const Connection a = event.connect([](int& value) { value += 1; });
-    const Connection b = event.connect([](int& value) { value *= 10; });
-    int value = 4;
-    event(value);
-    EXPECT_EQ(value, 50);
-}
-
 }  // namespace
 }  // namespace obk::test

@@ -374,30 +374,17 @@ TEST(GridModel, StaysWholeWhenMemoryEnds) {
     const Text item = u"a\t" + longText + u"\tc";
     CellStyle style;
     style.fontName = std::make_shared<Text>(u"a name that needs memory of its own");
+    const auto at = [](int32_t row, int32_t col) { return CellAddress{row, col}; };
     const std::pair<std::function<void()>, std::function<void()>> changes[] = {
         {[&] { grid.addItem(item, 400); }, [&] { plain.addItem(item, 400); }},
         {[&] { grid.addItem(item, 1500); }, [&] { plain.addItem(item, 1500); }},
         {[&] { grid.addItem(u"end", grid.rows()); }, [&] { plain.addItem(u"end", 2002); }},
-        {[&] {
-             grid.setText({10, 0}, longText);
-         },
-         [&] { plain.rows[10].cells[0].text = longText; }},
-        {[&] {
-             grid.setText({1800, 0}, u"x");
-         },
-         [&] { plain.rows[1800].cells[0].text = u"x"; }},
-        {[&] {
-             grid.setText({11, 1}, Text(150, u'w'));
-         },
+        {[&] { grid.setText(at(10, 0), longText); }, [&] { plain.rows[10].cells[0].text = longText; }},
+        {[&] { grid.setText(at(1800, 0), u"x"); }, [&] { plain.rows[1800].cells[0].text = u"x"; }},
+        {[&] { grid.setText(at(11, 1), Text(150, u'w')); },
          [&] { plain.rows[11].cells[1].text = Text(150, u'w'); }},
-        {[&] {
-             grid.setStyle({12, 0}, style);
-         },
-         [&] { plain.rows[12].cells[0].style = style; }},
-        {[&] {
-             grid.setStyle({1100, 0}, style);
-         },
-         [&] { plain.rows[1100].cells[0].style = style; }},
+        {[&] { grid.setStyle(at(12, 0), style); }, [&] { plain.rows[12].cells[0].style = style; }},
+        {[&] { grid.setStyle(at(1100, 0), style); }, [&] { plain.rows[1100].cells[0].style = style; }},
         {[&] { grid.setRowHeight(1700, 0); }, [&] { plain.rows[1700].height = 0; }},
         {[&] { grid.setCols(40); }, [&] { plain.setCols(40); }},
         {[&] { grid.setRows(2500); }, [&] { plain.setRows(2500); }},

@@ -104,6 +104,18 @@ const std::vector<Situation>& situations() {
     const std::vector<int16_t> button{key::escape};
     // There is but one cell to paste.
     const std::vector<int16_t> block{key::insert, 'V', 'Z', 'Y'};
+    const auto shown = [](const ControlTable& table) {
+        return [made = &table](KeyClaims& test) { test.begin(*made); };
+    };
+    const auto dropped = [](const ControlTable& table) {
+        return [made = &table](KeyClaims& test) {
+            test.begin(*made);
+            test.call(u"ShowPopUp");
+        };
+    };
+    const auto cell = [](int32_t type, bool open) {
+        return [=](KeyClaims& test) { inCell(test, type, open); };
+    };
     static const std::vector<Situation> all{
         {"UpDownTextBox",
          [](KeyClaims& test) {
@@ -112,20 +124,10 @@ const std::vector<Situation>& situations() {
              test.put(u"Text", Text(u"5"));
          },
          true, window},
-        {"DateCalendar", [](KeyClaims& test) { test.begin(DateCalendar::memberTable()); }, true},
-        {"DateCalendar, open",
-         [](KeyClaims& test) {
-             test.begin(DateCalendar::memberTable());
-             test.call(u"ShowPopUp");
-         },
-         true},
-        {"ButtonPalette", [](KeyClaims& test) { test.begin(ButtonPalette::memberTable()); }, false, button},
-        {"ButtonPalette, open",
-         [](KeyClaims& test) {
-             test.begin(ButtonPalette::memberTable());
-             test.call(u"ShowPopUp");
-         },
-         false, button},
+        {"DateCalendar", shown(DateCalendar::memberTable()), true},
+        {"DateCalendar, open", dropped(DateCalendar::memberTable()), true},
+        {"ButtonPalette", shown(ButtonPalette::memberTable()), false, button},
+        {"ButtonPalette, open", dropped(ButtonPalette::memberTable()), false, button},
         {"ButtonPalette, walked",
          [](KeyClaims& test) {
              test.begin(ButtonPalette::memberTable());
@@ -141,13 +143,9 @@ const std::vector<Situation>& situations() {
              test.put(u"ActiveTabs", Text(u"Cut,Zoom,&See,Apple,Violet,1,X"));
              test.put(u"ActiveTab", int32_t{2});
          }},
-        {"PageTab without tabs", [](KeyClaims& test) { test.begin(PageTab::memberTable()); }},
+        {"PageTab without tabs", shown(PageTab::memberTable())},
         // Nothing was done yet that could be taken back; a menu comes with a key's release.
-        {"cells",
-         [](KeyClaims& test) { inCell(test, 0, false); },
-         false,
-         {key::escape},
-         {'Y', 'Z', key::menu, key::f10}},
+        {"cells", cell(0, false), false, {key::escape}, {'Y', 'Z', key::menu, key::f10}},
         {"cells that are not edited",
          [](KeyClaims& test) {
              inCell(test, 0, false);
@@ -156,12 +154,12 @@ const std::vector<Situation>& situations() {
          false,
          {key::escape},
          {key::menu, key::f10}},
-        {"text editor", [](KeyClaims& test) { inCell(test, 0, true); }, true, {}, {'Y'}},
-        {"date editor", [](KeyClaims& test) { inCell(test, 1, true); }, true, {}, {'Y'}},
-        {"check editor", [](KeyClaims& test) { inCell(test, 3, true); }, false, {}, block},
-        {"list editor", [](KeyClaims& test) { inCell(test, 4, true); }, false, {}, block},
-        {"number editor", [](KeyClaims& test) { inCell(test, 5, true); }, true, {}, {'Y'}},
-        {"time editor", [](KeyClaims& test) { inCell(test, 6, true); }, false, {}, block},
+        {"text editor", cell(0, true), true, {}, {'Y'}},
+        {"date editor", cell(1, true), true, {}, {'Y'}},
+        {"check editor", cell(3, true), false, {}, block},
+        {"list editor", cell(4, true), false, {}, block},
+        {"number editor", cell(5, true), true, {}, {'Y'}},
+        {"time editor", cell(6, true), false, {}, block},
         {"list editor, open",
          [](KeyClaims& test) {
              inCell(test, 4, true);
