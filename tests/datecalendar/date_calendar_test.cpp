@@ -95,8 +95,7 @@ TEST_F(DateCalendarTest, TheMenuWritesItsDatesAndTellsTheHost) {
         host.on["DateUpdated"] = [&](std::span<Value>) {
             EXPECT_EQ(date(), row.date + blanks) << "known before it is told";
         };
-        platform.mouse(surface(), {Kind::down, button::right, 0, field});
-        platform.mouse(surface(), {Kind::up, button::right, 0, field});
+        click(field, Kind::down, button::right);
         EXPECT_EQ(host.takeEvents(),
                   (Journal{"MouseDown 2 0 900 150", "MouseUp 2 0 900 150", "DateUpdated"}));
     }
@@ -117,8 +116,7 @@ TEST_F(DateCalendarTest, TheMenuIsAskedForByIconAndKeysStandsThereAndMayBeDismis
         accessKeys.clear();
         return std::optional<size_t>();
     });
-    platform.mouse(surface(), {Kind::down, button::right, 0, icon});
-    platform.mouse(surface(), {Kind::up, button::right, 0, icon});
+    click(icon, Kind::down, button::right);
     EXPECT_EQ(place, (PixelRect{110, 110, 110, 110}));
     ASSERT_TRUE(control->focus());
     platform.pressKey(key::menu);
@@ -126,8 +124,7 @@ TEST_F(DateCalendarTest, TheMenuIsAskedForByIconAndKeysStandsThereAndMayBeDismis
     platform.pressKey(key::f10, shift::shift);
     EXPECT_EQ(asked, 3);
     put(u"Enabled", false);
-    platform.mouse(surface(), {Kind::down, button::right, 0, icon});
-    platform.mouse(surface(), {Kind::up, button::right, 0, icon});
+    click(icon, Kind::down, button::right);
     EXPECT_EQ(asked, 3);
     const Journal events = host.takeEvents();
     EXPECT_EQ(std::count(events.begin(), events.end(), "FocusLost"), 1) << "with the disabling";
@@ -288,8 +285,7 @@ TEST_F(DateCalendarTest, AClickOnTheIconOpensAndAPressOutsideCloses) {
     EXPECT_EQ(panel()->bounds(), (PixelRect{100, 121, 294, 348}));
     EXPECT_EQ(platform.capture(), panel()->id());
     EXPECT_TRUE(control->hasFocus()) << "the keyboard is the field's";
-    platform.mouse(surface(), {Kind::down, button::left, 0, icon});
-    platform.mouse(surface(), {Kind::up, button::left, 0, icon});
+    click(icon);
     EXPECT_EQ(host.takeEvents(), (Journal{"FocusHidden", "MouseUp 1 0 150 150"}));
     EXPECT_FALSE(open());
     EXPECT_EQ(platform.capture(), 0u);
@@ -309,8 +305,7 @@ TEST_F(DateCalendarTest, AClickOnTheIconOpensAndAPressOutsideCloses) {
 }
 
 TEST_F(DateCalendarTest, AClickOnTheTextTellsTheHostAndOpensNothing) {
-    platform.mouse(surface(), {Kind::down, button::left, 0, field});
-    platform.mouse(surface(), {Kind::up, button::left, 0, field});
+    click(field);
     EXPECT_EQ(host.takeEvents(), (Journal{"MouseDown 1 0 900 150", "MouseUp 1 0 900 150", "PopUp", "Click"}));
     platform.mouse(surface(), {Kind::doubleClick, button::left, 0, field});
     EXPECT_EQ(host.takeEvents(), (Journal{"DblClick"}));

@@ -59,13 +59,7 @@ const ControlTable& Outer::memberTable() {
 
 class HostedControlTest : public ControlFixture {
 protected:
-    void SetUp() override {
-        platform.registry().setString(u"SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion", u"CurrentVersion",
-                                      "6.3");
-        control = Outer::memberTable().create(platform);
-        control->setHost(&host);
-        control->initNew();
-    }
+    void SetUp() override { place(Outer::memberTable()); }
     Outer& outer() { return static_cast<Outer&>(*control); }
     // The text window whose left top corner is at a point of a surface.
     NativeWindow textAt(NativeWindow surface, PixelPoint at) {

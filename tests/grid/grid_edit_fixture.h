@@ -75,10 +75,6 @@ protected:
         return found == items.end() ? DrawnItem{} : *found;
     }
     bool gridShows() { return !drawnText(u"probe").text.empty(); }
-    void click(PixelPoint point, Kind first = Kind::down) {
-        platform.mouse(control->window(), {first, button::left, 0, point});
-        platform.mouse(control->window(), {Kind::up, button::left, 0, point});
-    }
     void onEvent(const char* name, std::function<void()> act) {
         host.on[name] = [act = std::move(act)](std::span<Value>) { act(); };
     }

@@ -69,8 +69,7 @@ TEST_P(RightToLeftTest, IsTheMirrorImageAndCountsFromThere) {
         host.take();
         for (const int32_t x : {60, 135}) {
             const PixelPoint at{mirrored ? width - 1 - x : x, 10};
-            platform.mouse(control->window(), {Kind::down, button::right, 0, at});
-            platform.mouse(control->window(), {Kind::up, button::right, 0, at});
+            click(at, Kind::down, button::right);
         }
         told[mirrored] = host.takeEvents();
         if (drops) {

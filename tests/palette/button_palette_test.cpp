@@ -52,8 +52,7 @@ using Kind = MouseEvent::Kind;
 TEST_F(ButtonPaletteTest, AClickOpensThePanelBelowAndASecondOneClosesIt) {
     const auto ground = [this] { return platform.surface(surface())->paint().colourAt({50, 3}); };
     const Rgb closed = ground();
-    platform.mouse(surface(), {Kind::down, button::left, 0, {20, 10}});
-    platform.mouse(surface(), {Kind::up, button::left, 0, {20, 10}});
+    click({20, 10});
     EXPECT_EQ(host.takeEvents(), (Journal{"MouseDown 1 0 20 10", "MouseUp 1 0 20 10", "Click"}));
     ASSERT_TRUE(open());
     EXPECT_EQ(panel()->bounds().left, 100);
@@ -138,8 +137,7 @@ TEST_F(ButtonPaletteTest, TheRightButtonMakesASwatchActiveAndChoosesIt) {
 }
 
 TEST_F(ButtonPaletteTest, TheRightButtonOnTheButtonOpensNothing) {
-    platform.mouse(surface(), {Kind::down, button::right, 0, {5, 5}});
-    platform.mouse(surface(), {Kind::up, button::right, 0, {5, 5}});
+    click({5, 5}, Kind::down, button::right);
     EXPECT_EQ(host.takeEvents(), (Journal{"MouseDown 2 0 5 5", "MouseUp 2 0 5 5"}));
     EXPECT_FALSE(open());
     EXPECT_EQ(get(u"MousePosn"), Value(true));
@@ -179,8 +177,7 @@ TEST_F(ButtonPaletteTest, KeysOpenCloseAndMoveOn) {
     platform.pressKey(key::left);
     EXPECT_EQ(host.take(), (Journal{"KeyDown 37 0", "offered 9", "KeyUp 37 0"}));
     // F4 and Alt with an arrow as in any field that drops something down, whichever button was pressed last.
-    platform.mouse(surface(), {Kind::down, button::right, 0, {20, 10}});
-    platform.mouse(surface(), {Kind::up, button::right, 0, {20, 10}});
+    click({20, 10}, Kind::down, button::right);
     for (const auto& [code, state] :
          {std::pair(key::f4, int16_t{0}), {key::f4, 0}, {key::down, shift::alt}, {key::up, shift::alt}}) {
         const bool before = open();
@@ -381,8 +378,7 @@ TEST_F(ButtonPaletteTest, ADoubleClickPressesOnceMore) {
     put(u"PopupEnabled", false);
     platform.click(surface(), {5, 5});
     host.take();
-    platform.mouse(surface(), {Kind::doubleClick, button::left, 0, {5, 5}});
-    platform.mouse(surface(), {Kind::up, button::left, 0, {5, 5}});
+    click({5, 5}, Kind::doubleClick);
     EXPECT_EQ(host.takeEvents(),
               (Journal{"MouseDown 1 0 1 1", "DblClick", "MouseUp 1 0 5 5", "PopUp", "Click"}));
 }

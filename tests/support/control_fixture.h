@@ -66,6 +66,12 @@ protected:
     headless::HeadlessSurface* panel() const;
     // The one that shows and came last: a list that is dropped down, say.
     headless::HeadlessSurface* topPanel() const;
+    // A press and its release, without the move that brings the mouse there.
+    void click(PixelPoint at, MouseEvent::Kind first = MouseEvent::Kind::down,
+               int16_t mouseButton = button::left) {
+        for (const MouseEvent::Kind kind : {first, MouseEvent::Kind::up})
+            platform.mouse(control->window(), {kind, mouseButton, 0, at});
+    }
     bool open() const { return panel() && panel()->visible(); }
     // The parts of a surface that have a role for screen readers.
     static std::vector<AccessibleItem> parts(headless::HeadlessSurface& of, AccessibleItem::Role role) {
