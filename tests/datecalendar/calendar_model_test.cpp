@@ -102,14 +102,11 @@ TEST_F(CalendarModelTest, KeysWalkByDaysWeeksMonthsAndYears) {
         EXPECT_EQ(chosen(), row.to) << toUtf8(row.from) << " " << row.code;
     }
     openOn(u"Sat 14 Nov 2026");
-    const KeyEvent others[] = {{key::left, shift::shift},
-                               {key::left, shift::control},
-                               {key::pageUp, shift::shift},
-                               {key::space},
-                               {int16_t{key::down + 1}},
-                               {key::enter},
-                               {key::pageDown, shift::control | shift::alt}};
-    for (const KeyEvent& other : others) EXPECT_FALSE(model.walk(other)) << other.code << " " << other.shift;
+    for (const KeyEvent& other :
+         {KeyEvent{key::left, shift::shift}, KeyEvent{key::left, shift::control},
+          KeyEvent{key::pageUp, shift::shift}, KeyEvent{key::space}, KeyEvent{int16_t{key::down + 1}},
+          KeyEvent{key::enter}, KeyEvent{key::pageDown, shift::control | shift::alt}})
+        EXPECT_FALSE(model.walk(other)) << other.code << " " << other.shift;
     EXPECT_EQ(chosen(), "14 November, 2026");
 }
 

@@ -35,12 +35,10 @@ TEST(EditSession, TheEditorHasAShareInWhatAKeyMeans) {
 }
 
 TEST(EditSession, AHeldKeyAddsAndDeletesOneRow) {
-    const std::pair<int16_t, EditAction> rows[] = {{key::enter, goOn},
-                                                   {key::down, none},
-                                                   {key::insert, none},
-                                                   {key::deleteKey, none},
-                                                   {int16_t{'X'}, open}};
-    for (const auto& [code, action] : rows) EXPECT_EQ(editAction({code, 0, true}, lastRow), action) << code;
+    for (const auto& [code, action] :
+         {std::pair(key::enter, goOn), std::pair(key::down, none), std::pair(key::insert, none),
+          std::pair(key::deleteKey, none), std::pair(int16_t{'X'}, open)})
+        EXPECT_EQ(editAction({code, 0, true}, lastRow), action) << code;
 }
 
 TEST(EditSession, WhatTypesNothingOpensNothing) {

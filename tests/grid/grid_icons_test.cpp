@@ -1,6 +1,8 @@
 #include "cellicons/cell_icons.h"
 #include "grid_edit_fixture.h"
 
+#include <array>
+
 namespace obk::test {
 namespace {
 
@@ -65,24 +67,16 @@ TEST_F(GridIconsTest, AnUnknownNameShowsNoIcon) {
 
 TEST_F(GridIconsTest, TheScreenChoosesTheSizeAtEveryMoment) {
     setIcon(1, 1, u"Book - Blue");
-    struct Row {
-        int32_t dpi, drawnFor, height;
-    };
     // 250 % and more have whole multiples of what there is.
-    for (const Row& row : std::initializer_list<Row>{{96, 16, 16},
-                                                     {120, 16, 16},
-                                                     {144, 24, 24},
-                                                     {168, 24, 24},
-                                                     {192, 32, 32},
-                                                     {240, 32, 32},
-                                                     {288, 24, 48},
-                                                     {384, 32, 64}}) {
-        platform.setDpi(control->window(), Dpi(row.dpi));
+    const std::array<int32_t, 3> rows[] = {{96, 16, 16},  {120, 16, 16}, {144, 24, 24}, {168, 24, 24},
+                                           {192, 32, 32}, {240, 32, 32}, {288, 24, 48}, {384, 32, 64}};
+    for (const auto& [dpi, drawnFor, height] : rows) {
+        platform.setDpi(control->window(), Dpi(dpi));
         const auto shown = pictures();
-        ASSERT_EQ(shown.size(), 1u) << row.dpi;
-        EXPECT_EQ(shown[0].picture->size(), (PixelSize{row.drawnFor * 9 / 8, row.drawnFor})) << row.dpi;
-        EXPECT_EQ(shown[0].rect.width(), row.height * 9 / 8) << row.dpi;
-        EXPECT_EQ(shown[0].rect.height(), row.height) << row.dpi;
+        ASSERT_EQ(shown.size(), 1u) << dpi;
+        EXPECT_EQ(shown[0].picture->size(), (PixelSize{drawnFor * 9 / 8, drawnFor})) << dpi;
+        EXPECT_EQ(shown[0].rect.width(), height * 9 / 8) << dpi;
+        EXPECT_EQ(shown[0].rect.height(), height) << dpi;
     }
 }
 
