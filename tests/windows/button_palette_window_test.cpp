@@ -11,7 +11,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <functional>
 #include <optional>
 #include <utility>
 
@@ -19,7 +18,6 @@ namespace obk {
 namespace {
 
 using namespace testing_support;
-using container::Variant;
 
 // The middle of a base cell.
 POINT cellAt(size_t index, Dpi dpi = {}) {
@@ -211,25 +209,6 @@ TEST_F(ButtonPaletteWindow, ItsAccessKeyPressesItFromTheWholeForm) {
     hosted.loop.pumpPending();
     EXPECT_TRUE(openPanel());
     EXPECT_EQ(GetFocus(), button());
-}
-
-TEST_F(ButtonPaletteWindow, SetThemeShowsTheGroundThatItsHostMeans) {
-    const auto ground = [&] {
-        hosted.loop.pumpPending();
-        const HDC dc = GetDC(button());
-        const COLORREF at = GetPixel(dc, 50, 3);
-        ReleaseDC(button(), dc);
-        return at;
-    };
-    constexpr COLORREF pink = RGB(250, 200, 210);
-    object().put(L"BackColor", static_cast<long>(pink));
-    object().put(L"BackcolorCustom", false);
-    object().call(L"SetTheme");
-    EXPECT_EQ(ground(), pink);
-    object().put(L"BackcolorCustom", true);
-    object().call(L"SetTheme");
-    EXPECT_EQ(ground(), GetSysColor(COLOR_BTNFACE));
-    EXPECT_EQ(object().value(L"BackColor").toLong(), static_cast<long>(pink));
 }
 
 TEST_F(ButtonPaletteWindow, TheStripOpensTheSystemsChooser) {

@@ -18,7 +18,6 @@ namespace obk {
 namespace {
 
 using namespace testing_support;
-using container::Variant;
 
 class PageTabWindow : public PersonAtControl {
 protected:
@@ -157,15 +156,6 @@ TEST_F(PageTabWindow, CaptionsAreWholeAtEverySizeOfTheFont) {
         }
         DeleteObject(SelectObject(whole.dc(), before));
     }
-}
-
-TEST_F(PageTabWindow, ARightToLeftFormHasItsTabsAtTheRight) {
-    const RECT before = placeOf(1);
-    hosted.site.setAmbient(DISPID_AMBIENT_RIGHTTOLEFT, true);
-    RECT client{};
-    GetClientRect(strip(), &client);
-    EXPECT_EQ(placeOf(1).right, client.right - before.left);
-    EXPECT_GT(placeOf(1).left, placeOf(2).left);
 }
 
 }  // namespace
