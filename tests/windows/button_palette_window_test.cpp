@@ -10,9 +10,7 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <optional>
-#include <utility>
 
 namespace obk {
 namespace {
@@ -52,6 +50,11 @@ protected:
     ButtonPaletteWindow() : PersonAtControl(L"ButtonPalette", {10, 10, 85, 33}) {}
     HWND button() const { return face(); }
     long colour() const { return object().value(L"Color").toLong().value_or(-1); }
+    void pressStrip(HWND panel) {
+        const RECT area = windowRect(panel);
+        person.moveTo(panel, (area.right - area.left) / 2, area.bottom - area.top - 17);
+        person.press();
+    }
 };
 
 TEST_F(ButtonPaletteWindow, LeftLeavesTheButtonBackwards) {
@@ -158,10 +161,7 @@ TEST_F(ButtonPaletteWindow, NoPartOfThePanelTakesTheFocusWhoeverAsks) {
         person.moveTo(panel, at.x, at.y);
         person.press();
         EXPECT_TRUE(keepsFocusFromPanel(panel, button())) << at.x << "," << at.y;
-        INPUT up{};
-        up.type = INPUT_MOUSE;
-        up.mi.dwFlags = MOUSEEVENTF_LEFTUP;
-        SendInput(1, &up, sizeof up);
+        sendMouse(MOUSEEVENTF_LEFTUP);
         hosted.loop.pumpPending();
         EXPECT_EQ(GetFocus(), button());
     }
@@ -191,43 +191,21 @@ TEST_F(ButtonPaletteWindow, OnAMonitorOfAnotherScaleThePanelIsWholeAndAnswers) {
 
 TEST_F(ButtonPaletteWindow, ItsAccessKeyPressesItFromTheWholeForm) {
     object().put(L"Caption", L"&Ink");
-    SetFocus(other);
-    hosted.loop.pumpPending();
-    // As if Alt were held: held for real, its release would open the form's menu.
-    BYTE keys[256]{}, withAlt[256]{};
-    GetKeyboardState(keys);
-    std::copy(std::begin(keys), std::end(keys), withAlt);
-    withAlt[VK_MENU] = 0x80;
-    SetKeyboardState(withAlt);
-    MSG message{};
-    message.hwnd = other;
-    message.message = WM_SYSKEYDOWN;
-    message.wParam = 'I';
-    message.lParam = 0x20000001;
-    EXPECT_TRUE(hosted.form.translate(message));
-    SetKeyboardState(keys);
+    EXPECT_TRUE(pressAltInOther('I'));
     hosted.loop.pumpPending();
     EXPECT_TRUE(openPanel());
     EXPECT_EQ(GetFocus(), button());
 }
 
 TEST_F(ButtonPaletteWindow, TheStripOpensTheSystemsChooser) {
-    const auto pressStrip = [&](HWND panel) {
-        const RECT area = windowRect(panel);
-        person.moveTo(panel, (area.right - area.left) / 2, area.bottom - area.top - 17);
-        person.press();
-        INPUT up{};
-        up.type = INPUT_MOUSE;
-        up.mi.dwFlags = MOUSEEVENTF_LEFTUP;
-        SendInput(1, &up, sizeof up);
-        hosted.loop.pumpPending();
-    };
     object().put(L"Color", 0x00302010L);
     HWND panel = open();
     ASSERT_TRUE(panel);
     {
         const ChooserAnswer answer(RGB(1, 2, 3));
         pressStrip(panel);
+        sendMouse(MOUSEEVENTF_LEFTUP);
+        hosted.loop.pumpPending();
         EXPECT_GE(answer.seen(), 1);
     }
     EXPECT_EQ(takeEvents(), L"FocusHidden ChangeCustom");
@@ -237,6 +215,8 @@ TEST_F(ButtonPaletteWindow, TheStripOpensTheSystemsChooser) {
     {
         const ChooserAnswer answer(std::nullopt);
         pressStrip(panel);
+        sendMouse(MOUSEEVENTF_LEFTUP);
+        hosted.loop.pumpPending();
         EXPECT_GE(answer.seen(), 1);
     }
     EXPECT_EQ(takeEvents(), L"FocusHidden ChangeCustom") << "cancelled: with the colour it started from";
@@ -265,9 +245,7 @@ TEST_F(ButtonPaletteWindow, AHostLetsGoOfTheControlWhileTheChooserIsOpen) {
     const HWND panel = open();
     ASSERT_TRUE(panel);
     const ChooserAnswer answer(RGB(1, 2, 3), [&] { hosted.site.close(); });
-    const RECT area = windowRect(panel);
-    person.moveTo(panel, (area.right - area.left) / 2, area.bottom - area.top - 17);
-    person.press();
+    pressStrip(panel);
     hosted.loop.pumpPending();
     EXPECT_GE(answer.seen(), 1);
     EXPECT_FALSE(FindWindowW(L"#32770", L"Custom"));

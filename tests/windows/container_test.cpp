@@ -11,6 +11,7 @@
 #include "container/property_bag_text.h"
 #include "container/text.h"
 #include "container/type_members.h"
+#include "person_support.h"
 #include "server_support.h"
 
 namespace obk::container {
@@ -331,17 +332,8 @@ protected:
         loop.add(form);
         SetFocus(edit1);
     }
-    void TearDown() override {
-        shift(false);
-        sites.clear();
-    }
+    void TearDown() override { sites.clear(); }
 
-    static void shift(bool down) {
-        BYTE keys[256] = {};
-        GetKeyboardState(keys);
-        keys[VK_SHIFT] = down ? 0x80 : 0;
-        SetKeyboardState(keys);
-    }
     std::string walk(int steps) {
         std::string path;
         for (int step = 0; step < steps; ++step) {
@@ -363,9 +355,10 @@ protected:
 
 TEST_F(TabOrder, GoesThroughWindowsAndControlsAndPassesOverTheRest) {
     EXPECT_EQ(walk(4), "field 0, field 3, edit 2, edit 1");
-    shift(true);
-    EXPECT_EQ(walk(4), "edit 2, field 3, field 0, edit 1");
-    shift(false);
+    {
+        const testing_support::AsIfHeld shift(VK_SHIFT);
+        EXPECT_EQ(walk(4), "edit 2, field 3, field 0, edit 1");
+    }
     bool asked = false;
     sites[0]->onKey = [&](MSG&) { return asked = true; };
     EXPECT_EQ(walk(2), "field 0, field 0") << "the container used the key";

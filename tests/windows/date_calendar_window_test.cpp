@@ -250,10 +250,7 @@ TEST_F(DateCalendarWindow, NoPartOfTheCalendarTakesTheFocusWhoeverAsks) {
         person.moveTo(panel, at.x, at.y);
         person.press();
         EXPECT_TRUE(keepsFocusFromPanel(panel, edit));
-        INPUT up{};
-        up.type = INPUT_MOUSE;
-        up.mi.dwFlags = MOUSEEVENTF_LEFTUP;
-        SendInput(1, &up, sizeof up);
+        sendMouse(MOUSEEVENTF_LEFTUP);
         hosted.loop.pumpPending();
         EXPECT_EQ(GetFocus(), edit);
     }

@@ -45,10 +45,7 @@ private:
         static int held = 0;
         held = GetAsyncKeyState(VK_LBUTTON) < 0 ? held + 1 : 0;
         if (held < 30) return;
-        INPUT up{};
-        up.type = INPUT_MOUSE;
-        up.mi.dwFlags = MOUSEEVENTF_LEFTUP;
-        SendInput(1, &up, sizeof up);
+        sendMouse(MOUSEEVENTF_LEFTUP);
     }
 
     UINT_PTR timer_;
@@ -171,11 +168,7 @@ private:
         }
     }
     void button(DWORD flag, DWORD data = 0) {
-        INPUT input{};
-        input.type = INPUT_MOUSE;
-        input.mi.dwFlags = flag;
-        input.mi.mouseData = data;
-        SendInput(1, &input, sizeof input);
+        sendMouse(flag, data);
         hosted_.loop.pumpPending();
     }
     Variant value(const container::DeclaredType& type) {

@@ -11,9 +11,6 @@
 #include <oleacc.h>
 #include <olectl.h>
 
-#include <algorithm>
-#include <iterator>
-
 namespace obk {
 namespace {
 
@@ -65,27 +62,12 @@ protected:
 };
 
 TEST_F(PageTabWindow, AnAccessKeyCallsItsTabFromTheWholeForm) {
-    SetFocus(other);
-    hosted.loop.pumpPending();
     const auto control = hosted.site.query<IOleControl>();
     CONTROLINFO info{};
     info.cb = sizeof info;
     ASSERT_EQ(control->GetControlInfo(&info), S_OK);
     EXPECT_EQ(info.cAccel, 1 + 4) << "and what turns pages";
-    // As if Alt were held: held for real, its release would open the form's menu.
-    BYTE keys[256]{};
-    GetKeyboardState(keys);
-    BYTE withAlt[256];
-    std::copy(std::begin(keys), std::end(keys), withAlt);
-    withAlt[VK_MENU] = 0x80;
-    SetKeyboardState(withAlt);
-    MSG message{};
-    message.hwnd = other;
-    message.message = WM_SYSKEYDOWN;
-    message.wParam = 'H';
-    message.lParam = 0x20000001;
-    EXPECT_TRUE(hosted.form.translate(message));
-    SetKeyboardState(keys);
+    EXPECT_TRUE(pressAltInOther('H'));
     EXPECT_EQ(takeEvents(), L"Click(&Help) Show");
     EXPECT_EQ(GetFocus(), other);
     person.key(VK_TAB, MOD_CONTROL);

@@ -4,6 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <iterator>
+
 namespace obk::testing_support {
 
 namespace {
@@ -36,6 +39,14 @@ DWORD WINAPI liveElsewhere(void* parameter) {
     return 0;
 }
 
+INPUT mouseInput(DWORD flag, DWORD data = 0) {
+    INPUT input{};
+    input.type = INPUT_MOUSE;
+    input.mi.dwFlags = flag;
+    input.mi.mouseData = data;
+    return input;
+}
+
 // What a drag asks: it goes on until the button is let go.
 class DragSource final : public ComObject<IDropSource> {
 public:
@@ -57,6 +68,23 @@ void putOnClipboard(std::initializer_list<std::pair<UINT, std::wstring>> content
         SetClipboardData(format, memory);
     }
     CloseClipboard();
+}
+
+void sendMouse(DWORD flag, DWORD data) {
+    INPUT input = mouseInput(flag, data);
+    SendInput(1, &input, sizeof input);
+}
+
+AsIfHeld::AsIfHeld(WORD code) {
+    GetKeyboardState(before_);
+    BYTE keys[256];
+    std::copy(std::begin(before_), std::end(before_), keys);
+    keys[code] = 0x80;
+    SetKeyboardState(keys);
+}
+
+AsIfHeld::~AsIfHeld() {
+    SetKeyboardState(before_);
 }
 
 OtherApplication::OtherApplication() {
@@ -177,9 +205,7 @@ void Person::moveTo(HWND window, int x, int y) {
 }
 
 void Person::press(DWORD downFlag) {
-    INPUT input{};
-    input.type = INPUT_MOUSE;
-    input.mi.dwFlags = downFlag;
+    const INPUT input = mouseInput(downFlag);
     if (downFlag == MOUSEEVENTF_LEFTDOWN)
         send(input, WM_LBUTTONDOWN, WM_LBUTTONDBLCLK);
     else
@@ -187,10 +213,7 @@ void Person::press(DWORD downFlag) {
 }
 
 void Person::release(DWORD upFlag) {
-    INPUT input{};
-    input.type = INPUT_MOUSE;
-    input.mi.dwFlags = upFlag;
-    send(input, upFlag == MOUSEEVENTF_LEFTUP ? WM_LBUTTONUP : WM_RBUTTONUP);
+    send(mouseInput(upFlag), upFlag == MOUSEEVENTF_LEFTUP ? WM_LBUTTONUP : WM_RBUTTONUP);
 }
 
 void Person::click(HWND window, int x, int y) {
@@ -201,10 +224,7 @@ void Person::click(HWND window, int x, int y) {
         return;
     }
     // The press has taken the window away: the release may belong to nobody here.
-    INPUT input{};
-    input.type = INPUT_MOUSE;
-    input.mi.dwFlags = MOUSEEVENTF_LEFTUP;
-    SendInput(1, &input, sizeof input);
+    sendMouse(MOUSEEVENTF_LEFTUP);
     loop_.pumpPending();
 }
 
@@ -225,11 +245,7 @@ DWORD Person::dropHere(IDataObject* data, DWORD downFlag) {
 }
 
 void Person::turnWheel(int delta) {
-    INPUT input{};
-    input.type = INPUT_MOUSE;
-    input.mi.dwFlags = MOUSEEVENTF_WHEEL;
-    input.mi.mouseData = static_cast<DWORD>(delta);
-    send(input, WM_MOUSEWHEEL);
+    send(mouseInput(MOUSEEVENTF_WHEEL, static_cast<DWORD>(delta)), WM_MOUSEWHEEL);
 }
 
 PersonAtControl::PersonAtControl(const wchar_t* className, const RECT& bounds) : hosted(className) {
@@ -242,6 +258,14 @@ long PersonAtControl::number(const wchar_t* method) const {
     container::Variant answer;
     object().call(method, {}, &answer);
     return answer.toLong().value_or(-999);
+}
+
+bool PersonAtControl::pressAltInOther(WPARAM letter) {
+    SetFocus(other);
+    hosted.loop.pumpPending();
+    const AsIfHeld alt(VK_MENU);
+    MSG message{other, WM_SYSKEYDOWN, letter, 0x20000001, 0, {}};
+    return hosted.form.translate(message);
 }
 
 HWND PersonAtControl::open() {

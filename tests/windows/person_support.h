@@ -19,6 +19,21 @@ namespace obk::testing_support {
 // Formats with their contents, byte by byte; nothing empties the clipboard.
 void putOnClipboard(std::initializer_list<std::pair<UINT, std::wstring>> contents);
 
+// Into the system's queue, without waiting for it to arrive.
+void sendMouse(DWORD flag, DWORD data = 0);
+
+// A key as if it were held while this lives. Held for real, Alt would open the form's menu when it is let go.
+class AsIfHeld {
+public:
+    explicit AsIfHeld(WORD code);
+    AsIfHeld(const AsIfHeld&) = delete;
+    AsIfHeld& operator=(const AsIfHeld&) = delete;
+    ~AsIfHeld();
+
+private:
+    BYTE before_[256]{};
+};
+
 class Person {
 public:
     // The loop must outlive the person. The form's window comes to the front and gets the focus.
@@ -80,6 +95,8 @@ protected:
     std::wstring takeEvents() { return hosted.takeEvents(); }
     // What a method answers; -999 for no number.
     long number(const wchar_t* method) const;
+    // Alt and a letter in the other field. Whether the form has a use for it.
+    bool pressAltInOther(WPARAM letter);
     // Drops the control's panel down and forgets what it told; null when there is none.
     HWND open();
 

@@ -96,13 +96,11 @@ void useControl(HostedControl& hosted, const std::wstring& name) {
         object.call(L"BoxHide");
         object.call(L"GridFocusShow");
         const HWND focus = GetFocus();
-        BYTE keys[256]{}, before[256]{};
-        GetKeyboardState(before);
-        keys[VK_CONTROL] = 0x80;
-        SetKeyboardState(keys);
-        for (const WPARAM letter : {0x43, 0x56, 0x5A})  // C, V, Z
-            SendMessageW(focus, WM_KEYDOWN, letter, 1);
-        SetKeyboardState(before);
+        {
+            const AsIfHeld control(VK_CONTROL);
+            for (const WPARAM letter : {0x43, 0x56, 0x5A})  // C, V, Z
+                SendMessageW(focus, WM_KEYDOWN, letter, 1);
+        }
         object.call(L"GridSave", {fileForSaving(), L"x"});
         object.call(L"GridLoad", {fileForSaving()});
     }

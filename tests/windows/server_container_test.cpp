@@ -178,13 +178,8 @@ TEST(ServerContainer, NothingCanBeChangedWhileAFormIsDesigned) {
             ClientToScreen(hosted.site.window(), &place);
             SetCursorPos(place.x, place.y);
             for (const DWORD done :
-                 {DWORD{MOUSEEVENTF_LEFTDOWN}, DWORD{MOUSEEVENTF_LEFTUP}, DWORD{MOUSEEVENTF_WHEEL}}) {
-                INPUT input{};
-                input.type = INPUT_MOUSE;
-                input.mi.dwFlags = done;
-                input.mi.mouseData = done == MOUSEEVENTF_WHEEL ? WHEEL_DELTA : 0;
-                SendInput(1, &input, sizeof input);
-            }
+                 {DWORD{MOUSEEVENTF_LEFTDOWN}, DWORD{MOUSEEVENTF_LEFTUP}, DWORD{MOUSEEVENTF_WHEEL}})
+                sendMouse(done, done == MOUSEEVENTF_WHEEL ? WHEEL_DELTA : 0);
             hosted.loop.pumpPending();
         }
         person.type(L"75");
