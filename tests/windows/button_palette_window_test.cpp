@@ -6,8 +6,6 @@
 #include "server_support.h"
 #include "two_scales_support.h"
 
-#include <commctrl.h>
-
 #include <gtest/gtest.h>
 
 #include <optional>
@@ -29,19 +27,14 @@ long colourOf(size_t index) {
     return static_cast<long>(ColourPalette(enQUILLPalette::QP24X8).baseCells()[index].Color.value);
 }
 
-BOOL CALLBACK addToolTip(HWND window, LPARAM text) {
-    wchar_t name[64]{};
-    GetClassNameW(window, name, 64);
-    if (!IsWindowVisible(window) || lstrcmpiW(name, TOOLTIPS_CLASSW) != 0) return TRUE;
-    GetWindowTextW(window, name, 64);
-    *reinterpret_cast<std::wstring*>(text) += name;
-    return TRUE;
-}
-
 // Of those that show.
 std::wstring toolTipText() {
     std::wstring text;
-    EnumThreadWindows(GetCurrentThreadId(), addToolTip, reinterpret_cast<LPARAM>(&text));
+    for (const HWND tip : shownToolTips()) {
+        wchar_t said[64]{};
+        GetWindowTextW(tip, said, 64);
+        text += said;
+    }
     return text;
 }
 

@@ -1,6 +1,7 @@
 #include "panel_support.h"
 
 #include <cwchar>
+#include <string_view>
 #include <utility>
 
 namespace obk::testing_support {
@@ -14,6 +15,14 @@ BOOL CALLBACK findPanel(HWND window, LPARAM found) {
     if (GetWindow(window, GW_OWNER) && IsWindowVisible(window) &&
         (GetWindowLongW(window, GWL_EXSTYLE) & WS_EX_TOOLWINDOW) && !wcsstr(className, L"tooltips"))
         *reinterpret_cast<HWND*>(found) = window;
+    return TRUE;
+}
+
+BOOL CALLBACK addToolTip(HWND window, LPARAM tips) {
+    wchar_t className[64]{};
+    GetClassNameW(window, className, 64);
+    if (IsWindowVisible(window) && std::wstring_view(className) == L"tooltips_class32")
+        reinterpret_cast<std::vector<HWND>*>(tips)->push_back(window);
     return TRUE;
 }
 
@@ -40,6 +49,12 @@ HWND openPanel() {
     HWND found = nullptr;
     EnumThreadWindows(GetCurrentThreadId(), findPanel, reinterpret_cast<LPARAM>(&found));
     return found;
+}
+
+std::vector<HWND> shownToolTips() {
+    std::vector<HWND> tips;
+    EnumThreadWindows(GetCurrentThreadId(), addToolTip, reinterpret_cast<LPARAM>(&tips));
+    return tips;
 }
 
 bool keepsFocusFromPanel(HWND panel, HWND focus) {

@@ -14,6 +14,9 @@ RECT windowRect(HWND window);
 // The visible tool window that a control of this thread has dropped down; null when there is none.
 HWND openPanel();
 
+// The tool tips of this thread that show.
+std::vector<HWND> shownToolTips();
+
 // Asks the system in every way to give the focus or the activation to a panel or to a window in it. Whether
 // `focus` and its form have kept both.
 bool keepsFocusFromPanel(HWND panel, HWND focus);

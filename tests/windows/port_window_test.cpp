@@ -1,5 +1,6 @@
 // What only real windows have: resources, messages of dialogs and screen readers, manifests of the window
 // system.
+#include "panel_support.h"
 #include "pixels_support.h"
 #include "platform/win32/gdi_canvas.h"
 #include "platform/win32/text_conversion.h"
@@ -62,14 +63,6 @@ int hostWheels = 0;
 LRESULT CALLBACK countWheels(HWND window, UINT code, WPARAM wParam, LPARAM lParam) {
     if (code == WM_MOUSEWHEEL) ++hostWheels;
     return DefWindowProcW(window, code, wParam, lParam);
-}
-
-BOOL CALLBACK findToolTip(HWND window, LPARAM found) {
-    wchar_t name[50] = L"";
-    GetClassNameW(window, name, 50);
-    if (std::wstring(name) == L"tooltips_class32" && IsWindowVisible(window))
-        *reinterpret_cast<HWND*>(found) = window;
-    return TRUE;
 }
 
 // Resources
@@ -345,11 +338,7 @@ TEST_F(WindowTest, TheCursorFollowsTheSurface) {
 
 TEST_F(WindowTest, AToolTipShowsWhereTheMouseRests) {
     open();
-    const auto shown = [&] {
-        HWND tip = nullptr;
-        EnumThreadWindows(GetCurrentThreadId(), findToolTip, reinterpret_cast<LPARAM>(&tip));
-        return tip != nullptr;
-    };
+    const auto shown = [] { return !shownToolTips().empty(); };
     area->setToolTip({0, 70, 60, 120}, u"Red", ToolTipShown::whenMouseRests);
     area->setToolTip({140, 70, 200, 120}, u"Navy", ToolTipShown::whenMouseRests);
     driver.mouseMove(*area, {150, 80});
@@ -376,11 +365,12 @@ TEST_F(WindowTest, ATextBoxHasTheColoursItIsGiven) {
     EXPECT_GT(pixels.colours(pixels.all())[0xFF0000], 20);
 }
 
+struct LookClient : AreaClient {
+    using AreaClient::AreaClient;
+    void appearanceChanged() override { said("appearanceChanged"); }
+};
+
 TEST_F(WindowTest, AChangeOfTheSystemsLookIsToldOnceToAll) {
-    struct LookClient : AreaClient {
-        using AreaClient::AreaClient;
-        void appearanceChanged() override { said("appearanceChanged"); }
-    };
     LookClient first(journal, "first");
     LookClient second(journal, "second");
     const SurfacePlacement placement{SurfacePlacement::Kind::control, driver.host(), {0, 0, 20, 20}};
@@ -400,10 +390,6 @@ TEST_F(WindowTest, AChangeOfTheSystemsLookIsToldOnceToAll) {
 }
 
 TEST_F(WindowTest, ColoursThatChangeBeforeAnythingIsPaintedAreToldThen) {
-    struct LookClient : AreaClient {
-        using AreaClient::AreaClient;
-        void appearanceChanged() override { said("appearanceChanged"); }
-    };
     win32::Win32Platform platform(GetModuleHandleW(nullptr));
     LookClient client(journal, "client");
     const auto surface =

@@ -1,13 +1,10 @@
 // The trace, as a host's developer switches it on and reads it.
 #include "server_support.h"
 
-#include "com/com_object.h"
 #include "container/property_bag_text.h"
 #include "container/text.h"
 
 #include <gtest/gtest.h>
-
-#include <ocidl.h>
 
 #include <fstream>
 #include <regex>
@@ -17,30 +14,6 @@ namespace obk {
 namespace {
 
 using namespace testing_support;
-
-// Hears every event and answers each with an error.
-class FailingSink final : public ComObject<IDispatch> {
-public:
-    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override {
-        return E_NOTIMPL;
-    }
-    HRESULT STDMETHODCALLTYPE Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*,
-                                     UINT*) override {
-        return E_ACCESSDENIED;
-    }
-};
-
-void failHandlers(IUnknown* control) {
-    const ComPtr<IUnknown> object(control);
-    IID events{};
-    ComPtr<IConnectionPoint> point;
-    DWORD cookie = 0;
-    ASSERT_EQ(object.query<IProvideClassInfo2>()->GetGUID(GUIDKIND_DEFAULT_SOURCE_DISP_IID, &events), S_OK);
-    ASSERT_EQ(object.query<IConnectionPointContainer>()->FindConnectionPoint(events, point.put()), S_OK);
-    ASSERT_EQ(point->Advise(ComPtr<IDispatch>(new FailingSink).get(), &cookie), S_OK);
-}
 
 class ServerTraceTest : public testing::Test {
 protected:
@@ -71,7 +44,7 @@ protected:
             EXPECT_EQ(object.call(L"CellTextSet", {L"first", 0, L"x"}), DISP_E_TYPEMISMATCH);
             EXPECT_EQ(object.call(L"CellTextSet", {9, 0, L"x"}), S_OK);
             EXPECT_EQ(object.call(L"GridLoad", {L"C:\\no such folder\\Bestell\u00fcbersicht.txt"}), S_OK);
-            failHandlers(grid.site.control().get());
+            grid.site.events().onAny([](container::EventCall& call) { call.answer(E_ACCESSDENIED); });
             EXPECT_EQ(object.call(L"RowsSet", {3}), S_OK);
             EXPECT_EQ(object.call(L"GridShow"), S_OK);
             EXPECT_EQ(object.call(L"CellFontSet", {0, 0, L"No such font", L"12", false, false, 0}), S_OK);
