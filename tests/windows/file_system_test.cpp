@@ -3,6 +3,7 @@
 #include "../support/from_environment.h"
 #include "ended_saver.h"
 #include "refused_import.h"
+#include "server_support.h"
 
 #include <windows.h>
 
@@ -25,12 +26,7 @@ using testing_support::contentOf;
 
 class SystemFilesTest : public testing::Test {
 protected:
-    SystemFilesTest() {
-        std::array<wchar_t, MAX_PATH> temporary{};
-        GetTempPathW(static_cast<DWORD>(temporary.size()), temporary.data());
-        folder_ = std::wstring(temporary.data()) + L"obk-files-" + std::to_wstring(GetCurrentProcessId());
-        CreateDirectoryW(folder_.c_str(), nullptr);
-    }
+    SystemFilesTest() { CreateDirectoryW(folder_.c_str(), nullptr); }
     ~SystemFilesTest() override {
         for (const std::wstring& name : names()) {
             SetFileAttributesW((folder_ + L'\\' + name).c_str(), FILE_ATTRIBUTE_NORMAL);
@@ -71,7 +67,8 @@ protected:
     SystemFiles files;
 
 private:
-    std::wstring folder_;
+    const std::wstring folder_ =
+        testing_support::temporaryFile(L"obk-files-" + std::to_wstring(GetCurrentProcessId()));
 };
 
 TEST_F(SystemFilesTest, AFileIsNewOrReplacedOnlyWhenItIsWhole) {

@@ -145,12 +145,6 @@ TEST_F(Gallery, ShowsEveryPageAndEndsWell) {
     EXPECT_EQ(exitCode(), 0u);
 }
 
-std::wstring temporary(const wchar_t* name) {
-    std::array<wchar_t, MAX_PATH> folder{};
-    GetTempPathW(MAX_PATH, folder.data());
-    return folder.data() + std::wstring(name);
-}
-
 TEST_F(Gallery, CopiesCodeThatRuns) {
     const RegisteredServer registered;
     // A number field's page, and the grid's with its rows.
@@ -172,7 +166,7 @@ TEST_F(Gallery, CopiesCodeThatRuns) {
         }
         // Not every script host has ChrW.
         for (size_t at = 0; (at = code.find(L"ChrW(", at)) != std::wstring::npos;) code.erase(at + 3, 1);
-        const std::wstring script = temporary(L"gallery_code.vbs");
+        const std::wstring script = temporaryFile(L"gallery_code.vbs");
         container::writeFile(script,
                              container::toUtf8(controls + code + L"Form_Load\r\nWScript.Echo \"ok\"\r\n"));
         EXPECT_EQ(scriptSays(script), "ok\n") << container::toUtf8(controls + code);
@@ -239,7 +233,7 @@ TEST_F(Gallery, KeepsAFormOfOnesOwn) {
     PostMessageW(scene, WM_LBUTTONUP, 0, MAKELPARAM(x + 160, y - 40));
     ASSERT_TRUE(waitFor([&] { return !EqualRect(&from, &placesOn(scene).front()); }));
     const auto places = placesOn(scene);
-    const std::wstring file = temporary(L"own.form");
+    const std::wstring file = temporaryFile(L"own.form");
     press(window, L"Save\x2026");
     answer(file);
     ASSERT_TRUE(waitFor([&] { return GetFileAttributesW(file.c_str()) != INVALID_FILE_ATTRIBUTES; }));

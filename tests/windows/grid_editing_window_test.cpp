@@ -763,9 +763,7 @@ TEST_F(GridEditing, DatesAndNumbersAreTypedAsTheUsersSystemWritesThem) {
 }
 
 TEST(GridEditScript, AFileIsSavedAndLoadedWithoutAWindow) {
-    wchar_t folder[MAX_PATH], path[MAX_PATH];
-    GetTempPathW(MAX_PATH, folder);
-    GetTempFileNameW(folder, L"obk", 0, path);
+    const std::wstring path = temporaryFile(L"obk-orders.txt");
     const LoadedServer server;
     const auto control = server.create(L"GridEdit");
     const container::Dispatch grid(control.get());
@@ -778,7 +776,7 @@ TEST(GridEditScript, AFileIsSavedAndLoadedWithoutAWindow) {
     EXPECT_EQ(caption.toText(), L"Orders");
     grid.call(L"CellTextRead", {1, 11}, &text);
     EXPECT_EQ(text.toText(), L"oak, 160 \x00D7 80");
-    DeleteFileW(path);
+    DeleteFileW(path.c_str());
 }
 
 }  // namespace

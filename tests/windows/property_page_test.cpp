@@ -239,9 +239,7 @@ TEST_F(PropertyPageTest, APictureIsChosenFromAFile) {
     // Two by two pixels of 24 bits.
     const unsigned char bitmap[70] = {'B', 'M', 70, 0, 0, 0, 0, 0, 0, 0, 54, 0, 0, 0, 40,
                                       0,   0,   0,  2, 0, 0, 0, 2, 0, 0, 0,  1, 0, 24};
-    wchar_t file[MAX_PATH];
-    GetTempPathW(MAX_PATH, file);
-    lstrcatW(file, L"two by two.bmp");
+    const std::wstring file = temporaryFile(L"two by two.bmp");
     std::ofstream(std::filesystem::path(file), std::ios::binary)
         .write(reinterpret_cast<const char*>(bitmap), sizeof bitmap);
     const auto control = create(L"ButtonPalette");
@@ -249,7 +247,7 @@ TEST_F(PropertyPageTest, APictureIsChosenFromAFile) {
     page->EditProperty(number(control, L"Picture"));
     {
         constexpr int fileName = 0x47C;
-        const DialogAnswer answer([&](HWND dialog) { SetDlgItemTextW(dialog, fileName, file); });
+        const DialogAnswer answer([&](HWND dialog) { SetDlgItemTextW(dialog, fileName, file.c_str()); });
         SendMessageW(field(L"BUTTON", L"..."), BM_CLICK, 0, 0);
     }
     EXPECT_EQ(page->Apply(), S_OK);
@@ -258,7 +256,7 @@ TEST_F(PropertyPageTest, APictureIsChosenFromAFile) {
     ASSERT_TRUE(picture);
     EXPECT_EQ(picture.query<IPicture>()->get_Width(&width), S_OK);
     EXPECT_GT(width, 0);
-    DeleteFileW(file);
+    DeleteFileW(file.c_str());
 }
 
 TEST_F(PropertyPageTest, TabsAreAddedNamedMovedAndRemoved) {

@@ -56,9 +56,7 @@ std::vector<Refusable> refusables() {
 }
 
 std::wstring fileForSaving() {
-    wchar_t folder[MAX_PATH]{};
-    GetTempPathW(MAX_PATH, folder);
-    return std::wstring(folder) + L"obk-refused.txt";
+    return temporaryFile(L"obk-refused.txt");
 }
 
 // Everything that asks the system for something, without waiting for it.

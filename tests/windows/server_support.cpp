@@ -86,6 +86,12 @@ HRESULT RegisteredServer::call(const char* name) const {
     return reinterpret_cast<Function>(GetProcAddress(server_.module(), name))();
 }
 
+std::wstring temporaryFile(const std::wstring& name) {
+    wchar_t folder[MAX_PATH]{};
+    GetTempPathW(MAX_PATH, folder);
+    return folder + name;
+}
+
 std::string scriptSays(const std::wstring& script) {
     FILE* const run = _wpopen((L"cscript.exe //nologo \"" + script + L"\"").c_str(), L"rt");
     if (!run) return "no script host";

@@ -53,6 +53,8 @@ private:
     LoadedServer server_;
 };
 
+// The path of a file in the system's folder for those that do not last.
+std::wstring temporaryFile(const std::wstring& name);
 // What the system's script host writes for a script.
 std::string scriptSays(const std::wstring& script);
 

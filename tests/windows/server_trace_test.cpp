@@ -17,12 +17,7 @@ using namespace testing_support;
 
 class ServerTraceTest : public testing::Test {
 protected:
-    ServerTraceTest() {
-        wchar_t folder[MAX_PATH];
-        GetTempPathW(MAX_PATH, folder);
-        file_ = std::wstring(folder) + L"obk-trace-" + std::to_wstring(GetCurrentProcessId()) + L".txt";
-        DeleteFileW(file_.c_str());
-    }
+    ServerTraceTest() { DeleteFileW(file_.c_str()); }
     ~ServerTraceTest() override {
         trace(nullptr);
         DeleteFileW(file_.c_str());
@@ -62,7 +57,8 @@ protected:
         HostedControl field(L"UpDownTextBox", {L"txtQuantity"}, {bag.get()});
     }
 
-    std::wstring file_;
+    const std::wstring file_ =
+        temporaryFile(L"obk-trace-" + std::to_wstring(GetCurrentProcessId()) + L".txt");
 };
 
 TEST_F(ServerTraceTest, EachThingThatWasLeftUndoneIsALine) {
