@@ -452,20 +452,6 @@ protected:
     std::wstring text() const { return object().value(L"Text").toText(); }
 };
 
-TEST_F(UpDownTextBoxWindow, TabSelectsAllAndTheMousePutsTheCaret) {
-    const HWND edit = GetWindow(face(), GW_CHILD);
-    object().put(L"Max", 100L);
-    SetFocus(other);
-    person.key(VK_TAB, MOD_SHIFT);
-    ASSERT_TRUE(person.waitFor([&] { return GetFocus() == edit; }));
-    person.type(L"12");
-    EXPECT_EQ(text(), L"12");
-    SetFocus(other);
-    person.click(edit, 2, 8);
-    person.type(L"3");
-    EXPECT_EQ(text(), L"312");
-}
-
 TEST_F(UpDownTextBoxWindow, AHeldSpinnerButtonRepeatsUntilItIsReleased) {
     person.moveTo(face(), 92, 5);
     person.press();

@@ -55,10 +55,6 @@ protected:
         MapWindowPoints(nullptr, strip(), reinterpret_cast<POINT*>(&place), 2);
         return place;
     }
-    POINT middleOf(long part) const {
-        const RECT place = placeOf(part);
-        return {(place.left + place.right) / 2, (place.top + place.bottom) / 2};
-    }
 };
 
 TEST_F(PageTabWindow, AnAccessKeyCallsItsTabFromTheWholeForm) {
