@@ -132,6 +132,40 @@ TEST_F(DateCalendarWindow, AnOpenCalendarKeepsItsKeysFromTheFieldAlsoWhileTheyAr
     }
 }
 
+TEST_F(DateCalendarWindow, TheCalendarIsFilledInWithTheKeyboardAlone) {
+    enter();
+    person.key(VK_F4);
+    person.key(VK_TAB);
+    person.type(L"f");  // in the list of months
+    person.key(VK_TAB);
+    person.type(L"2031");
+    person.key(VK_TAB);
+    person.key(VK_TAB, MOD_SHIFT);
+    person.key(VK_UP);
+    EXPECT_EQ(GetFocus(), edit);
+    EXPECT_TRUE(openPanel());
+    for (int time = 0; time < 4; ++time) person.key(VK_TAB);  // round to the days
+    person.key(VK_HOME);
+    person.key(VK_RETURN);
+    EXPECT_EQ(date(), std::wstring(L"Sun 1 Feb 2032") + blanks);
+    // As the user's system writes dates.
+    person.key(L'A', MOD_CONTROL);
+    person.type(L"2026.3.2");
+    person.key(VK_F4);
+    person.key(VK_RIGHT);
+    person.key(VK_SPACE);
+    EXPECT_EQ(date(), std::wstring(L"Tue 3 Mar 2026") + blanks);
+    person.key(VK_F4);
+    person.key(VK_DELETE);
+    EXPECT_EQ(date(), blanks);
+    person.key(VK_F4);
+    person.key(L'T');
+    EXPECT_NE(date(), blanks);
+    person.key(VK_ESCAPE);
+    person.key(VK_TAB);
+    EXPECT_TRUE(person.waitFor([&] { return GetFocus() == other; })) << "closed, it leaves Tab to the form";
+}
+
 TEST_F(DateCalendarWindow, CalendarUpdateShowsNoDaysWhileThereIsNoYear) {
     enter();
     person.key(VK_F4);

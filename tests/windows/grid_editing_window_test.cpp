@@ -383,6 +383,31 @@ TEST_F(GridEditing, ADoubleClickIsOneAlsoWhereTheEditorHasComeInBetween) {
     SetDoubleClickTime(usual);
 }
 
+TEST_F(GridEditing, ANumberIsTypedAndLeftAsItWas) {
+    object().call(L"RowsSet", {100});
+    object().call(L"CellTextSet", {0, numberCol, L"12.34"});
+    object().call(L"CellTextSet", {1, numberCol, L"12.34"});
+    object().call(L"TopRowSet", {0});
+    click(0, numberCol);
+    person.key(VK_DOWN);
+    EXPECT_EQ(current(), std::pair(1L, static_cast<long>(numberCol)));
+    click(1, numberCol);
+    person.key(VK_NEXT);
+    EXPECT_GT(current().first, 1L);
+    object().call(L"TopRowSet", {0});
+    click(1, numberCol);
+    const POINT over = middle(hosted, 1, numberCol);
+    person.moveTo(face(), over.x, over.y);
+    person.turnWheel(-WHEEL_DELTA);
+    EXPECT_GT(number(L"TopRowRead"), 0) << "the wheel scrolls";
+    EXPECT_EQ(read(0, numberCol), L"12.34");
+    EXPECT_EQ(read(1, numberCol), L"12.34");
+    object().call(L"GridSetFocus", {numberCol, 1});
+    person.key(VK_UP, MOD_ALT);
+    person.key(VK_RETURN);
+    EXPECT_EQ(read(1, numberCol), L"13.34");
+}
+
 TEST_F(GridEditing, AListDropsDownAndTheKeyboardStays) {
     for (int item = 0; item < 10000; ++item)
         object().call(L"ComboAdd", {(L"R&D " + std::to_wstring(item)).c_str()});
@@ -417,6 +442,14 @@ TEST_F(GridEditing, AListDropsDownAndTheKeyboardStays) {
     person.key(VK_RETURN);
     EXPECT_EQ(read(0, listCol), L"R&D 9999");
     EXPECT_EQ(current().first, 1);
+}
+
+TEST_F(GridEditing, OneClickOnItsBoxTurnsACheckMark) {
+    const POINT mark = middle(hosted, 1, checkCol);
+    person.click(face(), mark.x, mark.y);
+    EXPECT_EQ(openWindows().size(), 1u);
+    person.key(VK_DOWN);
+    EXPECT_EQ(read(1, checkCol), L"a");
 }
 
 TEST_F(GridEditing, TheRightButtonOpensAMenuUnlessTheHostHasOpenedOne) {
