@@ -1,7 +1,7 @@
 // How ButtonPalette's button looks: its parts, their places and its states in both looks.
 #pragma once
 
-#include "palette/palette_model.h"
+#include "palette/button_state.h"
 #include "widgets/font_holder.h"
 #include "widgets/widget.h"
 

@@ -50,8 +50,7 @@ public:
     void childReleasedCapture();
     // The focus has come to this window or a child of it, or has left that.
     void focusIsInside(bool inside) override;
-    // Whether a press on a child is the second of a double click that began on the surface, where the child
-    // has come in between. The system counts the presses of each window by themselves.
+    // Whether a press on a child that came in between ends a double click: the system counts by windows.
     bool endsDoubleClick() { return mouse_.pressedTwice(); }
     // A wheel that neither a child nor the surface uses goes to the host.
     LRESULT passWheelToHost(const Message& message);
