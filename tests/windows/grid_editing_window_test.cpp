@@ -728,6 +728,7 @@ TEST_F(GridEditing, ADragOfSelectedCellsBringsTheirTextsToAnotherWindow) {
             const MenuKeys menuOfTheOther{{VK_ESCAPE}};
             person.release(MOUSEEVENTF_RIGHTUP);
             EXPECT_EQ(target->text, L"");
+            EXPECT_EQ(GetCapture(), nullptr);
         } else {
             EXPECT_TRUE(person.waitFor([&] { return !target->text.empty(); }));
         }
