@@ -1,5 +1,4 @@
-// The interfaces by which UI Automation asks what can be done with a thing, as the system documents them; the
-// compiler's headers lack them.
+// UI Automation's interfaces of what can be done with a thing, which the compiler's headers lack.
 #pragma once
 
 #include <oleacc.h>
@@ -14,8 +13,7 @@ enum class ScrollAmount : int { largeDecrement, smallDecrement, noAmount, largeI
 
 // Of a window with other windows in it: gives one of those its place in the tree.
 struct IHwndOverride : IUnknown {
-    virtual HRESULT STDMETHODCALLTYPE GetOverrideProviderForHwnd(HWND window,
-                                                                 IRawElementProviderSimple** provider) = 0;
+    virtual HRESULT STDMETHODCALLTYPE GetOverrideProviderForHwnd(HWND, IRawElementProviderSimple**) = 0;
 };
 struct IInvokeProvider : IUnknown {
     virtual HRESULT STDMETHODCALLTYPE Invoke() = 0;
