@@ -8,10 +8,6 @@
 namespace obk::test {
 namespace {
 
-Date date(int year, unsigned month, unsigned day) {
-    return std::chrono::year(year) / std::chrono::month(month) / std::chrono::day(day);
-}
-
 class CalendarModelTest : public ::testing::Test {
 protected:
     void openOn(const char16_t* text) {
@@ -25,6 +21,14 @@ protected:
     std::string month() const { return toUtf8(model.filled().heading); }
     int32_t framed() const { return model.filled().framed; }
     bool press(int16_t code, int16_t shift = 0) { return model.walk({code, shift, false}); }
+    int32_t framedAfter(int16_t code, int16_t shift = 0) {
+        press(code, shift);
+        return framed();
+    }
+    int32_t framedTurned(int32_t months) {
+        model.turn(months);
+        return framed();
+    }
 
     headless::ManualClock clock;  // Saturday, 14 November 2026
     CalendarModel model{clock};
@@ -36,7 +40,7 @@ TEST_F(CalendarModelTest, AtFirstItShowsTodaysMonthAndDay) {
     EXPECT_EQ(framed(), 0);
     EXPECT_EQ(model.date(), u"");
     // Another day begins while the calendar stands: the mark follows, the choice does not.
-    clock.setToday(date(2026, 11, 15));
+    clock.setToday(std::chrono::year(2026) / 11 / 15);
     model.CalendarUpdate();
     EXPECT_EQ(chosen(), "14 November, 2026");
     EXPECT_EQ(model.filled().today, 15);
@@ -52,12 +56,10 @@ TEST_F(CalendarModelTest, KeysWalkByDaysWeeksMonthsAndYears) {
     };
     for (const Row& row : {Row{u"Sat 31 Jan 2026", key::right, 0, "1 February, 2026"},
                            Row{u"Sun 1 Feb 2026", key::left, 0, "31 January, 2026"},
-                           Row{u"Thu 31 Dec 2026", key::right, 0, "1 January, 2027"},
                            Row{u"Sat 3 Jan 2026", key::up, 0, "27 December, 2025"},
                            // Shown, though it is no date.
                            Row{u"Wed 28 Feb 1900", key::right, 0, "29 February, 1900"},
                            Row{u"Thu 1 Mar 1900", key::left, 0, "29 February, 1900"},
-                           Row{u"Sat 28 Feb 2026", key::up, 0, "21 February, 2026"},
                            Row{u"Sat 28 Feb 2026", key::down, 0, "7 March, 2026"},
                            Row{u"Sat 7 Mar 2026", key::end, 0, "31 March, 2026"},
                            Row{u"Sat 7 Mar 2026", key::home, 0, "1 March, 2026"},
@@ -87,35 +89,26 @@ TEST_F(CalendarModelTest, KeysWalkByDaysWeeksMonthsAndYears) {
 TEST_F(CalendarModelTest, TheFrameStaysUntilTheFirstRefillAndWhileKeysWalkInsideTheMonth) {
     openOn(u"Mon 9 Nov 2026");
     EXPECT_EQ(framed(), 9);
-    press(key::right);
-    EXPECT_EQ(framed(), 9);
+    EXPECT_EQ(framedAfter(key::right), 9);
     EXPECT_EQ(chosen(), "10 November, 2026");
     model.CalendarUpdate();
     EXPECT_EQ(framed(), 0);
-    press(key::right);
-    EXPECT_EQ(framed(), 0);
+    EXPECT_EQ(framedAfter(key::right), 0);
     openOn(u"Mon 9 Nov 2026");
-    press(key::pageDown);
-    EXPECT_EQ(framed(), 0);
-    press(key::pageUp);
-    EXPECT_EQ(framed(), 0) << "it does not come back with the month";
+    EXPECT_EQ(framedAfter(key::pageDown), 0);
+    EXPECT_EQ(framedAfter(key::pageUp), 0) << "it does not come back with the month";
     openOn(u"Mon 9 Nov 2026");
-    press(key::pageUp, shift::control);
-    EXPECT_EQ(framed(), 0);
+    EXPECT_EQ(framedAfter(key::pageUp, shift::control), 0);
 }
 
 TEST_F(CalendarModelTest, ATextThatBeginsWithTheMonthKeepsTheFrame) {
     model.commit(u"Nov 11, 2026");
     model.CalendarUpdate();
     EXPECT_EQ(framed(), 11);
-    model.turn(1);
-    EXPECT_EQ(framed(), 0);
-    model.turn(-1);
-    EXPECT_EQ(framed(), 11);
-    press(key::home);
-    EXPECT_EQ(framed(), 11);
-    model.turn(12);
-    EXPECT_EQ(framed(), 0) << "the year is compared, too";
+    EXPECT_EQ(framedTurned(1), 0);
+    EXPECT_EQ(framedTurned(-1), 11);
+    EXPECT_EQ(framedAfter(key::home), 11);
+    EXPECT_EQ(framedTurned(12), 0) << "the year is compared, too";
     model.typeYear(u" 2026");
     EXPECT_EQ(framed(), 11);
     model.commit(u"Nov whenever, 2026");
@@ -129,8 +122,7 @@ TEST_F(CalendarModelTest, ATextThatBeginsWithTheMonthKeepsTheFrame) {
     // While the calendar is open a host may change the date; the next walk shows it.
     openOn(u"Mon 9 Nov 2026");
     model.commit(u"Nov 11, 2026");
-    press(key::right);
-    EXPECT_EQ(framed(), 11);
+    EXPECT_EQ(framedAfter(key::right), 11);
 }
 
 TEST_F(CalendarModelTest, WhatIsNoYearHasNoDaysAndNothingTurnsOrIsChosen) {
@@ -151,25 +143,6 @@ TEST_F(CalendarModelTest, WhatIsNoYearHasNoDaysAndNothingTurnsOrIsChosen) {
     model.typeYear(u"2028");
     EXPECT_EQ(chosen(), "1 February, 2028");
     EXPECT_EQ(model.filled().layout, (MonthLayout{8, 29}));
-}
-
-TEST_F(CalendarModelTest, TheYearIsShownAsItWasTypedUntilTheCalendarWritesIt) {
-    model.typeYear(u"101");
-    EXPECT_EQ(month(), "November, 101");
-    model.turn(1);
-    EXPECT_EQ(month(), "December, 0101");
-    EXPECT_EQ(model.year(), u"0101");
-    // Once it is all, two digits get their century, and what is no year leaves the last that was.
-    for (const auto& [typed, year] : {std::pair(u"26", u"2026"),
-                                      {u"50", u"1950"},
-                                      {u"7", u"2007"},
-                                      {u"", u"2007"},
-                                      {u"12", u"2012"},
-                                      {u"1999", u"1999"}}) {
-        model.typeYear(typed);
-        model.endYear();
-        EXPECT_EQ(model.year(), year) << toUtf8(typed);
-    }
 }
 
 TEST_F(CalendarModelTest, OpeningReadsDatesAsPeopleWriteThem) {
@@ -235,7 +208,7 @@ TEST_F(CalendarModelTest, OpeningShowsTheDateBehindItsWeekdayAndTakesTodayForAnE
         EXPECT_EQ(model.date(), none);
     }
     model.commit(u"");
-    clock.setToday(date(10000, 1, 1));
+    clock.setToday(std::chrono::year(10000) / 1 / 1);
     EXPECT_THROW(model.showDate(), StatementFailed);
     EXPECT_EQ(model.date(), u"");
 }

@@ -58,8 +58,7 @@ protected:
 INSTANTIATE_TEST_SUITE_P(Every, TotalityTest, testing::ValuesIn(library().controls),
                          [](const auto& row) { return toUtf8(row.param->name); });
 
-TEST_P(TotalityTest, TheContainerHearsOfAPropertyAlthoughAllChildWindowsFail) {
-    const AllowSkipped announced(Cause::other);
+TEST_P(TotalityTest, TheContainerHearsOfAPropertyAlthoughAllChildWindowsFailAndWhereverMemoryEnds) {
     for (const Member& property : GetParam()->members) {
         const std::vector<Value> values = property.put ? valuesOf(property) : std::vector<Value>();
         if (values.size() < 2) continue;
@@ -67,27 +66,21 @@ TEST_P(TotalityTest, TheContainerHearsOfAPropertyAlthoughAllChildWindowsFail) {
         told(property, values[0]);
         const int usually = told(property, values[1]);
         told(property, values[0]);
-        platform.failChildWindows(true);
-        EXPECT_EQ(told(property, values[1]), usually);
-        platform.failChildWindows(false);
-    }
-}
-
-TEST_P(TotalityTest, TheContainerHearsOfAPropertyWhereverMemoryEnds) {
-    for (const Member& property : GetParam()->members) {
-        const std::vector<Value> values = property.put ? valuesOf(property) : std::vector<Value>();
-        if (values.size() < 2) continue;
-        told(property, values[0]);
-        const bool usually = told(property, values[1]) > 0;
+        {
+            const AllowSkipped announced(Cause::other);
+            platform.failChildWindows(true);
+            EXPECT_EQ(told(property, values[1]), usually);
+            platform.failChildWindows(false);
+        }
         bool failed = true;
         for (uint64_t end = 0; failed; ++end) {
-            SCOPED_TRACE(toUtf8(property.name) + ", memory ends after " + std::to_string(end));
+            SCOPED_TRACE("memory ends after " + std::to_string(end));
             told(property, values[0]);
             const FailingMemory memory(end);
             const bool now = told(property, values[1]) > 0;
             failed = memory.failed();
             const EnoughMemory enough;
-            ASSERT_EQ(now, usually);
+            ASSERT_EQ(now, usually > 0);
         }
     }
 }

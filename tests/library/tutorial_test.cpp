@@ -4,7 +4,6 @@
 
 #include <filesystem>
 #include <fstream>
-#include <sstream>
 
 namespace obk::test {
 namespace {
@@ -69,18 +68,13 @@ TEST_F(StarRatingTest, TheHostMayLetGoInsideTheEvent) {
     EXPECT_EQ(platform.windowCount(), 0u);
 }
 
-// The lines of a text that are not blank.
-std::vector<std::string> lines(const std::string& text) {
-    std::istringstream stream(text);
+// The lines of a file that are not blank.
+std::vector<std::string> linesOf(const std::filesystem::path& file) {
+    std::ifstream stream(file, std::ios::binary);
     std::vector<std::string> all;
     for (std::string line; std::getline(stream, line);)
         if (!line.empty()) all.push_back(line);
     return all;
-}
-
-std::string content(const std::filesystem::path& file) {
-    std::ifstream stream(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
 }
 
 TEST(Tutorial, ThePageQuotesItsSourcesWhole) {
@@ -90,7 +84,7 @@ TEST(Tutorial, ThePageQuotesItsSourcesWhole) {
     // A block of code belongs to the file that was named last before it.
     std::string file;
     bool inBlock = false;
-    for (const std::string& line : lines(content(repository / "docs/build-a-control.md"))) {
+    for (const std::string& line : linesOf(repository / "docs/build-a-control.md")) {
         if (line.starts_with("```"))
             inBlock = !inBlock;
         else if (inBlock)
@@ -100,7 +94,7 @@ TEST(Tutorial, ThePageQuotesItsSourcesWhole) {
     }
     for (const auto& entry : std::filesystem::directory_iterator(repository / "docs/tutorial")) {
         const std::string name = entry.path().filename().string();
-        EXPECT_EQ(quoted[name], lines(content(entry.path()))) << name;
+        EXPECT_EQ(quoted[name], linesOf(entry.path())) << name;
         quoted.erase(name);
     }
     EXPECT_TRUE(quoted.empty()) << "quotes " << quoted.begin()->first << ", which is no source";
