@@ -125,26 +125,6 @@ TEST_F(CalendarModelTest, ATextThatBeginsWithTheMonthKeepsTheFrame) {
     EXPECT_EQ(framedAfter(key::right), 11);
 }
 
-TEST_F(CalendarModelTest, WhatIsNoYearHasNoDaysAndNothingTurnsOrIsChosen) {
-    openOn(u"Sat 31 Oct 2026");
-    for (const char16_t* none : {u"", u"20", u"10000", u"20.6", u"next"}) {
-        model.typeYear(none);
-        EXPECT_EQ(model.year(), none);
-        model.turn(1);
-        model.chooseMonth(std::chrono::February);
-        EXPECT_FALSE(press(key::right));
-        model.CalendarUpdate();
-        EXPECT_EQ(model.filled().layout.lngDAYSINMONTH, 0);
-        EXPECT_EQ(model.filled().chosen + model.filled().today + model.filled().framed, 0);
-        EXPECT_EQ(month(), "February, " + toUtf8(none));
-        EXPECT_THROW(model.chosenText(), StatementFailed);
-    }
-    // The year that comes next fills the month that was chosen meanwhile.
-    model.typeYear(u"2028");
-    EXPECT_EQ(chosen(), "1 February, 2028");
-    EXPECT_EQ(model.filled().layout, (MonthLayout{8, 29}));
-}
-
 TEST_F(CalendarModelTest, OpeningReadsDatesAsPeopleWriteThem) {
     using Order = DateForms::Order;
     DateForms german{

@@ -508,23 +508,41 @@ TEST_F(DateCalendarTest, EachPartOfTheCalendarHasItsKeys) {
             call(u"HidePopUp");
         }
     }
-    // The mouse may put them into the year, too.
-    openOn(u"Mon 2 Mar 2020");
-    press({105, 17});
-    const PixelRect grid = Dpi().toPixels(cellBounds(cellColumns)), last = Dpi().toPixels(cellBounds(48));
-    const auto shownDays = [&] {
+}
+
+TEST_F(DateCalendarTest, WhileThereIsNoYearThereAreNoDaysAndNothingTurns) {
+    const auto drawnDays = [this] {
         call(u"CalendarUpdate");
+        const PixelRect first = Dpi().toPixels(cellBounds(cellColumns)),
+                        last = Dpi().toPixels(cellBounds(cellCount - cellColumns - 1));
+        const PixelRect all{first.left, first.top, last.right, last.bottom};
         return std::ranges::count_if(panel()->paint().items(), [&](const headless::DrawnItem& item) {
-            const PixelRect days{grid.left, grid.top, last.right, last.bottom};
-            return item.kind == headless::DrawnItem::Kind::text && days.intersected(item.rect) == item.rect;
+            return !item.rect.empty() && item.kind == headless::DrawnItem::Kind::text &&
+                   all.intersected(item.rect) == item.rect;
         });
     };
-    EXPECT_EQ(shownDays(), 31);
-    platform.type(u"2");
-    EXPECT_EQ(shownDays(), 0) << "while there is no year";
-    platform.type(u"021");
-    EXPECT_EQ(shownDays(), 31);
-    EXPECT_EQ(chosen(), "2 March, 2021");
+    enter();
+    openOn(u"Sat 31 Oct 2026");
+    press({105, 17});  // the mouse puts the keys into the year, too
+    EXPECT_EQ(drawnDays(), 31);
+    platform.type(u"20");
+    press(nextMonth);
+    press(monthList);
+    for (const int16_t code : {key::home, key::down, key::enter, key::pageDown}) platform.pressKey(code);
+    EXPECT_EQ(drawnDays(), 0);
+    EXPECT_EQ(month(), "no days");
+    // The year that comes next fills the month that was chosen meanwhile.
+    platform.type(u"28");
+    EXPECT_EQ(chosen(), "1 February, 2028");
+    EXPECT_EQ(drawnDays(), 29);
+}
+
+TEST_F(DateCalendarTest, ScreenReadersFindTheDaysWhereTheyAreAtAnotherScale) {
+    control->deactivate();
+    platform.appearance().setDpi(Dpi(144));
+    activate({100, 100, 312, 132});
+    openOn(u"Sat 14 Nov 2026");
+    EXPECT_EQ(days()[1].bounds, Dpi(144).toPixels(cellBounds(14)));
 }
 
 TEST_F(DateCalendarTest, TheWheelTurnsMonthsByWholeNotches) {

@@ -521,19 +521,6 @@ TEST_F(UpDownTextBoxTest, WhatTheHostSetsInsideAStepCounts) {
     EXPECT_EQ(pressed(key::up).back(), "5.0");
 }
 
-TEST_F(UpDownTextBoxTest, GlyphsAreWholeAboutTheMiddleOfTheFieldInLargeFonts) {
-    activate({0, 0, 200, 100});
-    const auto line = [this] { return platform.surface(window())->children().front()->bounds(); };
-    const int32_t middle = line().top + line().bottom;
-    for (const double size : {8.25, 14.0, 24.0, 36.0}) {
-        const auto font = std::make_shared<SharedFont>(FontDescription{u"Tahoma", size});
-        put(u"Font", font);
-        const int32_t height = platform.appearance().metrics(font->description(), Dpi(96)).height();
-        EXPECT_GE(line().height(), height) << size;
-        EXPECT_NEAR(line().top + line().bottom, middle, 2) << size;
-    }
-}
-
 TEST_F(UpDownTextBoxTest, WindowsComeAndGoWithoutLosingTextOrSelection) {
     setText(u"1234");
     put(u"Max", 9999);

@@ -1,5 +1,6 @@
 // The date field as a person meets it: real keys and presses in our own container, its calendar a window of
 // its own, its quick dates a menu of the system.
+#include "container/text.h"
 #include "datecalendar/month_layout.h"
 #include "panel_support.h"
 #include "person_support.h"
@@ -164,24 +165,6 @@ TEST_F(DateCalendarWindow, TheCalendarIsFilledInWithTheKeyboardAlone) {
     EXPECT_TRUE(person.waitFor([&] { return GetFocus() == other; })) << "closed, it leaves Tab to the form";
 }
 
-TEST_F(DateCalendarWindow, GlyphsAreWholeInLargeFonts) {
-    hosted.site.moveTo({10, 10, 390, 110});
-    const container::Dispatch font(object().value(L"Font").toObject().get());
-    for (const double size : {8.25, 36.0}) {
-        font.put(L"Size", size);
-        const HDC dc = GetDC(edit);
-        const HGDIOBJ before =
-            SelectObject(dc, reinterpret_cast<HFONT>(SendMessageW(edit, WM_GETFONT, 0, 0)));
-        TEXTMETRICW metrics{};
-        GetTextMetricsW(dc, &metrics);
-        SelectObject(dc, before);
-        ReleaseDC(edit, dc);
-        const RECT line = windowRect(edit), field = windowRect(face());
-        EXPECT_GE(line.bottom - line.top, metrics.tmHeight) << size;
-        EXPECT_NEAR(line.top + line.bottom, field.top + field.bottom, 5) << size;
-    }
-}
-
 TEST_F(DateCalendarWindow, TheQuickDatesAreAMenuForMouseAndKeys) {
     enter();
     {
@@ -300,6 +283,29 @@ TEST_F(DateCalendarWindow, AHostLetsGoInsideFocusHiddenWhateverTheScalesDo) {
         EXPECT_FALSE(openPanel());
         EXPECT_FALSE(IsWindow(panel));
         EXPECT_EQ(GetCapture(), nullptr);
+    }
+}
+
+TEST(TextFieldWindow, GlyphsAreWholeInLargeFonts) {
+    for (const wchar_t* name : {L"DateCalendar", L"UpDownTextBox"}) {
+        HostedControl hosted(name);
+        hosted.activate({10, 10, 390, 110});
+        const HWND face = hosted.site.window(), edit = GetWindow(face, GW_CHILD);
+        const container::Dispatch font(hosted.object().value(L"Font").toObject().get());
+        for (const double size : {8.25, 14.0, 36.0}) {
+            font.put(L"Size", size);
+            const HDC dc = GetDC(edit);
+            const HGDIOBJ before =
+                SelectObject(dc, reinterpret_cast<HFONT>(SendMessageW(edit, WM_GETFONT, 0, 0)));
+            TEXTMETRICW metrics{};
+            GetTextMetricsW(dc, &metrics);
+            SelectObject(dc, before);
+            ReleaseDC(edit, dc);
+            const RECT line = windowRect(edit), field = windowRect(face);
+            EXPECT_GE(line.bottom - line.top, metrics.tmHeight) << container::toUtf8(name) << size;
+            EXPECT_NEAR(line.top + line.bottom, field.top + field.bottom, 5)
+                << container::toUtf8(name) << size;
+        }
     }
 }
 
