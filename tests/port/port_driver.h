@@ -10,6 +10,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <sstream>
 #include <string>
 #include <utility>
 #include <vector>
@@ -17,7 +18,7 @@
 namespace obk::port {
 
 // Makes things happen on one platform as a person would. Every function returns when all that follows from it
-// has been delivered.
+// has been delivered; what is invalid may wait for settle().
 class PortDriver {
 public:
     virtual ~PortDriver() = default;
@@ -33,8 +34,6 @@ public:
     virtual void mouseDown(int16_t button) = 0;
     virtual void mouseUp(int16_t button) = 0;
     virtual void wheel(int32_t delta) = 0;
-    // The focus goes to the host itself.
-    virtual void focusHost() = 0;
     // Presses something in the host's window that takes no focus, as tools on a tool bar do.
     virtual void pressTool() = 0;
     // A person moves the host's window.
@@ -54,6 +53,7 @@ public:
     // Delivers what is under way.
     virtual void settle() = 0;
 
+    void focusHost() { askFocus(host()); }
     void key(int16_t code, int16_t shift = 0) {
         keyDown(code, shift);
         keyUp(code, shift);
@@ -83,75 +83,59 @@ public:
     bool showsMenu = false;
     bool reportsMoves = false;
     bool alive = true;
-    std::function<void(KeyEvent&)> changeKeyDown;
+    bool discardsKeys = false;
     std::function<int16_t(int16_t)> changeCharacter;
 
     std::shared_ptr<void> keepAlive() override { return alive ? std::make_shared<int>(0) : nullptr; }
     void mouse(const MouseEvent& event) override {
-        using Kind = MouseEvent::Kind;
-        const std::string button = " " + std::to_string(event.button);
+        constexpr const char* kinds[] = {"mouseDown", "mouseUp", "move", "doubleClick", "leave"};
         lastMouse = event;
-        switch (event.kind) {
-            case Kind::down:
-                said("mouseDown", button);
-                break;
-            case Kind::up:
-                said("mouseUp", button);
-                break;
-            case Kind::doubleClick:
-                said("doubleClick", button);
-                break;
-            case Kind::leave:
-                said("leave");
-                break;
-            case Kind::move:
-                if (reportsMoves) said("move", button);
-                break;
-        }
+        if (event.kind != MouseEvent::Kind::move || reportsMoves)
+            said(kinds[static_cast<size_t>(event.kind)], event.button);
     }
     bool wheel(const WheelEvent& event) override {
-        said("wheel", " " + std::to_string(event.delta));
+        said("wheel", event.delta);
         return usesWheel;
     }
     bool contextMenu(std::optional<PixelPoint> at) override {
-        said("contextMenu", at ? " " + std::to_string(at->x) + " " + std::to_string(at->y) : "");
+        at ? said("contextMenu", at->x, at->y) : said("contextMenu");
         return showsMenu;
     }
     void keyDown(KeyEvent& event) override {
         lastKey = event;
-        const auto change = changeKeyDown;
-        said("keyDown", " " + std::to_string(event.code));
-        if (change) change(event);
+        said("keyDown", event.code);
+        if (discardsKeys) event.code = 0;
     }
-    void keyUp(KeyEvent& event) override { said("keyUp", " " + std::to_string(event.code)); }
+    void keyUp(KeyEvent& event) override { said("keyUp", event.code); }
     int16_t keyPress(int16_t character) override {
-        const auto change = changeCharacter;
-        said("keyPress", " " + std::to_string(character));
-        return change ? change(character) : character;
+        said("keyPress", character);
+        return changeCharacter ? changeCharacter(character) : character;
     }
     void focusGained() override { said("focusGained"); }
     void focusLost() override { said("focusLost"); }
     KeyRoute preTranslate(const KeyEvent& event) override {
-        const KeyRoute answer = route;
-        said("preTranslate", " " + std::to_string(event.code));
-        return answer;
+        said("preTranslate", event.code);
+        return route;
     }
     bool offerToContainer(const KeyEvent& event) override {
-        const bool answer = containerUses;
-        said("offerToContainer", " " + std::to_string(event.code));
-        return answer;
+        said("offerToContainer", event.code);
+        return containerUses;
     }
 
     MouseEvent lastMouse;
     KeyEvent lastKey;
 
 protected:
-    void said(const std::string& what, const std::string& detail = "") {
-        journal_.push_back(name_ + "." + what + detail);
-        const auto found = on.find(what);
-        if (found == on.end()) return;
-        const auto action = found->second;
-        action();
+    template <typename... Details>
+    void said(const std::string& what, const Details&... details) {
+        std::ostringstream line;
+        line << name_ << "." << what;
+        ((line << " " << details), ...);
+        journal_.push_back(line.str());
+        run(what);
+    }
+    void run(const std::string& what) {
+        if (const auto found = on.find(what); found != on.end()) found->second();
     }
 
     Journal& journal_;
@@ -163,7 +147,7 @@ public:
     using RecordingClient::RecordingClient;
     void textChanged(Text changed) override {
         text = changed;
-        said("textChanged", " " + toUtf8(changed));
+        said("textChanged", toUtf8(changed));
     }
     Text text;
 };
@@ -174,16 +158,13 @@ public:
     void checkPressed() override { said("checkPressed"); }
 };
 
-class AreaClient : public RecordingClient<SurfaceClient> {
+class AreaClient final : public RecordingClient<SurfaceClient> {
 public:
     using RecordingClient::RecordingClient;
     void paint(Canvas& canvas, const PixelRect& dirty) override {
         canvas.fillRect(dirty, Rgb::of(200, 220, 240));
         painted.push_back(dirty);
-        if (const auto found = on.find("paint"); found != on.end()) {
-            const auto action = found->second;
-            action();
-        }
+        run("paint");
     }
     void captureLost() override { said("captureLost"); }
     void hostMoved() override { said("hostMoved"); }
@@ -191,11 +172,11 @@ public:
     bool takesDrop(PixelPoint) override { return takesDrops; }
     void drop(DropEvent& event) override {
         event.effect &= drop_effect::copy;
-        said("drop", " " + std::to_string(event.at.x) + " " + std::to_string(event.at.y));
+        said("drop", event.at.x, event.at.y);
     }
     bool takesDrops = true;
     void dpiChanged(Dpi) override { said("dpiChanged"); }
-    void appearanceChanged() override {}
+    void appearanceChanged() override { said("appearanceChanged"); }
     std::vector<PixelRect> painted;
 };
 

@@ -15,61 +15,37 @@ public:
     void keyDown(int16_t code, int16_t shift) override {
         const bool repeated = !held_.insert(code).second;
         platform_.keyDown(code, shift, repeated);
-        settle();
     }
     void keyUp(int16_t code, int16_t shift) override {
         held_.erase(code);
         platform_.keyUp(code, shift);
-        settle();
     }
     void mouseMove(SurfacePeer& surface, PixelPoint at) override {
         screen_ = surface.toScreen(at);
-        send({MouseEvent::Kind::move, heldButtons_, 0, {}});
+        send(MouseEvent::Kind::move, heldButtons_);
     }
     void mouseDown(int16_t button) override {
         heldButtons_ = static_cast<int16_t>(heldButtons_ | button);
         const headless::HeadlessSurface* const target = under();
-        const Press press{target ? target->id() : 0, screen_};
+        const std::pair press{target ? target->id() : 0, screen_};
         const bool second = lastPress_ == press;
         lastPress_ = second ? std::nullopt : std::optional(press);
-        send({second ? MouseEvent::Kind::doubleClick : MouseEvent::Kind::down, button, 0, {}});
+        send(second ? MouseEvent::Kind::doubleClick : MouseEvent::Kind::down, button);
     }
     void mouseUp(int16_t button) override {
         heldButtons_ = static_cast<int16_t>(heldButtons_ & ~button);
-        send({MouseEvent::Kind::up, button, 0, {}});
+        send(MouseEvent::Kind::up, button);
     }
     void wheel(int32_t delta) override {
-        if (headless::HeadlessSurface* target = under()) {
-            const PixelPoint origin = target->toScreen({0, 0});
-            platform_.wheel(target->id(), {delta, false, 0, {screen_.x - origin.x, screen_.y - origin.y}});
-        }
-        settle();
+        if (headless::HeadlessSurface* target = under())
+            platform_.wheel(target->id(), {delta, false, 0, mouseOn(*target)});
     }
-    void focusHost() override {
-        platform_.setFocus(0);
-        settle();
-    }
-    void pressTool() override {
-        platform_.pressHost();
-        settle();
-    }
-    void moveHost() override {
-        platform_.moveHost();
-        settle();
-    }
-    void askFocus(NativeWindow window) override {
-        platform_.setFocus(window);
-        settle();
-    }
-    void leaveApplication() override {
-        platform_.leaveApplication();
-        settle();
-    }
+    void pressTool() override { platform_.pressHost(); }
+    void moveHost() override { platform_.moveHost(); }
+    void askFocus(NativeWindow window) override { platform_.setFocus(window); }
+    void leaveApplication() override { platform_.leaveApplication(); }
     void returnToApplication(NativeWindow window) override { askFocus(window); }
-    void takeCaptureAway() override {
-        platform_.stealCapture();
-        settle();
-    }
+    void takeCaptureAway() override { platform_.stealCapture(); }
     void letGoAt(SurfacePeer& surface, PixelPoint at) override {
         screen_ = surface.toScreen(at);
         platform_.answerDrag([this, at](TextView) {
@@ -84,12 +60,6 @@ public:
 private:
     static constexpr NativeWindow outside = 1'000'000;
 
-    struct Press {
-        NativeWindow surface;
-        PixelPoint at;
-        friend bool operator==(const Press&, const Press&) = default;
-    };
-
     // The surface that the mouse is over or that has the capture; panels lie above.
     headless::HeadlessSurface* under() {
         if (headless::HeadlessSurface* holder = platform_.surface(platform_.capture())) return holder;
@@ -100,20 +70,20 @@ private:
         }
         return found;
     }
-    void send(MouseEvent event) {
-        if (headless::HeadlessSurface* target = under()) {
-            const PixelPoint origin = target->toScreen({0, 0});
-            event.at = {screen_.x - origin.x, screen_.y - origin.y};
-            platform_.mouse(target->id(), event);
-        }
-        settle();
+    PixelPoint mouseOn(const headless::HeadlessSurface& surface) const {
+        const PixelPoint origin = surface.toScreen({0, 0});
+        return {screen_.x - origin.x, screen_.y - origin.y};
+    }
+    void send(MouseEvent::Kind kind, int16_t button) {
+        if (headless::HeadlessSurface* target = under())
+            platform_.mouse(target->id(), {kind, button, 0, mouseOn(*target)});
     }
 
     headless::HeadlessPlatform platform_;
     std::set<int16_t> held_;
     PixelPoint screen_{-1, -1};
     int16_t heldButtons_ = 0;
-    std::optional<Press> lastPress_;
+    std::optional<std::pair<NativeWindow, PixelPoint>> lastPress_;  // where, of a single click
 };
 
 INSTANTIATE_TEST_SUITE_P(Headless, PortConformance,

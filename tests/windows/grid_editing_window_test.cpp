@@ -13,6 +13,7 @@
 #include <shlobj.h>
 
 #include <algorithm>
+#include <map>
 
 namespace obk {
 namespace {
@@ -24,63 +25,76 @@ using container::Variant;
 constexpr RECT place{10, 10, 490, 250};
 constexpr int border = 2, colWidth = 64;
 enum Column : long { textCol, dateCol, readOnlyCol, checkCol, listCol, numberCol, timeCol, allCols };
+using Cell = std::pair<long, long>;
+
+Variant answerOf(const container::Dispatch& object, const wchar_t* member,
+                 const container::Arguments& arguments = {}) {
+    Variant answer;
+    object.call(member, arguments, &answer);
+    return answer;
+}
 
 class GridEditing : public PersonAtControl {
 protected:
     GridEditing() : PersonAtControl(L"GridEdit", place) {
-        fill(hosted);
+        object().call(L"ColsSet", {allCols});
+        for (long col = 0; col < allCols; ++col) object().call(L"ColTypeSet", {col, col});
+        for (const wchar_t* item : {L"Desk", L"Bookcase", L"Lamp"}) object().call(L"ComboAdd", {item});
+        fill({L"\t\tfixed", L"\t\tfixed", L"\t\tfixed"});
+        object().call(L"RowSetFocus", {0});
         hosted.loop.pumpPending();
         takeEvents();
     }
-    static void fill(HostedControl& form) {
-        const auto grid = form.object();
-        grid.call(L"ColsSet", {static_cast<long>(allCols)});
-        grid.call(L"RowsSet", {0});
-        for (long col = 0; col < allCols; ++col) grid.call(L"ColTypeSet", {col, col});
-        for (const wchar_t* item : {L"Desk", L"Bookcase", L"Lamp"}) grid.call(L"ComboAdd", {item});
-        for (long row = 0; row < 3; ++row) grid.call(L"RowAddQuick", {L"\t\tfixed", row});
-        grid.call(L"RowSetFocus", {0});
-    }
-    static long asked(const HostedControl& form, const wchar_t* member) {
-        Variant answer;
-        form.object().call(member, {}, &answer);
-        return answer.toLong().value_or(-999);
+    void fill(std::initializer_list<const wchar_t*> rows) const {
+        object().call(L"RowsSet", {0});
+        for (const wchar_t* row : rows) object().call(L"RowAddQuick", {row, number(L"RowsCurrent")});
     }
     std::wstring read(long row, long col) const {
-        Variant text;
-        object().call(L"CellTextRead", {row, col}, &text);
-        return text.toText();
+        return answerOf(object(), L"CellTextRead", {row, col}).toText();
     }
-    std::pair<long, long> current() const { return {number(L"RowCurrent"), number(L"ColCurrent")}; }
-    // The middle of a cell that shows.
-    static POINT middle(const HostedControl& form, long row, long col) {
-        form.object().call(L"RowSetFocus", {row});
-        form.object().call(L"ColSetFocus", {col});
-        RECT face{};
-        GetClientRect(form.site.window(), &face);
-        Variant top, height, left;
-        form.object().call(L"CellCurrentTop", {}, &top);
-        form.object().call(L"CellCurrentHeight", {}, &height);
-        form.object().call(L"CellCurrentLeft", {}, &left);
-        const long header = headerHeight(form);
-        return {border + *left.toLong() / 15 + colWidth / 2,
-                border + header + (*top.toLong() + *height.toLong() / 2) / 15};
+    void set(long row, long col, const wchar_t* text) const {
+        object().call(L"CellTextSet", {row, col, text});
     }
-    static long headerHeight(const HostedControl& form) {
-        form.object().call(L"TopRowSet", {0});
+    Cell current() const { return {number(L"RowCurrent"), number(L"ColCurrent")}; }
+    void goTo(const Cell& cell) const {
+        object().call(L"RowSetFocus", {cell.first});
+        object().call(L"ColSetFocus", {cell.second});
+    }
+    // The keyboard in a cell whose editor is closed.
+    void enter(const Cell& cell) const {
+        object().call(L"GridFocusShow");
+        goTo(cell);
+    }
+    // The middle of a cell of the first rows, which becomes the current one.
+    POINT middle(long row, long col) const {
+        goTo({row, col});
+        const long top = border + headerHeight();
+        return {border + number(L"CellCurrentLeft") / 15 + colWidth / 2,
+                top + (number(L"CellCurrentTop") + number(L"CellCurrentHeight") / 2) / 15};
+    }
+    long headerHeight() const {
+        object().call(L"TopRowSet", {0});
         for (int y = 0; y < 60; ++y) {
-            SendMessageW(form.site.window(), WM_MOUSEMOVE, 0, MAKELPARAM(20, y));
-            if (asked(form, L"MouseRow") == 0) return y - border;
+            SendMessageW(face(), WM_MOUSEMOVE, 0, MAKELPARAM(20, y));
+            if (number(L"MouseRow") == 0) return y - border;
         }
         return 0;
     }
+    void keys(std::initializer_list<WORD> codes, UINT modifiers = 0) {
+        for (const WORD code : codes) person.key(code, modifiers);
+    }
+    void click(POINT at) { person.click(face(), at.x, at.y); }
     void click(long row, long col) {
-        const long rowBefore = number(L"RowCurrent"), colBefore = number(L"ColCurrent");
-        const POINT at = middle(hosted, row, col);
-        object().call(L"RowSetFocus", {rowBefore});
-        object().call(L"ColSetFocus", {colBefore});
+        const Cell before = current();
+        const POINT at = middle(row, col);
+        goTo(before);
         takeEvents();
-        person.click(face(), at.x, at.y);
+        click(at);
+    }
+    RECT onFace(HWND window) const {
+        RECT rect = windowRect(window);
+        MapWindowPoints(nullptr, face(), reinterpret_cast<POINT*>(&rect), 2);
+        return rect;
     }
     // The editors that show are windows of their own, or the control's window draws them.
     std::vector<HWND> openWindows() const {
@@ -94,33 +108,26 @@ protected:
 TEST_F(GridEditing, ARowIsTypedThroughAllItsEditors) {
     click(0, textCol);
     EXPECT_EQ(openWindows().size(), 1u);
-    person.type(L"oak.1");
-    person.key(VK_TAB);
-    EXPECT_EQ(read(0, textCol), L"oak.1");
-    EXPECT_EQ(current(), std::pair(0L, static_cast<long>(dateCol)));
-    person.type(L"4 dec 2026");
-    person.key(VK_TAB);
-    EXPECT_EQ(read(0, dateCol), L"Fri 4 Dec 2026");
-    EXPECT_EQ(current(), std::pair(0L, static_cast<long>(checkCol)))
-        << "what cannot be edited is passed over";
-    person.key(VK_SPACE);
-    person.key(VK_TAB);
-    EXPECT_EQ(read(0, checkCol), L"a");
-    person.type(L"b");
-    person.key(VK_TAB);
-    EXPECT_EQ(read(0, listCol), L"Bookcase");
-    person.type(L"12.5");
-    person.key(VK_TAB);
-    EXPECT_EQ(read(0, numberCol), L"12.5");
-    person.key(VK_DOWN);
-    person.key(VK_DOWN);
-    person.key(VK_RETURN);
+    const auto typed = [this](const wchar_t* text) {
+        const Cell cell = current();
+        person.type(text);
+        person.key(VK_TAB);
+        return read(cell.first, cell.second);
+    };
+    EXPECT_EQ(typed(L"oak.1"), L"oak.1");
+    EXPECT_EQ(current(), Cell(0, dateCol));
+    EXPECT_EQ(typed(L"4 dec 2026"), L"Fri 4 Dec 2026");
+    EXPECT_EQ(current(), Cell(0, checkCol)) << "what cannot be edited is passed over";
+    EXPECT_EQ(typed(L" "), L"a");
+    EXPECT_EQ(typed(L"b"), L"Bookcase");
+    EXPECT_EQ(typed(L"12.5"), L"12.5");
+    keys({VK_DOWN, VK_DOWN, VK_RETURN});
     EXPECT_EQ(read(0, timeCol), L"12:30:00 am");
-    EXPECT_EQ(current(), std::pair(1L, static_cast<long>(timeCol))) << "Enter goes on";
+    EXPECT_EQ(current(), Cell(1, timeCol)) << "Enter goes on";
     person.key(VK_TAB);
-    EXPECT_EQ(current(), std::pair(2L, static_cast<long>(textCol)));
+    EXPECT_EQ(current(), Cell(2, textCol));
     person.key(VK_TAB, MOD_SHIFT);
-    EXPECT_EQ(current(), std::pair(1L, static_cast<long>(timeCol)));
+    EXPECT_EQ(current(), Cell(1, timeCol));
     EXPECT_EQ(read(0, readOnlyCol), L"fixed");
 }
 
@@ -222,17 +229,13 @@ TEST_F(GridEditing, EachKeyDoesWhatTheReferenceSays) {
     };
     for (const Line& line : lines) {
         object().call(L"BoxHide");
-        object().call(L"RowsSet", {0});
-        for (const wchar_t* row : {L"a\t\t\t\tDesk\t7", L"b\t\t\t\tBookcase\t7.25", L"c\t\t\t\tDesk\t7"})
-            object().call(L"RowAddQuick", {row, number(L"RowsCurrent")});
+        fill({L"a\t\t\t\tDesk\t7", L"b\t\t\t\tBookcase\t7.25", L"c\t\t\t\tDesk\t7"});
         putOnClipboard({{CF_UNICODETEXT, std::wstring(L"z\r\ny\0", 5)}});
         const Column col = line.in == In::mark     ? checkCol
                            : line.in == In::list   ? listCol
                            : line.in == In::number ? numberCol
                                                    : textCol;
-        object().call(L"ColSetFocus", {static_cast<long>(col)});
-        object().call(L"RowSetFocus", {line.in == In::lastRow ? 2L : 1L});
-        object().call(L"GridFocusShow");
+        enter({line.in == In::lastRow ? 2 : 1, col});
         const long width = number(L"CellCurrentWidth");
         if (line.in == In::line || line.in == In::untouched) person.key(VK_F2);
         if (line.in == In::line) person.type(L"ee");
@@ -248,7 +251,7 @@ TEST_F(GridEditing, EachKeyDoesWhatTheReferenceSays) {
         for (long row = 0; row < number(L"RowsCurrent"); ++row)
             left += (row == 0 ? L" " : L",") + read(row, col);
         EXPECT_EQ(left, line.left) << "line " << &line - lines;
-        object().call(L"ColWidth", {static_cast<long>(textCol), 960.0});
+        object().call(L"ColWidth", {textCol, 960.0});
     }
 }
 
@@ -257,18 +260,14 @@ TEST_F(GridEditing, AProgramThatLooksAtTheClipboardForAMomentIsWaitedFor) {
     constexpr std::chrono::milliseconds moment(100);
     const OtherApplication program;
     const Person back(hosted.loop, hosted.window.handle());  // its window came to the front
-    object().call(L"RowsSet", {0});
-    for (const wchar_t* row : {L"a", L"b", L"c"})
-        object().call(L"RowAddQuick", {row, number(L"RowsCurrent")});
-    object().call(L"ColSetFocus", {static_cast<long>(textCol)});
-    object().call(L"RowSetFocus", {0L});
-    object().call(L"GridFocusShow");
+    fill({L"a", L"b", L"c"});
+    enter({0, textCol});
     putOnClipboard({{CF_UNICODETEXT, std::wstring(L"z\r\ny\0", 5)}});
     ASSERT_TRUE(program.holdClipboard(moment));
     person.key('V', MOD_CONTROL);
     EXPECT_EQ(read(0, textCol) + read(1, textCol), L"zy");
     ASSERT_TRUE(person.waitFor([] { return OpenClipboard(nullptr) && CloseClipboard(); }));
-    object().call(L"RowSetFocus", {1L});
+    goTo({1, textCol});
     person.key(VK_UP, MOD_SHIFT);
     ASSERT_TRUE(program.holdClipboard(moment));
     person.key('C', MOD_CONTROL);
@@ -279,50 +278,41 @@ TEST_F(GridEditing, AProgramThatLooksAtTheClipboardForAMomentIsWaitedFor) {
 
 TEST_F(GridEditing, EveryEditorOpensOverItsCellAndEveryWayOutKeepsItsValue) {
     object().call(L"RowsSet", {40});
-    const POINT elsewhere = middle(hosted, 3, readOnlyCol);
+    const POINT elsewhere = middle(3, readOnlyCol), caption{border + 20, border + 5};
     const std::function<void()> ways[] = {
         [this] { person.key(VK_ESCAPE); },
         [this] { person.key(VK_RETURN); },
         [this] { person.key(VK_TAB); },
-        [&] { person.click(face(), elsewhere.x, elsewhere.y); },
-        [this] { person.click(face(), border + 20, border + 5); },  // a caption
+        [&] { click(elsewhere); },
+        [&] { click(caption); },
         [this] { SetFocus(other), hosted.loop.pumpPending(); },
         [this] { object().call(L"BoxHide"); },
         [this] { object().call(L"TopRowSet", {1}); },
     };
     struct Edit {
         Column col;
-        const wchar_t* typed;  // "v" is the Down key
+        const wchar_t* typed;
         const wchar_t* kept;
         bool drawn = false;
     };
     constexpr Edit edits[] = {{textCol, L"xyz", L"xyz"},     {dateCol, L"4 dec 2026", L"Fri 4 Dec 2026"},
                               {checkCol, L" ", L"a"},        {listCol, L"b", L"Bookcase", true},
-                              {numberCol, L"12.5", L"12.5"}, {timeCol, L"vv", L"12:30:00 am", true}};
+                              {numberCol, L"12.5", L"12.5"}, {timeCol, L"2", L"2:00:00 am", true}};
     for (const Edit& edit : edits) {
         for (const auto& leave : ways) {
             SCOPED_TRACE(std::to_string(edit.col) + " way " + std::to_string(&leave - ways));
             object().call(L"BoxHide");
             object().call(L"TopRowSet", {0});
-            object().call(L"CellTextSet", {0, edit.col, L""});
-            object().call(L"GridFocusShow");
-            object().call(L"GridSetFocus", {edit.col, 0});
-            for (const wchar_t unit : std::wstring(edit.typed)) {
-                if (unit == L'v')
-                    person.key(VK_DOWN);
-                else
-                    person.type(std::wstring(1, unit));
-            }
+            set(0, edit.col, L"");
+            enter({0, edit.col});
+            person.type(edit.typed);
             const auto open = openWindows();
             ASSERT_EQ(open.size(), edit.drawn ? 0u : 1u);
             if (!edit.drawn) {
                 EXPECT_TRUE(GetFocus() == open[0] || IsChild(open[0], GetFocus()));
-                RECT editor{};
-                GetWindowRect(open[0], &editor);
-                MapWindowPoints(nullptr, face(), reinterpret_cast<POINT*>(&editor), 2);
                 const long left = border + number(L"CellCurrentLeft") / 15;
-                EXPECT_GE(editor.left, left);
-                EXPECT_LE(editor.right, left + number(L"CellCurrentWidth") / 15);
+                EXPECT_GE(onFace(open[0]).left, left);
+                EXPECT_LE(onFace(open[0]).right, left + number(L"CellCurrentWidth") / 15);
             }
             takeEvents();
             leave();
@@ -336,10 +326,10 @@ TEST_F(GridEditing, ATextStandsWhereItIsWhenItsEditorOpens) {
     // Fits its row, and is too high for it.
     for (const wchar_t* size : {L"8.25", L"16"}) {
         object().call(L"BoxHide");
-        object().call(L"CellTextSet", {1L, static_cast<long>(textCol), L"EEEE"});
-        object().call(L"CellFontSet", {1L, static_cast<long>(textCol), L"Tahoma", size, false, false, 0L});
-        const POINT cell = middle(hosted, 1, textCol);
-        object().call(L"RowSetFocus", {2});
+        set(1, textCol, L"EEEE");
+        object().call(L"CellFontSet", {1, textCol, L"Tahoma", size, false, false, 0L});
+        const POINT cell = middle(1, textCol);
+        goTo({2, textCol});
         UpdateWindow(face());
         // Of the first letter, on the control; the caret is further to the right.
         const auto letter = [&](HWND window) {
@@ -368,50 +358,36 @@ TEST_F(GridEditing, ATextStandsWhereItIsWhenItsEditorOpens) {
 TEST_F(GridEditing, ADoubleClickIsOneAlsoWhereTheEditorHasComeInBetween) {
     const UINT usual = GetDoubleClickTime();
     SetDoubleClickTime(3000);
-    object().call(L"CellTextSet", {1, textCol, L"oak"});
-    const POINT text = middle(hosted, 1, textCol), fixed = middle(hosted, 0, readOnlyCol);
-    takeEvents();
-    person.click(face(), text.x, text.y);
-    person.click(face(), text.x, text.y);
-    EXPECT_NE(takeEvents().find(L"DblClickExt"), std::wstring::npos);
+    set(1, textCol, L"oak");
+    const auto toldOfTwoClicks = [this](POINT at) {
+        takeEvents();
+        click(at);
+        click(at);
+        return takeEvents();
+    };
+    const POINT text = middle(1, textCol), fixed = middle(0, readOnlyCol);
+    EXPECT_NE(toldOfTwoClicks(text).find(L"DblClickExt"), std::wstring::npos);
     person.key(VK_ESCAPE);
-    person.click(face(), fixed.x, fixed.y);
-    person.click(face(), fixed.x, fixed.y);
-    const std::wstring told = takeEvents();
+    const std::wstring told = toldOfTwoClicks(fixed);
     EXPECT_NE(told.find(L"DblClick"), std::wstring::npos);
     EXPECT_EQ(told.find(L"DblClickExt"), std::wstring::npos);
     SetDoubleClickTime(usual);
 }
 
-TEST_F(GridEditing, ANumberIsTypedAndLeftAsItWas) {
+TEST_F(GridEditing, TheWheelOverAnOpenNumberScrollsAndLeavesItAsItWas) {
     object().call(L"RowsSet", {100});
-    object().call(L"CellTextSet", {0, numberCol, L"12.34"});
-    object().call(L"CellTextSet", {1, numberCol, L"12.34"});
-    object().call(L"TopRowSet", {0});
-    click(0, numberCol);
-    person.key(VK_DOWN);
-    EXPECT_EQ(current(), std::pair(1L, static_cast<long>(numberCol)));
+    set(1, numberCol, L"12.34");
     click(1, numberCol);
-    person.key(VK_NEXT);
-    EXPECT_GT(current().first, 1L);
-    object().call(L"TopRowSet", {0});
-    click(1, numberCol);
-    const POINT over = middle(hosted, 1, numberCol);
-    person.moveTo(face(), over.x, over.y);
+    EXPECT_EQ(openWindows().size(), 1u);
     person.turnWheel(-WHEEL_DELTA);
-    EXPECT_GT(number(L"TopRowRead"), 0) << "the wheel scrolls";
-    EXPECT_EQ(read(0, numberCol), L"12.34");
+    EXPECT_GT(number(L"TopRowRead"), 0);
     EXPECT_EQ(read(1, numberCol), L"12.34");
-    object().call(L"GridSetFocus", {numberCol, 1});
-    person.key(VK_UP, MOD_ALT);
-    person.key(VK_RETURN);
-    EXPECT_EQ(read(1, numberCol), L"13.34");
 }
 
 TEST_F(GridEditing, AListDropsDownAndTheKeyboardStays) {
     for (int item = 0; item < 10000; ++item)
         object().call(L"ComboAdd", {(L"R&D " + std::to_wstring(item)).c_str()});
-    object().call(L"CellTextSet", {0, listCol, L"R&D 9000"});
+    set(0, listCol, L"R&D 9000");
     click(0, listCol);
     EXPECT_EQ(openPanel(), nullptr);
     const HWND focus = GetFocus();
@@ -436,40 +412,35 @@ TEST_F(GridEditing, AListDropsDownAndTheKeyboardStays) {
     person.key(VK_ESCAPE);
     EXPECT_EQ(openPanel(), nullptr);
     EXPECT_EQ(GetFocus(), focus);
-    person.key(VK_DOWN, MOD_ALT);
-    person.key(VK_END);
-    person.key(VK_RETURN);
-    person.key(VK_RETURN);
+    keys({VK_F4, VK_END, VK_RETURN, VK_RETURN});
     EXPECT_EQ(read(0, listCol), L"R&D 9999");
     EXPECT_EQ(current().first, 1);
 }
 
 TEST_F(GridEditing, OneClickOnItsBoxTurnsACheckMark) {
-    const POINT mark = middle(hosted, 1, checkCol);
-    person.click(face(), mark.x, mark.y);
+    click(middle(1, checkCol));
     EXPECT_EQ(openWindows().size(), 1u);
     person.key(VK_DOWN);
     EXPECT_EQ(read(1, checkCol), L"a");
 }
 
 TEST_F(GridEditing, TheRightButtonOpensAMenuUnlessTheHostHasOpenedOne) {
-    object().call(L"CellTextSet", {1L, static_cast<long>(textCol), L"oak"});
+    set(1, textCol, L"oak");
     object().call(L"GridFocusShow");
-    const POINT cell = middle(hosted, 1, textCol);
+    const POINT cell = middle(1, textCol);
     {
-        const MenuKeys keys{{L'T'}};
+        const MenuKeys keys{{L'T'}, {L'U'}, {VK_ESCAPE}};
+        const auto seen = [&](int menus) {
+            return person.waitFor([&] { return keys.menusSeen() == menus && keys.gone(); });
+        };
         person.rightClick(face(), cell.x, cell.y);
-        EXPECT_TRUE(person.waitFor([&] { return keys.menusSeen() == 1; }));
-        EXPECT_TRUE(person.waitFor([&] { return read(1, textCol).empty(); })) << "cut";
-    }
-    {
-        const MenuKeys keys{{L'U'}, {VK_ESCAPE}};
+        EXPECT_TRUE(seen(1));
+        EXPECT_EQ(read(1, textCol), L"") << "cut";
         person.key(VK_APPS);
-        EXPECT_TRUE(person.waitFor([&] { return keys.menusSeen() == 1; }));
+        EXPECT_TRUE(seen(2));
         EXPECT_EQ(read(1, textCol), L"oak");
-        EXPECT_TRUE(person.waitFor([&] { return keys.gone(); }));
         person.key(VK_F10, MOD_SHIFT);
-        EXPECT_TRUE(person.waitFor([&] { return keys.menusSeen() == 2; }));
+        EXPECT_TRUE(seen(3));
     }
     const MenuKeys keys{{VK_ESCAPE}, {VK_ESCAPE}};
     bool discards = false;
@@ -483,20 +454,18 @@ TEST_F(GridEditing, TheRightButtonOpensAMenuUnlessTheHostHasOpenedOne) {
         TrackPopupMenu(own, TPM_RETURNCMD, 0, 0, 0, hosted.window.handle(), nullptr);
         DestroyMenu(own);
     });
-    person.rightClick(face(), cell.x, cell.y);
-    hosted.loop.pumpPending();
-    EXPECT_EQ(keys.menusSeen(), 1);
-    discards = true;
-    person.rightClick(face(), cell.x, cell.y);
-    hosted.loop.pumpPending();
-    EXPECT_EQ(keys.menusSeen(), 1);
+    for (const bool discarded : {false, true}) {
+        discards = discarded;
+        person.rightClick(face(), cell.x, cell.y);
+        hosted.loop.pumpPending();
+        EXPECT_EQ(keys.menusSeen(), 1);
+    }
 }
 
 TEST_F(GridEditing, TextsAreSortedByTheUsersAlphabet) {
     const wchar_t* const sorted[] = {L"-", L"\x00C4pfel", L"apple", L"co-op", L"coop", L"Zebra"};
     object().call(L"RowsSet", {6});
-    for (long row = 0; row < 6; ++row)
-        object().call(L"CellTextSet", {row, textCol, sorted[(row * 5 + 2) % 6]});
+    for (long row = 0; row < 6; ++row) set(row, textCol, sorted[(row * 5 + 2) % 6]);
     object().call(L"ColSetFocus", {textCol});
     object().call(L"GridColSort", {textCol});
     object().call(L"GridColSort", {textCol});
@@ -504,64 +473,86 @@ TEST_F(GridEditing, TextsAreSortedByTheUsersAlphabet) {
 }
 
 TEST_F(GridEditing, ARightToLeftFormHasTheFirstColumnAtTheRight) {
-    const POINT cell = middle(hosted, 1, textCol);
+    const POINT cell = middle(1, textCol);
     // All of it is on the form.
     hosted.site.moveTo({10, 10, 350, 250});
     hosted.site.setAmbient(DISPID_AMBIENT_RIGHTTOLEFT, true);
     hosted.loop.pumpPending();
     RECT area{};
     GetClientRect(face(), &area);
-    person.click(face(), area.right - 1 - cell.x, cell.y);
-    EXPECT_EQ(current(), std::pair(1L, static_cast<long>(textCol)));
+    click({area.right - 1 - cell.x, cell.y});
+    EXPECT_EQ(current(), Cell(1, textCol));
     ASSERT_EQ(openWindows().size(), 1u);
-    RECT editor{};
-    GetWindowRect(openWindows()[0], &editor);
-    MapWindowPoints(nullptr, face(), reinterpret_cast<POINT*>(&editor), 2);
-    EXPECT_EQ(editor.right, area.right - border);
+    EXPECT_EQ(onFace(openWindows()[0]).right, area.right - border);
     person.type(L"oak");
     person.key(VK_RETURN);
     EXPECT_EQ(read(1, textCol), L"oak");
 }
 
-std::wstring droppedFiles() {
-    std::wstring bytes(sizeof(DROPFILES) / sizeof(wchar_t), L'\0');
-    reinterpret_cast<DROPFILES*>(bytes.data())->pFiles = sizeof(DROPFILES);
-    reinterpret_cast<DROPFILES*>(bytes.data())->fWide = TRUE;
-    return bytes + std::wstring(L"C:\\a.txt\0C:\\b.txt\0\0", 19);
+std::string bytesOf(std::wstring_view text) {
+    return {reinterpret_cast<const char*>(text.data()), text.size() * sizeof(wchar_t)};
 }
+
+std::string droppedFiles(const std::string& names, BOOL wide = FALSE, DWORD start = sizeof(DROPFILES)) {
+    DROPFILES header{};
+    header.pFiles = start;
+    header.fWide = wide;
+    return std::string(reinterpret_cast<const char*>(&header), sizeof header) + names;
+}
+
+// What a program drops, byte by byte.
+class Offered final : public ComObject<IDataObject> {
+public:
+    explicit Offered(std::map<CLIPFORMAT, std::string> contents) : contents_(std::move(contents)) {}
+    HRESULT STDMETHODCALLTYPE GetData(FORMATETC* format, STGMEDIUM* medium) override {
+        if (QueryGetData(format) != S_OK) return DV_E_FORMATETC;
+        const std::string& content = contents_.at(format->cfFormat);
+        *medium = {};
+        medium->tymed = TYMED_HGLOBAL;
+        medium->hGlobal = GlobalAlloc(GMEM_FIXED, content.size());
+        content.copy(static_cast<char*>(medium->hGlobal), content.size());
+        return S_OK;
+    }
+    HRESULT STDMETHODCALLTYPE QueryGetData(FORMATETC* format) override {
+        return contents_.count(format->cfFormat) != 0 ? S_OK : DV_E_FORMATETC;
+    }
+    HRESULT STDMETHODCALLTYPE GetDataHere(FORMATETC*, STGMEDIUM*) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE GetCanonicalFormatEtc(FORMATETC*, FORMATETC*) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE SetData(FORMATETC*, STGMEDIUM*, BOOL) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE EnumFormatEtc(DWORD, IEnumFORMATETC**) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE DAdvise(FORMATETC*, DWORD, IAdviseSink*, DWORD*) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE DUnadvise(DWORD) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE EnumDAdvise(IEnumSTATDATA**) override { return E_NOTIMPL; }
+
+private:
+    const std::map<CLIPFORMAT, std::string> contents_;
+};
 
 // What a script hears of what was dropped: its text in both formats, whether there is text and a picture, and
 // the files.
 std::wstring askedOf(const container::Dispatch& data) {
-    const auto answer = [&data](const wchar_t* member, const container::Arguments& arguments) {
-        Variant result;
-        data.call(member, arguments, &result);
-        return result;
-    };
+    const auto text = [&](long format) { return answerOf(data, L"GetData", {format}).toText() + L" "; };
     const auto flag = [&](long format) {
-        return *answer(L"GetFormat", {format}).toLong() != 0 ? L" 1" : L" 0";
+        return *answerOf(data, L"GetFormat", {format}).toLong() != 0 ? L"1 " : L"0 ";
     };
+    const container::Dispatch files(answerOf(data, L"Files").toObject().get());
+    const long count = *answerOf(files, L"Count").toLong();
     std::wstring all =
-        answer(L"GetData", {CF_UNICODETEXT}).toText() + L" " + answer(L"GetData", {CF_TEXT}).toText();
-    all += flag(CF_TEXT);
-    all += flag(CF_DIB);
-    const container::Dispatch files(answer(L"Files", {}).toObject().get());
-    Variant count;
-    files.call(L"Count", {}, &count);
-    all += L" " + std::to_wstring(*count.toLong());
-    for (long at = 1; at <= *count.toLong(); ++at) {
-        Variant name;
-        files.call(L"Item", {at}, &name);
-        all += L" " + name.toText();
-    }
+        text(CF_UNICODETEXT) + text(CF_TEXT) + flag(CF_TEXT) + flag(CF_DIB) + std::to_wstring(count);
+    for (long at = 1; at <= count; ++at) all += L" " + answerOf(files, L"Item", {at}).toText();
     return all;
 }
 
+// The same of what is offered.
+std::wstring dropped(const std::map<CLIPFORMAT, std::string>& contents) {
+    const auto object = win32::createDroppedData(ComPtr<IDataObject>(new Offered(contents)), nullptr);
+    return askedOf(container::Dispatch(object.get()));
+}
+
 TEST_F(GridEditing, ADropTellsTheHostWhatWasDroppedAndWhere) {
-    ComPtr<IDataObject> data;
-    OleSetClipboard(nullptr);
-    putOnClipboard({{CF_UNICODETEXT, std::wstring(L"oak\0", 4)}, {CF_HDROP, droppedFiles()}});
-    ASSERT_EQ(OleGetClipboard(data.put()), S_OK);
+    const ComPtr<IDataObject> data(
+        new Offered({{CF_UNICODETEXT, bytesOf({L"oak", 4})},
+                     {CF_HDROP, droppedFiles(bytesOf({L"C:\\a.txt\0C:\\b.txt\0", 19}), TRUE)}}));
     std::wstring asked;
     std::vector<Variant> told;
     bool holdsData = false;
@@ -571,8 +562,8 @@ TEST_F(GridEditing, ADropTellsTheHostWhatWasDroppedAndWhere) {
         asked = askedOf(container::Dispatch(call.value(0).toObject().get()));
         call.set(1, DROPEFFECT_COPY);
     });
-    const POINT target = middle(hosted, 2, 0);
-    const int top = border + headerHeight(hosted);
+    const POINT target = middle(2, 0);
+    const int top = border + headerHeight();
     person.moveTo(face(), target.x, target.y);
     EXPECT_EQ(person.dropHere(data.get(), MOUSEEVENTF_RIGHTDOWN), static_cast<DWORD>(DROPEFFECT_COPY))
         << "as the host has answered";
@@ -589,99 +580,44 @@ TEST_F(GridEditing, ADropTellsTheHostWhatWasDroppedAndWhere) {
 TEST(DroppedData, ItsMembersAreFoundInAnyCaseInAnyCountry) {
     const LCID before = GetThreadLocale();
     ASSERT_TRUE(SetThreadLocale(MAKELCID(MAKELANGID(LANG_TURKISH, SUBLANG_DEFAULT), SORT_DEFAULT)));
-    putOnClipboard({{CF_HDROP, droppedFiles()}});
-    ComPtr<IDataObject> data;
-    EXPECT_EQ(OleGetClipboard(data.put()), S_OK);
+    const ComPtr<IDataObject> data(new Offered({{CF_HDROP, droppedFiles({"a\0b\0", 5})}}));
     const auto object = win32::createDroppedData(data, nullptr);
-    Variant files;
-    EXPECT_EQ(container::Dispatch(object.get()).call(L"FILES", {}, &files), S_OK);
+    const Variant files = answerOf(container::Dispatch(object.get()), L"FILES");
     EXPECT_EQ(container::Dispatch(files.toObject().get()).value(L"count").toLong(), 2);
-    data.reset();
-    putOnClipboard({});
     SetThreadLocale(before);
 }
 
-// What a program drops that offers one format of texts alone.
-class OneText final : public ComObject<IDataObject> {
-public:
-    explicit OneText(CLIPFORMAT format) : format_(format) {}
-    HRESULT STDMETHODCALLTYPE GetData(FORMATETC* format, STGMEDIUM* medium) override {
-        if (QueryGetData(format) != S_OK) return DV_E_FORMATETC;
-        constexpr char narrow[] = "oak";
-        constexpr wchar_t wide[] = L"oak";
-        *medium = {};
-        medium->tymed = TYMED_HGLOBAL;
-        medium->hGlobal = GlobalAlloc(GMEM_FIXED | GMEM_ZEROINIT, sizeof wide);
-        std::memcpy(medium->hGlobal, format_ == CF_TEXT ? static_cast<const void*>(narrow) : wide,
-                    format_ == CF_TEXT ? sizeof narrow : sizeof wide);
-        return S_OK;
-    }
-    HRESULT STDMETHODCALLTYPE QueryGetData(FORMATETC* format) override {
-        return format->cfFormat == format_ ? S_OK : DV_E_FORMATETC;
-    }
-    HRESULT STDMETHODCALLTYPE GetDataHere(FORMATETC*, STGMEDIUM*) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetCanonicalFormatEtc(FORMATETC*, FORMATETC*) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE SetData(FORMATETC*, STGMEDIUM*, BOOL) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE EnumFormatEtc(DWORD, IEnumFORMATETC**) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE DAdvise(FORMATETC*, DWORD, IAdviseSink*, DWORD*) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE DUnadvise(DWORD) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE EnumDAdvise(IEnumSTATDATA**) override { return E_NOTIMPL; }
-
-private:
-    const CLIPFORMAT format_;
-};
-
 TEST(DroppedData, EitherFormatOfTextsStandsForTheOther) {
-    for (const CLIPFORMAT format : {CLIPFORMAT{CF_TEXT}, CLIPFORMAT{CF_UNICODETEXT}}) {
-        const auto object = win32::createDroppedData(ComPtr<IDataObject>(new OneText(format)), nullptr);
-        EXPECT_EQ(askedOf(container::Dispatch(object.get())), L"oak oak 1 0 0") << format;
-    }
+    EXPECT_EQ(dropped({{CF_TEXT, {"oak", 4}}}), L"oak oak 1 0 0");
+    EXPECT_EQ(dropped({{CF_UNICODETEXT, bytesOf({L"oak", 4})}}), L"oak oak 1 0 0");
 }
 
 TEST(DroppedData, FilesAreThoseOfTheBlockWhateverItClaims) {
-    const auto filesOf = [](std::string block) {
-        OleSetClipboard(nullptr);
-        block.resize((block.size() + 1) / 2 * 2);
-        std::wstring units(block.size() / 2, L'\0');
-        block.copy(reinterpret_cast<char*>(units.data()), block.size());
-        putOnClipboard({{CF_HDROP, units}});
-        ComPtr<IDataObject> data;
-        EXPECT_EQ(OleGetClipboard(data.put()), S_OK);
-        const auto object = win32::createDroppedData(data, nullptr);
-        return container::toUtf8(askedOf(container::Dispatch(object.get())));
+    constexpr DWORD start = sizeof(DROPFILES);
+    const auto filesOf = [](const std::string& block) {
+        return container::toUtf8(dropped({{CF_HDROP, block}}));
     };
-    const auto block = [](DWORD start, BOOL wide, const std::string& names) {
-        DROPFILES header{};
-        header.pFiles = start;
-        header.fWide = wide;
-        return std::string(reinterpret_cast<const char*>(&header), sizeof header) + names;
-    };
-    constexpr auto start = static_cast<DWORD>(sizeof(DROPFILES));
-    EXPECT_EQ(filesOf(block(start, FALSE, std::string("C:\\a\0C:\\b\0\0", 11))), "  0 0 2 C:\\a C:\\b");
-    EXPECT_EQ(filesOf(block(start, TRUE, std::string("a\0\0\0b\0", 6))), "  0 0 2 a b") << "no end";
-    EXPECT_EQ(filesOf(block(start, FALSE, "C:\\abc")), "  0 0 1 C:\\abc") << "no end";
-    EXPECT_EQ(filesOf(block(start, FALSE, "")), "  0 0 0");
+    EXPECT_EQ(filesOf(droppedFiles({"C:\\a\0C:\\b\0", 11})), "  0 0 2 C:\\a C:\\b");
+    EXPECT_EQ(filesOf(droppedFiles(bytesOf({L"a\0b", 3}), TRUE)), "  0 0 2 a b") << "no end";
+    EXPECT_EQ(filesOf(droppedFiles("C:\\abc")), "  0 0 1 C:\\abc") << "no end";
+    EXPECT_EQ(filesOf(droppedFiles("")), "  0 0 0");
     for (const DWORD beyond : {start + 100, 0x7FFFFFFFul, 0xFFFFFFFFul})
-        EXPECT_EQ(filesOf(block(beyond, TRUE, std::string(40, 'x'))), "  0 0 0") << beyond;
+        EXPECT_EQ(filesOf(droppedFiles(std::string(40, 'x'), TRUE, beyond)), "  0 0 0") << beyond;
     EXPECT_EQ(filesOf("short"), "  0 0 0");
-    OleSetClipboard(nullptr);
-    putOnClipboard({});
 }
 
 // A window of another program, as far as what is dropped there goes.
 class TextTarget final : public ComObject<IDropTarget> {
 public:
-    HRESULT STDMETHODCALLTYPE DragEnter(IDataObject*, DWORD, POINTL, DWORD* effect) override {
-        *effect &= DROPEFFECT_COPY;
-        return S_OK;
+    HRESULT STDMETHODCALLTYPE DragEnter(IDataObject*, DWORD keys, POINTL at, DWORD* effect) override {
+        return DragOver(keys, at, effect);
     }
     HRESULT STDMETHODCALLTYPE DragOver(DWORD, POINTL, DWORD* effect) override {
         *effect &= DROPEFFECT_COPY;
         return S_OK;
     }
     HRESULT STDMETHODCALLTYPE DragLeave() override { return S_OK; }
-    HRESULT STDMETHODCALLTYPE Drop(IDataObject* data, DWORD, POINTL, DWORD* effect) override {
-        *effect &= DROPEFFECT_COPY;
+    HRESULT STDMETHODCALLTYPE Drop(IDataObject* data, DWORD keys, POINTL at, DWORD* effect) override {
         ComPtr<IEnumFORMATETC> formats;
         FORMATETC format{};
         EXPECT_EQ(data->EnumFormatEtc(DATADIR_GET, formats.put()), S_OK);
@@ -694,22 +630,19 @@ public:
             GlobalUnlock(medium.hGlobal);
             ReleaseStgMedium(&medium);
         }
-        return S_OK;
+        return DragOver(keys, at, effect);
     }
     std::wstring text;
     std::string narrow;
 };
 
 TEST_F(GridEditing, ADragOfSelectedCellsBringsTheirTextsToAnotherWindow) {
-    for (long row = 0; row < 2; ++row)
-        object().call(L"CellTextSet", {row, textCol, row == 0 ? L"\x00C4pfel" : L"oak"});
-    object().call(L"RowSetFocus", {0});
-    object().call(L"ColSetFocus", {textCol});
-    object().call(L"GridFocusShow");
-    const POINT first = middle(hosted, 0, textCol);
-    const auto select = [&] {
-        object().call(L"RowSetFocus", {0});
-        for (const WORD code : {WORD{VK_DOWN}, WORD{VK_RIGHT}}) person.key(code, MOD_SHIFT);
+    set(0, textCol, L"\x00C4pfel");
+    set(1, textCol, L"oak");
+    const POINT second = middle(1, textCol), first = middle(0, textCol);
+    const auto select = [this] {
+        enter({0, textCol});
+        keys({VK_DOWN, VK_RIGHT}, MOD_SHIFT);
     };
     select();
     const ComPtr<TextTarget> target(new TextTarget);
@@ -738,9 +671,8 @@ TEST_F(GridEditing, ADragOfSelectedCellsBringsTheirTextsToAnotherWindow) {
     EXPECT_EQ(GetCapture(), nullptr);
     EXPECT_TRUE(openWindows().empty());
     // A press that does not move goes to its cell and opens it.
-    const POINT second = middle(hosted, 1, textCol);
     select();
-    person.click(face(), second.x, second.y);
+    click(second);
     EXPECT_EQ(openWindows().size(), 1u);
     person.type(L"elm");
     person.key(VK_RETURN);
@@ -767,10 +699,8 @@ private:
 TEST_F(GridEditing, DatesAndNumbersAreTypedAsTheUsersSystemWritesThem) {
     const UserSetting dates(LOCALE_SSHORTDATE, L"dd.MM.yyyy"), comma(LOCALE_SDECIMAL, L",");
     const auto typed = [&](Column col, const wchar_t* text) {
-        object().call(L"CellTextSet", {0, static_cast<long>(col), L""});
-        object().call(L"GridFocusShow");
-        object().call(L"RowSetFocus", {0});
-        object().call(L"ColSetFocus", {static_cast<long>(col)});
+        set(0, col, L"");
+        enter({0, col});
         person.type(text);
         person.key(VK_RETURN);
         return read(0, col);
@@ -805,11 +735,8 @@ TEST(GridEditScript, AFileIsSavedAndLoadedWithoutAWindow) {
     grid.call(L"CellTextSet", {1, 11, L"oak, 160 \x00D7 80"});
     grid.call(L"GridSave", {path, L"Orders"});
     grid.call(L"GridReset");
-    Variant caption, text;
-    EXPECT_EQ(grid.call(L"GridLoad", {path}, &caption), S_OK);
-    EXPECT_EQ(caption.toText(), L"Orders");
-    grid.call(L"CellTextRead", {1, 11}, &text);
-    EXPECT_EQ(text.toText(), L"oak, 160 \x00D7 80");
+    EXPECT_EQ(answerOf(grid, L"GridLoad", {path}).toText(), L"Orders");
+    EXPECT_EQ(answerOf(grid, L"CellTextRead", {1, 11}).toText(), L"oak, 160 \x00D7 80");
     DeleteFileW(path.c_str());
 }
 

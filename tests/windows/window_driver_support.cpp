@@ -77,11 +77,6 @@ void WindowDriver::mouseUp(int16_t button) {
     person_.release(button == button::right ? MOUSEEVENTF_RIGHTUP : MOUSEEVENTF_LEFTUP);
 }
 
-void WindowDriver::focusHost() {
-    SetFocus(host_);
-    pumpAll();
-}
-
 void WindowDriver::pressTool() {
     const HWND tool = CreateWindowExW(0, L"STATIC", L"", WS_CHILD | WS_VISIBLE | SS_NOTIFY, 370, 270, 20, 20,
                                       host_, nullptr, GetModuleHandleW(nullptr), nullptr);

@@ -34,7 +34,6 @@ public:
     void mouseDown(int16_t button) override;
     void mouseUp(int16_t button) override;
     void wheel(int32_t delta) override { person_.turnWheel(delta); }
-    void focusHost() override;
     void pressTool() override;
     void moveHost() override;
     void askFocus(NativeWindow window) override;
