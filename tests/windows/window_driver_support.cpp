@@ -8,23 +8,12 @@ namespace obk::testing_support {
 
 namespace {
 
-constexpr wchar_t hostClass[] = L"OrbekTestHost";
-
 // One for all tests of the process: where there is no window manager, hiding a top-level window takes
-// seconds.
+// seconds. With SS_NOTIFY the mouse finds it.
 HWND sharedHost() {
-    static const HWND host = [] {
-        WNDCLASSEXW description{};
-        description.cbSize = sizeof description;
-        description.lpfnWndProc = DefWindowProcW;
-        description.hInstance = GetModuleHandleW(nullptr);
-        description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
-        description.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
-        description.lpszClassName = hostClass;
-        RegisterClassExW(&description);
-        return CreateWindowExW(0, hostClass, L"Host", WS_POPUP | WS_VISIBLE | WS_CLIPCHILDREN, 50, 40, 400,
-                               300, nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
-    }();
+    static const HWND host =
+        CreateWindowExW(0, L"STATIC", L"Host", WS_POPUP | WS_VISIBLE | WS_CLIPCHILDREN | SS_NOTIFY, 50, 40,
+                        400, 300, nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
     return host;
 }
 
