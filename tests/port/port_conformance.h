@@ -220,21 +220,16 @@ TEST_P(PortConformance, AKeyIsTranslatedReportedTypedAndReleasedInThisOrder) {
 TEST_P(PortConformance, AHandledKeyReachesNobodyElseAndOneForTheContainerOnlyWhenNotUsedThere) {
     openFocused();
     firstClient.route = KeyRoute::handled;
-    driver->keyDown('A', 0);
-    EXPECT_EQ(taken(), (Journal{"first.preTranslate 65"}));
-    driver->keyUp('A', 0);
-    EXPECT_EQ(taken(), (Journal{"first.keyUp 65"}));
+    type("A");
+    EXPECT_EQ(taken(), (Journal{"first.preTranslate 65", "first.keyUp 65"}));
     firstClient.route = KeyRoute::container;
     firstClient.containerUses = true;
-    driver->keyDown(key::tab, 0);
-    EXPECT_EQ(taken(), (Journal{"first.preTranslate 9", "first.offerToContainer 9"}));
-    driver->keyUp(key::tab, 0);
+    driver->key(key::tab);
+    EXPECT_EQ(taken(), (Journal{"first.preTranslate 9", "first.offerToContainer 9", "first.keyUp 9"}));
     firstClient.containerUses = false;
-    taken();
-    driver->keyDown(key::f2, 0);
-    EXPECT_EQ(taken(),
-              (Journal{"first.preTranslate 113", "first.offerToContainer 113", "first.keyDown 113"}));
-    driver->keyUp(key::f2, 0);
+    driver->key(key::f2);
+    EXPECT_EQ(taken(), (Journal{"first.preTranslate 113", "first.offerToContainer 113", "first.keyDown 113",
+                                "first.keyUp 113"}));
 }
 
 TEST_P(PortConformance, KeysAreDiscardedAndCharactersChangedAndDiscardedByTheAnswer) {

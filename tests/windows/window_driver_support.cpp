@@ -55,7 +55,6 @@ void WindowDriver::keyUp(int16_t code, int16_t shift) {
 void WindowDriver::mouseMove(SurfacePeer& surface, PixelPoint at) {
     const PixelPoint target = surface.toScreen(at);
     person_.moveTo(nullptr, target.x, target.y);
-    pumpAll();
 }
 
 void WindowDriver::mouseDown(int16_t button) {
