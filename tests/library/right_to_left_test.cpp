@@ -67,10 +67,8 @@ TEST_P(RightToLeftTest, IsTheMirrorImageAndCountsFromThere) {
         control->setSize(control->width(), control->height());
         pictures[mirrored] = picture(*platform.surface(control->window()), mirrored);
         host.take();
-        for (const int32_t x : {60, 135}) {
-            const PixelPoint at{mirrored ? width - 1 - x : x, 10};
-            click(at, Kind::down, button::right);
-        }
+        for (const int32_t x : {60, 135})
+            click({mirrored ? width - 1 - x : x, 10}, Kind::down, button::right);
         told[mirrored] = host.takeEvents();
         if (drops) {
             call(u"ShowPopUp");
@@ -90,8 +88,8 @@ TEST_F(RightToLeft, ANumberKeepsItsSignBeforeIt) {
     host.readsRightToLeft = true;
     place(*library().control(u"GridEdit"));
     activate({0, 0, 400, 150});
-    call(u"CellTextSet", {int32_t{1}, int32_t{1}, Text(u"-12.5")});
-    call(u"CellTextSet", {int32_t{0}, int32_t{0}, Text(u"- oak")});
+    call(u"CellTextSet", {1, 1, Text(u"-12.5")});
+    call(u"CellTextSet", {0, 0, Text(u"- oak")});
     int32_t seen = 0;
     for (const headless::DrawnItem& item : platform.surface(control->window())->paint().items()) {
         if (item.text != u"-12.5" && item.text != u"- oak") continue;
