@@ -181,7 +181,10 @@ void ScreenReader::inEveryState(const std::function<void(const std::string&)>& l
     const auto key = [this](int16_t code, int16_t shift = 0) {
         return [=, this] { platform.pressKey(code, shift); };
     };
-    const auto drop = [this] { call(u"ShowPopUp"); };
+    const auto ask = [this](TextView name, const std::vector<Value>& arguments = {}) {
+        return [=, this] { call(name, arguments); };
+    };
+    const auto drop = ask(u"ShowPopUp");
     const auto edit = [this](int32_t type) {
         return [=, this] {
             call(u"ColTypeSet", {0, type});
@@ -205,20 +208,10 @@ void ScreenReader::inEveryState(const std::function<void(const std::string&)>& l
           set(u"ActiveTab", 6), set(u"ActiveTabs", u"\xE001,\xE002,A\xE002,A," + Text(600, u'x')),
           set(u"ActiveTabs", Text())}},
         {u"GridEdit",
-         {[this] { fillGrid(); },
-          [this] {
-              call(u"GridSetFocus", {0, 1});
-          },
-          [this] {
-              call(u"GridSetFocus", {1, 2});
-          },
-          [this] {
-              call(u"BoxHide");
-              for (const int32_t col : {0, 1})
-                  call(u"BarHeaderCaptionSet", {col, Text(1, static_cast<char16_t>(0xE001 + col))});
-          },
-          edit(1), edit(4), key(key::f4), edit(5), edit(6), [this] { call(u"TopRowSet", {6}); },
-          set(u"BarHeader", false), [this] { call(u"RowsSet", {0}); }}},
+         {[this] { fillGrid(); }, ask(u"GridSetFocus", {0, 1}), ask(u"GridSetFocus", {1, 2}), ask(u"BoxHide"),
+          ask(u"BarHeaderCaptionSet", {0, Text(u"\xE001")}),
+          ask(u"BarHeaderCaptionSet", {1, Text(u"\xE002")}), edit(1), edit(4), key(key::f4), edit(5), edit(6),
+          ask(u"TopRowSet", {6}), set(u"BarHeader", false), ask(u"RowsSet", {0})}},
     };
     for (const bool mirrored : {false, true}) {
         host.readsRightToLeft = mirrored;
@@ -459,6 +452,9 @@ TEST_F(ScreenReader, DoesWithEachControlWhatAPersonDoes) {
     const auto onPanel = [this](TextView name) -> AccessibleId { return find(treeOf(*panel()), name); };
     begin(u"UpDownTextBox");
     put(u"Interval", 2.0);
+    platform.surface(control->window())->setLabel(u"&R&&D costs: ");
+    EXPECT_EQ(tree().item(tree().root()).name, u"R&D costs");
+    EXPECT_EQ(tree().item(tree().root()).accessKey, u"Alt+R");
     host.take();
     EXPECT_TRUE(tree().act(find(tree(), u"More"), {}));
     EXPECT_EQ(host.takeEvents(), (Journal{"DownClick", "Change"}));
@@ -467,6 +463,13 @@ TEST_F(ScreenReader, DoesWithEachControlWhatAPersonDoes) {
     put(u"AllowDecpoint", true);
     EXPECT_TRUE(tree().act(tree().root(), {Kind::set, {}, 2.5}));
     EXPECT_EQ(text(u"Text"), "2.5");
+
+    begin(u"PageTab");
+    put(u"ActiveTabs", Text(u"Home,&Help"));
+    put(u"ActiveTab", 1);
+    host.take();
+    EXPECT_TRUE(tree().act(find(tree(), u"Help"), {Kind::select, {}, 0}));
+    EXPECT_EQ(host.takeEvents(), (Journal{"Click &Help", "Show"}));
 
     begin(u"ButtonPalette");
     EXPECT_TRUE(tree().act(tree().root(), {Kind::expand, {}, 0}));
@@ -489,6 +492,8 @@ TEST_F(ScreenReader, DoesWithEachControlWhatAPersonDoes) {
     const AccessibleTree& grid = tree();
     const auto cell = [&](int32_t row, int32_t col) { return grid.cell(grid.root(), row, col); };
     EXPECT_EQ(grid.item(cell(2, 1)).name, u"Same, column 2, row 3");
+    EXPECT_TRUE(grid.act(cell(2, 1), {Kind::toggle, {}, 0}));
+    EXPECT_TRUE(grid.item(cell(2, 1)).is(Item::checked));
     EXPECT_TRUE(grid.act(cell(4, 0), {Kind::write, u"Paris", 0}));
     EXPECT_EQ(toText(call(u"CellTextRead", {4, 0})), u"Paris");
     EXPECT_FALSE(grid.act(cell(4, 2), {Kind::write, u"x", 0})) << "read only";
