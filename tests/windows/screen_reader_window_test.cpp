@@ -54,7 +54,7 @@ ComPtr<IAccessible> objectIn(const container::Variant& answer) {
 
 ComPtr<IAccessible> childOf(const ComPtr<IAccessible>& parent, LONG number) {
     ComPtr<IDispatch> child;
-    parent->get_accChild(childNumber(number), child.put());
+    if (parent) parent->get_accChild(childNumber(number), child.put());
     return child.query<IAccessible>();
 }
 
@@ -62,7 +62,7 @@ std::wstring textOf(const ComPtr<IAccessible>& of,
                     HRESULT (STDMETHODCALLTYPE IAccessible::*get)(VARIANT, BSTR*),
                     LONG child = CHILDID_SELF) {
     Bstr text;
-    (of.get()->*get)(childNumber(child), text.put());
+    if (of) (of.get()->*get)(childNumber(child), text.put());
     return text.text();
 }
 
@@ -72,17 +72,19 @@ std::wstring nameOf(const ComPtr<IAccessible>& of, LONG child = CHILDID_SELF) {
 
 LONG roleOf(const ComPtr<IAccessible>& of) {
     container::Variant role;
-    return of->get_accRole(childNumber(), role.put()) == S_OK ? role.toLong().value_or(-1) : -1;
+    if (of) of->get_accRole(childNumber(), role.put());
+    return role.toLong().value_or(0);
 }
 
 LONG stateOf(const ComPtr<IAccessible>& of, LONG child = CHILDID_SELF) {
     container::Variant state;
-    return of->get_accState(childNumber(child), state.put()) == S_OK ? state.toLong().value_or(-1) : -1;
+    if (of) of->get_accState(childNumber(child), state.put());
+    return state.toLong().value_or(0);
 }
 
 RECT placeOf(const ComPtr<IAccessible>& of) {
     LONG left = 0, top = 0, width = 0, height = 0;
-    EXPECT_EQ(of->accLocation(&left, &top, &width, &height, childNumber()), S_OK);
+    EXPECT_TRUE(of && of->accLocation(&left, &top, &width, &height, childNumber()) == S_OK);
     return {left, top, left + width, top + height};
 }
 
@@ -166,11 +168,11 @@ TEST_F(ReadTabs, AreFoundUsedAndHeard) {
     EXPECT_EQ(nameOf(strip, 2), L"Help");
     EXPECT_EQ(textOf(strip, &IAccessible::get_accKeyboardShortcut, 2), L"Alt+H");
     EXPECT_TRUE(stateOf(strip, 1) & STATE_SYSTEM_SELECTED);
-    EXPECT_EQ(stateOf(strip, 4), -1);
+    container::Variant found;
+    EXPECT_EQ(strip->get_accState(childNumber(4), found.put()), E_INVALIDARG);
     const auto video = childOf(strip, 3);
     ASSERT_TRUE(video);
     const RECT place = placeOf(video);
-    container::Variant found;
     EXPECT_EQ(strip->accHitTest((place.left + place.right) / 2, place.top + 3, found.put()), S_OK);
     EXPECT_EQ(nameOf(objectIn(found)), L"Video");
     EXPECT_EQ(strip->accNavigate(NAVDIR_NEXT, childNumber(1), found.put()), S_OK);
@@ -505,10 +507,11 @@ private:
         Provider part = go(newer, NavigateDirection_FirstChild), before;
         for (LONG number = 1, count = got(older, &IAccessible::get_accChildCount); number <= count;
              ++number) {
-            // A window in it is the system's to describe.
+            // A window in it is the system's to describe; Wine's has no role.
             if (handleOf(part)) part = go(part, NavigateDirection_NextSibling);
             const auto child = childOf(older, number);
-            if (roleOf(child) == ROLE_SYSTEM_WINDOW || stateOf(child) & STATE_SYSTEM_OFFSCREEN) continue;
+            const LONG role = roleOf(child);
+            if (!role || role == ROLE_SYSTEM_WINDOW || stateOf(child) & STATE_SYSTEM_OFFSCREEN) continue;
             ASSERT_TRUE(part) << container::toUtf8(nameOf(child));
             visit(child, part);
             EXPECT_EQ(identityOf(go(part, NavigateDirection_Parent)), identityOf(newer));
@@ -597,6 +600,7 @@ TEST_F(Automation, HasTheGridsCellsWithAllThatCanBeDoneToThem) {
     const auto headed = pattern<ITableItemProvider>(cell, UIA_TableItemPatternId);
     const auto scroll = pattern<IScrollProvider>(grid, UIA_ScrollPatternId);
     const auto chosen = pattern<ISelectionItemProvider>(cell, UIA_SelectionItemPatternId);
+    ASSERT_FALSE(HasFailure());
     Provider none;
     EXPECT_EQ(got(cells, &IGridProvider::get_RowCount), 1000);
     EXPECT_EQ(cells->GetItem(1000, 1, none.put()), E_INVALIDARG);
