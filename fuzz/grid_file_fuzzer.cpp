@@ -2,10 +2,7 @@
 // reader has it, however they come in pieces, into no more than they warrant; and what was loaded is saved
 // and loads again.
 #include "fuzz_values.h"
-#include "grid/grid_file_rows.h"
 #include "grid/plain_file.h"
-#include "platform/headless/headless_machine.h"
-#include "platform/headless/memory_file_system.h"
 
 #include <algorithm>
 #include <ctime>
@@ -18,7 +15,6 @@ namespace {
 
 using test::PlainTexts;
 
-const TextView path = u"fuzzed";
 constexpr int32_t colsBefore = 3;  // of a grid that loads
 
 struct Loaded {
@@ -29,23 +25,23 @@ struct Loaded {
     friend bool operator==(const Loaded&, const Loaded&) = default;
 };
 
-class GridFile {
+class GridFile : test::GridFiles {
 public:
     explicit GridFile(FuzzedDataProvider& input) : input_(input) {}
 
     void run() {
         const unsigned checks = input_.ConsumeIntegral<uint8_t>();
-        for (int32_t col = 0; col < 8; ++col) types_.set(col, (checks >> col & 1) != 0 ? 3 : 0);
+        for (int32_t col = 0; col < 8; ++col) types.set(col, (checks >> col & 1) != 0 ? 3 : 0);
         const auto longestRead = input_.ConsumeIntegralInRange<size_t>(1, 16);
         switch (input_.ConsumeIntegralInRange(0, 3)) {
             case 0:
-                files_.put(path, input_.ConsumeRemainingBytesAsString());
+                files.put(path, input_.ConsumeRemainingBytesAsString());
                 break;
             case 1:
                 save(someGrid());
                 break;
             default:
-                files_.put(path, someFields());
+                files.put(path, someFields());
         }
         const std::clock_t start = std::clock();
         Loaded loaded = load(longestRead);
@@ -111,57 +107,35 @@ private:
     }
 
     void save(const Loaded& grid) {
-        GridModel model(0, grid.cols, Dpi(96));
-        for (const auto& row : grid.texts) {
-            const std::vector<TextView> texts(row.begin(), row.end());
-            model.addTexts(texts, model.rows());
-        }
-        headless::ManualClock clock;
-        WaitCursor waitCursor(clock, [](bool) {});
-        GridFileWriter file(files_, path, waitCursor);
-        file.writeHeader(model.cols(), grid.caption);
-        writeRows(model, file);
-        require(file.close(), "a grid can be saved");
-        require(files_.bytes(path) == test::plainBytes(grid.texts, grid.cols, grid.caption),
+        require(GridFiles::save(*test::gridOf(grid.texts, grid.cols), grid.caption), "a grid can be saved");
+        require(files.bytes(path) == test::plainBytes(grid.texts, grid.cols, grid.caption),
                 "a file has a line for each cell");
     }
 
     Loaded load(size_t longestRead) {
         GridModel grid(0, colsBefore, Dpi(96));
-        files_.setLongestRead(longestRead);
-        headless::ManualClock clock;
-        WaitCursor waitCursor(clock, [](bool) {});
-        GridFileReader file(files_, path, waitCursor);
-        const GridFileHeader header = file.header();
-        if (header.cols) grid.setCols(*header.cols);
-        readRows(grid, file, types_);
-
-        Loaded loaded{grid.cols(), header.caption, PlainTexts(static_cast<size_t>(grid.rows()))};
-        for (CellAddress cell; cell.row < grid.rows(); ++cell.row) {
-            for (cell.col = 0; cell.col < grid.cols(); ++cell.col)
-                loaded.texts[static_cast<size_t>(cell.row)].emplace_back(grid.text(cell));
-        }
+        files.setLongestRead(longestRead);
+        const Text caption = GridFiles::load(grid);
+        Loaded loaded{grid.cols(), caption, test::textsOf(grid)};
         require(loaded == plainlyLoaded(grid.cols()), "a file loads as the simplest reader has it");
         return loaded;
     }
 
     Loaded plainlyLoaded(int32_t cols) {
         constexpr size_t cut = 3;
-        const std::vector<Text> fields = test::plainFields(files_.bytes(path).value());
+        const std::vector<Text> fields = test::plainFields(files.bytes(path).value());
         Loaded loaded{cols, {}, test::plainRows(fields, static_cast<size_t>(cols))};
         if (!fields.empty()) loaded.caption = fields[0].substr(std::min(cut, fields[0].size()));
         for (auto& row : loaded.texts) {
             for (int32_t col = 0; col < cols; ++col) {
                 Text& text = row[static_cast<size_t>(col)];
-                if (types_.type(col) == ColumnType::checkBox) text = Text(2, u' ').append(trimmed(text));
+                if (types.type(col) == ColumnType::checkBox) text = Text(2, u' ').append(trimmed(text));
             }
         }
         return loaded;
     }
 
     FuzzedDataProvider& input_;
-    headless::MemoryFileSystem files_;
-    ColumnTypes types_;
 };
 
 }  // namespace

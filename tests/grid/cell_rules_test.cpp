@@ -31,28 +31,5 @@ TEST(CellRules, AFontSizeIsANumberInFull) {
         EXPECT_EQ(fontSizeFromText(none), std::nullopt) << toUtf8(none);
 }
 
-TEST(ColumnTypes, TheTableEndsAtTenThousand) {
-    ColumnTypes types;
-    EXPECT_EQ(types.read(7), u"0");
-    EXPECT_TRUE(types.set(0, 6));
-    EXPECT_TRUE(types.set(10000, 3));
-    EXPECT_EQ(types.read(0), u"6");
-    EXPECT_EQ(types.type(10000), ColumnType::checkBox);
-    for (const int32_t col : {-1, 10001, INT32_MIN, INT32_MAX}) {
-        EXPECT_FALSE(types.set(col, 1));
-        EXPECT_EQ(types.read(col), u"");
-        EXPECT_EQ(types.type(col), ColumnType::readOnly);
-    }
-}
-
-TEST(ColumnTypes, AnUnknownCodeIsKeptAndOpensNoEditor) {
-    ColumnTypes types;
-    for (const int32_t code : {7, -1, INT32_MIN, INT32_MAX}) {
-        types.set(4, code);
-        EXPECT_EQ(types.read(4), decimalText(code));
-        EXPECT_EQ(types.type(4), ColumnType::readOnly);
-    }
-}
-
 }  // namespace
 }  // namespace obk

@@ -16,23 +16,7 @@ namespace {
 
 using enum EditAction;
 
-constexpr EditState cells{}, lastRow{EditPlace::cells, true, true}, editor{EditPlace::line, true, false},
-    opened{EditPlace::line, true, false, true}, mark{EditPlace::mark, true, false},
-    list{EditPlace::list, true, false};
-constexpr int16_t control_ = shift::control, alt_ = shift::alt, altGr = shift::control | shift::alt;
-
-TEST(EditSession, TheEditorHasAShareInWhatAKeyMeans) {
-    for (const auto& [code, inOpened] :
-         {std::pair<int16_t, EditAction>{'V', pasteBlock}, {'Z', undo}, {'Y', redo}}) {
-        EXPECT_EQ(editAction({code, control_, false}, opened), inOpened) << code;
-        EXPECT_EQ(editAction({code, control_, false}, editor), none) << code;
-    }
-    for (const int16_t code : {key::left, key::right, key::up, key::down, key::pageUp}) {
-        EXPECT_EQ(editAction({code, 0, false}, mark), leave) << code;
-        EXPECT_EQ(editAction({code, 0, false}, list), none) << code << ": it chooses an item";
-    }
-    for (const int16_t code : {key::up, key::down}) EXPECT_EQ(editAction({code, alt_, false}, editor), none);
-}
+constexpr EditState cells{}, lastRow{EditPlace::cells, true, true};
 
 TEST(EditSession, AHeldKeyAddsAndDeletesOneRow) {
     for (const auto& [code, action] :
@@ -50,7 +34,8 @@ TEST(EditSession, WhatTypesNothingOpensNothing) {
          std::initializer_list<int16_t>{12, 16, 17, 18, 19,  20,  21,  25,  28,  29,  31,  35, 39,
                                         44, 91, 92, 93, 112, 123, 144, 145, 173, 240, 243, 244})
         EXPECT_EQ(opening.count(code), 0u) << code;
-    for (const auto& [code, held] : {std::pair(int16_t{'V'}, alt_), {int16_t{'Q'}, altGr}})
+    for (const auto& [code, held] :
+         {std::pair(int16_t{'V'}, shift::alt), {int16_t{'Q'}, shift::control | shift::alt}})
         EXPECT_EQ(editAction({code, held, false}, cells), none) << code;
     // Letters, digits, the number pad, punctuation, an input method's keys.
     for (const int16_t code :

@@ -1,67 +1,28 @@
-#include "base/attempt.h"
-#include "grid/grid_file_rows.h"
 #include "grid/plain_file.h"
-#include "platform/headless/headless_machine.h"
-#include "platform/headless/memory_file_system.h"
 #include "support/failing_memory.h"
 
 #include <gtest/gtest.h>
 
-#include <memory>
 #include <random>
 
 namespace obk {
 namespace {
 
-using headless::ManualClock;
-using headless::MemoryFileSystem;
+using test::gridOf;
 using test::PlainTexts;
+using test::textsOf;
 
-const TextView path = u"orders.txt";
-
-class GridFileTest : public testing::Test {
+class GridFileTest : public testing::Test, public test::GridFiles {
 protected:
-    bool save(const GridModel& grid, TextView caption, TextView to = path) {
-        WaitCursor waitCursor(clock, noteShown());
-        GridFileWriter file(files, to, waitCursor);
-        file.writeHeader(grid.cols(), caption);
-        writeRows(grid, file);
-        return file.close();
+    // A grid has what the simplest reader finds in the same bytes.
+    void expectLoaded(const std::string& bytes, size_t cols) {
+        GridModel grid(2, 3, Dpi(96));
+        const Text caption = load(grid);
+        const std::vector<Text> fields = test::plainFields(bytes);
+        ASSERT_EQ(caption, fields[0].substr(std::min<size_t>(3, fields[0].size())));
+        ASSERT_EQ(textsOf(grid), test::plainRows(fields, cols));
     }
-    // What is there of a file goes into the grid, whose rows go first.
-    Text load(GridModel& grid) {
-        grid.setRows(0);
-        WaitCursor waitCursor(clock, noteShown());
-        GridFileReader file(files, path, waitCursor);
-        const GridFileHeader header = file.header();
-        if (header.cols) grid.setCols(*header.cols);
-        readRows(grid, file, types);
-        return header.caption;
-    }
-    std::function<void(bool)> noteShown() {
-        return [this](bool shown) { signs.push_back(shown); };
-    }
-
-    MemoryFileSystem files;
-    ManualClock clock;
-    ColumnTypes types;
-    std::vector<bool> signs;
 };
-
-std::unique_ptr<GridModel> gridOf(const PlainTexts& cells, int32_t cols) {
-    auto grid = std::make_unique<GridModel>(0, cols, Dpi(96));
-    for (const auto& row : cells) grid->addTexts(std::vector<TextView>(row.begin(), row.end()), grid->rows());
-    return grid;
-}
-
-PlainTexts textsOf(const GridModel& grid) {
-    PlainTexts rows(static_cast<size_t>(grid.rows()));
-    for (CellAddress cell; cell.row < grid.rows(); ++cell.row) {
-        for (cell.col = 0; cell.col < grid.cols(); ++cell.col)
-            rows[static_cast<size_t>(cell.row)].emplace_back(grid.text(cell));
-    }
-    return rows;
-}
 
 class Random {
 public:
@@ -99,41 +60,33 @@ TEST_F(GridFileTest, EveryGridBecomesTheSameBytesAndTheSameCells) {
         ASSERT_EQ(files.bytes(path), expected);
 
         files.setLongestRead(run % 3 == 0 ? 1 + random.below(9) : 1'000'000);
-        GridModel grid(2, static_cast<int32_t>(cols), Dpi(96));
-        const Text loaded = load(grid);
-        const std::vector<Text> fields = test::plainFields(expected);
-        ASSERT_EQ(loaded, fields[0].substr(std::min<size_t>(3, fields[0].size())));
-        ASSERT_EQ(textsOf(grid), test::plainRows(fields, cols));
+        ASSERT_NO_FATAL_FAILURE(expectLoaded(expected, cols));
     }
 }
 
 // The cut of three characters fits two digits only.
 TEST_F(GridFileTest, TheCaptionLosesThreeCharactersHoweverLongTheNumberIs) {
-    const struct {
-        const char* line;
-        int32_t cols;
-        const char16_t* caption;
-    } rows[] = {{"\"12|Orders\"", 12, u"Orders"},
-                {"\"5|Orders\"", 5, u"rders"},
-                {"\"120|Orders\"", 120, u"|Orders"},
-                {"\"10001|x\"", 10001, u"01|x"},
-                {"\"Orders\"", 3, u"ers"},
-                {"12|Orders \r\n", 12, u"Orders"},
-                {"\"1,000|x\"", 1000, u"00|x"},
-                {"\"twelve|x\"", 3, u"lve|x"},
-                // Refused by the grid, which keeps what it has.
-                {"\"0|x\"", 3, u""},
-                {"\"10002|x\"", 3, u"02|x"},
-                {"\"4000000000|x\"", 3, u"0000000|x"},
-                {"\"12|never ends", 12, u"never ends"},
-                {"\r\n\"2|x\"", 3, u""},
-                {"", 3, u""}};
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.line);
-        files.put(path, row.line);
+    const std::tuple<const char*, int32_t, const char16_t*> lines[] = {
+        {"\"12|Orders\"", 12, u"Orders"},
+        {"\"5|Orders\"", 5, u"rders"},
+        {"\"120|Orders\"", 120, u"|Orders"},
+        {"\"10001|x\"", 10001, u"01|x"},
+        {"\"Orders\"", 3, u"ers"},
+        {"12|Orders \r\n", 12, u"Orders"},
+        {"\"1,000|x\"", 1000, u"00|x"},
+        {"\"twelve|x\"", 3, u"lve|x"},
+        // Refused by the grid, which keeps what it has.
+        {"\"0|x\"", 3, u""},
+        {"\"10002|x\"", 3, u"02|x"},
+        {"\"4000000000|x\"", 3, u"0000000|x"},
+        {"\"12|never ends", 12, u"never ends"},
+        {"\r\n\"2|x\"", 3, u""},
+        {"", 3, u""}};
+    for (const auto& [line, cols, caption] : lines) {
+        files.put(path, line);
         GridModel grid(1, 3, Dpi(96));
-        EXPECT_EQ(load(grid), row.caption);
-        EXPECT_EQ(grid.cols(), row.cols);
+        EXPECT_EQ(load(grid), caption) << line;
+        EXPECT_EQ(grid.cols(), cols) << line;
     }
 }
 
@@ -148,9 +101,7 @@ TEST_F(GridFileTest, FilesMadeByHandGiveWhatTheRuleOfFieldsSays) {
         SCOPED_TRACE(bytes);
         files.put(path, bytes);
         files.setLongestRead(run % 2 == 0 ? 1 : 1000);
-        GridModel grid(1, 3, Dpi(96));
-        load(grid);
-        ASSERT_EQ(textsOf(grid), test::plainRows(test::plainFields(bytes), 2));
+        ASSERT_NO_FATAL_FAILURE(expectLoaded(bytes, 2));
     }
 }
 
@@ -185,30 +136,25 @@ TEST_F(GridFileTest, AFileThatIsCutTakesNoMoreMemoryForMoreColumns) {
 }
 
 class InterruptedSaveTest : public GridFileTest {
-    std::unique_ptr<GridModel> made_;
-
 protected:
-    InterruptedSaveTest()
-        : made_(gridOf(PlainTexts(300, std::vector<Text>(10, Text(60, u'ö'))), 10)),
-          grid(*made_),
-          whole(test::plainBytes(textsOf(grid), 10, u"new")) {
-        files.put(path, old);
-    }
+    InterruptedSaveTest() { files.put(path, old); }
+    bool saveNew(TextView to = path) { return save(*grid, u"new", to); }
 
     const std::string old = "\"1|old\"\r\n\"kept\"\r\n";
-    const GridModel& grid;
-    const std::string whole;
+    const PlainTexts texts{300, std::vector<Text>(10, Text(60, u'ö'))};
+    const std::unique_ptr<GridModel> grid = gridOf(texts, 10);
+    const std::string whole = test::plainBytes(texts, 10, u"new");
 };
 
 TEST_F(InterruptedSaveTest, AFullDiskLeavesTheOldFile) {
     for (size_t room = 0; room < whole.size(); room += whole.size() / 23) {
         files.setRoom(room);
-        EXPECT_FALSE(save(grid, u"new"));
+        EXPECT_FALSE(saveNew());
         ASSERT_EQ(files.bytes(path), old);
         ASSERT_EQ(files.count(), 1u);
     }
     files.setRoom(whole.size());
-    EXPECT_TRUE(save(grid, u"new"));
+    EXPECT_TRUE(saveNew());
     EXPECT_EQ(files.bytes(path), whole);
     EXPECT_EQ(files.count(), 1u);
 }
@@ -217,7 +163,7 @@ TEST_F(InterruptedSaveTest, AKilledSaveLeavesTheOldFileOrTheNewOne) {
     uint64_t kills = 0;
     for (bool saved = false; !saved; ++kills) {
         files.stopBefore(kills);
-        saved = save(grid, u"new");
+        saved = saveNew();
         files.restart();
         ASSERT_EQ(files.bytes(path), saved ? whole : old);
     }
@@ -226,70 +172,58 @@ TEST_F(InterruptedSaveTest, AKilledSaveLeavesTheOldFileOrTheNewOne) {
 
 TEST_F(InterruptedSaveTest, WhereNothingCanBeMadeBesideItTheFileIsWrittenInPlace) {
     files.refuseOthersBeside();
-    EXPECT_TRUE(save(grid, u"new"));
+    EXPECT_TRUE(saveNew());
     EXPECT_EQ(files.bytes(path), whole);
     files.setRoom(whole.size() / 2);
-    EXPECT_FALSE(save(grid, u"new"));
+    EXPECT_FALSE(saveNew());
     EXPECT_EQ(files.bytes(path), whole.substr(0, whole.size() / 2));
 }
 
 TEST_F(InterruptedSaveTest, ADeviceGetsEveryByteAndNoFileBesideIt) {
     files.addDevice(u"PRN");
-    EXPECT_TRUE(save(grid, u"new", u"PRN"));
+    EXPECT_TRUE(saveNew(u"PRN"));
     EXPECT_EQ(files.bytes(u"PRN"), whole);
     EXPECT_EQ(files.count(), 2u);
 }
 
 TEST_F(InterruptedSaveTest, WhereMemoryEndsTheFileIsTheOldOneOrTheNewOne) {
-    const PlainTexts before = textsOf(grid);
     bool saved = false;
-    const int failures = test::failAtEveryAllocation([&] { saved = save(grid, u"new"); },
-                                                     [&] {
-                                                         ASSERT_EQ(files.bytes(path), old);
-                                                         ASSERT_EQ(files.count(), 1u);
-                                                     });
-    EXPECT_GT(failures, 3);
+    const auto expectOld = [&] {
+        ASSERT_EQ(files.bytes(path), old);
+        ASSERT_EQ(files.count(), 1u);
+    };
+    EXPECT_GT(test::failAtEveryAllocation([&] { saved = saveNew(); }, expectOld), 3);
     EXPECT_TRUE(saved);
     EXPECT_EQ(files.bytes(path), whole);
-    EXPECT_EQ(textsOf(grid), before);
+    EXPECT_EQ(textsOf(*grid), texts);
 }
 
 TEST_F(GridFileTest, WhereMemoryEndsALoadKeepsTheRowsThatItHasRead) {
     types.set(2, 3);
-    PlainTexts cells(40, std::vector<Text>{u"one", Text(250, u'x'), u"  a", u""});
+    const PlainTexts cells(40, std::vector<Text>{u"one", Text(250, u'x'), u"  a", u""});
     ASSERT_TRUE(save(*gridOf(cells, 4), u"x"));
     GridModel grid(1, 1, Dpi(96));
-    const int failures =
-        test::failAtEveryAllocation([&] { load(grid); },
-                                    [&] {
-                                        const PlainTexts read = textsOf(grid);
-                                        ASSERT_LE(read.size(), cells.size());
-                                        if (!read.empty() && grid.cols() == 4) {
-                                            ASSERT_TRUE(std::equal(read.begin(), read.end(), cells.begin()));
-                                        }
-                                        ASSERT_TRUE(grid.addItem(u"still\tgood", grid.rows()));
-                                        ASSERT_EQ(grid.text({grid.rows() - 1, 0}), u"still");
-                                    });
-    EXPECT_GT(failures, 100);
+    const auto expectWhole = [&] {
+        const PlainTexts read = textsOf(grid);
+        ASSERT_LE(read.size(), cells.size());
+        if (grid.cols() == 4) ASSERT_TRUE(std::equal(read.begin(), read.end(), cells.begin()));
+        ASSERT_TRUE(grid.addItem(u"still\tgood", grid.rows()));
+        ASSERT_EQ(grid.text({grid.rows() - 1, 0}), u"still");
+    };
+    EXPECT_GT(test::failAtEveryAllocation([&] { load(grid); }, expectWhole), 100);
     EXPECT_EQ(textsOf(grid), cells);
 }
 
+// The clock moves on by a millisecond each time that it is asked.
 TEST_F(GridFileTest, LongWorkShowsThatItIsBusyAndShortWorkDoesNot) {
-    // The clock moves on by a millisecond each time that it is asked.
-    files.put(path, "\"1|x\"" + std::string(900, '\n'));
     files.setLongestRead(1);
     GridModel grid(1, 1, Dpi(96));
-    load(grid);
-    EXPECT_TRUE(signs.empty());
-    clock.setTickCount(INT32_MAX - 500);
-    files.put(path, "\"1|x\"" + std::string(1100, '\n'));
-    load(grid);
-    EXPECT_EQ(signs, (std::vector{true, false}));
-
-    signs.clear();
-    const auto large = gridOf(PlainTexts(1100, {Text(65536, u'x')}), 1);
-    save(*large, u"x");
-    EXPECT_EQ(signs, (std::vector{true, false}));
+    for (const auto& [lines, shown] : {std::pair(900, std::vector<bool>()), {1100, {true, false}}}) {
+        files.put(path, "\"1|x\"" + std::string(lines, '\n'));
+        clock.setTickCount(INT32_MAX - 500);
+        load(grid);
+        EXPECT_EQ(signs, shown) << lines;
+    }
 }
 
 }  // namespace

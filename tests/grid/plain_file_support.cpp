@@ -80,4 +80,37 @@ PlainTexts plainRows(const std::vector<Text>& fields, size_t cols) {
     return rows;
 }
 
+std::unique_ptr<GridModel> gridOf(const PlainTexts& cells, int32_t cols) {
+    auto grid = std::make_unique<GridModel>(0, cols, Dpi(96));
+    for (const auto& row : cells) grid->addTexts(std::vector<TextView>(row.begin(), row.end()), grid->rows());
+    return grid;
+}
+
+PlainTexts textsOf(const GridModel& grid) {
+    PlainTexts rows(static_cast<size_t>(grid.rows()));
+    for (CellAddress cell; cell.row < grid.rows(); ++cell.row) {
+        for (cell.col = 0; cell.col < grid.cols(); ++cell.col)
+            rows[static_cast<size_t>(cell.row)].emplace_back(grid.text(cell));
+    }
+    return rows;
+}
+
+bool GridFiles::save(const GridModel& grid, TextView caption, TextView to) {
+    WaitCursor waitCursor(clock, [this](bool shown) { signs.push_back(shown); });
+    GridFileWriter file(files, to, waitCursor);
+    file.writeHeader(grid.cols(), caption);
+    writeRows(grid, file);
+    return file.close();
+}
+
+Text GridFiles::load(GridModel& grid) {
+    grid.setRows(0);
+    WaitCursor waitCursor(clock, [this](bool shown) { signs.push_back(shown); });
+    GridFileReader file(files, path, waitCursor);
+    const GridFileHeader header = file.header();
+    if (header.cols) grid.setCols(*header.cols);
+    readRows(grid, file, types);
+    return header.caption;
+}
+
 }  // namespace obk::test
