@@ -2,9 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <set>
-#include <vector>
-
 namespace obk {
 
 // The names of failures.
@@ -26,21 +23,18 @@ TEST(EditSession, AHeldKeyAddsAndDeletesOneRow) {
 }
 
 TEST(EditSession, WhatTypesNothingOpensNothing) {
-    std::set<int16_t> opening;
-    for (int16_t code = 1; code < 255; ++code) {
-        if (editAction({code, 0, false}, cells) == open) opening.insert(code);
-    }
+    const auto opens = [](int16_t code) { return editAction({code, 0, false}, cells) == open; };
     for (const int16_t code :
          std::initializer_list<int16_t>{12, 16, 17, 18, 19,  20,  21,  25,  28,  29,  31,  35, 39,
                                         44, 91, 92, 93, 112, 123, 144, 145, 173, 240, 243, 244})
-        EXPECT_EQ(opening.count(code), 0u) << code;
+        EXPECT_FALSE(opens(code)) << code;
     for (const auto& [code, held] :
          {std::pair(int16_t{'V'}, shift::alt), {int16_t{'Q'}, shift::control | shift::alt}})
         EXPECT_EQ(editAction({code, held, false}, cells), none) << code;
     // Letters, digits, the number pad, punctuation, an input method's keys.
     for (const int16_t code :
          std::initializer_list<int16_t>{8, 32, 48, 65, 90, 96, 107, 111, 186, 191, 222, 226, 229, 231})
-        EXPECT_EQ(opening.count(code), 1u) << code;
+        EXPECT_TRUE(opens(code)) << code;
 }
 
 TEST(EditSession, CharactersWithoutAKeyOfTheirOwnOpenAnEditor) {

@@ -31,16 +31,16 @@ public:
             texts += (row == 0 ? "" : ",") + read(row, col);
         return texts;
     }
+    std::pair<int32_t, int32_t> extent() { return {number(u"RowsCurrent"), number(u"ColsCurrent")}; }
     std::pair<int32_t, int32_t> current() { return {number(u"RowCurrent"), number(u"ColCurrent")}; }
     // What was told since the last look, in one line; the events of it.
     std::string told() { return joined(host.take()); }
     std::string events() { return joined(host.takeEvents()); }
-    // What else a host has heard than of keys, of the mouse's way and of properties.
+    // What else a host has heard than of keys and of the mouse's way.
     std::string news() {
-        Journal rest = host.take();
+        Journal rest = host.takeEvents();
         std::erase_if(rest, [](const std::string& line) {
-            return line.starts_with("Key") || line.starts_with("Mouse") || line.starts_with("changed") ||
-                   line.starts_with("offered");
+            return line.starts_with("Key") || line.starts_with("Mouse");
         });
         return joined(rest);
     }

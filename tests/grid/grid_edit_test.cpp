@@ -105,7 +105,7 @@ TEST_F(GridEditTest, TheLastRowAndColumnAreEmptiedAndStay) {
     EXPECT_EQ(number(u"RowsCurrent"), 1);
     EXPECT_EQ(column(0), "");
     set(0, 0, u"probe");
-    EXPECT_FALSE(gridShows()) << "a reset grid is hidden";
+    EXPECT_FALSE(gridShows());
     call(u"GridShow");
     EXPECT_TRUE(gridShows());
     call(u"RowsSet", {0});
@@ -117,12 +117,11 @@ TEST_F(GridEditTest, AResetLeavesOneEmptyHiddenRow) {
     show(9, 4);
     set(3, 2, u"probe");
     EXPECT_EQ(after(u"GridReset").told(), "");
-    EXPECT_EQ(number(u"RowsCurrent"), 1);
-    EXPECT_EQ(number(u"ColsCurrent"), 4);
+    EXPECT_EQ(column(0), "");
+    EXPECT_EQ(extent(), std::pair(1, 4));
     EXPECT_EQ(current(), std::pair(0, 0));
     set(0, 0, u"probe");
     EXPECT_FALSE(gridShows());
-    call(u"GridShow");
     EXPECT_EQ(after(u"GridClear").column(0), "");
 }
 
@@ -203,7 +202,6 @@ TEST_F(GridEditTest, EverySecondRowIsColouredAndTheDrawingWaits) {
 
 TEST_F(GridEditTest, BorderAndCaptionBarMoveTheGrid) {
     show(5, 3);
-    EXPECT_EQ(firstRowAt(), border + bar);
     const auto firstRow = [this](int32_t style, bool header) {
         put(u"BorderStyle", style);
         put(u"BarHeader", header);
@@ -248,36 +246,25 @@ TEST_F(GridEditTest, LoadingPressesTheFirstCellInSilence) {
     EXPECT_EQ(number(u"CellCurrentTop"), 0);
 }
 
-TEST_F(GridEditTest, AClickTellsWhatHappenedInItsOrder) {
+TEST_F(GridEditTest, ClicksAndKeysTellWhatHappenedInItsOrder) {
     put(u"AllowGridEdit", false);
     show(5, 3);
-    click(at(1, 0));
-    EXPECT_EQ(told(),
-              "focus in, MouseDown 1 0 150 405, ChangeEdited, CellSelected, "
-              "NewRowSelected, SelChange, MouseUp 1 0 150 405, Click");
     click(at(1, 2));
-    EXPECT_EQ(events(),
-              "MouseDown 1 0 2070 405, ChangeEdited, CellSelected, SelChange, "
-              "MouseUp 1 0 2070 405, Click");
+    EXPECT_EQ(told(),
+              "focus in, MouseDown 1 0 2070 405, ChangeEdited, CellSelected, NewRowSelected, "
+              "SelChange, MouseUp 1 0 2070 405, Click");
     click(at(1, 2), Kind::doubleClick);
     EXPECT_EQ(events(), "MouseDown 1 0 2070 405, DblClick, MouseUp 1 0 2070 405");
     mouse(Kind::move, at(3, 1), 0, shift::control);
     EXPECT_EQ(events(), "MouseMove 0 2 1110 945");
     EXPECT_EQ(number(u"MouseRow"), 3);
     EXPECT_EQ(number(u"MouseCol"), 1);
-    EXPECT_EQ(current(), std::pair(1, 2));
-}
-
-TEST_F(GridEditTest, KeysGoToTheHostFirst) {
-    put(u"AllowGridEdit", false);
-    show(5, 3);
-    call(u"GridFocusShow");
-    EXPECT_EQ(told(), "focus in");
-    EXPECT_EQ(after(key::down).events(),
-              "KeyDown 40 0, ChangeEdited, CellSelected, NewRowSelected, SelChange, KeyUp 40 0");
-    EXPECT_EQ(after(key::right, shift::shift).events(), "KeyDown 39 1, SelChange, KeyUp 39 1");
+    EXPECT_EQ(after(key::up).events(),
+              "KeyDown 38 0, ChangeEdited, CellSelected, NewRowSelected, SelChange, KeyUp 38 0");
+    EXPECT_EQ(after(key::left).events(), "KeyDown 37 0, ChangeEdited, CellSelected, SelChange, KeyUp 37 0");
+    EXPECT_EQ(after(key::left, shift::shift).events(), "KeyDown 37 1, SelChange, KeyUp 37 1");
     host.on["KeyDown"] = [](std::span<Value> arguments) { arguments[0] = int16_t{0}; };
-    EXPECT_EQ(after(key::down).current(), std::pair(1, 0));
+    EXPECT_EQ(after(key::down).current(), std::pair(0, 1)) << "keys go to the host first";
     host.on.clear();
     host.take();
     platform.type(u"x");
@@ -320,11 +307,8 @@ TEST_F(GridEditTest, FileAndCaptionGoThereAndBack) {
 
     place(GridEdit::memberTable());
     call(u"ColSetFocus", {1});
-    host.take();
     EXPECT_EQ(call(u"GridLoad", {Text(u"orders.txt")}), Value(Text(u"Orders")));
-    EXPECT_EQ(told(), "ChangeEdited");
-    EXPECT_EQ(number(u"RowsCurrent"), 3);
-    EXPECT_EQ(number(u"ColsCurrent"), 12);
+    EXPECT_EQ(extent(), std::pair(3, 12));
     EXPECT_EQ(current(), std::pair(0, 0));
     EXPECT_EQ(read(0, 0), "oak, 160 \xC3\x97 80");
     EXPECT_EQ(platform.windowCount(), 0u) << "a script needs no window";
@@ -360,9 +344,11 @@ TEST_F(GridEditTest, ChecksAreMarksWhetherTheyAreWrittenOrLoaded) {
     set(0, 2, u"");
     EXPECT_EQ(marks(), 0);
     call(u"GridClear");
-    set(0, 2, u"a");
+    set(0, 2, u" a");
     EXPECT_EQ(marks(), 1) << "what a host has written as a letter, too";
-    EXPECT_EQ(read(0, 2), "a");
+    EXPECT_TRUE(drawnText(u" a").text.empty());
+    call(u"ColTypeSet", {2, 0});
+    EXPECT_FALSE(drawnText(u" a").text.empty());
 }
 
 TEST_F(GridEditTest, FilesThatCannotBeOpenedChangeWhatIsSaid) {
@@ -382,8 +368,7 @@ TEST_F(GridEditTest, FilesThatCannotBeOpenedChangeWhatIsSaid) {
         size(2, 2);
         call(u"GridShow");
         EXPECT_EQ(call(u"GridLoad", {Text(file)}), Value(Text()));
-        EXPECT_EQ(number(u"RowsCurrent"), 0);
-        EXPECT_EQ(number(u"ColsCurrent"), 2);
+        EXPECT_EQ(extent(), std::pair(0, 2));
         EXPECT_EQ(number(u"RowCurrent"), -1);
         call(u"RowsSet", {1});
         set(0, 0, u"probe");
@@ -418,55 +403,6 @@ TEST_F(GridEditTest, CaptionsStandOverTheirColumns) {
     EXPECT_EQ(drawnText(u"Article").colour, white);
     call(u"ColumnVisible", {1, 0, false});
     EXPECT_TRUE(drawnText(u"Article").text.empty());
-}
-
-class GridSortTest : public GridEditTest {
-protected:
-    void SetUp() override {
-        GridEditTest::SetUp();
-        size(0, 3);
-        for (const char16_t* row : {u"8\tc", u"10\ta", u"9\tb"}) call(u"RowAddQuick", {Text(row), 0});
-    }
-};
-
-TEST_F(GridSortTest, AClickOnTheCaptionBarAsksTheHostToSort) {
-    show();
-    onEvent("SortClick", [this] { call(u"BarHeaderSort"); });
-    const PixelPoint first{border + 10, border + 5}, second{border + colWidth + 10, border + 5};
-    click(first);
-    EXPECT_EQ(events(), "ChangeEdited, SortClick, ChangeEdited");
-    EXPECT_EQ(column(0), "10,9,8");
-    click(first, Kind::doubleClick);
-    EXPECT_EQ(column(0), "8,9,10");
-    click(first);
-    EXPECT_EQ(column(0), "10,9,8");
-    click(second);
-    EXPECT_EQ(column(1), "c,b,a") << "another column is sorted as the last one was";
-    EXPECT_EQ(number(u"ColCurrent"), 1);
-    click(second);
-    click(first);
-    EXPECT_EQ(column(0), "8,9,10");
-    // No column begins before its edge, and none stands right of the last.
-    for (const int32_t x : {border, border + colWidth, border + 3 * colWidth + 30}) {
-        click({x, border + 5});
-        call(u"GridRedraw", {false});
-        surface().paint();
-        EXPECT_EQ(number(u"BarHeaderColumn"), -1) << x;
-        EXPECT_EQ(number(u"ColCurrent"), 2) << "the search has gone through all";
-        EXPECT_FALSE(surface().invalid().empty()) << "drawing is resumed";
-    }
-    EXPECT_EQ(column(0), "8,9,10");
-}
-
-TEST_F(GridSortTest, SortingGoesByTheCurrentColumn) {
-    call(u"ColSetFocus", {1});
-    EXPECT_EQ(after(u"GridColSort", {3}).column(1), "b,a,c") << "there is no such column";
-    call(u"GridColSort", {2});
-    EXPECT_EQ(after(u"GridColSort", {2}).column(1), "c,b,a");
-    EXPECT_EQ(after(u"GridColSortInitialDate").column(1), "c,b,a") << "there is no fifth column";
-    call(u"ColsSet", {5});
-    for (int32_t row = 0; row < 3; ++row) set(row, 4, decimalText(row).c_str());
-    EXPECT_EQ(after(u"GridColSortInitialDate").column(4), "2,1,0");
 }
 
 TEST_F(GridEditTest, TheHostsOwnFieldsTellNobody) {

@@ -179,15 +179,6 @@ TEST_F(GridEditorsTest, TabLeavesTheGridAtItsEnds) {
     EXPECT_EQ(firstOf(key::escape), "offered 27") << "a dialog may want to be cancelled";
 }
 
-TEST_F(GridEditorsTest, AnOpenEditorKeepsTheKeysOfRows) {
-    set(0, 0, u"oak");
-    call(u"BoxShow");
-    call(u"BoxSelect");
-    platform.type(u"elm");
-    press({key::deleteKey, key::insert});
-    EXPECT_EQ(after(key::enter).column(0), "elm,,,") << "typed over what the host has selected";
-}
-
 TEST_F(GridEditorsTest, RowsComeAndGoByKeys) {
     const char added[] = "ChangeEdited, Change, NewRow 4, CellSelected, NewRowSelected, SelChange";
     goTo(3, 0);
@@ -211,6 +202,11 @@ TEST_F(GridEditorsTest, RowsComeAndGoByKeys) {
     EXPECT_TRUE(gridShows()) << "a person goes on in the row that is left";
     platform.type(u"x");
     EXPECT_EQ(after(key::escape).column(0), "x");
+    call(u"BoxShow");
+    call(u"BoxSelect");
+    platform.type(u"elm");
+    press({key::deleteKey, key::insert});
+    EXPECT_EQ(after(u"BoxHide").column(0), "elm") << "in an editor these keys are its own";
 }
 
 TEST_F(GridEditorsTest, AGridThatIsNotEditedStaysAsItIs) {
@@ -262,8 +258,7 @@ TEST_F(GridEditorsTest, WhateverDisturbsTheCellsKeepsTheEditorsTextFirst) {
         platform.type(u"oak");
         host.take();
         disturb();
-        std::string told = news();
-        if (told.starts_with("focus out, ")) told.erase(0, 11);
+        const std::string told = news();
         EXPECT_TRUE(told.starts_with(edited)) << name << ": " << told;
         EXPECT_NE(column(0).find("oak"), std::string::npos) << name;
     }
@@ -297,7 +292,7 @@ TEST_F(GridEditorsTest, AnEditorBelongsToTheCellItWasOpenedFor) {
 
 TEST_F(GridEditorsTest, AClickOpensTheEditorOfItsCell) {
     click(at(1, textCol));
-    EXPECT_EQ(events(),
+    EXPECT_EQ(told(),
               "MouseDown 1 0 150 405, ChangeEdited, CellSelected, NewRowSelected, SelChange, "
               "MouseUp 1 0 150 405, Click");
     EXPECT_TRUE(isOpen());
@@ -312,6 +307,12 @@ TEST_F(GridEditorsTest, AClickOpensTheEditorOfItsCell) {
     host.take();
     click(at(1, textCol), Kind::doubleClick);
     EXPECT_EQ(news(), "DblClickExt");
+    for (const PixelPoint inCheckColumn :
+         {PixelPoint{border + checkCol * colWidth + 33, at(1, 0).y}, at(1, checkCol)}) {
+        click(inCheckColumn);
+        EXPECT_TRUE(isOpen());
+        EXPECT_EQ(read(1, checkCol), "a") << "a click beside the box only chooses the cell";
+    }
 }
 
 TEST_F(GridEditorsTest, TheListTellsWhatIsChosen) {
@@ -391,7 +392,8 @@ TEST_F(GridEditorsTest, StepsAreTakenBackAndDoneAgain) {
     back();
     EXPECT_EQ(again(), "elm,oak,,");
     typeInto(0, 0, u"ash");
-    EXPECT_EQ(back(), "elm,oak,,") << "in an editor that was typed into the key is its own";
+    EXPECT_EQ(again(), "elm,oak,,") << "in an editor that was typed into the keys are its own";
+    EXPECT_EQ(back(), "elm,oak,,");
     platform.pressKey(key::escape);
     call(u"CellColorSetx", {red, 1, 1});
     EXPECT_EQ(after(key::deleteKey).column(0), "as,,") << "its line has taken back one letter";
@@ -603,41 +605,25 @@ TEST_F(GridEditorsTest, ANumberIsTypedAndNeverChangedByAccident) {
     EXPECT_EQ(after(u"GridColSort", {numberCol}).column(numberCol), "-3,2.5,10");
 }
 
-TEST_F(GridEditorsTest, AClickOnItsBoxTurnsACheckMark) {
-    click({border + checkCol * colWidth + 33, at(1, 0).y});
-    EXPECT_TRUE(isOpen());
-    EXPECT_EQ(read(1, checkCol), "a");
-    click(at(1, checkCol));
-    EXPECT_TRUE(isOpen());
-    EXPECT_EQ(read(1, checkCol), "a") << "beside it the cell is chosen";
-    set(2, checkCol, u" a");
-    EXPECT_TRUE(drawnText(u" a").text.empty()) << "whoever has written it";
-    call(u"ColTypeSet", {checkCol, 0});
-    EXPECT_FALSE(drawnText(u" a").text.empty());
-}
-
 TEST_F(GridEditorsTest, DatesAreReadAsTheUserWritesThem) {
     using enum DateForms::Order;
     const auto read = [](TextView text, DateForms::Order order, int32_t pivot = 2049) {
         return cellText(ColumnType::date, text, {}, {u'.', {order, pivot, {}}});
     };
     const std::vector<DateForms::Order> all{dayMonthYear, monthDayYear, yearMonthDay};
-    const std::pair<const char16_t*, std::vector<DateForms::Order>> rows[] = {
-        {u"4.12.2026", {dayMonthYear}},
-        {u" 04/12/2026 ", {dayMonthYear}},
-        {u"4-12-26", {dayMonthYear}},
-        {u"12/4/2026", {monthDayYear}},
-        {u"12.4.26", {monthDayYear}},
-        {u"26/12/04", {yearMonthDay}},
-        {u"4 dec 26", {dayMonthYear, monthDayYear}},
-        {u"2026-12-04", all},
-        {u"4 dec 2026", all},
-        {u"December 4, 2026", all},
+    const std::pair<std::vector<DateForms::Order>, std::vector<const char16_t*>> forms[] = {
+        {{dayMonthYear}, {u"4.12.2026", u" 04/12/2026 ", u"4-12-26"}},
+        {{monthDayYear}, {u"12/4/2026", u"12.4.26"}},
+        {{yearMonthDay}, {u"26/12/04"}},
+        {{dayMonthYear, monthDayYear}, {u"4 dec 26"}},
+        {all, {u"2026-12-04", u"4 dec 2026", u"December 4, 2026"}},
     };
-    for (const auto& [text, orders] : rows) {
-        for (const DateForms::Order order : all) {
-            const bool meant = std::count(orders.begin(), orders.end(), order) > 0;
-            EXPECT_EQ(read(text, order) == u"Fri 4 Dec 2026", meant) << toUtf8(text) << int(order);
+    for (const auto& [orders, texts] : forms) {
+        for (const char16_t* text : texts) {
+            for (const DateForms::Order order : all) {
+                const bool meant = std::count(orders.begin(), orders.end(), order) > 0;
+                EXPECT_EQ(read(text, order) == u"Fri 4 Dec 2026", meant) << toUtf8(text) << int(order);
+            }
         }
     }
     EXPECT_EQ(read(u"4.12.2026", yearMonthDay), std::nullopt) << "the day or the month";
@@ -651,8 +637,7 @@ TEST_F(GridEditorsTest, DatesAreReadAsTheUserWritesThem) {
         EXPECT_EQ(read(text, dayMonthYear), std::nullopt) << toUtf8(text);
     platform.setRegionalFormats({u'.', {monthDayYear, 2049, {}}});
     EXPECT_EQ(typedInto(0, dateCol, u"12/4/26"), "Fri 4 Dec 2026");
-    for (const char16_t* kept : {u"31/12/26", u"soon"})
-        EXPECT_EQ(typedInto(0, dateCol, kept), toUtf8(kept)) << "no date: as it was typed";
+    EXPECT_EQ(typedInto(0, dateCol, u"31/12/26"), "31/12/26") << "never another day";
 }
 
 TEST_F(GridEditorsTest, TimesAreReadInTheUsualWays) {
@@ -678,9 +663,9 @@ TEST_F(GridEditorsTest, TheRightButtonOpensAMenuUnlessTheHostHasOne) {
         return std::exchange(answer, {});
     });
     const auto choose = [&](TextView caption) {
-        for (size_t line = 0; line < lines.size(); ++line) {
-            if (lines[line].caption.starts_with(caption)) answer = line;
-        }
+        const auto line = std::ranges::find_if(
+            lines, [&](const MenuLine& each) { return each.caption.starts_with(caption); });
+        answer = static_cast<size_t>(line - lines.begin());
         platform.click(control->window(), at(1, 0), button::right);
         return column(0);
     };
@@ -694,12 +679,10 @@ TEST_F(GridEditorsTest, TheRightButtonOpensAMenuUnlessTheHostHasOne) {
     asked.clear();
     platform.pressKey(key::menu);
     ASSERT_EQ(asked.size(), lines.size()) << "the menu key, at the current cell";
-    for (size_t line = 0; line < asked.size(); ++line) {
-        const EditAction action = lines[line].action;
-        if (action != EditAction::none)
-            EXPECT_EQ(asked[line].enabled, action == EditAction::copy || action == EditAction::fitColumn)
-                << line;
-    }
+    std::string enabled;
+    for (const MenuItem& item : asked)
+        enabled += item.enabled && !item.caption.empty() ? toUtf8(item.caption) + "; " : "";
+    EXPECT_EQ(enabled, "&Copy\tCtrl+C; &Fit column\tCtrl++; ");
     const auto discard = [](std::span<Value> arguments) { arguments[0] = int16_t{0}; };
     const std::pair<const char*, std::function<void(std::span<Value>)>> hosts[] = {
         {"MouseDown", discard},
@@ -785,16 +768,15 @@ TEST_F(GridColumnsTest, InARightToLeftContainerAllIsMirrored) {
         goTo(1, 0);
         pictures[mirrored] = drawn();
         call(u"BoxShow");
-        for (const headless::HeadlessWindow* child : surface().children()) {
-            if (child->visible()) editors[mirrored] = child->bounds();
-        }
+        const auto* const editor = surface().childAt(there(at(1, 0)));
+        ASSERT_TRUE(editor);
+        editors[mirrored] = editor->bounds();
         call(u"BoxHide");
         // By dragging the first column's border away from the reading edge it becomes wider.
         drag(there({border + colWidth, border + 5}), there({border + colWidth + 20, border + 5}));
         goTo(1, 0);
         EXPECT_EQ(number(u"CelWidth"), (colWidth + 20) * 15);
     }
-    ASSERT_FALSE(editors[0].empty());
     EXPECT_EQ(editors[1], editors[0].mirroredIn(area));
     ASSERT_EQ(pictures[1].size(), pictures[0].size());
     for (size_t item = 0; item < pictures[0].size(); ++item) {

@@ -46,29 +46,61 @@ protected:
 constexpr char ascending[] = "-13..-7 -12..-8 -11..-9 -10..-10 ",
                descending[] = "-10..-10 -11..-9 -12..-8 -13..-7 ";
 
-TEST_F(HeaderBarTest, TheMarkStandsInTheSortedColumnAndPointsTheWayOfTheSort) {
+TEST_F(HeaderBarTest, AClickAsksTheHostToSortAndTheMarkPointsItsWay) {
+    size(0, 3);
+    for (const char16_t* row : {u"8\tc", u"10\ta", u"9\tb"}) call(u"RowAddQuick", {Text(row), 0});
     EXPECT_EQ(mark(0), "");
     sortOnClick();
-    click(border + 10);
-    EXPECT_EQ(mark(0), descending);
-    click(border + 10);
-    EXPECT_EQ(mark(0), ascending);
-    click(border + colWidth + 10);
-    EXPECT_EQ(mark(0) + mark(1), ascending);
+    const int32_t first = border + 10, second = border + colWidth + 10;
+    host.take();
+    click(first);
+    EXPECT_EQ(events(), "ChangeEdited, SortClick, ChangeEdited");
+    EXPECT_EQ(column(0) + mark(0), std::string("10,9,8") + descending);
+    click(first, Kind::doubleClick);
+    EXPECT_EQ(column(0) + mark(0), std::string("8,9,10") + ascending);
+    click(second);
+    EXPECT_EQ(number(u"ColCurrent"), 1);
+    EXPECT_EQ(column(1) + mark(0) + mark(1), std::string("a,b,c") + ascending)
+        << "sorted as the last one was";
     call(u"ColWidth", {1, 1500.0});
     EXPECT_EQ(mark(1), ascending) << "it follows its column";
-    call(u"ColumnVisible", {1, 0, false});
-    EXPECT_EQ(mark(0) + mark(2), "");
-    // A sort that finds no column still moves the mark to the current one.
-    call(u"ColSetFocus", {2});
-    call(u"GridColSort", {7});
-    EXPECT_EQ(mark(2), ascending);
-    for (const int32_t cols : {3, 5}) {
-        call(u"ColsSet", {cols});
-        call(u"ColSetFocus", {0});
-        call(u"GridColSortInitialDate");
-        EXPECT_EQ(mark(cols == 5 ? 4 : 0), cols == 5 ? descending : ascending) << cols;
+    click(second);
+    click(first);
+    EXPECT_EQ(column(0), "10,9,8");
+    call(u"ColWidth", {1, 960.0});
+    // No column begins before its edge, and none stands right of the last.
+    for (const int32_t x : {border, border + colWidth, border + 3 * colWidth + 30}) {
+        click(x);
+        call(u"GridRedraw", {false});
+        surface().paint();
+        EXPECT_EQ(number(u"BarHeaderColumn"), -1) << x;
+        EXPECT_EQ(number(u"ColCurrent"), 2) << "the search has gone through all";
+        EXPECT_FALSE(surface().invalid().empty()) << "drawing is resumed";
     }
+    EXPECT_EQ(column(0), "10,9,8");
+    call(u"ColumnVisible", {0, 0, false});
+    EXPECT_EQ(mark(1) + mark(2), "");
+}
+
+TEST_F(HeaderBarTest, SortingGoesByTheCurrentColumnAndMovesTheMarkThere) {
+    for (const int32_t col : {0, 1}) {
+        for (int32_t row = 0; row < 3; ++row) set(row, col, decimalText(row + col).c_str());
+    }
+    const auto sorted = [this](int32_t current, TextView member, const std::vector<Value>& arguments = {}) {
+        call(u"ColSetFocus", {current});
+        call(member, arguments);
+        return column(current) + mark(number(u"ColCurrent"));
+    };
+    const std::string up = std::string("0,1,2") + ascending;
+    EXPECT_EQ(sorted(0, u"GridColSort", {0}), std::string("2,1,0") + descending);
+    EXPECT_EQ(sorted(0, u"GridColSort", {2}), up);
+    EXPECT_EQ(sorted(0, u"GridColSort", {3}), up) << "there is no such column";
+    EXPECT_EQ(sorted(1, u"GridColSort", {7}), std::string("1,2,3") + ascending) << "but the mark moves";
+    EXPECT_EQ(sorted(0, u"GridColSortInitialDate"), up) << "there is no fifth column";
+    call(u"ColsSet", {5});
+    for (int32_t row = 0; row < 3; ++row) set(row, 4, decimalText(row).c_str());
+    EXPECT_EQ(sorted(0, u"GridColSortInitialDate"), std::string("2,1,0") + descending);
+    EXPECT_EQ(number(u"ColCurrent"), 4);
 }
 
 TEST_F(HeaderBarTest, ABorderIsDraggedInTheBarAndIsNoClickThen) {
