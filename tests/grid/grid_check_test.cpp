@@ -57,7 +57,6 @@ TEST_F(GridCheckTest, StandsInTheMiddleOfItsWidth) {
     // At 1440 DPI a pixel is a twip.
     EXPECT_EQ(left(1000), 422);
     EXPECT_EQ(left(657), 250);
-    EXPECT_EQ(left(1000), 422);
 }
 
 TEST_F(GridCheckTest, APersonTurnsTheMarkOverWithTheMouseAndTheBlankKey) {

@@ -5,8 +5,6 @@
 
 #include "support/control_fixture.h"
 
-#include <algorithm>
-
 namespace obk::test {
 
 using headless::DrawnItem;
@@ -121,10 +119,10 @@ protected:
     }
     // The text as it is drawn; an empty item where it is not.
     DrawnItem drawnText(TextView text) {
-        const auto items = drawn();
-        const auto found = std::find_if(items.begin(), items.end(),
-                                        [text](const DrawnItem& item) { return item.text == text; });
-        return found == items.end() ? DrawnItem{} : *found;
+        for (const DrawnItem& item : drawn()) {
+            if (item.text == text) return item;
+        }
+        return {};
     }
     bool gridShows() { return !drawnText(u"probe").text.empty(); }
     void onEvent(const char* name, std::function<void()> act) {

@@ -298,7 +298,6 @@ TEST_F(GridEditTest, WhatIsDroppedOnTheCellsIsTheHosts) {
 TEST_F(GridEditTest, FileAndCaptionGoThereAndBack) {
     size(3, 12);
     set(0, 0, u"oak, 160 \u00D7 80");
-    set(2, 11, u"a");
     goTo(1, 4);
     onEvent("ChangeEdited", [this] { set(2, 7, u""); });
     EXPECT_EQ(after(u"GridSave", {Text(u"orders.txt"), Text(u"Orders")}).told(), "ChangeEdited");
@@ -436,10 +435,8 @@ TEST_F(GridEditTest, EverythingThatClosesAnEditorSaysSoOnce) {
     // Whatever a host does about it, it is not told of itself.
     onEvent("ChangeEdited", [this] { call(u"GridSetFocus", {0, 0}); });
     for (const auto& [member, arguments] : members) {
-        after(member, arguments);
-        const Journal told = host.take();
-        EXPECT_EQ(told.front(), "ChangeEdited") << toUtf8(member);
-        EXPECT_EQ(std::count(told.begin(), told.end(), "ChangeEdited"), 1) << toUtf8(member);
+        // At the start and nowhere after it.
+        EXPECT_EQ(after(member, arguments).told().rfind("ChangeEdited"), 0u) << toUtf8(member);
     }
     host.on.clear();
     EXPECT_EQ(after(u"GridSetFocus", {2, 1}).current(), std::pair(1, 2)) << "the column comes first";

@@ -1,6 +1,7 @@
 #include "cellicons/cell_icons.h"
 #include "grid_edit_fixture.h"
 
+#include <algorithm>
 #include <array>
 
 namespace obk::test {
