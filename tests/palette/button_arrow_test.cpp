@@ -22,13 +22,10 @@ protected:
 TEST_F(ButtonArrowTest, AnySizeSnapsBackAtOnceAndAsksTheContainerOnce) {
     expectFixed();
     for (const double size : {0.0, 1.0, 184.0, 5000.0, -100.0, 1e30}) {
-        host.take();
         control->setSize({size}, {size});
+        EXPECT_EQ(host.take(), Journal{"size 185 210"}) << size;
         expectFixed();
-        EXPECT_LE(host.take().size(), 1u);
     }
-    control->setSize({5000}, {210});
-    EXPECT_EQ(host.take(), Journal{"size 185 210"});
     control->setSize({185}, {210});
     EXPECT_EQ(host.take(), Journal{});
 }
@@ -62,14 +59,10 @@ TEST_F(ButtonArrowTest, AContainerThatInsistsOnItsOwnSizeIsAskedOnceForEachOfIts
     EXPECT_EQ(host.take(), Journal{"size 185 210"});
     control->setBounds({0, 0, 50, 50});
     EXPECT_EQ(host.take(), Journal{"size 185 210"}) << "a later size is asked about again";
-}
-
-TEST_F(ButtonArrowTest, TheContainerMayLetGoWhileItIsAskedForASize) {
-    activate({0, 0, 12, 14});
     host.onRequestSize = [this](Twips, Twips) { release(); };
     const auto held = control;  // as every caller does
-    held->setBounds({0, 0, 40, 40});
-    EXPECT_EQ(platform.windowCount(), 0u);
+    held->setBounds({0, 0, 60, 60});
+    EXPECT_EQ(platform.windowCount(), 0u) << "it may let go meanwhile";
 }
 
 TEST_F(ButtonArrowTest, TheArrowStandsInTheMiddleAndPointsDownAtEveryScale) {
@@ -79,15 +72,13 @@ TEST_F(ButtonArrowTest, TheArrowStandsInTheMiddleAndPointsDownAtEveryScale) {
         control->draw(canvas, all);
         std::vector<int32_t> widths;
         for (int32_t y = 0; y < all.bottom; ++y) {
-            int32_t first = all.right, last = -1;
-            for (int32_t x = 0; x < all.right; ++x) {
-                if (canvas.colourAt({x, y}) != Rgb::of(0, 0, 0)) continue;
-                first = std::min(first, x);
-                last = x;
-            }
-            if (last < 0) continue;
-            widths.push_back(last - first + 1);
-            EXPECT_LE(std::abs(first - (all.right - 1 - last)), 1) << "row " << y << " at " << dpi;
+            std::vector<int32_t> black;
+            for (int32_t x = 0; x < all.right; ++x)
+                if (canvas.colourAt({x, y}) == Rgb::of(0, 0, 0)) black.push_back(x);
+            if (black.empty()) continue;
+            widths.push_back(black.back() - black.front() + 1);
+            EXPECT_LE(std::abs(black.front() - (all.right - 1 - black.back())), 1)
+                << "row " << y << " at " << dpi;
         }
         ASSERT_GE(widths.size(), 3u) << dpi;
         EXPECT_TRUE(std::is_sorted(widths.rbegin(), widths.rend())) << dpi;

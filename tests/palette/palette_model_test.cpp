@@ -18,10 +18,10 @@ constexpr Rgb darkRed{2};
 class PaletteModelTest : public ::testing::Test {
 protected:
     PaletteModelTest() {
-        const auto tell = [this](const char* what) { return [this, what] { told.emplace_back(what); }; };
-        connections.push_back(model.buttonChanged.connect(tell("button")));
-        connections.push_back(model.panelChanged.connect(tell("panel")));
-        connections.push_back(model.stripChanged.connect(tell("strip")));
+        for (const auto& [event, what] : {std::pair(&model.buttonChanged, "button"),
+                                          {&model.panelChanged, "panel"},
+                                          {&model.stripChanged, "strip"}})
+            connections.push_back(event->connect([this, what = what] { told.emplace_back(what); }));
         connections.push_back(model.cellsChanged.connect([this](const PixelRect& place) {
             if (!place.empty()) told.push_back("cells " + nameAt({place.left, place.top}));
             farthest = {place.right - 1, place.bottom - 1};
