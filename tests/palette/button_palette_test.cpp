@@ -2,6 +2,7 @@
 
 #include "platform/headless/headless_surface.h"
 #include "support/control_fixture.h"
+#include "widgets/in_one_line.h"
 
 namespace obk::test {
 namespace {
@@ -44,14 +45,9 @@ protected:
         return change(index) + ", FocusHidden, FocusHidden, Click, " + change(index);
     }
 
-    static std::string joined(const Journal& lines) {
-        std::string all;
-        for (const std::string& line : lines) all += (all.empty() ? "" : ", ") + line;
-        return all;
-    }
     // The events since the last look, or everything.
-    std::string events() { return joined(host.takeEvents()); }
-    std::string told() { return joined(host.take()); }
+    std::string events() { return inOneLine(host.takeEvents()); }
+    std::string told() { return inOneLine(host.take()); }
     // The events that a step of a person has led to.
     std::string press(int16_t code, int16_t state = 0) {
         platform.pressKey(code, state);
@@ -221,7 +217,7 @@ TEST_F(ButtonPaletteTest, ItsAccessKeyPressesIt) {
     control->setHost(&other);
     put(u"Caption", Text(u"&Other"));
     put(u"Caption", Text(u"An&other"));
-    EXPECT_EQ(joined(other.take()), "changed Text, access keys, changed Text") << "each other one";
+    EXPECT_EQ(inOneLine(other.take()), "changed Text, access keys, changed Text") << "each other one";
     control->setHost(&host);
 }
 

@@ -43,10 +43,18 @@ protected:
     ButtonPaletteWindow() : PersonAtControl(L"ButtonPalette", {10, 10, 85, 33}) {}
     HWND button() const { return face(); }
     long colour() const { return object().value(L"Color").toLong().value_or(-1); }
-    void pressStrip(HWND panel) {
+    // Presses the strip of the open panel and answers the chooser.
+    void useStrip(std::optional<COLORREF> colour, const std::function<void()>& first = {}) {
+        const HWND panel = open();
+        ASSERT_TRUE(panel);
         const RECT area = windowRect(panel);
+        const ChooserAnswer answer(colour, first);
         person.moveTo(panel, (area.right - area.left) / 2, area.bottom - area.top - 17);
         person.press();
+        sendMouse(MOUSEEVENTF_LEFTUP);
+        hosted.loop.pumpPending();
+        EXPECT_GE(answer.seen(), 1);
+        EXPECT_EQ(GetCapture(), nullptr);
     }
 };
 
@@ -57,60 +65,42 @@ TEST_F(ButtonPaletteWindow, LeftLeavesTheButtonBackwards) {
     EXPECT_EQ(takeEvents(), L"KeyDown FocusLost FocusLost MouseUp");
 }
 
-TEST_F(ButtonPaletteWindow, ItIsOpenedAndWalkedByKeysAndEachSwatchIsNamedAtOnce) {
-    SetFocus(button());
-    person.key(VK_F4);
-    ASSERT_TRUE(openPanel());
-    EXPECT_EQ(toolTipText(), L"");
-    person.key(VK_HOME);
-    EXPECT_EQ(toolTipText(), L"PASTEL RED");
-    person.key(VK_RIGHT);
-    EXPECT_EQ(toolTipText(), L"PASTEL COPPER");
-    person.key(VK_F4);
-    EXPECT_FALSE(openPanel());
-    EXPECT_EQ(toolTipText(), L"");
-    person.key(VK_DOWN, MOD_ALT);
-    EXPECT_TRUE(openPanel());
-    for (const WORD code : {WORD{VK_HOME}, WORD{VK_RIGHT}, WORD{VK_RETURN}}) person.key(code);
-    EXPECT_EQ(colour(), colourOf(8));
-    EXPECT_EQ(GetFocus(), button());
-    // However long it is held, Space picks once and opens nothing again.
-    person.key(VK_F4);
-    person.key(VK_HOME);
-    takeEvents();
-    person.hold(VK_SPACE, 4);
-    EXPECT_EQ(takeEvents(),
-              L"Change FocusHidden FocusHidden Click Change KeyDown KeyDown KeyDown KeyDown KeyUp");
-    EXPECT_FALSE(openPanel());
-    EXPECT_EQ(colour(), colourOf(0));
-}
-
-TEST_F(ButtonPaletteWindow, AMouseThatRestsWhereThePanelOpensChoosesNoSwatch) {
+TEST_F(ButtonPaletteWindow, KeysWalkItAndNameEachSwatchAtOnceWhereverTheMouseRests) {
     SetFocus(button());
     person.key(VK_F4);
     ASSERT_TRUE(openPanel());
     const RECT area = windowRect(openPanel());
     person.key(VK_ESCAPE);
-    const POINT swatch = cellAt(8);
-    SetCursorPos(area.left + swatch.x, area.top + swatch.y);
+    POINT mouse = cellAt(8);
+    SetCursorPos(area.left + mouse.x, area.top + mouse.y);
     // The system tells a window that comes beneath the mouse, and whenever windows have changed, as here.
-    const auto rest = [&] {
-        PostMessageW(openPanel(), WM_MOUSEMOVE, 0, MAKELPARAM(swatch.x, swatch.y));
+    const auto named = [&] {
+        PostMessageW(openPanel(), WM_MOUSEMOVE, 0, MAKELPARAM(mouse.x, mouse.y));
         hosted.loop.pumpPending();
+        return toolTipText();
     };
     person.key(VK_F4);
     ASSERT_TRUE(openPanel());
-    rest();
-    EXPECT_EQ(toolTipText(), L"");
+    EXPECT_EQ(named(), L"");
     person.key(VK_HOME);
-    rest();
-    EXPECT_EQ(toolTipText(), L"PASTEL RED");
-    person.moveTo(openPanel(), swatch.x + 1, swatch.y);
+    EXPECT_EQ(named(), L"PASTEL RED");
+    person.moveTo(openPanel(), ++mouse.x, mouse.y);
     EXPECT_TRUE(person.waitFor([] { return toolTipText() == L"PASTEL COPPER"; }));
     person.key(VK_HOME);
-    PostMessageW(openPanel(), WM_MOUSEMOVE, 0, MAKELPARAM(swatch.x + 1, swatch.y));
-    hosted.loop.pumpPending();
-    EXPECT_EQ(toolTipText(), L"PASTEL RED");
+    EXPECT_EQ(named(), L"PASTEL RED");
+    person.key(VK_F4);
+    EXPECT_FALSE(openPanel());
+    EXPECT_EQ(toolTipText(), L"");
+    person.key(VK_DOWN, MOD_ALT);
+    EXPECT_TRUE(openPanel());
+    for (const WORD code : {WORD{VK_HOME}, WORD{VK_RIGHT}}) person.key(code);
+    takeEvents();
+    person.hold(VK_SPACE, 4);
+    EXPECT_EQ(takeEvents(),
+              L"Change FocusHidden FocusHidden Click Change KeyDown KeyDown KeyDown KeyDown KeyUp")
+        << "however long it is held, Space picks once and opens nothing again";
+    EXPECT_EQ(colour(), colourOf(8));
+    EXPECT_EQ(GetFocus(), button());
 }
 
 TEST(ButtonPalettePanel, StaysWholeOnTheScreenAtEveryEdge) {
@@ -192,29 +182,11 @@ TEST_F(ButtonPaletteWindow, ItsAccessKeyPressesItFromTheWholeForm) {
 
 TEST_F(ButtonPaletteWindow, TheStripOpensTheSystemsChooser) {
     object().put(L"Color", 0x00302010L);
-    HWND panel = open();
-    ASSERT_TRUE(panel);
-    {
-        const ChooserAnswer answer(RGB(1, 2, 3));
-        pressStrip(panel);
-        sendMouse(MOUSEEVENTF_LEFTUP);
-        hosted.loop.pumpPending();
-        EXPECT_GE(answer.seen(), 1);
+    for (const std::optional<COLORREF> answer : {std::optional(RGB(1, 2, 3)), {}}) {
+        useStrip(answer);
+        EXPECT_EQ(takeEvents(), L"FocusHidden ChangeCustom");
+        EXPECT_EQ(colour(), 0x00030201L) << "cancelled, it is the one that it started from";
     }
-    EXPECT_EQ(takeEvents(), L"FocusHidden ChangeCustom");
-    EXPECT_EQ(colour(), 0x00030201L);
-    panel = open();
-    ASSERT_TRUE(panel);
-    {
-        const ChooserAnswer answer(std::nullopt);
-        pressStrip(panel);
-        sendMouse(MOUSEEVENTF_LEFTUP);
-        hosted.loop.pumpPending();
-        EXPECT_GE(answer.seen(), 1);
-    }
-    EXPECT_EQ(takeEvents(), L"FocusHidden ChangeCustom") << "cancelled: with the colour it started from";
-    EXPECT_EQ(colour(), 0x00030201L);
-    EXPECT_EQ(GetCapture(), nullptr);
 }
 
 TEST_F(ButtonPaletteWindow, TwoButtonsOpenedOneAfterTheOtherDoNotDisturbEachOther) {
@@ -235,15 +207,9 @@ TEST_F(ButtonPaletteWindow, TwoButtonsOpenedOneAfterTheOtherDoNotDisturbEachOthe
 }
 
 TEST_F(ButtonPaletteWindow, AHostLetsGoOfTheControlWhileTheChooserIsOpen) {
-    const HWND panel = open();
-    ASSERT_TRUE(panel);
-    const ChooserAnswer answer(RGB(1, 2, 3), [&] { hosted.site.close(); });
-    pressStrip(panel);
-    hosted.loop.pumpPending();
-    EXPECT_GE(answer.seen(), 1);
+    useStrip(RGB(1, 2, 3), [&] { hosted.site.close(); });
     EXPECT_FALSE(FindWindowW(L"#32770", L"Custom"));
     EXPECT_FALSE(openPanel());
-    EXPECT_EQ(GetCapture(), nullptr);
     EXPECT_TRUE(IsWindowEnabled(hosted.window.handle()));
 }
 
