@@ -22,17 +22,12 @@ TEST(StripLayout, TabsStandSideBySideAsWideAsTheirCaptions) {
     EXPECT_EQ(strip.tab(4, 1), PixelRect());
     EXPECT_EQ(strip.captionPlace(strip.tab(1, 1)), (PixelRect{10, 2, 60, 22}));
     EXPECT_EQ(strip.page(), (PixelRect{0, 22, 600, 25}));
+    // Where there is room a tab is 13 of text high, 4 above and below, 2 for the selected tab.
+    EXPECT_EQ(StripLayout(captions({50}), {{200, 100}, Dpi(96), false}).page(), (PixelRect{0, 23, 200, 100}));
     const std::pair<PixelPoint, int32_t> hits[] = {{{1, 5}, 0},   {{2, 5}, 1},   {{67, 21}, 1}, {{68, 0}, 2},
                                                    {{103, 0}, 2}, {{343, 5}, 3}, {{344, 5}, 0}, {{50, 22}, 0},
                                                    {{50, -1}, 0}, {{-5, 5}, 0},  {{700, 5}, 0}};
     for (const auto& [at, tab] : hits) EXPECT_EQ(strip.tabAt(at, 1), tab) << at.x << "," << at.y;
-}
-
-TEST(StripLayout, ATallControlShowsAPageBelowItsTabs) {
-    const StripLayout strip(captions({50}), {{200, 100}, Dpi(96), false});
-    // 13 of text, 4 above and below, 2 for the selected tab.
-    EXPECT_EQ(strip.tab(1, 1).bottom, 23);
-    EXPECT_EQ(strip.page(), (PixelRect{0, 23, 200, 100}));
 }
 
 TEST(StripLayout, WhereTabsDoNotFitTheyScrollByWholeOnes) {
