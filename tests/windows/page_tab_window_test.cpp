@@ -27,34 +27,23 @@ protected:
         hosted.loop.pumpPending();
         takeEvents();
     }
-    // "Click(Home) Show"; without mouse moves, which the system reports as often as it likes.
-    std::wstring takeEvents() {
-        std::wstring told;
-        for (const auto& record : hosted.site.events().journal()) {
-            if (record.name == L"MouseMove") continue;
-            told += (told.empty() ? L"" : L" ") + record.name;
-            if (record.name == L"Click") told += L"(" + record.arguments.at(0).toText() + L")";
-        }
-        hosted.site.events().clearJournal();
-        return told;
-    }
-    ComPtr<IAccessible> accessible() const {
-        ComPtr<IAccessible> found;
-        AccessibleObjectFromWindow(strip(), static_cast<DWORD>(OBJID_CLIENT), IID_IAccessible,
-                                   reinterpret_cast<void**>(found.put()));
-        return found;
-    }
     // Where a part that shows is, in the strip's client area.
     RECT placeOf(long part) const {
+        ComPtr<IAccessible> accessible;
+        AccessibleObjectFromWindow(strip(), static_cast<DWORD>(OBJID_CLIENT), IID_IAccessible,
+                                   reinterpret_cast<void**>(accessible.put()));
         VARIANT child{};
         child.vt = VT_I4;
         child.lVal = part;
         long left = 0, top = 0, width = 0, height = 0;
-        accessible()->accLocation(&left, &top, &width, &height, child);
+        accessible->accLocation(&left, &top, &width, &height, child);
         RECT place{left, top, left + width, top + height};
         MapWindowPoints(nullptr, strip(), reinterpret_cast<POINT*>(&place), 2);
         return place;
     }
+    bool shows(long tab) const { return placeOf(tab).right > placeOf(tab).left; }
+    // The tab that the host was told of as chosen by a person; 0 for another story.
+    long chosen() { return takeEvents() == L"Click Show" ? active() : 0; }
 };
 
 TEST_F(PageTabWindow, AnAccessKeyCallsItsTabFromTheWholeForm) {
@@ -64,12 +53,11 @@ TEST_F(PageTabWindow, AnAccessKeyCallsItsTabFromTheWholeForm) {
     ASSERT_EQ(control->GetControlInfo(&info), S_OK);
     EXPECT_EQ(info.cAccel, 1 + 4) << "and what turns pages";
     EXPECT_TRUE(pressAltInOther('H'));
-    EXPECT_EQ(takeEvents(), L"Click(&Help) Show");
-    EXPECT_EQ(GetFocus(), other);
+    EXPECT_EQ(chosen(), 2);
     person.key(VK_TAB, MOD_CONTROL);
-    EXPECT_EQ(takeEvents(), L"Click(Video) Show");
+    EXPECT_EQ(chosen(), 3);
     person.key(VK_PRIOR, MOD_CONTROL);
-    EXPECT_EQ(takeEvents(), L"Click(&Help) Show");
+    EXPECT_EQ(chosen(), 2);
     EXPECT_EQ(GetFocus(), other);
     setTabs(L"", 0);
     ASSERT_EQ(control->GetControlInfo(&info), S_OK);
@@ -87,23 +75,21 @@ TEST_F(PageTabWindow, ButtonsScrollTabsThatDoNotFitOnceForAPressAndOnWhileHeld) 
         const auto at = [&](int fromEnd) {
             return static_cast<int>(mirrored ? fromEnd : area.right - fromEnd);
         };
-        const auto shows = [&](long tab) { return placeOf(tab).right > placeOf(tab).left; };
         ASSERT_TRUE(shows(1) && !shows(12));
+        const auto holdUntilShown = [&](int fromEnd, long tab) {
+            person.moveTo(strip(), at(fromEnd), y);
+            person.press();
+            EXPECT_TRUE(person.waitFor([&] { return shows(tab); }));
+            person.release();
+        };
         person.click(strip(), at(10), y);
-        EXPECT_FALSE(shows(1));
-        EXPECT_TRUE(shows(2)) << "one tab";
-        person.moveTo(strip(), at(11), y);
-        person.press();
-        EXPECT_TRUE(person.waitFor([&] { return shows(12); }));
-        person.release();
+        EXPECT_TRUE(!shows(1) && shows(2)) << "one tab";
+        holdUntilShown(11, 12);
         for (int more = 0; more < 3; ++more) person.click(strip(), at(10), y);
         const RECT end = placeOf(12);
         person.click(strip(), at(10), y);
         EXPECT_EQ(placeOf(12).left, end.left) << "there is no more";
-        person.moveTo(strip(), at(27), y);
-        person.press();
-        EXPECT_TRUE(person.waitFor([&] { return shows(1); }));
-        person.release();
+        holdUntilShown(27, 1);
         EXPECT_EQ(active(), 1);
         EXPECT_EQ(takeEvents().find(L"Click"), std::wstring::npos) << "scrolling is no choice";
     }
