@@ -7,6 +7,8 @@
 #include "platform/headless/headless_surface.h"
 #include "support/accessible_walk.h"
 
+#include <algorithm>
+
 namespace obk::fuzz {
 namespace {
 
@@ -32,9 +34,7 @@ Text replaced(Text text, TextView what, TextView with) {
 int32_t countedStepByStep(const Text& tabString) {
     const Text commas(trimmed(replaced(Text(trimmed(replaced(tabString, u"-\r\n", u","))), u"\r\n", u",")));
     if (commas.empty()) return 0;
-    int32_t pieces = 1;
-    for (const char16_t unit : commas) pieces += unit == u',';
-    return pieces;
+    return static_cast<int32_t>(std::count(commas.begin(), commas.end(), u',')) + 1;
 }
 
 void run(FuzzedDataProvider& input) {

@@ -7,18 +7,15 @@
 namespace obk::test {
 namespace {
 
-int32_t channel(uint32_t pixel, int shift) {
-    return static_cast<int32_t>((pixel >> shift) & 0xFF);
-}
-
 // One size of an icon on white paper, three channels a pixel.
 std::vector<int32_t> onWhite(int32_t index, int32_t size) {
     std::vector<int32_t> shown;
     for (const uint32_t pixel : cell_icons::pixels(index, size)) {
-        const int32_t alpha = channel(pixel, 24);
+        const int32_t alpha = static_cast<uint8_t>(pixel >> 24);
         for (const int shift : {16, 8, 0}) {
-            EXPECT_LE(channel(pixel, shift), alpha) << "is not premultiplied";
-            shown.push_back(channel(pixel, shift) + 255 - alpha);
+            const int32_t channel = static_cast<uint8_t>(pixel >> shift);
+            EXPECT_LE(channel, alpha) << "is not premultiplied";
+            shown.push_back(channel + 255 - alpha);
         }
     }
     return shown;

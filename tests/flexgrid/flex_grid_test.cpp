@@ -85,8 +85,7 @@ TEST_F(FlexGridTest, TheFrameOfTheCurrentCellCoversNoneOfItsText) {
         grid.takeFocus();
         root.invalidate();
         const auto items = peer().paint().items();
-        const auto isText = [](const DrawnItem& item) { return item.text == u"gjpqy"; };
-        const auto text = std::find_if(items.begin(), items.end(), isText);
+        const auto text = std::ranges::find(items, Text(u"gjpqy"), &DrawnItem::text);
         ASSERT_NE(text, items.end());
         const int32_t height = platform.appearance().metrics(text->style.font, Dpi(96)).height();
         PixelRect letters = text->rect;
@@ -278,6 +277,7 @@ TEST_F(FlexGridTest, TheWheelScrollsByLinesAndFineOnesByPixels) {
     EXPECT_EQ(wheel(-10), Offset(0, 3 * 18)) << "a notch in small steps goes as far";
     EXPECT_EQ(wheel(-10), Offset(0, 3 * 18 + 4));
     EXPECT_EQ(wheel(120, true), Offset(3 * 32, 3 * 18 + 4));
+    EXPECT_EQ(grid.cellPlace({12, 2}), (TwipsRect{{32 * 15}, {(12 * 18 - 58) * 15}, {960}, {270}}));
     EXPECT_EQ(wheel(120, false, shift::shift), Offset(0, 3 * 18 + 4));
     grid.SetRows(5);
     EXPECT_EQ(wheel(-120), Offset(0, 0));
@@ -418,28 +418,29 @@ TEST_F(FlexGridTest, CellsLookAsTheyWereTold) {
         return found;
     };
     const auto fill = [&](PixelPoint at) { return item(at, DrawnItem::Kind::fill)->colour; };
-    const auto text = [&](PixelPoint at) { return item(at, DrawnItem::Kind::text)->colour; };
+    const auto look = [&](PixelPoint at) {
+        return std::pair(item(at, DrawnItem::Kind::text)->colour, fill(at));
+    };
+    constexpr Rgb black{0}, red{255}, blue = Rgb::of(0, 0, 255), white = Rgb::of(255, 255, 255),
+                                      chosen = Rgb::of(0, 120, 215);
     grid.setText({1, 1}, u"text");
     grid.setAttribute<&CellStyle::backColour>({1, 1}, OleColour(Rgb::of(255, 0, 0)));
     grid.setAttribute<&CellStyle::foreColour>({1, 1}, OleColour(Rgb::of(0, 0, 255)));
     grid.Select({5, 5}, {5, 5});
-    EXPECT_EQ(text({70, 24}), Rgb::of(0, 0, 255));
-    EXPECT_EQ(fill({70, 24}), Rgb::of(255, 0, 0));
+    EXPECT_EQ(look({70, 24}), std::pair(blue, red));
     EXPECT_EQ(fill({127, 24}), Rgb::of(208, 208, 208));
     platform.appearance().setSystemColour(SystemColour::buttonShadow, Rgb::of(90, 90, 96));
     EXPECT_EQ(fill({127, 24}), Rgb::of(173, 173, 176));
 
     // Selected cells, but not the current one.
     grid.Select({1, 0}, {1, 1});
-    EXPECT_EQ(fill({70, 24}), Rgb::of(0, 120, 215));
-    EXPECT_EQ(text({70, 24}), Rgb::of(255, 255, 255));
-    EXPECT_EQ(fill({20, 24}), Rgb::of(255, 255, 255));
+    EXPECT_EQ(look({70, 24}), std::pair(white, chosen));
+    EXPECT_EQ(fill({20, 24}), white);
     grid.SetHighLight(0);
-    EXPECT_EQ(fill({70, 24}), Rgb::of(255, 0, 0));
+    EXPECT_EQ(fill({70, 24}), red);
 
     platform.appearance().setHighContrast(true);
-    EXPECT_EQ(fill({70, 24}), Rgb::of(255, 255, 255));
-    EXPECT_EQ(text({70, 24}), Rgb::of(0, 0, 0));
+    EXPECT_EQ(look({70, 24}), std::pair(black, white));
     platform.appearance().setHighContrast(false);
 
     // A check mark is drawn, whatever fonts there are.

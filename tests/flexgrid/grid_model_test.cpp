@@ -387,8 +387,7 @@ TEST(GridModel, FillsAWideRowCellByCellAndAtOnce) {
     }
     ASSERT_TRUE(grid.addItem(item + u"beyond", 1));
     for (int32_t col = 0; col < grid.cols(); ++col) {
-        ASSERT_EQ(grid.text({0, col}), decimalText(col));
-        ASSERT_EQ(grid.text({1, col}), decimalText(col));
+        for (const int32_t row : {0, 1}) ASSERT_EQ(grid.text({row, col}), decimalText(col));
     }
 }
 
@@ -419,9 +418,7 @@ TEST(GridModel, AlignsByCellThenColumnThenContent) {
     EXPECT_EQ(grid.alignment({0, 1}), CellAlignment::rightCentre);
     ASSERT_TRUE(grid.setColAlignment(2, CellAlignment::centreTop));
     EXPECT_EQ(grid.alignment({0, 2}), CellAlignment::centreTop);
-    CellStyle style;
-    style.alignment = CellAlignment::general;
-    ASSERT_TRUE(grid.setStyle({0, 2}, style));
+    ASSERT_TRUE(grid.setAttribute<&CellStyle::alignment>({0, 2}, CellAlignment::general));
     EXPECT_EQ(grid.alignment({0, 2}), CellAlignment::rightCentre);
 }
 

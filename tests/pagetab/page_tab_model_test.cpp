@@ -2,6 +2,7 @@
 
 #include "base/caption_text.h"
 #include "pagetab/tab_string.h"
+#include "widgets/in_one_line.h"
 
 #include <gtest/gtest.h>
 
@@ -74,28 +75,29 @@ TEST(PageTabModel, OnlyTabsAndNoneCanBeSelected) {
 
 TEST(PageTabModel, AFontIsForThePresentCaptionsAndThoseToCome) {
     const FontDescription strip{u"Tahoma", 8.25, 700, 0, true, false, false};
-    const auto shown = [&strip](const PageTabModel& tabs, int32_t index) {
-        const FontDescription font = tabs.tab(index).font.over(strip);
-        EXPECT_EQ(font.weight, 700) << "only name and size are a caption's own";
-        return toUtf8(font.name) + " " + std::to_string(font.size).substr(0, 5);
-    };
     PageTabModel tabs;
+    const auto shown = [&] {
+        std::vector<std::string> fonts;
+        for (int32_t index = 1; index <= tabs.count(); ++index) {
+            const FontDescription font = tabs.tab(index).font.over(strip);
+            EXPECT_EQ(font.weight, 700) << "only name and size are a caption's own";
+            fonts.push_back(toUtf8(font.name) + " " + std::to_string(font.size).substr(0, 4));
+        }
+        return test::inOneLine(fonts);
+    };
     tabs.add(u"a");
-    EXPECT_EQ(shown(tabs, 1), "Tahoma 8.250");
+    EXPECT_EQ(shown(), "Tahoma 8.25");
     tabs.setFont(u"Arial", 0);
     tabs.add(u"b");
-    EXPECT_EQ(shown(tabs, 1), "Arial 8.250");
-    EXPECT_EQ(shown(tabs, 2), "Arial 8.250");
-    // Without a name the present ones keep theirs; a new one has the strip's.
+    EXPECT_EQ(shown(), "Arial 8.25, Arial 8.25");
     tabs.setFont(u"", 12);
     tabs.add(u"c");
-    EXPECT_EQ(shown(tabs, 1), "Arial 12.00");
-    EXPECT_EQ(shown(tabs, 3), "Tahoma 12.00");
+    EXPECT_EQ(shown(), "Arial 12.0, Arial 12.0, Tahoma 12.0") << "without a name a new one has the strip's";
     tabs.setFont(u"Verdana", std::nullopt);
     rebuild(tabs, u"x");
-    EXPECT_EQ(shown(tabs, 1), "Verdana 12.00") << "a size that is none leaves the one before";
+    EXPECT_EQ(shown(), "Verdana 12.0") << "a size that is none leaves the one before";
     tabs.setFont(u"", INT32_MAX);
-    EXPECT_EQ(shown(tabs, 1), "Verdana 1638.");
+    EXPECT_EQ(shown(), "Verdana 1638");
 }
 
 TEST(PageTabModel, TenThousandCaptionsCostTenTimesAThousand) {
@@ -133,16 +135,13 @@ TEST(CaptionText, AmpersandsMarkAccessKeys) {
 TEST(CaptionText, ACharacterCallsTheNextTabThatItMeans) {
     PageTabModel tabs;
     rebuild(tabs, u"Home,Help,&Video,E&xtra,&&more,help");
-    const auto calls = [&tabs](int32_t from, char16_t character) {
+    // From a tab by a character to another: round again, or itself when there is no other; 0 for none.
+    const std::tuple<int32_t, char16_t, int32_t> calls[] = {{2, u'H', 6}, {6, u'h', 1}, {3, u'v', 3},
+                                                            {1, u'e', 4}, {1, u'&', 5}, {1, u'z', 0}};
+    for (const auto& [from, character, to] : calls) {
         tabs.select(from);
-        return tabs.calledBy(character).value_or(0);
-    };
-    EXPECT_EQ(calls(2, u'H'), 6);
-    EXPECT_EQ(calls(6, u'h'), 1) << "and round again";
-    EXPECT_EQ(calls(3, u'v'), 3) << "itself when there is no other";
-    EXPECT_EQ(calls(1, u'e'), 4);
-    EXPECT_EQ(calls(1, u'&'), 5);
-    EXPECT_EQ(calls(1, u'z'), 0);
+        EXPECT_EQ(tabs.calledBy(character).value_or(0), to) << from << " to " << to;
+    }
     EXPECT_EQ(tabs.withAccessKey(u'h'), std::nullopt) << "a first letter is no access key";
     EXPECT_EQ(tabs.withAccessKey(u'x'), 4);
     EXPECT_EQ(tabs.accessKeys(), u"VX");

@@ -235,15 +235,10 @@ TEST_F(ButtonPaletteTest, AWalkMovesTheFrameAndChoosesLikeAPressAndRelease) {
     EXPECT_FALSE(open());
     // Below the last swatch is the strip.
     show();
-    int asked = 0;
-    platform.answerColour([&asked](const ColourQuestion&) {
-        ++asked;
-        return std::optional(Rgb::of(1, 2, 3));
-    });
+    platform.answerColour([](const ColourQuestion&) { return std::optional(Rgb::of(1, 2, 3)); });
     press(key::end);
     press(key::down);
     EXPECT_EQ(press(key::enter), "FocusHidden, ChangeCustom 197121, KeyDown 13 0, KeyUp 13 0");
-    EXPECT_EQ(asked, 1);
 }
 
 TEST_F(ButtonPaletteTest, TheStripAsksForAColourOfOnesOwn) {

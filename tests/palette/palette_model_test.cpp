@@ -176,7 +176,7 @@ TEST_F(PaletteModelTest, AScaleHoldsForEveryPalette) {
     use(enQUILLPalette::QP24X10);
     EXPECT_EQ(model.palette().cells().front().rect.left, 11);  // 10.5 pixels, rounded
     for (const PaletteCell& each : model.palette().cells()) {
-        EXPECT_EQ(each.rect.width(), 16) << nameAt({each.rect.left, each.rect.top});
+        EXPECT_EQ(each.rect.width(), 16);
         EXPECT_EQ(each.rect.height(), 16);
     }
 }

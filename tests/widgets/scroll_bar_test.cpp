@@ -48,6 +48,7 @@ protected:
         EXPECT_TRUE(surface.open({SurfacePlacement::Kind::control, 1000, {0, 0, 100, 134}}));
     }
 
+    headless::HeadlessSurface& peer() { return *platform.surface(surface.window()); }
     // The position that a step leads to.
     int64_t mouse(Kind kind, PixelPoint at) {
         platform.mouse(surface.window(), {kind, 1, 0, at});
@@ -105,13 +106,12 @@ TEST_F(ScrollBarTest, TheThumbIsDraggedByWhereItWasGrippedAndTakenBackFarAway) {
 
 TEST_F(ScrollBarTest, WithoutAnythingToScrollThereIsNoThumb) {
     bar.setRange({20, 20, 0});
-    platform.surface(surface.window())->paint();
+    peer().paint();
     bar.setRange({20, 30, 5});
     EXPECT_EQ(bar.range().position, 0);
-    EXPECT_TRUE(platform.surface(surface.window())->invalid().empty()) << "nothing looks otherwise";
+    EXPECT_TRUE(peer().invalid().empty()) << "nothing looks otherwise";
     EXPECT_EQ(mouse(Kind::down, {8, 60}), 0);
-    for (const AccessibleItem& item :
-         partsOf(*platform.surface(surface.window()), AccessibleItem::Role::button))
+    for (const AccessibleItem& item : partsOf(peer(), AccessibleItem::Role::button))
         EXPECT_TRUE(item.is(AccessibleItem::disabled));
 }
 
