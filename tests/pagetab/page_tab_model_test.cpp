@@ -9,8 +9,6 @@
 #include <algorithm>
 #include <ctime>
 #include <limits>
-#include <string>
-#include <vector>
 
 namespace obk {
 namespace {
