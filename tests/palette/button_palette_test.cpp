@@ -343,6 +343,8 @@ TEST_F(ButtonPaletteTest, ScreenReadersHearOfTheColourThatShows) {
     EXPECT_EQ(everyItem(face())[0].value, u"BLACK") << "although another one is chosen";
     put(u"ShowButtonColor", false);
     EXPECT_EQ(everyItem(face())[0].value, u"EARTH RED");
+    show();
+    EXPECT_EQ(everyItem(*panel()).size(), 1u + 192u + 1u) << "the line above the last button is none";
 }
 
 TEST_F(ButtonPaletteTest, TheHoverFrameAndTheChosenSwatchAreDrawnApart) {
