@@ -10,11 +10,13 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <set>
 #include <sstream>
 #include <string>
+#include <vector>
 
 namespace obk {
 namespace {
@@ -28,19 +30,22 @@ std::string committed(const std::filesystem::path& file) {
     return content.str();
 }
 
+std::vector<std::string> linesOf(const std::string& text) {
+    std::istringstream stream(text);
+    std::vector<std::string> lines;
+    for (std::string line; std::getline(stream, line);) lines.push_back(line);
+    return lines;
+}
+
 // Says where two texts part, instead of printing both.
 testing::AssertionResult same(const std::string& derived, const std::string& file) {
-    std::istringstream left(derived), right(committed(file));
-    std::string leftLine, rightLine;
-    for (int line = 1;; ++line) {
-        const bool moreLeft = static_cast<bool>(std::getline(left, leftLine));
-        const bool moreRight = static_cast<bool>(std::getline(right, rightLine));
-        if (!moreLeft && !moreRight) return testing::AssertionSuccess();
-        if (moreLeft != moreRight || leftLine != rightLine)
-            return testing::AssertionFailure()
-                   << file << " line " << line << "\n  the tables: " << (moreLeft ? leftLine : "(end)")
-                   << "\n  the file:   " << (moreRight ? rightLine : "(end)");
-    }
+    auto tables = linesOf(derived), written = linesOf(committed(file));
+    if (tables == written) return testing::AssertionSuccess();
+    tables.emplace_back("(end)");
+    written.emplace_back("(end)");
+    const auto [left, right] = std::mismatch(tables.begin(), tables.end(), written.begin(), written.end());
+    return testing::AssertionFailure() << file << " line " << left - tables.begin() + 1
+                                       << "\n  the tables: " << *left << "\n  the file:   " << *right;
 }
 
 constexpr auto howToMend = "If the change is meant, and old hosts do not break, run the describe tool again.";
@@ -56,16 +61,10 @@ TEST(CommittedFiles, TheContractWithHostsIsWhatTheTablesSay) {
     EXPECT_TRUE(same(writeScriptConstants(library()), "imports/OBKCTRLS.vbs")) << howToMend;
 }
 
-std::set<std::string> linesOf(const std::string& text) {
-    std::istringstream stream(text);
-    std::set<std::string> lines;
-    for (std::string line; std::getline(stream, line);) lines.insert(line);
-    return lines;
-}
-
 // Unlike the other files these are never written again: what they say is what hosts were built with.
 TEST(CommittedFiles, EveryReleasedPromiseIsKept) {
-    const auto kept = linesOf(writeContract(library()));
+    const auto lines = linesOf(writeContract(library()));
+    const std::set<std::string> kept(lines.begin(), lines.end());
     int releases = 0;
     for (const auto& entry : std::filesystem::directory_iterator(repository / "src/library/contracts")) {
         const std::string release = entry.path().filename().string();

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <array>
 #include <map>
+#include <set>
 
 namespace obk {
 namespace {
@@ -74,7 +75,6 @@ private:
     Hive& hive_;
 };
 
-constexpr std::array<const char*, 2> hiveNames{"the user", "the machine"};
 constexpr std::array architectures{Architecture::x86, Architecture::x64};
 
 // Two classes show every rule, and their states are quick to compare.
@@ -88,14 +88,10 @@ const Library& twoClasses() {
     return library;
 }
 
-size_t at(Architecture architecture) {
-    return architecture == Architecture::x64 ? 1 : 0;
-}
-
 // What is registered, and what should be.
 struct State {
     std::array<Hive, 2> hives;  // the user's before the machine's
-    std::array<std::array<bool, 2>, 2> installed{};
+    std::array<std::set<Architecture>, 2> installed;
     friend auto operator<=>(const State&, const State&) = default;
 };
 
@@ -104,22 +100,18 @@ Text fileOf(size_t hive, Architecture architecture) {
            (architecture == Architecture::x64 ? u"64" : u"32") + u"\\OBKCTRLS.ocx";
 }
 
-// How a program of one architecture reads: each value from the user's keys, else from the machine's.
-std::optional<Text> merged(System system, State& state, Architecture program, const Text& key) {
-    for (Hive& hive : state.hives) {
-        if (auto text = ModelRegistry(system, hive).read(program, key, {})) return text;
-    }
-    return std::nullopt;
-}
-
 // What is wrong for the programs of one architecture; empty when nothing is.
 std::string faultsFor(System system, State& state, Architecture program) {
+    // Each value from the user's keys, else from the machine's.
     const auto read = [&](const Text& key) {
-        return merged(system, state, program, key).value_or(u"(none)");
+        for (Hive& hive : state.hives) {
+            if (const auto text = ModelRegistry(system, hive).read(program, key, {})) return *text;
+        }
+        return Text(u"(none)");
     };
     std::optional<size_t> first;  // whose server it is to get
     for (size_t hive = 2; hive-- > 0;) {
-        if (state.installed[hive][at(program)]) first = hive;
+        if (state.installed[hive].contains(program)) first = hive;
     }
     const Text file = first ? fileOf(*first, program) : u"(none)";
     std::string faults;
@@ -139,11 +131,9 @@ std::string faultsFor(System system, State& state, Architecture program) {
     demand(read(types + (program == Architecture::x64 ? u"\\0\\win64" : u"\\0\\win32")), file, u"the types");
     if (!first) return faults;
     const Text folder = read(types + u"\\HELPDIR");
-    for (size_t hive = 0; hive < 2; ++hive) {
-        for (const Architecture each : architectures) {
-            if (state.installed[hive][at(each)] && fileOf(hive, each).starts_with(folder + u"\\"))
-                return faults;
-        }
+    for (size_t hive = 0; hive < state.hives.size(); ++hive) {
+        for (const Architecture each : state.installed[hive])
+            if (fileOf(hive, each).starts_with(folder + u"\\")) return faults;
     }
     return faults + "\nthe folder of no server that is there: " + toUtf8(folder);
 }
@@ -166,10 +156,9 @@ void walkAllSequences(System system) {
     const auto follow = [&](const State& before, size_t hive, Architecture architecture, bool add) {
         State state = before;
         ModelRegistry registry(system, state.hives[hive]);
-        const std::string way = reached.at(before) + (add ? " +" : " -") +
-                                (architecture == Architecture::x64 ? "x64 for " : "x86 for ") +
-                                hiveNames[hive];
-        state.installed[hive][at(architecture)] = add;
+        const std::string way = reached.at(before) + (add ? " +" : " -") + toUtf8(fileOf(hive, architecture));
+        state.installed[hive].erase(architecture);
+        if (add) state.installed[hive].insert(architecture);
         EXPECT_TRUE(add ? registerServer(twoClasses(), architecture, fileOf(hive, architecture), registry)
                         : unregisterServer(twoClasses(), architecture, registry))
             << way;
@@ -177,7 +166,7 @@ void walkAllSequences(System system) {
             if (system != System::only32Bit || program == Architecture::x86)
                 EXPECT_EQ(faultsFor(system, state, program), "") << way;
         }
-        if (state.installed[hive] == clean.installed[hive])
+        if (state.installed[hive].empty())
             EXPECT_TRUE(state.hives[hive] == clean.hives[hive]) << "something is left after" << way;
         const auto [found, isNew] = reached.emplace(std::move(state), way);
         if (isNew) toDo.push_back(&found->first);
@@ -185,7 +174,7 @@ void walkAllSequences(System system) {
     while (!toDo.empty() && !testing::Test::HasFailure()) {
         const State& before = *toDo.back();
         toDo.pop_back();
-        for (size_t hive = 0; hive < hiveNames.size(); ++hive) {
+        for (size_t hive = 0; hive < clean.hives.size(); ++hive) {
             for (const Architecture architecture : architectures) {
                 if (system == System::only32Bit && architecture == Architecture::x64) continue;
                 follow(before, hive, architecture, true);
