@@ -76,8 +76,7 @@ const Exceptions makesWindow{"ButtonPalette.hWnd", "DateCalendar.hWnd", "GridEdi
 class MemberTableTest : public ControlFixture, public testing::WithParamInterface<const ControlTable*> {
 protected:
     void SetUp() override {
-        host.font =
-            std::make_shared<SharedFont>(FontDescription{u"Verdana", 10, 400, 0, false, false, false});
+        host.font = std::make_shared<SharedFont>(FontDescription{u"Verdana", 10});
         place(table());
         host.take();
     }
@@ -141,7 +140,8 @@ TEST_P(MemberTableTest, MembersAreFoundByNumberAndByNameInAnyCase) {
         EXPECT_EQ(table().member(member.number), &member);
         Text swapped(member.name);
         for (char16_t& unit : swapped) {
-            if (const char16_t upper = upperAscii(unit); upper >= u'A' && upper <= u'Z') unit = static_cast<char16_t>(unit ^ 32);
+            if (const char16_t upper = upperAscii(unit); upper >= u'A' && upper <= u'Z')
+                unit = static_cast<char16_t>(unit ^ 32);
         }
         for (const Text& spelling : {Text(member.name), swapped})
             EXPECT_EQ(table().member(spelling), &member) << toUtf8(spelling);
@@ -290,9 +290,7 @@ TEST_P(MemberTableTest, SettingAnUnchangedValueNotifiesOnce) {
 }
 
 TEST_P(MemberTableTest, FollowsTheContainersFontUntilAHostHasChangedTheOneShown) {
-    const FontDescription first{u"Arial", 10, 400, 0, false, false, false},
-        second{u"Georgia", 12, 400, 0, false, false, false},
-        own{u"Courier New", 9, 700, 0, false, true, false};
+    const FontDescription first{u"Arial", 10}, second{u"Georgia", 12}, own{u"Courier New", 9, 700};
     const auto ambientBecomes = [this](const FontDescription& font) {
         host.font = std::make_shared<SharedFont>(font);
         control->ambientFontChanged();
