@@ -103,40 +103,6 @@ std::wstring asScript(std::wstring code) {
     return code + L"\n";
 }
 
-// What else there is on the form and in its module.
-constexpr const wchar_t* surroundings =
-    LR"(
-Class Thing
-    Public BackColor
-    Public Visible
-End Class
-Class ThreeRecords
-    Private place
-    Public Default Function Field(name)
-        Field = name & " " & CStr(place)
-    End Function
-    Public Property Get EOF()
-        EOF = (place = 3)
-    End Property
-    Public Sub MoveNext()
-        place = place + 1
-    End Sub
-End Class
-Dim told, DueDate, Picture1, FrameOrder, FrameDelivery, FrameNotes, records
-Set Picture1 = New Thing
-Set FrameOrder = New Thing
-Set FrameDelivery = New Thing
-Set FrameNotes = New Thing
-Set records = New ThreeRecords
-' Wine's own takes no text for a date, and its CDate reads one that begins with a day of the week.
-Function IsDate(text)
-    Dim read
-    On Error Resume Next
-    read = CDate(text)
-    IsDate = Err.Number = 0 And Mid(text, 4, 1) <> " "
-End Function
-)";
-
 TEST(DocumentedEvents, AreHeardAsThePagesSay) {
     struct Step {
         const wchar_t* typed;
@@ -174,10 +140,13 @@ TEST(DocumentedEvents, AreHeardAsThePagesSay) {
           {{L"", {VK_RIGHT}, L"FrameDelivery.Visible And Not FrameOrder.Visible", L"True"},
            {L"", {VK_RIGHT}, L"FrameNotes.Visible And Not FrameDelivery.Visible", L"True"}}}},
     };
+    const std::wstring repository = L"Z:" + container::fromUtf8(OBK_REPOSITORY_DIR);
+    // What else there is on the form and in its module.
+    const auto surroundings = container::readFile(repository + L"/tests/windows/scripts/form_module.vbs");
+    ASSERT_TRUE(surroundings);
     const std::wregex named(L"(([A-Z]\\w+)1)[_.]");
     size_t found = 0;
-    for (const auto& page : std::filesystem::recursive_directory_iterator(
-             L"Z:" + container::fromUtf8(OBK_REPOSITORY_DIR) + L"/docs")) {
+    for (const auto& page : std::filesystem::recursive_directory_iterator(repository + L"/docs")) {
         const std::string text = container::readFile(page.path().wstring()).value_or("");
         for (size_t at = 0; (at = text.find("\n```vba\n", at)) != std::string::npos; ++found) {
             at += 8;
@@ -191,7 +160,8 @@ TEST(DocumentedEvents, AreHeardAsThePagesSay) {
             hosted.activate({10, 10, 330, 200});
             Person person(hosted.loop, hosted.window.handle());
             const ComPtr<FormModule> module(new FormModule(
-                hosted, name[1], surroundings + std::wstring(use->second.preparation) + asScript(code)));
+                hosted, name[1],
+                container::fromUtf8(*surroundings) + use->second.preparation + asScript(code)));
             hosted.site.events().onAny([&](container::EventCall& call) { module->hear(call); });
             hosted.form.enter(hosted.site);
             for (const Step& step : use->second.steps) {

@@ -9,7 +9,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <deque>
-#include <memory>
+#include <functional>
 #include <string_view>
 
 namespace obk::testing_support {
@@ -31,38 +31,32 @@ std::basic_string<Unit> cellOf(char letter) {
 }
 
 // Who saves, and the module whose calls of the system are counted then.
-class Saving {
-public:
-    virtual ~Saving() = default;
-    virtual HMODULE module() const = 0;
-    virtual bool save(const std::wstring& path, char letter) = 0;
+struct Saving {
+    HMODULE module;
+    std::function<bool(const std::wstring& path, char letter)> save;
 };
 
-class SavingFiles final : public Saving {
-    HMODULE module() const override { return GetModuleHandleW(nullptr); }
-    bool save(const std::wstring& path, char letter) override {
-        win32::SystemFiles files;
-        const std::string content = contentOf(letter);
-        const auto file = files.openForWriting(Text(path.begin(), path.end()));
-        if (!file) return false;
-        const size_t half = content.size() / 2;
-        return file->write({content.data(), half}) && file->write(std::string_view(content).substr(half)) &&
-               file->commit();
-    }
-};
+Saving savingFiles() {
+    return {GetModuleHandleW(nullptr), [](const std::wstring& path, char letter) {
+                win32::SystemFiles files;
+                const std::string content = contentOf(letter);
+                const auto file = files.openForWriting(Text(path.begin(), path.end()));
+                const size_t half = content.size() / 2;
+                return file && file->write({content.data(), half}) &&
+                       file->write(std::string_view(content).substr(half)) && file->commit();
+            }};
+}
 
-class SavingGrid final : public Saving {
-    HMODULE module() const override { return server_.module(); }
-    bool save(const std::wstring& path, char letter) override {
-        grid_.call(L"RowsSet", {1});
-        grid_.call(L"ColsSet", {1});
-        grid_.call(L"CellTextSet", {0, 0, cellOf<wchar_t>(letter)});
-        return grid_.call(L"GridSave", {path, L"Kept"}) == S_OK;
-    }
-
-    LoadedServer server_;
-    container::Dispatch grid_{server_.create(L"GridEdit").get()};
-};
+Saving savingGrid() {
+    static const LoadedServer server;
+    static const container::Dispatch grid(server.create(L"GridEdit").get());
+    return {server.module(), [](const std::wstring& path, char letter) {
+                grid.call(L"RowsSet", {1});
+                grid.call(L"ColsSet", {1});
+                grid.call(L"CellTextSet", {0, 0, cellOf<wchar_t>(letter)});
+                return grid.call(L"GridSave", {path, L"Kept"}) == S_OK;
+            }};
+}
 
 }  // namespace
 
@@ -106,12 +100,11 @@ bool isSaver(int count, char** arguments) {
 int saveUntilEnded(char** arguments) {
     const std::wstring path = wide(arguments[2]);
     const int lastCall = std::atoi(arguments[3]);
-    std::unique_ptr<Saving> saving = std::make_unique<SavingFiles>();
-    if (std::atoi(arguments[4]) == static_cast<int>(Saver::By::gridSave))
-        saving = std::make_unique<SavingGrid>();
+    const bool byGrid = std::atoi(arguments[4]) == static_cast<int>(Saver::By::gridSave);
+    const Saving saving = byGrid ? savingGrid() : savingFiles();
     while (lastCall == Saver::forEver) {
-        saving->save(path, 'n');
-        saving->save(path, 'o');
+        saving.save(path, 'n');
+        saving.save(path, 'o');
     }
     std::deque<RefusedImport> imports;
     for (const Refusable& function : {
@@ -129,11 +122,11 @@ int saveUntilEnded(char** arguments) {
              refusable<struct EndedCopy>("CopyFileW", CopyFileW, FALSE),
              refusable<struct EndedDelete>("DeleteFileW", DeleteFileW, FALSE),
          })
-        imports.emplace_back(saving->module(), function);
+        imports.emplace_back(saving.module, function);
     endsAtCall = true;
     callNumber = 0;
     refusedCall = static_cast<unsigned long>(lastCall);
-    const bool saved = saving->save(path, 'n');
+    const bool saved = saving.save(path, 'n');
     imports.clear();
     return saved ? 0 : 1;
 }

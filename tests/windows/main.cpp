@@ -10,7 +10,9 @@
 #include <atomic>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <string>
+#include <string_view>
 #include <thread>
 
 namespace {
@@ -29,26 +31,20 @@ std::string nameOfRunningTest() {
     return test ? std::string(test->test_suite_name()) + "." + test->name() : "no test";
 }
 
-struct Module {
-    HMODULE handle = nullptr;
-    std::string name = "?";
-};
-
-Module moduleOf(const void* address) {
-    Module module;
-    char name[MAX_PATH];
+HMODULE moduleOf(const void* address, char (&name)[MAX_PATH]) {
+    HMODULE module = nullptr;
     const auto flags = GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT;
-    if (GetModuleHandleExA(flags, static_cast<const char*>(address), &module.handle) &&
-        GetModuleFileNameA(module.handle, name, MAX_PATH))
-        module.name = name;
+    if (!GetModuleHandleExA(flags, static_cast<const char*>(address), &module) ||
+        !GetModuleFileNameA(module, name, MAX_PATH))
+        std::strcpy(name, "?");
     return module;
 }
 
 void printAddress(const char* label, const void* address) {
-    const Module module = moduleOf(address);
-    const auto offset = reinterpret_cast<ULONG_PTR>(address) - reinterpret_cast<ULONG_PTR>(module.handle);
-    std::fprintf(stderr, "    %s %s+0x%llx\n", label, module.name.c_str(),
-                 static_cast<unsigned long long>(offset));
+    char name[MAX_PATH];
+    const HMODULE module = moduleOf(address, name);
+    const auto offset = reinterpret_cast<ULONG_PTR>(address) - reinterpret_cast<ULONG_PTR>(module);
+    std::fprintf(stderr, "    %s %s+0x%llx\n", label, name, static_cast<unsigned long long>(offset));
 }
 
 [[noreturn]] void endProcess(UINT code) {
@@ -58,6 +54,18 @@ void printAddress(const char* label, const void* address) {
 }
 
 LONG CALLBACK reportCrash(EXCEPTION_POINTERS* info) {
+    const EXCEPTION_RECORD& record = *info->ExceptionRecord;
+    std::fprintf(stderr, "CRASHED: exception 0x%08lx in %s\n", record.ExceptionCode,
+                 nameOfRunningTest().c_str());
+    printAddress("at", record.ExceptionAddress);
+    void* frames[24];
+    const USHORT count = CaptureStackBackTrace(0, 24, frames, nullptr);
+    for (USHORT i = 0; i < count; ++i) printAddress("from", frames[i]);
+    endProcess(exitCrashed);
+}
+
+// Sees every exception before anybody handles it.
+LONG CALLBACK reportFault(EXCEPTION_POINTERS* info) {
     const EXCEPTION_RECORD& record = *info->ExceptionRecord;
     switch (record.ExceptionCode) {
         case EXCEPTION_ACCESS_VIOLATION:
@@ -72,24 +80,11 @@ LONG CALLBACK reportCrash(EXCEPTION_POINTERS* info) {
     }
     // The system's own libraries probe memory behind handlers of their own; a fault in them is theirs to
     // answer, and ends the process only if nobody does.
-    char system[MAX_PATH] = "?";
+    char system[MAX_PATH] = "?", module[MAX_PATH];
     GetWindowsDirectoryA(system, MAX_PATH);
-    if (moduleOf(record.ExceptionAddress).name.rfind(system, 0) == 0) return EXCEPTION_CONTINUE_SEARCH;
-
-    std::fprintf(stderr, "CRASHED: exception 0x%08lx in %s\n", record.ExceptionCode,
-                 nameOfRunningTest().c_str());
-    printAddress("at", record.ExceptionAddress);
-    void* frames[24];
-    const USHORT count = CaptureStackBackTrace(0, 24, frames, nullptr);
-    for (USHORT i = 0; i < count; ++i) printAddress("from", frames[i]);
-    endProcess(exitCrashed);
-}
-
-LONG CALLBACK reportUnhandled(EXCEPTION_POINTERS* info) {
-    std::fprintf(stderr, "CRASHED: unhandled exception 0x%08lx in %s\n", info->ExceptionRecord->ExceptionCode,
-                 nameOfRunningTest().c_str());
-    printAddress("at", info->ExceptionRecord->ExceptionAddress);
-    endProcess(exitCrashed);
+    moduleOf(record.ExceptionAddress, module);
+    if (std::string_view(module).starts_with(system)) return EXCEPTION_CONTINUE_SEARCH;
+    return reportCrash(info);
 }
 
 class Watchdog : public testing::EmptyTestEventListener {
@@ -127,8 +122,8 @@ void declareDpiAwareness() {
 int main(int argc, char** argv) {
     std::setvbuf(stdout, nullptr, _IOFBF, 1 << 16);
     SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOGPFAULTERRORBOX | SEM_NOOPENFILEERRORBOX);
-    AddVectoredExceptionHandler(1, reportCrash);
-    SetUnhandledExceptionFilter(reportUnhandled);
+    AddVectoredExceptionHandler(1, reportFault);
+    SetUnhandledExceptionFilter(reportCrash);
     declareDpiAwareness();
     if (obk::testing_support::isSaver(argc, argv)) return obk::testing_support::saveUntilEnded(argv);
 

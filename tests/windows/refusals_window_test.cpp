@@ -13,7 +13,6 @@
 #include <olectl.h>
 #include <shlwapi.h>
 
-#include <cctype>
 #include <climits>
 #include <set>
 
@@ -55,9 +54,7 @@ std::vector<Refusable> refusables() {
     };
 }
 
-std::wstring fileForSaving() {
-    return temporaryFile(L"obk-refused.txt");
-}
+const std::wstring fileForSaving = temporaryFile(L"obk-refused.txt");
 
 // Everything that asks the system for something, without waiting for it.
 void useControl(HostedControl& hosted, const std::wstring& name) {
@@ -66,7 +63,7 @@ void useControl(HostedControl& hosted, const std::wstring& name) {
     SetForegroundWindow(form);
     SetFocus(form);
     if (name == L"PageTab") object.put(L"ActiveTabs", L"a,b,c,d,e,f,g,h,i,j,k,l,m");
-    hosted.site.activate(name == L"GridEdit" ? RECT{10, 10, 310, 130} : RECT{10, 10, 151, 31});
+    hosted.site.activate(placeOf(name));
     hosted.loop.pumpPending();
     hosted.site.uiActivate();
     const HWND window = hosted.site.window();
@@ -80,13 +77,12 @@ void useControl(HostedControl& hosted, const std::wstring& name) {
             if (IsWindow(window)) SendMessageW(window, message, 0, at);
         }
     }
-    hosted.object().call(L"ShowPopUp");
+    object.call(L"ShowPopUp");
     hosted.loop.pumpPending();
-    hosted.object().call(L"HidePopUp");
+    object.call(L"HidePopUp");
     if (name == L"GridEdit") {
-        object.call(L"ColsSet", {7});
+        prepare(hosted, name);
         for (long col = 0; col < 7; ++col) {
-            object.call(L"ColTypeSet", {col, col});
             object.call(L"GridSetFocus", {col, 0});
             object.call(L"BoxShow");
             hosted.loop.pumpPending();
@@ -99,16 +95,13 @@ void useControl(HostedControl& hosted, const std::wstring& name) {
             for (const WPARAM letter : {0x43, 0x56, 0x5A})  // C, V, Z
                 SendMessageW(focus, WM_KEYDOWN, letter, 1);
         }
-        object.call(L"GridSave", {fileForSaving(), L"x"});
-        object.call(L"GridLoad", {fileForSaving()});
+        object.call(L"GridSave", {fileForSaving, L"x"});
+        object.call(L"GridLoad", {fileForSaving});
     }
     object.value(L"Font");
     // Fonts are kept, so each has a size of its own.
     static double size = 30;
-    container::StoredFont font;
-    font.name = L"Arial";
-    font.size = size += 0.75;
-    object.putReference(L"Font", container::makeFont(font).get());
+    object.putReference(L"Font", container::makeFont({.name = L"Arial", .size = size += 0.75}).get());
     hosted.loop.pumpPending();
     object.value(L"Text");
     LPOLESTR userType = nullptr;
@@ -119,13 +112,12 @@ void useControl(HostedControl& hosted, const std::wstring& name) {
     hosted.site.query<IOleControl>()->GetControlInfo(&keys);
 }
 
-class Refusals : public testing::TestWithParam<size_t> {};
+class Refusals : public testing::TestWithParam<Refusable> {};
 
-INSTANTIATE_TEST_SUITE_P(Every, Refusals, testing::Range(size_t{0}, refusables().size()),
-                         [](const auto& row) { return refusables()[row.param].name; });
+INSTANTIATE_TEST_SUITE_P(Every, Refusals, testing::ValuesIn(refusables()),
+                         [](const auto& row) { return row.param.name; });
 
 TEST_P(Refusals, LeaveTheControlWhole) {
-    const Refusable refusable = refusables()[GetParam()];
     const LoadedServer server;
     int refusals = 0;
     for (const std::wstring& name : serverClasses()) {
@@ -136,7 +128,7 @@ TEST_P(Refusals, LeaveTheControlWhole) {
             HostedControl hosted(name);
             callNumber = 0;
             {
-                const RefusedImport refused(server.module(), refusable);
+                const RefusedImport refused(server.module(), GetParam());
                 ASSERT_TRUE(refused.found());
                 // Creation asks, too; what a refusal leaves of it goes at once.
                 ComPtr<IUnknown> another;
@@ -158,7 +150,7 @@ TEST_P(Refusals, LeaveTheControlWhole) {
             EXPECT_EQ(GetCapture(), nullptr);
         }
     }
-    DeleteFileW(fileForSaving().c_str());
+    DeleteFileW(fileForSaving.c_str());
     EXPECT_GT(refusals, 0);
     EXPECT_TRUE(server.canUnload());
 }
@@ -196,7 +188,7 @@ TEST(ServerAccess, WritesTheFileThatAHostNamesAndLoadsTheSystemsLibraries) {
     for (const std::wstring& path : written)
         EXPECT_NE(path.find(L"obk-refused.txt"), std::wstring::npos) << container::toUtf8(path);
     EXPECT_TRUE(loaded.empty()) << container::toUtf8(loaded.front());
-    DeleteFileW(fileForSaving().c_str());
+    DeleteFileW(fileForSaving.c_str());
 }
 
 TEST(ServerImports, ComeFromTheSystemOfWindows7) {
@@ -204,8 +196,7 @@ TEST(ServerImports, ComeFromTheSystemOfWindows7) {
     std::set<std::string> modules;
     eachImport(server.module(), [&](const char* from, const char* name, void**) {
         std::string module = from;
-        for (char& letter : module)
-            letter = static_cast<char>(std::tolower(static_cast<unsigned char>(letter)));
+        CharLowerA(module.data());
         modules.insert(module);
         // What is newer is asked for at run time.
         for (const char* newer : {"ForWindow", "ForDpi", "DpiAwareness", "ForMonitor", "UiaReturn",

@@ -8,11 +8,14 @@
 
 #include <windows.h>
 
+#include <winternl.h>
+
 #include <cstddef>
 #include <cstdint>
 #include <functional>
-#include <ostream>
+#include <map>
 #include <set>
+#include <string>
 
 namespace obk::testing_support {
 
@@ -21,13 +24,9 @@ namespace obk::testing_support {
 inline int gdiObjectCount() {
     if (const DWORD counted = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS))
         return static_cast<int>(counted);
-#ifdef _WIN64
-    const auto* block = reinterpret_cast<const uint8_t*>(__readgsqword(0x60));
-    const uint8_t* const table = *reinterpret_cast<const uint8_t* const*>(block + 0xF8);
-#else
-    const auto* block = reinterpret_cast<const uint8_t*>(__readfsdword(0x30));
-    const uint8_t* const table = *reinterpret_cast<const uint8_t* const*>(block + 0x94);
-#endif
+    constexpr size_t place = sizeof(void*) == 8 ? 0xF8 : 0x94;
+    const auto* const block = reinterpret_cast<const uint8_t*>(NtCurrentTeb()->ProcessEnvironmentBlock);
+    const uint8_t* const table = *reinterpret_cast<const uint8_t* const*>(block + place);
     if (!table) return 0;
     int count = 0;
     for (size_t entry = 0; entry < 65536; ++entry) count += table[entry * 24 + 14] != 0;
@@ -61,25 +60,14 @@ inline int serverBlockCount() {
     return count ? count() : 0;
 }
 
-struct ResourceCount {
-    int windows = 0;
-    int gdiObjects = 0;
-    int userObjects = 0;  // where the system counts them
-    int systemBlocks = 0;
-    int serverBlocks = 0;
-
-    static ResourceCount now() {
-        return {windowCount(), gdiObjectCount(),
-                static_cast<int>(GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS)), systemBlockCount(),
-                serverBlockCount()};
-    }
-    friend bool operator==(const ResourceCount&, const ResourceCount&) = default;
-    friend std::ostream& operator<<(std::ostream& stream, const ResourceCount& count) {
-        return stream << count.windows << " windows, " << count.gdiObjects << " drawing objects, "
-                      << count.userObjects << " user objects, " << count.systemBlocks
-                      << " texts and blocks of the system's, " << count.serverBlocks << " of the server's";
-    }
-};
+// By what they are; user objects where the system counts them.
+inline std::map<std::string, int> resourceCounts() {
+    return {{"windows", windowCount()},
+            {"drawing objects", gdiObjectCount()},
+            {"user objects", static_cast<int>(GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS))},
+            {"texts and blocks of the system's", systemBlockCount()},
+            {"blocks of the server's", serverBlockCount()}};
+}
 
 // That work which makes something and lets go of it ends with as much as it began with. What the system makes
 // once and keeps comes in the first two turns, which do not count. OBK_CYCLES says how many do.
@@ -87,10 +75,10 @@ inline void expectNothingIsLeft(const std::function<void()>& cycle) {
     systemBlockCount();
     cycle();
     cycle();
-    const ResourceCount before = ResourceCount::now();
+    const auto before = resourceCounts();
     const int32_t turns = test::fromEnvironment("OBK_CYCLES", 10);
     for (int32_t turn = 0; turn < turns; ++turn) cycle();
-    EXPECT_EQ(ResourceCount::now(), before);
+    EXPECT_EQ(resourceCounts(), before);
 }
 
 }  // namespace obk::testing_support

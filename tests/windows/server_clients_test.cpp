@@ -2,25 +2,15 @@
 // manifest.
 #include "server_support.h"
 
-#include "container/text.h"
-#include "container/type_members.h"
-
 #include "container/message_loop.h"
+#include "container/text.h"
 
 #include <gtest/gtest.h>
-
-#include <algorithm>
 
 namespace obk {
 namespace {
 
 using namespace testing_support;
-
-std::wstring windowsPath(const std::string& path) {
-    std::wstring result = L"Z:" + container::fromUtf8(path);
-    std::replace(result.begin(), result.end(), L'/', L'\\');
-    return result;
-}
 
 TEST(ServerClients, AScriptUsesEveryControl) {
     const RegisteredServer registered;
@@ -36,18 +26,18 @@ TEST(ServerClients, TheSystemsContainerShowsEveryControl) {
     ASSERT_TRUE(reinterpret_cast<Initialise>(GetProcAddress(library, "AtlAxWinInit"))());
     const auto getControl = reinterpret_cast<GetControl>(GetProcAddress(library, "AtlAxGetControl"));
     for (const std::wstring& name : serverClasses()) {
-        const std::string what = container::toUtf8(name);
+        SCOPED_TRACE(container::toUtf8(name));
         TestWindow window;
         const HWND host =
             CreateWindowExW(0, L"AtlAxWin110", (L"OBKCTRLS." + name).c_str(), WS_CHILD | WS_VISIBLE, 10, 10,
                             160, 40, window.handle(), nullptr, GetModuleHandleW(nullptr), nullptr);
-        ASSERT_TRUE(host) << what;
+        ASSERT_TRUE(host);
         ComPtr<IUnknown> control;
-        ASSERT_EQ(getControl(host, control.put()), S_OK) << what;
+        ASSERT_EQ(getControl(host, control.put()), S_OK);
         HWND shown = nullptr;
-        ASSERT_EQ(control.query<IOleInPlaceObject>()->GetWindow(&shown), S_OK) << what;
-        EXPECT_TRUE(IsWindowVisible(shown)) << what;
-        EXPECT_EQ(GetParent(shown), host) << what;
+        ASSERT_EQ(control.query<IOleInPlaceObject>()->GetWindow(&shown), S_OK);
+        EXPECT_TRUE(IsWindowVisible(shown));
+        EXPECT_EQ(GetParent(shown), host);
         container::MessageLoop loop;
         loop.pumpPending();
         if (name != L"ButtonArrow") {
@@ -55,13 +45,12 @@ TEST(ServerClients, TheSystemsContainerShowsEveryControl) {
             loop.pumpPending();
             RECT area{};
             GetWindowRect(shown, &area);
-            EXPECT_EQ(area.right - area.left, 200) << what;
-            EXPECT_EQ(area.bottom - area.top, 50) << what;
+            EXPECT_EQ(std::pair(area.right - area.left, area.bottom - area.top), std::pair(200L, 50L));
         }
         control.reset();
         DestroyWindow(host);
         loop.pumpPending();
-        EXPECT_FALSE(IsWindow(shown)) << what;
+        EXPECT_FALSE(IsWindow(shown));
     }
     FreeLibrary(library);
 }

@@ -8,6 +8,8 @@
 
 #include <olectl.h>
 
+#include <optional>
+
 namespace obk {
 namespace {
 
@@ -16,99 +18,68 @@ using container::EventCall;
 using container::EventSink;
 using container::Variant;
 
-// The text field of a control that is shown.
-HWND editOf(const HostedControl& hosted) {
-    return FindWindowExW(hosted.site.window(), nullptr, nullptr, nullptr);
-}
-
-std::wstring textOf(const HostedControl& hosted) {
-    return hosted.object().value(L"Text").toText();
-}
-
 class ServerEvents : public testing::Test {
 protected:
     ServerEvents() { hosted.activate(); }
+    ~ServerEvents() override {
+        for (const auto& sink : others) sink->disconnect();
+    }
+    IUnknown* control() const { return hosted.site.control().get(); }
+    // The text field of the control.
+    HWND edit() const { return FindWindowExW(hosted.site.window(), nullptr, nullptr, nullptr); }
+    std::wstring text() const { return hosted.object().value(L"Text").toText(); }
+    EventSink& connect() {
+        others.emplace_back(new EventSink);
+        EXPECT_EQ(others.back()->connect(control()), S_OK);
+        return *others.back();
+    }
     HostedControl hosted{L"UpDownTextBox"};
+    std::vector<ComPtr<EventSink>> others;
 };
 
-TEST_F(ServerEvents, AHostThatSetsAnArgumentToZeroDiscardsTheCharacter) {
+TEST_F(ServerEvents, AHostMayDiscardTheCharacterOrPutAnotherInItsPlace) {
     VARTYPE passed = 0;
-    bool discard = false;
+    std::optional<short> instead;
     hosted.site.events().on(L"KeyPress", [&](EventCall& call) {
         passed = call.raw(0).vt;
-        if (discard) call.set(0, short{0});
+        if (instead) call.set(0, *instead);
     });
-    hosted.object().put(L"Text", L"");
-    SendMessageW(editOf(hosted), WM_CHAR, '7', 1);
-    EXPECT_EQ(passed, VT_I2 | VT_BYREF);
-    EXPECT_EQ(textOf(hosted), L"7");
-    discard = true;
-    SendMessageW(editOf(hosted), WM_CHAR, '8', 1);
-    EXPECT_EQ(textOf(hosted), L"7");
-    // Another character in its place, as the next sink sees.
-    const ComPtr<EventSink> second(new EventSink);
-    ASSERT_EQ(second->connect(hosted.site.control().get()), S_OK);
     long seen = 0;
-    second->on(L"KeyPress", [&](EventCall& call) { seen = call.value(0).toLong().value_or(-1); });
-    hosted.site.events().on(L"KeyPress", [&](EventCall& call) { call.set(0, short{'9'}); });
-    SendMessageW(editOf(hosted), WM_CHAR, '8', 1);
-    EXPECT_NE(textOf(hosted).find(L'9'), std::wstring::npos);
-    EXPECT_EQ(seen, '9');
-    second->disconnect();
+    connect().on(L"KeyPress", [&](EventCall& call) { seen = call.value(0).toLong().value_or(-1); });
+    hosted.object().put(L"Text", L"");
+    SendMessageW(edit(), WM_CHAR, '7', 1);
+    EXPECT_EQ(passed, VT_I2 | VT_BYREF);
+    EXPECT_EQ(text(), L"7");
+    instead = short{0};
+    SendMessageW(edit(), WM_CHAR, '8', 1);
+    EXPECT_EQ(text(), L"7");
+    instead = short{'9'};
+    SendMessageW(edit(), WM_CHAR, '8', 1);
+    EXPECT_NE(text().find(L'9'), std::wstring::npos);
+    EXPECT_EQ(seen, '9') << "by the next sink";
 }
 
 TEST_F(ServerEvents, ASinkMayLeaveWhileItIsCalled) {
-    const ComPtr<EventSink> first(new EventSink), second(new EventSink), third(new EventSink);
-    for (const auto& sink : {first, second, third})
-        ASSERT_EQ(sink->connect(hosted.site.control().get()), S_OK);
-    first->on(L"Change", [&](EventCall&) {
-        first->disconnect();
-        second->disconnect();
+    EventSink &first = connect(), &second = connect(), &third = connect();
+    first.on(L"Change", [&](EventCall&) {
+        first.disconnect();
+        second.disconnect();
     });
     hosted.object().put(L"Text", L"2");
-    EXPECT_EQ(first->count(L"Change"), 1u);
-    EXPECT_EQ(second->count(L"Change"), 0u) << "disconnected before its turn";
-    EXPECT_EQ(third->count(L"Change"), 1u);
-    third->disconnect();
+    EXPECT_EQ(first.count(L"Change"), 1u);
+    EXPECT_EQ(second.count(L"Change"), 0u) << "disconnected before its turn";
+    EXPECT_EQ(third.count(L"Change"), 1u);
 }
 
-// A host whose handlers fail, as a script's do that has a fault.
-class FailingSink final : public ComObject<IDispatch> {
-public:
-    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override {
-        return E_NOTIMPL;
-    }
-    HRESULT STDMETHODCALLTYPE Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT* result, EXCEPINFO*,
-                                     UINT*) override {
-        ++calls;
-        if (result) V_BSTR(result) = SysAllocString(L"half a result"), V_VT(result) = VT_BSTR;
-        return DISP_E_EXCEPTION;
-    }
-    int calls = 0;
-};
-
 TEST_F(ServerEvents, AHandlersErrorEndsNothing) {
-    const ComPtr<FailingSink> failing(new FailingSink);
-    const ComPtr<EventSink> after(new EventSink);
-    ComPtr<IConnectionPoint> point;
-    hosted.site.control().query<IConnectionPointContainer>()->FindConnectionPoint(
-        container::eventInterfaceOf(hosted.site.control().get()).id, point.put());
-    DWORD cookie = 0;
-    ASSERT_EQ(point->Advise(failing.get(), &cookie), S_OK);
-    ASSERT_EQ(after->connect(hosted.site.control().get()), S_OK);
+    connect().onAny([](EventCall& call) { call.answer(DISP_E_EXCEPTION); });
+    const EventSink& after = connect();
     hosted.object().put(L"Interval", 1.0);
     hosted.object().put(L"Text", L"5");
-    SendMessageW(editOf(hosted), WM_KEYDOWN, VK_UP, 1);
-    EXPECT_EQ(textOf(hosted), L"6");
-    EXPECT_EQ(after->count(L"DownClick"), 1u);
-    EXPECT_EQ(after->count(L"KeyDown"), 1u);
-    EXPECT_GE(failing->calls, 3);
-    after->disconnect();
-    EXPECT_EQ(point->Unadvise(cookie), S_OK);
-    failing->AddRef();
-    EXPECT_EQ(failing->Release(), 1u) << "nothing holds it any more";
+    SendMessageW(edit(), WM_KEYDOWN, VK_UP, 1);
+    EXPECT_EQ(text(), L"6");
+    EXPECT_EQ(after.count(L"DownClick"), 1u);
+    EXPECT_EQ(after.count(L"KeyDown"), 1u);
 }
 
 TEST_F(ServerEvents, FrozenEventsAreDroppedAndNotKept) {
@@ -128,7 +99,7 @@ TEST_F(ServerEvents, FrozenEventsAreDroppedAndNotKept) {
 }
 
 TEST_F(ServerEvents, EverySetterNotifiesUnderItsPropertyEvenWithoutAChange) {
-    const auto members = container::TypeMembers::of(hosted.site.control().get());
+    const auto members = container::TypeMembers::of(control());
     for (const auto& member : members.properties()) {
         if (!member.writable) continue;
         const Variant value = hosted.object().value(member.number);
@@ -138,32 +109,26 @@ TEST_F(ServerEvents, EverySetterNotifiesUnderItsPropertyEvenWithoutAChange) {
     }
 }
 
-TEST_F(ServerEvents, EveryClassHasAnEventInterfaceAlsoAnEmptyOne) {
-    for (const std::wstring& name : serverClasses()) {
-        LoadedServer server;
-        const auto control = server.create(name);
+TEST(ServerConnections, EveryClassHasAnEventInterfaceAlsoAnEmptyOne) {
+    withEachControl([](const ComPtr<IUnknown>& control, const std::wstring&) {
         const auto points = control.query<IConnectionPointContainer>();
+        const IID events = container::eventInterfaceOf(control.get()).id;
         ASSERT_TRUE(points);
         ComPtr<IConnectionPoint> point;
-        ASSERT_EQ(points->FindConnectionPoint(container::eventInterfaceOf(control.get()).id, point.put()),
-                  S_OK);
+        ASSERT_EQ(points->FindConnectionPoint(events, point.put()), S_OK);
         IID id{};
         EXPECT_EQ(point->GetConnectionInterface(&id), S_OK);
-        EXPECT_EQ(id, container::eventInterfaceOf(control.get()).id);
-        ComPtr<IConnectionPointContainer> back;
-        EXPECT_EQ(point->GetConnectionPointContainer(back.put()), S_OK);
-        EXPECT_EQ(back.get(), points.get());
+        EXPECT_EQ(id, events);
         EXPECT_EQ(points->FindConnectionPoint(__uuidof(IDispatch), point.put()), CONNECT_E_NOCONNECTION);
-    }
+    });
 }
 
 TEST_F(ServerEvents, ConnectionsAreCountedAndRefused) {
     const auto points = hosted.site.query<IConnectionPointContainer>();
     ComPtr<IConnectionPoint> notifications;
     ASSERT_EQ(points->FindConnectionPoint(__uuidof(IPropertyNotifySink), notifications.put()), S_OK);
-    const ComPtr<EventSink> wrongKind(new EventSink);
     DWORD cookie = 9;
-    EXPECT_EQ(notifications->Advise(wrongKind.get(), &cookie), CONNECT_E_CANNOTCONNECT);
+    EXPECT_EQ(notifications->Advise(&connect(), &cookie), CONNECT_E_CANNOTCONNECT) << "events are none";
     EXPECT_EQ(cookie, 0u);
     EXPECT_EQ(notifications->Advise(nullptr, &cookie), E_POINTER);
     EXPECT_EQ(notifications->Unadvise(4711), CONNECT_E_NOCONNECTION);
@@ -177,8 +142,11 @@ TEST_F(ServerEvents, ConnectionsAreCountedAndRefused) {
     EXPECT_EQ(connections->Next(4, data, &count), S_FALSE);
     EXPECT_EQ(count, 2u) << "the site's own and this one";
     for (ULONG at = 0; at < count; ++at) data[at].pUnk->Release();
+    connections.reset();
     EXPECT_EQ(notifications->Unadvise(cookie), S_OK);
     EXPECT_EQ(notifications->Unadvise(cookie), CONNECT_E_NOCONNECTION);
+    journal->AddRef();
+    EXPECT_EQ(journal->Release(), 1u) << "nothing holds it any more";
 
     ComPtr<IEnumConnectionPoints> all;
     ASSERT_EQ(points->EnumConnectionPoints(all.put()), S_OK);
@@ -190,15 +158,11 @@ TEST_F(ServerEvents, ConnectionsAreCountedAndRefused) {
 }
 
 TEST_F(ServerEvents, AChangedFontOfTheHostReachesTheControl) {
-    container::StoredFont described;
-    described.name = L"Tahoma";
-    described.size = 8;
-    const container::Dispatch font(container::makeFont(described));
+    const container::Dispatch font(container::makeFont({.name = L"Tahoma", .size = 8}));
     hosted.object().putReference(L"Font", font.get());
     const auto fontHeight = [&] {
         LOGFONTW shown{};
-        GetObjectW(reinterpret_cast<HFONT>(SendMessageW(editOf(hosted), WM_GETFONT, 0, 0)), sizeof shown,
-                   &shown);
+        GetObjectW(reinterpret_cast<HFONT>(SendMessageW(edit(), WM_GETFONT, 0, 0)), sizeof shown, &shown);
         return std::abs(shown.lfHeight);
     };
     const LONG before = fontHeight();

@@ -21,9 +21,7 @@ TEST(ServerLifetime, TheServerMayBeUnloadedExactlyWhenNothingOfItIsInUse) {
     ASSERT_EQ(factory->LockServer(TRUE), S_OK);
     factory.reset();
     EXPECT_FALSE(server.canUnload()) << "a lock";
-    factory = server.factory(serverClasses().front());
-    factory->LockServer(FALSE);
-    factory.reset();
+    server.factory(serverClasses().front())->LockServer(FALSE);
     EXPECT_TRUE(server.canUnload());
 
     auto control = server.create(L"UpDownTextBox");
@@ -55,18 +53,16 @@ TEST(ServerLifetime, TheServerComesAndGoes) {
 }
 
 TEST(ServerLifetime, AConnectionPointKeepsItsControl) {
-    LoadedServer server;
-    auto control = server.create(L"UpDownTextBox");
+    const LoadedServer server;
+    const IID notifications = __uuidof(IPropertyNotifySink);
+    auto points = server.create(L"UpDownTextBox").query<IConnectionPointContainer>();
     ComPtr<IConnectionPoint> point;
-    ASSERT_EQ(control.query<IConnectionPointContainer>()->FindConnectionPoint(__uuidof(IPropertyNotifySink),
-                                                                              point.put()),
-              S_OK);
-    control.reset();
+    ASSERT_EQ(points->FindConnectionPoint(notifications, point.put()), S_OK);
+    points.reset();
     EXPECT_FALSE(server.canUnload());
-    ComPtr<IConnectionPointContainer> container;
-    EXPECT_EQ(point->GetConnectionPointContainer(container.put()), S_OK);
+    EXPECT_EQ(point->GetConnectionPointContainer(points.put()), S_OK);
     point.reset();
-    container.reset();
+    points.reset();
     EXPECT_TRUE(server.canUnload());
 }
 
@@ -109,16 +105,12 @@ TEST(ServerLifetime, AnAggregatedControlAnswersAsItsOuterObject) {
 }
 
 TEST(ServerLifetime, IsNeverOfferedAsSafeForScripting) {
-    LoadedServer server;
+    const LoadedServer server;
     const IID objectSafety = {0xCB5BDC81, 0x93C1, 0x11CF, {0x8F, 0x20, 0x00, 0x80, 0x5F, 0x2C, 0xD0, 0x64}};
     for (const std::wstring& name : serverClasses()) {
-        ComPtr<IUnknown> safety;
-        EXPECT_EQ(server.create(name)->QueryInterface(objectSafety, safety.putVoid()), E_NOINTERFACE);
-        safety.detach();
-        ComPtr<IUnknown> licence;
-        EXPECT_EQ(server.factory(name)->QueryInterface(__uuidof(IClassFactory2), licence.putVoid()),
-                  E_NOINTERFACE);
-        licence.detach();
+        void* none = nullptr;
+        EXPECT_EQ(server.create(name)->QueryInterface(objectSafety, &none), E_NOINTERFACE);
+        EXPECT_FALSE(server.factory(name).query<IClassFactory2>()) << "nor with a licence";
     }
 }
 

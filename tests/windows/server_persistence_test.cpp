@@ -9,8 +9,8 @@
 #include <gtest/gtest.h>
 
 #include <olectl.h>
+#include <shlwapi.h>
 
-#include <functional>
 #include <map>
 
 namespace obk {
@@ -19,33 +19,9 @@ namespace {
 using namespace testing_support;
 using container::Dispatch;
 using container::PropertyBagText;
-using container::StoredFont;
 using container::Variant;
 
-ComPtr<IPicture> makePicture(int width, int height) {
-    const HDC screen = GetDC(nullptr);
-    PICTDESC description{};
-    description.cbSizeofstruct = sizeof description;
-    description.picType = PICTYPE_BITMAP;
-    description.bmp.hbitmap = CreateCompatibleBitmap(screen, width, height);
-    ReleaseDC(nullptr, screen);
-    ComPtr<IPicture> picture;
-    EXPECT_EQ(OleCreatePictureIndirect(&description, IID_IPicture, TRUE, picture.putVoid()), S_OK);
-    return picture;
-}
-
-std::wstring pictureText(IPicture& picture) {
-    OLE_XSIZE_HIMETRIC width = 0;
-    OLE_YSIZE_HIMETRIC height = 0;
-    short type = 0;
-    picture.get_Width(&width);
-    picture.get_Height(&height);
-    picture.get_Type(&type);
-    return std::to_wstring(width) + L" by " + std::to_wstring(height) + L" of type " + std::to_wstring(type);
-}
-
-// What a form keeps of a control: every property as text, fonts by their description, pictures by size and
-// type.
+// What a form keeps of a control: every property as text, fonts by their description, pictures by size.
 std::map<std::wstring, std::wstring> stateOf(IUnknown* control) {
     std::map<std::wstring, std::wstring> state;
     const container::TypeMembers members = container::TypeMembers::of(control);
@@ -54,150 +30,130 @@ std::map<std::wstring, std::wstring> stateOf(IUnknown* control) {
             !test::comesBack(container::toUtf8(members.className()), container::toUtf8(member.name)))
             continue;
         const Variant value = Dispatch(control).value(member.number);
-        const ComPtr<IUnknown> object = value.toObject();
+        const Dispatch object(value.toObject().get());
         const auto font = container::describeFont(object.get());
-        const auto picture = object ? object.query<IPicture>() : ComPtr<IPicture>();
-        state[member.name] = font      ? container::fontText(*font)
-                             : picture ? pictureText(*picture)
-                                       : value.toText();
+        state[member.name] = font     ? container::fontText(*font)
+                             : object ? object.value(DISPID_PICT_WIDTH).toText() + L" by " +
+                                            object.value(DISPID_PICT_HEIGHT).toText()
+                                      : value.toText();
     }
     return state;
 }
 
-// Another value of the same type for every property that has a plain one.
+// Another value of the same type for every property but pictures, which have a test of their own.
 void changeEverything(IUnknown* control) {
+    const auto font = container::makeFont({.name = L"Courier New", .size = 12, .italic = true});
+    const std::map<container::ValueKind, Variant> others{
+        {container::ValueKind::colour, static_cast<long>(0x80000011u)},
+        {container::ValueKind::font, font.get()},
+        {container::ValueKind::text, L"-3.25"},
+        {container::ValueKind::number, 0.1}};
     const Dispatch object(control);
     const container::TypeMembers members = container::TypeMembers::of(control);
     for (const auto& member : members.properties()) {
         if (!member.readable || !member.writable) continue;
-        const Variant value = object.value(member.number);
-        switch (member.type.kind) {
-            case container::ValueKind::boolean:
-                object.put(member.number, !*value.toBool());
-                break;
-            case container::ValueKind::colour:
-                object.put(member.number, static_cast<long>(0x80000011u));
-                break;
-            case container::ValueKind::font: {
-                StoredFont font;
-                font.name = L"Courier New";
-                font.size = 12;
-                font.italic = true;
-                object.put(member.number, container::makeFont(font).get());
-                break;
-            }
-            case container::ValueKind::picture:
-                break;  // has a test of its own
-            case container::ValueKind::text:
-                object.put(member.number, L"-3.25");
-                break;
-            case container::ValueKind::number:
-                object.put(member.number, 0.1);
-                break;
-            default:
-                object.put(member.number, *value.toLong() == 1 ? 2L : 1L);
-        }
+        const auto known = others.find(member.type.kind);
+        const Variant other = known != others.end() ? known->second : otherThan(object.value(member.number));
+        if (!other.empty()) object.put(member.number, other);
     }
 }
 
+ComPtr<IStream> streamOf(std::string_view bytes) {
+    return ComPtr<IStream>::adopt(
+        SHCreateMemStream(reinterpret_cast<const BYTE*>(bytes.data()), static_cast<UINT>(bytes.size())));
+}
+
 ComPtr<IStorage> newStorage() {
-    ComPtr<ILockBytes> bytes;
-    CreateILockBytesOnHGlobal(nullptr, TRUE, bytes.put());
     ComPtr<IStorage> storage;
-    EXPECT_EQ(StgCreateDocfileOnILockBytes(bytes.get(), STGM_CREATE | STGM_READWRITE | STGM_SHARE_EXCLUSIVE,
-                                           0, storage.put()),
-              S_OK);
+    constexpr DWORD mode = STGM_CREATE | STGM_READWRITE | STGM_SHARE_EXCLUSIVE | STGM_DELETEONRELEASE;
+    EXPECT_EQ(StgCreateDocfile(nullptr, mode, 0, storage.put()), S_OK);
     return storage;
 }
 
-// One way to keep a control: saves it, and loads another one from what was saved.
-struct Way {
-    const char* name;
-    std::function<void(IUnknown* from, IUnknown* to)> carry;
-};
+// Each saves a control, and loads another one from what was saved.
+void throughBag(IUnknown* from, IUnknown* to) {
+    container::FormText form;
+    const auto saved = form.add(L"Control", L"A.B").bag;
+    EXPECT_EQ(query<IPersistPropertyBag>(from)->Save(saved.get(), TRUE, FALSE), S_OK);
+    std::vector<container::TextProblem> problems;
+    const auto read = container::FormText::read(form.write(), problems);
+    const auto bag = read.sections().at(0).bag;
+    EXPECT_EQ(query<IPersistPropertyBag>(to)->Load(bag.get(), bag.get()), S_OK);
+    EXPECT_TRUE(problems.empty() && bag->errors().empty());
+}
 
-const std::vector<Way>& ways() {
-    static const std::vector<Way> all{
-        {"bag",
-         [](IUnknown* from, IUnknown* to) {
-             container::FormText form;
-             const auto saved = form.add(L"Control", L"A.B").bag;
-             EXPECT_EQ(ComPtr<IUnknown>(from).query<IPersistPropertyBag>()->Save(saved.get(), TRUE, FALSE),
-                       S_OK);
-             std::vector<container::TextProblem> problems;
-             const auto read = container::FormText::read(form.write(), problems);
-             const auto bag = read.sections().at(0).bag;
-             EXPECT_EQ(ComPtr<IUnknown>(to).query<IPersistPropertyBag>()->Load(bag.get(), bag.get()), S_OK);
-             EXPECT_TRUE(problems.empty() && bag->errors().empty());
-         }},
-        {"stream",
-         [](IUnknown* from, IUnknown* to) {
-             ComPtr<IStream> stream;
-             CreateStreamOnHGlobal(nullptr, TRUE, stream.put());
-             const auto saving = ComPtr<IUnknown>(from).query<IPersistStreamInit>();
-             ULARGE_INTEGER largest{}, written{};
-             EXPECT_EQ(saving->GetSizeMax(&largest), S_OK);
-             EXPECT_EQ(saving->Save(stream.get(), TRUE), S_OK);
-             stream->Seek({}, STREAM_SEEK_CUR, &written);
-             EXPECT_LE(written.QuadPart, largest.QuadPart);
-             stream->Write("next", 4, nullptr);  // whatever follows is left for the container
-             stream->Seek({}, STREAM_SEEK_SET, nullptr);
-             EXPECT_EQ(ComPtr<IUnknown>(to).query<IPersistStreamInit>()->Load(stream.get()), S_OK);
-             char next[5] = "";
-             stream->Read(next, 4, nullptr);
-             EXPECT_STREQ(next, "next");
-         }},
-        {"storage",
-         [](IUnknown* from, IUnknown* to) {
-             const ComPtr<IStorage> storage = newStorage();
-             const auto saving = ComPtr<IUnknown>(from).query<IPersistStorage>();
-             EXPECT_EQ(saving->Save(storage.get(), FALSE), S_OK);
-             EXPECT_EQ(saving->SaveCompleted(storage.get()), S_OK);
-             CLSID stored{}, own{};
-             EXPECT_EQ(ReadClassStg(storage.get(), &stored), S_OK);
-             EXPECT_EQ(saving->GetClassID(&own), S_OK);
-             EXPECT_EQ(stored, own);
-             EXPECT_EQ(ComPtr<IUnknown>(to).query<IPersistStorage>()->Load(storage.get()), S_OK);
-         }},
-    };
-    return all;
+void throughStream(IUnknown* from, IUnknown* to) {
+    const auto stream = streamOf("");
+    const auto saving = query<IPersistStreamInit>(from);
+    ULARGE_INTEGER largest{}, written{};
+    EXPECT_EQ(saving->GetSizeMax(&largest), S_OK);
+    EXPECT_EQ(saving->Save(stream.get(), TRUE), S_OK);
+    stream->Seek({}, STREAM_SEEK_CUR, &written);
+    EXPECT_LE(written.QuadPart, largest.QuadPart);
+    stream->Write("next", 4, nullptr);  // whatever follows is left for the container
+    stream->Seek({}, STREAM_SEEK_SET, nullptr);
+    EXPECT_EQ(query<IPersistStreamInit>(to)->Load(stream.get()), S_OK);
+    char next[5] = "";
+    stream->Read(next, 4, nullptr);
+    EXPECT_STREQ(next, "next");
+}
+
+void throughStorage(IUnknown* from, IUnknown* to) {
+    const ComPtr<IStorage> storage = newStorage();
+    const auto saving = query<IPersistStorage>(from);
+    EXPECT_EQ(saving->Save(storage.get(), FALSE), S_OK);
+    EXPECT_EQ(saving->SaveCompleted(storage.get()), S_OK);
+    CLSID stored{}, own{};
+    EXPECT_EQ(ReadClassStg(storage.get(), &stored), S_OK);
+    EXPECT_EQ(saving->GetClassID(&own), S_OK);
+    EXPECT_EQ(stored, own);
+    EXPECT_EQ(query<IPersistStorage>(to)->Load(storage.get()), S_OK);
 }
 
 class ServerPersistence : public testing::Test {
 protected:
+    using Way = void (*)(IUnknown* from, IUnknown* to);
+
     ComPtr<IUnknown> loadedFrom(PropertyBagText& bag) {
         auto control = server.create(L"UpDownTextBox");
         EXPECT_EQ(control.query<IPersistPropertyBag>()->Load(&bag, &bag), S_OK);
+        return control;
+    }
+    ComPtr<IUnknown> placed(const std::wstring& name) {
+        auto control = server.create(name);
+        EXPECT_EQ(control.query<IPersistStreamInit>()->InitNew(), S_OK);
         return control;
     }
     LoadedServer server;
 };
 
 TEST_F(ServerPersistence, EveryPropertyComesBackByEveryWay) {
-    for (const std::wstring& name : serverClasses()) {
-        for (const Way& way : ways()) {
-            const auto from = server.create(name), to = server.create(name);
-            from.query<IPersistStreamInit>()->InitNew();
+    for (const Way way : {throughBag, throughStream, throughStorage}) {
+        withEachControl([&](const ComPtr<IUnknown>& to, const std::wstring& name) {
+            const auto from = placed(name);
             changeEverything(from.get());
-            way.carry(from.get(), to.get());
-            EXPECT_EQ(stateOf(to.get()), stateOf(from.get()))
-                << container::toUtf8(name) << " by " << way.name;
-            EXPECT_EQ(from.query<IPersistStreamInit>()->IsDirty(), S_FALSE) << way.name;
-            EXPECT_EQ(to.query<IPersistStreamInit>()->IsDirty(), S_FALSE) << way.name;
-        }
+            way(from.get(), to.get());
+            EXPECT_EQ(stateOf(to.get()), stateOf(from.get()));
+            for (const auto& control : {from, to})
+                EXPECT_EQ(control.query<IPersistStreamInit>()->IsDirty(), S_FALSE);
+        });
     }
 }
 
 // Text bags are left out: some systems cannot load a picture from the bytes that they wrote themselves.
 TEST_F(ServerPersistence, PicturesComeBackFromStreamsAndStorages) {
-    for (const Way& way : ways()) {
-        if (way.name == std::string("bag")) continue;
-        const auto from = server.create(L"ButtonPalette"), to = server.create(L"ButtonPalette");
-        from.query<IPersistStreamInit>()->InitNew();
-        EXPECT_EQ(Dispatch(from.get()).put(L"Picture", makePicture(12, 7).query<IDispatch>().get()), S_OK);
-        EXPECT_EQ(stateOf(from.get())[L"Picture"], L"318 by 185 of type 1");
-        way.carry(from.get(), to.get());
-        EXPECT_EQ(stateOf(to.get()), stateOf(from.get())) << way.name;
+    PICTDESC description{};
+    description.cbSizeofstruct = sizeof description;
+    description.picType = PICTYPE_BITMAP;
+    description.bmp.hbitmap = CreateBitmap(12, 7, 1, 24, nullptr);
+    ComPtr<IDispatch> picture;
+    ASSERT_EQ(OleCreatePictureIndirect(&description, IID_IDispatch, TRUE, picture.putVoid()), S_OK);
+    for (const Way way : {throughStream, throughStorage}) {
+        const auto from = placed(L"ButtonPalette"), to = server.create(L"ButtonPalette");
+        EXPECT_EQ(Dispatch(from.get()).put(L"Picture", picture.get()), S_OK);
+        EXPECT_EQ(stateOf(from.get())[L"Picture"], L"318 by 185");
+        way(from.get(), to.get());
+        EXPECT_EQ(stateOf(to.get()), stateOf(from.get()));
     }
 }
 
@@ -223,16 +179,12 @@ TEST_F(ServerPersistence, ACopyIsSavedWithoutTheDefaultsAndLeavesTheControlUnsav
 
 // Some containers never say that a control is new.
 TEST_F(ServerPersistence, AControlThatNobodyPlacedIsPlacedByItsFirstUse) {
-    for (const std::wstring& name : serverClasses()) {
-        const auto placed = server.create(name), used = server.create(name);
-        placed.query<IPersistStreamInit>()->InitNew();
-        EXPECT_EQ(stateOf(used.get()), stateOf(placed.get())) << container::toUtf8(name);
-        SIZEL wanted{}, found{};
-        placed.query<IOleObject>()->GetExtent(DVASPECT_CONTENT, &wanted);
-        used.query<IOleObject>()->GetExtent(DVASPECT_CONTENT, &found);
-        EXPECT_EQ(std::pair(found.cx, found.cy), std::pair(wanted.cx, wanted.cy)) << container::toUtf8(name);
-        EXPECT_EQ(used.query<IPersistStreamInit>()->IsDirty(), S_FALSE) << container::toUtf8(name);
-    }
+    withEachControl([this](const ComPtr<IUnknown>& used, const std::wstring& name) {
+        const auto wanted = placed(name);
+        EXPECT_EQ(stateOf(used.get()), stateOf(wanted.get()));
+        EXPECT_EQ(extentOf(used.get()), extentOf(wanted.get()));
+        EXPECT_EQ(used.query<IPersistStreamInit>()->IsDirty(), S_FALSE);
+    });
 }
 
 TEST_F(ServerPersistence, AStoredValueThatNothingHereHoldsLeavesWhatIsThere) {
@@ -249,65 +201,52 @@ TEST_F(ServerPersistence, AStoredValueThatNothingHereHoldsLeavesWhatIsThere) {
 TEST_F(ServerPersistence, DamagedStreamsDoNoHarm) {
     const auto source = server.create(L"UpDownTextBox");
     changeEverything(source.get());
-    ComPtr<IStream> stream;
-    CreateStreamOnHGlobal(nullptr, TRUE, stream.put());
+    const auto stream = streamOf("");
     source.query<IPersistStreamInit>()->Save(stream.get(), FALSE);
-    ULARGE_INTEGER end{};
-    stream->Seek({}, STREAM_SEEK_CUR, &end);
-    std::vector<char> good(static_cast<size_t>(end.QuadPart));
+    std::string good(100'000, '\0');
+    ULONG size = 0;
     stream->Seek({}, STREAM_SEEK_SET, nullptr);
-    stream->Read(good.data(), static_cast<ULONG>(good.size()), nullptr);
+    stream->Read(good.data(), static_cast<ULONG>(good.size()), &size);
+    good.resize(size);
 
-    const auto load = [&](const std::vector<char>& bytes) {
-        ComPtr<IStream> damaged;
-        CreateStreamOnHGlobal(nullptr, TRUE, damaged.put());
-        damaged->Write(bytes.data(), static_cast<ULONG>(bytes.size()), nullptr);
-        damaged->Seek({}, STREAM_SEEK_SET, nullptr);
+    const auto load = [&](const std::string& bytes) {
         const auto control = server.create(L"UpDownTextBox");
-        const HRESULT result = control.query<IPersistStreamInit>()->Load(damaged.get());
+        const HRESULT result = control.query<IPersistStreamInit>()->Load(streamOf(bytes).get());
         EXPECT_FALSE(stateOf(control.get()).empty());
         return result;
     };
     EXPECT_EQ(load(good), S_OK);
     for (size_t length = 0; length < good.size(); ++length)
-        EXPECT_TRUE(FAILED(load({good.begin(), good.begin() + static_cast<ptrdiff_t>(length)}))) << length;
+        EXPECT_TRUE(FAILED(load(good.substr(0, length)))) << length;
     // Bytes behind the length are the container's no more; damaged ones there give defaults.
-    auto damagedInside = good;
+    std::string damagedInside = good, huge = good;
     damagedInside[sizeof(uint32_t)] = 'x';
     EXPECT_EQ(load(damagedInside), S_OK);
-    auto huge = good;
     huge[3] = 0x7F;
     EXPECT_TRUE(FAILED(load(huge))) << "a length of two thousand million";
 }
 
 TEST_F(ServerPersistence, TheAmbientFontIsTheDefaultAndIsFollowed) {
-    StoredFont first, second;
-    first.name = L"Courier New";
-    first.size = 12;
-    second = first;
-    second.size = 20;
+    const auto first = container::makeFont({.name = L"Courier New", .size = 12});
+    const auto second = container::makeFont({.name = L"Courier New", .size = 20});
     for (const auto order : {container::SiteOrder::beforeState, container::SiteOrder::afterState}) {
+        SCOPED_TRACE(static_cast<int>(order));
         TestWindow window;
         container::ControlForm form(window.handle());
-        container::SiteSettings settings;
-        settings.order = order;
-        container::ControlSite site(form, settings);
-        site.ambients().set(DISPID_AMBIENT_FONT, container::makeFont(first).get());
-        const ComPtr<container::PropertyBagText> empty = new container::PropertyBagText;
+        container::ControlSite site(form, {L"", order});
+        site.ambients().set(DISPID_AMBIENT_FONT, first.get());
+        const ComPtr<PropertyBagText> empty(new PropertyBagText);
         ASSERT_EQ(site.adopt(server.create(L"UpDownTextBox"), {empty.get()}), S_OK);
-        const auto shown = [&] {
-            const auto font = container::describeFont(site.object().value(L"Font").toObject().get());
-            return font ? font->size : 0;
-        };
-        EXPECT_NEAR(shown(), 12, 0.5) << static_cast<int>(order);
-        site.setAmbient(DISPID_AMBIENT_FONT, container::makeFont(second).get());
-        EXPECT_NEAR(shown(), 20, 0.5) << static_cast<int>(order);
-        const auto stream = site.query<IPersistStreamInit>();
-        EXPECT_EQ(stream->IsDirty(), S_FALSE) << "following the container changes no document";
+        const auto shown = [&] { return Dispatch(site.object().value(L"Font").toObject().get()); };
+        EXPECT_NEAR(container::describeFont(shown().get())->size, 12, 0.5);
+        site.setAmbient(DISPID_AMBIENT_FONT, second.get());
+        EXPECT_NEAR(container::describeFont(shown().get())->size, 20, 0.5);
+        EXPECT_EQ(site.query<IPersistStreamInit>()->IsDirty(), S_FALSE)
+            << "following the container changes no document";
         // Changed in place it is the control's own.
-        container::Dispatch(site.object().value(L"Font").toObject().get()).put(L"Size", 15.0);
-        site.setAmbient(DISPID_AMBIENT_FONT, container::makeFont(first).get());
-        EXPECT_NEAR(shown(), 15, 1) << static_cast<int>(order);
+        shown().put(L"Size", 15.0);
+        site.setAmbient(DISPID_AMBIENT_FONT, first.get());
+        EXPECT_NEAR(container::describeFont(shown().get())->size, 15, 1);
     }
 }
 

@@ -2,49 +2,72 @@
 
 #include <cstdio>
 
-#include "container/text.h"
-
 #include <algorithm>
+#include <map>
+#include <ranges>
 
 namespace obk::testing_support {
 
-std::wstring serverFile() {
-    std::wstring file = L"Z:" + container::fromUtf8(OBK_DIST_DIR) + L"\\OBKCTRLS.ocx";
-    std::replace(file.begin(), file.end(), L'/', L'\\');
-    return file;
-}
-
-ComPtr<ITypeLib> serverTypes() {
-    ComPtr<ITypeLib> types;
-    EXPECT_EQ(LoadTypeLibEx(serverFile().c_str(), REGKIND_NONE, types.put()), S_OK);
-    return types;
-}
-
-ComPtr<ITypeInfo> serverType(const std::wstring& name) {
-    const auto types = serverTypes();
-    ComPtr<ITypeInfo> result;
-    for (UINT at = 0; types && at < types->GetTypeInfoCount(); ++at) {
-        Bstr found;
-        types->GetDocumentation(static_cast<int>(at), found.put(), nullptr, nullptr, nullptr);
-        if (found.view() == name) types->GetTypeInfo(at, result.put());
-    }
+std::wstring windowsPath(const std::string& path) {
+    std::wstring result = L"Z:" + container::fromUtf8(path);
+    std::replace(result.begin(), result.end(), L'/', L'\\');
     return result;
 }
 
-const std::vector<std::wstring>& serverClasses() {
-    static const std::vector<std::wstring> classes = [] {
-        std::vector<std::wstring> names;
-        const auto types = serverTypes();
+std::wstring serverFile() {
+    return windowsPath(OBK_DIST_DIR "/OBKCTRLS.ocx");
+}
+
+std::wstring typeName(ITypeInfo* type) {
+    Bstr name;
+    type->GetDocumentation(MEMBERID_NIL, name.put(), nullptr, nullptr, nullptr);
+    return name.text();
+}
+
+GUID typeId(ITypeInfo* type) {
+    TYPEATTR* attributes = nullptr;
+    EXPECT_EQ(type->GetTypeAttr(&attributes), S_OK);
+    const GUID id = attributes->guid;
+    type->ReleaseTypeAttr(attributes);
+    return id;
+}
+
+namespace {
+
+// The classes of the server's type library by their names.
+const std::map<std::wstring, CLSID>& classIds() {
+    static const std::map<std::wstring, CLSID> ids = [] {
+        std::map<std::wstring, CLSID> found;
+        ComPtr<ITypeLib> types;
+        EXPECT_EQ(LoadTypeLibEx(serverFile().c_str(), REGKIND_NONE, types.put()), S_OK);
         for (UINT at = 0; types && at < types->GetTypeInfoCount(); ++at) {
             TYPEKIND kind{};
+            ComPtr<ITypeInfo> type;
             types->GetTypeInfoType(at, &kind);
-            Bstr name;
-            types->GetDocumentation(static_cast<int>(at), name.put(), nullptr, nullptr, nullptr);
-            if (kind == TKIND_COCLASS) names.push_back(name.text());
+            types->GetTypeInfo(at, type.put());
+            if (kind == TKIND_COCLASS) found[typeName(type.get())] = typeId(type.get());
         }
-        return names;
+        return found;
     }();
-    return classes;
+    return ids;
+}
+
+}  // namespace
+
+const std::vector<std::wstring>& serverClasses() {
+    static const auto keys = std::views::keys(classIds());
+    static const std::vector<std::wstring> names(keys.begin(), keys.end());
+    return names;
+}
+
+std::pair<LONG, LONG> extentOf(IUnknown* control) {
+    SIZEL size{};
+    query<IOleObject>(control)->GetExtent(DVASPECT_CONTENT, &size);
+    return {size.cx, size.cy};
+}
+
+HRESULT setExtent(IUnknown* control, SIZEL size) {
+    return query<IOleObject>(control)->SetExtent(DVASPECT_CONTENT, &size);
 }
 
 LoadedServer::LoadedServer() : module_(LoadLibraryW(serverFile().c_str())) {
@@ -56,20 +79,16 @@ LoadedServer::~LoadedServer() {
 }
 
 bool LoadedServer::canUnload() const {
-    using CanUnload = HRESULT(WINAPI*)();
-    const auto function = reinterpret_cast<CanUnload>(GetProcAddress(module_, "DllCanUnloadNow"));
-    return function && function() == S_OK;
+    return call("DllCanUnloadNow") == S_OK;
 }
 
 ComPtr<IClassFactory> LoadedServer::factory(const std::wstring& className) const {
-    using GetClassObject = HRESULT(WINAPI*)(REFCLSID, REFIID, void**);
-    const auto function = reinterpret_cast<GetClassObject>(GetProcAddress(module_, "DllGetClassObject"));
-    const auto type = serverType(className);
     ComPtr<IClassFactory> factory;
-    TYPEATTR* attributes = nullptr;
-    if (!function || !type || FAILED(type->GetTypeAttr(&attributes))) return factory;
-    EXPECT_EQ(function(attributes->guid, __uuidof(IClassFactory), factory.putVoid()), S_OK);
-    type->ReleaseTypeAttr(attributes);
+    const auto id = classIds().find(className);
+    if (id == classIds().end()) return factory;
+    EXPECT_EQ((call<REFCLSID, REFIID, void**>("DllGetClassObject", id->second, __uuidof(IClassFactory),
+                                              factory.putVoid())),
+              S_OK);
     return factory;
 }
 
@@ -79,11 +98,6 @@ ComPtr<IUnknown> LoadedServer::create(const std::wstring& className) const {
         EXPECT_EQ(maker->CreateInstance(nullptr, __uuidof(IUnknown), object.putVoid()), S_OK);
     }
     return object;
-}
-
-HRESULT RegisteredServer::call(const char* name) const {
-    using Function = HRESULT(WINAPI*)();
-    return reinterpret_cast<Function>(GetProcAddress(server_.module(), name))();
 }
 
 std::wstring temporaryFile(const std::wstring& name) {
@@ -118,6 +132,10 @@ std::wstring HostedControl::takeEvents() {
     }
     site.events().clearJournal();
     return names;
+}
+
+ptrdiff_t HostedControl::takeCalls(const char* name) {
+    return static_cast<ptrdiff_t>(std::erase(site.siteCalls(), name));
 }
 
 void HostedControl::activate(RECT bounds) {

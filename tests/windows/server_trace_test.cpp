@@ -6,9 +6,8 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
+#include <optional>
 #include <regex>
-#include <sstream>
 
 namespace obk {
 namespace {
@@ -23,13 +22,7 @@ protected:
         DeleteFileW(file_.c_str());
     }
     static void trace(const wchar_t* to) { SetEnvironmentVariableW(L"OBKCTRLS_TRACE", to); }
-    bool written() const { return GetFileAttributesW(file_.c_str()) != INVALID_FILE_ATTRIBUTES; }
-    std::string bytes() const {
-        std::ifstream file(container::toUtf8(file_), std::ios::binary);
-        std::ostringstream all;
-        all << file.rdbuf();
-        return all.str();
-    }
+    std::optional<std::string> written() const { return container::readFile(file_); }
     // Every kind of mistake that a host can make.
     static void makeMistakes() {
         {
@@ -64,7 +57,7 @@ protected:
 TEST_F(ServerTraceTest, EachThingThatWasLeftUndoneIsALine) {
     trace(file_.c_str());
     makeMistakes();
-    const std::string all = bytes();
+    const std::string all = written().value_or("");
     const std::string time = "(^|\n)[0-9]{4}-[0-9]{2}-[0-9]{2} [0-9]{2}:[0-9]{2}:[0-9]{2}\\.[0-9]{3} ";
     for (
         const char* line : {
