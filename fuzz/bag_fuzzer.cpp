@@ -7,6 +7,8 @@
 #include "platform/headless/headless_platform.h"
 #include "platform/headless/recording_canvas.h"
 
+#include <algorithm>
+
 namespace obk::fuzz {
 namespace {
 
@@ -34,20 +36,16 @@ MemoryBag savedBy(const Control& control) {
     return bag;
 }
 
-// A value that is written otherwise than it is read need not come back.
-bool comesBack(const ControlTable& table, TextView key) {
-    for (const PersistedValue& row : table.persisted) {
-        if (row.writeKey == key)
-            return row.readKey == row.writeKey && row.readDefault.index() == row.writeDefault.index();
-    }
-    return true;
-}
-
+// Without the values that are written otherwise than they are read, which need not come back.
 std::vector<std::byte> lastingBytes(const Control& control) {
     MemoryBag lasting;
+    const auto& rows = control.table().persisted;
     const MemoryBag bag = savedBy(control);
     for (const auto& [key, value] : bag.entries()) {
-        if (comesBack(control.table(), key)) lasting.write(key, value);
+        const auto row = std::ranges::find(rows, key, &PersistedValue::writeKey);
+        if (row == rows.end() ||
+            (row->readKey == row->writeKey && row->readDefault.index() == row->writeDefault.index()))
+            lasting.write(key, value);
     }
     return lasting.serialized();
 }
@@ -66,8 +64,8 @@ void run(FuzzedDataProvider& input) {
     first->load(*bag);
     for (const Member& member : table.members) {
         Value value;
-        if (!member.get) continue;
-        require(getProperty(*first, member, value) == CallStatus::done && typeOf(value) == member.type,
+        require(!member.get ||
+                    (getProperty(*first, member, value) == CallStatus::done && typeOf(value) == member.type),
                 "properties have their declared types");
     }
     // What is loaded shows, too.

@@ -44,13 +44,10 @@ private:
     }
     FontRef ambientFont() override { return ambientFont_; }
     void requestSize(Twips width, Twips height) override {
-        const auto held = control_;
-        if (!held) return;
-        const Dpi dpi = held->root().dpi();
-        if (below(2) == 0)
-            held->setBounds({0, 0, dpi.toPixels(width), dpi.toPixels(height)});
-        else
-            hear("size");
+        if (!control_) return;
+        const Dpi dpi = control_->root().dpi();
+        if (below(2) != 0) return hear("size");
+        held()->setBounds({0, 0, dpi.toPixels(width), dpi.toPixels(height)});
     }
     bool offerToContainer(const KeyEvent& event) override {
         hear("key");
@@ -90,30 +87,26 @@ private:
     }
 
     void check() {
-        for (const NativeWindow id : platform_.windows()) {
-            headless::HeadlessSurface* const surface = platform_.surface(id);
-            if (!surface || !surface->visible() || !control_) continue;
-            surface->paint();
-            if (surface->kind() == SurfacePlacement::Kind::panel &&
+        test::eachShown(platform_, [this](headless::HeadlessSurface& surface) {
+            surface.paint();
+            if (surface.kind() == SurfacePlacement::Kind::panel &&
                 dynamic_cast<DateCalendar*>(control_.get())) {
-                const size_t days = test::partsOf(*surface, Role::listItem).size();
-                const std::vector<AccessibleItem> years = test::partsOf(*surface, Role::spinner);
+                const size_t days = test::partsOf(surface, Role::listItem).size();
+                const std::vector<AccessibleItem> years = test::partsOf(surface, Role::spinner);
                 require(years.size() == 1, "there is a year");
                 // What is typed into the year is none at first.
-                if (yearFromText(years[0].value))
-                    require(days >= 28 && days <= 31, "a month is shown");
-                else
-                    require(days == 0, "without a year there are no days");
+                const bool year = yearFromText(years[0].value).has_value();
+                require(year ? days >= 28 && days <= 31 : days == 0, "the days are those of a month, if any");
             }
             if (auto* const strip = dynamic_cast<PageTab*>(control_.get())) {
-                const std::vector<AccessibleItem> tabs = test::partsOf(*surface, Role::pageTab);
+                const std::vector<AccessibleItem> tabs = test::partsOf(surface, Role::pageTab);
                 const auto active = static_cast<size_t>(strip->ActiveTab());
                 require(active <= tabs.size(), "the active tab exists");
                 for (size_t at = 0; at < tabs.size(); ++at)
                     require(tabs[at].is(AccessibleItem::selected) == (at + 1 == active),
                             "the active tab is the selected one");
             }
-        }
+        });
     }
 
     FuzzedDataProvider& input_;

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <limits>
 
 namespace obk::test {
 namespace {
@@ -15,7 +14,7 @@ MemoryBag fullBag() {
     bag.write(u"boolean", true);
     bag.write(u"byte", uint8_t{200});
     bag.write(u"integer", int16_t{-32768});
-    bag.write(u"long", std::numeric_limits<int32_t>::min());
+    bag.write(u"long", INT32_MIN);
     bag.write(u"single", -0.1f);
     bag.write(u"double", 1e-310);
     bag.write(u"text", Text(u"a\0\xD83D\xFFFF", 4));
@@ -34,9 +33,9 @@ TEST(MemoryBagTest, BytesGiveEveryValueBackInItsOrder) {
     const auto parsed = MemoryBag::parsed(bag.serialized());
     ASSERT_TRUE(parsed);
     ASSERT_EQ(parsed->entries().size(), bag.entries().size());
-    for (size_t at = 0; at < bag.entries().size(); ++at) {
-        const auto& [key, value] = bag.entries()[at];
-        const auto& [otherKey, other] = parsed->entries()[at];
+    auto next = parsed->entries().begin();
+    for (const auto& [key, value] : bag.entries()) {
+        const auto& [otherKey, other] = *next++;
         EXPECT_EQ(otherKey, key);
         ASSERT_EQ(other.index(), value.index()) << toUtf8(key);
         if (const auto* font = std::get_if<FontRef>(&value); font && *font) {
@@ -87,8 +86,7 @@ TEST(MemoryBagTest, AFlippedBitGivesNothingOrAWholeBag) {
 }
 
 TEST(MemoryBagTest, AFontOfAnImpossibleSizeIsMissingAndTheRestIsRead) {
-    constexpr double infinity = std::numeric_limits<double>::infinity();
-    for (const double size : {0.0, -8.25, 8193.0, infinity, std::nan("")}) {
+    for (const double size : {0.0, -8.25, 8193.0, HUGE_VAL, std::nan("")}) {
         MemoryBag bag;
         bag.write(u"before", 1);
         bag.write(u"Font", std::make_shared<SharedFont>(FontDescription{u"Arial", size}));
@@ -111,9 +109,8 @@ TEST(MemoryBagTest, ClaimsBeyondTheBytesAreNotBelieved) {
             std::vector<std::byte> damaged = bytes;
             std::fill_n(damaged.begin() + static_cast<ptrdiff_t>(at), 3, std::byte{0xFF});
             damaged[at + 3] = static_cast<std::byte>(high);
-            if (const auto parsed = MemoryBag::parsed(damaged)) {
-                EXPECT_LE(parsed->serialized().size(), bytes.size());
-            }
+            const auto parsed = MemoryBag::parsed(damaged);
+            EXPECT_TRUE(!parsed || parsed->serialized().size() <= bytes.size()) << at;
         }
     }
 }

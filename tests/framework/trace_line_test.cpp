@@ -5,6 +5,7 @@
 #include "support/control_fixture.h"
 #include "updown/up_down_text_box.h"
 
+#include <regex>
 #include <string>
 
 namespace obk::test {
@@ -21,35 +22,36 @@ protected:
     TraceLineTest() : before_(observeUndone(keepLine)) { lines.clear(); }
     ~TraceLineTest() override { observeUndone(before_); }
 
-    Journal told(TextView member, std::vector<Value> arguments = {}) {
+    // The first line about a call of a grid's.
+    std::string told(TextView member, std::vector<Value> arguments) {
         const AtWork work(*control, member);
+        lines.clear();
         call(member, std::move(arguments));
-        return std::exchange(lines, {});
+        const std::string whose = "now GridEdit grdOrders ";
+        if (lines.empty() || !lines[0].starts_with(whose)) return lines.empty() ? "nothing" : lines[0];
+        return lines[0].substr(whose.size());
     }
 
 private:
+    void SetUp() override { place(UpDownTextBox::memberTable()); }
+
     UndoneObserver before_;
 };
 
 TEST_F(TraceLineTest, SaysWhatAGridDoesNotHave) {
     place(GridEdit::memberTable());
     host.givenName = u"grdOrders";
-    EXPECT_EQ(told(u"CellTextSet", {9, 0, Text(u"x")}),
-              (Journal{"now GridEdit grdOrders CellTextSet: row 9 refused, there are 2"}));
-    EXPECT_EQ(told(u"CellTextRead", {0, -1}),
-              (Journal{"now GridEdit grdOrders CellTextRead: column -1 refused, there are 2"}));
-    EXPECT_EQ(told(u"ColWidth", {5, 1000.0}),
-              (Journal{"now GridEdit grdOrders ColWidth: column 5 refused, there are 2"}));
-    EXPECT_EQ(told(u"RowDel", {7}), (Journal{"now GridEdit grdOrders RowDel: row 7 refused, there are 2"}));
-    EXPECT_EQ(told(u"CellSetIcon", {0, 0, Text(u"no icon")}),
-              (Journal{"now GridEdit grdOrders CellSetIcon: no icon is named \"no icon\""}));
-    EXPECT_EQ(told(u"CellTextSet", {0, 0, Text(u"x")}), Journal{});
-    EXPECT_EQ(told(u"GridLoad", {Text(u"C:\\no\nfile")}).front(),
-              "now GridEdit grdOrders GridLoad: the file \"C:\\no file\" was not opened, there is none");
+    EXPECT_EQ(told(u"CellTextSet", {9, 0, Text(u"x")}), "CellTextSet: row 9 refused, there are 2");
+    EXPECT_EQ(told(u"CellTextRead", {0, -1}), "CellTextRead: column -1 refused, there are 2");
+    EXPECT_EQ(told(u"ColWidth", {5, 1000.0}), "ColWidth: column 5 refused, there are 2");
+    EXPECT_EQ(told(u"RowDel", {7}), "RowDel: row 7 refused, there are 2");
+    EXPECT_EQ(told(u"CellSetIcon", {0, 0, Text(u"no icon")}), "CellSetIcon: no icon is named \"no icon\"");
+    EXPECT_EQ(told(u"CellTextSet", {0, 0, Text(u"x")}), "nothing");
+    EXPECT_EQ(told(u"GridLoad", {Text(u"C:\\no\nfile")}),
+              "GridLoad: the file \"C:\\no file\" was not opened, there is none");
 }
 
 TEST_F(TraceLineTest, SaysWhichValuesWereRefused) {
-    place(UpDownTextBox::memberTable());
     put(u"BorderStyle", 7);
     EXPECT_EQ(std::exchange(lines, {}), (Journal{"now - - -: the value refused, 7 came, 0 or 1 is wanted"}));
     MemoryBag bag;
@@ -65,7 +67,6 @@ TEST_F(TraceLineTest, SaysWhichValuesWereRefused) {
 }
 
 TEST_F(TraceLineTest, SaysWhichStatementWasSkippedAndKnowsWhoIsAtWork) {
-    place(UpDownTextBox::memberTable());
     activate();
     control->focus();
     host.on["DownClick"] = [](std::span<Value>) { throw StatementFailed("the host's"); };
@@ -73,9 +74,9 @@ TEST_F(TraceLineTest, SaysWhichStatementWasSkippedAndKnowsWhoIsAtWork) {
     platform.pressKey(key::up);
     observeSkipped(before);
     ASSERT_EQ(lines.size(), 1u);
-    EXPECT_EQ(lines[0].find("now UpDownTextBox - -: a statement was skipped at "), 0u) << lines[0];
-    EXPECT_NE(lines[0].find("up_down_text_box.cpp:"), std::string::npos) << lines[0];
-    EXPECT_NE(lines[0].find(", the host's"), std::string::npos) << lines[0];
+    const std::regex line(
+        "now UpDownTextBox - -: a statement was skipped at .*up_down_text_box.cpp:.*, the host's.*");
+    EXPECT_TRUE(std::regex_match(lines[0], line)) << lines[0];
 }
 
 TEST_F(TraceLineTest, AHostThatErrsWhileItIsAskedForTheNameIsNotAskedAgain) {
@@ -85,7 +86,6 @@ TEST_F(TraceLineTest, AHostThatErrsWhileItIsAskedForTheNameIsNotAskedAgain) {
             return u"outer";
         }
     } erring;
-    place(UpDownTextBox::memberTable());
     control->setHost(&erring);
     const AtWork work(*control, u"Font");
     tellUndone({.kind = LeftUndone::Kind::font, .subject = u"Nada"});
@@ -95,7 +95,6 @@ TEST_F(TraceLineTest, AHostThatErrsWhileItIsAskedForTheNameIsNotAskedAgain) {
 }
 
 TEST_F(TraceLineTest, ANestedControlGivesThePlaceBackToTheOneAround) {
-    place(UpDownTextBox::memberTable());
     const auto inner = GridEdit::memberTable().create(platform);
     const AtWork outer(*control, u"Outer");
     { const AtWork work(*inner, u"Inner"); }

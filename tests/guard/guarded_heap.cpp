@@ -14,6 +14,7 @@
 #include <cstdint>
 #include <cstdio>
 #include <new>
+#include <utility>
 
 namespace {
 
@@ -45,13 +46,11 @@ struct alignas(alignment) Mark {
 };
 constexpr size_t tail = alignment;
 
-[[noreturn]] void found(const char* what) {
+void check(bool holds, const char* what) {
+    if (holds) return;
     std::fprintf(stderr, "HEAP: %s\n", what);
     std::fflush(stderr);
     __builtin_trap();
-}
-void check(bool holds, const char* what) {
-    if (!holds) found(what);
 }
 bool isAll(const uint8_t* from, const uint8_t* to, uint8_t value) {
     return std::all_of(from, to, [value](uint8_t byte) { return byte == value; });
@@ -64,7 +63,8 @@ public:
         void* block = guarded(size, kind);
         ReleaseSRWLockExclusive(&lock_);
         if (!block) block = marked(size, kind);
-        if (block) InterlockedIncrement(&blocksNow_);
+        if (!block) throw std::bad_alloc();
+        InterlockedIncrement(&blocksNow_);
         return block;
     }
     int blocksNow() const { return static_cast<int>(blocksNow_); }
@@ -91,27 +91,24 @@ private:
     }
 
     bool ready() {
-        if (base_ || refused_) return base_;
+        if (std::exchange(asked_, true)) return base_;
         blocks_ = static_cast<Block*>(
             VirtualAlloc(nullptr, arenaPages * sizeof(Block), MEM_RESERVE | MEM_COMMIT, PAGE_READWRITE));
         if (blocks_)
             base_ = static_cast<uint8_t*>(
                 VirtualAlloc(nullptr, arenaPages * pageSize, MEM_RESERVE, PAGE_NOACCESS));
-        refused_ = !base_;
         return base_;
     }
     // Where `pages` are free, with one after them that stays so; arenaPages for nowhere.
     size_t place(size_t pages) {
-        for (int turn = 0; turn < 2; ++turn) {
+        for (int turn = 0; turn < 2; ++turn, next_ = 0) {
             for (size_t at = next_; at + pages < arenaPages;) {
-                const Block* const first = blocks_ + at;
-                const Block* const end = first + pages + 1;
+                Block* const end = blocks_ + at + pages + 1;
                 const Block* const used =
-                    std::find_if(first, end, [](const Block& block) { return block.pages != 0; });
+                    std::find_if(blocks_ + at, end, [](const Block& block) { return block.pages != 0; });
                 if (used == end) return at;
                 at = static_cast<size_t>(used - blocks_) + used->pages + 1;
             }
-            next_ = 0;
         }
         return arenaPages;
     }
@@ -180,7 +177,7 @@ private:
     size_t next_ = 0;
     uint32_t live_ = 0;   // guarded ones
     LONG blocksNow_ = 0;  // all
-    bool refused_ = false;
+    bool asked_ = false;
 };
 
 // Made before anything asks for memory. A server's is closed after everything else of it; a program's never
@@ -200,20 +197,11 @@ extern "C" __declspec(dllexport) int guardedBlocks() {
     return heap.blocksNow();
 }
 
-namespace {
-
-void* allocated(size_t size, Kind kind) {
-    if (void* const block = heap.allocate(size, kind)) return block;
-    throw std::bad_alloc();
-}
-
-}  // namespace
-
 void* operator new(size_t size) {
-    return allocated(size, Kind::object);
+    return heap.allocate(size, Kind::object);
 }
 void* operator new[](size_t size) {
-    return allocated(size, Kind::array);
+    return heap.allocate(size, Kind::array);
 }
 void operator delete(void* block) noexcept {
     heap.free(block, 0, Kind::object);

@@ -34,8 +34,28 @@ TEST_P(DropDownTest, EverythingThatTakesThePanelsPlaceHidesIt) {
         EXPECT_FALSE(open()) << name;
         EXPECT_EQ(platform.capture(), 0u) << name;
     }
-    call(u"ShowPopUp");
-    EXPECT_EQ(platform.windowCount(), 0u) << "without a place on the screen there is no panel";
+}
+
+TEST_P(DropDownTest, ThereIsNoPanelWithoutAPlaceAndAWindow) {
+    place(*library().control(GetParam()));
+    const auto opens = [this] {
+        call(u"ShowPopUp");
+        return open();
+    };
+    EXPECT_FALSE(opens());
+    EXPECT_EQ(platform.windowCount(), 0u);
+    control->window();  // parked: without a place on the screen
+    EXPECT_FALSE(opens());
+    activate({10, 20, 10, 20});
+    EXPECT_FALSE(opens()) << "nothing of the control shows";
+    activate({10, 20, 151, 41});
+    EXPECT_TRUE(opens());
+    control->deactivate();
+    EXPECT_EQ(platform.windowCount(), 0u);
+    activate({10, 20, 151, 41});
+    platform.refuseWindows(true);
+    EXPECT_FALSE(opens());
+    EXPECT_EQ(platform.capture(), 0u);
 }
 
 }  // namespace

@@ -1,12 +1,32 @@
-// What a screen reader finds on a surface.
+// What shows in a window system, and what a screen reader finds on a surface.
 #pragma once
 
+#include "platform/headless/headless_platform.h"
 #include "platform/headless/headless_surface.h"
 #include "widgets/accessible_tree.h"
 
 #include <vector>
 
 namespace obk::test {
+
+// Calls use(surface) with each that shows, in the order they were made.
+template <typename Use>
+void eachShown(const headless::HeadlessPlatform& platform, const Use& use) {
+    for (const NativeWindow id : platform.windows()) {
+        if (headless::HeadlessSurface* const surface = platform.surface(id); surface && surface->visible())
+            use(*surface);
+    }
+}
+
+// The panels that were opened, shown or not, in that order.
+inline std::vector<headless::HeadlessSurface*> panelsOf(const headless::HeadlessPlatform& platform) {
+    std::vector<headless::HeadlessSurface*> panels;
+    for (const NativeWindow id : platform.windows()) {
+        headless::HeadlessSurface* const surface = platform.surface(id);
+        if (surface && surface->kind() == SurfacePlacement::Kind::panel) panels.push_back(surface);
+    }
+    return panels;
+}
 
 inline const AccessibleTree& treeOf(const headless::HeadlessSurface& surface) {
     return *surface.surfaceClient().accessibleTree();
@@ -31,13 +51,12 @@ inline std::vector<AccessibleItem> everyItem(const headless::HeadlessSurface& su
 inline std::vector<AccessibleItem> shownItems(const headless::HeadlessSurface& surface) {
     std::vector<AccessibleItem> items;
     const AccessibleTree& tree = treeOf(surface);
-    std::vector<AccessibleId> left{tree.root()};
-    while (!left.empty()) {
+    for (std::vector<AccessibleId> left{tree.root()}; !left.empty();) {
         const AccessibleId id = left.back();
         left.pop_back();
         items.push_back(tree.item(id));
         if (items.back().is(AccessibleItem::offScreen)) continue;
-        for (AccessibleId at = tree.childInSight(id, 0, 1); at;
+        for (auto at = tree.childInSight(id, 0, 1); at;
              at = tree.childInSight(id, tree.indexInParent(at) + 1, 1))
             left.push_back(at);
     }

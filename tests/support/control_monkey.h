@@ -29,7 +29,7 @@ public:
         twoMonitors();
         platform_.answerMenu([this](std::span<const MenuItem> items, const PixelRect&) {
             hear("asking");
-            return std::optional(static_cast<size_t>(below(static_cast<int32_t>(items.size()) + 1)));
+            return std::optional(static_cast<size_t>(below(items.size() + 1)));
         });
         platform_.answerColour([this](const ColourQuestion&) {
             hear("asking");
@@ -78,26 +78,22 @@ public:
         control_->deactivate();
         control_.reset();
     }
-    void closeWindow() {
-        const auto held = control_;
-        held->deactivate();
-    }
+    void closeWindow() { held()->deactivate(); }
     void openAnotherWindow() {
         const auto held = control_;
         held->deactivate();
         if (control_ == held) held->activate(1, bounds);
     }
     void load() {
-        const auto held = control_;
         MemoryBag bag;
-        if (below(2) == 0) held->save(bag);
-        held->load(bag);
+        if (below(2) == 0) held()->save(bag);
+        held()->load(bag);
     }
     // Any member of the table, as hosts call it.
     void callMember() {
         const auto& members = table_.members;
         if (members.empty()) return;
-        const Member& member = members[static_cast<size_t>(below(static_cast<int32_t>(members.size())))];
+        const Member& member = members[static_cast<size_t>(below(members.size()))];
         std::vector<Value> arguments;
         for (const Parameter& parameter : member.parameters) arguments.push_back(argument(parameter.type));
         if (member.put) arguments = {argument(member.type)};
@@ -106,33 +102,28 @@ public:
             arguments[0] = std::min(toLong(arguments[0]).value_or(0), 60);
         call(member, arguments);
     }
-    // The call that is under way, once more. Whether there is one.
-    bool callAgain() {
-        if (!calling_) return false;
-        call(*calling_, arguments_);
-        return true;
+    // The call that is under way, if there is one, once more.
+    void callAgain() {
+        if (calling_) call(*calling_, arguments_);
     }
 
     // What shows is drawn anew, which leaves no point of it as it was.
     void paint() {
-        for (const NativeWindow id : platform_.windows()) {
-            headless::HeadlessSurface* const surface = platform_.surface(id);
-            if (!surface || !surface->visible()) continue;
-            const PixelRect all = surface->bounds().moved(-surface->bounds().left, -surface->bounds().top);
-            const auto width = static_cast<size_t>(std::clamp(all.width(), 0, 500));
-            std::vector<bool> covered(width * static_cast<size_t>(std::clamp(all.height(), 0, 500)));
-            surface->invalidate(all);
-            for (const headless::DrawnItem& item : surface->paint().items()) {
-                if (item.kind != headless::DrawnItem::Kind::fill) continue;
-                for (auto y = static_cast<size_t>(item.rect.top); y < static_cast<size_t>(item.rect.bottom);
-                     ++y)
-                    for (auto x = static_cast<size_t>(item.rect.left);
-                         x < std::min(width, static_cast<size_t>(item.rect.right)); ++x)
-                        if (y * width + x < covered.size()) covered[y * width + x] = true;
+        eachShown(platform_, [this](headless::HeadlessSurface& surface) {
+            const PixelRect all{0, 0, surface.bounds().width(), surface.bounds().height()};
+            const PixelRect seen = all.intersected({0, 0, 500, 500});
+            if (seen.empty()) return;
+            std::vector<bool> covered(static_cast<size_t>(seen.right * seen.bottom));
+            surface.invalidate(all);
+            for (const headless::DrawnItem& item : surface.paint().items()) {
+                const PixelRect rect = item.rect.intersected(seen);
+                if (item.kind != headless::DrawnItem::Kind::fill || rect.empty()) continue;
+                for (int32_t y = rect.top; y < rect.bottom; ++y)
+                    std::fill_n(covered.begin() + y * seen.right + rect.left, rect.width(), true);
             }
             if (std::find(covered.begin(), covered.end(), false) != covered.end())
                 broken_ = "a surface is painted whole";
-        }
+        });
     }
 
     // What does not hold though it must; null when all does.
@@ -148,19 +139,19 @@ protected:
     static constexpr PixelRect bounds{0, 0, 420, 200};
 
     int32_t below(int32_t limit) { return dice_(limit); }
+    int32_t below(size_t limit) { return below(static_cast<int32_t>(limit)); }
+    // Kept alive for as long as a statement calls it.
+    std::shared_ptr<Control> held() const { return control_; }
     template <typename T>
     T one(std::initializer_list<T> of) {
-        return *(of.begin() + below(static_cast<int32_t>(of.size())));
+        return *(of.begin() + below(of.size()));
     }
     // Gives a new control something to work on.
     virtual void prepare(Control&) {}
 
     void raise(const Member& event, std::span<Value> arguments) override {
-        for (size_t at = 0; at < event.parameters.size(); ++at) {
-            if (arguments.size() != event.parameters.size() ||
-                typeOf(arguments[at]) != event.parameters[at].type)
-                broken_ = "events have their declared arguments";
-        }
+        if (!std::ranges::equal(arguments, event.parameters, {}, typeOf, &Parameter::type))
+            broken_ = "events have their declared arguments";
         if (!hears && !arguments.empty() && below(20) == 0) arguments[0] = int16_t{0};
         hear(toUtf8(event.name));
     }
@@ -186,13 +177,10 @@ protected:
         if (++heard_ % (asksAlways ? 1 : 16) != 0) return;
         platform_.listen(true);
         platform_.takeHeard();
-        for (const NativeWindow id : platform_.windows()) {
-            const headless::HeadlessSurface* const surface = platform_.surface(id);
-            if (!surface || !surface->visible()) continue;
-            const AccessibleTree& tree = treeOf(*surface);
-            if (const AccessibleId focus = tree.focus(); focus && !tree.has(focus))
+        eachShown(platform_, [this](const headless::HeadlessSurface& surface) {
+            if (const AccessibleId focus = treeOf(surface).focus(); focus && !treeOf(surface).has(focus))
                 broken_ = "what has the focus is there";
-            for (const AccessibleItem& item : shownItems(*surface)) {
+            for (const AccessibleItem& item : shownItems(surface)) {
                 if (item.role == AccessibleItem::Role::none || trimmed(item.name).empty())
                     broken_ = "what shows has a role and a name";
                 if (item.is(AccessibleItem::disabled) &&
@@ -200,7 +188,7 @@ protected:
                     broken_ = "nothing is done with what is disabled";
                 if (item.position > item.setSize) broken_ = "a place in a set is in it";
             }
-        }
+        });
     }
     virtual Value argument(ValueType type) {
         switch (type) {
@@ -236,9 +224,8 @@ protected:
     void mouse() {
         using Kind = MouseEvent::Kind;
         NativeWindow window = control_->window();
-        for (const NativeWindow id : platform_.windows()) {
-            const headless::HeadlessSurface* const panel = platform_.surface(id);
-            if (panel && panel->kind() == SurfacePlacement::Kind::panel && panel->visible()) window = id;
+        for (const headless::HeadlessSurface* panel : panelsOf(platform_)) {
+            if (panel->visible()) window = panel->id();
         }
         const headless::HeadlessSurface* const surface = platform_.surface(window);
         if (!surface) return;
@@ -249,22 +236,16 @@ protected:
         if (below(4) == 0) at_.y = one({5, 15, area.height() - 17});
         const int16_t pressed = one({button::left, button::left, button::left, button::right});
         const auto state = static_cast<int16_t>(below(4) == 0 ? below(8) : 0);
-        switch (below(6)) {
-            case 0:
-                return platform_.wheel(window, {one({-120, 120, 30}), below(4) == 0, state, at_});
-            case 1:
-                platform_.drop(window, {std::make_shared<OpaqueObject>(), 7, button::left, state, at_});
-                return;
-            case 2:
-                return platform_.click(window, at_, pressed);
-            case 3:
-                platform_.click(window, at_, pressed);
-                return platform_.mouse(window, {Kind::doubleClick, pressed, state, at_});
-            default:
-                return platform_.mouse(
-                    window, {one({Kind::down, Kind::move, Kind::up, Kind::doubleClick, Kind::leave}), pressed,
-                             state, at_});
-        }
+        const int32_t what = below(6);
+        if (what == 0) return platform_.wheel(window, {one({-120, 120, 30}), below(4) == 0, state, at_});
+        if (what == 1)
+            return void(
+                platform_.drop(window, {std::make_shared<OpaqueObject>(), 7, button::left, state, at_}));
+        if (what < 4) platform_.click(window, at_, pressed);
+        if (what == 2) return;
+        const Kind kind = what == 3 ? Kind::doubleClick
+                                    : one({Kind::down, Kind::move, Kind::up, Kind::doubleClick, Kind::leave});
+        platform_.mouse(window, {kind, pressed, state, at_});
     }
 
     headless::HeadlessPlatform platform_;
@@ -300,45 +281,35 @@ private:
         platform_.setMonitors({{{0, 0, 500, 800}, Dpi(one({96, 144}))}, {{500, 0, 1280, 800}, Dpi(144)}},
                               one({Told::moved, Told::shown}));
     }
+    void moveOrSize() {
+        const int32_t left = one({0, 0, 300, 600});
+        const int32_t width = below(3) == 0 ? below(600) : bounds.right;
+        held()->setBounds({left, 0, left + width, bounds.bottom});
+    }
+    void turnAround() {
+        readsRightToLeft_ = below(2) == 0;
+        held()->setSize(held()->width(), held()->height());
+    }
     void surroundings() {
-        switch (below(14)) {
-            case 0: {
-                const auto held = control_;
-                const int32_t left = one({0, 0, 300, 600});
-                const int32_t width = below(3) == 0 ? below(600) : bounds.right;
-                return held->setBounds({left, 0, left + width, bounds.bottom});
-            }
-            case 10:
-                return twoMonitors();
-            case 11:
-                return platform_.moveHost();
-            case 12:
-                return platform_.pressHost();
-            case 13: {
-                const auto held = control_;
-                readsRightToLeft_ = below(2) == 0;
-                return held->setSize(held->width(), held->height());
-            }
-            case 1:
-                return platform_.setDpi(control_->window(), Dpi(one({96, 120, 144, 168, 192})));
-            case 2:
-                return platform_.setFocus(below(2) == 0 ? 0 : control_->window());
-            case 3:
-                designs_ = below(6) == 0;
-                return;
-            case 4:
-                return platform_.setClipboard(text());
-            case 5:
-                return platform_.advance(std::chrono::milliseconds(below(1200)));
-            case 6:
-                return platform_.stealCapture();
-            case 7:
-                return openAnotherWindow();
-            case 8:
-                return load();
-            default:
-                if (below(8) == 0) place();
-        }
+        const std::function<void()> ways[] = {
+            [this] { moveOrSize(); },
+            [this] {
+                platform_.setDpi(control_->window(), Dpi(one({96, 120, 144, 168, 192})));
+            },
+            [this] { platform_.setFocus(below(2) == 0 ? 0 : control_->window()); },
+            [this] { designs_ = below(6) == 0; },
+            [this] { platform_.setClipboard(text()); },
+            [this] { platform_.advance(std::chrono::milliseconds(below(1200))); },
+            [this] { platform_.stealCapture(); },
+            [this] { openAnotherWindow(); },
+            [this] { load(); },
+            [this] { below(8) == 0 ? place() : void(); },
+            [this] { twoMonitors(); },
+            [this] { platform_.moveHost(); },
+            [this] { platform_.pressHost(); },
+            [this] { turnAround(); },
+        };
+        ways[below(std::size(ways))]();
     }
 
     const ControlTable& table_;

@@ -1,38 +1,42 @@
 // Memory that ends when a test says so.
 #pragma once
 
+#include "base/scoped_value.h"
 #include "support/skipped_statements.h"
 
 #include <cstdint>
 
 namespace obk::test {
 
+// Of this thread. An allocation fails when it is limited and none is left.
+struct MemoryLimit {
+    bool limited = false, once = false, ended = false;
+    uint64_t left = 0;
+};
+constinit inline thread_local MemoryLimit memoryLimit;
+
 // While it lives, the allocation numbered `failing` (from 0) on this thread throws std::bad_alloc, and so do
 // all after it unless there is memory again. Statements that are skipped for that are announced.
 class FailingMemory {
 public:
     enum class Ends { forGood, once };
-    explicit FailingMemory(uint64_t failing, Ends ends = Ends::forGood);
+    explicit FailingMemory(uint64_t failing, Ends ends = Ends::forGood) {
+        memoryLimit = {.limited = true, .once = ends == Ends::once, .left = failing};
+    }
     FailingMemory(const FailingMemory&) = delete;
     FailingMemory& operator=(const FailingMemory&) = delete;
-    ~FailingMemory();
+    ~FailingMemory() { memoryLimit.limited = false; }
 
-    bool failed() const;
+    bool failed() const { return memoryLimit.ended; }
 
 private:
     AllowSkipped skipped_{SkippedStatement::Cause::memory};
 };
 
 // While it lives, there is memory again: for what a test itself has to say.
-class EnoughMemory {
+class EnoughMemory : ScopedValue<bool> {
 public:
-    EnoughMemory();
-    EnoughMemory(const EnoughMemory&) = delete;
-    EnoughMemory& operator=(const EnoughMemory&) = delete;
-    ~EnoughMemory();
-
-private:
-    bool limited_;
+    EnoughMemory() : ScopedValue(memoryLimit.limited, false) {}
 };
 
 // How many allocations of this program are alive.

@@ -3,24 +3,16 @@
 #include <atomic>
 #include <cstdlib>
 #include <new>
-#include <utility>
 
 namespace {
 
-thread_local bool limited = false;
-thread_local bool ended = false;
-thread_local bool once = false;
-thread_local uint64_t left = 0;
 std::atomic<int64_t> alive{0};
 
 void* allocated(std::size_t size) {
-    if (limited) {
-        if (left == 0) {
-            ended = true;
-            limited = !once;
-            throw std::bad_alloc();
-        }
-        --left;
+    auto& limit = obk::test::memoryLimit;
+    if (limit.limited && limit.left-- == 0) {
+        limit = {.limited = !limit.once, .once = limit.once, .ended = true};
+        throw std::bad_alloc();
     }
     void* const memory = std::malloc(size == 0 ? 1 : size);
     if (!memory) throw std::bad_alloc();
@@ -53,31 +45,6 @@ void operator delete[](void* memory, std::size_t) noexcept {
     release(memory);
 }
 
-namespace obk::test {
-
-int64_t liveAllocations() {
+int64_t obk::test::liveAllocations() {
     return alive;
 }
-
-FailingMemory::FailingMemory(uint64_t failing, Ends ends) {
-    once = ends == Ends::once;
-    left = failing;
-    ended = false;
-    limited = true;
-}
-
-FailingMemory::~FailingMemory() {
-    limited = false;
-}
-
-bool FailingMemory::failed() const {
-    return ended;
-}
-
-EnoughMemory::EnoughMemory() : limited_(std::exchange(limited, false)) {}
-
-EnoughMemory::~EnoughMemory() {
-    limited = limited_;
-}
-
-}  // namespace obk::test

@@ -60,9 +60,10 @@ private:
     }
 
     int32_t below(int32_t limit) { return dice_(limit); }
-    template <typename T>
-    T one(std::initializer_list<T> of) {
-        return *(of.begin() + below(static_cast<int32_t>(of.size())));
+    template <typename T, typename... Others>
+    T one(T first, Others... others) {
+        const T all[] = {first, static_cast<T>(others)...};
+        return all[below(1 + int32_t{sizeof...(others)})];
     }
     void reenter() {
         if (depth_ >= deepest) return;
@@ -76,20 +77,21 @@ private:
 
     // Mostly inside and in sight, sometimes anywhere.
     int32_t row() {
-        if (below(12) == 0) return one({INT32_MIN, -1, grid_.Rows() - 1, grid_.Rows(), INT32_MAX});
+        if (below(12) == 0) return one(INT32_MIN, -1, grid_.Rows() - 1, grid_.Rows(), INT32_MAX);
         const int64_t near = int64_t{std::max(grid_.TopRow(), 0)} + below(12) - 3;
         return static_cast<int32_t>(std::min<int64_t>(near, INT32_MAX));
     }
     int32_t col() {
-        return below(12) == 0 ? one({INT32_MIN, -1, grid_.Cols(), INT32_MAX}) : below(grid_.Cols());
+        return below(12) == 0 ? one(INT32_MIN, -1, grid_.Cols(), INT32_MAX) : below(grid_.Cols());
     }
-    CellAddress cell() { return below(2) == 0 ? grid_.current() : CellAddress{row(), col()}; }
+    CellAddress anywhere() { return {row(), col()}; }
+    CellAddress cell() { return below(2) == 0 ? grid_.current() : anywhere(); }
     Text text() {
         return below(8) == 0 ? Text(static_cast<size_t>(below(600)), u'x')
-                             : Text(one<TextView>({u"", u"1", u"10", u"oak", u"a\tb\tc", u"two\r\nlines"}));
+                             : Text(one<TextView>(u"", u"1", u"10", u"oak", u"a\tb\tc", u"two\r\nlines"));
     }
     OleColour colour() { return OleColour(static_cast<uint32_t>(below(3) * 100)); }
-    int32_t twips() { return one({0, 1, 15, 270, 900, below(2500), below(2500), INT32_MAX, -5}); }
+    int32_t twips() { return one(0, 1, 15, 270, 900, below(2500), below(2500), INT32_MAX, -5); }
     int16_t state() { return static_cast<int16_t>(below(4) == 0 ? below(8) : 0); }
     PixelPoint point() { return {below(280) - 40, below(200) - 40}; }
     CellAlignment alignment() { return static_cast<CellAlignment>(below(10)); }
@@ -101,19 +103,18 @@ private:
         changes_[static_cast<size_t>(first) + static_cast<size_t>(below(end - first))]();
     }
     void pressKey() {
-        const auto code = one<int16_t>({key::up, key::down, key::left, key::right, key::home, key::end,
-                                        key::pageUp, key::pageDown, 'C', key::insert});
+        const auto code = one<int16_t>(key::up, key::down, key::left, key::right, key::home, key::end,
+                                       key::pageUp, key::pageDown, 'C', key::insert);
         // Cells without end are more than a clipboard can take.
         const CellRange all = grid_.selection();
         const int64_t cells = int64_t{all.bottom - all.top + 1} * (all.right - all.left + 1);
         if (cells < 100000 || (code != 'C' && code != key::insert))
-            platform_.pressKey(code, one<int16_t>({0, 0, shift::shift, shift::control, state()}));
+            platform_.pressKey(code, one<int16_t>(0, 0, shift::shift, shift::control, state()));
     }
     void pressMouse() {
-        using Kind = MouseEvent::Kind;
-        platform_.mouse(surface_.window(),
-                        {one({Kind::down, Kind::up, Kind::move, Kind::doubleClick, Kind::leave}),
-                         button::left, state(), point()});
+        using enum MouseEvent::Kind;
+        const MouseEvent::Kind kind = one(down, up, move, doubleClick, leave);
+        platform_.mouse(surface_.window(), {kind, button::left, state(), point()});
     }
 
     const char* checked() {
@@ -140,18 +141,14 @@ private:
         const Dpi dpi = surface_.dpi();
         const PixelRect all{0, 0, bounds.width(), bounds.height()};
         const auto paint = [&](PixelCanvas& canvas, const PixelRect& dirty) {
-            peer->surfaceClient().paint(canvas, dirty);
+            if (!dirty.empty()) peer->surfaceClient().paint(canvas, dirty);
         };
         const auto scrolled = peer->takeScrolled();
-        if (!screen_ || shownOn_ != peer->id() || !(screen_->dpi() == dpi)) {
-            screen_.emplace(dpi, PixelSize{bounds.width(), bounds.height()});
-            shownOn_ = peer->id();
-            paint(*screen_, all);
-        } else {
-            for (const auto& moved : scrolled) screen_->scroll(moved.rect, moved.x, moved.y);
-            if (const PixelRect dirty = peer->invalid().intersected(all); !dirty.empty())
-                paint(*screen_, dirty);
-        }
+        const bool another = !screen_ || shownOn_ != peer->id() || !(screen_->dpi() == dpi);
+        if (another) screen_.emplace(dpi, PixelSize{bounds.width(), bounds.height()});
+        for (const auto& moved : scrolled) screen_->scroll(moved.rect, moved.x, moved.y);
+        paint(*screen_, another ? all : peer->invalid().intersected(all));
+        shownOn_ = peer->id();
         peer->paint();
         shownItems(*peer);
         if (!grid_.Redraw()) return nullptr;
@@ -177,16 +174,14 @@ private:
         [this] { pressMouse(); },
         [this] { pressMouse(); },
         [this] {
-            platform_.wheel(surface_.window(),
-                            {one({-120, 120, 10, below(100) - 50}), below(3) == 0, state(), point()});
+            const int32_t turn = one(-120, 120, 10, below(100) - 50);
+            platform_.wheel(surface_.window(), {turn, below(3) == 0, state(), point()});
         },
         [this] { platform_.setFocus(below(2) == 0 ? surface_.window() : 0); },
         [this] {
-            if (below(4) == 0) platform_.setDpi(surface_.window(), Dpi(one({24, 96, 120, 168, 480})));
+            below(4) == 0 ? platform_.setDpi(surface_.window(), Dpi(one(24, 96, 120, 168, 480))) : void();
         },
-        [this] {
-            if (below(8) == 0) surface_.close();
-        },
+        [this] { below(8) == 0 ? surface_.close() : void(); },
         [this] { open(); },
         [this] { platform_.advance(std::chrono::milliseconds(below(700))); },
         [this] { platform_.stealCapture(); },
@@ -195,17 +190,13 @@ private:
         [this] { grid_.setAttribute<&CellStyle::backColour>(cell(), colour()); },
         [this] { grid_.setAttribute<&CellStyle::foreColour>(cell(), colour()); },
         [this] { grid_.setAttribute<&CellStyle::fontName>(cell(), std::make_shared<const Text>(text())); },
-        [this] {
-            grid_.setAttribute<&CellStyle::fontSize>(cell(), one({0.0f, 8.25f, 14.0f, 1e30f}));
-        },
+        [this] { grid_.setAttribute<&CellStyle::fontSize>(cell(), one(0.0f, 8.25f, 14.0f, 1e30f)); },
         [this] { grid_.setAttribute<&CellStyle::bold>(cell(), below(2) == 0); },
         [this] { grid_.setAttribute<&CellStyle::alignment>(cell(), alignment()); },
         [this] { grid_.setPicture(cell(), below(2) == 0 ? picture_ : nullptr, alignment()); },
         [this] { grid_.AddItem(text(), below(3) == 0 ? grid_.Rows() : row()); },
         [this] { grid_.RemoveItem(row()); },
-        [this] {
-            grid_.SetRows(one({below(60) - 1, below(15) + 1, 40 + below(1000), INT32_MAX}));
-        },
+        [this] { grid_.SetRows(one(below(60) - 1, below(15) + 1, 40 + below(1000), INT32_MAX)); },
         [this] { grid_.SetCols(below(15) - 1); },
         [this] { grid_.Clear(); },
         [this] {
@@ -214,9 +205,7 @@ private:
         },
         [this] { grid_.SetRow(row()); },
         [this] { grid_.SetCol(col()); },
-        [this] {
-            grid_.Select({row(), col()}, {row(), col()});
-        },
+        [this] { grid_.Select(anywhere(), anywhere()); },
         [this] { grid_.SetTopRow(below(4) == 0 ? below(std::max(grid_.Rows(), 1)) : row()); },
         [this] { grid_.SetLeftCol(col()); },
         [this] {
@@ -230,10 +219,11 @@ private:
         [this] { grid_.setEnabled(below(3) != 0); },
         [this] { grid_.setVisible(below(3) != 0); },
         [this] {
-            grid_.SetFont(std::make_shared<SharedFont>(FontDescription{u"Tahoma", one({8.25, 14.0})}));
+            grid_.SetFont(std::make_shared<SharedFont>(FontDescription{u"Tahoma", one(8.25, 14.0)}));
         },
         [this] {
-            grid_.move({{0}, {0}, {one({0.0, 900.0, 3000.0, 4000.0})}, {one({0.0, 700.0, 1800.0, 3000.0})}});
+            const double width = one(0.0, 900.0, 3000.0, 4000.0);
+            grid_.move({{0}, {0}, {width}, {one(0.0, 700.0, 1800.0, 3000.0)}});
         },
     };
 };

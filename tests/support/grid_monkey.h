@@ -20,6 +20,7 @@ public:
     }
 
 private:
+    using Role = AccessibleItem::Role;
     static constexpr int32_t mostRows = 60, cols = 7;
 
     std::shared_ptr<GridEdit> grid() const { return std::static_pointer_cast<GridEdit>(control_); }
@@ -34,19 +35,15 @@ private:
     void act() override {
         const auto held = grid();
         if (held->RowsCurrent() > mostRows) return held->RowsSet(3);
-        switch (below(12)) {
-            case 0:
-                held->SetAllowGridEdit(below(8) != 0);
-                return held->GridSetFocus(below(cols), below(mostRows / 4));
-            case 1:
-            case 2:
-                // Nobody can work in a grid that stays hidden, or without the keyboard.
-                held->GridShow();
-                held->focus();
-                return;
-            default:
-                return ControlMonkey::act();
+        const int32_t what = below(12);
+        if (what > 2) return ControlMonkey::act();
+        if (what == 0) {
+            held->SetAllowGridEdit(below(8) != 0);
+            return held->GridSetFocus(below(cols), below(mostRows / 4));
         }
+        // Nobody can work in a grid that stays hidden, or without the keyboard.
+        held->GridShow();
+        held->focus();
     }
     void raise(const Member& event, std::span<Value> arguments) override {
         const bool closing = event.name == u"ChangeEdited";
@@ -56,15 +53,6 @@ private:
         if (closing) telling_ = false;
     }
 
-    // Windows are seen at a glance. A list that is drawn is looked for in its own columns, elsewhere now and
-    // then.
-    bool mayShowEditor(GridEdit& grid, const headless::HeadlessSurface& surface) {
-        const auto& children = surface.children();
-        const Text type = grid.ColTypeRead(grid.ColCurrent());
-        return type == u"4" || type == u"6" || below(8) == 0 ||
-               std::any_of(children.begin(), children.end(),
-                           [](const headless::HeadlessWindow* child) { return child->visible(); });
-    }
     const char* checked() {
         const auto held = grid();
         GridEdit& grid = *held;
@@ -73,27 +61,28 @@ private:
         if (grid.ColCurrent() < 0 || grid.ColCurrent() >= grid.ColsCurrent())
             return "the current column is in the grid";
         const auto* const surface = platform_.surface(grid.window());
-        if (!surface || !mayShowEditor(grid, *surface)) return nullptr;
+        if (!surface) return nullptr;
         // What shows of editors, and where cells show.
         std::vector<PixelRect> shown, cells;
         for (const headless::HeadlessWindow* child : surface->children()) {
-            const PixelRect part = child->bounds().intersected(child->clip());
-            if (child->visible() && !part.empty()) shown.push_back(part);
+            if (child->visible()) shown.push_back(child->bounds().intersected(child->clip()));
         }
+        // Windows are seen at a glance. A list that is drawn is looked for in its own columns, elsewhere now
+        // and then.
+        const Text type = grid.ColTypeRead(grid.ColCurrent());
+        if (type != u"4" && type != u"6" && below(8) != 0 && shown.empty()) return nullptr;
         for (const AccessibleItem& item : shownItems(*surface)) {
-            const bool list =
-                item.role == AccessibleItem::Role::comboBox && (item.name == u"List" || item.name == u"Time");
-            if (list && !item.bounds.empty()) shown.push_back(item.bounds);
-            if (item.role == AccessibleItem::Role::cell && !item.bounds.empty()) cells.push_back(item.bounds);
+            const bool list = item.role == Role::comboBox && (item.name == u"List" || item.name == u"Time");
+            if (list) shown.push_back(item.bounds);
+            if (item.role == Role::cell && !item.bounds.empty()) cells.push_back(item.bounds);
         }
+        std::erase_if(shown, [](const PixelRect& part) { return part.empty(); });
         if (shown.size() > 1) return "one editor is open at most";
         // Of a drawn one, as far as there are cells.
-        PixelRect area;
+        PixelRect area = cells.empty() ? PixelRect() : cells[0];
         for (const PixelRect& cell : cells)
-            area = area.empty()
-                       ? cell
-                       : PixelRect{std::min(area.left, cell.left), std::min(area.top, cell.top),
-                                   std::max(area.right, cell.right), std::max(area.bottom, cell.bottom)};
+            area = {std::min(area.left, cell.left), std::min(area.top, cell.top),
+                    std::max(area.right, cell.right), std::max(area.bottom, cell.bottom)};
         const auto over = [&](const PixelRect& cell) {
             const PixelRect part = shown[0].intersected(area);
             return part.empty() || part.intersected(cell) == part;
