@@ -30,17 +30,12 @@ std::optional<MemoryBag> bagFrom(const ControlTable& table, FuzzedDataProvider& 
     return bag;
 }
 
-MemoryBag savedBy(const Control& control) {
-    MemoryBag bag;
-    control.save(bag);
-    return bag;
-}
-
 // Without the values that are written otherwise than they are read, which need not come back.
 std::vector<std::byte> lastingBytes(const Control& control) {
     MemoryBag lasting;
     const auto& rows = control.table().persisted;
-    const MemoryBag bag = savedBy(control);
+    MemoryBag bag;
+    control.save(bag);
     for (const auto& [key, value] : bag.entries()) {
         const auto row = std::ranges::find(rows, key, &PersistedValue::writeKey);
         if (row == rows.end() ||
@@ -72,7 +67,8 @@ void run(FuzzedDataProvider& input) {
     headless::RecordingCanvas canvas(Dpi(144), {0, 0, 120, 32});
     first->draw(canvas, {0, 0, 120, 32});
 
-    MemoryBag saved = savedBy(*first);
+    MemoryBag saved;
+    first->save(saved);
     const std::vector<std::byte> lasting = lastingBytes(*first);
     second->load(saved);
     require(lastingBytes(*second) == lasting, "what was saved is saved again alike");

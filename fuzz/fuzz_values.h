@@ -40,13 +40,9 @@ inline Text textFrom(FuzzedDataProvider& input) {
 
 inline FontRef fontFrom(FuzzedDataProvider& input) {
     if (input.ConsumeIntegralInRange(0, 5) == 0) return nullptr;
-    FontDescription font;
-    font.name = textFrom(input);
-    font.size = input.ConsumeFloatingPointInRange(0.25, 8192.0);
-    font.weight = input.ConsumeIntegral<int16_t>();
-    font.charset = input.ConsumeIntegral<int16_t>();
-    font.italic = input.ConsumeBool();
-    return std::make_shared<SharedFont>(std::move(font));
+    return std::make_shared<SharedFont>(FontDescription{
+        textFrom(input), input.ConsumeFloatingPointInRange(0.25, 8192.0), input.ConsumeIntegral<int16_t>(),
+        input.ConsumeIntegral<int16_t>(), input.ConsumeBool()});
 }
 
 inline Value valueOf(ValueType type, FuzzedDataProvider& input) {

@@ -2,16 +2,16 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace obk::test {
 namespace {
 
 // Runs of replacement characters count as one: how many bytes of damage make one is nobody's business.
-Text withoutRuns(const Text& text) {
-    Text shorter;
-    for (const char16_t unit : text) {
-        if (unit != 0xFFFD || shorter.empty() || shorter.back() != 0xFFFD) shorter.push_back(unit);
-    }
-    return shorter;
+Text withoutRuns(Text text) {
+    const auto both = [](char16_t one, char16_t next) { return one == 0xFFFD && next == one; };
+    text.erase(std::unique(text.begin(), text.end(), both), text.end());
+    return text;
 }
 
 TEST(TextTest, WellFormedTextSurvivesBothWays) {

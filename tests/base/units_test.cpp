@@ -44,11 +44,9 @@ TEST(DpiTest, RectanglesThatTouchInTwipsTouchInPixels) {
 }
 
 TEST(DpiTest, ScaledThicknessNeverVanishes) {
-    EXPECT_EQ(Dpi(96).scaled(1), 1);
-    EXPECT_EQ(Dpi(144).scaled(1), 2);
-    EXPECT_EQ(Dpi(192).scaled(3), 6);
-    EXPECT_EQ(Dpi(24).scaled(1), 1);
-    EXPECT_EQ(Dpi(192).scaled(0), 0);
+    for (const auto& [dpi, thickness, scaled] :
+         {std::tuple(96, 1, 1), {144, 1, 2}, {192, 3, 6}, {24, 1, 1}, {192, 0, 0}})
+        EXPECT_EQ(Dpi(dpi).scaled(thickness), scaled) << dpi;
 }
 
 TEST(PixelRectTest, RightAndBottomAreOutside) {

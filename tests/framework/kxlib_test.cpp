@@ -159,17 +159,13 @@ TEST_F(PollingTimerTest, EnablingBlocksUntilAHandlerDisables) {
 }
 
 TEST_F(PollingTimerTest, AnIntervalBelowOneStopsIt) {
-    for (const int32_t interval : {0, -1, INT32_MIN}) {
-        kxlib_TIMER own(clock);
-        const Connection handler = own.OnTimer.connect([&] {
-            ++ticks;
-            own.SetInterval(interval);
-        });
-        own.SetEnabled(true);
-        EXPECT_EQ(own.Interval(), 0);
-        EXPECT_FALSE(own.Enabled());
+    const Connection handler = timer.OnTimer.connect([&] { timer.SetInterval(ticks--); });
+    for (const int told : {-1, -2}) {
+        timer.SetEnabled(true);
+        EXPECT_EQ(timer.Interval(), 0);
+        EXPECT_FALSE(timer.Enabled());
+        EXPECT_EQ(ticks, told);
     }
-    EXPECT_EQ(ticks, 3);
 }
 
 TEST_F(PollingTimerTest, AnotherIntervalInAHandlerPollsInsideIt) {

@@ -5,7 +5,6 @@
 #include "support/control_fixture.h"
 #include "updown/up_down_text_box.h"
 
-#include <regex>
 #include <string>
 
 namespace obk::test {
@@ -64,19 +63,6 @@ TEST_F(TraceLineTest, SaysWhichValuesWereRefused) {
                        "OLE_COLOR is wanted",
                        "now UpDownTextBox - -: the stored Max refused, \"" + std::string(40, 'x') +
                            "\u2026\" (String) came, Long is wanted"}));
-}
-
-TEST_F(TraceLineTest, SaysWhichStatementWasSkippedAndKnowsWhoIsAtWork) {
-    activate();
-    control->focus();
-    host.on["DownClick"] = [](std::span<Value>) { throw StatementFailed("the host's"); };
-    const SkippedObserver before = observeSkipped(tellSkippedAsUndone);
-    platform.pressKey(key::up);
-    observeSkipped(before);
-    ASSERT_EQ(lines.size(), 1u);
-    const std::regex line(
-        "now UpDownTextBox - -: a statement was skipped at .*up_down_text_box.cpp:.*, the host's.*");
-    EXPECT_TRUE(std::regex_match(lines[0], line)) << lines[0];
 }
 
 TEST_F(TraceLineTest, AHostThatErrsWhileItIsAskedForTheNameIsNotAskedAgain) {

@@ -4,6 +4,7 @@
 #include "grid/grid_edit.h"
 #include "support/accessible_walk.h"
 #include "support/control_monkey.h"
+#include "support/something_to_work_on.h"
 
 #include <algorithm>
 
@@ -26,11 +27,8 @@ private:
     std::shared_ptr<GridEdit> grid() const { return std::static_pointer_cast<GridEdit>(control_); }
     void prepare(Control& control) override {
         telling_ = false;  // what the one before tells is another story
-        auto& grid = static_cast<GridEdit&>(control);
-        grid.ColsSet(cols);
-        grid.RowsSet(5);
-        for (int32_t col = 0; col < cols; ++col) grid.ColTypeSet(col, col);
-        for (const char16_t* item : {u"oak", u"elm", u"ash"}) grid.ComboAdd(item);
+        giveWork(control, 5, {});
+        for (const char16_t* item : {u"elm", u"ash"}) static_cast<GridEdit&>(control).ComboAdd(item);
     }
     void act() override {
         const auto held = grid();

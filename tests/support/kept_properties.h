@@ -2,7 +2,6 @@
 #pragma once
 
 #include <algorithm>
-#include <iterator>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -20,7 +19,7 @@ inline bool comesBack(std::string_view control, std::string_view property) {
         {"PageTab", " PageColor PageMainColor TabColor strPUBSKINCOLORPAGE "},
     };
     const std::string word = " " + std::string(property) + " ";
-    return std::none_of(std::begin(gone), std::end(gone), [&](const auto& row) {
+    return std::ranges::none_of(gone, [&](const auto& row) {
         return row.first == control && row.second.find(word) != std::string_view::npos;
     });
 }
