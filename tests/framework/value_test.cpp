@@ -120,28 +120,14 @@ TEST(ValueTest, TextsAreNumbersInFullOrNotAtAll) {
 }
 
 TEST(ValueTest, NumbersAreWrittenWithFifteenDigitsAndSinglesWithSeven) {
-    const std::pair<double, const char16_t*> doubles[] = {
-        {0, u"0"},
-        {-0.0, u"0"},
-        {0.1 + 0.2, u"0.3"},
-        {1.0 / 3, u"0.333333333333333"},
-        {-200.0 / 3, u"-66.6666666666667"},
-        {123456789012345, u"123456789012345"},
-        {1234567890123456, u"1.23456789012346E+15"},
-        {999999999999999.9, u"1E+15"},
-        {1e15, u"1E+15"},
-        {1e100, u"1E+100"},
-        {0.00001, u"0.00001"},
-        {1.5e-300, u"1.5E-300"},
-        {-HUGE_VAL, u"-1.#INF"},
-    };
-    for (const auto& [number, text] : doubles) EXPECT_EQ(toUtf8(textFromNumber(number)), toUtf8(text));
-    const std::pair<float, const char16_t*> singles[] = {{0.1f, u"0.1"},
-                                                         {1234567.0f, u"1234567"},
-                                                         {16777216.0f, u"1.677722E+07"},
-                                                         {990.0f, u"990"},
-                                                         {-0.25f, u"-0.25"}};
-    for (const auto& [number, text] : singles) EXPECT_EQ(toUtf8(textFromNumber(number)), toUtf8(text));
+    const auto written = [](auto... numbers) { return toUtf8(((textFromNumber(numbers) + u" ") + ...)); };
+    EXPECT_EQ(written(0.0, -0.0, 0.1 + 0.2, 1.0 / 3, -200.0 / 3),
+              "0 0 0.3 0.333333333333333 -66.6666666666667 ");
+    EXPECT_EQ(written(123456789012345.0, 1234567890123456.0), "123456789012345 1.23456789012346E+15 ");
+    EXPECT_EQ(written(999999999999999.9, 1e15, 1e100), "1E+15 1E+15 1E+100 ");
+    EXPECT_EQ(written(0.00001, 1.5e-300, -HUGE_VAL), "0.00001 1.5E-300 -1.#INF ");
+    EXPECT_EQ(written(0.1f, 1234567.0f, 16777216.0f, 990.0f), "0.1 1234567 1.677722E+07 990 ");
+    EXPECT_EQ(written(-0.25f), "-0.25 ");
 }
 
 TEST(ValueTest, WrittenNumbersReadBackToTheirFifteenDigits) {
@@ -159,12 +145,11 @@ TEST(ValueTest, WrittenNumbersReadBackToTheirFifteenDigits) {
 
 TEST(ValueTest, TheLeadingNumberStopsAtTheFirstOtherCharacter) {
     const std::pair<Text, double> rows[] = {
-        {u"", 0},        {u"abc", 0},         {u"5", 5},    {u"6.1", 6.1}, {u"4.10.2222", 4.1},
-        {u"4.99", 4.99}, {u"10.0.19041", 10}, {u".5", 0.5}, {u"5.", 5},    {u"-5", 0},
+        {u"", 0},        {u"abc", 0},         {u"5", 5},    {u"6.1 b", 6.1}, {u"4.10.2222", 4.1},
+        {u"4.99", 4.99}, {u"10.0.19041", 10}, {u".5", 0.5}, {u"5.", 5},      {u"-5", 0},
         {u" 5", 0},      {u"5e3", 5},
     };
     for (const auto& [text, number] : rows) EXPECT_DOUBLE_EQ(leadingNumber(text), number) << toUtf8(text);
-    EXPECT_DOUBLE_EQ(leadingNumber(u"6.1 (build)"), 6.1);
     EXPECT_DOUBLE_EQ(leadingNumber(u"6." + Text(400, u'1')), 6.0 + 1.0 / 9);
     EXPECT_DOUBLE_EQ(leadingNumber(Text(255, u' ')), 0);
 }
