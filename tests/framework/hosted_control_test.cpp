@@ -1,4 +1,5 @@
 #include "framework/hosted_control.h"
+#include "datecalendar/date_calendar.h"
 #include "framework/table_builder.h"
 #include "palette/button_arrow.h"
 #include "support/control_fixture.h"
@@ -62,6 +63,16 @@ TEST_F(HostedControlTest, KeysOfAHostedControlAreOfferedToTheOutermostContainer)
     EXPECT_EQ(host.take(), (Journal{"offered 9"}));
     platform.pressKey(key::up);
     EXPECT_EQ(outer().field->Text(), u"1");  // without an interval a step goes nowhere
+}
+
+TEST_F(HostedControlTest, ItsPanelOpensOnItsOwnMonitorAndNotOnThatOfTheWholeSurface) {
+    platform.setMonitors({{{0, 0, 700, 800}}, {{700, 0, 1400, 800}}});
+    activate({100, 20, 1000, 80});
+    Hosted<DateCalendar> cell(outer(), outer().root());
+    cell.move({{9300}, {0}, {900}, {300}});  // from pixel 720 of the screen on
+    cell->ShowPopUp();
+    ASSERT_TRUE(open());
+    EXPECT_EQ(panel()->bounds().left, 720);
 }
 
 TEST(PopUpPlacement, GoesBelowElseAboveElseBesideAndStaysWholeOnTheMonitor) {

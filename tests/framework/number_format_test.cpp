@@ -31,7 +31,6 @@ TEST(FixedTextTest, HalvesGoAwayFromZeroOnTheDigitsAPersonSees) {
     EXPECT_EQ(written(-1.2345678901234567e20, 1), "-123456789012346000000.0");
     EXPECT_EQ(written(123456789012345678.0, 0), "123456789012346000");
     EXPECT_EQ(written(-2147483648.0, 0), "-2147483648");
-    EXPECT_EQ(written(0.999999999999999999, 0), "1");
     EXPECT_EQ(fixedText(1e308, 2)->size(), 309u + 3u);
     EXPECT_EQ(written(0.125, 300), "0.125" + std::string(297, '0'));
 }
