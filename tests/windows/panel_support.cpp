@@ -1,40 +1,22 @@
 #include "panel_support.h"
 
-#include <cwchar>
-#include <string_view>
-#include <utility>
+#include "person_support.h"
+
+#include <map>
 
 namespace obk::testing_support {
 
 namespace {
 
-// The panel is the only tool window that belongs to the form and is no tool tip.
-BOOL CALLBACK findPanel(HWND window, LPARAM found) {
-    wchar_t className[64]{};
-    GetClassNameW(window, className, 64);
-    if (GetWindow(window, GW_OWNER) && IsWindowVisible(window) &&
-        (GetWindowLongW(window, GWL_EXSTYLE) & WS_EX_TOOLWINDOW) && !wcsstr(className, L"tooltips"))
-        *reinterpret_cast<HWND*>(found) = window;
+BOOL CALLBACK addShown(HWND window, LPARAM windows) {
+    if (IsWindowVisible(window)) reinterpret_cast<std::vector<HWND>*>(windows)->push_back(window);
     return TRUE;
 }
 
-BOOL CALLBACK addToolTip(HWND window, LPARAM tips) {
-    wchar_t className[64]{};
-    GetClassNameW(window, className, 64);
-    if (IsWindowVisible(window) && std::wstring_view(className) == L"tooltips_class32")
-        reinterpret_cast<std::vector<HWND>*>(tips)->push_back(window);
-    return TRUE;
-}
+std::map<UINT_PTR, std::function<void()>> acts;
 
-void sendKey(WORD code) {
-    INPUT inputs[2]{};
-    for (INPUT& input : inputs) {
-        input.type = INPUT_KEYBOARD;
-        input.ki.wVk = code;
-        input.ki.wScan = static_cast<WORD>(MapVirtualKeyW(code, MAPVK_VK_TO_VSC));
-    }
-    inputs[1].ki.dwFlags = KEYEVENTF_KEYUP;
-    SendInput(2, inputs, sizeof(INPUT));
+void CALLBACK act(HWND, UINT, UINT_PTR timer, DWORD) {
+    if (const auto found = acts.find(timer); found != acts.end()) found->second();
 }
 
 }  // namespace
@@ -45,22 +27,33 @@ RECT windowRect(HWND window) {
     return rect;
 }
 
+std::wstring classOf(HWND window) {
+    wchar_t name[64]{};
+    return {name, static_cast<size_t>(GetClassNameW(window, name, 64))};
+}
+
+std::vector<HWND> shownWindows(std::wstring_view className, HWND parent) {
+    std::vector<HWND> shown;
+    const auto all = reinterpret_cast<LPARAM>(&shown);
+    parent ? EnumChildWindows(parent, addShown, all) : EnumThreadWindows(GetCurrentThreadId(), addShown, all);
+    if (!className.empty()) std::erase_if(shown, [&](HWND each) { return classOf(each) != className; });
+    return shown;
+}
+
+// The panel is the only tool window that belongs to the form and is no tool tip.
 HWND openPanel() {
     HWND found = nullptr;
-    EnumThreadWindows(GetCurrentThreadId(), findPanel, reinterpret_cast<LPARAM>(&found));
+    for (const HWND window : shownWindows()) {
+        const bool tool = (GetWindowLongW(window, GWL_EXSTYLE) & WS_EX_TOOLWINDOW) != 0;
+        if (tool && GetWindow(window, GW_OWNER) && classOf(window) != L"tooltips_class32") found = window;
+    }
     return found;
 }
 
-std::vector<HWND> shownToolTips() {
-    std::vector<HWND> tips;
-    EnumThreadWindows(GetCurrentThreadId(), addToolTip, reinterpret_cast<LPARAM>(&tips));
-    return tips;
-}
-
 bool keepsFocusFromPanel(HWND panel, HWND focus) {
-    const auto kept = [focus] {
-        return GetFocus() == focus && GetActiveWindow() == GetAncestor(focus, GA_ROOT) &&
-               GetForegroundWindow() == GetAncestor(focus, GA_ROOT);
+    const HWND form = GetAncestor(focus, GA_ROOT);
+    const auto kept = [=] {
+        return GetFocus() == focus && GetActiveWindow() == form && GetForegroundWindow() == form;
     };
     bool all = kept();
     SetFocus(panel);
@@ -74,20 +67,14 @@ bool keepsFocusFromPanel(HWND panel, HWND focus) {
     return all;
 }
 
-MenuKeys* MenuKeys::current_ = nullptr;
-
-MenuKeys::MenuKeys(std::initializer_list<std::vector<WORD>> keys) : keys_(keys) {
-    current_ = this;
-    timer_ = SetTimer(nullptr, 0, 50, tick);
+Meanwhile::Meanwhile(std::function<void()> what, UINT milliseconds)
+    : timer_(SetTimer(nullptr, 0, milliseconds, act)) {
+    acts[timer_] = std::move(what);
 }
 
-MenuKeys::~MenuKeys() {
+Meanwhile::~Meanwhile() {
     KillTimer(nullptr, timer_);
-    current_ = nullptr;
-}
-
-void CALLBACK MenuKeys::tick(HWND, UINT, UINT_PTR, DWORD) {
-    if (current_) current_->answer();
+    acts.erase(timer_);
 }
 
 void MenuKeys::answer() {
@@ -96,45 +83,41 @@ void MenuKeys::answer() {
         last_ = nullptr;
         return;
     }
-    if (menu == last_) {
-        // The next menu may well have the handle of the one before.
-        if (static_cast<size_t>(seen_) > keys_.size()) sendKey(VK_ESCAPE);
-        return;
+    std::vector<WORD> keys;
+    if (menu != last_) {
+        last_ = menu;
+        place_ = windowRect(menu);
+        const auto number = static_cast<size_t>(seen_++);
+        if (number < keys_.size()) keys = keys_[number];
     }
-    last_ = menu;
-    place_ = windowRect(menu);
-    const auto number = static_cast<size_t>(seen_++);
-    if (number >= keys_.size()) {
-        sendKey(VK_ESCAPE);
-        return;
+    // The menu after the last expected one may well have its handle.
+    if (static_cast<size_t>(seen_) > keys_.size()) keys = {VK_ESCAPE};
+    for (const WORD code : keys) {
+        sendKey(code);
+        sendKey(code, KEYEVENTF_KEYUP);
     }
-    for (const WORD code : keys_[number]) sendKey(code);
 }
 
-ChooserAnswer* ChooserAnswer::current_ = nullptr;
+void enterColour(HWND chooser, COLORREF colour) {
+    constexpr int redField = 706;  // COLOR_RED; green and blue follow
+    for (int part = 0; part < 3; ++part)
+        SetDlgItemInt(chooser, redField + part, (colour >> (8 * part)) & 0xFF, FALSE);
+}
+
+void DialogAnswer::answer() {
+    for (const HWND dialog : shownWindows(L"#32770")) {
+        ++seen_;
+        if (const auto fill = std::exchange(fill_, nullptr)) fill(dialog);
+        PostMessageW(dialog, WM_COMMAND, button_, 0);
+    }
+}
 
 ChooserAnswer::ChooserAnswer(std::optional<COLORREF> colour, std::function<void()> first)
-    : colour_(colour), first_(std::move(first)), timer_(SetTimer(nullptr, 0, 50, tick)) {
-    current_ = this;
-}
-
-ChooserAnswer::~ChooserAnswer() {
-    KillTimer(nullptr, timer_);
-    current_ = nullptr;
-}
-
-void ChooserAnswer::tick(HWND, UINT, UINT_PTR, DWORD) {
-    const HWND dialog = FindWindowW(L"#32770", L"Custom");
-    if (!current_ || !dialog || !IsWindowVisible(dialog)) return;
-    ++current_->seen_;
-    if (const auto first = std::exchange(current_->first_, nullptr)) first();
-    if (current_->colour_) {
-        constexpr int redField = 706;  // COLOR_RED; green and blue follow
-        SetDlgItemInt(dialog, redField, GetRValue(*current_->colour_), FALSE);
-        SetDlgItemInt(dialog, redField + 1, GetGValue(*current_->colour_), FALSE);
-        SetDlgItemInt(dialog, redField + 2, GetBValue(*current_->colour_), FALSE);
-    }
-    PostMessageW(dialog, WM_COMMAND, current_->colour_ ? IDOK : IDCANCEL, 0);
-}
+    : DialogAnswer(
+          [colour, first = std::move(first)](HWND dialog) {
+              if (first) first();
+              if (colour) enterColour(dialog, *colour);
+          },
+          colour ? IDOK : IDCANCEL) {}
 
 }  // namespace obk::testing_support

@@ -6,6 +6,9 @@
 #include <functional>
 #include <initializer_list>
 #include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 namespace obk::testing_support {
@@ -14,21 +17,34 @@ RECT windowRect(HWND window);
 // The visible tool window that a control of this thread has dropped down; null when there is none.
 HWND openPanel();
 
-// The tool tips of this thread that show.
-std::vector<HWND> shownToolTips();
+std::wstring classOf(HWND window);
+// The windows that show, of one class or of all: the top-level ones of this thread, or those in another.
+std::vector<HWND> shownWindows(std::wstring_view className = {}, HWND parent = nullptr);
+inline std::vector<HWND> shownToolTips() {
+    return shownWindows(L"tooltips_class32");
+}
 
 // Asks the system in every way to give the focus or the activation to a panel or to a window in it. Whether
 // `focus` and its form have kept both.
 bool keepsFocusFromPanel(HWND panel, HWND focus);
 
+// Does something every few moments while it lives, also in the loops that dialogs, menus and drags run.
+class Meanwhile {
+public:
+    explicit Meanwhile(std::function<void()> act, UINT milliseconds = 50);
+    Meanwhile(const Meanwhile&) = delete;
+    Meanwhile& operator=(const Meanwhile&) = delete;
+    ~Meanwhile();
+
+private:
+    UINT_PTR timer_;
+};
+
 // Presses keys in the next menus of this thread while they run their own loops: one list of keys a menu. What
 // is left unanswered is dismissed.
 class MenuKeys {
 public:
-    MenuKeys(std::initializer_list<std::vector<WORD>> keys);
-    MenuKeys(const MenuKeys&) = delete;
-    MenuKeys& operator=(const MenuKeys&) = delete;
-    ~MenuKeys();
+    MenuKeys(std::initializer_list<std::vector<WORD>> keys) : keys_(keys) {}
 
     int menusSeen() const { return seen_; }
     // The last one has been seen to be gone: another one is told from it.
@@ -37,36 +53,41 @@ public:
     RECT place() const { return place_; }
 
 private:
-    static void CALLBACK tick(HWND, UINT, UINT_PTR, DWORD);
     void answer();
 
-    static MenuKeys* current_;
     std::vector<std::vector<WORD>> keys_;
-    UINT_PTR timer_;
     HWND last_ = nullptr;
     RECT place_{};
     int seen_ = 0;
+    Meanwhile meanwhile_{[this] { answer(); }};
 };
 
-// Answers the system's colour chooser as soon as it shows, while it runs its own loop.
-class ChooserAnswer {
+// Enters a colour in the system's colour chooser.
+void enterColour(HWND chooser, COLORREF colour);
+
+// Answers the system's dialogs as soon as they show, while they run their own loops: each with the same
+// button, after the first one has been filled in.
+class DialogAnswer {
 public:
-    // Nothing for a colour: it is cancelled. `first` is done before the answer.
-    explicit ChooserAnswer(std::optional<COLORREF> colour, std::function<void()> first = {});
-    ChooserAnswer(const ChooserAnswer&) = delete;
-    ChooserAnswer& operator=(const ChooserAnswer&) = delete;
-    ~ChooserAnswer();
+    explicit DialogAnswer(std::function<void(HWND)> fill, WPARAM button = IDOK)
+        : fill_(std::move(fill)), button_(button) {}
 
     int seen() const { return seen_; }
 
 private:
-    static void CALLBACK tick(HWND, UINT, UINT_PTR, DWORD);
+    void answer();
 
-    static ChooserAnswer* current_;
-    std::optional<COLORREF> colour_;
-    std::function<void()> first_;
-    UINT_PTR timer_;
+    std::function<void(HWND)> fill_;
+    WPARAM button_;
     int seen_ = 0;
+    Meanwhile meanwhile_{[this] { answer(); }};
+};
+
+// Answers the system's colour chooser likewise.
+class ChooserAnswer : public DialogAnswer {
+public:
+    // Nothing for a colour: it is cancelled. `first` is done before the answer.
+    explicit ChooserAnswer(std::optional<COLORREF> colour, std::function<void()> first = {});
 };
 
 }  // namespace obk::testing_support

@@ -2,10 +2,7 @@
 
 #include "panel_support.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <iterator>
+#include <future>
 
 namespace obk::testing_support {
 
@@ -22,21 +19,13 @@ LRESULT CALLBACK elsewhere(HWND window, UINT message, WPARAM wParam, LPARAM lPar
     return DefWindowProcW(window, message, wParam, lParam);
 }
 
-struct Start {
-    HWND window = nullptr;
-    HANDLE ready = CreateEventW(nullptr, TRUE, FALSE, nullptr);
-};
-
-DWORD WINAPI liveElsewhere(void* parameter) {
-    auto& start = *static_cast<Start*>(parameter);
-    const HWND window = CreateWindowExW(0, L"STATIC", L"Elsewhere", WS_POPUP | WS_VISIBLE, 700, 10, 60, 20,
-                                        nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
-    SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(elsewhere));
-    start.window = window;
-    SetEvent(start.ready);
-    MSG message{};
-    while (GetMessageW(&message, nullptr, 0, 0) > 0) DispatchMessageW(&message);
-    return 0;
+INPUT keyInput(WORD code, DWORD flags = 0) {
+    INPUT input{};
+    input.type = INPUT_KEYBOARD;
+    input.ki.wVk = code;
+    input.ki.wScan = static_cast<WORD>(MapVirtualKeyW(code, MAPVK_VK_TO_VSC));
+    input.ki.dwFlags = flags | (code >= VK_PRIOR && code <= VK_DOWN ? KEYEVENTF_EXTENDEDKEY : 0u);
+    return input;
 }
 
 INPUT mouseInput(DWORD flag, DWORD data = 0) {
@@ -46,6 +35,9 @@ INPUT mouseInput(DWORD flag, DWORD data = 0) {
     input.mi.mouseData = data;
     return input;
 }
+
+constexpr std::pair<UINT, WORD> modifierKeys[] = {
+    {MOD_SHIFT, VK_SHIFT}, {MOD_CONTROL, VK_CONTROL}, {MOD_ALT, VK_MENU}};
 
 // What a drag asks: it goes on until the button is let go.
 class DragSource final : public ComObject<IDropSource> {
@@ -70,35 +62,38 @@ void putOnClipboard(std::initializer_list<std::pair<UINT, std::wstring>> content
     CloseClipboard();
 }
 
+void sendKey(WORD code, DWORD flag) {
+    INPUT input = keyInput(code, flag);
+    SendInput(1, &input, sizeof input);
+}
+
 void sendMouse(DWORD flag, DWORD data) {
     INPUT input = mouseInput(flag, data);
     SendInput(1, &input, sizeof input);
 }
 
 AsIfHeld::AsIfHeld(WORD code) {
-    GetKeyboardState(before_);
-    BYTE keys[256];
-    std::copy(std::begin(before_), std::end(before_), keys);
+    GetKeyboardState(before_.data());
+    auto keys = before_;
     keys[code] = 0x80;
-    SetKeyboardState(keys);
-}
-
-AsIfHeld::~AsIfHeld() {
-    SetKeyboardState(before_);
+    SetKeyboardState(keys.data());
 }
 
 OtherApplication::OtherApplication() {
-    Start start;
-    thread_ = CreateThread(nullptr, 0, liveElsewhere, &start, 0, nullptr);
-    WaitForSingleObject(start.ready, INFINITE);
-    CloseHandle(start.ready);
-    window_ = start.window;
+    std::promise<HWND> made;
+    thread_ = std::thread([&made] {
+        const HWND window = CreateWindowExW(0, L"STATIC", L"Elsewhere", WS_POPUP | WS_VISIBLE, 700, 10, 60,
+                                            20, nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
+        SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(elsewhere));
+        made.set_value(window);
+        container::MessageLoop().run();
+    });
+    window_ = made.get_future().get();
 }
 
 OtherApplication::~OtherApplication() {
     PostMessageW(window_, WM_CLOSE, 0, 0);
-    WaitForSingleObject(thread_, 5000);
-    CloseHandle(thread_);
+    thread_.join();
 }
 
 void OtherApplication::comeToFront() const {
@@ -115,62 +110,50 @@ Person::Person(container::MessageLoop& loop, HWND form) : loop_(loop) {
     waitFor([form] { return GetFocus() == form; });
 }
 
-bool Person::waitFor(const std::function<bool()>& condition) {
-    return loop_.pumpUntil(condition);
-}
-
-void Person::wait(std::chrono::milliseconds time) {
-    loop_.pumpUntil([] { return false; }, time);
-}
-
-void Person::send(const INPUT& input, UINT message, UINT otherMessage) {
+void Person::act(const std::function<void()>& how, const std::function<bool(const MSG&)>& awaited) {
     bool arrived = false;
     const auto before = loop_.onMessage;
     loop_.onMessage = [&](MSG& seen) {
-        arrived |= seen.message == message || seen.message == otherMessage;
+        arrived |= awaited(seen);
         return before && before(seen);
     };
-    INPUT copy = input;
-    SendInput(1, &copy, sizeof copy);
-    EXPECT_TRUE(loop_.pumpUntil([&] { return arrived; })) << "no message " << message;
+    how();
+    EXPECT_TRUE(loop_.pumpUntil([&] { return arrived; })) << "what was done did not arrive";
     loop_.onMessage = before;
     loop_.pumpPending();
 }
 
-void Person::sendKey(WORD code, bool down) {
-    INPUT input{};
-    input.type = INPUT_KEYBOARD;
-    input.ki.wVk = code;
-    input.ki.wScan = static_cast<WORD>(MapVirtualKeyW(code, MAPVK_VK_TO_VSC));
-    const bool extended = code >= VK_PRIOR && code <= VK_DOWN;
-    input.ki.dwFlags = (down ? 0u : KEYEVENTF_KEYUP) | (extended ? KEYEVENTF_EXTENDEDKEY : 0u);
-    if (down)
-        send(input, WM_KEYDOWN, WM_SYSKEYDOWN);
-    else
-        send(input, WM_KEYUP, WM_SYSKEYUP);
+void Person::send(INPUT input, UINT message, UINT otherMessage) {
+    SCOPED_TRACE(testing::Message() << "message " << message);
+    act([&] { SendInput(1, &input, sizeof input); },
+        [&](const MSG& seen) { return seen.message == message || seen.message == otherMessage; });
+}
+
+void Person::pressKey(WORD code) {
+    send(keyInput(code), WM_KEYDOWN, WM_SYSKEYDOWN);
+}
+
+void Person::releaseKey(WORD code) {
+    send(keyInput(code, KEYEVENTF_KEYUP), WM_KEYUP, WM_SYSKEYUP);
 }
 
 void Person::hold(WORD code, int times) {
-    INPUT input{};
-    input.type = INPUT_KEYBOARD;
-    input.ki.wVk = code;
-    for (; times > 0; --times) SendInput(1, &input, sizeof input);
-    input.ki.dwFlags = KEYEVENTF_KEYUP;
-    send(input, WM_KEYUP);
+    for (; times > 0; --times) sendKey(code);
+    releaseKey(code);
 }
 
 void Person::keyDown(WORD code, UINT modifiers) {
-    if (modifiers & MOD_SHIFT) sendKey(VK_SHIFT, true);
-    if (modifiers & MOD_CONTROL) sendKey(VK_CONTROL, true);
-    if (modifiers & MOD_ALT) sendKey(VK_MENU, true);
-    sendKey(code, true);
+    for (const auto& [flag, modifier] : modifierKeys) {
+        if (modifiers & flag) pressKey(modifier);
+    }
+    pressKey(code);
 }
 
 void Person::keyUp(WORD code, UINT modifiers) {
-    sendKey(code, false);
-    if (modifiers & MOD_ALT) sendKey(VK_MENU, false);
-    if (modifiers & MOD_CONTROL) sendKey(VK_CONTROL, false);
-    if (modifiers & MOD_SHIFT) sendKey(VK_SHIFT, false);
+    releaseKey(code);
+    for (const auto& [flag, modifier] : modifierKeys) {
+        if (modifiers & flag) releaseKey(modifier);
+    }
 }
 
 void Person::key(WORD code, UINT modifiers) {
@@ -179,11 +162,7 @@ void Person::key(WORD code, UINT modifiers) {
 }
 
 void Person::type(std::wstring_view text) {
-    for (const wchar_t character : text)
-        key(character == L'.'   ? VK_OEM_PERIOD
-            : character == L'-' ? VK_OEM_MINUS
-            : character == L',' ? VK_OEM_COMMA
-                                : static_cast<WORD>(towupper(character)));
+    for (const wchar_t character : text) key(static_cast<WORD>(VkKeyScanW(character) & 0xFF));
 }
 
 void Person::moveTo(HWND window, int x, int y) {
@@ -192,24 +171,16 @@ void Person::moveTo(HWND window, int x, int y) {
     POINT now{};
     GetCursorPos(&now);
     if (now.x == at.x && now.y == at.y) return;
-    bool arrived = false;
-    const auto before = loop_.onMessage;
-    loop_.onMessage = [&](MSG& seen) {
-        arrived |= seen.message == WM_MOUSEMOVE && seen.pt.x == at.x && seen.pt.y == at.y;
-        return before && before(seen);
-    };
-    SetCursorPos(at.x, at.y);
-    EXPECT_TRUE(loop_.pumpUntil([&] { return arrived; })) << "the mouse did not arrive";
-    loop_.onMessage = before;
-    loop_.pumpPending();
+    act([&] { SetCursorPos(at.x, at.y); },
+        [&](const MSG& seen) {
+            return seen.message == WM_MOUSEMOVE && seen.pt.x == at.x && seen.pt.y == at.y;
+        });
 }
 
 void Person::press(DWORD downFlag) {
-    const INPUT input = mouseInput(downFlag);
-    if (downFlag == MOUSEEVENTF_LEFTDOWN)
-        send(input, WM_LBUTTONDOWN, WM_LBUTTONDBLCLK);
-    else
-        send(input, WM_RBUTTONDOWN, WM_RBUTTONDBLCLK);
+    const bool left = downFlag == MOUSEEVENTF_LEFTDOWN;
+    send(mouseInput(downFlag), left ? WM_LBUTTONDOWN : WM_RBUTTONDOWN,
+         left ? WM_LBUTTONDBLCLK : WM_RBUTTONDBLCLK);
 }
 
 void Person::release(DWORD upFlag) {
@@ -219,10 +190,7 @@ void Person::release(DWORD upFlag) {
 void Person::click(HWND window, int x, int y) {
     moveTo(window, x, y);
     press();
-    if (IsWindowVisible(window)) {
-        release();
-        return;
-    }
+    if (IsWindowVisible(window)) return release();
     // The press has taken the window away: the release may belong to nobody here.
     sendMouse(MOUSEEVENTF_LEFTUP);
     loop_.pumpPending();

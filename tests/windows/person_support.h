@@ -4,11 +4,13 @@
 
 #include <windows.h>
 
+#include <array>
 #include <chrono>
 #include <functional>
 #include <initializer_list>
 #include <string>
 #include <string_view>
+#include <thread>
 #include <utility>
 
 #include "container/message_loop.h"
@@ -20,6 +22,7 @@ namespace obk::testing_support {
 void putOnClipboard(std::initializer_list<std::pair<UINT, std::wstring>> contents);
 
 // Into the system's queue, without waiting for it to arrive.
+void sendKey(WORD code, DWORD flag = 0);
 void sendMouse(DWORD flag, DWORD data = 0);
 
 // A key as if it were held while this lives. Held for real, Alt would open the form's menu when it is let go.
@@ -28,10 +31,10 @@ public:
     explicit AsIfHeld(WORD code);
     AsIfHeld(const AsIfHeld&) = delete;
     AsIfHeld& operator=(const AsIfHeld&) = delete;
-    ~AsIfHeld();
+    ~AsIfHeld() { SetKeyboardState(before_.data()); }
 
 private:
-    BYTE before_[256]{};
+    std::array<BYTE, 256> before_{};
 };
 
 class Person {
@@ -58,12 +61,17 @@ public:
     // Drops data that may be copied or moved where the mouse is. What the target has done with it.
     DWORD dropHere(IDataObject* data, DWORD downFlag = MOUSEEVENTF_LEFTDOWN);
     // Whether the condition came true in time.
-    bool waitFor(const std::function<bool()>& condition);
-    void wait(std::chrono::milliseconds time);
+    bool waitFor(const std::function<bool()>& condition) { return loop_.pumpUntil(condition); }
+    void wait(std::chrono::milliseconds time) {
+        loop_.pumpUntil([] { return false; }, time);
+    }
 
 private:
-    void send(const INPUT& input, UINT message, UINT otherMessage = 0);
-    void sendKey(WORD code, bool down);
+    // Does it and waits for its message.
+    void act(const std::function<void()>& how, const std::function<bool(const MSG&)>& awaited);
+    void send(INPUT input, UINT message, UINT otherMessage = 0);
+    void pressKey(WORD code);
+    void releaseKey(WORD code);
 
     container::MessageLoop& loop_;
 };
@@ -72,8 +80,6 @@ private:
 class OtherApplication {
 public:
     OtherApplication();
-    OtherApplication(const OtherApplication&) = delete;
-    OtherApplication& operator=(const OtherApplication&) = delete;
     ~OtherApplication();
     // The person turns to it. The windows of this thread hear of it with their next messages.
     void comeToFront() const;
@@ -81,7 +87,7 @@ public:
     bool holdClipboard(std::chrono::milliseconds time) const;
 
 private:
-    HANDLE thread_ = nullptr;
+    std::thread thread_;
     HWND window_ = nullptr;
 };
 

@@ -1,4 +1,5 @@
 // The property pages as a frame shows them and a person uses them.
+#include "panel_support.h"
 #include "person_support.h"
 #include "pixels_support.h"
 #include "server_support.h"
@@ -9,10 +10,6 @@
 
 #include <olectl.h>
 
-#include <algorithm>
-#include <array>
-#include <filesystem>
-#include <fstream>
 #include <functional>
 #include <tuple>
 #include <utility>
@@ -22,6 +19,7 @@ namespace {
 
 using namespace testing_support;
 using container::Dispatch;
+using container::Variant;
 
 class PageSite final : public ComObject<IPropertyPageSite> {
 public:
@@ -42,13 +40,14 @@ protected:
     ~PropertyPageTest() override {
         if (page) page->Deactivate();
     }
-    ComPtr<IUnknown> create(const wchar_t* name) {
-        auto control = server.create(name);
-        control.query<IPersistStreamInit>()->InitNew();
-        return control;
+    void create(const wchar_t* className, size_t count = 1) {
+        while (controls.size() < count) {
+            controls.push_back(server.create(className));
+            controls.back().query<IPersistStreamInit>()->InitNew();
+        }
     }
-    // The control's first page, or its last, shown in the window for these objects.
-    void show(std::vector<ComPtr<IUnknown>> controls, bool last = true) {
+    // The controls' last page, or their first, shown in the window.
+    void show(bool last = true) {
         CAUUID pages{};
         ASSERT_EQ(controls.at(0).query<ISpecifyPropertyPages>()->GetPages(&pages), S_OK);
         ASSERT_GT(pages.cElems, 0u);
@@ -61,12 +60,10 @@ protected:
         ASSERT_EQ(getClass(id, __uuidof(IClassFactory), factory.putVoid()), S_OK);
         ASSERT_EQ(factory->CreateInstance(nullptr, __uuidof(IPropertyPage2), page.putVoid()), S_OK);
         std::vector<IUnknown*> objects;
-        objects.reserve(controls.size());
         for (const auto& control : controls) objects.push_back(control.get());
         EXPECT_EQ(page->SetPageSite(site.get()), S_OK);
         EXPECT_EQ(page->SetObjects(static_cast<ULONG>(objects.size()), objects.data()), S_OK);
-        PROPPAGEINFO info{};
-        info.cb = sizeof info;
+        PROPPAGEINFO info{sizeof info, nullptr, {}, nullptr, nullptr, 0};
         ASSERT_EQ(page->GetPageInfo(&info), S_OK);
         CoTaskMemFree(info.pszTitle);
         const RECT place{0, 0, info.size.cx, info.size.cy};
@@ -76,75 +73,82 @@ protected:
         EXPECT_EQ(page->Show(SW_SHOW), S_OK);
         EXPECT_EQ(page->IsPageDirty(), S_FALSE);
     }
+    Dispatch object(size_t number = 0) const { return Dispatch(controls.at(number).get()); }
+    Variant value(const wchar_t* property, size_t number = 0) const { return object(number).value(property); }
     HWND field(const wchar_t* className, const wchar_t* text = nullptr) const {
         const HWND dialog = FindWindowExW(window.handle(), nullptr, L"#32770", nullptr);
         return FindWindowExW(dialog, nullptr, className, text);
     }
-    void type(HWND edit, const wchar_t* text) const {
+    HWND valueField() const { return FindWindowExW(field(L"COMBOBOX"), nullptr, L"EDIT", nullptr); }
+    // The text of a property's value as it is shown now.
+    std::wstring go(const wchar_t* property) const {
+        EXPECT_EQ(page->EditProperty(container::MemberName(property).resolve(object().get())), S_OK);
+        wchar_t shown[40] = L"";
+        GetWindowTextW(field(L"COMBOBOX"), shown, 40);
+        return shown;
+    }
+    static void type(HWND edit, const wchar_t* text) {
         SendMessageW(edit, EM_SETSEL, 0, -1);
         for (; *text; ++text) SendMessageW(edit, WM_CHAR, static_cast<WPARAM>(*text), 1);
     }
-    void typeValue(const wchar_t* text) const {
-        type(FindWindowExW(field(L"COMBOBOX"), nullptr, L"EDIT", nullptr), text);
-    }
-    static DISPID number(const ComPtr<IUnknown>& control, const wchar_t* name) {
-        return container::MemberName(name).resolve(control.query<IDispatch>().get());
+    void press(const wchar_t* button) const { SendMessageW(field(L"BUTTON", button), BM_CLICK, 0, 0); }
+    // Fills in the system's dialog for a value, and ends it.
+    void ask(const wchar_t* property, std::function<void(HWND)> fill, WPARAM button = IDOK) const {
+        const DialogAnswer answer(std::move(fill), button);
+        go(property);
+        press(L"...");
     }
 
     LoadedServer server;
+    std::vector<ComPtr<IUnknown>> controls;
     TestWindow window;
     ComPtr<PageSite> site{new PageSite};
     ComPtr<IPropertyPage2> page;
 };
 
 TEST_F(PropertyPageTest, SeveralControlsAreEditedAtOnceAndOnlyWhatIsAppliedCounts) {
-    const auto first = create(L"UpDownTextBox"), second = create(L"UpDownTextBox");
-    Dispatch(second.get()).put(L"Min", 3L);
-    show({first, second});
-    EXPECT_EQ(page->EditProperty(number(first, L"Max")), S_OK);
-    wchar_t shown[40] = L"";
-    GetWindowTextW(field(L"COMBOBOX"), shown, 40);
-    EXPECT_STREQ(shown, L"10");
-    typeValue(L"55");
+    create(L"UpDownTextBox", 2);
+    object(1).put(L"Min", 3L);
+    show();
+    EXPECT_EQ(go(L"Max"), L"10");
+    type(valueField(), L"55");
     EXPECT_EQ(page->IsPageDirty(), S_OK);
     EXPECT_TRUE(site->told & PROPPAGESTATUS_DIRTY);
-    EXPECT_EQ(Dispatch(first.get()).value(L"Max").toLong(), 10) << "typed, not applied";
+    EXPECT_EQ(value(L"Max").toLong(), 10) << "typed, not applied";
     EXPECT_EQ(page->Apply(), S_OK);
     EXPECT_EQ(page->IsPageDirty(), S_FALSE);
-    for (const auto& control : {first, second}) EXPECT_EQ(Dispatch(control.get()).value(L"Max").toLong(), 55);
-    // Where they differ nothing is shown, and nothing is put.
-    page->EditProperty(number(first, L"Min"));
-    GetWindowTextW(field(L"COMBOBOX"), shown, 40);
-    EXPECT_STREQ(shown, L"");
-    EXPECT_EQ(Dispatch(second.get()).value(L"Min").toLong(), 3);
+    for (const size_t each : {0u, 1u}) EXPECT_EQ(value(L"Max", each).toLong(), 55);
+    EXPECT_EQ(go(L"Min"), L"") << "where they differ nothing is shown, and nothing is put";
+    EXPECT_EQ(value(L"Min", 1).toLong(), 3);
     // What is no number is refused, and stays to be mended.
-    page->EditProperty(number(first, L"Max"));
-    typeValue(L"many");
+    go(L"Max");
+    type(valueField(), L"many");
     EXPECT_TRUE(FAILED(page->Apply()));
     EXPECT_EQ(page->IsPageDirty(), S_OK);
-    EXPECT_EQ(Dispatch(first.get()).value(L"Max").toLong(), 55);
+    EXPECT_EQ(value(L"Max").toLong(), 55);
     // Tab leaves the page behind its last field, Shift+Tab before its first one.
-    const HWND list = field(L"LISTBOX"), value = FindWindowExW(field(L"COMBOBOX"), nullptr, L"EDIT", nullptr);
-    for (const auto& [from, back, leaves] :
-         {std::tuple(list, false, false), {value, false, true}, {value, true, false}, {list, true, true}}) {
-        BYTE keys[256]{};
-        keys[VK_SHIFT] = back ? 0x80 : 0;
-        SetKeyboardState(keys);
+    const HWND list = field(L"LISTBOX");
+    for (const auto& [from, back, leaves] : {std::tuple(list, false, false),
+                                             {valueField(), false, true},
+                                             {valueField(), true, false},
+                                             {list, true, true}}) {
+        const AsIfHeld held(back ? VK_SHIFT : 0);
         MSG tab{from, WM_KEYDOWN, VK_TAB, 1, 0, {}};
         EXPECT_EQ(page->TranslateAccelerator(&tab), leaves ? S_FALSE : S_OK) << (from == list) << back;
-        SetKeyboardState(std::array<BYTE, 256>{}.data());
     }
-    page->EditProperty(number(first, L"Max"));
-    typeValue(L"9");
+    go(L"Max");
+    type(valueField(), L"9");
     EXPECT_EQ(page->Deactivate(), S_OK);
-    EXPECT_EQ(Dispatch(first.get()).value(L"Max").toLong(), 55) << "cancelled";
+    EXPECT_EQ(value(L"Max").toLong(), 55) << "cancelled";
 }
 
 TEST_F(PropertyPageTest, NamedValuesAndColoursAreChosen) {
-    const auto control = create(L"UpDownTextBox");
-    show({control});
-    const auto choose = [&](const wchar_t* property, const wchar_t* choice) {
-        page->EditProperty(number(control, property));
+    create(L"UpDownTextBox");
+    show();
+    for (const auto& [property, choice] : {std::pair(L"Alignment", L"2 - Centre"),
+                                           {L"Enabled", L"False"},
+                                           {L"ForeColor", L"&H80000011 - Disabled text"}}) {
+        go(property);
         const HWND box = field(L"COMBOBOX");
         const auto at =
             SendMessageW(box, CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(choice));
@@ -152,106 +156,47 @@ TEST_F(PropertyPageTest, NamedValuesAndColoursAreChosen) {
         SendMessageW(box, CB_SETCURSEL, static_cast<WPARAM>(at), 0);
         SendMessageW(GetParent(box), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(box), CBN_SELCHANGE),
                      reinterpret_cast<LPARAM>(box));
-    };
-    choose(L"Alignment", L"2 - Centre");
-    choose(L"Enabled", L"False");
-    choose(L"ForeColor", L"&H80000011 - Disabled text");
+    }
     EXPECT_EQ(page->Apply(), S_OK);
-    EXPECT_EQ(Dispatch(control.get()).value(L"Alignment").toLong(), 2);
-    EXPECT_EQ(Dispatch(control.get()).value(L"Enabled").toBool(), false);
-    EXPECT_EQ(Dispatch(control.get()).value(L"ForeColor").toLong(), static_cast<long>(0x80000011u));
+    EXPECT_EQ(value(L"Alignment").toLong(), 2);
+    EXPECT_EQ(value(L"Enabled").toBool(), false);
+    EXPECT_EQ(value(L"ForeColor").toLong(), static_cast<long>(0x80000011u));
 }
 
-// Fills in the next dialog of this thread, which runs its own loop, and ends it.
-class DialogAnswer {
-public:
-    explicit DialogAnswer(std::function<void(HWND)> fill, WPARAM button = IDOK)
-        : fill_(std::move(fill)), button_(button) {
-        current = this;
-        timer_ = SetTimer(nullptr, 0, 50, tick);
-    }
-    DialogAnswer(const DialogAnswer&) = delete;
-    DialogAnswer& operator=(const DialogAnswer&) = delete;
-    ~DialogAnswer() {
-        KillTimer(nullptr, timer_);
-        current = nullptr;
-    }
-
-private:
-    static void CALLBACK tick(HWND, UINT, UINT_PTR, DWORD) {
-        EnumThreadWindows(GetCurrentThreadId(), answer, 0);
-    }
-    static BOOL CALLBACK answer(HWND window, LPARAM) {
-        wchar_t name[50] = L"";
-        GetClassNameW(window, name, 50);
-        if (!current || lstrcmpW(name, L"#32770") != 0 || !IsWindowVisible(window)) return TRUE;
-        if (const auto fill = std::exchange(current->fill_, nullptr)) fill(window);
-        PostMessageW(window, WM_COMMAND, current->button_, 0);
-        return FALSE;
-    }
-
-    static inline DialogAnswer* current = nullptr;
-    std::function<void(HWND)> fill_;
-    WPARAM button_;
-    UINT_PTR timer_;
-};
-
 TEST_F(PropertyPageTest, ColoursAndFontsAreChosenInTheSystemsDialogs) {
-    const auto control = create(L"ButtonPalette"), other = create(L"ButtonPalette");
-    show({control, other});
-    const auto ask = [&](const wchar_t* property) {
-        page->EditProperty(number(control, property));
-        SendMessageW(field(L"BUTTON", L"..."), BM_CLICK, 0, 0);
-    };
-    const Dispatch object(control.get());
-    const auto font = [](const Dispatch& of) { return Dispatch(of.value(L"Font").toObject().get()); };
-    const double size = font(object).value(L"Size").toDouble().value_or(0);
-    constexpr int redField = 706, strikeOut = 0x410;
-    {
-        const DialogAnswer answer([](HWND dialog) {
-            for (int part = 0; part < 3; ++part)
-                SetDlgItemInt(dialog, redField + part, static_cast<UINT>(part + 1), FALSE);
-        });
-        ask(L"ForeColor");
-    }
-    {
-        const DialogAnswer answer(
-            [](HWND dialog) { SendDlgItemMessageW(dialog, strikeOut, BM_CLICK, 0, 0); });
-        ask(L"Font");
-    }
-    {
-        const DialogAnswer answer({}, IDCANCEL);
-        ask(L"BackColor");
-    }
-    const long back = object.value(L"BackColor").toLong().value_or(-1);
-    EXPECT_NE(object.value(L"ForeColor").toLong(), 0x00030201L) << "chosen, not applied";
+    create(L"ButtonPalette", 2);
+    show();
+    const auto font = [&](size_t number) { return Dispatch(value(L"Font", number).toObject().get()); };
+    const auto size = [&](size_t number) { return font(number).value(L"Size").toDouble().value_or(0); };
+    const double before = size(0);
+    const long back = value(L"BackColor").toLong().value_or(-1);
+    constexpr int strikeOut = 0x410;
+    ask(L"ForeColor", [](HWND dialog) { enterColour(dialog, RGB(1, 2, 3)); });
+    ask(L"Font", [](HWND dialog) { SendDlgItemMessageW(dialog, strikeOut, BM_CLICK, 0, 0); });
+    ask(L"BackColor", {}, IDCANCEL);
+    EXPECT_NE(value(L"ForeColor").toLong(), 0x00030201L) << "chosen, not applied";
     EXPECT_EQ(page->Apply(), S_OK);
-    EXPECT_EQ(object.value(L"ForeColor").toLong(), 0x00030201L);
-    EXPECT_EQ(object.value(L"BackColor").toLong(), back);
-    EXPECT_EQ(font(object).value(L"Strikethrough").toBool(), true);
-    EXPECT_NEAR(font(object).value(L"Size").toDouble().value_or(0), size, 0.5);
-    font(object).put(L"Size", 30.0);
-    EXPECT_EQ(font(Dispatch(other.get())).value(L"Strikethrough").toBool(), true);
-    EXPECT_NEAR(font(Dispatch(other.get())).value(L"Size").toDouble().value_or(0), size, 0.5) << "its own";
+    EXPECT_EQ(value(L"ForeColor").toLong(), 0x00030201L);
+    EXPECT_EQ(value(L"BackColor").toLong(), back);
+    for (const size_t each : {0u, 1u}) {
+        EXPECT_EQ(font(each).value(L"Strikethrough").toBool(), true) << each;
+        EXPECT_NEAR(size(each), before, 0.5) << "its own, " << each;
+        font(each).put(L"Size", 30.0);
+    }
 }
 
 TEST_F(PropertyPageTest, APictureIsChosenFromAFile) {
     // Two by two pixels of 24 bits.
-    const unsigned char bitmap[70] = {'B', 'M', 70, 0, 0, 0, 0, 0, 0, 0, 54, 0, 0, 0, 40,
-                                      0,   0,   0,  2, 0, 0, 0, 2, 0, 0, 0,  1, 0, 24};
+    std::string bitmap("BM\x46\0\0\0\0\0\0\0\x36\0\0\0\x28\0\0\0\2\0\0\0\2\0\0\0\1\0\x18", 29);
+    bitmap.resize(70);
     const std::wstring file = temporaryFile(L"two by two.bmp");
-    std::ofstream(std::filesystem::path(file), std::ios::binary)
-        .write(reinterpret_cast<const char*>(bitmap), sizeof bitmap);
-    const auto control = create(L"ButtonPalette");
-    show({control});
-    page->EditProperty(number(control, L"Picture"));
-    {
-        constexpr int fileName = 0x47C;
-        const DialogAnswer answer([&](HWND dialog) { SetDlgItemTextW(dialog, fileName, file.c_str()); });
-        SendMessageW(field(L"BUTTON", L"..."), BM_CLICK, 0, 0);
-    }
+    ASSERT_TRUE(container::writeFile(file, bitmap));
+    create(L"ButtonPalette");
+    show();
+    constexpr int fileName = 0x47C;
+    ask(L"Picture", [&](HWND dialog) { SetDlgItemTextW(dialog, fileName, file.c_str()); });
     EXPECT_EQ(page->Apply(), S_OK);
-    const auto picture = Dispatch(control.get()).value(L"Picture").toObject();
+    const auto picture = value(L"Picture").toObject();
     OLE_XSIZE_HIMETRIC width = 0;
     ASSERT_TRUE(picture);
     EXPECT_EQ(picture.query<IPicture>()->get_Width(&width), S_OK);
@@ -260,31 +205,26 @@ TEST_F(PropertyPageTest, APictureIsChosenFromAFile) {
 }
 
 TEST_F(PropertyPageTest, TabsAreAddedNamedMovedAndRemoved) {
-    const auto control = create(L"PageTab");
-    Dispatch(control.get()).put(L"ActiveTabs", L"Home,Video");
-    show({control}, false);
-    const auto press = [&](const wchar_t* text) { SendMessageW(field(L"BUTTON", text), BM_CLICK, 0, 0); };
+    create(L"PageTab");
+    object().put(L"ActiveTabs", L"Home,Video");
+    show(false);
     press(L"&Add");
     type(field(L"EDIT"), L"Sou,nd");
     press(L"Move &up");
     EXPECT_EQ(page->Apply(), S_OK);
-    EXPECT_EQ(Dispatch(control.get()).value(L"ActiveTabs").toText(), L"Home,Sound,Video");
-    {
-        const DialogAnswer answer([](HWND dialog) {
-            for (int part = 706; part < 709; ++part) SetDlgItemInt(dialog, part, 1, FALSE);
-        });
-        press(L"Page &colour...");
-    }
+    EXPECT_EQ(value(L"ActiveTabs").toText(), L"Home,Sound,Video");
+    const ChooserAnswer answer(RGB(1, 1, 1));
+    press(L"Page &colour...");
     EXPECT_EQ(page->Apply(), S_OK);
-    EXPECT_EQ(Dispatch(control.get()).value(L"strPUBSKINCOLORPAGE").toText(), L"0|65793|0");
+    EXPECT_EQ(value(L"strPUBSKINCOLORPAGE").toText(), L"0|65793|0");
     press(L"&Remove");
     EXPECT_EQ(page->Apply(), S_OK);
-    EXPECT_NE(Dispatch(control.get()).value(L"ActiveTabs").toText(), L"Home,Sound,Video");
+    EXPECT_NE(value(L"ActiveTabs").toText(), L"Home,Sound,Video");
 }
 
 TEST_F(PropertyPageTest, PalettesAreChosenByTheirPictures) {
-    const auto control = create(L"ButtonPalette");
-    show({control}, false);
+    create(L"ButtonPalette");
+    show(false);
     const HWND list = field(L"LISTBOX");
     UpdateWindow(list);
     const HDC dc = GetDC(list);
@@ -296,47 +236,26 @@ TEST_F(PropertyPageTest, PalettesAreChosenByTheirPictures) {
     SendMessageW(list, WM_KEYDOWN, VK_DOWN, 1);
     EXPECT_EQ(page->IsPageDirty(), S_OK);
     EXPECT_EQ(page->Apply(), S_OK);
-    EXPECT_EQ(Dispatch(control.get()).value(L"Palette").toLong(), 1);
+    EXPECT_EQ(value(L"Palette").toLong(), 1);
 }
 
-// The system's own frame, which makes the pages by their classes, and ends when somebody presses Cancel.
-struct Frame {
-    static inline std::vector<std::string> seen;
-
-    static BOOL CALLBACK note(HWND window, LPARAM) {
-        wchar_t name[50] = L"";
-        GetClassNameW(window, name, 50);
-        if (IsWindowVisible(window)) seen.push_back(container::toUtf8(name));
-        return TRUE;
-    }
-    static BOOL CALLBACK cancel(HWND window, LPARAM) {
-        if (!IsWindowVisible(window) || !GetDlgItem(window, IDCANCEL)) return TRUE;
-        EnumChildWindows(window, note, 0);
-        PostMessageW(window, WM_COMMAND, IDCANCEL, 0);
-        return TRUE;
-    }
-    static void CALLBACK look(HWND, UINT, UINT_PTR timer, DWORD) {
-        EnumThreadWindows(GetCurrentThreadId(), cancel, 0);
-        if (!seen.empty()) KillTimer(nullptr, timer);
-    }
-};
-
+// It makes the pages by their classes, and ends when somebody presses Cancel.
 TEST_F(PropertyPageTest, TheSystemsFrameShowsThem) {
-    const std::wstring folder = serverFile().substr(0, serverFile().rfind(L'\\'));
-    const std::wstring manifest = folder + L"\\OBKCTRLS.manifest";
-    ACTCTXW wanted{};
-    wanted.cbSize = sizeof wanted;
-    wanted.lpSource = manifest.c_str();
+    const std::wstring manifest = serverFile().substr(0, serverFile().rfind(L'\\')) + L"\\OBKCTRLS.manifest";
+    const ACTCTXW wanted{sizeof wanted, 0, manifest.c_str(), 0, 0, nullptr, nullptr, nullptr, nullptr};
     const HANDLE context = CreateActCtxW(&wanted);
     ULONG_PTR cookie = 0;
     ASSERT_TRUE(ActivateActCtx(context, &cookie));
-    SetTimer(nullptr, 0, 50, Frame::look);
-    EXPECT_EQ(create(L"UpDownTextBox")
-                  .query<IOleObject>()
-                  ->DoVerb(OLEIVERB_PROPERTIES, nullptr, nullptr, 0, window.handle(), nullptr),
+    const auto look = [](HWND frame) {
+        for (const wchar_t* part : {L"SysTabControl32", L"ListBox", L"ComboBox"})
+            EXPECT_EQ(shownWindows(part, frame).size(), 1u) << container::toUtf8(part);
+    };
+    const DialogAnswer cancelled(look, IDCANCEL);
+    create(L"UpDownTextBox");
+    EXPECT_EQ(controls[0].query<IOleObject>()->DoVerb(OLEIVERB_PROPERTIES, nullptr, nullptr, 0,
+                                                      window.handle(), nullptr),
               S_OK);
-    for (const char* shown : {"SysTabControl32", "ListBox", "ComboBox"})
-        EXPECT_EQ(std::count(Frame::seen.begin(), Frame::seen.end(), shown), 1) << shown;
+    EXPECT_GE(cancelled.seen(), 1);
     DeactivateActCtx(0, cookie);
     ReleaseActCtx(context);
 }

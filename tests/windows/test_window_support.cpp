@@ -29,10 +29,6 @@ TestWindow::TestWindow()
     ShowWindow(handle_, SW_SHOWNOACTIVATE);
 }
 
-TestWindow::~TestWindow() {
-    DestroyWindow(handle_);
-}
-
 HWND TestWindow::addEdit(int y, DWORD style) const {
     return CreateWindowExW(0, L"EDIT", L"edit", style | WS_CHILD, 10, y, 100, 20, handle_, nullptr, nullptr,
                            nullptr);

@@ -11,7 +11,7 @@ public:
     TestWindow();
     TestWindow(const TestWindow&) = delete;
     TestWindow& operator=(const TestWindow&) = delete;
-    ~TestWindow();
+    ~TestWindow() { DestroyWindow(handle_); }
     HWND handle() const { return handle_; }
     HWND addEdit(int y, DWORD style = WS_VISIBLE) const;
 

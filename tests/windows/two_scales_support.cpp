@@ -1,5 +1,7 @@
 #include "two_scales_support.h"
 
+#include "panel_support.h"
+
 #include <cstring>
 #include <map>
 
@@ -30,8 +32,7 @@ void write(const BYTE* code, size_t size) {
 }
 
 UINT dpiAt(HWND window) {
-    RECT place{};
-    GetWindowRect(GetAncestor(window, GA_ROOT), &place);
+    const RECT place = windowRect(GetAncestor(window, GA_ROOT));
     return (place.left + place.right) / 2 >= scales.line ? scales.rightDpi : 96;
 }
 
@@ -40,14 +41,8 @@ void tell(HWND window) {
     UINT& told = scales.told[window];
     if (dpi == told) return;
     told = dpi;
-    RECT place{};
-    GetWindowRect(window, &place);
+    RECT place = windowRect(window);
     SendMessageW(window, dpiChanged, MAKEWPARAM(dpi, dpi), reinterpret_cast<LPARAM>(&place));
-}
-
-BOOL CALLBACK tellEach(HWND window, LPARAM) {
-    if (IsWindowVisible(window)) tell(window);
-    return TRUE;
 }
 
 }  // namespace
@@ -74,7 +69,7 @@ TwoScales::~TwoScales() {
 
 void TwoScales::move(int line) {
     scales.line = line;
-    EnumThreadWindows(GetCurrentThreadId(), tellEach, 0);
+    for (const HWND window : shownWindows()) tell(window);
 }
 
 // What the system has told a window is its DPI; another one waits for its message.
