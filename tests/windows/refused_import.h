@@ -11,6 +11,8 @@ namespace obk::testing_support {
 
 // Counted from 0; the call with this number is refused.
 inline unsigned long callNumber = 0, refusedCall = ULONG_MAX;
+// Not only that one.
+inline bool refusesAll = false;
 // Instead of being refused the call ends the process, with this as its code.
 constexpr UINT endedAtCall = 72;
 inline bool endsAtCall = false;
@@ -20,7 +22,7 @@ struct Refusing {
     static inline Result(WINAPI* original)(Arguments...) = nullptr;
     static inline Result refusal{};
     static Result WINAPI call(Arguments... arguments) {
-        if (callNumber++ != refusedCall) return original(arguments...);
+        if (!refusesAll && callNumber++ != refusedCall) return original(arguments...);
         if (endsAtCall) TerminateProcess(GetCurrentProcess(), endedAtCall);
         SetLastError(ERROR_NOT_ENOUGH_MEMORY);
         return refusal;
