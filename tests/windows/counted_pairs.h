@@ -10,6 +10,8 @@
 #include <ole2.h>
 
 #include <list>
+#include <map>
+#include <string>
 #include <type_traits>
 
 namespace obk::testing_support {
@@ -22,11 +24,8 @@ struct Counting {
     static inline int* balance = nullptr;
     static Result WINAPI call(Arguments... arguments) {
         const Result result = original(arguments...);
-        bool done = true;
-        if constexpr (std::is_same_v<Result, HRESULT>)
-            done = SUCCEEDED(result);
-        else if constexpr (!std::is_void_v<Result>)
-            done = result != Result{};
+        bool done = result != Result{};
+        if constexpr (std::is_same_v<Result, HRESULT>) done = SUCCEEDED(result);
         if (done) *balance += change;
         return result;
     }
@@ -35,47 +34,36 @@ struct Counting {
 class CountedPairs {
 public:
     explicit CountedPairs(HMODULE module) : module_(module) {
-        count<struct Dropping>("RegisterDragDrop", RegisterDragDrop, "RevokeDragDrop", RevokeDragDrop);
-        count<struct Hooks>("SetWindowsHookExW", SetWindowsHookExW, "UnhookWindowsHookEx",
-                            UnhookWindowsHookEx);
-        count<struct Menus>("CreatePopupMenu", CreatePopupMenu, "DestroyMenu", DestroyMenu);
-        count<struct Keys>("CreateAcceleratorTableW", CreateAcceleratorTableW, "DestroyAcceleratorTable",
-                           DestroyAcceleratorTable);
-        count<struct Classes>("RegisterClassExW", RegisterClassExW, "UnregisterClassW", UnregisterClassW);
+        count<struct Register>("drop targets", 1, "RegisterDragDrop", RegisterDragDrop);
+        count<struct Revoke>("drop targets", -1, "RevokeDragDrop", RevokeDragDrop);
+        count<struct Hook>("hooks", 1, "SetWindowsHookExW", SetWindowsHookExW);
+        count<struct Unhook>("hooks", -1, "UnhookWindowsHookEx", UnhookWindowsHookEx);
+        count<struct Menu>("menus", 1, "CreatePopupMenu", CreatePopupMenu);
+        count<struct NoMenu>("menus", -1, "DestroyMenu", DestroyMenu);
+        count<struct Keys>("tables of keys", 1, "CreateAcceleratorTableW", CreateAcceleratorTableW);
+        count<struct NoKeys>("tables of keys", -1, "DestroyAcceleratorTable", DestroyAcceleratorTable);
+        count<struct Class>("classes", 1, "RegisterClassExW", RegisterClassExW);
+        count<struct NoClass>("classes", -1, "UnregisterClassW", UnregisterClassW);
     }
-    CountedPairs(const CountedPairs&) = delete;
-    CountedPairs& operator=(const CountedPairs&) = delete;
 
     void expectAllGone() const {
-        for (const Pair& pair : pairs_) EXPECT_EQ(pair.balance, 0) << pair.name;
+        for (const auto& [what, balance] : balances_) EXPECT_EQ(balance, 0) << what;
     }
 
 private:
-    struct Pair {
-        Pair(HMODULE module, const Refusable& first, const Refusable& second)
-            : name(first.name), made(module, first), gone(module, second) {}
-        const char* name;
-        int balance = 0;
-        RefusedImport made, gone;
-    };
-
-    template <typename Tag, typename Made, typename... MadeOf, typename Gone, typename... GoneOf>
-    void count(const char* made, Made(WINAPI* make)(MadeOf...), const char* gone,
-               Gone(WINAPI* end)(GoneOf...)) {
-        using First = Counting<Tag, Made, MadeOf...>;
-        using Second = Counting<std::add_pointer_t<Tag>, Gone, GoneOf...>;
-        First::original = make;
-        First::change = 1;
-        Second::original = end;
-        Second::change = -1;
-        Pair& pair = pairs_.emplace_back(module_, Refusable{made, reinterpret_cast<void*>(&First::call)},
-                                         Refusable{gone, reinterpret_cast<void*>(&Second::call)});
-        EXPECT_TRUE(pair.made.found() && pair.gone.found()) << made;
-        First::balance = Second::balance = &pair.balance;
+    template <typename Tag, typename Result, typename... Arguments>
+    void count(const char* what, int change, const char* name, Result(WINAPI* function)(Arguments...)) {
+        using Call = Counting<Tag, Result, Arguments...>;
+        Call::original = function;
+        Call::change = change;
+        Call::balance = &balances_[what];
+        const Refusable counting{name, reinterpret_cast<void*>(&Call::call)};
+        EXPECT_TRUE(imports_.emplace_back(module_, counting).found()) << name;
     }
 
     HMODULE module_;
-    std::list<Pair> pairs_;
+    std::map<std::string, int> balances_;
+    std::list<RefusedImport> imports_;
 };
 
 }  // namespace obk::testing_support

@@ -13,8 +13,10 @@
 #include <commdlg.h>
 #include <shlwapi.h>
 
-#include <cstdlib>
+#include <cstdio>
+#include <functional>
 #include <random>
+#include <utility>
 
 namespace obk {
 namespace {
@@ -22,40 +24,20 @@ namespace {
 using namespace testing_support;
 using container::Variant;
 
-// Dismisses the system's own dialogs, menus and drags, which run loops of their own.
-class NothingModal {
-public:
-    NothingModal() : timer_(SetTimer(nullptr, 0, 30, dismiss)) {}
-    NothingModal(const NothingModal&) = delete;
-    NothingModal& operator=(const NothingModal&) = delete;
-    ~NothingModal() { KillTimer(nullptr, timer_); }
-
-private:
-    static BOOL CALLBACK cancel(HWND window, LPARAM) {
-        wchar_t name[20] = L"";
-        GetClassNameW(window, name, 20);
-        if (std::wstring_view(name) == L"#32770") PostMessageW(window, WM_COMMAND, IDCANCEL, 0);
-        return TRUE;
-    }
-    static void CALLBACK dismiss(HWND, UINT, UINT_PTR, DWORD) {
-        EnumThreadWindows(GetCurrentThreadId(), cancel, 0);
-        const HWND menu = FindWindowW(L"#32768", nullptr);
-        if (menu && IsWindowVisible(menu)) EndMenu();
-        // A drag waits for the button, which nobody else lets go while it runs.
-        static int held = 0;
-        held = GetAsyncKeyState(VK_LBUTTON) < 0 ? held + 1 : 0;
-        if (held < 30) return;
-        sendMouse(MOUSEEVENTF_LEFTUP);
-    }
-
-    UINT_PTR timer_;
-};
+// The system's own dialogs, menus and drags, which run loops of their own.
+void dismissModal() {
+    for (const HWND dialog : shownWindows(L"#32770")) PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
+    const HWND menu = FindWindowW(L"#32768", nullptr);
+    if (menu && IsWindowVisible(menu)) EndMenu();
+    // A drag waits for the button, which nobody else lets go while it runs.
+    static int held = 0;
+    held = GetAsyncKeyState(VK_LBUTTON) < 0 ? held + 1 : 0;
+    if (held >= 30) sendMouse(MOUSEEVENTF_LEFTUP);
+}
 
 class WindowMonkey {
 public:
     WindowMonkey(const std::wstring& name, uint32_t seed) : name_(name), random_(seed) { place(); }
-    WindowMonkey(const WindowMonkey&) = delete;
-    WindowMonkey& operator=(const WindowMonkey&) = delete;
 
     void step() {
         if (!hosted_.site.control()) return place();
@@ -69,7 +51,6 @@ public:
         hosted_.site.close();
         hosted_.loop.pumpPending();
         for (const DWORD up : {DWORD{MOUSEEVENTF_LEFTUP}, DWORD{MOUSEEVENTF_RIGHTUP}}) button(up);
-        hosted_.loop.pumpPending();
         EXPECT_FALSE(openPanel());
         EXPECT_EQ(GetCapture(), nullptr);
     }
@@ -99,46 +80,31 @@ private:
         // What a host calls it holds; the site may let go of it meanwhile.
         const ComPtr<IUnknown> held = hosted_.site.control();
         if (!held) return;
-        switch (below(16)) {
-            case 0:
-            case 1:
-                return callMember(held.get());
-            case 2:
-                return setProperty(held.get());
-            case 3:
-                return surroundings();
-            case 4:
-            case 5:
-            case 6:
-            case 7:
-            case 8:
-                return mouse();
-            case 9:
-                SetFocus(hosted_.site.window());
-                return;
-            default:
-                return key();
-        }
+        const int dice = below(17);
+        if (dice < 2) return callMember(held.get());
+        if (dice == 2) return setProperty(held.get());
+        if (dice == 3) return surroundings();
+        if (dice < 9) return mouse();
+        if (dice < 15) return key();
+        if (dice == 15)
+            SetFocus(hosted_.site.window());
+        else if (const auto again = underWay_)
+            again();
     }
     void key() {
-        const WORD code =
+        const int code =
             below(4) == 0
-                ? static_cast<WORD>(one<int>({'1', '7', 'A', 'V', 'C', 'Z', 'X', VK_OEM_PERIOD}))
-                : static_cast<WORD>(one<int>({VK_RETURN, VK_TAB, VK_ESCAPE, VK_SPACE, VK_F2, VK_F4, VK_INSERT,
-                                              VK_DELETE, VK_DOWN, VK_UP, VK_LEFT, VK_RIGHT, VK_HOME, VK_END,
-                                              VK_NEXT, VK_PRIOR, VK_APPS}));
-        const WORD held = below(4) == 0 ? static_cast<WORD>(one<int>({VK_SHIFT, VK_CONTROL})) : WORD{0};
-        if (held) send(held, 0);
-        send(code, 0);
+                ? one<int>({'1', '7', 'A', 'V', 'C', 'Z', 'X', VK_OEM_PERIOD})
+                : one({VK_RETURN, VK_TAB, VK_ESCAPE, VK_SPACE, VK_F2, VK_F4, VK_INSERT, VK_DELETE, VK_DOWN,
+                       VK_UP, VK_LEFT, VK_RIGHT, VK_HOME, VK_END, VK_NEXT, VK_PRIOR, VK_APPS});
+        const int held = below(4) == 0 ? one({VK_SHIFT, VK_CONTROL}) : 0;
+        if (held) send(held);
+        send(code);
         if (below(12) != 0) send(code, KEYEVENTF_KEYUP);
         if (held) send(held, KEYEVENTF_KEYUP);
     }
-    void send(WORD code, DWORD flags) {
-        INPUT input{};
-        input.type = INPUT_KEYBOARD;
-        input.ki.wVk = code;
-        input.ki.dwFlags = flags | (code >= VK_PRIOR && code <= VK_DELETE ? KEYEVENTF_EXTENDEDKEY : 0u);
-        SendInput(1, &input, sizeof input);
+    void send(int code, DWORD flags = 0) {
+        sendKey(static_cast<WORD>(code), flags);
         hosted_.loop.pumpPending();
     }
     void mouse() {
@@ -150,38 +116,37 @@ private:
             SetCursorPos(area.left - 8 + below(static_cast<int>(area.right - area.left) + 16),
                          area.top - 8 + below(static_cast<int>(area.bottom - area.top) + 16));
         hosted_.loop.pumpPending();
-        switch (below(6)) {
-            case 0:
-                return button(MOUSEEVENTF_WHEEL, static_cast<DWORD>(one({-120, 120, 40})));
-            case 1:
-                button(MOUSEEVENTF_RIGHTDOWN);
-                return button(MOUSEEVENTF_RIGHTUP);
-            case 2:
-                return button(MOUSEEVENTF_LEFTUP);
-            case 3:
-                return button(MOUSEEVENTF_LEFTDOWN);
-            default:
-                for (int clicks = below(4) == 0 ? 2 : 1; clicks > 0; --clicks) {
-                    button(MOUSEEVENTF_LEFTDOWN);
-                    button(MOUSEEVENTF_LEFTUP);
-                }
-        }
+        one<std::function<void()>>({
+            [&] {
+                button(MOUSEEVENTF_WHEEL, static_cast<DWORD>(one({-120, 120, 40})));
+            },
+            [&] { button(MOUSEEVENTF_RIGHTDOWN), button(MOUSEEVENTF_RIGHTUP); },
+            [&] { button(MOUSEEVENTF_LEFTUP); },
+            [&] { button(MOUSEEVENTF_LEFTDOWN); },
+            [&] { click(); },
+            [&] { click(), below(2) == 0 ? click() : void(); },
+        })();
+    }
+    void click() {
+        button(MOUSEEVENTF_LEFTDOWN);
+        button(MOUSEEVENTF_LEFTUP);
     }
     void button(DWORD flag, DWORD data = 0) {
         sendMouse(flag, data);
         hosted_.loop.pumpPending();
     }
     Variant value(const container::DeclaredType& type) {
+        if (type.type == VT_DISPATCH || type.type == VT_UNKNOWN) return {};
+        if (type.type == VT_BSTR)
+            return one({L"", L"oak", L"12", L"2 Feb 2026", L"a,b,c", L"a\tb\r\nc\td", L"9:30 am"});
         const Variant number = one({0, 1, 2, 3, 5, -1, 40});
-        switch (type.type) {
-            case VT_BSTR:
-                return one({L"", L"oak", L"12", L"2 Feb 2026", L"a,b,c", L"a\tb\r\nc\td", L"9:30 am"});
-            case VT_DISPATCH:
-            case VT_UNKNOWN:
-                return {};
-            default:
-                return number.converted(type.type).value_or(number);
-        }
+        return number.converted(type.type).value_or(number);
+    }
+    // A call, which the host may make once more inside of it.
+    void run(const std::function<void()>& call) {
+        const auto before = std::exchange(underWay_, call);
+        call();
+        underWay_ = before;
     }
     void callMember(IUnknown* control) {
         const auto& methods = members_.methods();
@@ -191,7 +156,7 @@ private:
         if (method.name == L"GridSave" || method.name == L"GridLoad") return;
         container::Arguments arguments;
         for (const auto& argument : method.arguments) arguments.push_back(value(argument.type));
-        container::Dispatch(control).call(method.number, arguments);
+        run([&] { container::Dispatch(control).call(method.number, arguments); });
     }
     void setProperty(IUnknown* control) {
         const auto& properties = members_.properties();
@@ -202,47 +167,33 @@ private:
         // Nobody can work with a control that stays disabled or hidden.
         const bool flag = property.type.type == VT_BOOL;
         const Variant before = object.value(property.number);
-        object.put(property.number, flag ? Variant(below(2) == 0) : value(property.type));
+        const Variant other = flag ? Variant(below(2) == 0) : value(property.type);
+        run([&] { object.put(property.number, other); });
         hosted_.loop.pumpPending();
         if (flag) object.put(property.number, before);
     }
     void surroundings() {
-        switch (below(9)) {
-            case 0:
-                hosted_.site.deactivate();
-                hosted_.activate(placeOf(name_));
-                return;
-            case 1:
-                SetFocus(field_);
-                return;
-            case 2:
-                SetForegroundWindow(hosted_.window.handle());
-                return;
-            case 3:
-                SetCapture(hosted_.window.handle());
-                ReleaseCapture();
-                return;
-            case 4: {
-                const RECT now = placeOf(name_);
+        const HWND form = hosted_.window.handle();
+        const RECT now = placeOf(name_);
+        one<std::function<void()>>({
+            [&] { hosted_.site.deactivate(), hosted_.activate(now); },
+            [&] { SetFocus(field_); },
+            [&] { SetForegroundWindow(form); },
+            [&] { SetCapture(form), ReleaseCapture(); },
+            [&] {
                 hosted_.site.moveTo({now.left, now.top, now.right + below(120) - 40, now.bottom + below(40)});
-                return;
-            }
-            case 5: {
-                const ComPtr<IStream> stream(SHCreateMemStream(nullptr, 0));
-                hosted_.site.save(stream.get());
-                stream->Seek({}, STREAM_SEEK_SET, nullptr);
-                if (const auto form = hosted_.site.query<IPersistStreamInit>()) form->Load(stream.get());
-                return;
-            }
-            case 6:
-                if (below(6) == 0) place();
-                return;
-            case 7:
-                if (below(6) == 0) hosted_.site.close();
-                return;
-            default:
-                hosted_.site.uiActivate();
-        }
+            },
+            [&] { load(); },
+            [&] { below(6) == 0 ? place() : void(); },
+            [&] { below(6) == 0 ? hosted_.site.close() : void(); },
+            [&] { hosted_.site.uiActivate(); },
+        })();
+    }
+    void load() {
+        const ComPtr<IStream> stream(SHCreateMemStream(nullptr, 0));
+        hosted_.site.save(stream.get());
+        stream->Seek({}, STREAM_SEEK_SET, nullptr);
+        if (const auto form = hosted_.site.query<IPersistStreamInit>()) form->Load(stream.get());
     }
 
     const std::wstring& name_;
@@ -250,20 +201,18 @@ private:
     LoadedServer server_;
     HostedControl hosted_{name_};
     const HWND field_ = hosted_.window.addEdit(270);
-    const NothingModal nothingModal_;
+    const Meanwhile nothingModal_{dismissModal, 30};
     const container::TypeMembers members_ = container::TypeMembers::of(hosted_.site.control().get());
+    std::function<void()> underWay_;
     bool acts_ = true;
     int depth_ = 0;
 };
 
 // From its first opening on the system's chooser keeps what it draws with.
 void openColourChooser() {
-    const NothingModal dismissed;
+    const Meanwhile nothingModal(dismissModal, 30);
     COLORREF mixed[16]{};
-    CHOOSECOLORW chooser{};
-    chooser.lStructSize = sizeof chooser;
-    chooser.lpCustColors = mixed;
-    chooser.Flags = CC_FULLOPEN;
+    CHOOSECOLORW chooser{sizeof chooser, nullptr, nullptr, 0, mixed, CC_FULLOPEN, 0, nullptr, nullptr};
     ChooseColorW(&chooser);
 }
 
@@ -282,7 +231,6 @@ TEST(WindowMonkey, WalksThroughEachControlAndLeavesNothing) {
     // What the system makes once and keeps, it makes in a first walk.
     for (const std::wstring& name : serverClasses()) walk(name, seed);
     openColourChooser();
-    systemBlockCount();
     const ULONGLONG start = GetTickCount64();
     const int firstDrawing = gdiObjectCount();
     int walks = 0;
@@ -300,7 +248,6 @@ TEST(WindowMonkey, WalksThroughEachControlAndLeavesNothing) {
         }
         ++seed;
     } while (GetTickCount64() - start < static_cast<ULONGLONG>(seconds) * 1000 && !HasFailure());
-    RecordProperty("walks", walks);
     if (seconds > 0)
         std::printf("%d walks of %d steps, to seed %u, %d drawing objects more\n", walks, steps, seed - 1,
                     gdiObjectCount() - firstDrawing);
