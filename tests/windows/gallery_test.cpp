@@ -1,5 +1,6 @@
 // The gallery as a person starts it: a process of its own, beside the server.
 #include "container/text.h"
+#include "panel_support.h"
 #include "server_support.h"
 
 #include <algorithm>
@@ -23,10 +24,9 @@ protected:
         ASSERT_TRUE(CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
                                    &start, &process))
             << "there is no gallery";
-        ASSERT_TRUE(waitFor([this] { return windowOf(nullptr, L"Orbek Controls") || ended(); }));
-        window = windowOf(nullptr, L"Orbek Controls");
-        ASSERT_TRUE(window) << "it ended with " << exitCode();
-        ASSERT_TRUE(waitFor([this] { return windowOf(window, L"Scene") != nullptr; }));
+        const auto starts = [this] { return (window = windowOf(nullptr, L"Orbek Controls")) || ended(); };
+        ASSERT_TRUE(waitFor(starts) && window) << "it ended with " << exitCode();
+        ASSERT_TRUE(waitFor([this] { return scene() != nullptr; }));
     }
     void end() {
         if (!ended()) TerminateProcess(process.hProcess, 99);
@@ -53,44 +53,46 @@ protected:
         }
         return nullptr;
     }
-    // Where the controls of a page show.
-    static std::vector<RECT> placesOn(HWND page) {
-        std::vector<RECT> places;
-        for (HWND each = GetWindow(page, GW_CHILD); each; each = GetWindow(each, GW_HWNDNEXT)) {
-            wchar_t name[64] = L"";
-            GetClassNameW(each, name, 64);
-            RECT area{};
-            GetWindowRect(each, &area);
-            const bool surface = std::wstring_view(name).starts_with(L"Orbek.Surface");
+    HWND list() const { return FindWindowExW(window, nullptr, nullptr, L"Controls"); }
+    LRESULT page() const { return SendMessageW(list(), LB_GETCURSEL, 0, 0); }
+    HWND scene() const { return windowOf(window, L"Scene"); }
+    // Where the controls of the page show.
+    std::vector<RECT> places() const {
+        std::vector<RECT> found;
+        const HWND page = scene();
+        if (!page) return found;
+        for (const HWND each : shownWindows({}, page)) {
+            RECT area = windowRect(each);
             MapWindowPoints(nullptr, page, reinterpret_cast<POINT*>(&area), 2);
-            if (surface && IsWindowVisible(each) && !IsRectEmpty(&area)) places.push_back(area);
+            if (GetParent(each) == page && classOf(each).starts_with(L"Orbek.Surface") && !IsRectEmpty(&area))
+                found.push_back(area);
         }
-        return places;
+        return found;
     }
     void press(HWND parent, const wchar_t* button) const {
         PostMessageW(windowOf(parent, button), BM_CLICK, 0, 0);
     }
-    // Of the next menu, by its letter.
-    bool choose(WPARAM letter) const {
+    // In the menu of a button, by its letter.
+    void choose(const wchar_t* button, WPARAM letter, HWND parent = nullptr) const {
+        press(parent ? parent : window, button);
         HWND menu = nullptr;
-        const auto opened = [&] {
-            menu = FindWindowW(L"#32768", nullptr);
-            return menu && IsWindowVisible(menu);
-        };
-        if (!waitFor(opened)) return false;
+        ASSERT_TRUE(
+            waitFor([&] { return (menu = FindWindowW(L"#32768", nullptr)) && IsWindowVisible(menu); }));
         PostMessageW(window, WM_KEYDOWN, letter, 1);
-        return waitFor([&] { return !IsWindow(menu) || !IsWindowVisible(menu); });
+        ASSERT_TRUE(waitFor([&] { return !IsWindow(menu) || !IsWindowVisible(menu); }));
     }
-    void showPage(int page) const {
-        const HWND list = FindWindowExW(window, nullptr, nullptr, L"Controls");
-        const HWND before = windowOf(window, L"Scene");
-        SendMessageW(list, LB_SETCURSEL, static_cast<WPARAM>(page), 0);
-        PostMessageW(window, WM_COMMAND, MAKEWPARAM(0, LBN_SELCHANGE), reinterpret_cast<LPARAM>(list));
-        EXPECT_TRUE(waitFor([&] {
-            const HWND scene = windowOf(window, L"Scene");
-            return scene && scene != before && !placesOn(scene).empty();
-        })) << "page "
-            << page;
+    // By the keyboard in the list.
+    void goTo(LRESULT wanted) const {
+        while (page() < wanted) {
+            const HWND before = scene();
+            const LRESULT next = page() + 1;
+            PostMessageW(list(), WM_KEYDOWN, VK_DOWN, 1);
+            const auto shown = [&] {
+                return scene() && scene() != before && page() == next && !places().empty();
+            };
+            ASSERT_TRUE(waitFor([&] { return shown() || ended(); }) && !ended())
+                << "page " << next << ", ended with " << exitCode();
+        }
     }
     static std::wstring clipboard() {
         std::wstring text;
@@ -102,16 +104,18 @@ protected:
         CloseClipboard();
         return text;
     }
+    static bool waitForCopy(const wchar_t* line) {
+        return waitFor([line] { return clipboard().find(line) != std::wstring::npos; });
+    }
     // Answers the question for a file's name.
     void answer(const std::wstring& path) const {
-        HWND dialog = nullptr;
-        ASSERT_TRUE(waitFor([&] { return (dialog = GetLastActivePopup(window)) != window; }));
-        HWND name = nullptr;
+        HWND dialog = nullptr, name = nullptr;
         constexpr int fileName = 0x480, fileNameBox = 0x47C;
         ASSERT_TRUE(waitFor([&] {
+            dialog = GetLastActivePopup(window);
             name = GetDlgItem(dialog, fileName);
             if (!name) name = GetDlgItem(dialog, fileNameBox);
-            return name && IsWindowVisible(name);
+            return dialog != window && name && IsWindowVisible(name);
         }));
         SendMessageW(name, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(path.c_str()));
         PostMessageW(dialog, WM_COMMAND, IDOK, reinterpret_cast<LPARAM>(GetDlgItem(dialog, IDOK)));
@@ -123,23 +127,11 @@ protected:
 };
 
 TEST_F(Gallery, ShowsEveryPageAndEndsWell) {
-    ASSERT_TRUE(waitFor([this] { return windowOf(window, L"Controls") != nullptr; }));
-    const HWND list = windowOf(window, L"Controls");
-    const LRESULT pages = SendMessageW(list, LB_GETCOUNT, 0, 0);
+    const LRESULT pages = SendMessageW(list(), LB_GETCOUNT, 0, 0);
     EXPECT_EQ(static_cast<size_t>(pages), serverClasses().size() + 1)
         << "every control, and a form of one's own";
-    HWND before = nullptr;
-    for (LRESULT page = 0; page < pages; ++page) {
-        if (page > 0) PostMessageW(list, WM_KEYDOWN, VK_DOWN, 1);
-        const auto shown = [&] {
-            const HWND scene = windowOf(window, L"Scene");
-            return scene && scene != before && SendMessageW(list, LB_GETCURSEL, 0, 0) == page &&
-                   !placesOn(scene).empty();
-        };
-        ASSERT_TRUE(waitFor([&] { return shown() || ended(); }) && !ended())
-            << "page " << page << ", ended: " << ended() << " with " << exitCode();
-        before = windowOf(window, L"Scene");
-    }
+    ASSERT_TRUE(waitFor([this] { return page() == 0 && !places().empty(); }));
+    goTo(pages - 1);
     PostMessageW(window, WM_CLOSE, 0, 0);
     ASSERT_TRUE(waitFor([this] { return ended(); })) << "it does not close";
     EXPECT_EQ(exitCode(), 0u);
@@ -148,14 +140,11 @@ TEST_F(Gallery, ShowsEveryPageAndEndsWell) {
 TEST_F(Gallery, CopiesCodeThatRuns) {
     const RegisteredServer registered;
     // A number field's page, and the grid's with its rows.
-    const std::pair<int, const wchar_t*> cases[] = {{0, L".Max = 50"},
-                                                    {5, L".BarHeaderCaptionSet 3, \"Article\""}};
-    for (const auto& each : cases) {
-        const int page = each.first;
-        if (page > 0) showPage(page);
-        press(window, L"Copy code\x2026");
-        ASSERT_TRUE(choose('B'));
-        ASSERT_TRUE(waitFor([&] { return clipboard().find(each.second) != std::wstring::npos; })) << page;
+    for (const auto& [page, line] :
+         {std::pair(0, L".Max = 50"), {5, L".BarHeaderCaptionSet 3, \"Article\""}}) {
+        goTo(page);
+        choose(L"Copy code\x2026", 'B');
+        ASSERT_TRUE(waitForCopy(line)) << page;
         // Its comments say which controls the form has; here a script makes them.
         std::wstring code = clipboard(), controls;
         for (size_t at = 0; (at = code.find(L"    ' ", at)) != std::wstring::npos; ++at) {
@@ -172,12 +161,11 @@ TEST_F(Gallery, CopiesCodeThatRuns) {
         EXPECT_EQ(scriptSays(script), "ok\n") << container::toUtf8(controls + code);
         DeleteFileW(script.c_str());
     }
-    press(window, L"Copy code\x2026");
-    ASSERT_TRUE(choose('P'));
-    EXPECT_TRUE(waitFor([] { return clipboard().find(L" := TGridEdit.Create;") != std::wstring::npos; }));
-    press(window, L"Copy code\x2026");
-    ASSERT_TRUE(choose('C'));
-    EXPECT_TRUE(waitFor([] { return clipboard().find(L" = new AxGridEdit {") != std::wstring::npos; }));
+    for (const auto& [letter, line] :
+         {std::pair('P', L" := TGridEdit.Create;"), {'C', L" = new AxGridEdit {"}}) {
+        choose(L"Copy code\x2026", static_cast<WPARAM>(letter));
+        EXPECT_TRUE(waitForCopy(line)) << letter;
+    }
 }
 
 TEST_F(Gallery, FindsMembersByWhatTheyDo) {
@@ -192,61 +180,45 @@ TEST_F(Gallery, FindsMembersByWhatTheyDo) {
                first.data() == std::wstring_view(L"GridColSort, method of GridEdit");
     }));
     PostMessageW(field, WM_KEYDOWN, VK_DOWN, 1);
-    const HWND list = FindWindowExW(window, nullptr, nullptr, L"Controls");
-    EXPECT_TRUE(waitFor([&] { return SendMessageW(list, LB_GETCURSEL, 0, 0) == 5; })) << "the grid's page";
+    EXPECT_TRUE(waitFor([&] { return page() == 5; })) << "the grid's page";
 }
 
 TEST_F(Gallery, ShowsItsPagesAsItIsAskedTo) {
-    const HWND scene = windowOf(window, L"Scene");
+    const HWND first = scene();
     RECT area{};
-    GetClientRect(scene, &area);
-    const auto before = placesOn(scene);
-    press(window, L"View\x2026");
-    ASSERT_TRUE(choose('R'));
-    const auto mirrored = [&] {
-        const auto now = placesOn(scene);
-        return now.size() == before.size() && now.front().right == area.right - before.front().left;
-    };
-    EXPECT_TRUE(waitFor(mirrored));
-    press(window, L"View\x2026");
-    ASSERT_TRUE(choose('C'));
-    EXPECT_TRUE(waitFor([&] { return windowOf(window, L"Scene") && windowOf(window, L"Scene") != scene; }))
-        << "made anew in the other look";
+    GetClientRect(first, &area);
+    const auto before = places();
+    choose(L"View\x2026", 'R');
     EXPECT_TRUE(waitFor([&] {
-        const HWND now = windowOf(window, L"Scene");
-        return now && placesOn(now).size() == before.size();
+        const auto now = places();
+        return now.size() == before.size() && now.front().right == area.right - before.front().left;
     }));
+    choose(L"View\x2026", 'C');
+    EXPECT_TRUE(waitFor([&] { return scene() && scene() != first && places().size() == before.size(); }))
+        << "made anew in the other look";
 }
 
 TEST_F(Gallery, KeepsAFormOfOnesOwn) {
-    showPage(static_cast<int>(serverClasses().size()));
-    const HWND scene = windowOf(window, L"Scene");
-    const size_t before = placesOn(scene).size();
-    press(scene, L"Add\x2026");
-    ASSERT_TRUE(choose('L'));
-    ASSERT_TRUE(waitFor([&] { return placesOn(scene).size() == before + 1; }));
+    goTo(static_cast<LRESULT>(serverClasses().size()));
+    const size_t before = places().size();
+    choose(L"Add\x2026", 'L', scene());
+    ASSERT_TRUE(waitFor([&] { return places().size() == before + 1; }));
     // The first control is dragged by its middle.
-    const RECT from = placesOn(scene).front();
+    const RECT from = places().front();
     const LONG x = (from.left + from.right) / 2, y = (from.top + from.bottom) / 2;
-    PostMessageW(scene, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(x, y));
-    PostMessageW(scene, WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(x + 160, y - 40));
-    PostMessageW(scene, WM_LBUTTONUP, 0, MAKELPARAM(x + 160, y - 40));
-    ASSERT_TRUE(waitFor([&] { return !EqualRect(&from, &placesOn(scene).front()); }));
-    const auto places = placesOn(scene);
+    PostMessageW(scene(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(x, y));
+    PostMessageW(scene(), WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(x + 160, y - 40));
+    PostMessageW(scene(), WM_LBUTTONUP, 0, MAKELPARAM(x + 160, y - 40));
+    ASSERT_TRUE(waitFor([&] { return !EqualRect(&from, &places().front()); }));
+    const auto kept = places();
     const std::wstring file = temporaryFile(L"own.form");
     press(window, L"Save\x2026");
     answer(file);
     ASSERT_TRUE(waitFor([&] { return GetFileAttributesW(file.c_str()) != INVALID_FILE_ATTRIBUTES; }));
     end();
     start(L"--form \"" + file + L"\"");
-    const auto asBefore = [&] {
-        const HWND page = windowOf(window, L"Scene");
-        const auto now = page ? placesOn(page) : std::vector<RECT>();
-        return now.size() == places.size() &&
-               std::equal(now.begin(), now.end(), places.begin(),
-                          [](const RECT& one, const RECT& other) { return EqualRect(&one, &other) != 0; });
-    };
-    EXPECT_TRUE(waitFor(asBefore));
+    const auto same = [](const RECT& one, const RECT& other) { return EqualRect(&one, &other) != 0; };
+    EXPECT_TRUE(waitFor([&] { return std::ranges::equal(places(), kept, same); }));
     DeleteFileW(file.c_str());
 }
 
