@@ -219,6 +219,11 @@ const HostAct hostActs[] = {
          host.object().putReference(L"Font", container::makeFont({.name = L"Arial", .size = 20}).get());
      }},
     {"answersWithAnError", [](Host&, container::EventCall& call) { call.answer(DISP_E_EXCEPTION); }},
+    {"asksForUnloading",
+     [](Host& host, auto&) {
+         CoFreeUnusedLibraries();
+         EXPECT_FALSE(host.server.canUnload());
+     }},
 };
 
 class HostInEvents : public testing::TestWithParam<HostAct> {};
