@@ -65,6 +65,19 @@ TEST_F(TraceLineTest, SaysWhichValuesWereRefused) {
                            "\u2026\" (String) came, Long is wanted"}));
 }
 
+TEST_F(TraceLineTest, SaysWhichStatementWasSkippedAndKnowsWhoIsAtWork) {
+    activate();
+    control->focus();
+    host.on["DownClick"] = [](std::span<Value>) { throw StatementFailed("the host's"); };
+    const SkippedObserver before = observeSkipped(tellSkippedAsUndone);
+    platform.pressKey(key::up);
+    observeSkipped(before);
+    ASSERT_EQ(lines.size(), 1u);
+    EXPECT_EQ(lines[0].find("now UpDownTextBox - -: a statement was skipped at "), 0u) << lines[0];
+    EXPECT_NE(lines[0].find("up_down_text_box.cpp:"), std::string::npos) << lines[0];
+    EXPECT_NE(lines[0].find(", the host's"), std::string::npos) << lines[0];
+}
+
 TEST_F(TraceLineTest, AHostThatErrsWhileItIsAskedForTheNameIsNotAskedAgain) {
     struct : JournalHost {
         Text name() override {
