@@ -16,7 +16,7 @@ struct Shown {
         std::snprintf(buffer, sizeof buffer, format, number);
         return buffer;
     }
-    std::string operator()(NoValue) const { return "empty"; }
+    std::string operator()(const NoValue&) const { return "empty"; }
     std::string operator()(bool is) const { return is ? "True" : "False"; }
     std::string operator()(std::integral auto number) const { return std::to_string(number); }
     std::string operator()(float number) const { return printed("%.9g", static_cast<double>(number)); }

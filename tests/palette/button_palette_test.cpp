@@ -306,7 +306,7 @@ TEST_F(ButtonPaletteTest, AHeldKeyThatChoosesOrClosesDoesNothingMoreUntilItIsRel
         for (int time = 0; time < 2; ++time) platform.keyDown(held, 0, true);
         platform.keyUp(held);
         const std::string code = std::to_string(held) + " 0";
-        EXPECT_EQ(told(), "KeyDown " + code + ", KeyDown " + code + ", KeyUp " + code);
+        EXPECT_EQ(host.take(), (Journal{"KeyDown " + code, "KeyDown " + code, "KeyUp " + code}));
         EXPECT_FALSE(open());
     }
 }

@@ -118,8 +118,10 @@ public:
             for (const headless::DrawnItem& item : surface.paint().items()) {
                 const PixelRect rect = item.rect.intersected(seen);
                 if (item.kind != headless::DrawnItem::Kind::fill || rect.empty()) continue;
-                for (int32_t y = rect.top; y < rect.bottom; ++y)
-                    std::fill_n(covered.begin() + y * seen.right + rect.left, rect.width(), true);
+                for (int32_t y = rect.top; y < rect.bottom; ++y) {
+                    const int32_t first = y * seen.right + rect.left;
+                    std::fill_n(covered.begin() + first, rect.width(), true);
+                }
             }
             if (std::find(covered.begin(), covered.end(), false) != covered.end())
                 broken_ = "a surface is painted whole";

@@ -31,7 +31,7 @@ bool keepsFocusFromPanel(HWND panel, HWND focus);
 // Does something every few moments while it lives, also in the loops that dialogs, menus and drags run.
 class Meanwhile {
 public:
-    explicit Meanwhile(std::function<void()> act, UINT milliseconds = 50);
+    explicit Meanwhile(std::function<void()> what, UINT milliseconds = 50);
     Meanwhile(const Meanwhile&) = delete;
     Meanwhile& operator=(const Meanwhile&) = delete;
     ~Meanwhile();
