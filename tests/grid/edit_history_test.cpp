@@ -80,7 +80,7 @@ TEST(EditHistory, AgreesWithAModelThatKeepsEveryState) {
         EveryState states;
         int32_t names = 0;
         const auto add = [&](TextView kind, int32_t row) {
-            const Text name = Text(kind) + decimalText(++names);
+            Text name = Text(kind) + decimalText(++names);
             grid.AddItem(name, row);
             return name;
         };

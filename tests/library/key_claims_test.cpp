@@ -168,7 +168,7 @@ TEST(KeyClaimsOfEveryControl, AreWhatTheControlDoesWithTheKey) {
         ASSERT_TRUE(test->control->hasFocus()) << situation.name;
         std::string faults;
         for (const int16_t code : codes) {
-            for (int16_t shift = 0; shift <= (shift::shift | shift::control | shift::alt); ++shift) {
+            for (int16_t shift = 0; shift < 8; ++shift) {  // Shift, Ctrl and Alt, alone and together
                 const KeyEvent event{code, shift, false};
                 const bool claimed = test->route(event) != KeyRoute::container;
                 const bool used = test->press(code, shift);

@@ -496,7 +496,7 @@ public:
         return S_OK;
     }
     HRESULT STDMETHODCALLTYPE QueryGetData(FORMATETC* format) override {
-        return contents_.count(format->cfFormat) != 0 ? S_OK : DV_E_FORMATETC;
+        return contents_.contains(format->cfFormat) ? S_OK : DV_E_FORMATETC;
     }
     HRESULT STDMETHODCALLTYPE GetDataHere(FORMATETC*, STGMEDIUM*) override { return E_NOTIMPL; }
     HRESULT STDMETHODCALLTYPE GetCanonicalFormatEtc(FORMATETC*, FORMATETC*) override { return E_NOTIMPL; }
@@ -533,8 +533,8 @@ std::wstring dropped(const std::map<CLIPFORMAT, std::string>& contents) {
 
 TEST_F(GridEditing, ADropTellsTheHostWhatWasDroppedAndWhere) {
     const ComPtr<IDataObject> data(
-        new Offered({{CF_UNICODETEXT, bytesOf({L"oak", 4})},
-                     {CF_HDROP, droppedFiles(bytesOf({L"C:\\a.txt\0C:\\b.txt\0", 19}), TRUE)}}));
+        new Offered({{CF_UNICODETEXT, bytesOf({L"oak\0", 4})},
+                     {CF_HDROP, droppedFiles(bytesOf({L"C:\\a.txt\0C:\\b.txt\0\0", 19}), TRUE)}}));
     std::wstring asked;
     std::vector<Variant> told;
     bool holdsData = false;
@@ -562,7 +562,7 @@ TEST_F(GridEditing, ADropTellsTheHostWhatWasDroppedAndWhere) {
 TEST(DroppedData, ItsMembersAreFoundInAnyCaseInAnyCountry) {
     const LCID before = GetThreadLocale();
     ASSERT_TRUE(SetThreadLocale(MAKELCID(MAKELANGID(LANG_TURKISH, SUBLANG_DEFAULT), SORT_DEFAULT)));
-    const ComPtr<IDataObject> data(new Offered({{CF_HDROP, droppedFiles({"a\0b\0", 5})}}));
+    const ComPtr<IDataObject> data(new Offered({{CF_HDROP, droppedFiles({"a\0b\0\0", 5})}}));
     const auto object = win32::createDroppedData(data, nullptr);
     const Variant files = answerOf(container::Dispatch(object.get()), L"FILES");
     EXPECT_EQ(container::Dispatch(files.toObject().get()).value(L"count").toLong(), 2);
@@ -570,8 +570,8 @@ TEST(DroppedData, ItsMembersAreFoundInAnyCaseInAnyCountry) {
 }
 
 TEST(DroppedData, EitherFormatOfTextsStandsForTheOther) {
-    EXPECT_EQ(dropped({{CF_TEXT, {"oak", 4}}}), L"oak oak 1 0 0");
-    EXPECT_EQ(dropped({{CF_UNICODETEXT, bytesOf({L"oak", 4})}}), L"oak oak 1 0 0");
+    EXPECT_EQ(dropped({{CF_TEXT, {"oak\0", 4}}}), L"oak oak 1 0 0");
+    EXPECT_EQ(dropped({{CF_UNICODETEXT, bytesOf({L"oak\0", 4})}}), L"oak oak 1 0 0");
 }
 
 TEST(DroppedData, FilesAreThoseOfTheBlockWhateverItClaims) {
@@ -579,7 +579,7 @@ TEST(DroppedData, FilesAreThoseOfTheBlockWhateverItClaims) {
     const auto filesOf = [](const std::string& block) {
         return container::toUtf8(dropped({{CF_HDROP, block}}));
     };
-    EXPECT_EQ(filesOf(droppedFiles({"C:\\a\0C:\\b\0", 11})), "  0 0 2 C:\\a C:\\b");
+    EXPECT_EQ(filesOf(droppedFiles({"C:\\a\0C:\\b\0\0", 11})), "  0 0 2 C:\\a C:\\b");
     EXPECT_EQ(filesOf(droppedFiles(bytesOf({L"a\0b", 3}), TRUE)), "  0 0 2 a b") << "no end";
     EXPECT_EQ(filesOf(droppedFiles("C:\\abc")), "  0 0 1 C:\\abc") << "no end";
     EXPECT_EQ(filesOf(droppedFiles("")), "  0 0 0");

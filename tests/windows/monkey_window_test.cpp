@@ -16,7 +16,6 @@
 #include <cstdio>
 #include <functional>
 #include <random>
-#include <utility>
 
 namespace obk {
 namespace {
@@ -80,16 +79,13 @@ private:
         // What a host calls it holds; the site may let go of it meanwhile.
         const ComPtr<IUnknown> held = hosted_.site.control();
         if (!held) return;
-        const int dice = below(17);
+        const int dice = below(16);
         if (dice < 2) return callMember(held.get());
         if (dice == 2) return setProperty(held.get());
         if (dice == 3) return surroundings();
         if (dice < 9) return mouse();
         if (dice < 15) return key();
-        if (dice == 15)
-            SetFocus(hosted_.site.window());
-        else if (const auto again = underWay_)
-            again();
+        SetFocus(hosted_.site.window());
     }
     void key() {
         const int code =
@@ -142,12 +138,6 @@ private:
         const Variant number = one({0, 1, 2, 3, 5, -1, 40});
         return number.converted(type.type).value_or(number);
     }
-    // A call, which the host may make once more inside of it.
-    void run(const std::function<void()>& call) {
-        const auto before = std::exchange(underWay_, call);
-        call();
-        underWay_ = before;
-    }
     void callMember(IUnknown* control) {
         const auto& methods = members_.methods();
         if (methods.empty()) return;
@@ -156,7 +146,7 @@ private:
         if (method.name == L"GridSave" || method.name == L"GridLoad") return;
         container::Arguments arguments;
         for (const auto& argument : method.arguments) arguments.push_back(value(argument.type));
-        run([&] { container::Dispatch(control).call(method.number, arguments); });
+        container::Dispatch(control).call(method.number, arguments);
     }
     void setProperty(IUnknown* control) {
         const auto& properties = members_.properties();
@@ -167,8 +157,7 @@ private:
         // Nobody can work with a control that stays disabled or hidden.
         const bool flag = property.type.type == VT_BOOL;
         const Variant before = object.value(property.number);
-        const Variant other = flag ? Variant(below(2) == 0) : value(property.type);
-        run([&] { object.put(property.number, other); });
+        object.put(property.number, flag ? Variant(below(2) == 0) : value(property.type));
         hosted_.loop.pumpPending();
         if (flag) object.put(property.number, before);
     }
@@ -203,7 +192,6 @@ private:
     const HWND field_ = hosted_.window.addEdit(270);
     const Meanwhile nothingModal_{dismissModal, 30};
     const container::TypeMembers members_ = container::TypeMembers::of(hosted_.site.control().get());
-    std::function<void()> underWay_;
     bool acts_ = true;
     int depth_ = 0;
 };

@@ -383,7 +383,7 @@ std::wstring toldToClient(HWND face) {
         CoInitializeEx(nullptr, COINIT_MULTITHREADED);
         Node node = nullptr;
         EXPECT_EQ(begin(face, &node), S_OK);
-        const std::wstring all = told([&](PROPERTYID id) {
+        std::wstring all = told([&](PROPERTYID id) {
             container::Variant answer;
             EXPECT_EQ(value(node, id, answer.put()), S_OK);
             return answer;

@@ -27,7 +27,7 @@ void collect(HKEY key, const std::wstring& path, Snapshot& snapshot) {
         if (RegEnumValueW(key, at, name, &length, nullptr, nullptr, nullptr, &size) != ERROR_SUCCESS) break;
         std::wstring data(size / sizeof(wchar_t) + 1, L'\0');
         RegQueryValueExW(key, name, nullptr, nullptr, reinterpret_cast<BYTE*>(data.data()), &size);
-        snapshot.insert(path + L":" + CharUpperW(name) + L" = " + data.c_str());
+        snapshot.insert(path + L":" + CharUpperW(name) + L" = " + data.substr(0, data.find(L'\0')));
     }
     for (DWORD at = 0;; ++at) {
         DWORD length = 512;

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <map>
-#include <ranges>
 
 namespace obk::testing_support {
 
@@ -55,8 +54,11 @@ const std::map<std::wstring, CLSID>& classIds() {
 }  // namespace
 
 const std::vector<std::wstring>& serverClasses() {
-    static const auto keys = std::views::keys(classIds());
-    static const std::vector<std::wstring> names(keys.begin(), keys.end());
+    static const auto names = [] {
+        std::vector<std::wstring> all;
+        for (const auto& [name, id] : classIds()) all.push_back(name);
+        return all;
+    }();
     return names;
 }
 
