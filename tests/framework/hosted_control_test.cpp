@@ -1,5 +1,6 @@
 #include "framework/hosted_control.h"
 #include "datecalendar/date_calendar.h"
+#include "framework/pop_up_panel.h"
 #include "framework/table_builder.h"
 #include "palette/button_arrow.h"
 #include "support/control_fixture.h"
@@ -73,6 +74,40 @@ TEST_F(HostedControlTest, ItsPanelOpensOnItsOwnMonitorAndNotOnThatOfTheWholeSurf
     cell->ShowPopUp();
     ASSERT_TRUE(open());
     EXPECT_EQ(panel()->bounds().left, 720);
+}
+
+// A control with a field in its panel.
+class WithPanel final : public Control {
+public:
+    explicit WithPanel(Platform& platform)
+        : Control(platform), panel(*this, sizeAt), field(*this, panel.root()) {}
+    static PixelSize sizeAt(Dpi scale) { return {scale.scaled(100), scale.scaled(40)}; }
+    static const ControlTable& memberTable() {
+        static const ControlTable table =
+            TableBuilder<WithPanel>({.name = u"WithPanel", .help = u"Drops a field down"}).build();
+        return table;
+    }
+    const ControlTable& table() const override { return memberTable(); }
+
+    PopUpPanel panel;
+    Hosted<UpDownTextBox> field;
+
+private:
+    void resize() override { field.move({{150}, {150}, {1200}, {300}}); }
+};
+
+TEST_F(HostedControlTest, WhatIsInAPanelTakesTheScaleOfEachMonitorThatItOpensOn) {
+    platform.setMonitors({{{0, 0, 700, 800}, Dpi(96)}, {{700, 0, 1400, 800}, Dpi(144)}});
+    place(WithPanel::memberTable());
+    PopUpPanel& panel = static_cast<WithPanel&>(*control).panel;
+    for (const auto& [left, scale] : {std::pair(100, Dpi(96)), {720, Dpi(144)}, {100, Dpi(96)}}) {
+        activate({left, 20, left + 300, 80});
+        ASSERT_TRUE(panel.show(PopUpSide::below));
+        const auto* const shown = platform.surface(panel.window());
+        EXPECT_EQ(shown->bounds().width(), scale.scaled(100));
+        EXPECT_EQ(shown->children().front()->bounds().left, scale.toPixels(Twips{150}) + 2);
+        panel.hide();
+    }
 }
 
 TEST(PopUpPlacement, GoesBelowElseAboveElseBesideAndStaysWholeOnTheMonitor) {
